@@ -1,0 +1,47 @@
+# Layers: one target per folder. A layer sees only the layers that it names, so an include or a call
+# in the wrong direction does not link in that layer's own tests.
+
+set(FISCALON_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast)
+option(FISCALON_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+if(FISCALON_WARNINGS_AS_ERRORS)
+  list(APPEND FISCALON_WARNINGS -Werror)
+endif()
+
+function(fiscalon_compile_settings target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+  target_compile_options(${target} PRIVATE ${FISCALON_WARNINGS})
+endfunction()
+
+# fiscalon_layer(NAME [DEPENDS layer...] SOURCES file...)
+function(fiscalon_layer name)
+  cmake_parse_arguments(layer "" "" "DEPENDS;SOURCES" ${ARGN})
+  add_library(fiscalon_${name}_objects OBJECT ${layer_SOURCES})
+  fiscalon_compile_settings(fiscalon_${name}_objects)
+  target_include_directories(fiscalon_${name}_objects PUBLIC ${PROJECT_SOURCE_DIR})
+  add_library(fiscalon_${name} STATIC $<TARGET_OBJECTS:fiscalon_${name}_objects>)
+  set_target_properties(fiscalon_${name} PROPERTIES LINKER_LANGUAGE CXX)
+  target_compile_features(fiscalon_${name} PUBLIC cxx_std_20)
+  target_include_directories(fiscalon_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  foreach(dependency IN LISTS layer_DEPENDS)
+    target_link_libraries(fiscalon_${name} PUBLIC fiscalon_${dependency})
+  endforeach()
+endfunction()
+
+# fiscalon_library(NAME LAYERS layer...): the one library that hosts link, made of the layers' objects.
+# (Its install rules stand in cmake/FiscalonInstall.cmake.)
+function(fiscalon_library name)
+  cmake_parse_arguments(library "" "" "LAYERS" ${ARGN})
+  set(objects)
+  foreach(layer IN LISTS library_LAYERS)
+    list(APPEND objects $<TARGET_OBJECTS:fiscalon_${layer}_objects>)
+  endforeach()
+  add_library(${name} ${objects})
+  add_library(fiscalon::${name} ALIAS ${name})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  target_compile_features(${name} PUBLIC cxx_std_20)
+  target_include_directories(${name} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/fiscalon>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+endfunction()
