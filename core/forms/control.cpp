@@ -1,0 +1,72 @@
+#include "core/forms/control.h"
+
+#include <utility>
+
+#include "core/forms/form.h"
+
+namespace fiscalon {
+
+Control::Control(fiscalon::Form& form, ControlKind kind, std::string name, const Design& design, Events events)
+    : form_(form), kind_(kind), name_(std::move(name)), design_(design), events_(std::move(events)) {
+  form_.Register(*this);
+}
+
+void Control::Reset() {
+  enabled_ = design_.enabled;
+  visible_ = design_.visible;
+}
+
+void Control::Touch() const {
+  form_.Load();
+}
+
+void Control::Changed() {
+  form_.ControlChanged(*this);
+}
+
+void Control::Fire(std::string_view event, const Handler& handler) {
+  if (handler)
+    form_.Fire(name_, event, handler);
+}
+
+bool Control::Enabled() const {
+  Touch();
+  return enabled_;
+}
+
+void Control::Enabled(bool enabled) {
+  Touch();
+  if (std::exchange(enabled_, enabled) == enabled)
+    return;
+  Changed();
+  form_.KeepFocusOnTakingControl();
+}
+
+bool Control::Visible() const {
+  Touch();
+  return visible_;
+}
+
+void Control::Visible(bool visible) {
+  Touch();
+  if (std::exchange(visible_, visible) == visible)
+    return;
+  Changed();
+  form_.KeepFocusOnTakingControl();
+}
+
+bool Control::CanTakeFocus() const {
+  if (kind_ == ControlKind::Label || kind_ == ControlKind::Frame)
+    return false;
+  for (const Control* control = this; control != nullptr; control = control->design_.frame)
+    if (!control->visible_ || !control->enabled_)
+      return false;
+  return true;
+}
+
+void Control::SetFocus() {
+  Touch();
+  form_.SetFocus(*this);
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,118 @@
+#include "core/forms/form.h"
+
+#include <utility>
+
+#include "core/forms/form_events.h"
+#include "core/forms/user_acts.h"
+#include "core/platform/runtime_error.h"
+
+namespace fiscalon {
+
+std::string Form::Caption() {
+  Load();
+  return caption_;
+}
+
+void Form::Caption(std::string_view caption) {
+  Load();
+  caption_ = caption;
+  if (observer_ != nullptr)
+    observer_->CaptionChanged();
+}
+
+Control* Form::FindControl(std::string_view name) const {
+  for (Control* control : controls_)
+    if (control->Name() == name)
+      return control;
+  return nullptr;
+}
+
+void Form::ControlChanged(const Control& control) {
+  if (observer_ != nullptr && phase_ == Phase::Up)
+    observer_->ControlChanged(control);
+}
+
+void Form::Load() {
+  if (phase_ != Phase::Unloaded)
+    return;
+  phase_ = Phase::Loaded;
+  active_ = nullptr;
+  failure_ = nullptr;
+  queue_.Drop();
+  caption_ = designedCaption_;
+  for (Control* control : controls_) control->Reset();
+  Run("Form", "Load", [this] { Form_Load(); });
+}
+
+void Form::ShowModal(Toolkit& toolkit) {
+  constexpr int32_t kAlreadyUp = 400;
+  if (IsUp())
+    throw RuntimeError(kAlreadyUp, "Form already displayed; can't show modally");
+  toolkit.Opening(*this);
+  Load();
+  phase_ = Phase::Up;
+  active_ = nullptr;
+  Act(ActPart::First, [this] {
+    FocusFirst();
+    Run("Form", "Activate", [this] { Form_Activate(); });
+  });
+  try {
+    if (IsUp())
+      toolkit.ServeModal(*this);
+  } catch (...) {
+    failure_ = std::current_exception();
+  }
+  if (IsUp())
+    EndShow(Phase::Hidden);
+  observer_ = nullptr;
+  if (failure_)
+    std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+void Form::EndShow(Phase next) {
+  const bool wasUp = IsUp();
+  queue_.Drop();
+  phase_ = next;
+  if (wasUp && observer_ != nullptr)
+    observer_->ShowEnded();
+}
+
+void Form::Hide() {
+  if (IsLoaded())
+    EndShow(Phase::Hidden);
+}
+
+void Form::Unload() {
+  if (!IsLoaded())
+    return;
+  EndShow(Phase::Unloaded);
+  active_ = nullptr;
+  Unloaded();
+}
+
+void Form::DoEvents() {
+  RunPosted();
+}
+
+void Form::SendKeys(std::string_view keys) {
+  if (keys != "{TAB}" && keys != "\t")
+    Raise(error_number::kInvalidProcedureCall);
+  if (IsUp())
+    queue_.Post(PostedKey{.stroke = *StrokeNamed("Tab")});
+}
+
+void Form::Fire(std::string_view object, std::string_view event, const Handler& handler) {
+  Run(object, event, handler);
+}
+
+void Form::RunPosted() {
+  const ScopedValue running(runningPosted_, true);
+  while (const auto event = queue_.Take()) {
+    if (const auto* left = std::get_if<PostedLostFocus>(&*event))
+      left->control->Fire("LostFocus", left->control->Handlers().lostFocus);
+    else
+      UserActs(*this).Stroke(std::get<PostedKey>(*event).stroke);
+  }
+}
+
+}  // namespace fiscalon

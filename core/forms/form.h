@@ -1,0 +1,131 @@
+#pragma once
+
+#include <exception>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/forms/control.h"
+#include "core/forms/event_queue.h"
+#include "core/forms/form_observer.h"
+#include "core/forms/layout.h"
+#include "core/platform/toolkit.h"
+
+namespace fiscalon {
+
+/// A modal form: controls, a layout and handlers. The form decides everything that a forms toolkit would
+/// otherwise decide (focus, keys, clicks, the order of events), so that every front end behaves the same.
+/// The user's acts come in through `UserActs`. docs/architecture.md tells the order of events.
+class Form {
+ public:
+  Form(std::string_view name, std::string_view caption) : name_(name), designedCaption_(caption) {}
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+  virtual ~Form() = default;
+
+  const std::string& Name() const { return name_; }
+
+  /// The title of the form's window.
+  std::string Caption();
+  void Caption(std::string_view caption);
+
+  virtual const Layout& FormLayout() const = 0;
+  const std::vector<Control*>& Controls() const { return controls_; }
+  /// The control of that name, or null. For scenarios and front ends; handlers use the members.
+  Control* FindControl(std::string_view name) const;
+
+  /// Returns all controls to their design and runs `Form_Load`. Does nothing on a loaded form.
+  void Load();
+  /// Shows the form and serves the user until it hides or unloads. Throws what left a handler.
+  void ShowModal(Toolkit& toolkit);
+  /// Drops pending events and ends the modal show; the controls keep their state.
+  void Hide();
+  /// Destroys the controls' state; own fields of a form stay. Does nothing on an unloaded form.
+  void Unload();
+
+  bool IsLoaded() const { return phase_ != Phase::Unloaded; }
+  bool IsUp() const { return phase_ == Phase::Up; }
+
+  /// The control that has the focus, or null. Inside a `LostFocus` handler that is the control which took it.
+  Control* ActiveControl() const { return active_; }
+
+  /// The controls that Tab stops at and others that take the focus, in tab order.
+  std::vector<Control*> TabOrder() const;
+
+  /// The front end that shows the form; null takes it away.
+  void Observe(FormObserver* observer) { observer_ = observer; }
+
+ protected:
+  virtual void Form_Load() {}
+  virtual void Form_Activate() {}
+  virtual void Form_KeyDown(int& /*keyCode*/, int /*shift*/) {}
+  virtual void Form_KeyPress(int& /*character*/) {}
+  virtual void Form_QueryUnload(bool& /*cancel*/, int /*reason*/) {}
+  /// For what a form holds open while it is loaded.
+  virtual void Unloaded() {}
+
+  /// Runs what has been posted so far, in the middle of a handler.
+  void DoEvents();
+  /// Posts keystrokes: "{TAB}" or a tab character. Error 5 for any other text.
+  void SendKeys(std::string_view keys);
+
+  /// A member function of the form as a handler of one of its controls.
+  template <class F>
+  Handler On(void (F::*handler)()) {
+    return [form = static_cast<F*>(this), handler] { (form->*handler)(); };
+  }
+  template <class F>
+  KeyPressHandler On(void (F::*handler)(int&)) {
+    return [form = static_cast<F*>(this), handler](int& character) { (form->*handler)(character); };
+  }
+  template <class F>
+  KeyDownHandler On(void (F::*handler)(int&, int)) {
+    return [form = static_cast<F*>(this), handler](int& keyCode, int shift) { (form->*handler)(keyCode, shift); };
+  }
+
+ private:
+  friend class Control;
+  friend class UserActs;
+
+  enum class Phase { Unloaded, Loaded, Up, Hidden };
+  /// A click is a press and a release, a typed character is a key and its editing: one act each.
+  enum class ActPart { First, Further };
+
+  void Register(Control& control) { controls_.push_back(&control); }
+  void ControlChanged(const Control& control);
+
+  // Focus (focus.cpp).
+  void SetFocus(Control& control);
+  void MoveFocus(Control& control, FocusBy by);
+  void FocusFirst();
+  void FocusNext(int step);
+  /// A control that is hidden or disabled while it has the focus gives it to the next one in tab order.
+  void KeepFocusOnTakingControl();
+
+  /// Runs a handler; when it was the outermost one, what it posted runs afterwards.
+  template <class Call>
+  void Run(std::string_view object, std::string_view event, Call&& call);
+  void Fire(std::string_view object, std::string_view event, const Handler& handler);
+  void RunPosted();
+  /// One act of the user, from its first event to the last that it posted. An error that leaves it ends the
+  /// show and is kept for `ShowModal` to throw.
+  template <class Call>
+  void Act(ActPart part, Call&& call);
+  void EndShow(Phase next);
+
+  std::string name_;
+  std::string designedCaption_;
+  std::string caption_;
+  std::vector<Control*> controls_;
+  Phase phase_ = Phase::Unloaded;
+  Control* active_ = nullptr;
+  EventQueue queue_;
+  int runningHandlers_ = 0;
+  bool runningPosted_ = false;
+  bool acting_ = false;
+  bool editingFollows_ = false;
+  std::exception_ptr failure_;
+  FormObserver* observer_ = nullptr;
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string_view>
+
+namespace fiscalon {
+
+class Control;
+
+/// How a control received the focus: it decides what a text field selects.
+enum class FocusBy { KeyboardOrCode, Mouse };
+
+/// What a front end hears of the form that it shows.
+class FormObserver {
+ public:
+  virtual ~FormObserver() = default;
+
+  /// Text, caption, rows, value, selection, Enabled, Visible or Locked of a control.
+  virtual void ControlChanged(const Control& /*control*/) {}
+  virtual void FocusMoved(const Control& /*control*/, FocusBy /*by*/) {}
+  virtual void CaptionChanged() {}
+  /// The form is no longer up: it was hidden or unloaded, or an error ended its show.
+  virtual void ShowEnded() {}
+  /// A handler is about to run, such as "txtAmountPayable", "Change".
+  virtual void HandlerRuns(std::string_view /*object*/, std::string_view /*event*/) {}
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace fiscalon {
+
+class Form;
+
+enum class MessageStyle { Plain, Critical, Question, Exclamation, Information };
+enum class MessageButtons { Ok, OkCancel, YesNo };
+enum class MessageAnswer { Ok, Cancel, Yes, No };
+
+/// One message box as a screen asks for it. Texts are in the code page.
+struct MessageBox {
+  std::string text = {};
+  MessageStyle style = MessageStyle::Plain;
+  MessageButtons buttons = MessageButtons::Ok;
+  /// Empty: the host application's own name is shown.
+  std::string title = {};
+
+  /// What Enter answers: OK, or Yes.
+  MessageAnswer DefaultAnswer() const {
+    return buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
+  }
+};
+
+/// What the library needs of a front end. A host installs one with `UseToolkit` before it shows a screen.
+class Toolkit {
+ public:
+  virtual ~Toolkit() = default;
+
+  /// A form is about to be shown; it may not be loaded yet. A front end that observes forms begins here.
+  virtual void Opening(Form& /*form*/) {}
+
+  /// Serves the user until the form is no longer up. The form is loaded, active and has its focus when
+  /// this is called; acts of the user go to the form's own members and never throw.
+  virtual void ServeModal(Form& form) = 0;
+
+  /// Shows a box over the active form and waits for its answer.
+  virtual MessageAnswer ShowMessage(const MessageBox& box) = 0;
+
+  virtual void Beep() = 0;
+
+  /// Opens a help file at a context number. Says so where the file does not exist.
+  virtual void OpenHelp(std::string_view file, int32_t context) = 0;
+};
+
+}  // namespace fiscalon
