@@ -1,0 +1,37 @@
+#include "core/module_state.h"
+
+#include "core/platform/runtime_error.h"
+#include "core/screen_contract.h"
+
+namespace fiscalon {
+
+ModuleState& TheModule() {
+  static ModuleState state;
+  return state;
+}
+
+void ResetModule() {
+  TheModule() = ModuleState{};
+}
+
+void UseToolkit(Toolkit* toolkit) {
+  TheModule().toolkit = toolkit;
+}
+
+Toolkit& TheToolkit() {
+  if (Toolkit* toolkit = TheModule().toolkit)
+    return *toolkit;
+  throw RuntimeError(error_number::kObjectNotSet,
+                     "No forms toolkit is installed. Call UseToolkit before a screen or a message box is shown.");
+}
+
+MessageAnswer ShowMessage(std::string_view text, MessageStyle style) {
+  return TheToolkit().ShowMessage({.text = std::string(text), .style = style});
+}
+
+void QueryDecimalSeparator() {
+  const std::string& separator = TheModule().locale.decimal;
+  TheModule().decimalSeparator = separator.substr(0, separator.find('\0'));
+}
+
+}  // namespace fiscalon

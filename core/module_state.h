@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/platform/clock.h"
+#include "core/platform/files.h"
+#include "core/platform/locale.h"
+#include "core/platform/toolkit.h"
+
+namespace fiscalon {
+
+class Screen;
+
+/// The state that all objects of the library share in a process: the doors to the outside, and what hosts
+/// set once for all. One thread uses it, the host's; nothing here is locked.
+struct ModuleState {
+  std::shared_ptr<const Clock> clock = std::make_shared<SystemClock>();
+  std::shared_ptr<Files> files = std::make_shared<SystemFiles>();
+  Locale locale = SystemLocale();
+  /// Not owned: the host keeps its front end alive while it shows screens.
+  Toolkit* toolkit = nullptr;
+
+  /// The user's decimal separator as the last constructed `Levyra` found it. Decides whether a typed amount
+  /// means cents.
+  std::string decimalSeparator = {};
+  /// Any value but 0 turns the play-by-play log on.
+  int16_t playByPlayEnabled = 0;
+  /// The folder of both logs.
+  std::string mainPath = {};
+  /// The last three digits of the host's session number.
+  double sessionNumber = 0;
+  /// The host's customer number, for lines of the error log.
+  std::string customerNumber = {};
+  /// Behind `Levyra::ShowGST58`; nothing sets it.
+  bool showGst58 = false;
+
+  /// The one instance of each form made so far, by the form's name.
+  std::map<std::string, std::shared_ptr<Screen>, std::less<>> forms = {};
+};
+
+/// The process's module state.
+ModuleState& TheModule();
+
+/// Puts the module back to how it is when the library has just been loaded: real services, no form made.
+void ResetModule();
+
+/// Installs the front end that shows forms, boxes and help; null takes it away.
+void UseToolkit(Toolkit* toolkit);
+
+/// The installed front end. Error 91 where a host has installed none, with the remedy in the description.
+Toolkit& TheToolkit();
+
+/// Shows a message box without a title and returns its answer.
+MessageAnswer ShowMessage(std::string_view text, MessageStyle style);
+
+/// Asks the user's locale for its decimal separator and keeps it, as every construction of a `Levyra` does.
+void QueryDecimalSeparator();
+
+}  // namespace fiscalon

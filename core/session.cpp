@@ -1,0 +1,119 @@
+#include "core/session.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "core/launch.h"
+#include "core/module_state.h"
+#include "core/platform/runtime_error.h"
+#include "core/screen_contract.h"
+#include "core/value_routines.h"
+#include "core/values/integers.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr std::string_view kShowSource = "Fiscalon.ShowLevyraScreen";
+constexpr auto kInvalidScreenType = static_cast<int32_t>(0x80040001);
+constexpr auto kScreenNotAvailable = static_cast<int32_t>(0x80040002);
+
+struct ContractRow {
+  ContractProperty property;
+  void (*set)(const Levyra& session, Screen& screen);
+};
+
+constexpr std::array kCommonOrder = {
+    ContractRow{ContractProperty::CompName, [](const Levyra& from, Screen& to) { to.CompName(from.CompName()); }},
+    ContractRow{ContractProperty::PaidAmount, [](const Levyra& from, Screen& to) { to.PaidAmount(from.PaidAmount()); }},
+    ContractRow{ContractProperty::PaidDate, [](const Levyra& from, Screen& to) { to.PaidDate(from.PaidDate()); }},
+    ContractRow{ContractProperty::EnterName, [](const Levyra& from, Screen& to) { to.EnterName(from.EnterName()); }},
+    ContractRow{ContractProperty::EnterTitle, [](const Levyra& from, Screen& to) { to.EnterTitle(from.EnterTitle()); }},
+    ContractRow{ContractProperty::GovFilename,
+                [](const Levyra& from, Screen& to) { to.GovFilename(from.GovFilename()); }},
+    ContractRow{ContractProperty::SeqNumber, [](const Levyra& from, Screen& to) { to.SeqNumber(from.SeqNumber()); }},
+    ContractRow{ContractProperty::APHoldFlg, [](const Levyra& from, Screen& to) { to.APHoldFlg(from.APHoldFlg()); }},
+    ContractRow{ContractProperty::WriteFile, [](const Levyra& from, Screen& to) { to.WriteFile(from.WriteFile()); }},
+};
+
+// The form's one instance, which lives as long as the library.
+Screen& InstanceOf(const LaunchRow& row) {
+  if (row.make == nullptr)
+    throw RuntimeError(kScreenNotAvailable, "Screen \"" + std::string(row.code) + "\" (" + std::string(row.form) +
+                                                ") is not part of this version");
+  std::shared_ptr<Screen>& instance = TheModule().forms[std::string(row.form)];
+  if (!instance)
+    instance = row.make();
+  return *instance;
+}
+
+}  // namespace
+
+const LaunchRow* FindLaunchRow(std::string_view code) {
+  const auto table = LaunchTable();
+  const auto row = std::find_if(table.begin(), table.end(), [&](const LaunchRow& each) { return each.code == code; });
+  return row == table.end() ? nullptr : &*row;
+}
+
+Levyra::Levyra() {
+  QueryDecimalSeparator();
+}
+
+void Levyra::ZelmorNumber(std::string_view text) {
+  zelmorNumber_ = text;
+  TheModule().customerNumber = text;
+}
+
+void Levyra::PaidAmount(std::string_view cents) {
+  paidAmount_ = DollarsFromCents(cents);
+}
+
+bool Levyra::ShowGST58() const {
+  return TheModule().showGst58;
+}
+
+void Levyra::PlayByPlayEnabled(int16_t value) {
+  TheModule().playByPlayEnabled = value;
+}
+
+void Levyra::MainPath(std::string_view text) {
+  TheModule().mainPath = text;
+}
+
+void Levyra::SessionNumber(double number) {
+  TheModule().sessionNumber = ToInt32(number) % 1000;
+}
+
+bool Levyra::ShowLevyraScreen(std::string_view screenCode) {
+  try {
+    const LaunchRow* row = FindLaunchRow(screenCode);
+    if (row == nullptr)
+      throw RuntimeError(kInvalidScreenType, "Invalid Screen Type");
+    return Launch(*row);
+  } catch (const RuntimeError& error) {
+    // The launch routine's own name stands in the source only until here: the host sees the last source.
+    throw RuntimeError(error.Number(), error.Description(), std::string(kShowSource));
+  }
+}
+
+bool Levyra::Launch(const LaunchRow& row) {
+  Toolkit& toolkit = TheToolkit();
+  Screen& screen = InstanceOf(row);
+  for (const ContractRow& contract : kCommonOrder) {
+    contract.set(*this, screen);
+    for (const OwnProperty& own : row.ownProperties)
+      if (own.after == contract.property)
+        own.set(*this, row.code, screen);
+  }
+  if (row.beforeShow != nullptr)
+    row.beforeShow(screen);
+  screen.ShowModal(toolkit);
+  const bool chosen = screen.Chosen() == kTrue;
+  // A file takes the records only with WriteFile exactly True, so any other value hands over the collection.
+  if (chosen && writeFile_ != kTrue)
+    pc4Records_ = screen.PC4Records();
+  screen.Unload();
+  return chosen;
+}
+
+}  // namespace fiscalon
