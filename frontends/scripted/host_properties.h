@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/session.h"
+
+/// The properties that a host sets on a `Levyra`, by name, for scenarios and command lines.
+namespace fiscalon {
+
+/// What is wrong with a property's name or value (in UTF-8), or an empty text.
+std::string ComplaintAboutHostProperty(std::string_view name, std::string_view value);
+
+/// Sets a property that nothing is wrong with. Raises what the property raises.
+void SetHostProperty(Levyra& session, std::string_view name, std::string_view value);
+
+}  // namespace fiscalon

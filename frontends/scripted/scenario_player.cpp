@@ -1,0 +1,19 @@
+#include "frontends/scripted/scenario_player.h"
+
+#include "core/module_state.h"
+#include "frontends/scripted/scenario_run.h"
+
+namespace fiscalon {
+
+PlayResult ScenarioPlayer::Play(const Scenario& scenario) {
+  PlayResult result;
+  try {
+    ScenarioRun(scenario, toolkit_, settings_, watcher_).Play();
+  } catch (const ScenarioFailure& failure) {
+    result = {.passed = false, .line = failure.line, .expected = failure.expected, .seen = failure.seen};
+  }
+  ResetModule();
+  return result;
+}
+
+}  // namespace fiscalon

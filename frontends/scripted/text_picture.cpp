@@ -1,0 +1,242 @@
+#include "frontends/scripted/text_picture.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <vector>
+
+#include "core/forms/button.h"
+#include "core/forms/label.h"
+#include "core/forms/list_control.h"
+#include "core/forms/text_field.h"
+#include "core/platform/code_page.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr size_t kGap = 2;
+
+size_t Width(const std::string& text) {
+  return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+std::string Padded(const std::string& text, size_t width) {
+  return text + std::string(width - std::min(width, Width(text)), ' ');
+}
+
+/// A caption without the mark of its access key.
+std::string Plain(std::string_view caption) {
+  std::string plain;
+  for (size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && i + 1 < caption.size())
+      ++i;
+    plain += caption[i];
+  }
+  return ToUtf8(plain);
+}
+
+bool IsShown(const Control& control) {
+  for (const Control* each = &control; each != nullptr; each = each->Designed().frame)
+    if (!each->Visible())
+      return false;
+  return true;
+}
+
+std::string DrawTextField(const TextField& field) {
+  constexpr int kUnlimitedWidth = 30;
+  constexpr int kWidest = 50;
+  const int limit = field.MaxLength() == Design::kNoLimit ? kUnlimitedWidth : field.MaxLength();
+  const std::string text = ToUtf8(field.Text());
+  const size_t width = std::max(static_cast<size_t>(std::min(limit, kWidest)), Width(text));
+  const std::string blanks(width - Width(text), ' ');
+  const std::string content = field.Designed().alignment == Alignment::Right ? blanks + text : text + blanks;
+  return field.Locked() ? "\u2039" + content + "\u203A" : "[" + content + "]";
+}
+
+std::string DrawControl(const Control& control) {
+  switch (control.Kind()) {
+    case ControlKind::TextField:
+      return DrawTextField(static_cast<const TextField&>(control));
+    case ControlKind::CheckBox:
+    case ControlKind::OptionButton: {
+      const auto& toggle = static_cast<const ToggleButton&>(control);
+      const bool round = control.Kind() == ControlKind::OptionButton;
+      return std::string(round ? "(" : "[") + (toggle.Value() ? (round ? "o" : "x") : " ") + (round ? ") " : "] ") +
+             Plain(toggle.Caption());
+    }
+    case ControlKind::Button:
+      return "[ " + Plain(static_cast<const Button&>(control).Caption()) + " ]";
+    case ControlKind::DropDownList:
+      return "[" + Padded(ToUtf8(static_cast<const DropDownList&>(control).Text()), 30) + "\u25BC]";
+    default:
+      return Plain(control.DefaultValue());
+  }
+}
+
+/// The drawn parts of one cell: caption, field, hint.
+struct DrawnCell {
+  std::array<std::string, 3> parts = {};
+};
+using DrawnRow = std::vector<DrawnCell>;
+
+class FormPicture {
+ public:
+  explicit FormPicture(Form& form) : form_(form) {}
+
+  std::string Draw() {
+    std::map<int, std::vector<std::string>> columns;
+    for (const Group& group : form_.FormLayout().groups) {
+      std::vector<std::string>& column = columns[group.column];
+      if (!column.empty())
+        column.emplace_back();
+      for (std::string& line : DrawGroup(group)) column.push_back(std::move(line));
+    }
+    std::vector<std::string> lines = SideBySide(columns);
+    lines.emplace_back();
+    lines.push_back(DrawButtons());
+    return Framed(lines);
+  }
+
+ private:
+  std::string DrawPart(const Control* control, bool isField) const {
+    if (control == nullptr)
+      return {};
+    const std::string drawn = DrawControl(*control);
+    const std::string mark = isField ? (control == form_.ActiveControl() ? "> " : "  ") : "";
+    return IsShown(*control) ? mark + drawn : std::string(Width(mark + drawn), ' ');
+  }
+
+  std::vector<std::string> DrawGroup(const Group& group) const {
+    std::vector<std::string> lines;
+    if (group.heading != nullptr)
+      lines.push_back(DrawPart(group.heading, false));
+    std::vector<DrawnRow> rows;
+    for (const Row& row : group.rows) {
+      rows.emplace_back();
+      for (const Cell& cell : row.cells)
+        rows.back().push_back(
+            {{DrawPart(cell.caption, false), DrawPart(cell.field, true), DrawPart(cell.hint, false)}});
+    }
+    const std::vector<size_t> widths = PartWidths(rows);
+    for (size_t i = 0; i < rows.size(); ++i) {
+      lines.push_back(DrawRow(rows[i], widths));
+      for (std::string& line : DrawListRows(group.rows[i])) lines.push_back(std::move(line));
+    }
+    return lines;
+  }
+
+  static std::vector<size_t> PartWidths(const std::vector<DrawnRow>& rows) {
+    std::vector<size_t> widths;
+    for (const DrawnRow& row : rows)
+      for (size_t cell = 0; cell < row.size(); ++cell)
+        for (size_t part = 0; part < row[cell].parts.size(); ++part) {
+          const size_t at = cell * row[cell].parts.size() + part;
+          widths.resize(std::max(widths.size(), at + 1));
+          widths[at] = std::max(widths[at], Width(row[cell].parts[part]));
+        }
+    return widths;
+  }
+
+  static std::string DrawRow(const DrawnRow& row, const std::vector<size_t>& widths) {
+    std::string line;
+    size_t at = 0;
+    for (const DrawnCell& cell : row)
+      for (const std::string& part : cell.parts) {
+        const size_t width = widths[at++];
+        if (width > 0)
+          line += Padded(part, width) + std::string(kGap, ' ');
+      }
+    return line;
+  }
+
+  static std::vector<std::string> DrawListRows(const Row& row) {
+    std::vector<std::string> lines;
+    for (const Cell& cell : row.cells) {
+      if (cell.field == nullptr || cell.field->Kind() != ControlKind::ListBox || !IsShown(*cell.field))
+        continue;
+      const auto& list = static_cast<const ListBox&>(*cell.field);
+      for (int i = 0; i < list.ListCount(); ++i)
+        lines.push_back((i == list.ListIndex() ? "  * " : "    ") + ToUtf8(list.List(i)));
+    }
+    return lines;
+  }
+
+  static std::vector<std::string> SideBySide(const std::map<int, std::vector<std::string>>& columns) {
+    std::vector<std::string> lines;
+    size_t left = 0;
+    for (const auto& [number, column] : columns) {
+      lines.resize(std::max(lines.size(), column.size()));
+      size_t widest = 0;
+      for (size_t i = 0; i < column.size(); ++i) {
+        lines[i] = Padded(lines[i], left) + column[i];
+        widest = std::max(widest, Width(lines[i]));
+      }
+      left = std::max(left, widest) + kGap;
+    }
+    return lines;
+  }
+
+  std::string DrawButtons() const {
+    std::string line;
+    for (const Button* button : form_.FormLayout().buttons) line += (line.empty() ? "" : "  ") + DrawPart(button, true);
+    return line;
+  }
+
+  std::string Framed(const std::vector<std::string>& lines) {
+    const std::string title = ToUtf8(form_.Caption());
+    size_t width = Width(title) + kGap;
+    for (const std::string& line : lines) width = std::max(width, Width(line));
+    std::string picture = "\u250C\u2500 " + title + " ";
+    for (size_t i = Width(title); i < width + 1; ++i) picture += "\u2500";
+    picture += "\u2510\n";
+    for (const std::string& line : lines) picture += "\u2502  " + Padded(line, width) + "  \u2502\n";
+    picture += "\u2514";
+    for (size_t i = 0; i < width + 4; ++i) picture += "\u2500";
+    return picture + "\u2518\n";
+  }
+
+  Form& form_;
+};
+
+std::string ButtonRow(const MessageBox& box, MessageAnswer answer) {
+  const auto button = [&](const char* caption, MessageAnswer means) {
+    return std::string(means == answer ? ">" : " ") + "[ " + caption + " ]";
+  };
+  switch (box.buttons) {
+    case MessageButtons::YesNo:
+      return button("Yes", MessageAnswer::Yes) + "  " + button("No", MessageAnswer::No);
+    case MessageButtons::OkCancel:
+      return button("OK", MessageAnswer::Ok) + "  " + button("Cancel", MessageAnswer::Cancel);
+    default:
+      return button("OK", MessageAnswer::Ok);
+  }
+}
+
+}  // namespace
+
+std::string DrawForm(Form& form) {
+  return FormPicture(form).Draw();
+}
+
+std::string DrawMessageBox(const MessageBox& box, MessageAnswer answer) {
+  constexpr std::array<const char*, 5> kIcons = {"", "(x) ", "(?) ", "(!) ", "(i) "};
+  std::vector<std::string> lines;
+  std::string rest = kIcons[static_cast<size_t>(box.style)] + ToUtf8(box.text);
+  std::erase(rest, '\r');
+  for (size_t end = rest.find('\n'); end != std::string::npos; end = rest.find('\n')) {
+    lines.push_back(rest.substr(0, end));
+    rest.erase(0, end + 1);
+  }
+  lines.push_back(rest);
+  lines.push_back(ButtonRow(box, answer));
+  size_t width = 0;
+  for (const std::string& line : lines) width = std::max(width, Width(line));
+  std::string picture =
+      "  \u2554\u2550 " + (box.title.empty() ? std::string("Fiscalon") : ToUtf8(box.title)) + " \u2550\n";
+  for (const std::string& line : lines) picture += "  \u2551 " + Padded(line, width) + "\n";
+  picture += "  \u255A";
+  for (size_t i = 0; i < width + 2; ++i) picture += "\u2550";
+  return picture + "\n";
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "core/forms/form.h"
+#include "core/platform/toolkit.h"
+
+/// Forms and boxes drawn with characters, in UTF-8: what a user would see, for terminals, reports and documents.
+namespace fiscalon {
+
+/// The form as it stands, from its layout alone. The field that has the focus is marked with ">"; shaded fields stand
+/// in single angle brackets, hidden controls leave their place blank.
+std::string DrawForm(Form& form);
+
+/// A message box with its icon as a word, its buttons, and the answered one marked.
+std::string DrawMessageBox(const MessageBox& box, MessageAnswer answer);
+
+}  // namespace fiscalon
