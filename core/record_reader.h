@@ -1,0 +1,31 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "core/pc4_records.h"
+#include "core/record_composer.h"
+#include "core/record_layout.h"
+
+/// Takes "T" and "F" records apart. Where a record ends before a field, the field is shorter or empty; all
+/// fields keep their blanks.
+namespace fiscalon {
+
+using GovernmentFieldViews = BasicGovernmentFields<std::string_view>;
+using FreeFormatSlotView = BasicFreeFormatSlot<std::string_view>;
+
+/// The record's kind: what stands in column 8. NUL for a record of fewer than 8 characters.
+constexpr RecordKind KindOf(std::string_view record) {
+  const std::string_view kind = TextIn(record, FieldNamed(kRecordHead, "Kind"));
+  return kind.empty() ? RecordKind{} : static_cast<RecordKind>(kind.front());
+}
+
+/// The fields as views into the record.
+GovernmentFieldViews CutGovernmentFormat(std::string_view record);
+std::array<FreeFormatSlotView, kSlotsPerRecord> CutFreeFormat(std::string_view record);
+
+/// Cuts every "T" and "F" record and appends its fields: one member for a "T", four for an "F", blank slots
+/// too. Other kinds are skipped.
+void CutRecords(const PC4s& records, clsPC4GovFormats& govFormats, clsPC4FreeFormats& freeFormats);
+
+}  // namespace fiscalon

@@ -1,0 +1,143 @@
+#include "core/value_routines.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "core/module_state.h"
+#include "core/platform/runtime_error.h"
+#include "core/values/calendar.h"
+#include "core/values/leading_number.h"
+#include "core/values/number_text.h"
+#include "core/values/text.h"
+
+namespace fiscalon {
+
+namespace {
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+bool IsLetter(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+template <typename Passes>
+std::string Keep(std::string_view text, Passes passes) {
+  // A filter counts characters in 16 bits.
+  if (text.size() > static_cast<size_t>(std::numeric_limits<int16_t>::max()))
+    Raise(error_number::kOverflow);
+  std::string kept;
+  std::copy_if(text.begin(), text.end(), std::back_inserter(kept), passes);
+  return kept;
+}
+
+template <typename Passes>
+bool TrimmedHoldsOnly(std::string_view text, Passes passes) {
+  const std::string_view trimmed = Trim(text);
+  return !trimmed.empty() && std::all_of(trimmed.begin(), trimmed.end(), passes);
+}
+
+}  // namespace
+
+std::string KeepNumericChars(std::string_view text) {
+  const std::string separator = TheModule().locale.decimal.substr(0, 1);
+  return Keep(text, [&](char c) { return IsDigit(c) || c == '-' || (!separator.empty() && c == separator.front()); });
+}
+
+std::string KeepAlphanumeric(std::string_view text) {
+  return Keep(text, [](char c) { return IsDigit(c) || IsLetter(c); });
+}
+
+std::string DigitsOnly(std::string_view text) {
+  return Keep(text, IsDigit);
+}
+
+bool IsAmountText(std::string_view text) {
+  return TrimmedHoldsOnly(text, [](char c) { return IsDigit(c) || c == '.' || c == ','; });
+}
+
+bool IsAllDigits(std::string_view text) {
+  return TrimmedHoldsOnly(text, IsDigit);
+}
+
+bool IsWholeHundreds(std::string_view text) {
+  return IsAllDigits(text) && ToInt32(LeadingNumber(text)) % 100 == 0;
+}
+
+Date DateFromYYYYMMDD(std::string_view text) {
+  const auto part = [&](size_t from, size_t length) {
+    return ToInt16(from < text.size() ? text.substr(from, length) : std::string_view{});
+  };
+  return DateFromParts(part(0, 4), part(4, 2), part(6, 2));
+}
+
+bool IsValidYYYYMMDD(std::string_view text) {
+  return IsValidYYYYMMDD(text, Today());
+}
+
+bool IsValidYYYYMMDD(std::string_view text, const Date& today) {
+  if (text.size() < 8)
+    return false;
+  const int16_t year = ToInt16(text.substr(0, 4));
+  // The day is the last two characters, so the comparison refuses whatever is longer than a date.
+  const Date date = DateFromParts(year, ToInt16(text.substr(4, 2)), ToInt16(text.substr(text.size() - 2)));
+  return FormatDate(date, "YYYYMMDD") == text && year >= today.year - kYearsAround && year <= today.year + kYearsAround;
+}
+
+int16_t YearIsNotCurrent(std::string_view text, std::string_view label) {
+  if (text.substr(0, 4) == std::to_string(Today().year))
+    return kFalse;
+  const MessageAnswer answer = TheToolkit().ShowMessage(
+      {.text = "The year for " + std::string(label) +
+               " entered does not correspond to the current year.\r\nAre you sure you want to use it?",
+       .style = MessageStyle::Exclamation,
+       .buttons = MessageButtons::YesNo,
+       .title = "Date Warning"});
+  return answer == MessageAnswer::No ? kTrue : kFalse;
+}
+
+std::string DollarsFromCents(std::string_view cents) {
+  return BareNumberText(LeadingNumber(cents) / 100);
+}
+
+Money Cents(std::string_view dollars) {
+  return Money::FromDouble(LeadingNumber(dollars) * 100);
+}
+
+std::string AmountToField(Money amount) {
+  if (amount >= Money{})
+    return Format(amount, "000000000000000000");
+  return "-" + Format(-amount, "00000000000000000");
+}
+
+bool HasDecimalSeparator(std::string_view text) {
+  return text.find(TheModule().decimalSeparator) != text.npos;
+}
+
+bool HasFraction(std::string_view text) {
+  const std::string& separator = TheModule().decimalSeparator;
+  const size_t at = text.find(separator);
+  return at != text.npos && LeadingNumber(text.substr(at + separator.size())) != 0;
+}
+
+double WithImplicitCents(double amount, std::string_view text) {
+  return HasDecimalSeparator(text) ? amount : amount / 100;
+}
+
+Money WithImplicitCents(Money amount, std::string_view text) {
+  return HasDecimalSeparator(text) ? amount : Money::FromDouble(amount.ToDouble() / 100);
+}
+
+std::string PadRight(std::string_view text, int16_t width, std::string_view fill) {
+  const auto columns = static_cast<size_t>(width);
+  std::string padded(text.substr(0, columns));
+  if (padded.size() < columns)
+    padded.append(columns - padded.size(), fill.front());
+  return padded;
+}
+
+bool FileExists(std::string_view path) {
+  return TheModule().files->Exists(path);
+}
+
+}  // namespace fiscalon
