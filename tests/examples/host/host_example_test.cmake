@@ -1,0 +1,50 @@
+# Installs the built library into a fresh prefix, moves that prefix elsewhere, builds examples/host against it
+# outside the tree, runs it, and compares every byte that it prints.
+cmake_minimum_required(VERSION 3.25)
+
+set(prefix ${WORK_DIR}/prefix)
+file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${WORK_DIR}/host)
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT result STREQUAL "0")
+    list(JOIN ARGN " " command)
+    message(FATAL_ERROR "${command}\nended with ${result}:\n${output}")
+  endif()
+endfunction()
+
+# expect_records(PROGRAM): the program prints its two records, each 160 characters wide, and no more.
+function(expect_records program)
+  string(REPEAT " " 8 blanks8)
+  string(REPEAT " " 15 blanks15)
+  string(REPEAT " " 16 blanks16)
+  string(REPEAT " " 19 blanks19)
+  string(REPEAT " " 70 blanks70)
+  string(REPEAT " " 72 blanks72)
+  string(CONCAT expected
+    # head, no period, due date, filler, name to 30, title to 20, rest
+    "PC40001T" "${blanks16}" "202412  " "${blanks8}" "Hélène Côté${blanks19}" "Clerk${blanks15}" "${blanks70}\n"
+    "PC40001F" "01000000000000012345" "02000000000000000000" "03000000000000000000" "04000000000000000000" "${blanks72}\n")
+  set(ENV{LD_LIBRARY_PATH} ${prefix}/${LIBRARY_DIR})
+  execute_process(COMMAND ${program} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+  if(NOT result STREQUAL "0" OR NOT errors STREQUAL "" OR NOT output STREQUAL expected)
+    message(FATAL_ERROR "${program} ended with ${result}\nexpected:\n${expected}printed:\n${output}said:\n${errors}")
+  endif()
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/installed)
+file(RENAME ${WORK_DIR}/installed ${prefix})
+
+run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/host -B ${WORK_DIR}/host -G Ninja
+  -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS})
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/host)
+expect_records(${WORK_DIR}/host/host)
+
+set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBRARY_DIR}/pkgconfig)
+execute_process(COMMAND ${PKG_CONFIG} --cflags --libs fiscalon
+  OUTPUT_VARIABLE package_flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(package_flags UNIX_COMMAND "${package_flags}")
+separate_arguments(flags UNIX_COMMAND "${FLAGS}")
+run(${COMPILER} -std=c++20 ${flags} ${SOURCE_DIR}/examples/host/main.cpp -o ${WORK_DIR}/host/by_pkg_config
+  ${package_flags})
+expect_records(${WORK_DIR}/host/by_pkg_config)

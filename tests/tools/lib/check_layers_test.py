@@ -1,0 +1,128 @@
+#!/usr/bin/env python3
+"""The layering check finds planted offences, and nothing else, in small trees of its own."""
+
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[3] / "tools" / "lib"))
+sys.dont_write_bytecode = True
+import check_layers  # noqa: E402
+
+SOUND_TREE = {
+    "core/platform/clock.h": "#pragma once\n#include <compare>\n",
+    "core/platform/files.cpp": "#include <sys/stat.h>\n#include <string>\n",
+    "core/values/money.h": "#pragma once\n",
+    "core/forms/form.h": '#include "core/platform/clock.h"\n',
+    "core/session.h": '#include "core/forms/form.h"\n#include "core/values/money.h"\n',
+    "screens/general/due_date.h": '#include "core/session.h"\n#include "core/forms/form.h"\n',
+    "validation/rules.h": '#include "core/session.h"\n#include <string_view>\n',
+    "frontends/scripted/player.h": '#include "screens/general/due_date.h"\n',
+    "frontends/qt/dialog.h": '#include <QDialog>\n#include <QtWidgets/QLabel>\n#include "core/forms/form.h"\n',
+    "tools/fiscalon/main.cpp": '#include <CLI/CLI.hpp>\n#include "frontends/qt/dialog.h"\n',
+    "tools/desk/desk.cpp": "#include <QApplication>\n",
+    "tests/core/session_test.cpp": '#include <gtest/gtest.h>\n#include "frontends/scripted/player.h"\n',
+    "core/forms/CMakeLists.txt": "fiscalon_layer(forms\n  DEPENDS platform\n  SOURCES\n    form.cpp)\n",
+}
+
+
+class CheckLayers(unittest.TestCase):
+    def offences_with(self, path, text):
+        with tempfile.TemporaryDirectory() as folder:
+            tree = Path(folder)
+            for name, content in {**SOUND_TREE, path: text}.items():
+                (tree / name).parent.mkdir(parents=True, exist_ok=True)
+                (tree / name).write_text(content, encoding="utf-8")
+            return check_layers.offences(tree)
+
+    def assert_one(self, path, text, offence):
+        self.assertEqual(self.offences_with(path, text), [offence])
+
+    def test_a_sound_tree_passes(self):
+        self.assertEqual(self.offences_with("core/values/money.h", SOUND_TREE["core/values/money.h"]), [])
+
+    def test_an_upward_include_is_found_with_its_line(self):
+        self.assert_one(
+            "core/values/money.h",
+            '#pragma once\n\n#include "core/session.h"\n',
+            'core/values/money.h:3: values may not include "core/session.h" of core',
+        )
+
+    def test_a_blank_before_and_after_the_hash_hides_nothing(self):
+        self.assert_one(
+            "core/session.h",
+            '  #  include "screens/general/due_date.h"\n',
+            'core/session.h:1: core may not include "screens/general/due_date.h" of screens',
+        )
+
+    def test_siblings_may_not_see_each_other(self):
+        self.assert_one(
+            "validation/rules.h",
+            '#include "screens/general/due_date.h"\n',
+            'validation/rules.h:1: validation may not include "screens/general/due_date.h" of screens',
+        )
+        self.assert_one(
+            "validation/rules.h",
+            '#include "core/forms/form.h"\n',
+            'validation/rules.h:1: validation may not include "core/forms/form.h" of forms',
+        )
+
+    def test_no_layer_sees_the_tools(self):
+        self.assert_one(
+            "frontends/scripted/player.h",
+            '#include "tools/fiscalon/main.cpp"\n',
+            'frontends/scripted/player.h:1: scripted may not include "tools/fiscalon/main.cpp", which stands above it',
+        )
+
+    def test_qt_stays_in_its_front_end_and_the_desk(self):
+        for path in ("screens/general/due_date.h", "tools/fiscalon/main.cpp"):
+            for header in ("QString", "QtCore/QString", "qglobal.h"):
+                self.assert_one(
+                    path,
+                    f"#include <{header}>\n",
+                    f"{path}:1: <{header}>: Qt belongs into frontends/qt/ and tools/desk/",
+                )
+
+    def test_layers_use_the_standard_library_alone(self):
+        self.assert_one(
+            "core/session.h",
+            "#include <boost/any.hpp>\n",
+            "core/session.h:1: core may not include <boost/any.hpp>, which is not of the standard library",
+        )
+
+    def test_only_the_platform_layer_calls_the_system(self):
+        self.assert_one(
+            "core/session.h",
+            "#include <unistd.h>\n",
+            "core/session.h:1: core may not include <unistd.h>, which is not of the standard library",
+        )
+
+    def test_includes_start_at_the_root(self):
+        self.assert_one(
+            "core/values/money.h",
+            '#include "clock.h"\n',
+            'core/values/money.h:1: "clock.h" is no file of the project, seen from its root',
+        )
+
+    def test_a_target_that_links_upwards_is_found(self):
+        self.assert_one(
+            "core/forms/CMakeLists.txt",
+            "\nfiscalon_layer(forms\n  DEPENDS platform core\n  SOURCES\n    form.cpp)\n",
+            "core/forms/CMakeLists.txt:2: the target of forms may not link core",
+        )
+
+    def test_an_unknown_layer_is_found(self):
+        self.assert_one(
+            "core/forms/CMakeLists.txt",
+            "fiscalon_layer(network SOURCES form.cpp)\n",
+            "core/forms/CMakeLists.txt:1: the layer network is not known to this check",
+        )
+
+    def test_an_empty_tree_is_no_pass(self):
+        with tempfile.TemporaryDirectory() as folder:
+            self.assertEqual(check_layers.offences(Path(folder)), [f"{folder}: no source file found"])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,80 @@
+# shellcheck shell=bash
+# Debian packages by purpose, and their installation. Sourced by run, test and tools/check.
+# docs/dependencies.md says more about each package.
+
+# purpose | package | what it is needed for
+readonly kPackages='
+build | g++                | compiles the library and its program
+build | cmake              | describes and drives the build
+build | ninja-build        | runs the build
+tools | libcli11-dev       | reads the command line of the program
+tools | nlohmann-json3-dev | writes JSON output
+tests | libgtest-dev       | the test framework
+tests | libgmock-dev       | matchers of the test framework
+tests | pkgconf            | a test compiles against the installed package through pkg-config
+tests | clang-format       | checks the formatting
+tests | python3            | runs the layering check
+check | clang-tidy         | lint
+check | cppcheck           | lint
+check | shellcheck         | lint of the shell scripts
+bench | libbenchmark-dev   | the benchmarks
+fuzz  | clang              | compiles the fuzz targets
+fuzz  | libclang-rt-dev    | the fuzzing engine and the sanitizers of clang
+'
+
+# IsInstalled PACKAGE
+IsInstalled() {
+  [[ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" == installed ]]
+}
+
+# Installs with root's rights: as root, else through sudo. Asks for a password only where there is a
+# terminal to type it on.
+AsRoot() {
+  if [[ "$(id -u)" == 0 ]]; then
+    "$@"
+  elif [[ -t 0 && -t 2 ]]; then
+    sudo "$@"
+  else
+    sudo -n "$@"
+  fi
+}
+
+# AptGet ARGUMENT...
+AptGet() {
+  AsRoot env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=120 "$@" </dev/null
+}
+
+# SetUp PURPOSE...: sees to it that every package of these purposes is installed. Says what is missing
+# and why before it installs anything, and touches neither the network nor the system when nothing is
+# missing. Everything it prints goes to standard error.
+SetUp() {
+  if ! command -v dpkg-query >/dev/null 2>&1; then
+    echo "setup: this is no Debian system; the programs of docs/dependencies.md are taken to be installed" >&2
+    return 0
+  fi
+
+  local wanted=" $* " missing=() purpose package reason
+  while IFS='|' read -r purpose package reason; do
+    purpose=${purpose// /} package=${package// /}
+    [[ -n "$package" && "$wanted" == *" $purpose "* ]] || continue
+    if ! IsInstalled "$package"; then
+      ((${#missing[@]})) || echo "setup: missing packages:" >&2
+      missing+=("$package")
+      printf '  %-20s%s\n' "$package" "${reason# }" >&2
+    fi
+  done <<<"$kPackages"
+  ((${#missing[@]})) || return 0
+
+  local command="apt-get install --no-install-recommends ${missing[*]}"
+  if [[ "$(id -u)" != 0 ]] && ! command -v sudo >/dev/null 2>&1; then
+    printf 'setup: cannot install them without root or sudo. Run this as root, then start again:\n  %s\n' "$command" >&2
+    return 1
+  fi
+
+  echo "setup: installing them" >&2
+  if ! { AptGet update && AptGet install -y --no-install-recommends "${missing[@]}"; } >&2; then
+    printf 'setup: the installation failed, see above. Run this as root, then start again:\n  %s\n' \
+      "apt-get update && $command" >&2
+    return 1
+  fi
+}
