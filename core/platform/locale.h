@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace fiscalon {
+
+/// How the user writes numbers, money and moments. Texts are in the code page. The default is English
+/// (Canada).
+struct Locale {
+  std::string name = "en-CA";
+
+  std::string decimal = ".";
+  /// Between groups of three digits; may be empty. A no-break space stands for blanks as well when a number
+  /// is read.
+  std::string group = ",";
+
+  std::string currencySymbol = "$";
+  /// What stands before and behind an amount of money. The negative ones hold the sign.
+  std::string positivePrefix = "$";
+  std::string positiveSuffix = "";
+  std::string negativePrefix = "-$";
+  std::string negativeSuffix = "";
+
+  /// Date and time in one, with the tokens of `GeneralDate`.
+  std::string generalDate = "%Y-%m-%d %-I:%M:%S %p";
+  std::string am = "a.m.";
+  std::string pm = "p.m.";
+  std::array<std::string, 12> months = {"January", "February", "March",     "April",   "May",      "June",
+                                        "July",    "August",   "September", "October", "November", "December"};
+  std::array<std::string, 12> shortMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                             "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  /// From Sunday.
+  std::array<std::string, 7> weekdays = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
+  std::array<std::string, 7> shortWeekdays = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+
+  friend bool operator==(const Locale&, const Locale&) = default;
+};
+
+/// "$1,234.50", "-$1,234.50", "2026-06-15 1:05:09 p.m."
+Locale EnglishCanada();
+
+/// "$1,234.50", "($1,234.50)", "6/15/2026 1:05:09 PM"
+Locale EnglishUnitedStates();
+
+/// "1 234,50 $", "(1 234,50 $)" with a no-break space between the groups, "2026-06-15 13:05:09"
+Locale FrenchCanada();
+
+/// The user's own locale. A locale that defines no currency ("C", "POSIX"), and one that the system does not
+/// have, count as English (Canada).
+Locale SystemLocale();
+
+/// The locale called "en-CA", "en-US", "fr-CA" or "system"; nothing for another name.
+std::optional<Locale> NamedLocale(std::string_view name);
+
+}  // namespace fiscalon
