@@ -1,0 +1,40 @@
+#pragma once
+
+#include <bit>
+#include <cstdint>
+
+namespace fiscalon {
+
+__extension__ using WideInteger = unsigned __int128;
+
+constexpr WideInteger PowerOfTen(int exponent) {
+  WideInteger power = 1;
+  for (; exponent > 0; --exponent) power *= 10;
+  return power;
+}
+
+/// The largest number of decimals, and the bound of the value, that `ScaledHalfEven` can do exactly.
+inline constexpr int kMaxScale = 22;
+inline constexpr double kScaledBound = 1e15;
+
+/// A float times a power of ten, rounded to an integer, halves to even, with nothing lost on the way: the float
+/// is an integer over a power of two, and its product with the power of ten still fits. The value lies from 0
+/// to below `kScaledBound`, decimals from 0 to `kMaxScale`.
+inline WideInteger ScaledHalfEven(double value, int decimals) {
+  constexpr int kMantissaBits = 52;
+  constexpr int kExponentOfOne = 1075;
+  constexpr uint64_t kHiddenBit = uint64_t{1} << kMantissaBits;
+  const auto bits = std::bit_cast<uint64_t>(value);
+  const auto exponent = static_cast<int>(bits >> kMantissaBits);
+  const uint64_t mantissa = exponent == 0 ? bits : (bits & (kHiddenBit - 1)) | kHiddenBit;
+  const int shift = kExponentOfOne - (exponent == 0 ? 1 : exponent);
+  if (shift >= 128)
+    return 0;
+  const WideInteger product = mantissa * PowerOfTen(decimals);
+  const WideInteger half = WideInteger{1} << (shift - 1);
+  const WideInteger whole = product >> shift;
+  const WideInteger rest = product & (half * 2 - 1);
+  return whole + (rest > half || (rest == half && (whole & 1) != 0) ? 1 : 0);
+}
+
+}  // namespace fiscalon

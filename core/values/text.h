@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+namespace fiscalon {
+
+/// The text without the blanks at its start. Tabs, line ends and no-break spaces are no blanks.
+constexpr std::string_view TrimLeft(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  return text;
+}
+
+/// The text without the blanks at its end.
+constexpr std::string_view TrimRight(std::string_view text) {
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
+}
+
+/// The text without the blanks at either side.
+constexpr std::string_view Trim(std::string_view text) {
+  return TrimLeft(TrimRight(text));
+}
+
+}  // namespace fiscalon
