@@ -1,6 +1,9 @@
 #include "core/newer_screen.h"
 
+#include <utility>
+
 #include "core/forms/keys.h"
+#include "core/module_state.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"
@@ -9,6 +12,7 @@
 namespace fiscalon {
 
 void NewerScreen::cmdOK_Click() {
+  Entered("cmdOK_Click");
   if (!ValidateForm())
     return;
   DoWrite();
@@ -17,11 +21,12 @@ void NewerScreen::cmdOK_Click() {
 }
 
 void NewerScreen::cmdCancel_Click() {
-  Chosen(kFalse);
-  Hide();
+  Entered("cmdCancel_Click");
+  Cancelled();
 }
 
 void NewerScreen::Form_KeyDown(int& keyCode, int shift) {
+  Entered("Form_KeyDown");
   if (keyCode != key::kEnter || shift != shift_state::kNone)
     return;
   keyCode = 0;
@@ -30,17 +35,56 @@ void NewerScreen::Form_KeyDown(int& keyCode, int shift) {
 
 void NewerScreen::ShowPayment(Label& payDate, Label& amountPaid) const {
   payDate.Caption(ShownPaidDate());
-  amountPaid.Caption(Format(std::string_view(PaidAmount()), "Currency"));
+  amountPaid.Caption(Format(std::string_view(Payment().paidAmount), "Currency"));
 }
 
-std::string NewerScreen::AmountAsShown(std::string_view typed) {
-  const double amount = Trim(typed).empty() ? 0 : WithImplicitCents(LeadingNumber(typed), typed);
-  return Format(amount, "0.00");
+void NewerScreen::DigitsChange(TextField& field, Control& next) {
+  field.Text(DigitsOnly(field.Text()));
+  MoveOnWhenFull(field, next);
 }
 
-void NewerScreen::MoveOnWhenFull(const TextField& field, Control& next) {
-  if (static_cast<int>(Trim(field.Text()).size()) == field.MaxLength() && next.Enabled())
-    next.SetFocus();
+void NewerScreen::AmountChange(TextField& field, Control& next) {
+  KeepAmount(field);
+  MoveOnWhenFull(field, next);
+}
+
+void NewerScreen::KeepAmount(TextField& field) {
+  field.Text(KeepNumericChars(field.Text()));
+}
+
+NewerScreen::AmountCheck NewerScreen::CheckAmount(TextField& box, std::string_view name, AmountRange range) {
+  constexpr std::string_view kLeavingTo = "cmdCancel";
+  // This compares what the active control holds, not its name, so it is practically never met.
+  if (ActiveControl() != nullptr && ActiveControl()->DefaultValue() == kLeavingTo)
+    return AmountCheck::Skipped;
+  const std::string& text = box.Text();
+  const double amount = LeadingNumber(text);
+  const bool outOfRange = range == AmountRange::Positive ? amount <= 0 : amount < 0;
+  if (outOfRange && !FocusIsOn(kLeavingTo)) {
+    const std::string_view complaint =
+        range == AmountRange::Positive ? " cannot be zero or negative." : " cannot be negative.";
+    Refuse(box, std::string(name).append(complaint), MessageStyle::Plain);
+    return AmountCheck::Refused;
+  }
+  box.Text(Format(Trim(text).empty() ? 0 : WithImplicitCents(amount, text), "0.00"));
+  return AmountCheck::Accepted;
+}
+
+void NewerScreen::CheckValues(TextField& box, std::string_view name) {
+  if (CheckAmount(box, name, AmountRange::NotNegative) == AmountCheck::Accepted)
+    RecalcForm();
+}
+
+std::string NewerScreen::ShownTotal(double total) {
+  return Format(Money::FromDouble(total), "0.00");
+}
+
+FreeFormatSlot NewerScreen::AmountSlot(std::string number, const TextField& field) {
+  return {.fieldNum = std::move(number), .fieldValue = AmountToField(Cents(field.Text()))};
+}
+
+FreeFormatSlot NewerScreen::ZeroSlot(std::string number) {
+  return {.fieldNum = std::move(number), .fieldValue = std::string(kZeroValue)};
 }
 
 }  // namespace fiscalon

@@ -7,8 +7,8 @@
 
 namespace fiscalon {
 
-/// The frame of the newer screens: OK checks the form as a whole and then writes, Enter moves on like Tab, and
-/// a field that fills up passes the focus on.
+/// The frame of the newer screens: OK checks the form as a whole and then writes, Enter moves on like Tab, a field
+/// that fills up passes the focus on, and an amount is checked and shown with two decimals when it is left.
 class NewerScreen : public Screen {
  public:
   using Screen::Screen;
@@ -17,20 +17,40 @@ class NewerScreen : public Screen {
   /// The OK test: shows the message of the first rule that fails, gives its field the focus and answers false.
   virtual bool ValidateForm() = 0;
   virtual void DoWrite() = 0;
+  /// The calculated fields of the form, anew.
+  virtual void RecalcForm() {}
 
   void cmdOK_Click();
   void cmdCancel_Click();
   void Form_KeyDown(int& keyCode, int shift) override;
 
+  /// A handler or routine begins. For the one screen that writes the play-by-play log.
+  virtual void Entered(std::string_view /*routine*/) const {}
+
   /// Shows the payment's date and its amount in the locale's currency form.
   void ShowPayment(Label& payDate, Label& amountPaid) const;
 
-  /// A typed amount as the screen shows it after its check: "0.00" for a blank text, cents where no decimal
-  /// separator was typed, two decimals by the user's locale.
-  static std::string AmountAsShown(std::string_view typed);
+  // What fields of a kind have in common. Each moves the focus on to `next` when the field is full.
+  void DigitsChange(TextField& field, Control& next);
+  void AmountChange(TextField& field, Control& next);
+  /// What an amount may hold: digits, "-" and the locale's decimal separator. Moves no focus.
+  void KeepAmount(TextField& field);
 
-  /// Moves the focus on when a field holds as many characters as it takes and the next control is enabled.
-  static void MoveOnWhenFull(const TextField& field, Control& next);
+  /// What amounts a field takes, and what others are told behind the field's name.
+  enum class AmountRange { NotNegative, Positive };
+  enum class AmountCheck { Skipped, Refused, Accepted };
+  /// The amount entry rule: an amount out of range is refused with a plain box unless the focus went to Cancel;
+  /// any other text becomes an amount with two decimals, read as cents where no decimal separator was typed.
+  AmountCheck CheckAmount(TextField& box, std::string_view name, AmountRange range);
+  /// The rule for an amount that adds up to a total: when it is accepted the form is recalculated.
+  virtual void CheckValues(TextField& box, std::string_view name);
+
+  /// A sum as calculated fields show it: as `Money`, with two decimals.
+  static std::string ShownTotal(double total);
+
+  // Slots of "F" records: a field's amount in cents, and a number with nothing behind it.
+  static FreeFormatSlot AmountSlot(std::string number, const TextField& field);
+  static FreeFormatSlot ZeroSlot(std::string number);
 };
 
 }  // namespace fiscalon

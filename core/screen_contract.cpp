@@ -1,7 +1,7 @@
 #include "core/screen_contract.h"
 
 #include "core/module_state.h"
-#include "core/record_composer.h"
+#include "core/values/text.h"
 
 namespace fiscalon {
 namespace {
@@ -13,17 +13,39 @@ std::string_view Middle(std::string_view text, size_t from, size_t length) {
 
 }  // namespace
 
+void Screen::Cancelled() {
+  Chosen(kFalse);
+  Hide();
+}
+
+void Screen::CancelOnClosing(int reason) {
+  constexpr int kWindow = 0;
+  constexpr int kSystemEnds = 2;
+  constexpr int kTaskManager = 3;
+  if (reason == kWindow || reason == kSystemEnds || reason == kTaskManager)
+    Cancelled();
+}
+
 std::string Screen::ShownPaidDate() const {
-  const std::string_view date = PaidDate();
+  const std::string_view date = given_.paidDate;
   std::string shown(Middle(date, 3, 2));
   shown.append("/").append(Middle(date, 1, 2)).append("/").append(Middle(date, 5, 4));
   return shown;
 }
 
-bool Screen::Refuse(Control& control, std::string_view message) {
-  ShowMessage(message, MessageStyle::Critical);
+void Screen::MoveOnWhenFull(const TextField& field, Control& next) {
+  if (static_cast<int>(Trim(field.Text()).size()) == field.MaxLength() && next.Enabled())
+    next.SetFocus();
+}
+
+bool Screen::Refuse(Control& control) {
   control.SetFocus();
   return false;
+}
+
+bool Screen::Refuse(Control& control, std::string_view message, MessageStyle style) {
+  ShowMessage(message, style);
+  return Refuse(control);
 }
 
 std::shared_ptr<PC4s> Screen::PC4Records() {
@@ -35,11 +57,11 @@ std::shared_ptr<PC4s> Screen::PC4Records() {
 
 void Screen::BeginRecords() {
   output_.reset();
-  if (writeFile_ == kTrue) {
+  if (given_.writeFile == kTrue) {
     Files& files = *TheModule().files;
-    if (files.Exists(govFilename_))
-      files.Delete(govFilename_);
-    output_ = files.Open(govFilename_, OpenMode::Output);
+    if (files.Exists(given_.govFilename))
+      files.Delete(given_.govFilename);
+    output_ = files.Open(given_.govFilename, OpenMode::Output);
     return;
   }
   if (!pc4Records_)
@@ -58,6 +80,16 @@ void Screen::EndRecords() {
   if (output_)
     output_->Close();
   output_.reset();
+}
+
+std::string Screen::GovernmentRecord(GovernmentFields fields) const {
+  fields.contactName = given_.enterName;
+  fields.contactTitle = given_.enterTitle;
+  return ComposeGovernmentFormat(given_.seqNumber, fields);
+}
+
+std::string Screen::FreeRecord(std::initializer_list<FreeFormatSlot> slots) const {
+  return ComposeFreeFormat(given_.seqNumber, slots);
 }
 
 }  // namespace fiscalon

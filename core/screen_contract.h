@@ -13,6 +13,7 @@
 #include "core/forms/text_field.h"
 #include "core/pc4_records.h"
 #include "core/platform/files.h"
+#include "core/record_composer.h"
 
 namespace fiscalon {
 
@@ -23,34 +24,34 @@ class Screen : public Form {
   using Form::Form;
 
   /// Four characters that head each record, copied as they are.
-  const std::string& SeqNumber() const { return Get(seqNumber_, "SeqNumber"); }
-  void SeqNumber(std::string_view text) { Let(seqNumber_, text, "SeqNumber"); }
+  const std::string& SeqNumber() const { return Get(given_.seqNumber, "SeqNumber"); }
+  void SeqNumber(std::string_view text) { Let(given_.seqNumber, text, "SeqNumber"); }
   /// Exactly True: records go to the file `GovFilename`. Anything else: to `PC4Records`.
-  int16_t WriteFile() const { return Get(writeFile_, "WriteFile"); }
-  void WriteFile(int16_t value) { Let(writeFile_, value, "WriteFile"); }
+  int16_t WriteFile() const { return Get(given_.writeFile, "WriteFile"); }
+  void WriteFile(int16_t value) { Let(given_.writeFile, value, "WriteFile"); }
   /// The person entering; at most 30 characters fit a record.
-  const std::string& EnterName() const { return Get(enterName_, "EnterName"); }
-  void EnterName(std::string_view text) { Let(enterName_, text, "EnterName"); }
+  const std::string& EnterName() const { return Get(given_.enterName, "EnterName"); }
+  void EnterName(std::string_view text) { Let(given_.enterName, text, "EnterName"); }
   /// That person's title; at most 20 characters fit a record.
-  const std::string& EnterTitle() const { return Get(enterTitle_, "EnterTitle"); }
-  void EnterTitle(std::string_view text) { Let(enterTitle_, text, "EnterTitle"); }
-  const std::string& GovFilename() const { return Get(govFilename_, "GovFilename"); }
-  void GovFilename(std::string_view text) { Let(govFilename_, text, "GovFilename"); }
+  const std::string& EnterTitle() const { return Get(given_.enterTitle, "EnterTitle"); }
+  void EnterTitle(std::string_view text) { Let(given_.enterTitle, text, "EnterTitle"); }
+  const std::string& GovFilename() const { return Get(given_.govFilename, "GovFilename"); }
+  void GovFilename(std::string_view text) { Let(given_.govFilename, text, "GovFilename"); }
   /// Biller name.
-  const std::string& CompName() const { return Get(compName_, "CompName"); }
-  void CompName(std::string_view text) { Let(compName_, text, "CompName"); }
+  const std::string& CompName() const { return Get(given_.compName, "CompName"); }
+  void CompName(std::string_view text) { Let(given_.compName, text, "CompName"); }
   /// Amount of the payment in dollars, "." as the point.
-  const std::string& PaidAmount() const { return Get(paidAmount_, "PaidAmount"); }
-  void PaidAmount(std::string_view text) { Let(paidAmount_, text, "PaidAmount"); }
+  const std::string& PaidAmount() const { return Get(given_.paidAmount, "PaidAmount"); }
+  void PaidAmount(std::string_view text) { Let(given_.paidAmount, text, "PaidAmount"); }
   /// Payment date, 8 digits: month, day, year.
-  const std::string& PaidDate() const { return Get(paidDate_, "PaidDate"); }
-  void PaidDate(std::string_view text) { Let(paidDate_, text, "PaidDate"); }
+  const std::string& PaidDate() const { return Get(given_.paidDate, "PaidDate"); }
+  void PaidDate(std::string_view text) { Let(given_.paidDate, text, "PaidDate"); }
   /// 1: the payment is on hold and has no fixed date.
-  uint8_t APHoldFlg() const { return Get(apHoldFlg_, "APHoldFlg"); }
-  void APHoldFlg(uint8_t value) { Let(apHoldFlg_, value, "APHoldFlg"); }
+  uint8_t APHoldFlg() const { return Get(given_.apHoldFlg, "APHoldFlg"); }
+  void APHoldFlg(uint8_t value) { Let(given_.apHoldFlg, value, "APHoldFlg"); }
   /// Biller code.
-  const std::string& CompCode() const { return Get(compCode_, "CompCode"); }
-  virtual void CompCode(std::string_view text) { Let(compCode_, text, "CompCode"); }
+  const std::string& CompCode() const { return Get(given_.compCode, "CompCode"); }
+  virtual void CompCode(std::string_view text) { Let(given_.compCode, text, "CompCode"); }
 
   /// The screen's own collection, made on first use. The next output of the screen empties it.
   std::shared_ptr<PC4s> PC4Records();
@@ -58,24 +59,53 @@ class Screen : public Form {
   int16_t Chosen() const { return Get(chosen_, "Chosen"); }
 
  protected:
+  /// What the launch has set. The form's own code reads it here: only the properties are accesses from outside.
+  struct Given {
+    std::string seqNumber = {};
+    int16_t writeFile = kFalse;
+    std::string enterName = {};
+    std::string enterTitle = {};
+    std::string govFilename = {};
+    std::string compName = {};
+    std::string paidAmount = {};
+    std::string paidDate = {};
+    uint8_t apHoldFlg = 0;
+    std::string compCode = {};
+  };
+  const Given& Payment() const { return given_; }
+
   void Chosen(int16_t value) { chosen_ = value; }
 
-  /// A property is read or written: `accessor` is "Get X" or "Let X".
-  virtual void Accessed(std::string_view /*accessor*/, std::string_view /*property*/) const {}
+  /// A property is read ("Get") or written ("Let").
+  virtual void Accessed(std::string_view /*access*/, std::string_view /*property*/) const {}
 
-  /// `PaidDate` as screens show it: characters 3-4, "/", 1-2, "/", 5-8, whatever is there of them.
+  /// The end of Cancel, and of closing by the window, the system or the task manager.
+  void Cancelled();
+  /// What most screens do when the window closes: reasons 0, 2 and 3 cancel, others do nothing.
+  void CancelOnClosing(int reason);
+
+  /// The payment's date as screens show it: characters 3-4, "/", 1-2, "/", 5-8, whatever is there of them.
   std::string ShownPaidDate() const;
 
   /// Whether the active control, inside a `LostFocus` the one that took the focus, bears that name.
   bool FocusIsOn(std::string_view name) const { return ActiveControl() != nullptr && ActiveControl()->Name() == name; }
 
-  /// The reaction to a failed test: a critical box, then the focus. Always false, the result of the test.
-  static bool Refuse(Control& control, std::string_view message);
+  /// Moves the focus on when a field holds as many characters as it takes and the next control is enabled.
+  static void MoveOnWhenFull(const TextField& field, Control& next);
+
+  // The reaction to a failed test, always false, the result of the test: the focus on the field, behind a box or not.
+  static bool Refuse(Control& control);
+  static bool Refuse(Control& control, std::string_view message, MessageStyle style = MessageStyle::Critical);
 
   // The frame of the output: to the file, whose earlier content goes, or to the emptied collection.
   void BeginRecords();
   void SendRecord(const std::string& record);
   void EndRecords();
+
+  /// The "T" record with the payment's sequence and contact; fields left out are blank.
+  std::string GovernmentRecord(GovernmentFields fields = {}) const;
+  /// An "F" record with the payment's sequence.
+  std::string FreeRecord(std::initializer_list<FreeFormatSlot> slots) const;
 
   /// A file that a failed output left open is the form's until it next writes or unloads.
   void Unloaded() override { output_.reset(); }
@@ -92,16 +122,7 @@ class Screen : public Form {
     field = value;
   }
 
-  std::string seqNumber_;
-  int16_t writeFile_ = kFalse;
-  std::string enterName_;
-  std::string enterTitle_;
-  std::string govFilename_;
-  std::string compName_;
-  std::string paidAmount_;
-  std::string paidDate_;
-  uint8_t apHoldFlg_ = 0;
-  std::string compCode_;
+  Given given_;
   std::shared_ptr<PC4s> pc4Records_;
   int16_t chosen_ = kFalse;
   std::unique_ptr<OutputFile> output_;

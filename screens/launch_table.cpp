@@ -3,7 +3,9 @@
 #include "core/launch.h"
 #include "core/screen_contract.h"
 #include "core/session.h"
+#include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/quebec/source_deductions.h"
 
 namespace fiscalon {
 namespace {
@@ -17,11 +19,14 @@ constexpr std::array kCompCode = {
     OwnProperty{ContractProperty::APHoldFlg,
                 [](const Levyra& from, std::string_view, Screen& to) { to.CompCode(from.CompCode()); }}};
 
+void SetUpSourceDeduct(Screen& screen) { static_cast<frmQue_Rev_SourceDeduct&>(screen).SetupForm(); }
+
 // clang-format off
 constexpr std::array kLaunchTable = {
     LaunchRow{"01", "ShowAssessmentForm",          "Assessment",               "Workers' compensation: period, classifications and assessments"},
     LaunchRow{"02", "ShowCorpIncomeForm",          "GOVCORPINCOME",            "Corporate income tax: amounts owing or an instalment (RC98, RC99, RC100)"},
-    LaunchRow{"03", "ShowSourceDeductionForm",     "GOVSOURCEDEDUCTION",       "Federal source deductions: gross payroll, employees, end of period"},
+    LaunchRow{"03", "ShowSourceDeductionForm",     "GOVSOURCEDEDUCTION",       "Federal source deductions: gross payroll, employees, end of period",
+              {}, Make<GOVSOURCEDEDUCTION>, nullptr, GOVSOURCEDEDUCTION::kFieldNames},
     LaunchRow{"04", "ShowIndividualForm",          "GOVINDIDUAL",              "Individual income tax: year of the instalment"},
     LaunchRow{"05", "ShowGST34Form",               "GOVGST34",                 "GST/HST return of a registrant (GST34)"},
     LaunchRow{"06", "ShowGST58Form",               "GOVGST58",                 "GST remittance by category (GST58)"},
@@ -36,7 +41,8 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"17", "ShowInstalmentForm",          "frmInstalments",           "Any biller: an instalment for a period", kCompCode},
     LaunchRow{"18", "ShowQue_Rev_QSTGSTReturnForm","frmQue_Rev_QSTGSTComb",    "Revenue Quebec: combined GST/HST and QST return", kCompCode},
     LaunchRow{"19", "ShowQue_Rev_QSTGSTInstForm",  "frmQue_Rev_QSTGSTInst",    "Revenue Quebec: GST/HST and QST instalment", kCompCode},
-    LaunchRow{"20", "ShowQue_Rev_SourceDeductForm","frmQue_Rev_SourceDeduct",  "Revenue Quebec: source deductions by kind", kCompCode},
+    LaunchRow{"20", "ShowQue_Rev_SourceDeductForm","frmQue_Rev_SourceDeduct",  "Revenue Quebec: source deductions by kind",
+              kCompCode, Make<frmQue_Rev_SourceDeduct>, SetUpSourceDeduct, frmQue_Rev_SourceDeduct::kFieldNames},
     LaunchRow{"25", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: CSST payment", kCompCode},
     LaunchRow{"26", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: CSST payment", kCompCode},
     LaunchRow{"27", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: CSST payment", kCompCode},

@@ -2,24 +2,20 @@
 
 #include <string>
 
-#include "core/record_composer.h"
 #include "core/resume_next.h"
 #include "core/user_locale.h"
-#include "core/value_routines.h"
 #include "core/values/calendar.h"
-#include "core/values/leading_number.h"
 #include "core/values/text.h"
 
 namespace fiscalon {
 
 void frmDueDateAmount::SetupForm() {
   ShowPayment(lblPayDate, lblAmountPaid);
-  Caption(CompName());
+  Caption(Payment().compName);
 }
 
 void frmDueDateAmount::txtRemittancePeriod_Change() {
-  ResumeNext::Run([&] { txtRemittancePeriod.Text(DigitsOnly(txtRemittancePeriod.Text())); });
-  ResumeNext::Run([&] { MoveOnWhenFull(txtRemittancePeriod, txtAmountPayable); });
+  ResumeNext::Run([&] { DigitsChange(txtRemittancePeriod, txtAmountPayable); });
 }
 
 void frmDueDateAmount::txtRemittancePeriod_LostFocus() {
@@ -31,8 +27,7 @@ void frmDueDateAmount::txtRemittancePeriod_LostFocus() {
 }
 
 void frmDueDateAmount::txtAmountPayable_Change() {
-  txtAmountPayable.Text(KeepNumericChars(txtAmountPayable.Text()));
-  MoveOnWhenFull(txtAmountPayable, cmdOK);
+  AmountChange(txtAmountPayable, cmdOK);
 }
 
 bool frmDueDateAmount::IsValidTaxationYear(std::string_view text) {
@@ -50,29 +45,13 @@ bool frmDueDateAmount::IsValidTaxationYear(std::string_view text) {
   return valid;
 }
 
-bool frmDueDateAmount::CheckValues(TextField& control, std::string_view label) {
-  // This compares what the active control holds, not its name, so it is practically never met.
-  if (ActiveControl() != nullptr && ActiveControl()->DefaultValue() == "cmdCancel")
-    return true;
-  const double amount = LeadingNumber(control.Text());
-  if (amount <= 0 && !FocusIsOn("cmdCancel")) {
-    ShowMessage(std::string(label) + " cannot be zero or negative.", MessageStyle::Plain);
-    control.SetFocus();
-    return false;
-  }
-  control.Text(AmountAsShown(control.Text()));
-  return true;
-}
-
 bool frmDueDateAmount::ValidateForm() {
-  if (ResumeNext::Holds([&] { return !IsValidTaxationYear(txtRemittancePeriod.Text()); })) {
-    txtRemittancePeriod.SetFocus();
-    return false;
-  }
-  if (ResumeNext::Holds([&] { return !CheckValues(txtAmountPayable, "Amount payable"); })) {
-    txtAmountPayable.SetFocus();
-    return false;
-  }
+  if (ResumeNext::Holds([&] { return !IsValidTaxationYear(txtRemittancePeriod.Text()); }))
+    return Refuse(txtRemittancePeriod);
+  if (ResumeNext::Holds([&] {
+        return CheckAmount(txtAmountPayable, "Amount payable", AmountRange::Positive) == AmountCheck::Refused;
+      }))
+    return Refuse(txtAmountPayable);
   if (ResumeNext::Holds([&] { return ToMoney(txtAmountPayable.Text()) != ToMoney(lblAmountPaid.Caption()); }))
     return Refuse(txtAmountPayable, "The Amount Payable must match the Amount to be paid.");
   return true;
@@ -80,13 +59,8 @@ bool frmDueDateAmount::ValidateForm() {
 
 void frmDueDateAmount::DoWrite() {
   BeginRecords();
-  SendRecord(ComposeGovernmentFormat(
-      SeqNumber(),
-      {.periodDueDate = txtRemittancePeriod.Text(), .contactName = EnterName(), .contactTitle = EnterTitle()}));
-  SendRecord(ComposeFreeFormat(SeqNumber(), {{"01", AmountToField(Cents(txtAmountPayable.Text()))},
-                                             {"02", std::string(kZeroValue)},
-                                             {"03", std::string(kZeroValue)},
-                                             {"04", std::string(kZeroValue)}}));
+  SendRecord(GovernmentRecord({.periodDueDate = txtRemittancePeriod.Text()}));
+  SendRecord(FreeRecord({AmountSlot("01", txtAmountPayable), ZeroSlot("02"), ZeroSlot("03"), ZeroSlot("04")}));
   EndRecords();
 }
 

@@ -50,9 +50,6 @@ class frmDueDateAmount final : public NewerScreen {
   bool ValidateForm() override;
   /// Whether the text is a month from 1990 to the one before this month of next year. Shows its own message.
   static bool IsValidTaxationYear(std::string_view text);
-  /// Refuses an amount that is zero or negative with its own message; otherwise shows it with two decimals.
-  bool CheckValues(TextField& control, std::string_view label);
-
   void DoWrite() override;
 
   const Layout layout_ = {

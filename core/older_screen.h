@@ -1,0 +1,70 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/screen_contract.h"
+#include "core/values/money.h"
+
+namespace fiscalon {
+
+/// The frame of the older screens: payee, amount and date above the entries, key filters, fields that check
+/// themselves on Enter, and OK, Cancel and Help buttons. Their handlers go on with the next statement after a
+/// run-time failure, as their helpers here do where they say so.
+class OlderScreen : public Screen {
+ public:
+  using Screen::Screen;
+
+ protected:
+  /// The buttons whose press leaves a field without its check.
+  virtual const Button& CancelButton() const = 0;
+  virtual const Button& HelpButton() const = 0;
+  bool FocusIsOnCancelOrHelp() const { return FocusIsOn(CancelButton().Name()) || FocusIsOn(HelpButton().Name()); }
+
+  // The steps of loading. The date and its caption are hidden while the payment is on hold. The help file lies three
+  // folders above the record file.
+  void ShowPayee(TextField& payeeName) const { payeeName.Text(Payment().compName); }
+  void ShowDate(Label& caption, Label& payDate) const;
+  void FindHelpFolder();
+  /// The amount paid, read by `LeadingNumber`, as older screens show it: with two decimals.
+  std::string ShownPaidAmount() const;
+
+  void Cancel_Click() { Cancelled(); }
+  void Help_Click();
+  void Form_QueryUnload(bool& /*cancel*/, int reason) override { CancelOnClosing(reason); }
+
+  /// Writes the records, sets `Chosen` and hides the form. With resume-next a failed output still accepts.
+  enum class OutputFailure { Leaves, IsSkipped };
+  void Accept(OutputFailure failure);
+  virtual void WriteRecords() = 0;
+
+  // Keys that pass beside digits, Backspace and Enter.
+  static constexpr std::string_view kDateKeys = "";
+  static constexpr std::string_view kAmountKeys = ".,";
+  /// Swallows a key that is none of the field's and gives the field the focus again.
+  static void FilterKey(TextField& field, int& character, std::string_view alsoAccepted);
+
+  /// Replaces a field's text by its trimmed text and returns it.
+  static const std::string& TrimText(TextField& field);
+
+  // Numbers at the start of a text, by `LeadingNumber`, with resume-next: 0 where the number is beyond its type, since
+  // the statement that would keep it is skipped.
+  static double NumberIn(std::string_view text);
+  static Money AmountIn(std::string_view text);
+
+  /// A date field is left: unless it is empty or Cancel or Help took the focus, it must hold a date near today. With
+  /// resume-next.
+  void CheckDateOnLeaving(TextField& field);
+  /// Whether a field holds a date near today; a text with other characters than digits is none. With resume-next.
+  static bool HoldsDate(const TextField& field);
+  /// Shows a checked date as eight digits.
+  static void ShowDateDigits(TextField& field);
+  /// Whether the user refuses a date of another year, in the Date Warning named after the field's label, which ends
+  /// in a colon.
+  static bool YearIsRefused(const TextField& field, const Label& label);
+
+ private:
+  std::string helpFolder_;
+};
+
+}  // namespace fiscalon

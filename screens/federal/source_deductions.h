@@ -1,0 +1,99 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "core/launch.h"
+#include "core/older_screen.h"
+
+namespace fiscalon {
+
+/// Collects a payroll source-deduction remittance to the Canada Revenue Agency: gross payroll, employees and the end of
+/// the remitting period.
+class GOVSOURCEDEDUCTION final : public OlderScreen {
+  using Self = GOVSOURCEDEDUCTION;
+
+ public:
+  GOVSOURCEDEDUCTION() : OlderScreen("GOVSOURCEDEDUCTION", "Additional Information") {}
+
+  // clang-format off
+  Label     Label1            {*this, "Label1",            {.caption = "Payment to:"}};
+  TextField PayeeName         {*this, "PayeeName",         {.tabIndex = 19, .tabStop = false, .locked = true}};
+  Label     lblCPayDate       {*this, "lblCPayDate",       {.caption = "Payment will be made on:"}};
+  Label     PayDate           {*this, "PayDate",           {}};
+  Label     Label3            {*this, "Label3",            {.caption = "Amount to be paid:"}};
+  Label     AmountPaid        {*this, "AmountPaid",        {}};
+  Frame     Frame3D1          {*this, "Frame3D1",          {}};
+  Label     Label5            {*this, "Label5",            {.caption = "Additional Information", .frame = &Frame3D1}};
+  Label     Label8            {*this, "Label8",            {.caption = "Gross Payroll in Remitting Period (dollars only):"}};
+  TextField GrossPayroll      {*this, "GrossPayroll",      {.tabIndex = 1, .maxLength = 12},
+                               {.keyPress  = On(&Self::GrossPayroll_KeyPress),
+                                .lostFocus = On(&Self::GrossPayroll_LostFocus)}};
+  Label     Label9            {*this, "Label9",            {.caption = "Number of Employees in Last Pay Period:"}};
+  TextField NumberOfEmployees {*this, "NumberOfEmployees", {.tabIndex = 2, .maxLength = 6},
+                               {.keyPress  = On(&Self::NumberOfEmployees_KeyPress)}};
+  Label     Label7            {*this, "Label7",            {.caption = "End of Remitting Period:"}};
+  TextField EndDate           {*this, "EndDate",           {.tabIndex = 3, .maxLength = 8},
+                               {.change    = On(&Self::EndDate_Change),
+                                .keyPress  = On(&Self::EndDate_KeyPress),
+                                .lostFocus = On(&Self::EndDate_LostFocus)}};
+  Label     Label10           {*this, "Label10",           {.caption = "YYYYMMDD"}};
+  Label     Label6            {*this, "Label6",            {.caption = "Amount Paid:"}};
+  TextField PaymentAmount     {*this, "PaymentAmount",     {.tabIndex = 4, .maxLength = 12},
+                               {.keyPress  = On(&Self::PaymentAmount_KeyPress)}};
+  Button    Command3D6        {*this, "Command3D6",        {.caption = "&OK"},     {.click = On(&Self::Command3D6_Click)}};
+  Button    Command3D5        {*this, "Command3D5",        {.caption = "&Cancel"}, {.mouseDown = On(&Self::LeaveWithoutCheck),
+                                                                                    .click = On(&Self::Cancel_Click)}};
+  Button    Command3D4        {*this, "Command3D4",        {.caption = "&Help"},   {.mouseDown = On(&Self::LeaveWithoutCheck),
+                                                                                    .click = On(&Self::Help_Click)}};
+  // clang-format on
+
+  const Layout& FormLayout() const override { return layout_; }
+
+  static constexpr std::array kFieldNames = {
+      FieldName{"01", "Amount of Payment"}, FieldName{"02", "End of Remitting Period"},
+      FieldName{"03", "Gross Payroll in Remitting Period"}, FieldName{"04", "Number of Employees"}};
+
+ private:
+  const Button& CancelButton() const override { return Command3D5; }
+  const Button& HelpButton() const override { return Command3D4; }
+
+  void Form_Load() override;
+  void Form_Activate() override;
+  void GrossPayroll_KeyPress(int& character);
+  void GrossPayroll_LostFocus();
+  void NumberOfEmployees_KeyPress(int& character);
+  void EndDate_Change();
+  void EndDate_KeyPress(int& character);
+  void EndDate_LostFocus();
+  void PaymentAmount_KeyPress(int& character);
+  /// A mouse press on Cancel or Help: gross payroll's next check on leaving is skipped, whenever that is.
+  void LeaveWithoutCheck() { skipGrossCheck_ = true; }
+  void Command3D6_Click();
+
+  // The OK path, in the order of its tests.
+  bool PaymentAmountPasses();
+  bool EndDatePasses();
+  bool GrossPayrollPasses();
+  bool NumberOfEmployeesPasses();
+
+  void WriteRecords() override;
+
+  /// The amount to be paid as tests read it: off the screen.
+  double AmountToBePaid() const { return NumberIn(AmountPaid.Caption()); }
+  /// Reads an amount as typed, cents where it has no decimal separator, and shows it with two decimals.
+  static void ApplyDecimalRule(TextField& field, Money amount);
+
+  bool skipGrossCheck_ = false;
+
+  const Layout layout_ = {
+      .groups = {{.rows = {{{{&Label1, &PayeeName}}}, {{{&lblCPayDate, &PayDate}}}, {{{&Label3, &AmountPaid}}}}},
+                 {.heading = &Label5,
+                  .rows = {{{{&Label8, &GrossPayroll}}},
+                           {{{&Label9, &NumberOfEmployees}}},
+                           {{{&Label7, &EndDate, &Label10}}},
+                           {{{&Label6, &PaymentAmount}}}}}},
+      .buttons = {&Command3D6, &Command3D5, &Command3D4}};
+};
+
+}  // namespace fiscalon

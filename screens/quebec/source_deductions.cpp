@@ -1,0 +1,173 @@
+#include "screens/quebec/source_deductions.h"
+
+#include <string>
+
+#include "core/logging.h"
+#include "core/module_state.h"
+#include "core/remittance_period.h"
+#include "core/resume_next.h"
+#include "core/user_locale.h"
+
+namespace fiscalon {
+namespace {
+
+/// In the order of their numbers, 1 to 6.
+constexpr std::array<std::string_view, 6> kRemittanceTypes = {
+    "Weekly (1st remittance)", "Weekly (2nd remittance)",        "Weekly (3rd remittance)",
+    "Weekly (4th remittance)", "Twice Monthly (1st remittance)", "Twice Monthly (2nd remittance)"};
+
+}  // namespace
+
+void frmQue_Rev_SourceDeduct::Accessed(std::string_view access, std::string_view property) const {
+  WritePlayByPlay(Name() + " - " + std::string(access) + " " + std::string(property));
+}
+
+void frmQue_Rev_SourceDeduct::Entered(std::string_view routine) const {
+  WritePlayByPlay(Name() + " - " + std::string(routine));
+}
+
+template <class Routine>
+void frmQue_Rev_SourceDeduct::Reported(std::string_view procedure, Routine&& routine) {
+  try {
+    routine();
+  } catch (const RuntimeError& error) {
+    ShowError(error.Number(), error.Description(), Name() + "." + std::string(procedure), Silent::No);
+  }
+}
+
+void frmQue_Rev_SourceDeduct::Form_Load() {
+  Entered("Form_Load");
+  SetupForm();
+}
+
+void frmQue_Rev_SourceDeduct::SetupForm() {
+  Entered("SetupForm");
+  ShowPayment(lblPayDate, lblAmountPaid);
+  cmbRemittanceType.Clear();
+  for (const std::string_view type : kRemittanceTypes) cmbRemittanceType.AddItem(type);
+  lblRemittanceType.Visible(AsksForType());
+  cmbRemittanceType.Visible(AsksForType());
+}
+
+void frmQue_Rev_SourceDeduct::Form_QueryUnload(bool& /*cancel*/, int reason) {
+  Entered("Form_QueryUnload");
+  CancelOnClosing(reason);
+}
+
+void frmQue_Rev_SourceDeduct::txtRemittancePeriod_Change() {
+  Entered("txtRemittancePeriod_Change");
+  ResumeNext::Run([&] { DigitsChange(txtRemittancePeriod, txtIncomeTaxWithheld); });
+}
+
+void frmQue_Rev_SourceDeduct::txtRemittancePeriod_LostFocus() {
+  Entered("txtRemittancePeriod_LostFocus");
+  if (FocusIsOn("cmdCancel"))
+    return;
+  const bool failed = ResumeNext::Holds([&] {
+    std::string message;
+    return !IsValidRemittancePeriodQueRevSrcDeduct(txtRemittancePeriod.Text(), Payment().compCode, Batch::No, message);
+  });
+  if (failed)
+    ResumeNext::Run([&] { txtRemittancePeriod.SetFocus(); });
+}
+
+void frmQue_Rev_SourceDeduct::txtIncomeTaxWithheld_Change() {
+  Entered("txtIncomeTaxWithheld_Change");
+  AmountChange(txtIncomeTaxWithheld, txtQPP);
+}
+
+void frmQue_Rev_SourceDeduct::txtIncomeTaxWithheld_LostFocus() {
+  Entered("txtIncomeTaxWithheld_LostFocus");
+  // The user can step back to the period without any complaint.
+  if (!FocusIsOn("txtRemittancePeriod"))
+    CheckValues(txtIncomeTaxWithheld, "Income tax withheld and compensation tax");
+}
+
+void frmQue_Rev_SourceDeduct::txtQPP_Change() {
+  Entered("txtQPP_Change");
+  AmountChange(txtQPP, txtHealthFund);
+}
+
+void frmQue_Rev_SourceDeduct::txtQPP_LostFocus() {
+  Entered("txtQPP_LostFocus");
+  CheckValues(txtQPP, "QPP contributions");
+}
+
+void frmQue_Rev_SourceDeduct::txtHealthFund_Change() {
+  Entered("txtHealthFund_Change");
+  AmountChange(txtHealthFund, txtQPIP);
+}
+
+void frmQue_Rev_SourceDeduct::txtHealthFund_LostFocus() {
+  Entered("txtHealthFund_LostFocus");
+  CheckValues(txtHealthFund, "Contribution to the health services fund");
+}
+
+void frmQue_Rev_SourceDeduct::txtQPIP_Change() {
+  Entered("txtQPIP_Change");
+  const bool csstTakesEntries = txtCSST.Enabled() && !txtCSST.Locked();
+  AmountChange(txtQPIP, csstTakesEntries ? static_cast<Control&>(txtCSST) : cmdOK);
+}
+
+void frmQue_Rev_SourceDeduct::txtQPIP_LostFocus() {
+  Entered("txtQPIP_LostFocus");
+  CheckValues(txtQPIP, "QPIP premiums");
+}
+
+void frmQue_Rev_SourceDeduct::txtCSST_Change() {
+  Entered("txtCSST_Change");
+  AmountChange(txtCSST, cmbRemittanceType.Visible() ? static_cast<Control&>(cmbRemittanceType) : cmdOK);
+}
+
+void frmQue_Rev_SourceDeduct::txtCSST_LostFocus() {
+  Entered("txtCSST_LostFocus");
+  CheckValues(txtCSST, "CSST payments");
+}
+
+void frmQue_Rev_SourceDeduct::cmbRemittanceType_Click() {
+  Entered("cmbRemittanceType_Click");
+  if (cmdOK.Enabled())
+    cmdOK.SetFocus();
+}
+
+void frmQue_Rev_SourceDeduct::CheckValues(TextField& box, std::string_view name) {
+  Entered("CheckValues");
+  Reported("CheckValues", [&] { NewerScreen::CheckValues(box, name); });
+}
+
+void frmQue_Rev_SourceDeduct::RecalcForm() {
+  std::string total = txtAmountPayable.Text();
+  RecalcFormQueRevSrcDeduct(total, txtIncomeTaxWithheld.Text(), txtQPP.Text(), txtHealthFund.Text(), txtQPIP.Text(),
+                            txtCSST.Text());
+  txtAmountPayable.Text(total);
+}
+
+bool frmQue_Rev_SourceDeduct::ValidateForm() {
+  Entered("ValidateForm");
+  if (AsksForType() && cmbRemittanceType.Text().empty())
+    return Refuse(cmbRemittanceType, "Please select a Remittance Type.", MessageStyle::Information);
+  ResumeNext::Run([&] { RecalcForm(); });
+  if (ResumeNext::Holds([&] { return ToMoney(txtAmountPayable.Text()) != ToMoney(lblAmountPaid.Caption()); }))
+    return Refuse(txtIncomeTaxWithheld, "The Amount Payable must match the Amount to be paid.");
+  return true;
+}
+
+void frmQue_Rev_SourceDeduct::DoWrite() {
+  Entered("DoWrite");
+  Reported("DoWrite", [&] {
+    BeginRecords();
+    SendRecord(GovernmentRecord({.periodDueDate = txtRemittancePeriod.Text()}));
+    SendRecord(FreeRecord({AmountSlot("01", txtIncomeTaxWithheld), AmountSlot("02", txtQPP),
+                           AmountSlot("03", txtHealthFund), AmountSlot("04", txtQPIP)}));
+    SendRecord(FreeRecord({{"05", TypeValue()}, AmountSlot("06", txtCSST), ZeroSlot("07"), ZeroSlot("08")}));
+    EndRecords();
+  });
+}
+
+std::string frmQue_Rev_SourceDeduct::TypeValue() const {
+  if (Payment().compCode == "001051")
+    return std::string(kZeroValue);
+  return Format(static_cast<double>(cmbRemittanceType.ListIndex() + 1), kZeroValue);
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "core/launch.h"
+#include "core/newer_screen.h"
+
+namespace fiscalon {
+
+/// Collects a source-deductions remittance to Revenue Quebec: the period and five amounts that add up to the payment,
+/// and for one biller the kind of remittance. The only screen that writes the play-by-play log.
+class frmQue_Rev_SourceDeduct final : public NewerScreen {
+  using Self = frmQue_Rev_SourceDeduct;
+
+ public:
+  frmQue_Rev_SourceDeduct() : NewerScreen("frmQue_Rev_SourceDeduct", "Revenue Quebec Source Deductions") {}
+
+  // clang-format off
+  Label        lblCPayDate          {*this, "lblCPayDate",          {.caption = "Payment Date:"}};
+  Label        lblPayDate           {*this, "lblPayDate",           {}};
+  Label        lblCAmountPaid       {*this, "lblCAmountPaid",       {.caption = "Amount to be paid:"}};
+  Label        lblAmountPaid        {*this, "lblAmountPaid",        {}};
+  Label        lblRemittancePeriod  {*this, "lblRemittancePeriod",  {.caption = "Remittance Period:"}};
+  TextField    txtRemittancePeriod  {*this, "txtRemittancePeriod",  {.tabIndex = 0, .maxLength = 6},
+                                     {.change    = On(&Self::txtRemittancePeriod_Change),
+                                      .lostFocus = On(&Self::txtRemittancePeriod_LostFocus)}};
+  Label        lblPeriodFormat      {*this, "lblPeriodFormat",      {.caption = "YYYYMM"}};
+  Label        lblIncomeTaxWithheld {*this, "lblIncomeTaxWithheld", {.caption = "Income tax withheld and compensation tax (if applicable):"}};
+  TextField    txtIncomeTaxWithheld {*this, "txtIncomeTaxWithheld", {.tabIndex = 1, .maxLength = 12, .alignment = Alignment::Right},
+                                     {.change    = On(&Self::txtIncomeTaxWithheld_Change),
+                                      .lostFocus = On(&Self::txtIncomeTaxWithheld_LostFocus)}};
+  Label        lblQPP               {*this, "lblQPP",               {.caption = "QPP contributions:"}};
+  TextField    txtQPP               {*this, "txtQPP",               {.tabIndex = 2, .maxLength = 12, .alignment = Alignment::Right},
+                                     {.change    = On(&Self::txtQPP_Change),
+                                      .lostFocus = On(&Self::txtQPP_LostFocus)}};
+  Label        lblHealthFund        {*this, "lblHealthFund",        {.caption = "Contribution to the health services fund:"}};
+  TextField    txtHealthFund        {*this, "txtHealthFund",        {.tabIndex = 3, .maxLength = 12, .alignment = Alignment::Right},
+                                     {.change    = On(&Self::txtHealthFund_Change),
+                                      .lostFocus = On(&Self::txtHealthFund_LostFocus)}};
+  Label        lblQPIP              {*this, "lblQPIP",              {.caption = "QPIP premiums:"}};
+  TextField    txtQPIP              {*this, "txtQPIP",              {.tabIndex = 4, .maxLength = 12, .alignment = Alignment::Right},
+                                     {.change    = On(&Self::txtQPIP_Change),
+                                      .lostFocus = On(&Self::txtQPIP_LostFocus)}};
+  Label        lblCSST              {*this, "lblCSST",              {.caption = "CSST payments:"}};
+  TextField    txtCSST              {*this, "txtCSST",              {.tabIndex = 5, .maxLength = 12, .alignment = Alignment::Right},
+                                     {.change    = On(&Self::txtCSST_Change),
+                                      .lostFocus = On(&Self::txtCSST_LostFocus)}};
+  Label        lblRemittanceType    {*this, "lblRemittanceType",    {.caption = "Remittance Type:"}};
+  DropDownList cmbRemittanceType    {*this, "cmbRemittanceType",    {.tabIndex = 6},
+                                     {.click     = On(&Self::cmbRemittanceType_Click)}};
+  Label        lblAmountPayable     {*this, "lblAmountPayable",     {.caption = "Amount payable:", .bold = true}};
+  TextField    txtAmountPayable     {*this, "txtAmountPayable",     {.tabIndex = 14, .maxLength = 12, .alignment = Alignment::Right,
+                                                                     .tabStop = false, .locked = true}};
+  Button       cmdOK                {*this, "cmdOK",                {.caption = "&OK", .tabIndex = 7},
+                                     {.click     = On(&Self::cmdOK_Click)}};
+  Button       cmdCancel            {*this, "cmdCancel",            {.caption = "Cancel", .tabIndex = 8, .cancel = true},
+                                     {.click     = On(&Self::cmdCancel_Click)}};
+  // clang-format on
+
+  const Layout& FormLayout() const override { return layout_; }
+
+  /// Runs when the form loads and again from the launch, after the last property is set.
+  void SetupForm();
+
+  static constexpr std::array kFieldNames = {FieldName{"01", "Income tax withheld and compensation tax"},
+                                             FieldName{"02", "QPP contributions"},
+                                             FieldName{"03", "Contribution to the health services fund"},
+                                             FieldName{"04", "QPIP premiums"},
+                                             FieldName{"05", "Remittance Type"},
+                                             FieldName{"06", "CSST payments"}};
+
+ private:
+  void Accessed(std::string_view access, std::string_view property) const override;
+  void Entered(std::string_view routine) const override;
+
+  void Form_Load() override;
+  void Form_QueryUnload(bool& cancel, int reason) override;
+  void txtRemittancePeriod_Change();
+  void txtRemittancePeriod_LostFocus();
+  void txtIncomeTaxWithheld_Change();
+  void txtIncomeTaxWithheld_LostFocus();
+  void txtQPP_Change();
+  void txtQPP_LostFocus();
+  void txtHealthFund_Change();
+  void txtHealthFund_LostFocus();
+  void txtQPIP_Change();
+  void txtQPIP_LostFocus();
+  void txtCSST_Change();
+  void txtCSST_LostFocus();
+  void cmbRemittanceType_Click();
+
+  void CheckValues(TextField& box, std::string_view name) override;
+  void RecalcForm() override;
+  bool ValidateForm() override;
+  void DoWrite() override;
+
+  /// Runs a routine that reports its run-time errors to the user and the error log, and then goes on.
+  template <class Routine>
+  void Reported(std::string_view procedure, Routine&& routine);
+  /// Only one of the billers asks for the kind of remittance.
+  bool AsksForType() const { return Payment().compCode == "001052"; }
+  std::string TypeValue() const;
+
+  const Layout layout_ = {.groups = {{.rows = {{{{&lblCPayDate, &lblPayDate}}}, {{{&lblCAmountPaid, &lblAmountPaid}}}}},
+                                     {.rows = {{{{&lblRemittancePeriod, &txtRemittancePeriod, &lblPeriodFormat}}},
+                                               {{{&lblIncomeTaxWithheld, &txtIncomeTaxWithheld}}},
+                                               {{{&lblQPP, &txtQPP}}},
+                                               {{{&lblHealthFund, &txtHealthFund}}},
+                                               {{{&lblQPIP, &txtQPIP}}},
+                                               {{{&lblCSST, &txtCSST}}},
+                                               {{{&lblRemittanceType, &cmbRemittanceType}}},
+                                               {{{&lblAmountPayable, &txtAmountPayable}}}}}},
+                          .buttons = {&cmdOK, &cmdCancel}};
+};
+
+}  // namespace fiscalon
