@@ -21,8 +21,26 @@ constexpr RecordKind KindOf(std::string_view record) {
 }
 
 /// The fields as views into the record.
-GovernmentFieldViews CutGovernmentFormat(std::string_view record);
-std::array<FreeFormatSlotView, kSlotsPerRecord> CutFreeFormat(std::string_view record);
+constexpr GovernmentFieldViews CutGovernmentFormat(std::string_view record) {
+  return {.periodStartDate = TextIn(record, FieldNamed(kGovernmentLayout, "PeriodStartDate")),
+          .periodEndDate = TextIn(record, FieldNamed(kGovernmentLayout, "PeriodEndDate")),
+          .periodDueDate = TextIn(record, FieldNamed(kGovernmentLayout, "PeriodDueDate")),
+          .filler1 = TextIn(record, FieldNamed(kGovernmentLayout, "Filler1")),
+          .contactName = TextIn(record, FieldNamed(kGovernmentLayout, "ContactName")),
+          .contactTitle = TextIn(record, FieldNamed(kGovernmentLayout, "ContactTitle")),
+          .filler2 = TextIn(record, FieldNamed(kGovernmentLayout, "Filler2"))};
+}
+
+/// The slot of that number, from 0, as views into the record.
+template <size_t kSlot>
+constexpr FreeFormatSlotView CutSlot(std::string_view record) {
+  return {TextIn(record, FieldNamed(kFreeFormatLayout, "FieldNum", kSlot)),
+          TextIn(record, FieldNamed(kFreeFormatLayout, "FieldValue", kSlot))};
+}
+
+constexpr std::array<FreeFormatSlotView, kSlotsPerRecord> CutFreeFormat(std::string_view record) {
+  return {CutSlot<0>(record), CutSlot<1>(record), CutSlot<2>(record), CutSlot<3>(record)};
+}
 
 /// Cuts every "T" and "F" record and appends its fields: one member for a "T", four for an "F", blank slots
 /// too. Other kinds are skipped.

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string_view>
+
+#include "core/platform/date.h"
+
+namespace fiscalon {
+
+/// What a judgement writes to the two logs on its way.
+enum class Logging {
+  None,     ///< nothing: a batch of a million payments keeps a report instead
+  Errors,   ///< run-time errors of the rules, in the error log
+  Entries,  ///< and the entry of each routine, in the play-by-play log
+};
+
+/// A day, and the dates that payments judged on it may hold.
+struct JudgingDay {
+  Date today = {};
+
+  // Remitting periods that end in these years may be right.
+  int firstYear = 0;
+  int lastYear = 0;
+  // Remittance periods of Revenue Quebec, as months counted from year 0, that may be right.
+  int firstMonth = 0;
+  int lastMonth = 0;
+};
+
+JudgingDay JudgingDayOf(const Date& today);
+
+/// What a payment's records are held against.
+struct Expectation {
+  /// The amount to be paid, in dollars, as `LeadingNumber` reads `PaymentAmount`.
+  double paymentAmount = 0;
+  std::string_view billerCode = {};
+  JudgingDay day = {};
+  Logging logging = Logging::None;
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "validation/expectation.h"
+
+/// The tests that a field's value must pass, each with the predicate of its message. A value is given with
+/// its blanks. A test allocates nothing while the value is good, and raises the run-time errors of the
+/// conversions that it makes.
+namespace fiscalon {
+
+bool IsFilled(std::string_view value, const Expectation&);
+bool HasFullLength(std::string_view value, const Expectation&);
+bool IsNumber(std::string_view value, const Expectation&);
+bool IsNotNegative(std::string_view value, const Expectation&);
+bool HoldsDigits(std::string_view value, const Expectation&);
+bool EqualsPayment(std::string_view value, const Expectation& expected);
+bool IsDateInRange(std::string_view value, const Expectation& expected);
+/// Error 6 for cents above 2,147,483,647.
+bool IsWholeDollars(std::string_view value, const Expectation&);
+bool IsAtLeastOne(std::string_view value, const Expectation&);
+bool IsRemittanceType(std::string_view value, const Expectation&);
+bool IsBlankOrZero(std::string_view value, const Expectation&);
+
+struct FieldTest {
+  bool (*passes)(std::string_view value, const Expectation& expected) = nullptr;
+  /// What is wrong, behind the field's label.
+  std::string_view predicate = {};
+};
+
+inline constexpr FieldTest kFilled{IsFilled, " cannot be blank"};
+inline constexpr FieldTest kFullLength{HasFullLength, " is invalid"};
+inline constexpr FieldTest kNumber{IsNumber, " is invalid"};
+inline constexpr FieldTest kNotNegative{IsNotNegative, " cannot be less than 0"};
+inline constexpr FieldTest kDigits{HoldsDigits, " is invalid"};
+inline constexpr FieldTest kPayment{EqualsPayment, " is not equal to amount to be paid"};
+inline constexpr FieldTest kDate{IsDateInRange, " is invalid"};
+inline constexpr FieldTest kWholeDollars{IsWholeDollars, " cannot have decimal value or invalid"};
+inline constexpr FieldTest kAtLeastOne{IsAtLeastOne, " is invalid"};
+inline constexpr FieldTest kRemittanceType{IsRemittanceType, " is invalid"};
+/// For a number that the screen does not use: its label ends with a blank.
+inline constexpr FieldTest kUnused{IsBlankOrZero, "is not required"};
+
+// Short cuts: each is true only for values that pass all tests of their row, and tells so at a glance. What
+// they do not recognise goes through the tests one by one.
+
+/// A slot's value, and the number that it writes down where it is 18 digits, else `kNoDigits`.
+struct SlotValue {
+  std::string_view text = {};
+  uint64_t digits = 0;
+};
+
+bool IsPlainPayment(const SlotValue& value, const Expectation& expected);
+bool IsPlainDate(const SlotValue& value, const Expectation& expected);
+bool IsPlainWholeDollars(const SlotValue& value, const Expectation& expected);
+bool IsPlainCount(const SlotValue& value, const Expectation& expected);
+bool IsPlainRemittanceType(const SlotValue& value, const Expectation& expected);
+bool IsPlainAmount(const SlotValue& value, const Expectation& expected);
+bool IsPlainlyUnused(const SlotValue& value, const Expectation& expected);
+
+/// A remittance period of six digits and two blanks.
+bool IsPlainPeriod(std::string_view periodDueDate, const JudgingDay& day);
+
+}  // namespace fiscalon

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "validation/expectation.h"
+
+namespace fiscalon {
+
+/// What is known of a payment beside its records. Texts are in Windows-1252.
+struct PaymentFigures {
+  std::string_view screenCode = {};
+  std::string_view billerCode = {};
+  /// The amount to be paid.
+  int64_t cents = 0;
+};
+
+/// Judges payments from a host's own buffers, with the verdicts and reasons of `clsValidateAddInfo` and
+/// without its logs. All are judged as of one day, however long that takes. Allocates nothing for a payment
+/// that is plainly good. Objects may be used by several threads as long as none changes the module.
+class PaymentJudge {
+ public:
+  /// As of today by the module's clock.
+  PaymentJudge();
+  explicit PaymentJudge(const Date& today) : day_(JudgingDayOf(today)) {}
+
+  /// Whether a payment's records, without quotes, meet the rules of its screen. `reason` becomes what
+  /// `InvalidReason` would be: empty for a good payment.
+  bool Judge(const PaymentFigures& payment, std::span<const std::string_view> records, std::string& reason) const;
+
+ private:
+  JudgingDay day_;
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "validation/expectation.h"
+#include "validation/field_tests.h"
+
+/// The rules of the screens whose payments also come in bulk, as tables, and the one routine that judges a
+/// payment's records by them.
+namespace fiscalon {
+
+inline constexpr int kNoAddend = -1;
+
+/// What holds for the field of one number.
+struct FieldRule {
+  std::string_view number = {};
+  /// In the label, behind the number.
+  std::string_view name = {};
+  /// From the top; the first that fails gives the field's only message.
+  std::span<const FieldTest> tests = {};
+  bool (*isPlainlyGood)(const SlotValue& value, const Expectation& expected) = nullptr;
+  /// Which of the addends of the payment's total the field is.
+  int addend = kNoAddend;
+  /// The biller for whom alone the field is looked at; empty for all billers.
+  std::string_view onlyForBiller = {};
+};
+
+enum class Periods { Ignored, Tested };
+enum class Total { Ignored, EqualsPayment };
+
+/// What holds for the records of one screen.
+struct RuleSet {
+  std::string_view screenCode = {};
+  /// The validator's routine, for the logs.
+  std::string_view routine = {};
+  std::string_view noFieldsMessage = {};
+  /// Numbered "01", "02" and so on without a gap. A field of another number must be blank or zero.
+  std::span<const FieldRule> fields = {};
+  /// Whether each "T" record must hold a remittance period.
+  Periods periods = Periods::Ignored;
+  /// Whether the addends must make the amount to be paid.
+  Total total = Total::Ignored;
+};
+
+/// The rules of a screen code; null for a screen whose payments are not judged.
+const RuleSet* RulesOf(std::string_view screenCode);
+
+/// What a screen without rules is told.
+inline constexpr std::string_view kUnsupportedScreen = "Invalid or not supported Screen Type";
+
+/// Whether records meet the rules. Otherwise `reason`, which must be empty, holds one message for each
+/// failure, ", " between them. Records of another kind than "T" and "F" are passed over. Raises the run-time
+/// errors of the rules' conversions.
+bool JudgeRecords(const RuleSet& rules, std::span<const std::string_view> records, const Expectation& expected,
+                  std::string& reason);
+
+/// The same where an error is a reason of its own, "Error <number> - <description>", and no other is told.
+bool JudgeRecordsWithErrors(const RuleSet& rules, std::span<const std::string_view> records,
+                            const Expectation& expected, std::string& reason);
+
+}  // namespace fiscalon
