@@ -73,9 +73,9 @@ std::string DrawControl(const Control& control) {
   }
 }
 
-/// The drawn parts of one cell: caption, field, hint.
+/// The drawn parts of one cell: the caption, and the field with its hint beside it.
 struct DrawnCell {
-  std::array<std::string, 3> parts = {};
+  std::array<std::string, 2> parts = {};
 };
 using DrawnRow = std::vector<DrawnCell>;
 
@@ -106,6 +106,11 @@ class FormPicture {
     return IsShown(*control) ? mark + drawn : std::string(Width(mark + drawn), ' ');
   }
 
+  std::string DrawFieldWithHint(const Cell& cell) const {
+    const std::string field = DrawPart(cell.field, true);
+    return cell.hint == nullptr ? field : field + " " + DrawPart(cell.hint, false);
+  }
+
   std::vector<std::string> DrawGroup(const Group& group) const {
     std::vector<std::string> lines;
     if (group.heading != nullptr)
@@ -114,8 +119,7 @@ class FormPicture {
     for (const Row& row : group.rows) {
       rows.emplace_back();
       for (const Cell& cell : row.cells)
-        rows.back().push_back(
-            {{DrawPart(cell.caption, false), DrawPart(cell.field, true), DrawPart(cell.hint, false)}});
+        rows.back().push_back({{DrawPart(cell.caption, false), DrawFieldWithHint(cell)}});
     }
     const std::vector<size_t> widths = PartWidths(rows);
     for (size_t i = 0; i < rows.size(); ++i) {
