@@ -6,37 +6,9 @@
 
 namespace fiscalon {
 
-void Button::Reset() {
-  Control::Reset();
-  caption_ = Designed().caption;
-}
-
-std::string Button::Caption() const {
-  Touch();
-  return caption_;
-}
-
-void Button::Caption(std::string caption) {
-  Touch();
-  caption_ = std::move(caption);
-  Changed();
-}
-
 void ToggleButton::Reset() {
-  Control::Reset();
-  caption_ = Designed().caption;
+  Captioned::Reset();
   value_ = false;
-}
-
-std::string ToggleButton::Caption() const {
-  Touch();
-  return caption_;
-}
-
-void ToggleButton::Caption(std::string caption) {
-  Touch();
-  caption_ = std::move(caption);
-  Changed();
 }
 
 bool ToggleButton::Value() const {
@@ -46,20 +18,26 @@ bool ToggleButton::Value() const {
 
 void ToggleButton::Value(bool value) {
   Touch();
-  if (value == value_)
-    return;
-  if (Kind() == ControlKind::OptionButton && value)
-    for (Control* other : Owner().Controls())
-      if (other->Kind() == ControlKind::OptionButton && other->Designed().frame == Designed().frame)
-        static_cast<OptionButton*>(other)->TakeValue(false);
-  TakeValue(value);
-}
-
-void ToggleButton::TakeValue(bool value) {
   if (std::exchange(value_, value) == value)
     return;
   Changed();
+  // Both values have changed before the first handler runs: no handler sees two options on, or none.
+  if (ToggleButton* other = value ? OtherOptionThatIsOn() : nullptr)
+    other->Value(false);
   Fire("Click", Handlers().click);
+}
+
+ToggleButton* ToggleButton::OtherOptionThatIsOn() const {
+  if (Kind() != ControlKind::OptionButton)
+    return nullptr;
+  for (Control* control : Owner().Controls()) {
+    if (control == this || control->Kind() != ControlKind::OptionButton ||
+        control->Designed().frame != Designed().frame)
+      continue;
+    if (auto* option = static_cast<ToggleButton*>(control); option->value_)
+      return option;
+  }
+  return nullptr;
 }
 
 }  // namespace fiscalon

@@ -34,7 +34,7 @@ struct Design {
   static constexpr int kNoTabIndex = -1;
   static constexpr int kNoLimit = 0;
 
-  std::string_view caption = {};
+  std::string caption = {};
   int tabIndex = kNoTabIndex;
   /// Characters that can be typed or pasted into a text field.
   int maxLength = kNoLimit;

@@ -1,43 +1,24 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
-#include "core/forms/control.h"
-#include "core/forms/form.h"
+#include "core/forms/captioned.h"
 
 namespace fiscalon {
 
-/// A control whose whole state is a caption.
-template <ControlKind kKind>
-class Captioned final : public Control {
+/// Text that the user reads.
+class Label final : public Captioned {
  public:
-  Captioned(fiscalon::Form& form, std::string name, const Design& design)
-      : Control(form, kKind, std::move(name), design, {}) {}
-
-  std::string Caption() const {
-    Touch();
-    return caption_;
-  }
-  void Caption(std::string caption) {
-    Touch();
-    caption_ = std::move(caption);
-    Changed();
-  }
-
-  std::string DefaultValue() const override { return Caption(); }
-
- private:
-  void Reset() override {
-    Control::Reset();
-    caption_ = Designed().caption;
-  }
-
-  std::string caption_;
+  Label(fiscalon::Form& form, std::string name, const Design& design)
+      : Captioned(form, ControlKind::Label, std::move(name), design, {}) {}
 };
 
-/// Text that the user reads.
-using Label = Captioned<ControlKind::Label>;
-/// A box with a heading around other controls.
-using Frame = Captioned<ControlKind::Frame>;
+/// A box with a heading around other controls, which hide and disable with it.
+class Frame final : public Captioned {
+ public:
+  Frame(fiscalon::Form& form, std::string name, const Design& design)
+      : Captioned(form, ControlKind::Frame, std::move(name), design, {}) {}
+};
 
 }  // namespace fiscalon

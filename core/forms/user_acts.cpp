@@ -19,10 +19,10 @@ bool IsList(const Control& control) {
   return control.Kind() == ControlKind::DropDownList || control.Kind() == ControlKind::ListBox;
 }
 
-std::string CaptionOf(const Control& control) {
-  if (control.Kind() == ControlKind::Button)
-    return static_cast<const Button&>(control).Caption();
-  return IsToggle(control) ? static_cast<const ToggleButton&>(control).Caption() : std::string();
+// Labels and frames have no access key, and no other control that takes the focus has a caption but the buttons.
+int AccessKeyOf(const Control& control) {
+  const auto* captioned = dynamic_cast<const Captioned*>(&control);
+  return captioned == nullptr ? 0 : AccessKey(captioned->Caption());
 }
 
 }  // namespace
@@ -95,7 +95,7 @@ bool UserActs::PressFocused(int keyCode) {
 
 bool UserActs::AccessKeyPressed(const KeyStroke& stroke) {
   for (Control* control : form_.TabOrder()) {
-    if (!control->CanTakeFocus() || AccessKey(CaptionOf(*control)) != stroke.keyCode)
+    if (!control->CanTakeFocus() || AccessKeyOf(*control) != stroke.keyCode)
       continue;
     form_.MoveFocus(*control, FocusBy::Mouse);
     form_.RunPosted();

@@ -1,0 +1,23 @@
+#include "core/forms/captioned.h"
+
+#include <utility>
+
+namespace fiscalon {
+
+void Captioned::Reset() {
+  Control::Reset();
+  caption_ = Designed().caption;
+}
+
+std::string Captioned::Caption() const {
+  Touch();
+  return caption_;
+}
+
+void Captioned::Caption(std::string caption) {
+  Touch();
+  caption_ = std::move(caption);
+  Changed();
+}
+
+}  // namespace fiscalon
