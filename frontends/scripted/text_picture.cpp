@@ -24,6 +24,12 @@ std::string Padded(const std::string& text, size_t width) {
   return text + std::string(width - std::min(width, Width(text)), ' ');
 }
 
+std::string Repeated(std::string_view mark, size_t times) {
+  std::string line;
+  for (size_t i = 0; i < times; ++i) line += mark;
+  return line;
+}
+
 /// A caption without the mark of its access key.
 std::string Plain(std::string_view caption) {
   std::string plain;
@@ -190,13 +196,9 @@ class FormPicture {
     const std::string title = ToUtf8(form_.Caption());
     size_t width = Width(title) + kGap;
     for (const std::string& line : lines) width = std::max(width, Width(line));
-    std::string picture = "\u250C\u2500 " + title + " ";
-    for (size_t i = Width(title); i < width + 1; ++i) picture += "\u2500";
-    picture += "\u2510\n";
+    std::string picture = "\u250C\u2500 " + title + " " + Repeated("\u2500", width + 1 - Width(title)) + "\u2510\n";
     for (const std::string& line : lines) picture += "\u2502  " + Padded(line, width) + "  \u2502\n";
-    picture += "\u2514";
-    for (size_t i = 0; i < width + 4; ++i) picture += "\u2500";
-    return picture + "\u2518\n";
+    return picture + "\u2514" + Repeated("\u2500", width + 4) + "\u2518\n";
   }
 
   Form& form_;
@@ -233,14 +235,12 @@ std::string DrawMessageBox(const MessageBox& box, MessageAnswer answer) {
   }
   lines.push_back(rest);
   lines.push_back(ButtonRow(box, answer));
-  size_t width = 0;
+  const std::string title = box.title.empty() ? std::string("Fiscalon") : ToUtf8(box.title);
+  size_t width = Width(title) + kGap;
   for (const std::string& line : lines) width = std::max(width, Width(line));
-  std::string picture =
-      "  \u2554\u2550 " + (box.title.empty() ? std::string("Fiscalon") : ToUtf8(box.title)) + " \u2550\n";
-  for (const std::string& line : lines) picture += "  \u2551 " + Padded(line, width) + "\n";
-  picture += "  \u255A";
-  for (size_t i = 0; i < width + 2; ++i) picture += "\u2550";
-  return picture + "\n";
+  std::string picture = "  \u2554\u2550 " + title + " " + Repeated("\u2550", width - Width(title) - 1) + "\u2557\n";
+  for (const std::string& line : lines) picture += "  \u2551 " + Padded(line, width) + " \u2551\n";
+  return picture + "  \u255A" + Repeated("\u2550", width + 2) + "\u255D\n";
 }
 
 }  // namespace fiscalon
