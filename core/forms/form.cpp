@@ -16,7 +16,7 @@ std::string Form::Caption() {
 void Form::Caption(std::string_view caption) {
   Load();
   caption_ = caption;
-  if (observer_ != nullptr)
+  if (observer_ != nullptr && IsUp())
     observer_->CaptionChanged();
 }
 
@@ -28,7 +28,7 @@ Control* Form::FindControl(std::string_view name) const {
 }
 
 void Form::ControlChanged(const Control& control) {
-  if (observer_ != nullptr && phase_ == Phase::Up)
+  if (observer_ != nullptr && IsUp())
     observer_->ControlChanged(control);
 }
 
@@ -37,7 +37,6 @@ void Form::Load() {
     return;
   phase_ = Phase::Loaded;
   active_ = nullptr;
-  failure_ = nullptr;
   queue_.Drop();
   caption_ = designedCaption_;
   for (Control* control : controls_) control->Reset();
@@ -46,27 +45,48 @@ void Form::Load() {
 
 void Form::ShowModal(Toolkit& toolkit) {
   constexpr int32_t kAlreadyUp = 400;
-  if (IsUp())
+  if (showing_)
     throw RuntimeError(kAlreadyUp, "Form already displayed; can't show modally");
-  toolkit.Opening(*this);
-  Load();
+  const ScopedValue showing(showing_, true);
+  failure_ = nullptr;
+  try {
+    toolkit.Opening(*this);
+    Load();
+    // Form_Load may have unloaded the form again: then there is nothing to show.
+    if (IsLoaded())
+      Open();
+    if (IsUp())
+      toolkit.ServeModal(*this);
+  } catch (...) {
+    Fail(std::current_exception());
+  }
+  if (IsUp())
+    Hide();
+  // The front end may be gone before the form is shown again.
+  observer_ = nullptr;
+  if (failure_)
+    std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+void Form::Open() {
   phase_ = Phase::Up;
   active_ = nullptr;
   Act(ActPart::First, [this] {
     FocusFirst();
     Run("Form", "Activate", [this] { Form_Activate(); });
   });
-  try {
-    if (IsUp())
-      toolkit.ServeModal(*this);
-  } catch (...) {
-    failure_ = std::current_exception();
-  }
+}
+
+void Form::Fail(std::exception_ptr failure) {
+  if (!failure_)
+    failure_ = std::move(failure);
   if (IsUp())
+    Hide();
+}
+
+void Form::Hide() {
+  if (IsLoaded())
     EndShow(Phase::Hidden);
-  observer_ = nullptr;
-  if (failure_)
-    std::rethrow_exception(std::exchange(failure_, nullptr));
 }
 
 void Form::EndShow(Phase next) {
@@ -75,11 +95,6 @@ void Form::EndShow(Phase next) {
   phase_ = next;
   if (wasUp && observer_ != nullptr)
     observer_->ShowEnded();
-}
-
-void Form::Hide() {
-  if (IsLoaded())
-    EndShow(Phase::Hidden);
 }
 
 void Form::Unload() {

@@ -36,7 +36,8 @@ class Form {
 
   /// Returns all controls to their design and runs `Form_Load`. Does nothing on a loaded form.
   void Load();
-  /// Shows the form and serves the user until it hides or unloads. Throws what left a handler.
+  /// Shows the form and serves the user until it hides or unloads. Throws what left a handler: the form then stays
+  /// loaded. Error 400 while it is being shown.
   void ShowModal(Toolkit& toolkit);
   /// Drops pending events and ends the modal show; the controls keep their state.
   void Hide();
@@ -52,7 +53,8 @@ class Form {
   /// The controls that Tab stops at and others that take the focus, in tab order.
   std::vector<Control*> TabOrder() const;
 
-  /// The front end that shows the form; null takes it away.
+  /// The front end that shows the form, set when its toolkit hears that the form opens; null takes it away. The end
+  /// of the show takes it away too.
   void Observe(FormObserver* observer) { observer_ = observer; }
 
  protected:
@@ -111,7 +113,11 @@ class Form {
   /// show and is kept for `ShowModal` to throw.
   template <class Call>
   void Act(ActPart part, Call&& call);
+  /// Puts a loaded form up: the first focus, `Form_Activate`, and what they posted.
+  void Open();
   void EndShow(Phase next);
+  /// Ends the show and keeps the error, the first one, for `ShowModal` to throw.
+  void Fail(std::exception_ptr failure);
 
   std::string name_;
   std::string designedCaption_;
@@ -122,6 +128,7 @@ class Form {
   EventQueue queue_;
   int runningHandlers_ = 0;
   bool runningPosted_ = false;
+  bool showing_ = false;
   bool acting_ = false;
   bool editingFollows_ = false;
   std::exception_ptr failure_;

@@ -36,7 +36,7 @@ void Form::Run(std::string_view object, std::string_view event, Call&& call) {
 template <class Call>
 void Form::Act(ActPart part, Call&& call) {
   // While a handler waits, in a message box for one, the user can't act on the form.
-  if (acting_)
+  if (!IsUp() || acting_)
     return;
   const ScopedValue acting(acting_, true);
   editingFollows_ = false;
@@ -46,8 +46,7 @@ void Form::Act(ActPart part, Call&& call) {
     call();
     RunPosted();
   } catch (...) {
-    failure_ = std::current_exception();
-    EndShow(Phase::Hidden);
+    Fail(std::current_exception());
   }
 }
 

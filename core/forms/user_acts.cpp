@@ -29,8 +29,7 @@ int AccessKeyOf(const Control& control) {
 
 KeyOutcome UserActs::Key(const KeyStroke& stroke) {
   KeyOutcome outcome;
-  if (form_.IsUp())
-    form_.Act(Form::ActPart::First, [&] { outcome = Stroke(stroke); });
+  form_.Act(Form::ActPart::First, [&] { outcome = Stroke(stroke); });
   form_.editingFollows_ = outcome.editing;
   return outcome;
 }
@@ -165,8 +164,7 @@ void UserActs::MoveWithinList(ListControl& list, const KeyStroke& stroke, int ch
 
 void UserActs::EditText(TextField& field, std::string_view text, Selection selection) {
   const auto part = form_.editingFollows_ ? Form::ActPart::Further : Form::ActPart::First;
-  if (form_.IsUp())
-    form_.Act(part, [&] { field.Edit(std::string(text), selection); });
+  form_.Act(part, [&] { field.Edit(std::string(text), selection); });
 }
 
 void UserActs::SelectText(TextField& field, Selection selection) {
@@ -176,8 +174,7 @@ void UserActs::SelectText(TextField& field, Selection selection) {
 
 bool UserActs::Press(Control& control) {
   bool clicks = false;
-  if (form_.IsUp())
-    form_.Act(Form::ActPart::First, [&] { clicks = PressInside(control); });
+  form_.Act(Form::ActPart::First, [&] { clicks = PressInside(control); });
   return clicks;
 }
 
@@ -194,8 +191,7 @@ bool UserActs::PressInside(Control& control) {
 }
 
 void UserActs::Release(Control& control) {
-  if (form_.IsUp())
-    form_.Act(Form::ActPart::Further, [&] { ClickInside(control); });
+  form_.Act(Form::ActPart::Further, [&] { ClickInside(control); });
 }
 
 void UserActs::Click(Control& control) {
@@ -215,22 +211,21 @@ void UserActs::ClickInside(Control& control) {
 }
 
 void UserActs::Choose(ListControl& list, int row) {
-  if (!form_.IsUp() || row < 0 || row >= list.ListCount())
-    return;
   form_.Act(Form::ActPart::First, [&] {
-    if (PressInside(list))
+    // What runs before the click may take rows away.
+    if (PressInside(list) && row >= 0 && row < list.ListCount())
       list.Pick(row);
   });
 }
 
 void UserActs::BringFocus(Control& control) {
-  if (form_.IsUp() && control.CanTakeFocus())
-    form_.Act(Form::ActPart::First, [&] { form_.MoveFocus(control, FocusBy::KeyboardOrCode); });
+  form_.Act(Form::ActPart::First, [&] {
+    if (control.CanTakeFocus())
+      form_.MoveFocus(control, FocusBy::KeyboardOrCode);
+  });
 }
 
 void UserActs::Close(int reason) {
-  if (!form_.IsUp())
-    return;
   form_.Act(Form::ActPart::First, [&] {
     bool cancel = false;
     form_.Run("Form", "QueryUnload", [&] { form_.Form_QueryUnload(cancel, reason); });
