@@ -56,7 +56,7 @@ void Control::Visible(bool visible) {
 }
 
 bool Control::CanTakeFocus() const {
-  if (kind_ == ControlKind::Label || kind_ == ControlKind::Frame)
+  if (!form_.IsUp() || kind_ == ControlKind::Label || kind_ == ControlKind::Frame)
     return false;
   for (const Control* control = this; control != nullptr; control = control->design_.frame)
     if (!control->visible_ || !control->enabled_)

@@ -73,7 +73,7 @@ class Control {
   bool Visible() const;
   void Visible(bool visible);
 
-  /// Visible and enabled, with all that it lies in, and of a kind that has keyboard input.
+  /// Visible and enabled, with all that it lies in, on a form that is up, and of a kind that has keyboard input.
   bool CanTakeFocus() const;
 
   /// Moves the focus here. Nothing happens where it is already, or before the form is shown. Error 5 where

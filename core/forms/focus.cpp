@@ -21,7 +21,7 @@ std::vector<Control*> Form::TabOrder() const {
 void Form::SetFocus(Control& control) {
   if (phase_ == Phase::Loaded || &control == active_)
     return;
-  if (!IsUp() || !control.CanTakeFocus())
+  if (!control.CanTakeFocus())
     Raise(error_number::kInvalidProcedureCall);
   MoveFocus(control, FocusBy::KeyboardOrCode);
 }
@@ -66,8 +66,10 @@ void Form::KeepFocusOnTakingControl() {
   if (!IsUp() || active_ == nullptr || active_->CanTakeFocus())
     return;
   FocusNext(+1);
-  if (!active_->CanTakeFocus())
-    active_ = nullptr;
+  if (active_->CanTakeFocus())
+    return;
+  queue_.Post(PostedLostFocus{.control = active_});
+  active_ = nullptr;
 }
 
 }  // namespace fiscalon

@@ -101,7 +101,7 @@ class Form {
   void MoveFocus(Control& control, FocusBy by);
   void FocusFirst();
   void FocusNext(int step);
-  /// A control that is hidden or disabled while it has the focus gives it to the next one in tab order.
+  /// A control that is hidden or disabled while it has the focus gives it to the next tab stop, or to none.
   void KeepFocusOnTakingControl();
 
   /// Runs a handler; when it was the outermost one, what it posted runs afterwards.
