@@ -1,7 +1,6 @@
 #include "core/forms/keys.h"
 
 #include <array>
-#include <cctype>
 
 namespace fiscalon {
 namespace {
@@ -42,11 +41,16 @@ constexpr std::array kPunctuationKeys = {
 
 constexpr std::string_view kShiftedDigits = ")!@#$%^&*(";
 
-int Capital(char character) {
-  return std::toupper(static_cast<unsigned char>(character));
+bool IsAsciiLetter(char character) {
+  return Capital(character) >= 'A' && Capital(character) <= 'Z';
 }
 
 }  // namespace
+
+int Capital(char character) {
+  const bool small = character >= 'a' && character <= 'z';
+  return static_cast<unsigned char>(small ? character - 'a' + 'A' : character);
+}
 
 KeyStroke StrokeOf(char character) {
   const int code = static_cast<unsigned char>(character);
@@ -71,7 +75,7 @@ std::optional<KeyStroke> StrokeNamed(std::string_view name) {
     if (named.name == name)
       return named.stroke;
   constexpr std::string_view kAlt = "Alt+";
-  if (name.size() == kAlt.size() + 1 && name.starts_with(kAlt))
+  if (name.size() == kAlt.size() + 1 && name.starts_with(kAlt) && IsAsciiLetter(name.back()))
     return KeyStroke{.keyCode = Capital(name.back()), .shift = shift_state::kAlt};
   return std::nullopt;
 }

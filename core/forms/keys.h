@@ -37,6 +37,9 @@ struct KeyStroke {
   int character = 0;
 };
 
+/// The capital of an ASCII letter, any other character as it is: the same under every locale of the host.
+int Capital(char character);
+
 /// The stroke that types one character of the code page.
 KeyStroke StrokeOf(char character);
 

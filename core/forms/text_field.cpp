@@ -29,6 +29,14 @@ void TextField::Text(std::string_view text) {
 }
 
 void TextField::Edit(std::string text, Selection selection) {
+  // A text that code has made too long may stay, but grows no longer. What the edit put in ends at the caret.
+  const int limit = std::max(MaxLength(), static_cast<int>(text_.size()));
+  const int excess = static_cast<int>(text.size()) - limit;
+  if (MaxLength() != Design::kNoLimit && excess > 0) {
+    const int end = std::clamp(selection.End(), excess, static_cast<int>(text.size()));
+    selection = {.start = end - excess};
+    text.erase(static_cast<size_t>(selection.start), static_cast<size_t>(excess));
+  }
   const bool changed = text != text_;
   text_ = std::move(text);
   selection_ = Clamped(selection);

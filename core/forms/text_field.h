@@ -44,7 +44,7 @@ class TextField final : public Control {
   friend class UserActs;
 
   void Reset() override;
-  /// What the user's editing made of the text.
+  /// What the user's editing made of the text, within the limit.
   void Edit(std::string text, Selection selection);
   Selection Clamped(Selection selection) const;
 

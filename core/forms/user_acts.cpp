@@ -1,7 +1,6 @@
 #include "core/forms/user_acts.h"
 
 #include <algorithm>
-#include <cctype>
 #include <vector>
 
 #include "core/forms/button.h"
@@ -54,20 +53,23 @@ KeyOutcome UserActs::Stroke(const KeyStroke& stroke) {
   }
   if (control == nullptr || !form_.IsUp())
     return {};
-  if (control->Kind() == ControlKind::TextField)
-    return {.editing = !static_cast<TextField*>(control)->Locked(), .character = character};
+  if (control->Kind() == ControlKind::TextField) {
+    const bool alters = character != 0 || keyCode == key::kDelete;
+    return {.editing = !alters || !static_cast<TextField*>(control)->Locked(), .character = character};
+  }
   if (control->Kind() == ControlKind::OptionButton)
     MoveWithinGroup(*control, keyCode);
   else if (IsList(*control))
-    MoveWithinList(static_cast<ListControl&>(*control), stroke, character);
+    MoveWithinList(static_cast<ListControl&>(*control), keyCode, character);
   return {};
 }
 
 bool UserActs::DialogKey(const KeyStroke& stroke) {
-  if ((stroke.shift & shift_state::kAlt) != 0)
-    return AccessKeyPressed(stroke);
+  // Ctrl and Alt together are AltGr, which types characters.
   if ((stroke.shift & shift_state::kControl) != 0)
     return false;
+  if ((stroke.shift & shift_state::kAlt) != 0)
+    return AccessKeyPressed(stroke);
   switch (stroke.keyCode) {
     case key::kTab:
       form_.FocusNext((stroke.shift & shift_state::kShift) != 0 ? -1 : +1);
@@ -94,7 +96,8 @@ bool UserActs::PressFocused(int keyCode) {
 
 bool UserActs::AccessKeyPressed(const KeyStroke& stroke) {
   for (Control* control : form_.TabOrder()) {
-    if (!control->CanTakeFocus() || AccessKeyOf(*control) != stroke.keyCode)
+    const int accessKey = AccessKeyOf(*control);
+    if (accessKey == 0 || accessKey != stroke.keyCode || !control->CanTakeFocus())
       continue;
     form_.MoveFocus(*control, FocusBy::Mouse);
     form_.RunPosted();
@@ -131,11 +134,11 @@ void UserActs::MoveWithinGroup(Control& control, int keyCode) {
   ClickInside(next);
 }
 
-void UserActs::MoveWithinList(ListControl& list, const KeyStroke& stroke, int character) {
+void UserActs::MoveWithinList(ListControl& list, int keyCode, int character) {
   const int last = list.ListCount() - 1;
   const int here = list.ListIndex();
   int row = here;
-  switch (stroke.keyCode) {
+  switch (keyCode) {
     case key::kUp:
       row = std::max(here - 1, 0);
       break;
@@ -153,7 +156,7 @@ void UserActs::MoveWithinList(ListControl& list, const KeyStroke& stroke, int ch
       for (int i = 1; i <= last + 1 && row == here && character != 0; ++i) {
         const int candidate = (here + i) % (last + 1);
         const std::string text = list.List(candidate);
-        if (!text.empty() && std::tolower(static_cast<unsigned char>(text.front())) == std::tolower(character))
+        if (!text.empty() && Capital(text.front()) == Capital(static_cast<char>(character)))
           row = candidate;
       }
   }
@@ -164,7 +167,10 @@ void UserActs::MoveWithinList(ListControl& list, const KeyStroke& stroke, int ch
 
 void UserActs::EditText(TextField& field, std::string_view text, Selection selection) {
   const auto part = form_.editingFollows_ ? Form::ActPart::Further : Form::ActPart::First;
-  form_.Act(part, [&] { field.Edit(std::string(text), selection); });
+  form_.Act(part, [&] {
+    if (!field.Locked())
+      field.Edit(std::string(text), selection);
+  });
 }
 
 void UserActs::SelectText(TextField& field, Selection selection) {

@@ -13,7 +13,8 @@ class ListControl;
 
 /// What is left for a front end to do after a keystroke has run through the form.
 struct KeyOutcome {
-  /// False: nothing is left, the form has dealt with the key or a handler dropped it.
+  /// False: nothing is left. The form has dealt with the key, a handler dropped it, or the field is locked. True: the
+  /// key is left to the field that had the focus when it went down, wherever handlers have moved the focus since.
   bool editing = false;
   /// The character that the field's own editing takes, perhaps another than was typed; 0 for a key without one,
   /// such as Delete or Left.
@@ -31,7 +32,8 @@ class UserActs {
   /// front end's own editing then takes the outcome's character and reports the result with `EditText`.
   KeyOutcome Key(const KeyStroke& stroke);
 
-  /// The front end's editing (a typed character, a paste, an undo, an input method) has made this of a field's text.
+  /// The front end's editing (a typed character, a paste, an undo, an input method) has made this of a field's text. A
+  /// locked field keeps its text, and what the edit put in is cut where it exceeds the field's limit.
   void EditText(TextField& field, std::string_view text, Selection selection);
   /// The caret or the selection of a field was moved.
   void SelectText(TextField& field, Selection selection);
@@ -64,7 +66,7 @@ class UserActs {
   bool PressCancelButton();
   /// The key itself, past all handlers, on controls whose reaction is the form's.
   void MoveWithinGroup(Control& control, int keyCode);
-  void MoveWithinList(ListControl& list, const KeyStroke& stroke, int character);
+  static void MoveWithinList(ListControl& list, int keyCode, int character);
 
   bool PressInside(Control& control);
   void ClickInside(Control& control);
