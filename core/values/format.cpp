@@ -51,6 +51,8 @@ void AppendDecimals(std::string& text, const DecimalText& number, const NumberPa
 std::string Shown(DecimalText& number, std::string_view patternText, const Locale& locale) {
   const bool currency = patternText == kCurrency;
   const NumberPattern pattern = currency ? kCurrencyPlaces : ParseNumberPattern(patternText);
+  if (!pattern.places)
+    return std::string(pattern.prefix);
   number.RoundHalfAway(static_cast<int>(pattern.mostDecimals));
   std::string text;
   if (currency)

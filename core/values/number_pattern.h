@@ -15,6 +15,7 @@ struct NumberPattern {
   size_t leastDecimals = 0;
   size_t mostDecimals = 0;
   bool point = false;
+  bool places = false;
   bool grouped = false;
 };
 
@@ -25,7 +26,7 @@ constexpr NumberPattern ParseNumberPattern(std::string_view pattern) {
     return {.prefix = pattern};
   if (start > 0 && pattern[start - 1] == '.')
     --start;
-  NumberPattern parsed = {.prefix = pattern.substr(0, start)};
+  NumberPattern parsed = {.prefix = pattern.substr(0, start), .places = true};
   size_t at = start;
   for (; at < pattern.size() && std::string_view("0#,.").find(pattern[at]) != std::string_view::npos; ++at) {
     const char place = pattern[at];
