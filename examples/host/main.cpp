@@ -13,8 +13,7 @@ namespace {
 void FillAndConfirm(fiscalon::Form& form, fiscalon::UserDriver& user) {
   for (char key : std::string_view("202412"))  // the sixth digit moves on to the amount
     user.Type(key);
-  for (char key : std::string_view("12345"))
-    user.Type(key);
+  for (char key : std::string_view("12345")) user.Type(key);
   user.Click(*form.FindControl("cmdOK"));
 }
 
@@ -47,7 +46,6 @@ int main() {
     return 2;
   }
 
-  for (const auto& record : *payment.PC4Records())
-    std::cout << fiscalon::ToUtf8(record.Description()) << '\n';
+  for (const auto& record : *payment.PC4Records()) std::cout << fiscalon::ToUtf8(record.Description()) << '\n';
   return 0;
 }
