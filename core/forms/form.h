@@ -3,6 +3,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/forms/control.h"
@@ -72,17 +73,9 @@ class Form {
   void SendKeys(std::string_view keys);
 
   /// A member function of the form as a handler of one of its controls.
-  template <class F>
-  Handler On(void (F::*handler)()) {
-    return [form = static_cast<F*>(this), handler] { (form->*handler)(); };
-  }
-  template <class F>
-  KeyPressHandler On(void (F::*handler)(int&)) {
-    return [form = static_cast<F*>(this), handler](int& character) { (form->*handler)(character); };
-  }
-  template <class F>
-  KeyDownHandler On(void (F::*handler)(int&, int)) {
-    return [form = static_cast<F*>(this), handler](int& keyCode, int shift) { (form->*handler)(keyCode, shift); };
+  template <class F, class... Args>
+  auto On(void (F::*handler)(Args...)) {
+    return [form = static_cast<F*>(this), handler](Args... args) { (form->*handler)(std::forward<Args>(args)...); };
   }
 
  private:
