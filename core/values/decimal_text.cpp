@@ -120,8 +120,10 @@ std::optional<int64_t> DecimalText::ScaledHalfEven(int decimals) const {
     return std::nullopt;
   const auto places = static_cast<size_t>(kept);
   uint64_t magnitude = 0;
-  for (size_t place = 0; place < places; ++place)
-    magnitude = magnitude * 10 + (place < count_ ? static_cast<uint64_t>(digits_[place] - '0') : 0);
+  const size_t present = std::min(places, count_);
+  for (size_t place = 0; place < present; ++place)
+    magnitude = magnitude * 10 + static_cast<uint64_t>(digits_[place] - '0');
+  magnitude *= static_cast<uint64_t>(kPowersOfTen[places - present]);
   if (places < count_) {
     const bool tie = digits_[places] == '5' && places + 1 == count_;
     const bool up = tie ? magnitude % 2 != 0 : digits_[places] >= '5';
@@ -133,11 +135,27 @@ std::optional<int64_t> DecimalText::ScaledHalfEven(int decimals) const {
   return static_cast<int64_t>(negative_ ? 0 - magnitude : magnitude);
 }
 
+/// The float where one operation on two that are exact gives it, which makes it the nearest: few digits, and a
+/// power of ten that a float holds. Nothing otherwise.
+std::optional<double> DecimalText::ShortToDouble() const {
+  constexpr auto kLargestPower = static_cast<int64_t>(kExactPowers.size() - 1);
+  const int64_t exponent = point_ - static_cast<int64_t>(count_);
+  if (count_ > kFloatDigits || exponent < -kLargestPower || exponent > kLargestPower)
+    return std::nullopt;
+  uint64_t integer = 0;
+  for (size_t place = 0; place < count_; ++place) integer = integer * 10 + static_cast<uint64_t>(digits_[place] - '0');
+  const auto value = static_cast<double>(integer);
+  return exponent < 0 ? value / kExactPowers[static_cast<size_t>(-exponent)]
+                      : value * kExactPowers[static_cast<size_t>(exponent)];
+}
+
 std::optional<double> DecimalText::ToDouble() const {
   constexpr int64_t kFarBeyond = 400;
   const double sign = negative_ ? -1 : 1;
   if (count_ == 0 || point_ < -kFarBeyond)
     return sign * 0.0;
+  if (const std::optional<double> magnitude = ShortToDouble())
+    return sign * *magnitude;
   if (point_ > kFarBeyond)
     return std::nullopt;
   constexpr size_t kRoomForExponent = 16;

@@ -47,11 +47,18 @@ class DecimalText {
   /// The nearest 64-bit float; nothing beyond its range, and 0 below it.
   std::optional<double> ToDouble() const;
 
+  /// Whether it is in the range of a 64-bit float.
+  bool IsFinite() const { return point_ < kSurelyFinite || ToDouble().has_value(); }
+
   /// Whether plain notation would be too long: 10 to the power of 15 and more, or more than 15 decimals.
   bool NeedsExponent() const { return point_ > 15 || static_cast<int64_t>(count_) - point_ > 15; }
 
  private:
-  void SetDigits(uint64_t value, int64_t point);
+  /// The largest float is 0.1797... times ten to the power of 309.
+  static constexpr int64_t kSurelyFinite = 309;
+
+  void SetDigits(uint64_t value, int64_t exponent);
+  std::optional<double> ShortToDouble() const;
   void DropTrailingZeros();
 
   bool negative_ = false;

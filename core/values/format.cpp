@@ -87,10 +87,10 @@ std::string Format(Money value, std::string_view pattern, const Locale& locale) 
 
 std::string Format(std::string_view text, std::string_view pattern, const Locale& locale) {
   DecimalText number;
-  if (ReadNumber(text, locale, number) && number.ToDouble())
+  if (ReadNumber(text, locale, number) && number.IsFinite())
     return Shown(number, pattern, locale);
   DecimalText plain;
-  if (ReadPlainNumber(text, plain) && plain.ToDouble())
+  if (ReadPlainNumber(text, plain) && plain.IsFinite())
     return Shown(plain, pattern, locale);
   return std::string(text);
 }

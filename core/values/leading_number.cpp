@@ -1,9 +1,11 @@
 #include "core/values/leading_number.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "core/platform/runtime_error.h"
 #include "core/values/decimal_text.h"
+#include "core/values/scaled_float.h"
 
 namespace fiscalon {
 
@@ -47,9 +49,39 @@ int64_t TakeExponent(Walk& walk) {
   return negative ? -exponent : exponent;
 }
 
+/// The number of a text that is nothing but a short one: a sign, digits, a point. One division of two exact
+/// floats gives it, so it is the nearest. Nothing for any other text.
+std::optional<double> PlainNumber(std::string_view text) {
+  constexpr size_t kMostCharacters = 16;
+  if (text.empty() || text.size() > kMostCharacters)
+    return std::nullopt;
+  const bool negative = text.front() == '-';
+  uint64_t integer = 0;
+  size_t digits = 0;
+  size_t point = text.size();
+  for (size_t at = negative ? 1 : 0; at < text.size(); ++at) {
+    const auto digit = static_cast<unsigned char>(text[at] - '0');
+    if (digit <= 9) {
+      integer = integer * 10 + digit;
+      ++digits;
+    } else if (text[at] == '.' && point == text.size()) {
+      point = at;
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (digits == 0)
+    return std::nullopt;
+  const size_t decimals = point == text.size() ? 0 : text.size() - point - 1;
+  const double magnitude = static_cast<double>(integer) / kExactPowers[decimals];
+  return negative ? -magnitude : magnitude;
+}
+
 }  // namespace
 
 double LeadingNumber(std::string_view text) {
+  if (const std::optional<double> plain = PlainNumber(text))
+    return *plain;
   Walk walk(text);
   DecimalText number;
   if (walk.TakeMinus())

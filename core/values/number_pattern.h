@@ -19,17 +19,24 @@ struct NumberPattern {
   bool grouped = false;
 };
 
+constexpr bool IsPlace(char c) {
+  return c == '0' || c == '#';
+}
+
 /// Takes a pattern apart. One without any place for a digit is all prefix.
 constexpr NumberPattern ParseNumberPattern(std::string_view pattern) {
-  size_t start = pattern.find_first_of("0#");
-  if (start == pattern.npos)
+  size_t start = 0;
+  while (start < pattern.size() && !IsPlace(pattern[start])) ++start;
+  if (start == pattern.size())
     return {.prefix = pattern};
   if (start > 0 && pattern[start - 1] == '.')
     --start;
   NumberPattern parsed = {.prefix = pattern.substr(0, start), .places = true};
   size_t at = start;
-  for (; at < pattern.size() && std::string_view("0#,.").find(pattern[at]) != std::string_view::npos; ++at) {
+  for (; at < pattern.size(); ++at) {
     const char place = pattern[at];
+    if (!IsPlace(place) && place != '.' && place != ',')
+      break;
     if (place == '.') {
       // A second point is a literal like any other character behind the places.
       if (parsed.point)

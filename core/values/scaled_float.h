@@ -1,21 +1,28 @@
 #pragma once
 
+#include <array>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 
 namespace fiscalon {
 
 __extension__ using WideInteger = unsigned __int128;
 
-constexpr WideInteger PowerOfTen(int exponent) {
-  WideInteger power = 1;
-  for (; exponent > 0; --exponent) power *= 10;
-  return power;
-}
-
 /// The largest number of decimals, and the bound of the value, that `ScaledHalfEven` can do exactly.
 inline constexpr int kMaxScale = 22;
 inline constexpr double kScaledBound = 1e15;
+
+inline constexpr auto kPowersOfTen = [] {
+  std::array<WideInteger, kMaxScale + 1> powers = {1};
+  for (size_t exponent = 1; exponent < powers.size(); ++exponent) powers[exponent] = powers[exponent - 1] * 10;
+  return powers;
+}();
+
+/// The powers of ten that a float holds exactly.
+inline constexpr std::array<double, 23> kExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 /// A float times a power of ten, rounded to an integer, halves to even, with nothing lost on the way: the float
 /// is an integer over a power of two, and its product with the power of ten still fits. The value lies from 0
@@ -30,7 +37,7 @@ inline WideInteger ScaledHalfEven(double value, int decimals) {
   const int shift = kExponentOfOne - (exponent == 0 ? 1 : exponent);
   if (shift >= 128)
     return 0;
-  const WideInteger product = mantissa * PowerOfTen(decimals);
+  const WideInteger product = mantissa * kPowersOfTen[static_cast<size_t>(decimals)];
   const WideInteger half = WideInteger{1} << (shift - 1);
   const WideInteger whole = product >> shift;
   const WideInteger rest = product & (half * 2 - 1);

@@ -14,7 +14,8 @@ namespace {
 
 /// "digits@point", with the sign.
 std::string Described(const DecimalText& number) {
-  return (number.IsNegative() ? "-" : "") + std::string(number.Digits()) + "@" + std::to_string(number.Point());
+  std::string text(number.IsNegative() ? "-" : "");
+  return text.append(number.Digits()).append("@").append(std::to_string(number.Point()));
 }
 
 void Read(DecimalText& number, std::string_view text, int64_t exponent = 0) {
@@ -112,13 +113,15 @@ TEST(DecimalText, ScalesHalvesToEven) {
 
 /// The digits as the standard library prints them: the slow way, and one of others' making.
 std::string Printed(double value) {
-  char text[64];
-  const auto end = std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific, 14).ptr;
-  const std::string all(text, end);
+  char printed[64];
+  const auto end =
+      std::to_chars(printed, printed + sizeof printed, std::fabs(value), std::chars_format::scientific, 14).ptr;
+  const std::string all(printed, end);
   const size_t e = all.find('e');
   std::string digits = all.substr(0, 1) + all.substr(2, e - 2);
   digits.erase(digits.find_last_not_of('0') + 1);
-  return (value < 0 ? "-" : "") + digits + "@" + std::to_string(std::stoi(all.substr(e + 1)) + 1);
+  std::string text(value < 0 ? "-" : "");
+  return text.append(digits).append("@").append(std::to_string(std::stoi(all.substr(e + 1)) + 1));
 }
 
 TEST(DecimalText, OfRandomFloatsIsWhatTheStandardLibraryPrints) {

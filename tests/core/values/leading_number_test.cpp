@@ -104,11 +104,11 @@ TEST(LeadingNumber, IsZeroBelowTheRange) {
 TEST(LeadingNumber, AgreesWithTheStandardLibraryOnRandomNumbers) {
   std::mt19937_64 random(20260615);
   for (int i = 0; i < 200'000; ++i) {
-    std::string text = random() % 2 ? "-" : "";
+    std::string text(random() % 2, '-');
     for (uint64_t digits = 1 + random() % 20; digits > 0; --digits) text += static_cast<char>('0' + random() % 10);
-    text.insert(text.size() - random() % 2, ".");
+    text.insert(text.size() - random() % 2, 1, '.');
     if (random() % 2)
-      text += "e" + std::to_string(static_cast<int>(random() % 600) - 320);
+      text.append("e").append(std::to_string(static_cast<int>(random() % 600) - 320));
     const double expected = std::strtod(text.c_str(), nullptr);
     if (std::isinf(expected))
       EXPECT_EQ(ErrorOf([&] { LeadingNumber(text); }), 6) << text;
