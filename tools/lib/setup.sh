@@ -11,6 +11,7 @@ tools | libcli11-dev       | reads the command line of the program
 tools | nlohmann-json3-dev | writes JSON output
 tests | libgtest-dev       | the test framework
 tests | libgmock-dev       | matchers of the test framework
+tests | locales            | tests compile the user locales that they read
 tests | pkgconf            | a test compiles against the installed package through pkg-config
 tests | clang-format       | checks the formatting
 tests | python3            | runs the layering check
@@ -65,7 +66,7 @@ SetUp() {
   done <<<"$kPackages"
   ((${#missing[@]})) || return 0
 
-  local command="apt-get install --no-install-recommends ${missing[*]}"
+  local command="apt-get update && apt-get install --no-install-recommends ${missing[*]}"
   if [[ "$(id -u)" != 0 ]] && ! command -v sudo >/dev/null 2>&1; then
     printf 'setup: cannot install them without root or sudo. Run this as root, then start again:\n  %s\n' "$command" >&2
     return 1
@@ -74,7 +75,7 @@ SetUp() {
   echo "setup: installing them" >&2
   if ! { AptGet update && AptGet install -y --no-install-recommends "${missing[@]}"; } >&2; then
     printf 'setup: the installation failed, see above. Run this as root, then start again:\n  %s\n' \
-      "apt-get update && $command" >&2
+      "$command" >&2
     return 1
   fi
 }
