@@ -1,0 +1,14 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "frontends/scripted/user_driver.h"
+
+namespace fiscalon {
+
+/// Plays scenario files through a front end and tells on standard error what failed. The exit status of the program:
+/// 0 all passed, 1 an expectation was not met, 2 a file can't be read or makes no sense, or there is none.
+int PlayFiles(DrivenToolkit& toolkit, std::span<const std::string> files);
+
+}  // namespace fiscalon
