@@ -200,8 +200,9 @@ bool GOVSOURCEDEDUCTION::NumberOfEmployeesPasses() {
     NumberOfEmployees.SelectAll();
     return Refuse(NumberOfEmployees);
   }
+  // What is shown counts from here on: less than half an employee is none.
   NumberOfEmployees.Text(Format(number, kWholeNumber));
-  if (number == 0 && AmountToBePaid() != 0)
+  if (NumberIn(NumberOfEmployees.Text()) == 0 && AmountToBePaid() != 0)
     return Refuse(NumberOfEmployees, "Please enter number of employees in latest pay period.");
   if (number < 0)
     return Refuse(NumberOfEmployees, "Number of employees in latest pay period cannot be less than 0.");
