@@ -1,0 +1,105 @@
+#include "core/forms/keys.h"
+
+#include <gtest/gtest.h>
+
+namespace fiscalon {
+
+static bool operator==(const KeyStroke& a, const KeyStroke& b) {
+  return a.keyCode == b.keyCode && a.shift == b.shift && a.character == b.character;
+}
+
+static void PrintTo(const KeyStroke& stroke, std::ostream* out) {
+  *out << "key " << stroke.keyCode << ", shift " << stroke.shift << ", character " << stroke.character;
+}
+
+namespace {
+
+TEST(StrokeOf, TypesACharacterWithTheKeyThatBearsIt) {
+  const std::vector<std::pair<char, KeyStroke>> rows = {
+      {'5', {.keyCode = 53, .character = 53}},
+      {'a', {.keyCode = 65, .character = 97}},
+      {'A', {.keyCode = 65, .shift = shift_state::kShift, .character = 65}},
+      {'z', {.keyCode = 90, .character = 122}},
+      {' ', {.keyCode = 32, .character = 32}},
+      {'\b', {.keyCode = 8, .character = 8}},
+      {'\t', {.keyCode = 9, .character = 9}},
+      {'\r', {.keyCode = 13, .character = 13}},
+      {'\n', {.keyCode = 13, .character = 13}},
+      {'!', {.keyCode = 49, .shift = shift_state::kShift, .character = 33}},
+      {')', {.keyCode = 48, .shift = shift_state::kShift, .character = 41}},
+      {'(', {.keyCode = 57, .shift = shift_state::kShift, .character = 40}},
+  };
+  for (const auto& [character, stroke] : rows) EXPECT_EQ(StrokeOf(character), stroke) << character;
+}
+
+// The codes 37 to 46 are arrows, Delete and others of that kind: "." (46), "-" (45), "'" (39) and "&" (38) are not.
+TEST(StrokeOf, GivesPunctuationNoKeyCodeOfAMovingKey) {
+  EXPECT_EQ(StrokeOf('.'), (KeyStroke{.keyCode = 190, .character = 46}));
+  EXPECT_EQ(StrokeOf(','), (KeyStroke{.keyCode = 188, .character = 44}));
+  EXPECT_EQ(StrokeOf('-'), (KeyStroke{.keyCode = 189, .character = 45}));
+  EXPECT_EQ(StrokeOf('+'), (KeyStroke{.keyCode = 187, .shift = shift_state::kShift, .character = 43}));
+  EXPECT_EQ(StrokeOf('"'), (KeyStroke{.keyCode = 222, .shift = shift_state::kShift, .character = 34}));
+  for (int code = ' ' + 1; code < 127; ++code) {
+    const int keyCode = StrokeOf(static_cast<char>(code)).keyCode;
+    EXPECT_FALSE(keyCode >= key::kEnd && keyCode <= key::kDelete) << static_cast<char>(code);
+  }
+}
+
+TEST(StrokeOf, TypesTheUpperHalfOfTheCodePageWithoutAKeyOfItsOwn) {
+  EXPECT_EQ(StrokeOf('\xE9'), (KeyStroke{.keyCode = 255, .character = 0xE9}));
+  EXPECT_EQ(StrokeOf('\x80'), (KeyStroke{.keyCode = 255, .character = 0x80}));
+}
+
+TEST(StrokeNamed, KnowsTheNamedKeys) {
+  const std::vector<std::pair<std::string_view, KeyStroke>> rows = {
+      {"Tab", {.keyCode = 9, .character = 9}},
+      {"Shift+Tab", {.keyCode = 9, .shift = shift_state::kShift, .character = 9}},
+      {"Enter", {.keyCode = 13, .character = 13}},
+      {"Escape", {.keyCode = 27, .character = 27}},
+      {"Backspace", {.keyCode = 8, .character = 8}},
+      {"Delete", {.keyCode = 46}},
+      {"Space", {.keyCode = 32, .character = 32}},
+      {"Left", {.keyCode = 37}},
+      {"Right", {.keyCode = 39}},
+      {"Up", {.keyCode = 38}},
+      {"Down", {.keyCode = 40}},
+      {"Home", {.keyCode = 36}},
+      {"End", {.keyCode = 35}},
+      {"Alt+O", {.keyCode = 'O', .shift = shift_state::kAlt}},
+      {"Alt+o", {.keyCode = 'O', .shift = shift_state::kAlt}},
+  };
+  for (const auto& [name, stroke] : rows) {
+    ASSERT_TRUE(StrokeNamed(name)) << name;
+    EXPECT_EQ(*StrokeNamed(name), stroke) << name;
+  }
+}
+
+TEST(StrokeNamed, KnowsNoOther) {
+  for (const char* name : {"", "tab", "Tab ", "F1", "Alt+", "Alt+OK", "Alt+ ", "Alt+5", "Ctrl+C", "Shift+Enter", "a"})
+    EXPECT_FALSE(StrokeNamed(name)) << name;
+}
+
+TEST(AccessKey, IsTheCapitalBehindTheFirstSingleAmpersand) {
+  EXPECT_EQ(AccessKey("&OK"), 'O');
+  EXPECT_EQ(AccessKey("Cancel an &Invoice"), 'I');
+  EXPECT_EQ(AccessKey("&help"), 'H');
+  EXPECT_EQ(AccessKey("Bread && &Butter"), 'B');
+  EXPECT_EQ(AccessKey("&A&B"), 'A');
+}
+
+TEST(AccessKey, IsNoneWithoutOne) {
+  for (const char* caption : {"", "Cancel", "Bread && Butter", "Trailing &", "&", "&&"})
+    EXPECT_EQ(AccessKey(caption), 0) << caption;
+}
+
+TEST(Capital, ChangesTheLettersOfAsciiAlone) {
+  EXPECT_EQ(Capital('a'), 'A');
+  EXPECT_EQ(Capital('z'), 'Z');
+  EXPECT_EQ(Capital('A'), 'A');
+  EXPECT_EQ(Capital('{'), '{');
+  EXPECT_EQ(Capital('`'), '`');
+  EXPECT_EQ(Capital('\xE9'), 0xE9);
+}
+
+}  // namespace
+}  // namespace fiscalon

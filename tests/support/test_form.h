@@ -1,0 +1,173 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/forms/button.h"
+#include "core/forms/form.h"
+#include "core/forms/label.h"
+#include "core/forms/list_control.h"
+#include "core/forms/text_field.h"
+#include "core/forms/user_acts.h"
+
+namespace fiscalon {
+
+using Notes = std::vector<std::string>;
+
+/// A form for tests of the forms runtime: it notes each handler that runs and does there what the test says.
+class TestForm : public Form {
+ public:
+  TestForm() : Form("frmTest", "A form under test") {}
+
+  const Layout& FormLayout() const override { return layout_; }
+
+  /// What a handler does, by its name: "txtA_LostFocus".
+  std::map<std::string, std::function<void()>> when;
+  /// What a key handler does with the key code or the character.
+  std::map<std::string, std::function<void(int& key)>> whenKey;
+  /// What Form_QueryUnload does.
+  std::function<void(bool& cancel, int reason)> whenClosing;
+  /// Whether key handlers are noted too.
+  bool notesKeys = false;
+
+  void Note(const std::string& note) { notes_.push_back(note); }
+  /// The notes so far, which are gone then.
+  Notes TakeNotes() { return std::exchange(notes_, {}); }
+
+  using Form::DoEvents;
+  using Form::SendKeys;
+
+ protected:
+  /// Handlers for every event of a control.
+  Events Noted(const std::string& name) {
+    return {.change = Does(name + "_Change"),
+            .keyDown = [this, name](int& keyCode, int /*shift*/) { Key(name + "_KeyDown", keyCode); },
+            .keyPress = [this, name](int& character) { Key(name + "_KeyPress", character); },
+            .lostFocus = Does(name + "_LostFocus"),
+            .mouseDown = Does(name + "_MouseDown"),
+            .click = Does(name + "_Click")};
+  }
+
+  void Form_Load() override { Do("Form_Load"); }
+  void Form_Activate() override { Do("Form_Activate"); }
+  void Form_KeyDown(int& keyCode, int /*shift*/) override { Key("Form_KeyDown", keyCode); }
+  void Form_KeyPress(int& character) override { Key("Form_KeyPress", character); }
+  void Form_QueryUnload(bool& cancel, int reason) override {
+    Note("Form_QueryUnload " + std::to_string(reason));
+    if (whenClosing)
+      whenClosing(cancel, reason);
+  }
+  void Unloaded() override { Note("Unloaded"); }
+
+ private:
+  void Do(const std::string& handler) {
+    Note(handler);
+    if (const auto found = when.find(handler); found != when.end())
+      found->second();
+  }
+  void Key(const std::string& handler, int& key) {
+    if (notesKeys)
+      Note(handler + " " + std::to_string(key));
+    if (const auto found = whenKey.find(handler); found != whenKey.end())
+      found->second(key);
+  }
+  Handler Does(const std::string& handler) {
+    return [this, handler] { Do(handler); };
+  }
+
+  Layout layout_;
+  Notes notes_;
+};
+
+/// Two fields and two buttons, in the tab order of their declaration.
+class TwoFieldForm : public TestForm {
+ public:
+  // clang-format off
+  TextField txtA      {*this, "txtA",      {.tabIndex = 0}, Noted("txtA")};
+  TextField txtB      {*this, "txtB",      {.tabIndex = 1}, Noted("txtB")};
+  Button    cmdOK     {*this, "cmdOK",     {.caption = "&OK"}, Noted("cmdOK")};
+  Button    cmdCancel {*this, "cmdCancel", {.caption = "Cancel", .cancel = true}, Noted("cmdCancel")};
+  // clang-format on
+};
+
+/// A front end that serves a form with what the test does, and answers each box by its default button.
+class ServingToolkit : public Toolkit {
+ public:
+  std::function<void()> serve;
+  std::function<void(const MessageBox& box)> whenBoxIsUp;
+  FormObserver* observer = nullptr;
+
+  void Opening(Form& form) override { form.Observe(observer); }
+  void ServeModal(Form& /*form*/) override {
+    if (serve)
+      serve();
+  }
+  MessageAnswer ShowMessage(const MessageBox& box) override {
+    if (whenBoxIsUp)
+      whenBoxIsUp(box);
+    return box.DefaultAnswer();
+  }
+  void Beep() override {}
+  void OpenHelp(std::string_view /*file*/, int32_t /*context*/) override {}
+};
+
+/// A person at a form, with the editing of a plain text box in the fingers.
+class FormUser {
+ public:
+  explicit FormUser(Form& form) : acts(form), form_(form) {}
+
+  UserActs acts;
+
+  void Type(std::string_view text) {
+    for (const char character : text) Press(StrokeOf(character));
+  }
+  void Key(std::string_view name) { Press(*StrokeNamed(name)); }
+
+  void Press(const KeyStroke& stroke) {
+    Control* const control = form_.ActiveControl();
+    const KeyOutcome outcome = acts.Key(stroke);
+    if (!outcome.editing)
+      return;
+    auto& field = static_cast<TextField&>(*control);
+    Selection selection = field.Selected();
+    if (outcome.character >= ' ')
+      return Replace(field, selection, std::string(1, static_cast<char>(outcome.character)));
+    if (outcome.character == key::kBackspace && selection.length == 0 && selection.start > 0)
+      selection = {.start = selection.start - 1, .length = 1};
+    if (outcome.character == key::kBackspace)
+      Replace(field, selection, "");
+  }
+
+  /// Pastes over the selection of a field.
+  void Paste(TextField& field, const std::string& text) { Replace(field, field.Selected(), text); }
+
+ private:
+  void Replace(TextField& field, Selection selection, const std::string& by) {
+    std::string text = field.Text();
+    text.replace(static_cast<size_t>(selection.start), static_cast<size_t>(selection.length), by);
+    acts.EditText(field, text, {.start = selection.start + static_cast<int>(by.size())});
+  }
+
+  Form& form_;
+};
+
+/// Shows a form and plays a user at it; what was noted until then is dropped. Fails if the user never comes to it.
+inline void Play(TestForm& form, const std::function<void(FormUser& user)>& acts) {
+  ServingToolkit toolkit;
+  bool served = false;
+  toolkit.serve = [&] {
+    served = true;
+    form.TakeNotes();
+    FormUser user(form);
+    acts(user);
+  };
+  form.ShowModal(toolkit);
+  EXPECT_TRUE(served) << "the form was not served";
+}
+
+}  // namespace fiscalon
