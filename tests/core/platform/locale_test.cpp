@@ -9,6 +9,11 @@
 #include "core/platform/code_page.h"
 #include "tests/support/temporary_folder.h"
 
+/// The system's own library loses its list of folders each time it looks a locale up under LOCPATH.
+extern "C" const char* __lsan_default_suppressions() {
+  return "leak:__argz_add_sep";
+}  // NOLINT: the sanitizer's name
+
 namespace fiscalon {
 namespace {
 
