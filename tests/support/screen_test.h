@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/session.h"
+#include "frontends/scripted/scripted_toolkit.h"
+#include "tests/support/module_test.h"
+
+namespace fiscalon {
+
+/// A test that shows a screen as a host does and plays the user at it. Strict: a box that the test does not take
+/// fails it.
+class ScreenTest : public ModuleTest {
+ protected:
+  ScreenTest() {
+    UseToolkit(&frontEnd);
+    frontEnd.onMessage = [this](const MessageBox& box) {
+      boxes_.push_back(box);
+      return box.DefaultAnswer();
+    };
+  }
+  ~ScreenTest() override {
+    for (const MessageBox& box : boxes_) ADD_FAILURE() << "a box that no line takes: " << box.text;
+  }
+
+  /// Shows the screen. `acts` runs once the form is up; a form that it leaves up is closed without a click.
+  template <class FormClass>
+  bool Show(std::string_view code, const std::function<void(FormClass& form, UserDriver& user)>& acts) {
+    frontEnd.onForm = [&](Form& form, UserDriver& user) {
+      acts(static_cast<FormClass&>(form), user);
+      user.CloseWindow(0);
+    };
+    return session.ShowLevyraScreen(code);
+  }
+
+  /// The boxes since they were last taken.
+  std::vector<MessageBox> TakeBoxes() { return std::exchange(boxes_, {}); }
+
+  /// The records that the host finds in the collection.
+  std::vector<std::string> Records() const {
+    std::vector<std::string> records;
+    if (session.PC4Records())
+      for (const PC4& record : *session.PC4Records()) records.push_back(record.Description());
+    return records;
+  }
+
+  ScriptedToolkit frontEnd;
+  Levyra session;
+
+ private:
+  std::vector<MessageBox> boxes_;
+};
+
+/// Types a text key by key.
+inline void Type(UserDriver& user, std::string_view text) {
+  for (const char character : text) user.Type(character);
+}
+
+}  // namespace fiscalon
