@@ -4,6 +4,7 @@
 
 #include "core/forms/keys.h"
 #include "core/module_state.h"
+#include "core/resume_next.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"
@@ -38,18 +39,38 @@ void NewerScreen::ShowPayment(Label& payDate, Label& amountPaid) const {
   amountPaid.Caption(Format(std::string_view(Payment().paidAmount), "Currency"));
 }
 
-void NewerScreen::DigitsChange(TextField& field, Control& next) {
-  field.Text(DigitsOnly(field.Text()));
-  MoveOnWhenFull(field, next);
+Handler NewerScreen::OnDigitsChange(TextField& field, Control& next) {
+  return [this, &field, &next] {
+    Entered(field.Name() + "_Change");
+    ResumeNext::Run([&] { field.Text(DigitsOnly(field.Text())); });
+    ResumeNext::Run([&] { MoveOnWhenFull(field, next); });
+  };
+}
+
+Handler NewerScreen::OnAmountChange(TextField& field, Control& next) {
+  return [this, &field, &next] {
+    Entered(field.Name() + "_Change");
+    AmountChange(field, next);
+  };
+}
+
+Handler NewerScreen::OnAmountLeft(TextField& box, std::string_view name) {
+  return [this, &box, name] {
+    Entered(box.Name() + "_LostFocus");
+    CheckValues(box, name);
+  };
+}
+
+Handler NewerScreen::OnAmountLeft(TextField& box, const Label& name) {
+  return [this, &box, &name] {
+    Entered(box.Name() + "_LostFocus");
+    CheckValues(box, name.Caption());
+  };
 }
 
 void NewerScreen::AmountChange(TextField& field, Control& next) {
-  KeepAmount(field);
-  MoveOnWhenFull(field, next);
-}
-
-void NewerScreen::KeepAmount(TextField& field) {
   field.Text(KeepNumericChars(field.Text()));
+  MoveOnWhenFull(field, next);
 }
 
 NewerScreen::AmountCheck NewerScreen::CheckAmount(TextField& box, std::string_view name, AmountRange range) {
@@ -73,10 +94,6 @@ NewerScreen::AmountCheck NewerScreen::CheckAmount(TextField& box, std::string_vi
 void NewerScreen::CheckValues(TextField& box, std::string_view name) {
   if (CheckAmount(box, name, AmountRange::NotNegative) == AmountCheck::Accepted)
     RecalcForm();
-}
-
-std::string NewerScreen::ShownTotal(double total) {
-  return Format(Money::FromDouble(total), "0.00");
 }
 
 FreeFormatSlot NewerScreen::AmountSlot(std::string number, const TextField& field) {

@@ -30,11 +30,16 @@ class NewerScreen : public Screen {
   /// Shows the payment's date and its amount in the locale's currency form.
   void ShowPayment(Label& payDate, Label& amountPaid) const;
 
-  // What fields of a kind have in common. Each moves the focus on to `next` when the field is full.
-  void DigitsChange(TextField& field, Control& next);
+  // The handlers that fields of a kind have in common, for a form's table of controls. What is no part of a number
+  // goes as it is typed, and a full field moves the focus on to `next`. Digits with resume-next.
+  Handler OnDigitsChange(TextField& field, Control& next);
+  Handler OnAmountChange(TextField& field, Control& next);
+  /// The check of an amount that is left, with the field's name in messages: a literal, or a label's caption.
+  Handler OnAmountLeft(TextField& box, std::string_view name);
+  Handler OnAmountLeft(TextField& box, const Label& name);
+
+  /// What an amount's `Change` does: keeps digits, "-" and the locale's decimal separator, and moves on.
   void AmountChange(TextField& field, Control& next);
-  /// What an amount may hold: digits, "-" and the locale's decimal separator. Moves no focus.
-  void KeepAmount(TextField& field);
 
   /// What amounts a field takes, and what others are told behind the field's name.
   enum class AmountRange { NotNegative, Positive };
@@ -44,9 +49,6 @@ class NewerScreen : public Screen {
   AmountCheck CheckAmount(TextField& box, std::string_view name, AmountRange range);
   /// The rule for an amount that adds up to a total: when it is accepted the form is recalculated.
   virtual void CheckValues(TextField& box, std::string_view name);
-
-  /// A sum as calculated fields show it: as `Money`, with two decimals.
-  static std::string ShownTotal(double total);
 
   // Slots of "F" records: a field's amount in cents, and a number with nothing behind it.
   static FreeFormatSlot AmountSlot(std::string number, const TextField& field);

@@ -1,6 +1,7 @@
 #include "core/older_screen.h"
 
-#include "core/forms/keys.h"
+#include <utility>
+
 #include "core/module_state.h"
 #include "core/resume_next.h"
 #include "core/user_locale.h"
@@ -53,6 +54,12 @@ void OlderScreen::FilterKey(TextField& field, int& character, std::string_view a
   field.SetFocus();
 }
 
+bool OlderScreen::RefuseAndEmpty(TextField& field, std::string_view message) {
+  ShowMessage(message, MessageStyle::Critical);
+  field.Text("");
+  return Refuse(field);
+}
+
 const std::string& OlderScreen::TrimText(TextField& field) {
   field.Text(std::string(Trim(field.Text())));
   return field.Text();
@@ -70,6 +77,10 @@ Money OlderScreen::AmountIn(std::string_view text) {
   return amount;
 }
 
+void OlderScreen::ShowWithImplicitCents(TextField& field, Money amount) {
+  field.Text(Format(WithImplicitCents(amount, field.Text()), "0.00"));
+}
+
 void OlderScreen::CheckDateOnLeaving(TextField& field) {
   if (field.Text().empty() || FocusIsOnCancelOrHelp())
     return;
@@ -80,6 +91,10 @@ void OlderScreen::CheckDateOnLeaving(TextField& field) {
     Refuse(field, "Invalid date value.");
 }
 
+Handler OlderScreen::OnDateLeft(TextField& field) {
+  return [this, &field] { CheckDateOnLeaving(field); };
+}
+
 bool OlderScreen::HoldsDate(const TextField& field) {
   return !ResumeNext::Holds([&] { return !IsValidYYYYMMDD(field.Text()); });
 }
@@ -88,9 +103,18 @@ void OlderScreen::ShowDateDigits(TextField& field) {
   field.Text(Format(NumberIn(field.Text()), "00000000"));
 }
 
-bool OlderScreen::YearIsRefused(const TextField& field, const Label& label) {
-  const std::string caption = label.Caption();
-  return YearIsNotCurrent(field.Text(), "'" + caption.substr(0, caption.size() - 1) + "'") == kTrue;
+bool OlderScreen::YearIsRefused(const TextField& field, std::string_view name) {
+  return YearIsNotCurrent(field.Text(), name) == kTrue;
+}
+
+std::string OlderScreen::WithoutColon(const Label& label) {
+  std::string caption = label.Caption();
+  caption.pop_back();
+  return caption;
+}
+
+FreeFormatSlot OlderScreen::AmountSlot(std::string number, const TextField& field) {
+  return NumberSlot(std::move(number), Cents(field.Text()));
 }
 
 }  // namespace fiscalon

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/forms/keys.h"
 #include "core/screen_contract.h"
 #include "core/values/money.h"
 
@@ -43,7 +44,18 @@ class OlderScreen : public Screen {
   static constexpr std::string_view kAmountKeys = ".,";
   /// Swallows a key that is none of the field's and gives the field the focus again.
   static void FilterKey(TextField& field, int& character, std::string_view alsoAccepted);
+  /// The filter as a field's `KeyPress`. Enter checks the field, and where the check passes the focus goes to `next`.
+  template <class F>
+  KeyPressHandler OnKeys(TextField& field, std::string_view alsoAccepted, bool (F::*check)(), Control& next) {
+    return [form = static_cast<F*>(this), &field, alsoAccepted, check, &next](int& character) {
+      FilterKey(field, character, alsoAccepted);
+      if (character == key::kEnter && (form->*check)())
+        next.SetFocus();
+    };
+  }
 
+  /// Refuses with a critical box and empties the field.
+  static bool RefuseAndEmpty(TextField& field, std::string_view message);
   /// Replaces a field's text by its trimmed text and returns it.
   static const std::string& TrimText(TextField& field);
 
@@ -52,16 +64,25 @@ class OlderScreen : public Screen {
   static double NumberIn(std::string_view text);
   static Money AmountIn(std::string_view text);
 
+  /// Shows an amount that was read from a field with two decimals; a text without a decimal separator counts cents.
+  static void ShowWithImplicitCents(TextField& field, Money amount);
+
   /// A date field is left: unless it is empty or Cancel or Help took the focus, it must hold a date near today. With
   /// resume-next.
   void CheckDateOnLeaving(TextField& field);
+  /// That, as the whole handler of a field's `LostFocus`.
+  Handler OnDateLeft(TextField& field);
   /// Whether a field holds a date near today; a text with other characters than digits is none. With resume-next.
   static bool HoldsDate(const TextField& field);
   /// Shows a checked date as eight digits.
   static void ShowDateDigits(TextField& field);
-  /// Whether the user refuses a date of another year, in the Date Warning named after the field's label, which ends
-  /// in a colon.
-  static bool YearIsRefused(const TextField& field, const Label& label);
+  /// Whether the user refuses a date of another year in the Date Warning, which calls the date by that name.
+  static bool YearIsRefused(const TextField& field, std::string_view name);
+  /// A label's caption less the colon at its end.
+  static std::string WithoutColon(const Label& label);
+
+  /// A field's dollars in cents.
+  static FreeFormatSlot AmountSlot(std::string number, const TextField& field);
 
  private:
   std::string helpFolder_;

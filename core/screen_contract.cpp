@@ -1,10 +1,15 @@
 #include "core/screen_contract.h"
 
+#include <utility>
+
 #include "core/module_state.h"
+#include "core/user_locale.h"
 #include "core/values/text.h"
 
 namespace fiscalon {
 namespace {
+
+constexpr std::string_view kValueDigits = "000000000000000000";
 
 // As many characters as are there: a date that is too short shows what it has.
 std::string_view Middle(std::string_view text, size_t from, size_t length) {
@@ -36,6 +41,10 @@ std::string Screen::ShownPaidDate() const {
 void Screen::MoveOnWhenFull(const TextField& field, Control& next) {
   if (static_cast<int>(Trim(field.Text()).size()) == field.MaxLength() && next.Enabled())
     next.SetFocus();
+}
+
+Handler Screen::OnFull(const TextField& field, Control& next) {
+  return [&field, &next] { MoveOnWhenFull(field, next); };
 }
 
 bool Screen::Refuse(Control& control) {
@@ -90,6 +99,18 @@ std::string Screen::GovernmentRecord(GovernmentFields fields) const {
 
 std::string Screen::FreeRecord(std::initializer_list<FreeFormatSlot> slots) const {
   return ComposeFreeFormat(given_.seqNumber, slots);
+}
+
+FreeFormatSlot Screen::NumberSlot(std::string number, double value) {
+  return {.fieldNum = std::move(number), .fieldValue = Format(value, kValueDigits)};
+}
+
+FreeFormatSlot Screen::NumberSlot(std::string number, Money value) {
+  return {.fieldNum = std::move(number), .fieldValue = Format(value, kValueDigits)};
+}
+
+FreeFormatSlot Screen::TextSlot(std::string number, const TextField& field) {
+  return {.fieldNum = std::move(number), .fieldValue = std::string(Trim(field.Text()))};
 }
 
 }  // namespace fiscalon

@@ -14,6 +14,7 @@
 #include "core/pc4_records.h"
 #include "core/platform/files.h"
 #include "core/record_composer.h"
+#include "core/values/money.h"
 
 namespace fiscalon {
 
@@ -92,6 +93,8 @@ class Screen : public Form {
 
   /// Moves the focus on when a field holds as many characters as it takes and the next control is enabled.
   static void MoveOnWhenFull(const TextField& field, Control& next);
+  /// That, as the whole handler of a field's `Change`.
+  static Handler OnFull(const TextField& field, Control& next);
 
   // The reaction to a failed test, always false, the result of the test: the focus on the field, behind a box or not.
   static bool Refuse(Control& control);
@@ -106,6 +109,10 @@ class Screen : public Form {
   std::string GovernmentRecord(GovernmentFields fields = {}) const;
   /// An "F" record with the payment's sequence.
   std::string FreeRecord(std::initializer_list<FreeFormatSlot> slots) const;
+  // Slots of "F" records: a whole number with zeros in front, and a field's trimmed text.
+  static FreeFormatSlot NumberSlot(std::string number, double value);
+  static FreeFormatSlot NumberSlot(std::string number, Money value);
+  static FreeFormatSlot TextSlot(std::string number, const TextField& field);
 
   /// A file that a failed output left open is the form's until it next writes or unloads.
   void Unloaded() override { output_.reset(); }

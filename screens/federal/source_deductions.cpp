@@ -2,9 +2,6 @@
 
 #include <string>
 
-#include "core/forms/keys.h"
-#include "core/module_state.h"
-#include "core/resume_next.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"
@@ -15,7 +12,7 @@ namespace {
 
 constexpr std::string_view kWholeNumber = "0";
 constexpr std::string_view kDollars = "0.00";
-constexpr std::string_view kFieldDigits = "000000000000000000";
+constexpr size_t kDateLength = 8;
 
 }  // namespace
 
@@ -32,22 +29,16 @@ void GOVSOURCEDEDUCTION::Form_Activate() {
     GrossPayroll.SetFocus();
 }
 
-void GOVSOURCEDEDUCTION::GrossPayroll_KeyPress(int& character) {
-  FilterKey(GrossPayroll, character, kAmountKeys);
-  if (character != key::kEnter)
-    return;
+bool GOVSOURCEDEDUCTION::GrossPayroll_Enter() {
   const Money amount = AmountIn(TrimText(GrossPayroll));
-  if (!IsAmountText(GrossPayroll.Text())) {
-    Refuse(GrossPayroll);
-    return;
-  }
+  if (!IsAmountText(GrossPayroll.Text()))
+    return Refuse(GrossPayroll);
   GrossPayroll.Text(Format(amount, kDollars));
   if (amount < Money())
-    Refuse(GrossPayroll, " Amount of Gross Payroll in Remitting Period cannot be less than 0.");
-  else if (HasFraction(GrossPayroll.Text()))
-    Refuse(GrossPayroll, "Amount of Gross Payroll cannot have decimal value.", MessageStyle::Plain);
-  else
-    NumberOfEmployees.SetFocus();
+    return Refuse(GrossPayroll, " Amount of Gross Payroll in Remitting Period cannot be less than 0.");
+  if (HasFraction(GrossPayroll.Text()))
+    return Refuse(GrossPayroll, "Amount of Gross Payroll cannot have decimal value.", MessageStyle::Plain);
+  return true;
 }
 
 void GOVSOURCEDEDUCTION::GrossPayroll_LostFocus() {
@@ -62,77 +53,40 @@ void GOVSOURCEDEDUCTION::GrossPayroll_LostFocus() {
     Refuse(GrossPayroll);
 }
 
-void GOVSOURCEDEDUCTION::NumberOfEmployees_KeyPress(int& character) {
-  FilterKey(NumberOfEmployees, character, kAmountKeys);
-  if (character != key::kEnter)
-    return;
+bool GOVSOURCEDEDUCTION::NumberOfEmployees_Enter() {
   const double number = NumberIn(TrimText(NumberOfEmployees));
-  if (!IsAmountText(NumberOfEmployees.Text())) {
-    Refuse(NumberOfEmployees);
-    return;
-  }
+  if (!IsAmountText(NumberOfEmployees.Text()))
+    return Refuse(NumberOfEmployees);
   NumberOfEmployees.Text(Format(number, kWholeNumber));
-  if (number < 0) {
-    Refuse(NumberOfEmployees, "Number of employees in latest pay period cannot be less than 0.");
-    return;
-  }
+  if (number < 0)
+    return Refuse(NumberOfEmployees, "Number of employees in latest pay period cannot be less than 0.");
   if (number == 0 && AmountToBePaid() == 0)
     NumberOfEmployees.Text("0");
-  EndDate.SetFocus();
+  return true;
 }
 
-void GOVSOURCEDEDUCTION::EndDate_Change() {
-  MoveOnWhenFull(EndDate, Command3D6);
+bool GOVSOURCEDEDUCTION::EndDate_Enter() {
+  if (Trim(EndDate.Text()).empty())
+    return Refuse(EndDate, "Please enter the date for the end of remitting period.");
+  if (Trim(EndDate.Text()).size() != kDateLength)
+    return RefuseAndEmpty(EndDate, "Invalid date value.");
+  return true;
 }
 
-void GOVSOURCEDEDUCTION::EndDate_KeyPress(int& character) {
-  FilterKey(EndDate, character, kDateKeys);
-  if (character != key::kEnter)
-    return;
-  const std::string_view date = Trim(EndDate.Text());
-  if (date.empty()) {
-    Refuse(EndDate, "Please enter the date for the end of remitting period.");
-  } else if (date.size() != 8) {
-    ShowMessage("Invalid date value.", MessageStyle::Critical);
-    EndDate.Text("");
-    EndDate.SetFocus();
-  } else {
-    Command3D6.SetFocus();
-  }
-}
-
-void GOVSOURCEDEDUCTION::EndDate_LostFocus() {
-  CheckDateOnLeaving(EndDate);
-}
-
-void GOVSOURCEDEDUCTION::PaymentAmount_KeyPress(int& character) {
-  FilterKey(PaymentAmount, character, kAmountKeys);
-  if (character != key::kEnter)
-    return;
+bool GOVSOURCEDEDUCTION::PaymentAmount_Enter() {
   const Money amount = AmountIn(TrimText(PaymentAmount));
-  if (amount < Money()) {
-    Refuse(PaymentAmount, "Amount of Payment cannot be less than 0.");
-    return;
-  }
-  if (amount == Money() && AmountToBePaid() != 0) {
-    Refuse(PaymentAmount, "Please enter amount of payment.");
-    return;
-  }
+  if (amount < Money())
+    return Refuse(PaymentAmount, "Amount of Payment cannot be less than 0.");
+  if (amount == Money() && AmountToBePaid() != 0)
+    return Refuse(PaymentAmount, "Please enter amount of payment.");
   if (amount == Money())
     PaymentAmount.Text(Format(0.0, kDollars));
-  if (!IsAmountText(PaymentAmount.Text())) {
-    Refuse(PaymentAmount);
-    return;
-  }
-  ApplyDecimalRule(PaymentAmount, amount);
+  if (!IsAmountText(PaymentAmount.Text()))
+    return Refuse(PaymentAmount);
+  ShowWithImplicitCents(PaymentAmount, amount);
   if (AmountToBePaid() != NumberIn(PaymentAmount.Text()))
-    Refuse(PaymentAmount, "Amount of Payment is not equal to amount to be paid.");
-  else
-    EndDate.SetFocus();
-}
-
-void GOVSOURCEDEDUCTION::ApplyDecimalRule(TextField& field, Money amount) {
-  field.Text(Format(WithImplicitCents(amount, field.Text()), kDollars));
+    return Refuse(PaymentAmount, "Amount of Payment is not equal to amount to be paid.");
+  return true;
 }
 
 void GOVSOURCEDEDUCTION::Command3D6_Click() {
@@ -144,7 +98,7 @@ bool GOVSOURCEDEDUCTION::PaymentAmountPasses() {
   const Money typed = AmountIn(TrimText(PaymentAmount));
   if (!IsAmountText(PaymentAmount.Text()))
     return Refuse(PaymentAmount);
-  ApplyDecimalRule(PaymentAmount, typed);
+  ShowWithImplicitCents(PaymentAmount, typed);
   const double amount = NumberIn(PaymentAmount.Text());
   if (amount < 0)
     return Refuse(PaymentAmount, "Amount of Payment cannot be less than 0.");
@@ -160,17 +114,14 @@ bool GOVSOURCEDEDUCTION::PaymentAmountPasses() {
 bool GOVSOURCEDEDUCTION::EndDatePasses() {
   if (Trim(EndDate.Text()).empty())
     return Refuse(EndDate, "Please enter the date for the end of remitting period.");
-  if (Trim(EndDate.Text()).size() != 8) {
-    ShowMessage("Invalid date value.", MessageStyle::Critical);
-    EndDate.Text("");
-    return Refuse(EndDate);
-  }
+  if (Trim(EndDate.Text()).size() != kDateLength)
+    return RefuseAndEmpty(EndDate, "Invalid date value.");
   TrimText(EndDate);
   if (!HoldsDate(EndDate)) {
     EndDate.SelectAll();
     return Refuse(EndDate, "Invalid date value.");
   }
-  if (YearIsRefused(EndDate, Label7))
+  if (YearIsRefused(EndDate, "'" + WithoutColon(Label7) + "'"))
     return Refuse(EndDate);
   ShowDateDigits(EndDate);
   return true;
@@ -212,10 +163,8 @@ bool GOVSOURCEDEDUCTION::NumberOfEmployeesPasses() {
 void GOVSOURCEDEDUCTION::WriteRecords() {
   BeginRecords();
   SendRecord(GovernmentRecord());
-  SendRecord(FreeRecord({{"01", Format(Cents(PaymentAmount.Text()), kFieldDigits)},
-                         {"02", std::string(Trim(EndDate.Text()))},
-                         {"03", Format(Cents(GrossPayroll.Text()), kFieldDigits)},
-                         {"04", Format(LeadingNumber(NumberOfEmployees.Text()), kFieldDigits)}}));
+  SendRecord(FreeRecord({AmountSlot("01", PaymentAmount), TextSlot("02", EndDate), AmountSlot("03", GrossPayroll),
+                         NumberSlot("04", LeadingNumber(NumberOfEmployees.Text()))}));
   EndRecords();
 }
 

@@ -27,20 +27,20 @@ class GOVSOURCEDEDUCTION final : public OlderScreen {
   Label     Label5            {*this, "Label5",            {.caption = "Additional Information", .frame = &Frame3D1}};
   Label     Label8            {*this, "Label8",            {.caption = "Gross Payroll in Remitting Period (dollars only):"}};
   TextField GrossPayroll      {*this, "GrossPayroll",      {.tabIndex = 1, .maxLength = 12},
-                               {.keyPress  = On(&Self::GrossPayroll_KeyPress),
+                               {.keyPress  = OnKeys(GrossPayroll, kAmountKeys, &Self::GrossPayroll_Enter, NumberOfEmployees),
                                 .lostFocus = On(&Self::GrossPayroll_LostFocus)}};
   Label     Label9            {*this, "Label9",            {.caption = "Number of Employees in Last Pay Period:"}};
   TextField NumberOfEmployees {*this, "NumberOfEmployees", {.tabIndex = 2, .maxLength = 6},
-                               {.keyPress  = On(&Self::NumberOfEmployees_KeyPress)}};
+                               {.keyPress  = OnKeys(NumberOfEmployees, kAmountKeys, &Self::NumberOfEmployees_Enter, EndDate)}};
   Label     Label7            {*this, "Label7",            {.caption = "End of Remitting Period:"}};
   TextField EndDate           {*this, "EndDate",           {.tabIndex = 3, .maxLength = 8},
-                               {.change    = On(&Self::EndDate_Change),
-                                .keyPress  = On(&Self::EndDate_KeyPress),
-                                .lostFocus = On(&Self::EndDate_LostFocus)}};
+                               {.change    = OnFull(EndDate, Command3D6),
+                                .keyPress  = OnKeys(EndDate, kDateKeys, &Self::EndDate_Enter, Command3D6),
+                                .lostFocus = OnDateLeft(EndDate)}};
   Label     Label10           {*this, "Label10",           {.caption = "YYYYMMDD"}};
   Label     Label6            {*this, "Label6",            {.caption = "Amount Paid:"}};
   TextField PaymentAmount     {*this, "PaymentAmount",     {.tabIndex = 4, .maxLength = 12},
-                               {.keyPress  = On(&Self::PaymentAmount_KeyPress)}};
+                               {.keyPress  = OnKeys(PaymentAmount, kAmountKeys, &Self::PaymentAmount_Enter, EndDate)}};
   Button    Command3D6        {*this, "Command3D6",        {.caption = "&OK"},     {.click = On(&Self::Command3D6_Click)}};
   Button    Command3D5        {*this, "Command3D5",        {.caption = "&Cancel"}, {.mouseDown = On(&Self::LeaveWithoutCheck),
                                                                                     .click = On(&Self::Cancel_Click)}};
@@ -60,13 +60,12 @@ class GOVSOURCEDEDUCTION final : public OlderScreen {
 
   void Form_Load() override;
   void Form_Activate() override;
-  void GrossPayroll_KeyPress(int& character);
+  // Enter checks a field by itself. Some of the checks, and their words, are not those of OK.
+  bool GrossPayroll_Enter();
+  bool NumberOfEmployees_Enter();
+  bool EndDate_Enter();
+  bool PaymentAmount_Enter();
   void GrossPayroll_LostFocus();
-  void NumberOfEmployees_KeyPress(int& character);
-  void EndDate_Change();
-  void EndDate_KeyPress(int& character);
-  void EndDate_LostFocus();
-  void PaymentAmount_KeyPress(int& character);
   /// A mouse press on Cancel or Help: gross payroll's next check on leaving is skipped, whenever that is.
   void LeaveWithoutCheck() { skipGrossCheck_ = true; }
   void Command3D6_Click();
@@ -81,8 +80,6 @@ class GOVSOURCEDEDUCTION final : public OlderScreen {
 
   /// The amount to be paid as tests read it: off the screen.
   double AmountToBePaid() const { return NumberIn(AmountPaid.Caption()); }
-  /// Reads an amount as typed, cents where it has no decimal separator, and shows it with two decimals.
-  static void ApplyDecimalRule(TextField& field, Money amount);
 
   bool skipGrossCheck_ = false;
 

@@ -14,20 +14,12 @@ void frmDueDateAmount::SetupForm() {
   Caption(Payment().compName);
 }
 
-void frmDueDateAmount::txtRemittancePeriod_Change() {
-  ResumeNext::Run([&] { DigitsChange(txtRemittancePeriod, txtAmountPayable); });
-}
-
 void frmDueDateAmount::txtRemittancePeriod_LostFocus() {
   const std::string& text = txtRemittancePeriod.Text();
   if (Trim(text).empty() || FocusIsOn("cmdCancel"))
     return;
   if (ResumeNext::Holds([&] { return !IsValidTaxationYear(text); }))
     ResumeNext::Run([&] { txtRemittancePeriod.SetFocus(); });
-}
-
-void frmDueDateAmount::txtAmountPayable_Change() {
-  AmountChange(txtAmountPayable, cmdOK);
 }
 
 bool frmDueDateAmount::IsValidTaxationYear(std::string_view text) {

@@ -23,12 +23,12 @@ class frmDueDateAmount final : public NewerScreen {
   Label     lblAmountPaid       {*this, "lblAmountPaid",       {}};
   Label     Label1              {*this, "Label1",              {.caption = "Taxation year ends on:"}};
   TextField txtRemittancePeriod {*this, "txtRemittancePeriod", {.tabIndex = 0, .maxLength = 6},
-                                 {.change    = On(&Self::txtRemittancePeriod_Change),
+                                 {.change    = OnDigitsChange(txtRemittancePeriod, txtAmountPayable),
                                   .lostFocus = On(&Self::txtRemittancePeriod_LostFocus)}};
   Label     Label9              {*this, "Label9",              {.caption = "YYYYMM"}};
   Label     lblAmountPayable    {*this, "lblAmountPayable",    {.caption = "Amount payable:"}};
   TextField txtAmountPayable    {*this, "txtAmountPayable",    {.tabIndex = 1, .maxLength = 12, .alignment = Alignment::Right},
-                                 {.change    = On(&Self::txtAmountPayable_Change)}};
+                                 {.change    = OnAmountChange(txtAmountPayable, cmdOK)}};
   Button    cmdOK               {*this, "cmdOK",               {.caption = "&OK", .tabIndex = 2},
                                  {.click     = On(&Self::cmdOK_Click)}};
   Button    cmdCancel           {*this, "cmdCancel",           {.caption = "Cancel", .tabIndex = 3, .cancel = true},
@@ -43,9 +43,7 @@ class frmDueDateAmount final : public NewerScreen {
   void Form_Load() override { SetupForm(); }
   void SetupForm();
 
-  void txtRemittancePeriod_Change();
   void txtRemittancePeriod_LostFocus();
-  void txtAmountPayable_Change();
 
   bool ValidateForm() override;
   /// Whether the text is a month from 1990 to the one before this month of next year. Shows its own message.

@@ -54,11 +54,6 @@ void frmQue_Rev_SourceDeduct::Form_QueryUnload(bool& /*cancel*/, int reason) {
   CancelOnClosing(reason);
 }
 
-void frmQue_Rev_SourceDeduct::txtRemittancePeriod_Change() {
-  Entered("txtRemittancePeriod_Change");
-  ResumeNext::Run([&] { DigitsChange(txtRemittancePeriod, txtIncomeTaxWithheld); });
-}
-
 void frmQue_Rev_SourceDeduct::txtRemittancePeriod_LostFocus() {
   Entered("txtRemittancePeriod_LostFocus");
   if (FocusIsOn("cmdCancel"))
@@ -71,36 +66,11 @@ void frmQue_Rev_SourceDeduct::txtRemittancePeriod_LostFocus() {
     ResumeNext::Run([&] { txtRemittancePeriod.SetFocus(); });
 }
 
-void frmQue_Rev_SourceDeduct::txtIncomeTaxWithheld_Change() {
-  Entered("txtIncomeTaxWithheld_Change");
-  AmountChange(txtIncomeTaxWithheld, txtQPP);
-}
-
 void frmQue_Rev_SourceDeduct::txtIncomeTaxWithheld_LostFocus() {
   Entered("txtIncomeTaxWithheld_LostFocus");
   // The user can step back to the period without any complaint.
   if (!FocusIsOn("txtRemittancePeriod"))
     CheckValues(txtIncomeTaxWithheld, "Income tax withheld and compensation tax");
-}
-
-void frmQue_Rev_SourceDeduct::txtQPP_Change() {
-  Entered("txtQPP_Change");
-  AmountChange(txtQPP, txtHealthFund);
-}
-
-void frmQue_Rev_SourceDeduct::txtQPP_LostFocus() {
-  Entered("txtQPP_LostFocus");
-  CheckValues(txtQPP, "QPP contributions");
-}
-
-void frmQue_Rev_SourceDeduct::txtHealthFund_Change() {
-  Entered("txtHealthFund_Change");
-  AmountChange(txtHealthFund, txtQPIP);
-}
-
-void frmQue_Rev_SourceDeduct::txtHealthFund_LostFocus() {
-  Entered("txtHealthFund_LostFocus");
-  CheckValues(txtHealthFund, "Contribution to the health services fund");
 }
 
 void frmQue_Rev_SourceDeduct::txtQPIP_Change() {
@@ -109,19 +79,9 @@ void frmQue_Rev_SourceDeduct::txtQPIP_Change() {
   AmountChange(txtQPIP, csstTakesEntries ? static_cast<Control&>(txtCSST) : cmdOK);
 }
 
-void frmQue_Rev_SourceDeduct::txtQPIP_LostFocus() {
-  Entered("txtQPIP_LostFocus");
-  CheckValues(txtQPIP, "QPIP premiums");
-}
-
 void frmQue_Rev_SourceDeduct::txtCSST_Change() {
   Entered("txtCSST_Change");
   AmountChange(txtCSST, cmbRemittanceType.Visible() ? static_cast<Control&>(cmbRemittanceType) : cmdOK);
-}
-
-void frmQue_Rev_SourceDeduct::txtCSST_LostFocus() {
-  Entered("txtCSST_LostFocus");
-  CheckValues(txtCSST, "CSST payments");
 }
 
 void frmQue_Rev_SourceDeduct::cmbRemittanceType_Click() {
@@ -159,15 +119,15 @@ void frmQue_Rev_SourceDeduct::DoWrite() {
     SendRecord(GovernmentRecord({.periodDueDate = txtRemittancePeriod.Text()}));
     SendRecord(FreeRecord({AmountSlot("01", txtIncomeTaxWithheld), AmountSlot("02", txtQPP),
                            AmountSlot("03", txtHealthFund), AmountSlot("04", txtQPIP)}));
-    SendRecord(FreeRecord({{"05", TypeValue()}, AmountSlot("06", txtCSST), ZeroSlot("07"), ZeroSlot("08")}));
+    SendRecord(FreeRecord({TypeSlot(), AmountSlot("06", txtCSST), ZeroSlot("07"), ZeroSlot("08")}));
     EndRecords();
   });
 }
 
-std::string frmQue_Rev_SourceDeduct::TypeValue() const {
+FreeFormatSlot frmQue_Rev_SourceDeduct::TypeSlot() const {
   if (Payment().compCode == "001051")
-    return std::string(kZeroValue);
-  return Format(static_cast<double>(cmbRemittanceType.ListIndex() + 1), kZeroValue);
+    return ZeroSlot("05");
+  return NumberSlot("05", cmbRemittanceType.ListIndex() + 1);
 }
 
 }  // namespace fiscalon

@@ -23,29 +23,29 @@ class frmQue_Rev_SourceDeduct final : public NewerScreen {
   Label        lblAmountPaid        {*this, "lblAmountPaid",        {}};
   Label        lblRemittancePeriod  {*this, "lblRemittancePeriod",  {.caption = "Remittance Period:"}};
   TextField    txtRemittancePeriod  {*this, "txtRemittancePeriod",  {.tabIndex = 0, .maxLength = 6},
-                                     {.change    = On(&Self::txtRemittancePeriod_Change),
+                                     {.change    = OnDigitsChange(txtRemittancePeriod, txtIncomeTaxWithheld),
                                       .lostFocus = On(&Self::txtRemittancePeriod_LostFocus)}};
   Label        lblPeriodFormat      {*this, "lblPeriodFormat",      {.caption = "YYYYMM"}};
   Label        lblIncomeTaxWithheld {*this, "lblIncomeTaxWithheld", {.caption = "Income tax withheld and compensation tax (if applicable):"}};
   TextField    txtIncomeTaxWithheld {*this, "txtIncomeTaxWithheld", {.tabIndex = 1, .maxLength = 12, .alignment = Alignment::Right},
-                                     {.change    = On(&Self::txtIncomeTaxWithheld_Change),
+                                     {.change    = OnAmountChange(txtIncomeTaxWithheld, txtQPP),
                                       .lostFocus = On(&Self::txtIncomeTaxWithheld_LostFocus)}};
   Label        lblQPP               {*this, "lblQPP",               {.caption = "QPP contributions:"}};
   TextField    txtQPP               {*this, "txtQPP",               {.tabIndex = 2, .maxLength = 12, .alignment = Alignment::Right},
-                                     {.change    = On(&Self::txtQPP_Change),
-                                      .lostFocus = On(&Self::txtQPP_LostFocus)}};
+                                     {.change    = OnAmountChange(txtQPP, txtHealthFund),
+                                      .lostFocus = OnAmountLeft(txtQPP, "QPP contributions")}};
   Label        lblHealthFund        {*this, "lblHealthFund",        {.caption = "Contribution to the health services fund:"}};
   TextField    txtHealthFund        {*this, "txtHealthFund",        {.tabIndex = 3, .maxLength = 12, .alignment = Alignment::Right},
-                                     {.change    = On(&Self::txtHealthFund_Change),
-                                      .lostFocus = On(&Self::txtHealthFund_LostFocus)}};
+                                     {.change    = OnAmountChange(txtHealthFund, txtQPIP),
+                                      .lostFocus = OnAmountLeft(txtHealthFund, "Contribution to the health services fund")}};
   Label        lblQPIP              {*this, "lblQPIP",              {.caption = "QPIP premiums:"}};
   TextField    txtQPIP              {*this, "txtQPIP",              {.tabIndex = 4, .maxLength = 12, .alignment = Alignment::Right},
                                      {.change    = On(&Self::txtQPIP_Change),
-                                      .lostFocus = On(&Self::txtQPIP_LostFocus)}};
+                                      .lostFocus = OnAmountLeft(txtQPIP, "QPIP premiums")}};
   Label        lblCSST              {*this, "lblCSST",              {.caption = "CSST payments:"}};
   TextField    txtCSST              {*this, "txtCSST",              {.tabIndex = 5, .maxLength = 12, .alignment = Alignment::Right},
                                      {.change    = On(&Self::txtCSST_Change),
-                                      .lostFocus = On(&Self::txtCSST_LostFocus)}};
+                                      .lostFocus = OnAmountLeft(txtCSST, "CSST payments")}};
   Label        lblRemittanceType    {*this, "lblRemittanceType",    {.caption = "Remittance Type:"}};
   DropDownList cmbRemittanceType    {*this, "cmbRemittanceType",    {.tabIndex = 6},
                                      {.click     = On(&Self::cmbRemittanceType_Click)}};
@@ -76,18 +76,10 @@ class frmQue_Rev_SourceDeduct final : public NewerScreen {
 
   void Form_Load() override;
   void Form_QueryUnload(bool& cancel, int reason) override;
-  void txtRemittancePeriod_Change();
   void txtRemittancePeriod_LostFocus();
-  void txtIncomeTaxWithheld_Change();
   void txtIncomeTaxWithheld_LostFocus();
-  void txtQPP_Change();
-  void txtQPP_LostFocus();
-  void txtHealthFund_Change();
-  void txtHealthFund_LostFocus();
   void txtQPIP_Change();
-  void txtQPIP_LostFocus();
   void txtCSST_Change();
-  void txtCSST_LostFocus();
   void cmbRemittanceType_Click();
 
   void CheckValues(TextField& box, std::string_view name) override;
@@ -100,7 +92,7 @@ class frmQue_Rev_SourceDeduct final : public NewerScreen {
   void Reported(std::string_view procedure, Routine&& routine);
   /// Only one of the billers asks for the kind of remittance.
   bool AsksForType() const { return Payment().compCode == "001052"; }
-  std::string TypeValue() const;
+  FreeFormatSlot TypeSlot() const;
 
   const Layout layout_ = {.groups = {{.rows = {{{{&lblCPayDate, &lblPayDate}}}, {{{&lblCAmountPaid, &lblAmountPaid}}}}},
                                      {.rows = {{{{&lblRemittancePeriod, &txtRemittancePeriod, &lblPeriodFormat}}},
