@@ -25,7 +25,6 @@ function(expect_records program)
     # head, no period, due date, filler, name to 30, title to 20, rest
     "PC40001T" "${blanks16}" "202412  " "${blanks8}" "Hélène Côté${blanks19}" "Clerk${blanks15}" "${blanks70}\n"
     "PC40001F" "01000000000000012345" "02000000000000000000" "03000000000000000000" "04000000000000000000" "${blanks72}\n")
-  set(ENV{LD_LIBRARY_PATH} ${prefix}/${LIBRARY_DIR})
   execute_process(COMMAND ${program} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
   if(NOT result STREQUAL "0" OR NOT errors STREQUAL "" OR NOT output STREQUAL expected)
     message(FATAL_ERROR "${program} ended with ${result}\nexpected:\n${expected}printed:\n${output}said:\n${errors}")
@@ -34,12 +33,17 @@ endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/installed)
 file(RENAME ${WORK_DIR}/installed ${prefix})
+if(HAS_PROGRAM)
+  run(${prefix}/bin/fiscalon --version)
+endif()
 
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/host -B ${WORK_DIR}/host -G Ninja
   -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/host)
 expect_records(${WORK_DIR}/host/host)
 
+# Nothing but the environment tells this one where a shared library lies.
+set(ENV{LD_LIBRARY_PATH} ${prefix}/${LIBRARY_DIR})
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBRARY_DIR}/pkgconfig)
 execute_process(COMMAND ${PKG_CONFIG} --cflags --libs fiscalon
   OUTPUT_VARIABLE package_flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
