@@ -51,7 +51,8 @@ KeyOutcome UserActs::Stroke(const KeyStroke& stroke) {
     if (character == 0)
       return {};
   }
-  if (control == nullptr || !form_.IsUp())
+  // Its handlers may have hidden or disabled the control meanwhile.
+  if (control == nullptr || !control->CanTakeFocus())
     return {};
   if (control->Kind() == ControlKind::TextField) {
     const bool alters = character != 0 || keyCode == key::kDelete;

@@ -157,6 +157,24 @@ TEST(Key, GoesNoFurtherOnAFormThatHides) {
   }
 }
 
+TEST(Key, DoesNothingToAControlThatItsHandlersDisabled) {
+  class DisablingForm : public TestForm {
+   public:
+    OptionButton optA{*this, "optA", {.tabIndex = 0}, Noted("optA")};
+    TextField txtA{*this, "txtA", {.tabIndex = 1}, Noted("txtA")};
+  };
+  DisablingForm form;
+  form.whenKey["optA_KeyDown"] = [&](int&) { form.optA.Enabled(false); };
+  form.whenKey["txtA_KeyPress"] = [&](int&) { form.txtA.Enabled(false); };
+  Play(form, [&](FormUser& user) {
+    user.Key("Down");
+    EXPECT_EQ(form.TakeNotes(), Notes{"optA_LostFocus"});
+    user.Type("x");
+    EXPECT_EQ(form.TakeNotes(), Notes{"txtA_LostFocus"});
+    EXPECT_EQ(form.txtA.Text(), "");
+  });
+}
+
 TEST(DialogKeys, NeverReachAHandler) {
   ButtonsForm form;
   form.notesKeys = true;
