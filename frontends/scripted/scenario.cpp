@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 #include "frontends/scripted/scenario_grammar.h"
 
@@ -95,10 +95,11 @@ Scenario ParseScenario(const std::string& name, std::string_view text) {
 
 Scenario ReadScenario(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
-  const std::string text(std::istreambuf_iterator<char>(file), {});
-  if (!file.is_open() || file.bad())
+  std::ostringstream text;
+  // A folder opens, and fails when it is read; an empty file gives nothing to copy.
+  if (!file.is_open() || (file.peek() != std::ifstream::traits_type::eof() && !(text << file.rdbuf())) || file.bad())
     throw ScenarioError(path, 0, "the file can't be read; give the path of a scenario, a text file");
-  return ParseScenario(path, text);
+  return ParseScenario(path, text.str());
 }
 
 std::string QuotedArgument(std::string_view argument) {
