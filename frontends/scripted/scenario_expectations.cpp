@@ -43,30 +43,40 @@ std::string WithPlainLineEnds(std::string text) {
   return text;
 }
 
-std::string Described(const MessageBox& box) {
+}  // namespace
+
+std::string DescribedBox(const MessageBox& box) {
   std::string described = "message " + StyleName(box.style) + " " + QuotedArgument(WithPlainLineEnds(ToUtf8(box.text)));
   if (!box.title.empty())
     described += " title " + QuotedArgument(ToUtf8(box.title));
   return described;
 }
 
-}  // namespace
+std::string ScenarioRun::Described(const SeenThing& thing) {
+  if (const auto* box = std::get_if<MessageBox>(&thing))
+    return DescribedBox(*box);
+  if (const auto* help = std::get_if<SeenHelp>(&thing))
+    return "help " + QuotedArgument(ToUtf8(help->file)) + " " + std::to_string(help->context);
+  return "beep";
+}
+
+std::string ScenarioRun::Ending() const {
+  if (error_)
+    return "error " + std::to_string(error_->Number()) + " " + QuotedArgument(ToUtf8(error_->Source())) + " " +
+           QuotedArgument(ToUtf8(error_->Description()));
+  return result_ ? "result " + TrueFalse(*result_) : "no screen was shown";
+}
 
 void ScenarioRun::Expect(const ScenarioLine& line) {
   const std::string& what = line.arguments[0];
   if (what == "message")
     ExpectMessage(line);
-  else if (what == "beep") {
-    if (!std::holds_alternative<SeenBeep>(Claim("a beep")))
-      Fail("a beep", "something else first");
-  } else if (what == "help") {
-    const std::string expected = "help " + Argument(line, 1) + " " + line.arguments[2];
-    const SeenThing seen = Claim(expected);
-    const auto* help = std::get_if<SeenHelp>(&seen);
-    if (help == nullptr)
-      Fail(expected, "something else first");
-    Compare("help " + Argument(line, 1) + " " + std::to_string(*ParseNumber(line.arguments[2])),
-            "help " + ToUtf8(help->file) + " " + std::to_string(help->context));
+  else if (what == "beep")
+    Compare("beep", Described(Claim("beep")));
+  else if (what == "help") {
+    const std::string expected =
+        "help " + QuotedArgument(Argument(line, 1)) + " " + std::to_string(*ParseNumber(line.arguments[2]));
+    Compare(expected, Described(Claim(expected)));
   } else if (!ExpectOfShow(line, what) && !ExpectOfRecords(line, what) && !ExpectOfForm(line, what)) {
     Senseless("nothing is known of \"expect " + what + "\"");
   }
@@ -119,11 +129,7 @@ bool ScenarioRun::ExpectOfShow(const ScenarioLine& line, const std::string& what
     return false;
   if (form_ != nullptr && form_->IsUp())
     Fail("the form to be closed", "\"" + shownForm_ + "\" is still open");
-  const std::string seen = error_ ? "error " + std::to_string(error_->Number()) + " " +
-                                        QuotedArgument(ToUtf8(error_->Source())) + " " +
-                                        QuotedArgument(ToUtf8(error_->Description()))
-                           : result_ ? "result " + TrueFalse(*result_)
-                                     : "no screen was shown";
+  const std::string seen = Ending();
   if (what == "result") {
     Compare("result " + TrueFalse(*ParseBoolean(line.arguments[1]) != 0), seen);
     return true;
@@ -175,13 +181,13 @@ void ScenarioRun::ExpectMessage(const ScenarioLine& line) {
   const SeenThing seen = Claim(expected);
   const auto* box = std::get_if<MessageBox>(&seen);
   if (box == nullptr)
-    Fail(expected, "something else first");
+    Fail(expected, Described(seen));
   MessageBox compared = *box;
   if (!withTitle)
     compared.title.clear();
   else if (compared.title.empty())
     compared.title = kDefaultTitle;
-  Compare(expected, Described(compared));
+  Compare(expected, DescribedBox(compared));
 }
 
 ScenarioRun::SeenThing ScenarioRun::Claim(const std::string& expected) {
@@ -195,13 +201,8 @@ ScenarioRun::SeenThing ScenarioRun::Claim(const std::string& expected) {
 void ScenarioRun::RefuseUnclaimed() const {
   if (seen_.empty())
     return;
-  const SeenThing& first = seen_.front();
-  std::string seen = "a beep";
-  if (const auto* box = std::get_if<MessageBox>(&first))
-    seen = Described(*box);
-  else if (const auto* help = std::get_if<SeenHelp>(&first))
-    seen = "help " + ToUtf8(help->file) + " " + std::to_string(help->context);
-  throw ScenarioFailure{.line = seenAtLine_, .expected = "nothing that no line expects", .seen = seen};
+  throw ScenarioFailure{
+      .line = seenAtLine_, .expected = "nothing that no line expects", .seen = Described(seen_.front())};
 }
 
 void ScenarioRun::Compare(const std::string& expected, const std::string& seen) const {

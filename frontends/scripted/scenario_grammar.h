@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/platform/date.h"
+#include "core/platform/toolkit.h"
 #include "frontends/scripted/scenario.h"
 
 /// What each line of a scenario may say.
@@ -21,5 +22,8 @@ std::optional<long long> ParseNumber(std::string_view text);
 
 /// True or False in any case, or a number of 16 bits.
 std::optional<int> ParseBoolean(std::string_view text);
+
+/// A box as the line that expects it says it: "message critical "Invalid date value."", with its title if it has one.
+std::string DescribedBox(const MessageBox& box);
 
 }  // namespace fiscalon

@@ -25,7 +25,10 @@ struct PlayWatcher {
   std::function<void(const ScenarioLine& line, Form* form)> lineEnds = {};
   std::function<void(const std::string& handler)> handlerRuns = {};
   std::function<void(const MessageBox& box, MessageAnswer answer, Form* form)> boxAnswered = {};
-  std::function<void(bool result)> showEnded = {};
+  /// A beep, or a help page, in the words of an `expect` line.
+  std::function<void(const std::string& what)> noticed = {};
+  /// `ShowLevyraScreen` has ended: "result True", or the error, in the words of an `expect` line.
+  std::function<void(const std::string& ending)> showEnded = {};
   /// The scenario is over, and what it made is still there: the records, before they go.
   std::function<void(const std::vector<std::string>& records)> ended = {};
 };

@@ -61,9 +61,9 @@ ScenarioRun::ScenarioRun(const Scenario& scenario, DrivenToolkit& toolkit, const
   session_.emplace();
   toolkit_.onForm = [this](Form& form, UserDriver& user) { PlayWhileUp(form, user); };
   toolkit_.onMessage = [this](const MessageBox& box) { return AnswerBox(box); };
-  toolkit_.onBeep = [this] { seen_.push_back(SeenBeep{}); };
+  toolkit_.onBeep = [this] { Notice(SeenBeep{}); };
   toolkit_.onHelp = [this](std::string_view file, int32_t context) {
-    seen_.push_back(SeenHelp{.file = std::string(file), .context = context});
+    Notice(SeenHelp{.file = std::string(file), .context = context});
   };
   toolkit_.onEvent = watcher_.handlerRuns;
 }
@@ -138,7 +138,7 @@ void ScenarioRun::Show(const ScenarioLine& line) {
     error_ = error;
   }
   if (watcher_.showEnded)
-    watcher_.showEnded(result_.value_or(false));
+    watcher_.showEnded(Ending());
 }
 
 void ScenarioRun::PlayWhileUp(Form& form, UserDriver& user) {
@@ -171,6 +171,12 @@ MessageAnswer ScenarioRun::AnswerBox(const MessageBox& box) {
   if (watcher_.boxAnswered)
     watcher_.boxAnswered(box, answer, form_);
   return answer;
+}
+
+void ScenarioRun::Notice(SeenThing thing) {
+  if (watcher_.noticed)
+    watcher_.noticed(Described(thing));
+  seen_.push_back(std::move(thing));
 }
 
 void ScenarioRun::Act(const ScenarioLine& line) {

@@ -53,6 +53,7 @@ class ScenarioRun {
 
   void PlayLine();
   void PlayWhileUp(Form& form, UserDriver& user);
+  void Notice(SeenThing thing);
   MessageAnswer AnswerBox(const MessageBox& box);
 
   void Host(const ScenarioLine& line);
@@ -67,7 +68,10 @@ class ScenarioRun {
   bool ExpectOfRecords(const ScenarioLine& line, const std::string& what);
   void ExpectMessage(const ScenarioLine& line);
   SeenThing Claim(const std::string& expected);
+  /// In the words of an `expect` line.
+  static std::string Described(const SeenThing& thing);
   void RefuseUnclaimed() const;
+  std::string Ending() const;
   void Compare(const std::string& expected, const std::string& seen) const;
   void CompareTexts(const std::string& expected, const std::string& seenInCodePage) const;
 
