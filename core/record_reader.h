@@ -31,15 +31,22 @@ constexpr GovernmentFieldViews CutGovernmentFormat(std::string_view record) {
           .filler2 = TextIn(record, FieldNamed(kGovernmentLayout, "Filler2"))};
 }
 
-/// The slot of that number, from 0, as views into the record.
-template <size_t kSlot>
-constexpr FreeFormatSlotView CutSlot(std::string_view record) {
-  return {TextIn(record, FieldNamed(kFreeFormatLayout, "FieldNum", kSlot)),
-          TextIn(record, FieldNamed(kFreeFormatLayout, "FieldValue", kSlot))};
+/// The field of that name in each of the slots.
+consteval std::array<RecordField, kSlotsPerRecord> FieldOfSlots(std::string_view name) {
+  std::array<RecordField, kSlotsPerRecord> fields{};
+  for (size_t slot = 0; slot < fields.size(); ++slot) fields[slot] = FieldNamed(kFreeFormatLayout, name, slot);
+  return fields;
 }
 
+inline constexpr auto kSlotNumbers = FieldOfSlots("FieldNum");
+inline constexpr auto kSlotValues = FieldOfSlots("FieldValue");
+
+/// The four slots as views into the record.
 constexpr std::array<FreeFormatSlotView, kSlotsPerRecord> CutFreeFormat(std::string_view record) {
-  return {CutSlot<0>(record), CutSlot<1>(record), CutSlot<2>(record), CutSlot<3>(record)};
+  std::array<FreeFormatSlotView, kSlotsPerRecord> slots{};
+  for (size_t slot = 0; slot < slots.size(); ++slot)
+    slots[slot] = {TextIn(record, kSlotNumbers[slot]), TextIn(record, kSlotValues[slot])};
+  return slots;
 }
 
 /// Cuts every "T" and "F" record and appends its fields: one member for a "T", four for an "F", blank slots
