@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "core/platform/date.h"
@@ -27,13 +28,20 @@ struct JudgingDay {
 
 JudgingDay JudgingDayOf(const Date& today);
 
+inline constexpr uint64_t kNoCents = UINT64_MAX;
+
 /// What a payment's records are held against.
 struct Expectation {
   /// The amount to be paid, in dollars, as `LeadingNumber` reads `PaymentAmount`.
   double paymentAmount = 0;
+  /// The whole cents whose hundredth part, as a 64-bit float, is just that; `kNoCents` where there are none.
+  uint64_t paymentCents = kNoCents;
   std::string_view billerCode = {};
-  JudgingDay day = {};
+  const JudgingDay* day = nullptr;
   Logging logging = Logging::None;
 };
+
+/// The whole cents whose hundredth part an amount of dollars is, or `kNoCents`.
+uint64_t CentsOfDollars(double dollars);
 
 }  // namespace fiscalon

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
 #include "validation/expectation.h"
@@ -31,7 +30,7 @@ struct FieldTest {
 
 inline constexpr FieldTest kFilled{IsFilled, " cannot be blank"};
 inline constexpr FieldTest kFullLength{HasFullLength, " is invalid"};
-inline constexpr FieldTest kNumber{IsNumber, " is invalid"};
+inline constexpr FieldTest kNumeric{IsNumber, " is invalid"};
 inline constexpr FieldTest kNotNegative{IsNotNegative, " cannot be less than 0"};
 inline constexpr FieldTest kDigits{HoldsDigits, " is invalid"};
 inline constexpr FieldTest kPayment{EqualsPayment, " is not equal to amount to be paid"};
@@ -41,25 +40,5 @@ inline constexpr FieldTest kAtLeastOne{IsAtLeastOne, " is invalid"};
 inline constexpr FieldTest kRemittanceType{IsRemittanceType, " is invalid"};
 /// For a number that the screen does not use: its label ends with a blank.
 inline constexpr FieldTest kUnused{IsBlankOrZero, "is not required"};
-
-// Short cuts: each is true only for values that pass all tests of their row, and tells so at a glance. What
-// they do not recognise goes through the tests one by one.
-
-/// A slot's value, and the number that it writes down where it is 18 digits, else `kNoDigits`.
-struct SlotValue {
-  std::string_view text = {};
-  uint64_t digits = 0;
-};
-
-bool IsPlainPayment(const SlotValue& value, const Expectation& expected);
-bool IsPlainDate(const SlotValue& value, const Expectation& expected);
-bool IsPlainWholeDollars(const SlotValue& value, const Expectation& expected);
-bool IsPlainCount(const SlotValue& value, const Expectation& expected);
-bool IsPlainRemittanceType(const SlotValue& value, const Expectation& expected);
-bool IsPlainAmount(const SlotValue& value, const Expectation& expected);
-bool IsPlainlyUnused(const SlotValue& value, const Expectation& expected);
-
-/// A remittance period of six digits and two blanks.
-bool IsPlainPeriod(std::string_view periodDueDate, const JudgingDay& day);
 
 }  // namespace fiscalon

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "validation/expectation.h"
+#include "validation/rule_sets.h"
 
 namespace fiscalon {
 
@@ -19,7 +20,7 @@ struct PaymentFigures {
 
 /// Judges payments from a host's own buffers, with the verdicts and reasons of `clsValidateAddInfo` and
 /// without its logs. All are judged as of one day, however long that takes. Allocates nothing for a payment
-/// that is plainly good. Objects may be used by several threads as long as none changes the module.
+/// that is plainly good. Threads may share one as long as none changes the module.
 class PaymentJudge {
  public:
   /// As of today by the module's clock.
@@ -28,9 +29,32 @@ class PaymentJudge {
 
   /// Whether a payment's records, without quotes, meet the rules of its screen. `reason` becomes what
   /// `InvalidReason` would be: empty for a good payment.
-  bool Judge(const PaymentFigures& payment, std::span<const std::string_view> records, std::string& reason) const;
+  bool Judge(const PaymentFigures& payment, std::span<const std::string_view> records, std::string& reason) const {
+    reason.clear();
+    const RuleSet* const rules = RulesOf(payment.screenCode);
+    const Expectation expected = Expect(payment);
+    return (rules != nullptr && IsPlainlyGood(*rules, records, expected)) ||
+           JudgeClosely(rules, records, expected, reason);
+  }
 
  private:
+  /// Amounts of up to 15 digits lose nothing as a text of dollars, so they read back as the quotient itself.
+  static constexpr int64_t kFifteenDigits = 999'999'999'999'999;
+
+  Expectation Expect(const PaymentFigures& payment) const {
+    const int64_t cents = payment.cents;
+    if (cents < 0 || cents > kFifteenDigits)
+      return ExpectAnyAmount(payment);
+    return {.paymentAmount = static_cast<double>(cents) / 100,
+            .paymentCents = static_cast<uint64_t>(cents),
+            .billerCode = payment.billerCode,
+            .day = &day_};
+  }
+  Expectation ExpectAnyAmount(const PaymentFigures& payment) const;
+
+  static bool JudgeClosely(const RuleSet* rules, std::span<const std::string_view> records, const Expectation& expected,
+                           std::string& reason);
+
   JudgingDay day_;
 };
 

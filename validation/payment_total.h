@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 
@@ -10,14 +9,12 @@
 
 namespace fiscalon {
 
+inline constexpr size_t kAddends = 5;
+
 /// The addends of a payment of Revenue Quebec source deductions, and the comparison of their total with the
 /// amount to be paid. Where an addend comes twice the later one counts; one that never comes is 0.
 class PaymentTotal {
  public:
-  static constexpr size_t kAddends = 5;
-
-  /// Keeps an addend of whole cents.
-  void Keep(int addend, uint64_t cents);
   /// Keeps the number at the start of a field's value, as cents. Error 6 beyond the range of a float.
   void Keep(int addend, std::string_view value);
 
@@ -26,16 +23,20 @@ class PaymentTotal {
   bool Makes(const Expectation& expected) const;
 
  private:
-  /// Amounts up to here, 10 billion dollars each, are added and written without any loss.
-  static constexpr uint64_t kLargestExact = 1'000'000'000'000;
-  static constexpr uint64_t kInexact = UINT64_MAX;
+  /// Dollars, with "." as the point.
+  std::array<std::string, kAddends> texts_;
+};
 
-  bool PlainlyMakes(const Expectation& expected) const;
-  std::string Text(size_t addend) const;
+/// The same as a short cut, for addends of whole cents.
+class PlainTotal {
+ public:
+  void Keep(int addend, uint64_t cents) { cents_[static_cast<size_t>(addend)] = cents; }
 
+  /// Whether the total makes the amount to be paid for sure. False says nothing.
+  bool Makes(const Expectation& expected) const;
+
+ private:
   std::array<uint64_t, kAddends> cents_ = {};
-  /// Dollars, as text, of the addends that are `kInexact`.
-  std::map<size_t, std::string> texts_;
 };
 
 }  // namespace fiscalon

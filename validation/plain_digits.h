@@ -3,10 +3,8 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
-#include <optional>
-#include <string_view>
 
-/// Short cuts over fields that hold nothing but digits, which is what nearly all fields of a good payment
+/// Short cuts over texts that hold nothing but digits, which is what nearly all fields of a good payment
 /// hold. They look at eight characters at a time, with plain 64-bit arithmetic.
 namespace fiscalon {
 
@@ -25,36 +23,48 @@ constexpr uint64_t InAllEight(char c) {
   return 0x0101010101010101u * static_cast<unsigned char>(c);
 }
 
+/// A bit pattern that is 0 where all eight are digits; otherwise its lowest set bit lies in the first
+/// character that is none.
+constexpr uint64_t OtherThanDigits(uint64_t eight) {
+  // What is above "9" shows in the sum, what is below "0" or far above in the difference. Only what is no digit
+  // carries or borrows, so the characters before it are not touched.
+  return ((eight + InAllEight(0x7F - '9')) | (eight - InAllEight('0'))) & InAllEight('\x80');
+}
+
 constexpr bool AreDigits(uint64_t eight) {
-  // A digit's upper half is 3, and stays 3 when 6 is added; 0x80 and more leave the upper half at once.
-  return (((eight & 0xF0F0F0F0F0F0F0F0u) | (((eight + 0x0606060606060606u) & 0xF0F0F0F0F0F0F0F0u) >> 4)) ==
-          0x3333333333333333u);
+  return OtherThanDigits(eight) == 0;
+}
+
+/// Eight digits as four numbers of two digits, in bytes 0, 2, 4 and 6.
+constexpr uint64_t DigitPairs(uint64_t eight) {
+  return ((eight & 0x0F0F0F0F0F0F0F0Fu) * 2561 >> 8) & 0x00FF00FF00FF00FFu;
 }
 
 /// The number that eight digits write down: neighbours are joined in pairs, then in fours, then in eights.
 constexpr uint64_t DigitsValue(uint64_t eight) {
-  eight = (eight & 0x0F0F0F0F0F0F0F0Fu) * 2561 >> 8;
-  eight = (eight & 0x00FF00FF00FF00FFu) * 6553601 >> 16;
-  return (eight & 0x0000FFFF0000FFFFu) * 42949672960001 >> 32;
+  const uint64_t fours = (DigitPairs(eight) * 6553601 >> 16) & 0x0000FFFF0000FFFFu;
+  return fours * 42949672960001 >> 32;
 }
 
-/// The number that exactly 18 digits write down; `kNoDigits` for any other text.
-inline uint64_t EighteenDigits(std::string_view text) {
-  if (text.size() != 18)
+/// The number that 18 characters write down if they are digits, else `kNoDigits`.
+inline uint64_t EighteenDigits(const char* text) {
+  const uint64_t front = LoadEight(text);
+  const uint64_t middle = LoadEight(text + 2);
+  const uint64_t back = LoadEight(text + 10);
+  if (!AreDigits(back))
     return kNoDigits;
-  const uint64_t first = LoadEight(text.data());
-  const uint64_t second = LoadEight(text.data() + 8);
-  const auto tens = static_cast<unsigned>(static_cast<unsigned char>(text[16]) - '0');
-  const auto ones = static_cast<unsigned>(static_cast<unsigned char>(text[17]) - '0');
-  if (!AreDigits(first) || !AreDigits(second) || tens > 9 || ones > 9)
+  // Most numbers are small: nothing but zeros in front of the last eight digits.
+  if (front == InAllEight('0') && middle == InAllEight('0'))
+    return DigitsValue(back);
+  if (!AreDigits(front) || !AreDigits(middle))
     return kNoDigits;
-  return (DigitsValue(first) * 100'000'000 + DigitsValue(second)) * 100 + tens * 10 + ones;
+  const uint64_t firstTwo = DigitPairs(front) & 0xFF;
+  return (firstTwo * 100'000'000 + DigitsValue(middle)) * 100'000'000 + DigitsValue(back);
 }
 
-/// Whether the text is 18 times that character.
-inline bool IsEighteenTimes(std::string_view text, char c) {
-  return text.size() == 18 && LoadEight(text.data()) == InAllEight(c) && LoadEight(text.data() + 8) == InAllEight(c) &&
-         text[16] == c && text[17] == c;
+/// Whether 18 characters are all that one.
+inline bool AreEighteen(const char* text, char c) {
+  return LoadEight(text) == InAllEight(c) && LoadEight(text + 8) == InAllEight(c) && text[16] == c && text[17] == c;
 }
 
 }  // namespace fiscalon

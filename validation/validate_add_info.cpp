@@ -49,6 +49,7 @@ void Log(const RuntimeError& error, std::string_view routine) {
 void clsValidateAddInfo::PaymentAmount(std::string_view cents) {
   paymentAmount_ = DollarsFromCents(cents);
   dollars_ = LeadingNumber(paymentAmount_);
+  cents_ = CentsOfDollars(dollars_);
 }
 
 void clsValidateAddInfo::PlayByPlayEnabled(int16_t value) {
@@ -88,9 +89,11 @@ bool clsValidateAddInfo::ValidateByRules(const RuleSet& rules, std::span<const s
   try {
     if (logsEntries)
       WritePlayByPlay("clsValidateAddInfo - " + std::string(rules.routine));
+    const JudgingDay day = JudgingDayOf(Today());
     const Expectation expected{.paymentAmount = dollars_,
+                               .paymentCents = cents_,
                                .billerCode = billerCode_,
-                               .day = JudgingDayOf(Today()),
+                               .day = &day,
                                .logging = logsEntries ? Logging::Entries : Logging::Errors};
     return JudgeRecords(rules, records, expected, reason);
   } catch (const RuntimeError& error) {

@@ -67,8 +67,9 @@ class clsValidateAddInfo {
   std::string billerName_;
   std::string paymentDate_;
   std::string paymentAmount_;
-  /// `paymentAmount_` as a number.
+  /// `paymentAmount_` as a number, and as cents where it is whole cents.
   double dollars_ = 0;
+  uint64_t cents_ = 0;
   std::shared_ptr<PC4s> pc4Records_;
   std::string invalidReason_;
   std::shared_ptr<clsPC4GovFormats> govFormatRecords_;

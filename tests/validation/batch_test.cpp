@@ -1,0 +1,374 @@
+#include "validation/batch.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <thread>
+
+#include "core/record_composer.h"
+#include "tests/support/module_test.h"
+#include "tests/support/plain_validator.h"
+#include "tests/support/random_payments.h"
+#include "tests/support/ruled_record.h"
+#include "tests/support/temporary_folder.h"
+#include "validation/batch_report.h"
+#include "validation/generate_batch.h"
+
+namespace fiscalon {
+namespace {
+
+/// Keeps every verdict as a row of the report.
+class Report : public BatchListener {
+ public:
+  explicit Report(bool all = true) : all_(all) {}
+  bool WantsValidPayments() const override { return all_; }
+  void OnPayment(const PaymentVerdict& verdict) override { AppendReportRow(rows, verdict); }
+
+  std::string rows;
+
+ private:
+  bool all_;
+};
+
+/// A payments list and its records.
+struct Batch {
+  std::string payments = "seq,screen,biller,amount\n";
+  std::string records = {};
+
+  void Add(const std::string& seq, const std::string& amount = "12345",
+           const std::string& value = "000000000000012345") {
+    payments += seq + ",03,," + amount + "\n";
+    AddRecords(seq, value);
+  }
+  void AddRecords(const std::string& seq, const std::string& value = "000000000000012345") {
+    records += QuotedLine(Ruled("PC4" + seq + "T")) + QuotedLine(ComposeFreeFormat(seq, {{"01", value}}));
+  }
+};
+
+class ValidateBatchTest : public ModuleTest {
+ protected:
+  /// The rows of the report, or the problems.
+  static std::string Validate(const Batch& batch, unsigned jobs = 1, bool all = true) {
+    const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+    const auto records = ByteSource::Of(batch.records, "batch.pc4");
+    Report report(all);
+    try {
+      ValidateBatch(*payments, *records, jobs, report);
+    } catch (const BatchError& error) {
+      return error.what();
+    }
+    return report.rows;
+  }
+
+  static Batch ThreePayments() {
+    Batch batch;
+    for (const char* seq : {"0001", "0002", "0003"}) batch.Add(seq);
+    return batch;
+  }
+};
+
+TEST_F(ValidateBatchTest, TellsEachPaymentInOrder) {
+  Batch batch;
+  batch.Add("0001");
+  batch.Add("0002", "999");
+  batch.Add("0003");
+  EXPECT_EQ(Validate(batch),
+            "0001,03,yes,\n"
+            "0002,03,no,Field 01 Amount of Payment is not equal to amount to be paid\n"
+            "0003,03,yes,\n");
+  EXPECT_EQ(Validate(batch, 1, false), "0002,03,no,Field 01 Amount of Payment is not equal to amount to be paid\n");
+}
+
+TEST_F(ValidateBatchTest, CountsPaymentsAndFailures) {
+  Batch batch;
+  batch.Add("0001");
+  batch.Add("0002", "999");
+  const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+  const auto records = ByteSource::Of(batch.records, "batch.pc4");
+  Report report;
+  const BatchProgress counts = ValidateBatch(*payments, *records, 1, report);
+  EXPECT_EQ(counts.payments, 2u);
+  EXPECT_EQ(counts.invalid, 1u);
+  EXPECT_EQ(counts.bytes, batch.records.size());
+  EXPECT_EQ(counts.totalBytes, batch.records.size());
+}
+
+TEST_F(ValidateBatchTest, AnEmptyBatchHasNoPayments) {
+  EXPECT_EQ(Validate(Batch{}), "");
+}
+
+TEST_F(ValidateBatchTest, ScreensWithoutRulesAreNotSupported) {
+  Batch batch;
+  batch.payments += "0001,15,,12345\n";
+  batch.AddRecords("0001");
+  EXPECT_EQ(Validate(batch), "0001,15,no,Invalid or not supported Screen Type\n");
+}
+
+TEST_F(ValidateBatchTest, ReasonsWithCommasStandInQuotesAndAccentsInUtf8) {
+  Batch batch;
+  batch.payments += "0001,03,,1\n";
+  batch.records += QuotedLine(ComposeFreeFormat("0001", {{"0\xE9", "1"}, {"09", "1"}}));
+  EXPECT_EQ(Validate(batch), "0001,03,no,\"Field 0\xC3\xA9 is not required, Field 09 is not required\"\n");
+}
+
+TEST_F(ValidateBatchTest, NamesEveryLineThatIsNoRecord) {
+  Batch batch = ThreePayments();
+  batch.records.insert(0, "hello\n");
+  batch.records += "PC40003T\n";
+  EXPECT_EQ(Validate(batch),
+            "batch.pc4:1: no record: a record begins with PC4, a sequence number and a kind\n"
+            "batch.pc4:8: a line of 8 characters; a record has 160");
+}
+
+TEST_F(ValidateBatchTest, NamesATruncatedLastLine) {
+  Batch batch = ThreePayments();
+  batch.records.resize(batch.records.size() - 50);
+  EXPECT_EQ(Validate(batch), "batch.pc4:6: the quote in front has none behind; the line has 113 more characters");
+}
+
+TEST_F(ValidateBatchTest, NamesEveryRowThatCannotBeRead) {
+  Batch batch = ThreePayments();
+  batch.payments = "seq,screen,biller,amount\n0001,03,,x\n0002,03,,12345\n0003,03\n";
+  EXPECT_EQ(Validate(batch),
+            "batch.csv:2: the amount 'x' is no whole number of cents\n"
+            "batch.csv:4: a row of 2 fields; it has seq,screen,biller,amount");
+}
+
+TEST_F(ValidateBatchTest, StopsAtTwentyProblems) {
+  Batch batch = ThreePayments();
+  for (int line = 0; line < 100; ++line) batch.records += "hello\n";
+  const std::string problems = Validate(batch);
+  EXPECT_EQ(std::count(problems.begin(), problems.end(), '\n'), 19);
+}
+
+TEST_F(ValidateBatchTest, NamesWhereTheFilesPart) {
+  Batch missingRow = ThreePayments();
+  missingRow.payments = "seq,screen,biller,amount\n0001,03,,12345\n0003,03,,12345\n";
+  EXPECT_EQ(Validate(missingRow), "batch.pc4:3: payment '0002' stands where the payments list has '0003' (line 3)");
+
+  Batch doubledRow = ThreePayments();
+  doubledRow.payments = "seq,screen,biller,amount\n0001,03,,12345\n0001,03,,12345\n0002,03,,1\n0003,03,,1\n";
+  EXPECT_EQ(Validate(doubledRow), "batch.pc4:3: payment '0002' stands where the payments list has '0001' (line 3)");
+
+  Batch swappedRows = ThreePayments();
+  swappedRows.payments = "seq,screen,biller,amount\n0002,03,,12345\n0001,03,,12345\n0003,03,,12345\n";
+  EXPECT_EQ(Validate(swappedRows), "batch.pc4:1: payment '0001' stands where the payments list has '0002' (line 2)");
+
+  Batch lastRowMissing = ThreePayments();
+  lastRowMissing.payments = "seq,screen,biller,amount\n0001,03,,12345\n0002,03,,12345\n";
+  EXPECT_EQ(Validate(lastRowMissing), "batch.pc4:5: payment '0003' is not in the payments list, which ends before it");
+
+  Batch rowLeftOver = ThreePayments();
+  rowLeftOver.payments += "0004,03,,12345\n";
+  EXPECT_EQ(Validate(rowLeftOver), "batch.csv:5: payment '0004' has no records");
+
+  Batch noRecords;
+  noRecords.payments += "0001,03,,12345\n";
+  EXPECT_EQ(Validate(noRecords), "batch.csv:2: payment '0001' has no records");
+}
+
+TEST_F(ValidateBatchTest, NamesAPaymentThatIsTornApart) {
+  Batch batch = ThreePayments();
+  batch.AddRecords("0002");
+  EXPECT_EQ(Validate(batch), "batch.pc4:7: payment '0002' is not in the payments list, which ends before it");
+}
+
+/// A batch of random payments, and the report that it must give.
+Batch RandomBatch(int count, std::string& expected) {
+  RandomPayments random(4);
+  Batch batch;
+  for (int i = 0; i < count; ++i) {
+    BulkPayment payment = random.Next();
+    const std::string seq = std::to_string(1000 + i % 9000);
+    std::string records;
+    for (std::string& record : payment.records) {
+      // Records of a batch are whole, and of this payment.
+      record.resize(160, ' ');
+      record.replace(0, 7, "PC4" + seq);
+      std::replace_if(
+          record.begin(), record.end(), [](char c) { return c == '\n' || c == '\0'; }, '?');
+      records += i % 3 == 0 ? record + "\n" : QuotedLine(record);
+    }
+    if (payment.records.empty())
+      continue;
+    batch.records += records;
+    batch.payments += seq + "," + payment.screen + "," + payment.biller + "," + payment.amount + "\n";
+    AppendReportRow(expected, {seq, payment.screen, ReasonInPlainWords(payment)});
+  }
+  return batch;
+}
+
+TEST_F(ValidateBatchTest, GivesTheSameReportForAnyNumberOfJobs) {
+  std::string expected;
+  const Batch batch = RandomBatch(8000, expected);
+  for (const unsigned jobs : {1u, 2u, 3u, 8u}) EXPECT_TRUE(Validate(batch, jobs) == expected) << jobs;
+}
+
+TEST_F(ValidateBatchTest, NamesTheSameProblemsForAnyNumberOfJobs) {
+  std::string expected;
+  Batch batch = RandomBatch(8000, expected);
+  batch.records.insert(batch.records.find('\n', batch.records.size() / 2) + 1, "hello\n");
+  const std::string problems = Validate(batch);
+  EXPECT_NE(problems.find(": no record"), problems.npos);
+  for (const unsigned jobs : {2u, 3u, 8u}) EXPECT_EQ(Validate(batch, jobs), problems);
+}
+
+TEST_F(ValidateBatchTest, WhatAListenerThrowsComesOut) {
+  class Broken : public Report {
+    void OnPayment(const PaymentVerdict&) override { throw std::length_error("enough"); }
+  };
+  std::string expected;
+  const Batch batch = RandomBatch(4000, expected);
+  for (const unsigned jobs : {1u, 3u}) {
+    const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+    const auto records = ByteSource::Of(batch.records, "batch.pc4");
+    Broken broken;
+    EXPECT_THROW(ValidateBatch(*payments, *records, jobs, broken), std::length_error);
+  }
+}
+
+TEST_F(ValidateBatchTest, ReadsFilesAndPipesAlike) {
+  std::string expected;
+  const Batch batch = RandomBatch(4000, expected);
+  const TemporaryFolder folder;
+  const std::string csv = folder.Write("batch.csv", batch.payments);
+  const std::string pc4 = folder.Write("batch.pc4", batch.records);
+  const std::string pipe = folder.Path("pipe");
+  const std::string csvPipe = folder.Path("csv-pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  ASSERT_EQ(::mkfifo(csvPipe.c_str(), 0600), 0);
+  const auto validate = [](const std::string& payments, const std::string& records) {
+    Report report;
+    const auto list = ByteSource::Open(payments);
+    const auto lines = ByteSource::Open(records);
+    ValidateBatch(*list, *lines, 2, report);
+    return report.rows;
+  };
+  EXPECT_TRUE(validate(csv, pc4) == expected);
+  {
+    const std::jthread writer([&] { std::ofstream(pipe, std::ios::binary) << batch.records; });
+    EXPECT_TRUE(validate(csv, pipe) == expected);
+  }
+  const std::jthread writer([&] { std::ofstream(csvPipe, std::ios::binary) << batch.payments; });
+  EXPECT_TRUE(validate(csvPipe, pc4) == expected);
+}
+
+TEST(ByteSource, NamesAFileThatCannotBeRead) {
+  const TemporaryFolder folder;
+  const auto error = [](const std::string& path) {
+    try {
+      ByteSource::Open(path)->Peek(1);
+    } catch (const BatchError& raised) {
+      return raised.Problems().front().reason;
+    }
+    return std::string("none");
+  };
+  EXPECT_EQ(error(folder.Path("missing")), "can't be opened: No such file or directory");
+  EXPECT_EQ(error(folder.Path()), "can't be read: Is a directory");
+  EXPECT_EQ(error(folder.Write("empty", "")), "none");
+}
+
+class GeneratedBatch : public ModuleTest {
+ protected:
+  struct Made {
+    Batch batch;
+    std::string planted;
+  };
+
+  static Made Make(const std::string& screen, uint64_t payments, double badRate, uint64_t seed) {
+    std::ostringstream list, records, planted;
+    GenerateBatch({.payments = payments, .screen = screen, .badRate = badRate, .seed = seed, .today = {2026, 6, 15}},
+                  list, records, planted);
+    return {{list.str(), records.str()}, planted.str()};
+  }
+
+  /// What a judge found, in the form of the list of what was planted, but for the defects' names.
+  static std::string Found(const Batch& batch, unsigned jobs) {
+    class Finder : public BatchListener {
+     public:
+      bool WantsValidPayments() const override { return true; }
+      void OnPayment(const PaymentVerdict& verdict) override {
+        ++row_;
+        if (!verdict.IsValid())
+          found += std::to_string(row_) + "," + std::string(verdict.seq) + "," + CsvField(verdict.reason) + "\n";
+      }
+      std::string found;
+
+     private:
+      int row_ = 0;
+    };
+    const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+    const auto records = ByteSource::Of(batch.records, "batch.pc4");
+    Finder finder;
+    ValidateBatch(*payments, *records, jobs, finder);
+    return finder.found;
+  }
+
+  static std::string WithoutDefects(const std::string& planted) {
+    std::istringstream lines(planted);
+    std::string line, kept;
+    std::getline(lines, line);
+    EXPECT_EQ(line, "row,seq,defect,reason");
+    while (std::getline(lines, line)) {
+      const size_t defect = line.find(',', line.find(',') + 1);
+      kept += line.substr(0, defect) + line.substr(line.find(',', defect + 1)) + "\n";
+    }
+    return kept;
+  }
+};
+
+TEST_F(GeneratedBatch, WhatWasPlantedIsFoundAndNothingElse) {
+  for (const char* screen : {"03", "20"}) {
+    const Made made = Make(screen, 5000, 0.1, 11);
+    const std::string planted = WithoutDefects(made.planted);
+    EXPECT_GT(std::count(planted.begin(), planted.end(), '\n'), 400);
+    EXPECT_EQ(Found(made.batch, 1), planted);
+    EXPECT_EQ(Found(made.batch, 2), planted);
+  }
+}
+
+TEST_F(GeneratedBatch, HasDefectsOfEveryKind) {
+  for (const char* screen : {"03", "20"}) {
+    const Made made = Make(screen, 3000, 1, 12);
+    for (const std::string_view defect : DefectsOf(screen))
+      EXPECT_NE(made.planted.find("," + std::string(defect) + ","), std::string::npos) << screen << " " << defect;
+  }
+  EXPECT_TRUE(DefectsOf("15").empty());
+}
+
+TEST_F(GeneratedBatch, IsTheSameForTheSameSeed) {
+  EXPECT_EQ(Make("03", 50, 0.5, 1).batch.records, Make("03", 50, 0.5, 1).batch.records);
+  EXPECT_NE(Make("03", 50, 0.5, 1).batch.records, Make("03", 50, 0.5, 2).batch.records);
+}
+
+TEST_F(GeneratedBatch, HasNoDefectWhereNoneWasAskedFor) {
+  const Made made = Make("20", 2000, 0, 13);
+  EXPECT_EQ(made.planted, "row,seq,defect,reason\n");
+  EXPECT_EQ(Found(made.batch, 1), "");
+}
+
+TEST(ReasonCounts, ShowsTheMostFrequentFirst) {
+  ReasonCounts counts;
+  for (int i = 0; i < 3; ++i) counts.Add("b");
+  counts.Add("a");
+  std::ostringstream out;
+  counts.Print(out);
+  EXPECT_EQ(out.str(), "           3    75 %  b\n           1    25 %  a\n");
+}
+
+TEST(ReasonCounts, SumsUpWhatIsLeftOver) {
+  ReasonCounts counts;
+  for (int i = 0; i < 25; ++i) counts.Add("reason " + std::to_string(100 + i));
+  std::ostringstream out;
+  counts.Print(out);
+  EXPECT_NE(out.str().find("reason 119\n"), std::string::npos);
+  EXPECT_NE(out.str().find("           5    20 %  other reasons\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace fiscalon

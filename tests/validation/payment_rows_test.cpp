@@ -1,0 +1,132 @@
+#include "validation/payment_rows.h"
+
+#include <gtest/gtest.h>
+
+#include "validation/batch_error.h"
+
+namespace fiscalon {
+namespace {
+
+/// A row as "seq|screen|biller|cents", or what is wrong with it. The same is asked of the row alone and with
+/// enough behind it that the short cut may be taken.
+std::string Read(const std::string& line) {
+  const auto read = [](std::string_view bytes) {
+    RowReader reader;
+    reader.Read(bytes);
+    PaymentRow row;
+    const std::string problem = reader.NextPlain(row) ? std::string() : reader.Next(row);
+    if (!problem.empty())
+      return problem;
+    return std::string(row.seq) + "|" + std::string(row.screen) + "|" + std::string(row.biller) + "|" +
+           std::to_string(row.cents);
+  };
+  const std::string alone = read(line);
+  EXPECT_EQ(read(line + "\n" + std::string(100, ' ')), alone) << line;
+  EXPECT_EQ(read(line + "\r\n" + std::string(100, '7')), alone) << line;
+  return alone;
+}
+
+TEST(RowReader, ReadsSequenceScreenBillerAndCents) {
+  EXPECT_EQ(Read("0001,03,,12345"), "0001|03||12345");
+  EXPECT_EQ(Read("0001,20,001052,5"), "0001|20|001052|5");
+  EXPECT_EQ(Read("AB-1,03,x,0"), "AB-1|03|x|0");
+}
+
+TEST(RowReader, ReadsAmountsOfAnyLength) {
+  std::string digits;
+  for (int length = 1; length <= 17; ++length) {
+    digits += static_cast<char>('0' + length % 10);
+    EXPECT_EQ(Read("0001,03,," + digits), "0001|03||" + std::to_string(std::stoll(digits))) << digits;
+  }
+  EXPECT_EQ(Read("0001,03,,000000000000000012345"), "0001|03||12345");
+  EXPECT_EQ(Read("0001,03,,-500"), "0001|03||-500");
+}
+
+TEST(RowReader, ReadsFieldsInQuotesAndUtf8) {
+  EXPECT_EQ(Read("\"0001\",\"03\",\"\",\"12345\""), "0001|03||12345");
+  EXPECT_EQ(Read("\"a,\"\"b\",03,,1"), "a,\"b|03||1");
+  EXPECT_EQ(Read("\xC3\xA9"
+                 "001,03,,1"),
+            "\xE9"
+            "001|03||1");
+}
+
+TEST(RowReader, NamesWhatIsWrongWithARow) {
+  EXPECT_EQ(Read("0001,03,,"), "the amount '' is no whole number of cents");
+  EXPECT_EQ(Read("0001,03,,12.5"), "the amount '12.5' is no whole number of cents");
+  EXPECT_EQ(Read("0001,03,,12x"), "the amount '12x' is no whole number of cents");
+  EXPECT_EQ(Read("0001,03,, 12"), "the amount ' 12' is no whole number of cents");
+  EXPECT_EQ(Read("0001,03,,+12"), "the amount '+12' is no whole number of cents");
+  EXPECT_EQ(Read("0001,03,,92233720368547758"), "0001|03||92233720368547758");
+  EXPECT_EQ(Read("0001,03,,92233720368547759"), "the amount '92233720368547759' is out of range");
+  EXPECT_EQ(Read("0001,03,,99999999999999999999"), "the amount '99999999999999999999' is out of range");
+  EXPECT_EQ(Read("0001,03,12345"), "a row of 3 fields; it has seq,screen,biller,amount");
+  EXPECT_EQ(Read("0001,03,,1,2"), "a row of 5 fields; it has seq,screen,biller,amount");
+  EXPECT_EQ(Read("0001"), "a row of 1 fields; it has seq,screen,biller,amount");
+  EXPECT_EQ(Read("\"0001,03,,1"), "a quote out of place");
+  EXPECT_EQ(Read("00\"01,03,,1"), "a quote out of place");
+  EXPECT_EQ(Read("\"0001\"x,03,,1"), "a quote out of place");
+  EXPECT_EQ(Read(std::string("0001,03,\0,1", 11)), "a NUL byte");
+  RowReader reader;
+  reader.Read("\n0001,03,,1\n");
+  PaymentRow row;
+  EXPECT_FALSE(reader.NextPlain(row));
+  EXPECT_EQ(reader.Next(row), "an empty row");
+  EXPECT_EQ(reader.Next(row), "");
+  EXPECT_EQ(row.cents, 1);
+}
+
+TEST(RowFeed, TakesTheHeaderAndThenRows) {
+  const std::string list = "seq,screen,biller,amount\r\n0001,03,,1\r\n0002,03,,2\r\n0003,03,,3";
+  const auto source = ByteSource::Of(list, "batch.csv");
+  RowFeed feed(*source);
+  feed.TakeHeader();
+  EXPECT_EQ(feed.Line(), 2u);
+  std::string storage;
+  size_t count = 2;
+  EXPECT_TRUE(feed.Take(count, storage).starts_with("0001,03,,1\r\n0002,03,,2\r\n"));
+  EXPECT_EQ(count, 2u);
+  EXPECT_EQ(feed.Line(), 4u);
+  count = 5;
+  EXPECT_EQ(feed.Take(count, storage), "0003,03,,3");
+  EXPECT_EQ(count, 1u);
+  EXPECT_EQ(feed.Take(count, storage), "");
+  EXPECT_EQ(count, 0u);
+}
+
+TEST(RowFeed, CountsLinesOverManyChunks) {
+  std::string list = "seq,screen,biller,amount\n";
+  for (int row = 0; row < 1000; ++row) list += std::string(static_cast<size_t>(row % 37), 'x') + "\n";
+  const auto source = ByteSource::Of(list, "batch.csv");
+  RowFeed feed(*source);
+  feed.TakeHeader();
+  std::string storage;
+  for (int row = 0; row < 1000;) {
+    size_t count = static_cast<size_t>(1 + row % 7);
+    const size_t wanted = std::min(count, static_cast<size_t>(1000 - row));
+    const std::string_view bytes = feed.Take(count, storage);
+    ASSERT_EQ(count, wanted);
+    ASSERT_EQ(bytes.substr(0, bytes.find('\n')), std::string(static_cast<size_t>(row % 37), 'x'));
+    row += static_cast<int>(count);
+  }
+}
+
+TEST(RowFeed, RefusesAnotherHeader) {
+  const auto error = [](const std::string& list) {
+    const auto source = ByteSource::Of(list, "batch.csv");
+    try {
+      RowFeed(*source).TakeHeader();
+    } catch (const BatchError& raised) {
+      return std::string(raised.what());
+    }
+    return std::string("none");
+  };
+  EXPECT_EQ(error("seq,screen,biller,amount"), "none");
+  EXPECT_EQ(error("seq,screen,amount\n"), "batch.csv:1: the first line is not seq,screen,biller,amount");
+  EXPECT_EQ(error(""), "batch.csv:1: the first line is not seq,screen,biller,amount");
+  EXPECT_EQ(error("\xEF\xBB\xBFseq,screen,biller,amount\n"),
+            "batch.csv:1: a byte-order mark; save the list without it");
+}
+
+}  // namespace
+}  // namespace fiscalon

@@ -1,0 +1,244 @@
+#include "validation/batch.h"
+
+#include <exception>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "validation/judge_payment.h"
+#include "validation/payment_rows.h"
+#include "validation/record_block.h"
+#include "validation/turnstile.h"
+
+namespace fiscalon {
+
+namespace {
+
+constexpr size_t kMostProblems = 20;
+
+/// What a thread works on: the payments of one block. Used again for block after block.
+struct Portion {
+  uint64_t ticket = 0;
+  std::string recordStorage;
+  std::string_view recordBytes;
+  RecordBlock records;
+  std::string rowStorage;
+  std::string_view rowBytes;
+  size_t rowCount = 0;
+  uint64_t firstRow = 0;
+  RowReader rows;
+
+  /// The screens of all payments, if the listener wants all.
+  std::vector<std::string> screens;
+  struct Failure {
+    size_t payment = 0;
+    std::string screen;
+    std::string reason;
+  };
+  std::vector<Failure> failures;
+  size_t judged = 0;
+  std::vector<LineProblem> rowProblems;
+  /// Where the two files part, if they do: at a line of the records, or at a row that has none.
+  std::optional<LineProblem> partingRecord;
+  std::optional<LineProblem> partingRow;
+
+  bool Parts() const { return partingRecord || partingRow; }
+};
+
+class BatchRun {
+ public:
+  BatchRun(ByteSource& payments, ByteSource& records, BatchListener& listener)
+      : paymentsName_(payments.Name()),
+        recordsName_(records.Name()),
+        recordFeed_(records),
+        rowFeed_(payments),
+        listener_(listener),
+        wantsAll_(listener.WantsValidPayments()) {
+    progress_.totalBytes = records.Size();
+  }
+
+  BatchProgress Run(unsigned jobs) {
+    rowFeed_.TakeHeader();
+    std::vector<std::jthread> threads;
+    for (unsigned extra = 1; extra < jobs; ++extra) threads.emplace_back([this] { Work(); });
+    Work();
+    threads.clear();
+    if (failure_)
+      std::rethrow_exception(failure_);
+    if (!problems_.empty())
+      throw BatchError(std::move(problems_));
+    return progress_;
+  }
+
+ private:
+  void Work() {
+    try {
+      Portion portion;
+      while (TakeRecords(portion) && TakeRows(portion) && Hand(portion)) {
+      }
+    } catch (...) {
+      Stop(std::current_exception());
+    }
+  }
+
+  void Stop(std::exception_ptr failure) {
+    const std::lock_guard lock(taking_);
+    if (!failure_)
+      failure_ = std::move(failure);
+    ended_ = true;
+    takingRows_.Close();
+    handing_.Close();
+  }
+
+  /// Takes the next block and cuts it. The block behind the last is empty; there is none behind that.
+  bool TakeRecords(Portion& portion) {
+    {
+      const std::lock_guard lock(taking_);
+      if (ended_)
+        return false;
+      portion.ticket = nextTicket_++;
+      portion.recordBytes = recordFeed_.Next(portion.recordStorage);
+      ended_ = portion.recordBytes.empty();
+    }
+    portion.records.Cut(portion.recordBytes);
+    return true;
+  }
+
+  /// Takes a row for each payment of the block, and judges them.
+  bool TakeRows(Portion& portion) {
+    if (!takingRows_.Enter(portion.ticket))
+      return false;
+    // Behind the last block no row is left.
+    portion.rowCount = portion.recordBytes.empty() ? 1 : portion.records.PaymentCount();
+    portion.firstRow = rowFeed_.Line();
+    portion.rowBytes = rowFeed_.Take(portion.rowCount, portion.rowStorage);
+    takingRows_.Leave();
+    Judge(portion);
+    return true;
+  }
+
+  void Judge(Portion& portion) const {
+    portion.failures.clear();
+    portion.rowProblems.clear();
+    portion.partingRecord.reset();
+    portion.partingRow.reset();
+    portion.rows.Read(portion.rowBytes);
+    if (wantsAll_)
+      portion.screens.resize(portion.rowCount);
+    PaymentRow row;
+    std::string reason;
+    for (size_t i = 0; i < portion.rowCount; ++i) {
+      if (!portion.rows.NextPlain(row) && !TakeRow(portion, i, row))
+        continue;
+      if (i == portion.records.PaymentCount() || !portion.records.IsSequence(i, row.seq)) {
+        Part(portion, i, row.seq);
+        return;
+      }
+      if (!judge_.Judge({row.screen, row.biller, row.cents}, portion.records.Records(i), reason))
+        portion.failures.push_back({i, std::string(row.screen), reason});
+      if (wantsAll_)
+        portion.screens[i] = row.screen;
+    }
+    portion.judged = portion.rowCount;
+    if (portion.rowCount < portion.records.PaymentCount())
+      Part(portion, portion.rowCount, {});
+  }
+
+  /// Reads any row, and notes what is wrong with it. False where not even its payment is known.
+  static bool TakeRow(Portion& portion, size_t payment, PaymentRow& row) {
+    std::string problem = portion.rows.Next(row);
+    if (problem.empty())
+      return true;
+    portion.rowProblems.push_back({payment, std::move(problem)});
+    return !row.seq.empty();
+  }
+
+  /// The payment of a row, and that of the records at the same place, are not the same one.
+  void Part(Portion& portion, size_t payment, std::string_view seq) const {
+    portion.judged = payment;
+    if (payment == portion.records.PaymentCount()) {
+      portion.partingRow = {payment, "payment '" + std::string(seq) + "' has no records"};
+      return;
+    }
+    const std::string found = "payment '" + std::string(portion.records.Sequence(payment)) + "'";
+    const std::string reason = payment == portion.rowCount
+                                   ? found + " is not in the payments list, which ends before it"
+                                   : found + " stands where the payments list has '" + std::string(seq) + "' (line " +
+                                         std::to_string(portion.firstRow + payment) + ")";
+    portion.partingRecord = {portion.records.FirstLine(payment), reason};
+  }
+
+  /// Hands the verdicts of a portion to the listener, after those of all portions before it.
+  bool Hand(Portion& portion) {
+    if (!handing_.Enter(portion.ticket))
+      return false;
+    Note(portion);
+    if (problems_.empty())
+      Tell(portion);
+    lines_ += portion.records.LineCount();
+    const bool goesOn = !portion.Parts() && problems_.size() < kMostProblems;
+    if (!goesOn)
+      Stop(nullptr);
+    handing_.Leave();
+    return goesOn;
+  }
+
+  void Note(const Portion& portion) {
+    const auto note = [&](const std::string& file, uint64_t firstLine, const LineProblem& problem) {
+      if (problems_.size() < kMostProblems)
+        problems_.push_back({file, firstLine + problem.line, problem.reason});
+    };
+    for (const LineProblem& problem : portion.records.Problems()) note(recordsName_, lines_ + 1, problem);
+    for (const LineProblem& problem : portion.rowProblems) note(paymentsName_, portion.firstRow, problem);
+    if (portion.partingRecord)
+      note(recordsName_, lines_ + 1, *portion.partingRecord);
+    if (portion.partingRow)
+      note(paymentsName_, portion.firstRow, *portion.partingRow);
+  }
+
+  void Tell(const Portion& portion) {
+    auto failure = portion.failures.begin();
+    for (size_t i = 0; wantsAll_ && i < portion.judged; ++i) {
+      const bool failed = failure != portion.failures.end() && failure->payment == i;
+      listener_.OnPayment({portion.records.Sequence(i), portion.screens[i],
+                           failed ? std::string_view(failure->reason) : std::string_view{}});
+      failure += failed ? 1 : 0;
+    }
+    for (; failure != portion.failures.end(); ++failure)
+      listener_.OnPayment({portion.records.Sequence(failure->payment), failure->screen, failure->reason});
+    progress_.payments += portion.judged;
+    progress_.invalid += portion.failures.size();
+    progress_.bytes += portion.recordBytes.size();
+    listener_.OnProgress(progress_);
+  }
+
+  const std::string paymentsName_;
+  const std::string recordsName_;
+  const PaymentJudge judge_;
+
+  std::mutex taking_;
+  RecordFeed recordFeed_;
+  uint64_t nextTicket_ = 0;
+  bool ended_ = false;
+  std::exception_ptr failure_;
+
+  Turnstile takingRows_;
+  RowFeed rowFeed_;
+
+  Turnstile handing_;
+  BatchListener& listener_;
+  const bool wantsAll_;
+  uint64_t lines_ = 0;
+  std::vector<BatchProblem> problems_;
+  BatchProgress progress_;
+};
+
+}  // namespace
+
+BatchProgress ValidateBatch(ByteSource& payments, ByteSource& records, unsigned jobs, BatchListener& listener) {
+  return BatchRun(payments, records, listener).Run(jobs);
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,85 @@
+#include "validation/batch_report.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <utility>
+#include <vector>
+
+#include "core/platform/code_page.h"
+
+namespace fiscalon {
+
+namespace {
+
+void AppendCsvField(std::string& row, std::string_view text) {
+  if (text.find_first_of(",\"\r\n") == text.npos) {
+    row += text;
+    return;
+  }
+  row += '"';
+  for (const char c : text) {
+    if (c == '"')
+      row += '"';
+    row += c;
+  }
+  row += '"';
+}
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+void AppendText(std::string& row, std::string_view text) {
+  if (IsAscii(text))
+    AppendCsvField(row, text);
+  else
+    AppendCsvField(row, ToUtf8(text));
+}
+
+}  // namespace
+
+std::string CsvField(std::string_view text) {
+  std::string field;
+  AppendCsvField(field, text);
+  return field;
+}
+
+void AppendReportRow(std::string& report, const PaymentVerdict& verdict) {
+  AppendText(report, verdict.seq);
+  report += ',';
+  AppendText(report, verdict.screen);
+  report += verdict.IsValid() ? ",yes," : ",no,";
+  AppendText(report, verdict.reason);
+  report += '\n';
+}
+
+void ReasonCounts::Add(std::string_view reason) {
+  if (const auto found = counts_.find(reason); found != counts_.end())
+    ++found->second;
+  else if (counts_.size() < kMostReasons)
+    counts_.emplace(reason, 1);
+  else
+    ++other_;
+}
+
+void ReasonCounts::Print(std::ostream& out) const {
+  std::vector<std::pair<uint64_t, std::string_view>> ranked;
+  uint64_t total = other_;
+  for (const auto& [reason, count] : counts_) {
+    ranked.emplace_back(count, reason);
+    total += count;
+  }
+  std::stable_sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) { return a.first > b.first; });
+  const auto line = [&](uint64_t count, const std::string& reason) {
+    out << std::setw(12) << count << std::setw(6) << (count * 1000 / total + 5) / 10 << " %  " << reason << '\n';
+  };
+  uint64_t rest = total;
+  for (size_t i = 0; i < std::min(ranked.size(), kMostShown); ++i) {
+    line(ranked[i].first, ToUtf8(ranked[i].second));
+    rest -= ranked[i].first;
+  }
+  if (rest > 0)
+    line(rest, "other reasons");
+}
+
+}  // namespace fiscalon

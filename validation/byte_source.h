@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace fiscalon {
+
+/// Bytes that are read from their start to their end, once: a mapped file, a pipe, or a host's own buffer.
+class ByteSource {
+ public:
+  /// A file by its path in the system's own encoding; "-" is standard input. A file is mapped, so that any
+  /// size takes no memory of its own. Throws `BatchError` where it can't be opened.
+  static std::unique_ptr<ByteSource> Open(const std::string& path);
+
+  /// A buffer that stays where it is. The name stands in messages.
+  static std::unique_ptr<ByteSource> Of(std::string_view bytes, std::string name);
+
+  virtual ~ByteSource() = default;
+
+  /// How messages call it.
+  const std::string& Name() const { return name_; }
+
+  /// The next bytes, at least that many unless the end comes first. The view holds until the next call of a
+  /// member; where `Stays` is true, as long as the source. Throws `BatchError` where reading fails.
+  virtual std::string_view Peek(size_t atLeast) = 0;
+  virtual void Skip(size_t count) = 0;
+  virtual bool Stays() const = 0;
+  /// How many bytes there are in all, where that is known.
+  virtual std::optional<size_t> Size() const = 0;
+
+ protected:
+  explicit ByteSource(std::string name) : name_(std::move(name)) {}
+
+ private:
+  std::string name_;
+};
+
+}  // namespace fiscalon

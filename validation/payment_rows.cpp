@@ -1,0 +1,229 @@
+#include "validation/payment_rows.h"
+
+#include <algorithm>
+#include <bit>
+#include <charconv>
+#include <vector>
+
+#include "core/platform/code_page.h"
+#include "validation/batch_error.h"
+#include "validation/plain_digits.h"
+
+namespace fiscalon {
+
+namespace {
+
+constexpr size_t kFields = 4;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+/// The largest amount that `Money` holds.
+constexpr int64_t kLargestAmount = 92'233'720'368'547'758;
+
+constexpr int64_t kPowersOfTen[] = {1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000};
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+/// A line without its end.
+std::string_view WithoutEnd(std::string_view line) {
+  if (line.ends_with('\n'))
+    line.remove_suffix(1);
+  if (line.ends_with('\r'))
+    line.remove_suffix(1);
+  return line;
+}
+
+/// The fields of a CSV line. False where a quote is out of place.
+bool SplitFields(std::string_view line, std::vector<std::string>& fields) {
+  fields.emplace_back();
+  for (size_t i = 0; i < line.size(); ++i) {
+    if (line[i] == ',') {
+      fields.emplace_back();
+    } else if (line[i] != '"') {
+      fields.back() += line[i];
+    } else if (i != 0 && line[i - 1] != ',') {
+      return false;
+    } else {
+      // To the closing quote; two quotes inside stand for one.
+      for (++i;; ++i) {
+        if (i >= line.size())
+          return false;
+        if (line[i] == '"' && (i + 1 == line.size() || line[i + 1] != '"'))
+          break;
+        fields.back() += line[i];
+        i += line[i] == '"' ? 1 : 0;
+      }
+      if (i + 1 < line.size() && line[i + 1] != ',')
+        return false;
+    }
+  }
+  return true;
+}
+
+std::string ReadAmount(std::string_view text, int64_t& cents) {
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, cents);
+  if (error == std::errc::result_out_of_range ||
+      (error == std::errc{} && stop == end && (cents > kLargestAmount || cents < -kLargestAmount))) {
+    cents = 0;
+    return "the amount '" + std::string(text) + "' is out of range";
+  }
+  if (error != std::errc{} || stop != end) {
+    cents = 0;
+    return "the amount '" + std::string(text) + "' is no whole number of cents";
+  }
+  return {};
+}
+
+/// How many line ends there are in so many characters, at most 255. Written so that compilers make it a few
+/// wide instructions.
+constexpr size_t kChunk = 128;
+size_t CountLineEnds(const char* chunk) {
+  unsigned char count = 0;
+  for (size_t i = 0; i < kChunk; ++i) count = static_cast<unsigned char>(count + (chunk[i] == '\n' ? 1 : 0));
+  return count;
+}
+
+/// How many bytes the first `count` lines take, and in `count` how many they are. A last line without an end
+/// counts when `isWhole`.
+size_t LengthOfLines(std::string_view bytes, size_t& count, bool isWhole) {
+  size_t at = 0;
+  size_t lines = 0;
+  while (at + kChunk <= bytes.size()) {
+    const size_t more = CountLineEnds(bytes.data() + at);
+    if (lines + more >= count)
+      break;
+    lines += more;
+    at += kChunk;
+  }
+  while (lines < count && at < bytes.size()) {
+    const size_t end = bytes.find('\n', at);
+    if (end == bytes.npos && !isWhole)
+      break;
+    at = end == bytes.npos ? bytes.size() : end + 1;
+    ++lines;
+  }
+  count = lines;
+  return at;
+}
+
+/// Takes a number of 1 to 15 digits; sixteen characters may be read from there.
+bool TakeDigits(const char*& at, int64_t& number) {
+  number = 0;
+  for (int eights = 0; eights < 2; ++eights) {
+    const uint64_t eight = LoadEight(at);
+    const uint64_t other = OtherThanDigits(eight);
+    if (other == 0) {
+      number = static_cast<int64_t>(DigitsValue(eight));
+      at += 8;
+      continue;
+    }
+    const int digits = std::countr_zero(other) / 8;
+    if (digits > 0) {
+      // The digits move to the end of the eight; zeros fill the front.
+      const int shift = 8 * (8 - digits);
+      const uint64_t filled = eight << shift | InAllEight('0') >> (64 - shift);
+      number = number * kPowersOfTen[digits] + static_cast<int64_t>(DigitsValue(filled));
+      at += digits;
+    }
+    return eights > 0 || digits > 0;
+  }
+  return false;
+}
+
+}  // namespace
+
+void RowReader::Read(std::string_view bytes) {
+  rest_ = bytes;
+  texts_.clear();
+}
+
+bool RowReader::NextPlain(PaymentRow& row) {
+  // "0001,03," is eight characters; so much as a biller and an amount take must follow, or else the end is near.
+  constexpr size_t kRoom = 40;
+  if (rest_.size() < kRoom)
+    return false;
+  const char* const start = rest_.data();
+  const char* at = start + 8;
+  constexpr uint64_t kSeparators = uint64_t{0xFF} << 32 | uint64_t{0xFF} << 56;
+  const uint64_t head = LoadEight(start);
+  if ((head & kSeparators) != (InAllEight(',') & kSeparators) ||
+      !AreDigits((head & ~kSeparators) | (InAllEight('0') & kSeparators)))
+    return false;
+  row.seq = {start, 4};
+  row.screen = {start + 5, 2};
+  // The biller is empty or six digits and a comma.
+  const char* const biller = at;
+  if (*at != ',') {
+    if (at[6] != ',' || !AreDigits((LoadEight(at) & 0x0000FFFFFFFFFFFFu) | (InAllEight('0') & ~0x0000FFFFFFFFFFFFu)))
+      return false;
+    at += 6;
+  }
+  row.biller = {biller, static_cast<size_t>(at - biller)};
+  ++at;
+  int64_t cents = 0;
+  if (!TakeDigits(at, cents))
+    return false;
+  row.cents = cents;
+  at += *at == '\r' ? 1 : 0;
+  if (*at++ != '\n')
+    return false;
+  rest_.remove_prefix(static_cast<size_t>(at - start));
+  return true;
+}
+
+std::string RowReader::Next(PaymentRow& row) {
+  row = {};
+  const size_t length = std::min(rest_.find('\n'), rest_.size() - 1) + 1;
+  const std::string_view line = WithoutEnd(rest_.substr(0, length));
+  rest_.remove_prefix(length);
+  if (line.empty())
+    return "an empty row";
+  if (line.find('\0') != line.npos)
+    return "a NUL byte";
+  std::vector<std::string> fields;
+  if (!SplitFields(line, fields))
+    return "a quote out of place";
+  if (fields.size() != kFields)
+    return "a row of " + std::to_string(fields.size()) + " fields; it has " + std::string(kPaymentsHeader);
+  std::string_view* const texts[] = {&row.seq, &row.screen, &row.biller};
+  for (size_t i = 0; i < std::size(texts); ++i)
+    *texts[i] = texts_.emplace_back(IsAscii(fields[i]) ? fields[i] : FromUtf8(fields[i]));
+  return ReadAmount(fields.back(), row.cents);
+}
+
+void RowFeed::TakeHeader() {
+  std::string storage;
+  size_t count = 1;
+  const std::string_view bytes = Take(count, storage);
+  const std::string_view header = WithoutEnd(bytes.substr(0, bytes.find('\n')));
+  if (header.starts_with(kByteOrderMark))
+    throw BatchError({BatchProblem{source_.Name(), 1, "a byte-order mark; save the list without it"}});
+  if (header != kPaymentsHeader)
+    throw BatchError({BatchProblem{source_.Name(), 1, "the first line is not " + std::string(kPaymentsHeader)}});
+}
+
+std::string_view RowFeed::Take(size_t& count, std::string& storage) {
+  constexpr size_t kBytesPerRow = 32;
+  constexpr size_t kLongestStretch = size_t{64} << 20;
+  const size_t wantedRows = count;
+  for (size_t wanted = (count + 1) * kBytesPerRow;; wanted *= 2) {
+    if (wanted > kLongestStretch)
+      throw BatchError({BatchProblem{source_.Name(), line_, "the row never ends"}});
+    std::string_view bytes = source_.Peek(wanted);
+    const bool isWhole = bytes.size() < wanted;
+    count = wantedRows;
+    const size_t length = LengthOfLines(bytes, count, isWhole || source_.Stays());
+    if (count == wantedRows || isWhole || source_.Stays()) {
+      if (!source_.Stays()) {
+        storage = bytes.substr(0, length);
+        bytes = storage;
+      }
+      source_.Skip(length);
+      line_ += count;
+      return bytes;
+    }
+  }
+}
+
+}  // namespace fiscalon

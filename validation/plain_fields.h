@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstdint>
+
+#include "validation/expectation.h"
+#include "validation/plain_digits.h"
+
+/// Short cuts. Each looks at a value of 18 characters and gives the number that it writes down, or any other
+/// but `kNoDigits`, where the value passes all tests of its row at a glance. What a short cut does not
+/// recognise goes through the tests one by one.
+namespace fiscalon {
+
+/// The largest whole number that `Money` holds: more is no number in the sense of `IsNumeric`. A float holds
+/// every whole number up to it.
+inline constexpr uint64_t kLargestNumber = 922'337'203'685'477;
+
+inline constexpr int kDaysOfMonth[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
+constexpr bool IsLeapYear(int year) {
+  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+constexpr int DaysOf(int year, int month) {
+  return kDaysOfMonth[month - 1] + (month == 2 && IsLeapYear(year) ? 1 : 0);
+}
+
+inline uint64_t PlainPayment(const char* value, const Expectation& expected) {
+  const uint64_t number = EighteenDigits(value);
+  return number <= kLargestNumber && number == expected.paymentCents ? number : kNoDigits;
+}
+
+inline uint64_t PlainDate(const char* value, const Expectation& expected) {
+  const uint64_t eight = LoadEight(value);
+  if (LoadEight(value + 8) != InAllEight(' ') || value[16] != ' ' || value[17] != ' ' || !AreDigits(eight))
+    return kNoDigits;
+  const uint64_t pairs = DigitPairs(eight);
+  const auto year = static_cast<int>((pairs & 0xFF) * 100 + (pairs >> 16 & 0xFF));
+  const auto month = static_cast<unsigned>(pairs >> 32 & 0xFF);
+  const auto day = static_cast<int>(pairs >> 48);
+  return year >= expected.day->firstYear && year <= expected.day->lastYear && month - 1 < 12 && day >= 1 &&
+                 (day <= 28 || day <= DaysOf(year, month))
+             ? 0
+             : kNoDigits;
+}
+
+inline uint64_t PlainWholeDollars(const char* value, const Expectation&) {
+  const uint64_t number = EighteenDigits(value);
+  return number <= INT32_MAX && number % 100 == 0 ? number : kNoDigits;
+}
+
+inline uint64_t PlainCount(const char* value, const Expectation&) {
+  const uint64_t number = EighteenDigits(value);
+  return number >= 1 && number <= kLargestNumber ? number : kNoDigits;
+}
+
+inline uint64_t PlainRemittanceType(const char* value, const Expectation&) {
+  const uint64_t number = EighteenDigits(value);
+  return number >= 1 && number <= 6 ? number : kNoDigits;
+}
+
+inline uint64_t PlainAmount(const char* value, const Expectation&) {
+  const uint64_t number = EighteenDigits(value);
+  return number <= kLargestNumber ? number : kNoDigits;
+}
+
+inline uint64_t PlainlyUnused(const char* value, const Expectation&) {
+  return AreEighteen(value, ' ') || AreEighteen(value, '0') ? 0 : kNoDigits;
+}
+
+inline bool IsPlainPeriod(const char* periodDueDate, const JudgingDay& day) {
+  // As if it were the first of the month: two digits where the blanks stand.
+  constexpr uint64_t kBlanks = uint64_t{0x2020} << 48;
+  constexpr uint64_t kLastTwo = uint64_t{0xFFFF} << 48;
+  const uint64_t eight = LoadEight(periodDueDate);
+  const uint64_t digits = (eight & ~kLastTwo) | (InAllEight('0') & kLastTwo);
+  if ((eight & kLastTwo) != kBlanks || !AreDigits(digits))
+    return false;
+  const auto period = static_cast<int>(DigitsValue(digits) / 100);
+  const int month = period % 100;
+  const int count = period / 100 * 12 + month - 1;
+  return month >= 1 && month <= 12 && count >= day.firstMonth && count <= day.lastMonth;
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,179 @@
+#include "validation/record_block.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "core/record_layout.h"
+#include "validation/batch_error.h"
+
+namespace fiscalon {
+
+namespace {
+
+constexpr size_t kBlockBytes = size_t{256} << 10;
+constexpr size_t kLargestPayment = size_t{16} << 20;
+constexpr RecordField kSequence = FieldNamed(kRecordHead, "SeqNumber");
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+uint32_t LoadSequence(const char* record) {
+  uint32_t sequence = 0;
+  std::memcpy(&sequence, record + kSequence.Offset(), sizeof sequence);
+  return sequence;
+}
+
+bool BeginsRecord(const char* text) {
+  return std::memcmp(text, kRecordMark.data(), kRecordMark.size()) == 0;
+}
+
+/// The smallest character of a record: one pass for line ends and NULs, which no good record holds. Written
+/// so that compilers make it a few wide instructions.
+unsigned char SmallestOf(const char* record) {
+  unsigned char smallest = 0xFF;
+  for (size_t i = 0; i < kRecordLength; ++i) smallest = std::min(smallest, static_cast<unsigned char>(record[i]));
+  return smallest;
+}
+
+/// What is wrong with a line that has lost its quotes and its end; empty where it is a record.
+std::string WrongWith(std::string_view line) {
+  if (line.empty())
+    return "an empty line";
+  if (const size_t nul = line.find('\0'); nul != line.npos)
+    return "a NUL byte in column " + std::to_string(nul + 1);
+  if (line.size() <= kSequence.Offset() + kSequence.Width() || !line.starts_with(kRecordMark))
+    return "no record: a record begins with PC4, a sequence number and a kind";
+  if (line.size() != kRecordLength)
+    return "a line of " + std::to_string(line.size()) + " characters; a record has " + std::to_string(kRecordLength);
+  return {};
+}
+
+}  // namespace
+
+std::string_view SequenceOf(std::string_view line) {
+  if (line.starts_with('"'))
+    line.remove_prefix(1);
+  return line.starts_with(kRecordMark) && line.size() > kSequence.Offset() + kSequence.Width() ? TextIn(line, kSequence)
+                                                                                               : std::string_view{};
+}
+
+/// A line that is no record belongs to the payment that it stands in, or else to the first one.
+inline void RecordBlock::AddLine(std::string_view line) {
+  if (lineCount_ == lines_.size()) {
+    lines_.resize(2 * lines_.size());
+    starts_.resize(lines_.size() + 1);
+  }
+  lines_[lineCount_++] = line;
+}
+
+inline void RecordBlock::AddRecord(std::string_view line, uint32_t sequence) {
+  if (paymentCount_ == 0 || sequence != starts_[paymentCount_ - 1].sequence) {
+    starts_[paymentCount_] = {paymentCount_ == 0 ? 0 : static_cast<uint32_t>(lineCount_), sequence};
+    ++paymentCount_;
+  }
+  AddLine(line);
+}
+
+/// Takes a line that is framed as the one before it, and leaves any other to `TakeAnyLine`.
+inline const char* RecordBlock::TakeRecord(const char* at, const char* end) {
+  const size_t length = kRecordLength + 2 * frame_.quote + frame_.end;
+  const char* const record = at + frame_.quote;
+  const char* const behind = record + kRecordLength;
+  if (static_cast<size_t>(end - at) < length || at[length - 1] != '\n' || (frame_.end == 2 && at[length - 2] != '\r') ||
+      (frame_.quote == 1 && (*at != '"' || *behind != '"')) || !BeginsRecord(record) || SmallestOf(record) < ' ')
+    return TakeAnyLine(at, end);
+  AddRecord({record, kRecordLength}, LoadSequence(record));
+  return at + length;
+}
+
+const char* RecordBlock::TakeAnyLine(const char* at, const char* end) {
+  const auto* const newline = static_cast<const char*>(std::memchr(at, '\n', static_cast<size_t>(end - at)));
+  const char* const next = newline == nullptr ? end : newline + 1;
+  std::string_view line(at, static_cast<size_t>((newline == nullptr ? end : newline) - at));
+  const auto refuse = [&](std::string reason) { problems_.push_back({lineCount_, std::move(reason)}); };
+  frame_.end = line.ends_with('\r') ? 2 : 1;
+  if (line.ends_with('\r'))
+    line.remove_suffix(1);
+  if (line.starts_with(kByteOrderMark)) {
+    refuse("a byte-order mark; record files have none");
+    line.remove_prefix(kByteOrderMark.size());
+  }
+  frame_.quote = line.starts_with('"') ? 1 : 0;
+  if (frame_.quote == 1 && (line.size() < 2 || !line.ends_with('"'))) {
+    line.remove_prefix(1);
+    refuse("the quote in front has none behind; the line has " + std::to_string(line.size()) + " more characters");
+  } else {
+    if (frame_.quote == 1)
+      line = line.substr(1, line.size() - 2);
+    if (std::string reason = WrongWith(line); !reason.empty())
+      refuse(std::move(reason));
+  }
+  if (SequenceOf(line).empty())
+    AddLine(line);
+  else
+    AddRecord(line, LoadSequence(line.data()));
+  return next;
+}
+
+void RecordBlock::Cut(std::string_view bytes) {
+  lineCount_ = 0;
+  paymentCount_ = 0;
+  problems_.clear();
+  if (lines_.size() < bytes.size() / kRecordLength + 1) {
+    lines_.resize(bytes.size() / kRecordLength + 1);
+    starts_.resize(lines_.size() + 1);
+  }
+  const char* at = bytes.data();
+  const char* const end = at + bytes.size();
+  while (at != end) at = TakeRecord(at, end);
+  starts_[paymentCount_].line = static_cast<uint32_t>(lineCount_);
+}
+
+std::string_view RecordFeed::Next(std::string& storage) {
+  std::string_view bytes = source_.Peek(kBlockBytes + 1);
+  if (bytes.size() > kBlockBytes) {
+    const size_t size = EndOfPayment(kBlockBytes);
+    bytes = source_.Peek(size).substr(0, size);
+  }
+  if (!source_.Stays()) {
+    storage = bytes;
+    bytes = storage;
+  }
+  source_.Skip(bytes.size());
+  return bytes;
+}
+
+/// The line that starts there, with its end; empty at the end of the file.
+std::string_view RecordFeed::LineAt(size_t start) {
+  for (size_t wanted = start + kRecordLength * 2;; wanted *= 2) {
+    const std::string_view bytes = source_.Peek(wanted);
+    const size_t end = bytes.find('\n', start);
+    if (end != bytes.npos)
+      return bytes.substr(start, end + 1 - start);
+    if (bytes.size() < wanted)
+      return bytes.substr(std::min(start, bytes.size()));
+    if (bytes.size() - start > kLargestPayment)
+      throw BatchError(source_.Name(), "a line of more than 16 MiB");
+  }
+}
+
+/// Where a payment ends, at or behind an offset: before the first record whose sequence number differs from
+/// the record before it.
+size_t RecordFeed::EndOfPayment(size_t from) {
+  std::string sequence;
+  size_t start = from + LineAt(from).size();
+  for (;;) {
+    const std::string_view line = LineAt(start);
+    if (line.empty())
+      return start;
+    const std::string_view next = SequenceOf(line);
+    if (sequence.empty())
+      sequence = next;
+    else if (!next.empty() && next != sequence)
+      return start;
+    start += line.size();
+    if (start - from > kLargestPayment)
+      throw BatchError(source_.Name(), "the records of payment '" + sequence + "' take more than 16 MiB");
+  }
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "validation/byte_source.h"
+
+namespace fiscalon {
+
+/// The sequence number of a record, quoted or bare; empty for a line that is no record.
+std::string_view SequenceOf(std::string_view line);
+
+/// Something wrong with a line of a block, the block's first line being 0.
+struct LineProblem {
+  size_t line = 0;
+  std::string reason = {};
+};
+
+/// A stretch of a record file that holds whole payments, taken apart into lines and payments. A payment is a
+/// run of lines with one sequence number. A block can be filled again and again without an allocation.
+class RecordBlock {
+ public:
+  /// Takes the bytes apart. Lines are records of exactly 160 characters, in quotes or bare, with CR LF or LF;
+  /// the last one may lack its end. A line that is none is a problem, and stays in its place, so that the
+  /// payments behind it can still be told apart.
+  void Cut(std::string_view bytes);
+
+  size_t PaymentCount() const { return paymentCount_; }
+  size_t LineCount() const { return lineCount_; }
+  std::span<const std::string_view> Records(size_t payment) const {
+    return {lines_.data() + starts_[payment].line, starts_[payment + 1].line - starts_[payment].line};
+  }
+  /// The line that a payment begins with, the block's first line being 0.
+  size_t FirstLine(size_t payment) const { return starts_[payment].line; }
+  std::string_view Sequence(size_t payment) const {
+    return {reinterpret_cast<const char*>(&starts_[payment].sequence), sizeof(uint32_t)};
+  }
+  bool IsSequence(size_t payment, std::string_view seq) const {
+    return seq.size() == sizeof(uint32_t) && std::memcmp(seq.data(), &starts_[payment].sequence, sizeof(uint32_t)) == 0;
+  }
+  const std::vector<LineProblem>& Problems() const { return problems_; }
+
+ private:
+  /// How lines are framed: what stands around the 160 characters.
+  struct Frame {
+    size_t quote = 1;
+    size_t end = 2;
+  };
+
+  const char* TakeRecord(const char* at, const char* end);
+  const char* TakeAnyLine(const char* at, const char* end);
+  void AddLine(std::string_view line);
+  void AddRecord(std::string_view line, uint32_t sequence);
+
+  /// Where a payment begins, and the four characters of its sequence number as they lie in memory.
+  struct Start {
+    uint32_t line = 0;
+    uint32_t sequence = 0;
+  };
+
+  // Both hold room for more than there is, so that a block of good lines is filled without a check.
+  std::vector<std::string_view> lines_;
+  size_t lineCount_ = 0;
+  std::vector<Start> starts_ = std::vector<Start>(1);
+  size_t paymentCount_ = 0;
+  Frame frame_;
+  std::vector<LineProblem> problems_;
+};
+
+/// Hands out the blocks of a record file, in order.
+class RecordFeed {
+ public:
+  explicit RecordFeed(ByteSource& source) : source_(source) {}
+
+  /// The next bytes that hold whole payments, about 256 KiB; empty at the end. `storage` holds them where
+  /// the source does not keep them. Throws `BatchError` for a payment of more than 16 MiB.
+  std::string_view Next(std::string& storage);
+
+ private:
+  size_t EndOfPayment(size_t from);
+  std::string_view LineAt(size_t start);
+
+  ByteSource& source_;
+};
+
+}  // namespace fiscalon
