@@ -19,7 +19,7 @@ class ScreenTest : public ModuleTest {
     UseToolkit(&frontEnd);
     frontEnd.onMessage = [this](const MessageBox& box) {
       boxes_.push_back(box);
-      return box.DefaultAnswer();
+      return box.buttons == MessageButtons::YesNo ? yesOrNo : box.DefaultAnswer();
     };
   }
   ~ScreenTest() override {
@@ -49,6 +49,8 @@ class ScreenTest : public ModuleTest {
 
   ScriptedToolkit frontEnd;
   Levyra session;
+  /// What the user answers where a box asks.
+  MessageAnswer yesOrNo = MessageAnswer::Yes;
 
  private:
   std::vector<MessageBox> boxes_;

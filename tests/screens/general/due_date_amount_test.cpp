@@ -5,7 +5,7 @@
 #include "core/record_reader.h"
 #include "tests/support/ok_path.h"
 #include "tests/support/raises.h"
-#include "tests/support/random_user.h"
+#include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 #include "tests/support/temporary_folder.h"
 
@@ -219,15 +219,9 @@ TEST_F(DueDateAmount, BadPeriodIsToldOnceThoughTheAmountIsFullToo) {
   });
 }
 
-// A payment that random acts are played on, and the records that they may lead to.
-struct RandomPayment {
-  std::string cents = {};
-  std::string field = {};
-};
-
-class DueDateAmountRandomly : public ScreenTest {
+class DueDateAmountRandomly : public RandomActsTest<frmDueDateAmount> {
  protected:
-  void ExpectRecordsOf(const std::string& seqNumber, const RandomPayment& payment) {
+  void ExpectRecordsOf(const std::string& seqNumber, const RandomPayment& payment) override {
     const std::vector<std::string> records = Records();
     ASSERT_EQ(records.size(), 2U);
     ASSERT_EQ(records[0].size(), 160U);
@@ -247,36 +241,9 @@ TEST_F(DueDateAmountRandomly, NoActsLeadToACrashOrABadRecord) {
                                                {"0", "no record"},
                                                {"-12345", "no record"},
                                                {"1E30", "no record"}};
-  RandomUser random(20260615, {"202612", "202612", "202612", "199001", "202705", "202713", "20261", "12345", "123.45",
-                               "5", ".05", "123456789012", "-12345", "0"});
-  session.EnterName("Jane Doe");
-  session.EnterTitle("Clerk");
-  std::string written;
-  RandomPayment writtenPayment;
-  int launches = 0;
-  int outputs = 0;
-  for (int acts = RandomActs(); acts > 0;) {
-    const std::string seqNumber = std::to_string(1000 + ++launches % 9000);
-    const RandomPayment& payment = random.OneOf(payments);
-    session.SeqNumber(seqNumber);
-    session.PaidAmount(payment.cents);
-    const bool result = Show<frmDueDateAmount>("15", [&](frmDueDateAmount& form, UserDriver& user) {
-      for (int patience = 300; patience > 0 && form.IsUp(); --patience, --acts) random.Act(form, user);
-    });
-    TakeBoxes();
-    if (!result)
-      continue;
-    // Closing the window answers as the launch before did: then these are its records.
-    if (!Records().empty() && Records()[0].substr(3, 4) == seqNumber) {
-      written = seqNumber;
-      writtenPayment = payment;
-      ++outputs;
-    }
-    ASSERT_NO_FATAL_FAILURE(ExpectRecordsOf(written, writtenPayment));
-    ASSERT_FALSE(HasFailure()) << "launch " << launches;
-  }
-  // Otherwise the acts would not come past the checks, and the test would say nothing.
-  EXPECT_GT(outputs, RandomActs() / 2000);
+  const RandomUser random(20260615, {"202612", "202612", "202612", "199001", "202705", "202713", "20261", "12345",
+                                     "123.45", "5", ".05", "123456789012", "-12345", "0"});
+  Play("15", random, payments);
 }
 
 }  // namespace
