@@ -36,8 +36,6 @@ void Form::Load() {
   if (phase_ != Phase::Unloaded)
     return;
   phase_ = Phase::Loaded;
-  active_ = nullptr;
-  queue_.Drop();
   caption_ = designedCaption_;
   for (Control* control : controls_) control->Reset();
   Run("Form", "Load", [this] { Form_Load(); });
@@ -48,7 +46,6 @@ void Form::ShowModal(Toolkit& toolkit) {
   if (showing_)
     throw RuntimeError(kAlreadyUp, "Form already displayed; can't show modally");
   const ScopedValue showing(showing_, true);
-  failure_ = nullptr;
   try {
     toolkit.Opening(*this);
     Load();

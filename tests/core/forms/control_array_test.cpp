@@ -72,6 +72,17 @@ TEST(ControlArray, BelongsToTheFormLikeOtherControls) {
   EXPECT_EQ(names, (Notes{"Box(0)", "Box(1)", "Box(2)", "StatementOnly(0)", "StatementOnly(1)"}));
 }
 
+TEST(ControlArray, StaysInOrderWithoutTabIndexes) {
+  class LongForm : public TestForm {
+   public:
+    ControlArray<TextField, 40> Line{*this, "Line", [](int /*index*/) { return Design{}; }};
+  };
+  LongForm form;
+  int index = 0;
+  for (const Control* control : form.TabOrder()) EXPECT_EQ(control, &form.Line[index++]);
+  EXPECT_EQ(index, 40);
+}
+
 TEST(ControlArray, TellsItsHandlersTheIndex) {
   ArrayForm form;
   Play(form, [&](FormUser& user) {

@@ -129,6 +129,20 @@ TEST(FirstFocus, GoesAlsoToALockedFieldAndToOneWithoutTabStop) {
   Play(form, [&](FormUser&) { EXPECT_EQ(ActiveName(form), "txtLast"); });
 }
 
+TEST(FirstFocus, IsTakenFromNoControlOfAnEarlierShow) {
+  TwoFieldForm form;
+  Play(form, [&](FormUser& user) {
+    user.acts.BringFocus(form.txtB);
+    form.Hide();
+    EXPECT_EQ(form.ActiveControl(), &form.txtB);
+    form.TakeNotes();
+  });
+  ServingToolkit toolkit;
+  form.ShowModal(toolkit);
+  EXPECT_EQ(form.ActiveControl(), &form.txtA);
+  EXPECT_EQ(form.TakeNotes(), Notes{"Form_Activate"});
+}
+
 TEST(CanTakeFocus, NeedsItselfAndItsFramesVisibleAndEnabledOnAFormThatIsUp) {
   MixedOrderForm form;
   form.Load();
@@ -191,6 +205,17 @@ TEST(SetFocus, DoesNothingOnTheControlThatHasTheFocus) {
     EXPECT_EQ(form.TakeNotes(), (Notes{"txtA_Change", "txtA_Change"}));
     EXPECT_EQ(form.txtA.Text(), "ab") << "the text was selected again";
   });
+}
+
+TEST(SetFocus, DoesNothingOnTheControlThatHadTheFocusWhenTheFormHid) {
+  TwoFieldForm form;
+  form.when["txtA_Change"] = [&] {
+    form.Hide();
+    EXPECT_EQ(ErrorOf([&] { form.txtA.SetFocus(); }), 0);
+    EXPECT_EQ(ErrorOf([&] { form.txtB.SetFocus(); }), 5);
+  };
+  Play(form, [&](FormUser& user) { user.Type("x"); });
+  EXPECT_EQ(form.TakeNotes(), Notes{"txtA_Change"});
 }
 
 TEST(LostFocus, IsPostedWhileTheNewControlIsActiveAtOnce) {
