@@ -11,6 +11,8 @@ ModuleState& TheModule() {
 }
 
 void ResetModule() {
+  // Forms go before the services: one may still hold a file that a failed output left open.
+  TheModule().forms.clear();
   TheModule() = ModuleState{};
 }
 
