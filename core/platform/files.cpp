@@ -15,11 +15,7 @@ namespace fiscalon {
 
 namespace {
 
-#ifdef _WIN32
-constexpr char kSeparator = '\\';
-#else
 constexpr char kSeparator = '/';
-#endif
 constexpr std::string_view kSeparators = "/\\";
 constexpr mode_t kNewFileMode = 0666;
 

@@ -42,7 +42,8 @@ inline std::vector<VectorRow> ReadVectors(const std::string& name, size_t column
   std::string line;
   std::getline(file, line);
   for (int number = 2; std::getline(file, line); ++number) {
-    VectorRow row = {.place = name + ":" + std::to_string(number) + ": " + line};
+    VectorRow row = {.place = name};
+    row.place.append(":").append(std::to_string(number)).append(": ").append(line);
     for (size_t from = 0; from <= line.size();) {
       const size_t to = std::min(line.find('\t', from), line.size());
       row.cells.push_back(Unescaped(FromUtf8(std::string_view(line).substr(from, to - from))));

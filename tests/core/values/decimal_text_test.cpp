@@ -92,23 +92,27 @@ TEST(DecimalText, RoundsHalvesAway) {
   EXPECT_EQ(RoundedAway("1.5", 4), "15@1");
 }
 
+std::optional<int64_t> Scaled(std::string_view text, int decimals) {
+  DecimalText number;
+  Read(number, text);
+  return number.ScaledHalfEven(decimals);
+}
+
 TEST(DecimalText, ScalesHalvesToEven) {
-  const auto scaled = [](std::string_view text, int decimals) {
-    DecimalText number;
-    Read(number, text);
-    return number.ScaledHalfEven(decimals);
-  };
-  EXPECT_EQ(scaled("2.5", 0), 2);
-  EXPECT_EQ(scaled("3.5", 0), 4);
-  EXPECT_EQ(scaled("2.51", 0), 3);
-  EXPECT_EQ(scaled("0.5", 0), 0);
-  EXPECT_EQ(scaled("0.51", 0), 1);
-  EXPECT_EQ(scaled("0.05", 0), 0);
-  EXPECT_EQ(scaled("12", 2), 1200);
-  EXPECT_EQ(scaled("9223372036854775807", 0), std::numeric_limits<int64_t>::max());
-  EXPECT_EQ(scaled("9223372036854775807.5", 0), std::nullopt);
-  EXPECT_EQ(scaled("9999999999999999999.5", 0), std::nullopt);
-  EXPECT_EQ(scaled("18446744073709551616", 0), std::nullopt);
+  EXPECT_EQ(Scaled("2.5", 0), 2);
+  EXPECT_EQ(Scaled("3.5", 0), 4);
+  EXPECT_EQ(Scaled("2.51", 0), 3);
+  EXPECT_EQ(Scaled("0.5", 0), 0);
+  EXPECT_EQ(Scaled("0.51", 0), 1);
+  EXPECT_EQ(Scaled("0.05", 0), 0);
+  EXPECT_EQ(Scaled("12", 2), 1200);
+}
+
+TEST(DecimalText, ScalesNothingOutOfRange) {
+  EXPECT_EQ(Scaled("9223372036854775807", 0), std::numeric_limits<int64_t>::max());
+  EXPECT_EQ(Scaled("9223372036854775807.5", 0), std::nullopt);
+  EXPECT_EQ(Scaled("9999999999999999999.5", 0), std::nullopt);
+  EXPECT_EQ(Scaled("18446744073709551616", 0), std::nullopt);
 }
 
 /// The digits as the standard library prints them: the slow way, and one of others' making.

@@ -168,21 +168,22 @@ TEST(GeneralDate, TellsMidnightAndNoonAsTwelve) {
   EXPECT_EQ(GeneralDate({{2026, 6, 5}, 0, 0, 0}, FrenchCanada()), "2026-06-05 00:00:00");
 }
 
+std::string ShownAs(const std::string& pattern) {
+  Locale locale = EnglishUnitedStates();
+  locale.generalDate = pattern;
+  return GeneralDate(kAfternoon, locale);
+}
+
 TEST(GeneralDate, KnowsTheTokensThatUsersLocalesHave) {
-  const auto shown = [](const std::string& pattern) {
-    Locale locale = EnglishUnitedStates();
-    locale.generalDate = pattern;
-    return GeneralDate(kAfternoon, locale);
-  };
-  EXPECT_EQ(shown("%y %m %d %e"), "26 06 05  5");
-  EXPECT_EQ(shown("%-y %-m %-d %-e"), "26 6 5 5");
+  EXPECT_EQ(ShownAs("%y %m %d %e"), "26 06 05  5");
+  EXPECT_EQ(ShownAs("%-y %-m %-d %-e"), "26 6 5 5");
   // June 5, 2026 is a Friday.
-  EXPECT_EQ(shown("%A %a %B %b"), "Friday Fri June Jun");
-  EXPECT_EQ(shown("%H %I %k %l"), "13 01 13  1");
-  EXPECT_EQ(shown("%-H %-I %-k %-l"), "13 1 13 1");
-  EXPECT_EQ(shown("%M %S %p %%"), "05 09 PM %");
-  EXPECT_EQ(shown("%-M %-S"), "5 9");
-  EXPECT_EQ(shown("%"), "%");
+  EXPECT_EQ(ShownAs("%A %a %B %b"), "Friday Fri June Jun");
+  EXPECT_EQ(ShownAs("%H %I %k %l"), "13 01 13  1");
+  EXPECT_EQ(ShownAs("%-H %-I %-k %-l"), "13 1 13 1");
+  EXPECT_EQ(ShownAs("%M %S %p %%"), "05 09 PM %");
+  EXPECT_EQ(ShownAs("%-M %-S"), "5 9");
+  EXPECT_EQ(ShownAs("%"), "%");
 }
 
 }  // namespace

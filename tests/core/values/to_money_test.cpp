@@ -13,7 +13,7 @@ constexpr const char* kOutOfRange = "6";
 /// The amount in ten-thousandths, or the number of the error; and never a numeric test that says otherwise.
 std::string Read(std::string_view text, const Locale& locale = EnglishCanada()) {
   try {
-    const std::string units = std::to_string(ToMoney(text, locale).Units()) + " units";
+    std::string units = std::to_string(ToMoney(text, locale).Units()) + " units";
     EXPECT_TRUE(IsNumeric(text, locale)) << text;
     return units;
   } catch (const RuntimeError& error) {
