@@ -110,6 +110,8 @@ TEST(SendKeys, RaisesErrorFiveForOtherKeys) {
 TEST(SendKeys, GoesNowhereWhileTheFormIsNotUp) {
   TwoFieldForm form;
   form.when["Form_Load"] = [&] { form.SendKeys("{TAB}"); };
+  form.Load();
+  form.SendKeys("{TAB}");
   Play(form, [&](FormUser&) { EXPECT_EQ(form.ActiveControl(), &form.txtA); });
 }
 
