@@ -13,11 +13,13 @@ __extension__ using WideInteger = unsigned __int128;
 inline constexpr int kMaxScale = 22;
 inline constexpr double kScaledBound = 1e15;
 
-inline constexpr auto kPowersOfTen = [] {
+constexpr std::array<WideInteger, kMaxScale + 1> PowersOfTen() {
   std::array<WideInteger, kMaxScale + 1> powers = {1};
   for (size_t exponent = 1; exponent < powers.size(); ++exponent) powers[exponent] = powers[exponent - 1] * 10;
   return powers;
-}();
+}
+
+inline constexpr std::array<WideInteger, kMaxScale + 1> kPowersOfTen = PowersOfTen();
 
 /// The powers of ten that a float holds exactly.
 inline constexpr std::array<double, 23> kExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
