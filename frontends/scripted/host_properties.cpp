@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <optional>
 
 #include "core/platform/code_page.h"
@@ -51,13 +52,12 @@ const HostProperty* Find(std::string_view name) {
 std::optional<double> NumberFor(Type type, std::string_view value) {
   if (type == Type::Boolean)
     return ParseBoolean(value);
+  if (const auto whole = ParseNumber(value))
+    return type == Type::Byte && (*whole < 0 || *whole > 255) ? std::nullopt : std::optional<double>(*whole);
   double number = 0;
   const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
-  if (error != std::errc() || end != value.data() + value.size())
-    return std::nullopt;
-  if (type == Type::Byte && (number < 0 || number > 255 || number != static_cast<int>(number)))
-    return std::nullopt;
-  return number;
+  const bool isNumber = error == std::errc() && end == value.data() + value.size() && std::isfinite(number);
+  return isNumber && type == Type::Float ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <cctype>
 #include <charconv>
 #include <chrono>
+#include <cstdint>
+#include <limits>
 
 #include "core/forms/keys.h"
 #include "core/platform/locale.h"
@@ -53,7 +55,7 @@ constexpr std::array<std::string_view, 4> kButtons = {"OK", "Cancel", "Yes", "No
 // clang-format off
 constexpr std::array kPlaces = {
     PlaceRow{Place::Text,       "a text",                                             [](const std::string&) { return true; }},
-    PlaceRow{Place::Number,     "a number",                                           [](const std::string& word) { return ParseNumber(word).has_value(); }},
+    PlaceRow{Place::Number,     "a number of 32 bits",                                [](const std::string& word) { return IsNumberBetween(word, std::numeric_limits<int32_t>::min(), std::numeric_limits<uint32_t>::max()); }},
     PlaceRow{Place::Position,   "a number from 0 on",                                 [](const std::string& word) { return IsNumberBetween(word, 0, 1'000'000); }},
     PlaceRow{Place::Boolean,    "True or False",                                      [](const std::string& word) { return ParseBoolean(word).has_value(); }},
     PlaceRow{Place::YesNo,      "yes or no",                                          [](const std::string& word) { return IsOneOf(word, kYesNo); }},

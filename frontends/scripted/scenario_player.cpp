@@ -1,6 +1,5 @@
 #include "frontends/scripted/scenario_player.h"
 
-#include "core/module_state.h"
 #include "frontends/scripted/scenario_run.h"
 
 namespace fiscalon {
@@ -12,7 +11,6 @@ PlayResult ScenarioPlayer::Play(const Scenario& scenario) {
   } catch (const ScenarioFailure& failure) {
     result = {.passed = false, .line = failure.line, .expected = failure.expected, .seen = failure.seen};
   }
-  ResetModule();
   return result;
 }
 

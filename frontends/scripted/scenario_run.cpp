@@ -38,14 +38,14 @@ bool IsAct(const ScenarioLine& line) {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
+ScenarioFolder::ScenarioFolder() {
   std::string name = (std::filesystem::temp_directory_path() / "fiscalon-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr)
     throw std::system_error(errno, std::generic_category(), "no temporary folder could be made at " + name);
   path_ = name;
 }
 
-TemporaryFolder::~TemporaryFolder() {
+ScenarioFolder::~ScenarioFolder() {
   std::error_code ignored;
   std::filesystem::remove_all(path_, ignored);
 }
@@ -74,14 +74,15 @@ ScenarioRun::~ScenarioRun() {
   toolkit_.onBeep = nullptr;
   toolkit_.onHelp = nullptr;
   toolkit_.onEvent = nullptr;
+  // However the run ended: its forms, and the front end that may be gone before the next one.
+  ResetModule();
 }
 
 void ScenarioRun::Play() {
   while (next_ < scenario_.lines.size()) PlayLine();
   RefuseUnclaimed();
   if (error_)
-    Fail("no error", "error " + std::to_string(error_->Number()) + " from " + error_->Source() + ": " +
-                         ToUtf8(error_->Description()));
+    Fail("no error", Ending());
   if (watcher_.ended)
     watcher_.ended(Records());
 }
@@ -126,7 +127,7 @@ void ScenarioRun::Host(const ScenarioLine& line) {
 void ScenarioRun::Show(const ScenarioLine& line) {
   RefuseUnclaimed();
   if (error_)
-    Fail("no error of the show before", "error " + std::to_string(error_->Number()) + ", " + error_->Description());
+    Fail("no error of the show before", Ending());
   const std::string code = FromUtf8(Argument(line, 0));
   const LaunchRow* row = FindLaunchRow(code);
   shownForm_ = row == nullptr ? std::string() : std::string(row->form);
@@ -244,8 +245,9 @@ Control& ScenarioRun::ControlNamed(const std::string& name) const {
 std::string ScenarioRun::Argument(const ScenarioLine& line, size_t i) const {
   constexpr std::string_view kFolder = "$TMP";
   std::string argument = line.arguments[i];
-  for (size_t at = argument.find(kFolder); at != std::string::npos; at = argument.find(kFolder, at))
-    argument.replace(at, kFolder.size(), folder_.Path().string());
+  const std::string folder = folder_.Path().string();
+  for (size_t at = argument.find(kFolder); at != std::string::npos; at = argument.find(kFolder, at + folder.size()))
+    argument.replace(at, kFolder.size(), folder);
   return argument;
 }
 

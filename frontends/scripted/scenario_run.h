@@ -20,13 +20,13 @@ struct ScenarioFailure {
   std::string seen = {};
 };
 
-/// A folder that goes with its owner.
-class TemporaryFolder {
+/// The folder behind `$TMP`, which goes with its scenario.
+class ScenarioFolder {
  public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ScenarioFolder();
+  ~ScenarioFolder();
+  ScenarioFolder(const ScenarioFolder&) = delete;
+  ScenarioFolder& operator=(const ScenarioFolder&) = delete;
   const std::filesystem::path& Path() const { return path_; }
 
  private:
@@ -88,7 +88,7 @@ class ScenarioRun {
   const Scenario& scenario_;
   DrivenToolkit& toolkit_;
   const PlayWatcher& watcher_;
-  TemporaryFolder folder_;
+  ScenarioFolder folder_;
   std::optional<Levyra> session_;
   size_t next_ = 0;
   const ScenarioLine* current_ = nullptr;
