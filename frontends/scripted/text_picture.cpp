@@ -30,7 +30,7 @@ std::string Repeated(std::string_view mark, size_t times) {
   return line;
 }
 
-/// A caption without the mark of its access key.
+/// A button's caption without the mark of its access key.
 std::string Plain(std::string_view caption) {
   std::string plain;
   for (size_t i = 0; i < caption.size(); ++i) {
@@ -75,7 +75,8 @@ std::string DrawControl(const Control& control) {
     case ControlKind::DropDownList:
       return "[" + Padded(ToUtf8(static_cast<const DropDownList&>(control).Text()), 30) + "\u25BC]";
     default:
-      return Plain(control.DefaultValue());
+      // Labels have no access key: what a host names "Smith & Sons" is read so.
+      return ToUtf8(control.DefaultValue());
   }
 }
 
