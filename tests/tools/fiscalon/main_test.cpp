@@ -1,0 +1,97 @@
+#include <gmock/gmock.h>
+
+#include "tests/tools/fiscalon/command_line.h"
+
+namespace fiscalon {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+using Program = CommandLine;
+
+// A scenario that passes on June 15, 2026 alone: the message names the month before June of the next year.
+constexpr std::string_view kJune2026 =
+    "show 15\n"
+    "  type 202706\n"
+    "  expect message critical \"'Taxation year ends on' must be in the form YYYYMM. Your entry can range from 199001 "
+    "to 202705.\"\n"
+    "  key Escape\n";
+
+// Passes where the amount to be paid is shown as in Quebec.
+constexpr std::string_view kFrench =
+    "host PaidAmount 12345\n"
+    "show 15\n"
+    "  expect text lblAmountPaid \"123,45 $\"\n"
+    "  key Escape\n";
+
+TEST_F(Program, PrintsItsVersion) {
+  const Outcome seen = Run("fiscalon --version");
+  EXPECT_EQ(seen.status, 0);
+  EXPECT_EQ(seen.out, "fiscalon 0.1.0\n");
+  EXPECT_THAT(seen.err, IsEmpty());
+}
+
+TEST_F(Program, HelpsOnStandardOutputWithExamples) {
+  const Outcome seen = Run("fiscalon --help");
+  EXPECT_EQ(seen.status, 0);
+  EXPECT_THAT(seen.out, HasSubstr("Usage: fiscalon [OPTIONS] SUBCOMMAND"));
+  for (const char* each : {"--today DATE", "--locale NAME", "--version", "Examples:", "  fiscalon screens\n"})
+    EXPECT_THAT(seen.out, HasSubstr(each));
+  EXPECT_THAT(seen.err, IsEmpty());
+}
+
+TEST_F(Program, HelpsWithExamplesOnEachCommand) {
+  for (const std::string command : {"screens", "play", "show"}) {
+    const Outcome seen = Run("fiscalon " + command + " --help");
+    EXPECT_EQ(seen.status, 0) << command;
+    EXPECT_THAT(seen.out, HasSubstr("Usage: fiscalon " + command));
+    EXPECT_THAT(seen.out, HasSubstr("Examples:\n  fiscalon " + command));
+    EXPECT_THAT(seen.err, IsEmpty());
+  }
+}
+
+TEST_F(Program, EndsWithTwoOnBadUsage) {
+  for (const char* commandLine :
+       {"fiscalon", "fiscalon nonsense", "fiscalon --nonsense", "fiscalon play", "fiscalon show", "fiscalon show a b",
+        "fiscalon screens a", "fiscalon play --toolkit motif a.scenario", "fiscalon play --transcript --narrate a",
+        "fiscalon screens --locale xx-XX", "fiscalon screens --today", "fiscalon screens --today 2026-02-30",
+        "fiscalon screens --today 15/06/2026", "fiscalon screens --today '2026-06-15 '",
+        "fiscalon screens --today '2026-06-15 25:00'", "fiscalon screens play"}) {
+    const Outcome seen = Run(commandLine);
+    EXPECT_EQ(seen.status, 2) << commandLine;
+    EXPECT_THAT(seen.out, IsEmpty()) << commandLine;
+    EXPECT_THAT(seen.err, StartsWith("fiscalon: ")) << commandLine;
+  }
+}
+
+TEST_F(Program, SaysWhatADateLooksLike) {
+  EXPECT_THAT(Run("fiscalon --today tomorrow screens").err,
+              HasSubstr("expected a date such as 2026-06-15 or \"2026-06-15 13:05:09\", not \"tomorrow\""));
+}
+
+TEST_F(Program, TakesTodayBeforeAndBehindTheCommand) {
+  Write("june.scenario", kJune2026);
+  EXPECT_EQ(Run("fiscalon --today 2026-06-15 play june.scenario").status, 0);
+  EXPECT_EQ(Run("fiscalon play --today 2026-06-15 june.scenario").status, 0);
+  EXPECT_EQ(Run("fiscalon play june.scenario --today '2026-06-30 23:59:59'").status, 0);
+  EXPECT_EQ(Run("fiscalon --today 2026-07-01 play june.scenario").status, 1);
+}
+
+TEST_F(Program, TakesTheLocaleBeforeAndBehindTheCommand) {
+  Write("french.scenario", kFrench);
+  EXPECT_EQ(Run("fiscalon --locale fr-CA play french.scenario").status, 0);
+  EXPECT_EQ(Run("fiscalon play french.scenario --locale fr-CA").status, 0);
+  EXPECT_EQ(Run("fiscalon play french.scenario --locale en-US").status, 1);
+  EXPECT_EQ(Run("fiscalon play french.scenario").status, 1);
+}
+
+TEST_F(Program, TakesGlobalOptionsOnEveryCommand) {
+  Write("empty.pc4", "");
+  EXPECT_EQ(Run("fiscalon screens --today 2026-06-15 --locale fr-CA").status, 0);
+  EXPECT_EQ(Run("fiscalon show --today 2026-06-15 --locale fr-CA empty.pc4").status, 0);
+}
+
+}  // namespace
+}  // namespace fiscalon

@@ -1,0 +1,147 @@
+#include <gmock/gmock.h>
+
+#include "tests/tools/fiscalon/command_line.h"
+
+namespace fiscalon {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class PlayCommand : public CommandLine {
+ protected:
+  PlayCommand() {
+    Write("good.scenario", "show 15\n  key Escape\nexpect result False\n");
+    Write("bad.scenario", "# cancelled, and yet\nshow 15\n  key Escape\nexpect result True\nexpect records 0\n");
+    Write("senseless.scenario", "show 15\n  press cmdOK\n");
+  }
+};
+
+TEST_F(PlayCommand, SaysWhichScenariosPassed) {
+  const Outcome seen = Run("fiscalon play good.scenario good.scenario");
+  EXPECT_EQ(seen.status, 0);
+  EXPECT_EQ(seen.out, "ok   good.scenario\nok   good.scenario\n2 passed, 0 failed\n");
+  EXPECT_THAT(seen.err, IsEmpty());
+}
+
+TEST_F(PlayCommand, SaysWhichLineFailedAndWhatWasSeen) {
+  const Outcome seen = Run("fiscalon play bad.scenario good.scenario");
+  EXPECT_EQ(seen.status, 1);
+  EXPECT_EQ(seen.out,
+            "FAIL bad.scenario:4: expect result True\n"
+            "     expected: result True\n"
+            "     seen:     result False\n"
+            "ok   good.scenario\n"
+            "1 passed, 1 failed\n");
+  EXPECT_THAT(seen.err, IsEmpty());
+}
+
+TEST_F(PlayCommand, NamesTheLineWithoutItsIndentation) {
+  Write("a.scenario", "show 15\n\t  expect focus cmdOK  # not yet\n  key Escape\n");
+  EXPECT_THAT(Run("fiscalon play a.scenario").out, StartsWith("FAIL a.scenario:2: expect focus cmdOK  # not yet\n"
+                                                              "     expected: cmdOK\n"
+                                                              "     seen:     txtRemittancePeriod\n"));
+}
+
+TEST_F(PlayCommand, FailsWhereABoxIsNotClaimed) {
+  Write("a.scenario", "today 2026-06-15\nshow 15\n  click cmdOK\n  key Escape\n");
+  EXPECT_EQ(
+      Run("fiscalon play a.scenario").out,
+      "FAIL a.scenario:3: click cmdOK\n"
+      "     expected: nothing that no line expects\n"
+      "     seen:     message critical \"'Taxation year ends on' must be in the form YYYYMM. Your entry can range "
+      "from 199001 to 202705.\"\n"
+      "0 passed, 1 failed\n");
+}
+
+TEST_F(PlayCommand, FailsWhereTheFormStaysOpen) {
+  Write("a.scenario", "show 15\n");
+  EXPECT_EQ(Run("fiscalon play a.scenario").out,
+            "FAIL a.scenario:1: show 15\n"
+            "     expected: the form to be closed\n"
+            "     seen:     \"frmDueDateAmount\" is still open where the scenario ends\n"
+            "0 passed, 1 failed\n");
+}
+
+TEST_F(PlayCommand, NamesAnErrorThatNoLineExpects) {
+  Write("a.scenario", "show 12\n");
+  const Outcome seen = Run("fiscalon play a.scenario");
+  EXPECT_EQ(seen.status, 1);
+  EXPECT_THAT(seen.out, HasSubstr("Invalid Screen Type"));
+}
+
+TEST_F(PlayCommand, PlaysTheOtherFilesWhereOneMakesNoSense) {
+  const Outcome seen = Run("fiscalon play senseless.scenario good.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.out, "ok   good.scenario\n1 passed, 0 failed\n");
+  EXPECT_EQ(seen.err, "senseless.scenario:2: \"press\" is nothing that a scenario can say\n");
+}
+
+TEST_F(PlayCommand, PlaysTheOtherFilesWhereOneMakesNoSenseForItsForm) {
+  Write("a.scenario", "show 15\n  click cmdHelp\n");
+  const Outcome seen = Run("fiscalon play a.scenario good.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.out, "ok   good.scenario\n1 passed, 0 failed\n");
+  EXPECT_THAT(seen.err, StartsWith("a.scenario:2: \"frmDueDateAmount\" has no control \"cmdHelp\"; it has "));
+}
+
+TEST_F(PlayCommand, UnusableFilesWeighMoreThanFailures) {
+  const Outcome seen = Run("fiscalon play bad.scenario senseless.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_THAT(seen.out, HasSubstr("\n0 passed, 1 failed\n"));
+}
+
+TEST_F(PlayCommand, SaysWhichFileIsMissing) {
+  const Outcome seen = Run("fiscalon play nowhere.scenario good.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.out, "ok   good.scenario\n1 passed, 0 failed\n");
+  EXPECT_EQ(seen.err, "nowhere.scenario:0: the file can't be read: No such file or directory\n");
+}
+
+TEST_F(PlayCommand, RefusesAFolderAndSaysToNameFiles) {
+  const Outcome seen = Run("mkdir flows; fiscalon play flows");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.err, "flows:0: a folder; name the scenario files in it, such as flows/*.scenario\n");
+}
+
+TEST_F(PlayCommand, RefusesWhatIsNoText) {
+  Write("empty.scenario", "");
+  Write("binary.scenario", std::string_view("\x7F"
+                                            "ELF\0\x01\n",
+                                            7));
+  EXPECT_EQ(Run("fiscalon play empty.scenario").err, "empty.scenario:1: the scenario is empty\n");
+  EXPECT_EQ(Run("fiscalon play binary.scenario").status, 2);
+}
+
+TEST_F(PlayCommand, SpeaksUtf8) {
+  Write("Québec.scenario", "host CompName \"Trésor\"\nshow 15\n  expect title \"Tresor\"\n");
+  EXPECT_EQ(Run("fiscalon play Québec.scenario").out,
+            "FAIL Québec.scenario:3: expect title \"Tresor\"\n"
+            "     expected: Tresor\n"
+            "     seen:     Trésor\n"
+            "0 passed, 1 failed\n");
+}
+
+TEST_F(PlayCommand, StartsEachScenarioAfresh) {
+  Write("chosen.scenario",
+        "today 2026-06-15\nhost PaidAmount 12345\nshow 15\n  type 202612\n  type 12345\n  click cmdOK\nexpect chosen "
+        "True\n");
+  Write("fresh.scenario", "show 15\n  close 0\nexpect chosen False\nexpect records 0\n");
+  EXPECT_EQ(Run("fiscalon play chosen.scenario fresh.scenario").out,
+            "ok   chosen.scenario\nok   fresh.scenario\n2 passed, 0 failed\n");
+}
+
+TEST_F(PlayCommand, LeavesNoFolderBehind) {
+  const Outcome seen =
+      Run("mkdir tmp; TMPDIR=$PWD/tmp fiscalon play good.scenario bad.scenario senseless.scenario "
+          ">played; ls tmp");
+  EXPECT_THAT(seen.out, IsEmpty());
+}
+
+TEST_F(PlayCommand, TakesTheFrontEndByName) {
+  EXPECT_EQ(Run("fiscalon play --toolkit scripted good.scenario").status, 0);
+}
+
+}  // namespace
+}  // namespace fiscalon

@@ -1,0 +1,105 @@
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/support/ruled_record.h"
+#include "tests/tools/fiscalon/command_line.h"
+
+namespace fiscalon {
+namespace {
+
+using Json = nlohmann::json;
+
+class ShownJson : public CommandLine {
+ protected:
+  Json Shown(const std::string& bytes, const std::string& options = "") const {
+    Write("a.pc4", bytes);
+    return Json::parse(Run("fiscalon show --json a.pc4 " + options).out);
+  }
+
+  // In Windows-1252.
+  const std::string government_ = Ruled("PC40001T                202612          H\xE9l\xE8ne C\xF4t\xE9");
+  const std::string free_ = Ruled("PC40001F01000000000000012345022026");
+};
+
+TEST_F(ShownJson, IsOneDocumentOfTheWholeFile) {
+  const Json document = Shown(Line(government_) + Line(free_));
+  EXPECT_EQ(document.at("file"), "a.pc4");
+  EXPECT_EQ(document.at("screen"), nullptr);
+  ASSERT_EQ(document.at("records").size(), 2U);
+  const Json& record = document.at("records").at(0);
+  EXPECT_EQ(record.at("line"), 1);
+  EXPECT_EQ(record.at("kind"), "T");
+  EXPECT_EQ(record.at("seq"), "0001");
+  EXPECT_EQ(record.at("length"), 160);
+  EXPECT_EQ(record.at("text"), "PC40001T                202612          Hélène Côté" + std::string(109, ' '));
+  EXPECT_EQ(record.at("problems"), Json::array());
+}
+
+TEST_F(ShownJson, NamesPlacesTextsAndMeanings) {
+  const Json document = Shown(Line(government_) + Line(free_), "--screen 15");
+  EXPECT_EQ(document.at("screen"), Json::parse(R"({"code": "15", "form": "frmDueDateAmount"})"));
+  const Json& government = document.at("records").at(0).at("fields");
+  ASSERT_EQ(government.size(), 8U);
+  EXPECT_EQ(government.at(0), Json::parse(R"({"name": "PeriodStartDate", "from": 9, "to": 16, "text": "        ",
+                                              "sense": "blank", "meaning": ""})"));
+  EXPECT_EQ(government.at(2), Json::parse(R"({"name": "PeriodDueDate", "from": 25, "to": 32, "text": "202612  ",
+                                              "sense": "month", "meaning": "2026-12"})"));
+  EXPECT_EQ(government.at(4), Json::parse(R"({"name": "ContactName", "from": 41, "to": 70,
+                                              "text": "Hélène Côté                   ",
+                                              "sense": "text", "meaning": "Hélène Côté"})"));
+  EXPECT_EQ(government.at(7).at("name"), "");
+  EXPECT_EQ(government.at(7).at("from"), 101);
+  const Json& free = document.at("records").at(1).at("fields");
+  ASSERT_EQ(free.size(), 10U);
+  EXPECT_EQ(free.at(0), Json::parse(R"({"name": "FieldNum", "from": 9, "to": 10, "text": "01",
+                                        "sense": "number", "meaning": "Amount payable"})"));
+  EXPECT_EQ(free.at(1), Json::parse(R"({"name": "FieldValue", "from": 11, "to": 28, "text": "000000000000012345",
+                                        "sense": "digits", "meaning": "123.45"})"));
+  EXPECT_EQ(free.at(3), Json::parse(R"({"name": "FieldValue", "from": 31, "to": 48, "text": "2026              ",
+                                        "sense": "text", "meaning": "2026"})"));
+}
+
+TEST_F(ShownJson, MeansTheSameUnderAnyLocale) {
+  EXPECT_EQ(Shown(Line(government_) + Line(free_), "--locale fr-CA"), Shown(Line(government_) + Line(free_)));
+}
+
+TEST_F(ShownJson, PlacesProblems) {
+  const Json records = Shown(Line(Ruled("PC40001T20261301") + "x") + "hello\r\n").at("records");
+  EXPECT_EQ(records.at(0).at("problems"),
+            Json::parse(R"([{"from": null, "to": null, "text": "161 characters long, not 160: 1 too many"},
+                            {"from": 9, "to": 16,
+                             "text": "PeriodStartDate: \"20261301\" is no date YYYYMMDD or YYYYMM"}])"));
+  EXPECT_EQ(records.at(0).at("fields").at(0).at("sense"), "wrong");
+  EXPECT_EQ(records.at(1), Json::parse(R"({"line": 2, "kind": null, "seq": null, "length": 5, "text": "hello",
+             "fields": [], "problems": [{"from": null, "to": null,
+             "text": "no record: the line begins with \"hello\", not with \"PC4\""}]})"));
+}
+
+TEST_F(ShownJson, CarriesControlCharacters) {
+  std::string record = government_;
+  record[44] = '\0';
+  EXPECT_EQ(Shown(Line(record)).at("records").at(0).at("fields").at(4).at("meaning"),
+            std::string("H\u00E9l\u00E8\0e C\u00F4t\u00E9", 15));
+}
+
+TEST_F(ShownJson, EndsAsThePrintedFormDoes) {
+  Write("good.pc4", Line(government_));
+  Write("bad.pc4", "hello\n");
+  Write("empty.pc4", "");
+  EXPECT_EQ(Run("fiscalon show --json good.pc4").status, 0);
+  EXPECT_EQ(Run("fiscalon show --json bad.pc4").status, 1);
+  EXPECT_EQ(Run("fiscalon show --json nowhere.pc4").status, 2);
+  const Outcome empty = Run("fiscalon show --json empty.pc4");
+  EXPECT_EQ(empty.status, 0);
+  EXPECT_EQ(Json::parse(empty.out).at("records"), Json::array());
+}
+
+TEST_F(ShownJson, HasNoColoursAndNoRuler) {
+  Write("a.pc4", Line(government_));
+  EXPECT_THAT(Run("fiscalon show --json a.pc4").out, testing::AllOf(testing::StartsWith("{\n  \"file\": \"a.pc4\",\n"),
+                                                                    testing::Not(testing::HasSubstr("....+"))));
+}
+
+}  // namespace
+}  // namespace fiscalon

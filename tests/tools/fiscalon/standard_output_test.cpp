@@ -1,0 +1,118 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include <array>
+
+#include "tests/tools/fiscalon/command_line.h"
+
+namespace fiscalon {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+using StandardOutput = CommandLine;
+
+/// A terminal that nobody sits at.
+class Terminal {
+ public:
+  Terminal() {
+    std::array<char, 256> name = {};
+    EXPECT_EQ(::openpty(&master_, &slave_, name.data(), nullptr, nullptr), 0);
+    path_ = name.data();
+  }
+  ~Terminal() {
+    ::close(master_);
+    ::close(slave_);
+  }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+
+  const std::string& Path() const { return path_; }
+  std::string Shown() const {
+    ::fcntl(master_, F_SETFL, O_NONBLOCK);
+    std::string shown;
+    std::array<char, 4096> piece = {};
+    for (ssize_t count; (count = ::read(master_, piece.data(), piece.size())) > 0;)
+      shown.append(piece.data(), static_cast<size_t>(count));
+    return shown;
+  }
+
+ private:
+  int master_ = -1;
+  int slave_ = -1;
+  std::string path_;
+};
+
+constexpr std::string_view kPassing = "show 15\n  key Escape\n";
+
+TEST_F(StandardOutput, NoticesAFullDisk) {
+  const Outcome seen = Run("fiscalon screens >/dev/full");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.err, "fiscalon: standard output can't be written: No space left on device\n");
+}
+
+TEST_F(StandardOutput, NoticesAFullDiskUnderHelp) {
+  EXPECT_EQ(Run("fiscalon --help >/dev/full").status, 2);
+}
+
+TEST_F(StandardOutput, NoticesThatItIsClosed) {
+  const Outcome seen = Run("fiscalon screens >&-");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.err, "fiscalon: standard output can't be written: Bad file descriptor\n");
+}
+
+TEST_F(StandardOutput, EndsQuietlyWhenItsReaderGoes) {
+  Write("a.scenario", kPassing);
+  // More than a pipe holds, so that the program is still writing when its reader has gone.
+  const Outcome seen =
+      Run("files=''; for i in $(seq 4000); do files=\"$files a.scenario\"; done\n"
+          "{ fiscalon play --transcript $files; echo $? >status; } | head -n 1");
+  EXPECT_EQ(seen.out, "play a.scenario\n");
+  EXPECT_EQ(Read("status"), "2\n");
+  EXPECT_THAT(seen.err, IsEmpty());
+}
+
+TEST_F(StandardOutput, HasNoColoursInAFile) {
+  Write("a.scenario", kPassing);
+  EXPECT_EQ(Run("fiscalon play a.scenario").out, "ok   a.scenario\n1 passed, 0 failed\n");
+}
+
+TEST_F(StandardOutput, HasColoursOnATerminal) {
+  Write("a.scenario", kPassing);
+  const Terminal terminal;
+  EXPECT_EQ(Run("fiscalon play a.scenario >" + terminal.Path()).status, 0);
+  EXPECT_THAT(terminal.Shown(), HasSubstr("\x1B[32mok  \x1B[0m a.scenario"));
+}
+
+TEST_F(StandardOutput, HasNoColoursOnATerminalThatWantsNone) {
+  Write("a.scenario", kPassing);
+  for (const char* environment : {"NO_COLOR=1", "TERM=dumb"}) {
+    const Terminal terminal;
+    EXPECT_EQ(Run(std::string("export ") + environment + "; fiscalon play a.scenario >" + terminal.Path()).status, 0);
+    const std::string shown = terminal.Shown();
+    EXPECT_THAT(shown, HasSubstr("ok   a.scenario")) << environment;
+    EXPECT_THAT(shown, Not(HasSubstr("\x1B"))) << environment;
+  }
+}
+
+TEST_F(StandardOutput, FoldsRecordsToTheTerminal) {
+  Write("a.pc4", "hello\n" + std::string(100, 'x') + "\n");
+  const Terminal terminal;
+  EXPECT_EQ(Run("export NO_COLOR=1; fiscalon show a.pc4 >" + terminal.Path()).status, 1);
+  // 80 columns less the margin and the bars make 70: seven whole tens.
+  EXPECT_THAT(terminal.Shown(),
+              HasSubstr("     ....+....1....+....2....+....3....+....4....+....5....+....6....+....7\r\n"
+                        "    |" +
+                        std::string(70, 'x') +
+                        "|\r\n"
+                        "     ....+....8....+....9....+...10\r\n"
+                        "    |" +
+                        std::string(30, 'x') + "|\r\n"));
+}
+
+}  // namespace
+}  // namespace fiscalon

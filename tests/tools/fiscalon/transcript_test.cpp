@@ -1,0 +1,83 @@
+#include <gmock/gmock.h>
+
+#include "tests/tools/fiscalon/command_line.h"
+
+namespace fiscalon {
+namespace {
+
+using testing::HasSubstr;
+
+using Transcript = CommandLine;
+
+TEST_F(Transcript, PrintsEveryLineAndWhatHappensUnderIt) {
+  Write("a.scenario",
+        "# Cancel by Escape, behind a refused OK.\n"
+        "today 2026-06-15\n"
+        "\n"
+        "show 15\n"
+        "  click cmdOK  # nothing typed\n"
+        "  expect message critical \"'Taxation year ends on' must be in the form YYYYMM. Your entry can range from "
+        "199001 to 202705.\"\n"
+        "  key Escape\n"
+        "expect result False\n");
+  EXPECT_EQ(Run("fiscalon play --transcript a.scenario").out,
+            "play a.scenario\n"
+            "       2  today 2026-06-15\n"
+            "       4  show 15\n"
+            "              Form_Load\n"
+            "              Form_Activate\n"
+            "       5  click cmdOK  # nothing typed\n"
+            "              txtRemittancePeriod_LostFocus\n"
+            "              cmdOK_Click\n"
+            "              message critical \"'Taxation year ends on' must be in the form YYYYMM. Your entry can range "
+            "from 199001 to 202705.\", answered OK\n"
+            "       6  expect message critical \"'Taxation year ends on' must be in the form YYYYMM. Your entry can "
+            "range from 199001 to 202705.\"\n"
+            "       7  key Escape\n"
+            "              cmdCancel_Click\n"
+            "              result False\n"
+            "       8  expect result False\n"
+            "ok   a.scenario\n"
+            "1 passed, 0 failed\n");
+}
+
+TEST_F(Transcript, NamesTheAnswerOfABox) {
+  // A date of another year asks whether to keep it.
+  Write("a.scenario",
+        "today 2026-06-15\nhost PaidAmount 12345\nshow 03\n  type 5000\n  focus NumberOfEmployees\n  type 12\n"
+        "  focus EndDate\n  type 20251231\n  answer No\n  click Command3D6\n");
+  EXPECT_THAT(Run("fiscalon play --transcript a.scenario").out, HasSubstr("answered No\n"));
+}
+
+TEST_F(Transcript, TellsOfHelpPages) {
+  Write("a.scenario", "show 03\n  click Command3D4\n  expect help ZELMOR.CHM 100000004\n  key Escape\n");
+  EXPECT_THAT(Run("fiscalon play --transcript a.scenario").out, HasSubstr("\n              help "));
+}
+
+TEST_F(Transcript, TellsOfAShowThatRaisedAnError) {
+  Write("a.scenario", "show 12\nexpect error 0x80040001 Fiscalon.ShowLevyraScreen \"Invalid Screen Type\"\n");
+  EXPECT_EQ(Run("fiscalon play --transcript a.scenario").out,
+            "play a.scenario\n"
+            "       1  show 12\n"
+            "              error -2147221503 Fiscalon.ShowLevyraScreen \"Invalid Screen Type\"\n"
+            "       2  expect error 0x80040001 Fiscalon.ShowLevyraScreen \"Invalid Screen Type\"\n"
+            "ok   a.scenario\n"
+            "1 passed, 0 failed\n");
+}
+
+TEST_F(Transcript, StopsAtTheLineThatFails) {
+  Write("a.scenario", "show 15\n  expect focus cmdOK\n  key Escape\n");
+  EXPECT_EQ(Run("fiscalon play --transcript a.scenario").out,
+            "play a.scenario\n"
+            "       1  show 15\n"
+            "              Form_Load\n"
+            "              Form_Activate\n"
+            "       2  expect focus cmdOK\n"
+            "FAIL a.scenario:2: expect focus cmdOK\n"
+            "     expected: cmdOK\n"
+            "     seen:     txtRemittancePeriod\n"
+            "0 passed, 1 failed\n");
+}
+
+}  // namespace
+}  // namespace fiscalon

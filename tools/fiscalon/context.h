@@ -1,0 +1,66 @@
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "core/platform/date.h"
+#include "core/platform/locale.h"
+
+namespace fiscalon {
+
+/// How the program ends.
+enum class ExitStatus {
+  Done = 0,
+  /// A failed expectation, a cancelled screen, something that is not valid.
+  Invalid = 1,
+  /// Bad usage, or a file that can't be read or written.
+  Unusable = 2,
+};
+
+/// Why a command can't do its work, in a sentence for the user. It ends the program with `Unusable`.
+class CommandError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Colours for standard output. Without them every text comes back as it is.
+class Paint {
+ public:
+  explicit Paint(bool on) : on_(on) {}
+
+  std::string Good(std::string_view text) const { return In("32", text); }
+  std::string Bad(std::string_view text) const { return In("31", text); }
+  std::string Heading(std::string_view text) const { return In("1", text); }
+  std::string Aside(std::string_view text) const { return In("2", text); }
+
+ private:
+  std::string In(std::string_view code, std::string_view text) const;
+
+  bool on_;
+};
+
+/// What all commands share: the global options, and what a command leaves behind. Texts are UTF-8.
+struct Context {
+  /// --today; without it the real clock.
+  std::optional<DateTime> today = {};
+  /// --locale; empty where it was not given.
+  std::string localeName = {};
+  Paint paint = Paint(false);
+  ExitStatus status = ExitStatus::Done;
+
+  /// The locale in which the command speaks: --locale, or the user's own.
+  Locale SpokenLocale() const;
+};
+
+/// Whether standard output is a terminal that is to be written to in colour. NO_COLOR, not empty, says no.
+bool ColourIsWanted();
+
+/// The columns of the terminal on standard output; nothing where it is none.
+std::optional<size_t> TerminalWidth();
+
+/// Writes a line to standard error, behind what standard output was given before.
+void Complain(std::string_view line);
+
+}  // namespace fiscalon

@@ -1,0 +1,25 @@
+#include "tools/fiscalon/input_file.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+namespace fiscalon {
+
+std::string ReadInput(const std::string& path) {
+  const auto close = [](std::FILE* file) { return file == stdin ? 0 : std::fclose(file); };
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(path == "-" ? stdin : std::fopen(path.c_str(), "rb"),
+                                                             close);
+  if (!file)
+    throw UnreadableFile(std::strerror(errno));
+  std::string bytes;
+  std::array<char, 65536> piece;
+  while (const size_t count = std::fread(piece.data(), 1, piece.size(), file.get())) bytes.append(piece.data(), count);
+  if (std::ferror(file.get()) != 0)
+    throw UnreadableFile(std::strerror(errno));
+  return bytes;
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,91 @@
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <iostream>
+
+#include "frontends/scripted/scenario_grammar.h"
+#include "tools/fiscalon/play_command.h"
+#include "tools/fiscalon/screens_command.h"
+#include "tools/fiscalon/show_command.h"
+#include "tools/fiscalon/standard_output.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr const char* kExamples = R"(Examples:
+  fiscalon screens
+  fiscalon play examples/due_date_amount.scenario
+  fiscalon show payment.pc4 --screen 15
+
+Exit status: 0 done or valid, 1 a failed expectation or something invalid,
+2 bad usage or a file that can't be read. "fiscalon COMMAND --help" says more.)";
+
+DateTime ParseToday(const std::string& text) {
+  const size_t blank = text.find(' ');
+  const auto today = ParseDateTime(text.substr(0, blank), blank == std::string::npos ? "" : text.substr(blank + 1));
+  if (!today || blank + 1 == text.size())
+    throw CLI::ValidationError("--today",
+                               R"(expected a date such as 2026-06-15 or "2026-06-15 13:05:09", not ")" + text + '"');
+  return *today;
+}
+
+/// The whole command line: the global options, and one line for each command.
+void DefineCommandLine(CLI::App& app, Context& context) {
+  app.description("Collects what a government remittance needs beside the payment, and reads its records.");
+  app.footer(kExamples);
+  app.set_version_flag("--version", "fiscalon " FISCALON_VERSION, "Print the version and exit");
+  app.require_subcommand(1);
+  app.failure_message([](const CLI::App*, const CLI::Error& error) {
+    return std::string("fiscalon: ") + error.what() + "\nRun \"fiscalon --help\" for the commands.\n";
+  });
+  // The global options may stand behind the command's name too.
+  app.fallthrough();
+  app.add_option_function<std::string>(
+         "--today", [&context](const std::string& text) { context.today = ParseToday(text); },
+         "The day, and perhaps the time, that the run takes for today")
+      ->type_name("DATE");
+  app.add_option("--locale", context.localeName, "How numbers, money and moments are written")
+      ->type_name("NAME")
+      ->check(CLI::IsMember({"en-CA", "en-US", "fr-CA", "system"}));
+
+  AddScreensCommand(app, context);
+  AddPlayCommand(app, context);
+  AddShowCommand(app, context);
+}
+
+ExitStatus RunProgram(int argc, char** argv) {
+  Context context{.paint = Paint(ColourIsWanted())};
+  CLI::App app("", "fiscalon");
+  DefineCommandLine(app, context);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    context.status = app.exit(error, std::cout, std::cerr) == 0 ? ExitStatus::Done : ExitStatus::Unusable;
+  }
+  std::cout.flush();
+  return context.status;
+}
+
+ExitStatus RunAndComplain(int argc, char** argv) {
+  try {
+    return RunProgram(argc, argv);
+  } catch (const OutputError& error) {
+    if (error.number != EPIPE)
+      std::cerr << "fiscalon: standard output can't be written: " << std::strerror(error.number) << '\n';
+  } catch (const std::exception& error) {
+    Complain(std::string("fiscalon: ") + error.what());
+  }
+  return ExitStatus::Unusable;
+}
+
+}  // namespace
+}  // namespace fiscalon
+
+int main(int argc, char** argv) {
+#ifdef SIGPIPE
+  // A reader that goes away shows as a failed write.
+  std::signal(SIGPIPE, SIG_IGN);
+#endif
+  fiscalon::StandardOutput output;
+  return static_cast<int>(fiscalon::RunAndComplain(argc, argv));
+}

@@ -1,0 +1,121 @@
+#include "tools/fiscalon/narrator.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/launch.h"
+#include "frontends/scripted/text_picture.h"
+#include "tools/fiscalon/shown_text.h"
+#include "tools/fiscalon/visible_text.h"
+
+namespace fiscalon {
+namespace {
+
+std::vector<std::string_view> LinesOf(std::string_view text) {
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const size_t end = text.find('\n');
+    lines.push_back(text.substr(0, end));
+    if (lines.back().ends_with('\r'))
+      lines.back().remove_suffix(1);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+  }
+  return lines;
+}
+
+bool IsBlank(std::string_view line) {
+  return line.find_first_not_of(" \t") == std::string_view::npos;
+}
+
+bool IsComment(std::string_view line) {
+  const size_t first = line.find_first_not_of(" \t");
+  return first != std::string_view::npos && line[first] == '#';
+}
+
+bool IsAct(const ScenarioLine& line) {
+  constexpr std::array<std::string_view, 8> kActs = {"type",   "key",   "focus",  "click",
+                                                     "choose", "paste", "answer", "close"};
+  return std::find(kActs.begin(), kActs.end(), line.verb) != kActs.end();
+}
+
+}  // namespace
+
+Narrator::Narrator(const Scenario& scenario, std::string_view text, const Context& context, std::ostream& out)
+    : scenario_(scenario), context_(context), out_(out), lines_(LinesOf(text)) {}
+
+PlayWatcher Narrator::Watcher() {
+  return {.lineBegins = [this](const ScenarioLine& line) { LineBegins(line); },
+          .lineEnds = [this](const ScenarioLine& line, Form* form) { LineEnds(line, form); },
+          .boxAnswered = [this](const MessageBox& box, MessageAnswer answer,
+                                Form* form) { BoxAnswered(box, answer, form); },
+          .noticed = [this](const std::string& what) { SetApart("    (" + what + ")\n"); },
+          .showEnded = [this](const std::string& ending) { ShowEnded(ending); },
+          .ended = [this](const std::vector<std::string>& records) { Ended(records); }};
+}
+
+void Narrator::LineBegins(const ScenarioLine& line) {
+  TellUpTo(static_cast<size_t>(line.number));
+  if (line.verb != "show")
+    return;
+  screen_ = line.arguments[0];
+  drawn_.clear();
+}
+
+void Narrator::LineEnds(const ScenarioLine& line, Form* form) {
+  if (form != nullptr && !ActsGoOn(line))
+    DrawIfChanged(*form);
+}
+
+void Narrator::BoxAnswered(const MessageBox& box, MessageAnswer answer, Form* form) {
+  if (form != nullptr)
+    DrawIfChanged(*form);
+  SetApart(DrawMessageBox(box, answer));
+}
+
+void Narrator::ShowEnded(const std::string& ending) {
+  SetApart("    The screen is closed, and the host gets: " + ending + "\n");
+}
+
+void Narrator::Ended(const std::vector<std::string>& records) {
+  TellUpTo(lines_.size());
+  SetApart(records.empty() ? std::string("The host finds no records.\n")
+                           : "The host finds " + Counted(records.size(), "record") + ", here taken apart:\n");
+  out_ << '\n';
+  PrintRecords(
+      out_, TakeApart(records, FindLaunchRow(screen_)),
+      {.paint = context_.paint, .locale = context_.SpokenLocale(), .countedAs = "record", .width = TerminalWidth()});
+}
+
+void Narrator::TellUpTo(size_t line) {
+  for (; told_ < std::min(line, lines_.size()); ++told_) {
+    const std::string_view text = lines_[told_];
+    if (stoodApart_ && !IsBlank(text))
+      out_ << '\n';
+    stoodApart_ = false;
+    out_ << (IsComment(text) ? context_.paint.Aside(text) : std::string(text)) << '\n';
+  }
+}
+
+void Narrator::DrawIfChanged(Form& form) {
+  const std::string picture = DrawForm(form);
+  if (picture == drawn_)
+    return;
+  drawn_ = picture;
+  constexpr std::string_view kMargin = "    ";
+  std::string indented;
+  for (const std::string_view line : LinesOf(picture)) indented.append(kMargin).append(line).append("\n");
+  SetApart(indented);
+}
+
+void Narrator::SetApart(std::string_view piece) {
+  out_ << '\n' << piece;
+  stoodApart_ = true;
+}
+
+bool Narrator::ActsGoOn(const ScenarioLine& line) const {
+  const auto next = std::find_if(scenario_.lines.begin(), scenario_.lines.end(),
+                                 [&](const ScenarioLine& each) { return each.number == line.number + 1; });
+  return line.verb != "show" && next != scenario_.lines.end() && IsAct(*next);
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "tools/fiscalon/context.h"
+
+namespace fiscalon {
+
+/// `fiscalon play FILE...`: plays scenarios and says which of them passed.
+void AddPlayCommand(CLI::App& app, Context& context);
+
+}  // namespace fiscalon

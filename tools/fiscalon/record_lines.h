@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace fiscalon {
+
+/// One line of a record file as it lies there.
+struct RecordLine {
+  size_t number = 0;
+  /// Between the quotes, where there are any.
+  std::string_view record = {};
+  bool opensWithQuote = false;
+  bool closesWithQuote = false;
+  /// CR LF or LF; only the last line can lack one.
+  bool hasLineEnd = false;
+  /// A byte-order mark, taken off, stood in front.
+  bool hasByteOrderMark = false;
+};
+
+/// The lines of a file. They point into its bytes.
+std::vector<RecordLine> SplitRecordLines(std::string_view bytes);
+
+}  // namespace fiscalon

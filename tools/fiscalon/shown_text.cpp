@@ -1,0 +1,183 @@
+#include "tools/fiscalon/shown_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <ostream>
+
+#include "core/platform/code_page.h"
+#include "core/values/format.h"
+#include "core/values/text.h"
+#include "tools/fiscalon/visible_text.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr size_t kMostShown = 400;
+constexpr std::string_view kMargin = "    ";
+
+/// "....+....1....+....2", up to that many columns.
+std::string Ruler(size_t columns) {
+  constexpr size_t kStep = 10;
+  std::string ruler;
+  for (size_t tens = 1; ruler.size() < columns; ++tens) {
+    const std::string label = std::to_string(tens);
+    ruler += std::string("....+.....").substr(0, kStep - label.size()) + label;
+  }
+  return ruler.substr(0, columns);
+}
+
+/// A line of as many columns as the record shows, with a mark under each column that something is wrong with.
+std::string MarksOf(const ShownRecord& record, size_t columns) {
+  std::string marks(columns, ' ');
+  for (const Problem& problem : record.problems)
+    for (int column = problem.from; column > 0 && column <= problem.to; ++column)
+      if (static_cast<size_t>(column) <= columns)
+        marks[static_cast<size_t>(column) - 1] = '^';
+  return std::string(TrimRight(marks));
+}
+
+/// 12345 of "123.45": what fits neither `Money` nor a number stays as it is.
+std::string InCurrency(const std::string& dollars, const Locale& locale) {
+  constexpr int64_t kUnitsInCent = Money::FromUnits(100).Units();
+  std::string digits = dollars;
+  std::erase(digits, '.');
+  int64_t cents = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), cents);
+  if (error != std::errc() || cents > INT64_MAX / kUnitsInCent || cents < INT64_MIN / kUnitsInCent)
+    return dollars;
+  return ToUtf8(Format(Money::FromUnits(cents * kUnitsInCent), "Currency", locale));
+}
+
+/// "000000000000012345" as 12345.
+std::string WithoutZeros(std::string_view digits) {
+  const std::string_view sign = digits.find('-') != std::string_view::npos ? "-" : "";
+  const size_t first = std::min(digits.find_first_of("123456789"), digits.size());
+  std::string number(digits.substr(first));
+  std::erase(number, '-');
+  return number.empty() ? "0" : std::string(sign) + number;
+}
+
+class RecordPrinter {
+ public:
+  RecordPrinter(std::ostream& out, const ShownStyle& style) : out_(out), style_(style) {}
+
+  void Print(const ShownRecord& record) {
+    PrintHeading(record);
+    PrintRuled(record);
+    PrintFields(record);
+    for (const Problem& problem : record.problems)
+      out_ << style_.paint.Bad(std::string(kMargin) + "! " + PlaceOf(problem) + problem.text) << '\n';
+    out_ << '\n';
+  }
+
+ private:
+  void PrintHeading(const ShownRecord& record) {
+    std::string heading = std::string(style_.countedAs) + " " + std::to_string(record.number) + ": ";
+    if (!record.isRecord) {
+      heading += "no record";
+    } else {
+      const char letter = static_cast<char>(record.kind);
+      heading += VisibleText(std::string_view(&letter, 1));
+      heading += LayoutOf(record.kind).empty() ? "" : ", " + std::string(NameOf(record.kind));
+      heading += ", sequence " + DottedText(record.seq);
+    }
+    out_ << style_.paint.Heading(heading) << '\n';
+  }
+
+  void PrintRuled(const ShownRecord& record) {
+    const std::string_view text = std::string_view(record.record).substr(0, kMostShown);
+    const std::string ruler = Ruler(text.size());
+    const std::string marks = MarksOf(record, text.size());
+    const size_t fold = FoldAt();
+    for (size_t from = 0; from < text.size(); from += std::min(fold, text.size())) {
+      out_ << style_.paint.Aside(std::string(kMargin) + " " + ruler.substr(from, fold)) << '\n';
+      out_ << kMargin << '|' << VisibleText(text.substr(from, fold)) << "|\n";
+      if (from < marks.size() && marks.find('^', from) < from + fold)
+        out_ << style_.paint.Bad(std::string(kMargin) + " " + marks.substr(from, fold)) << '\n';
+    }
+    if (record.record.size() > kMostShown)
+      out_ << kMargin << "... and " << Counted(record.record.size() - kMostShown, "more character") << '\n';
+  }
+
+  /// A whole number of tens, so that each piece of the ruler ends with its label.
+  size_t FoldAt() const {
+    constexpr size_t kStep = 10;
+    if (!style_.width)
+      return kMostShown;
+    const size_t taken = kMargin.size() + 2;
+    return std::max(*style_.width - std::min(*style_.width, taken), kStep) / kStep * kStep;
+  }
+
+  void PrintFields(const ShownRecord& record) {
+    size_t nameWidth = 0, textWidth = 0;
+    for (const ShownField& field : record.fields) {
+      if (!IsWorthALine(field))
+        continue;
+      nameWidth = std::max(nameWidth, field.name.size());
+      textWidth = std::max(textWidth, ColumnsOf(DottedText(field.text)));
+    }
+    for (const ShownField& field : record.fields) {
+      if (!IsWorthALine(field))
+        continue;
+      const std::string columns = std::to_string(field.from) + "-" + std::to_string(field.to);
+      constexpr size_t kColumnsWidth = 7;
+      const std::string line = std::string(kMargin) +
+                               std::string(kColumnsWidth - std::min(kColumnsWidth, columns.size()), ' ') + columns +
+                               "  " + PaddedTo(nameWidth, field.name) + "  " +
+                               PaddedTo(textWidth, DottedText(field.text)) + "  " + RemarkOn(field);
+      out_ << TrimRight(line) << '\n';
+    }
+  }
+
+  /// What is always blank is passed over, unless something stands in it.
+  static bool IsWorthALine(const ShownField& field) {
+    return !field.name.empty() || (field.sense != Sense::Blank && field.sense != Sense::Missing);
+  }
+
+  std::string RemarkOn(const ShownField& field) const {
+    switch (field.sense) {
+      case Sense::Blank:
+        return "blank";
+      case Sense::Text:
+        return std::to_string(Trim(field.text).size()) + " of " + std::to_string(field.to - field.from + 1) +
+               " characters";
+      case Sense::Cents:
+        return InCurrency(field.meaning, style_.locale);
+      case Sense::Digits:
+        return RemarkOnDigits(field);
+      case Sense::Missing:
+        return field.text.empty() ? "missing" : "cut off";
+      case Sense::Wrong:
+        return "!";
+      default:
+        return field.meaning;
+    }
+  }
+
+  std::string RemarkOnDigits(const ShownField& field) const {
+    const std::string number = WithoutZeros(field.text);
+    return number == "0" ? number : number + ", as cents " + InCurrency(field.meaning, style_.locale);
+  }
+
+  static std::string PlaceOf(const Problem& problem) {
+    if (problem.from == 0)
+      return "";
+    if (problem.from == problem.to)
+      return "column " + std::to_string(problem.from) + ": ";
+    return "columns " + std::to_string(problem.from) + "-" + std::to_string(problem.to) + ": ";
+  }
+
+  std::ostream& out_;
+  const ShownStyle& style_;
+};
+
+}  // namespace
+
+void PrintRecords(std::ostream& out, const std::vector<ShownRecord>& records, const ShownStyle& style) {
+  RecordPrinter printer(out, style);
+  for (const ShownRecord& record : records) printer.Print(record);
+}
+
+}  // namespace fiscalon

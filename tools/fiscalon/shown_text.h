@@ -1,0 +1,27 @@
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "tools/fiscalon/context.h"
+#include "tools/fiscalon/shown_record.h"
+
+namespace fiscalon {
+
+/// How records are printed for people.
+struct ShownStyle {
+  Paint paint = Paint(false);
+  /// In which amounts are written.
+  Locale locale = {};
+  /// What a record is counted as: "line" of a file, "record" of a host.
+  std::string_view countedAs = "line";
+  /// Where a ruler and the text under it are folded; without it they are not.
+  std::optional<size_t> width = {};
+};
+
+/// Each record under a ruler, its fields by name, and what is wrong with it.
+void PrintRecords(std::ostream& out, const std::vector<ShownRecord>& records, const ShownStyle& style);
+
+}  // namespace fiscalon

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Texts of the code page made visible, in UTF-8, one column per character.
+namespace fiscalon {
+
+/// Control characters become their pictures, such as "␀"; everything else stands as it is.
+std::string VisibleText(std::string_view text);
+
+/// In quotes, the blanks at either end as "·".
+std::string DottedText(std::string_view text);
+
+/// Whether the byte is no character of a text: a control character, or a place that the code page leaves open.
+bool IsControlCharacter(char character);
+
+/// How many columns a text in UTF-8 takes.
+size_t ColumnsOf(std::string_view utf8);
+
+/// The text with blanks behind it up to that many columns.
+std::string PaddedTo(size_t columns, std::string_view utf8);
+
+/// "1 record", "2 records"
+std::string Counted(size_t count, std::string_view thing);
+
+}  // namespace fiscalon
