@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/screen_contract.h"
+#include "core/screen_heads.h"
 
 namespace fiscalon {
 

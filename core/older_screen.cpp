@@ -11,6 +11,12 @@
 
 namespace fiscalon {
 
+void OlderScreen::ShowPayment(PayeeHead& head) const {
+  head.PayeeName.Text(Payment().compName);
+  head.AmountPaid.Caption(ShownPaidAmount());
+  ShowDate(head.lblCPayDate, head.PayDate);
+}
+
 void OlderScreen::ShowDate(Label& caption, Label& payDate) const {
   constexpr uint8_t kOnHold = 1;
   const bool fixed = Payment().apHoldFlg != kOnHold;
@@ -82,7 +88,7 @@ void OlderScreen::ShowWithImplicitCents(TextField& field, Money amount) {
 }
 
 void OlderScreen::CheckDateOnLeaving(TextField& field) {
-  if (field.Text().empty() || FocusIsOnCancelOrHelp())
+  if (field.Text().empty() || FocusIsOn(waysOut_.cancel) || FocusIsOn(waysOut_.help))
     return;
   TrimText(field);
   if (HoldsDate(field))

@@ -5,26 +5,29 @@
 
 #include "core/forms/keys.h"
 #include "core/screen_contract.h"
+#include "core/screen_heads.h"
 #include "core/values/money.h"
 
 namespace fiscalon {
+
+/// The buttons to which the focus may leave a date without its check.
+struct WaysOut {
+  std::string_view cancel = "Command3D5";
+  std::string_view help = "Command3D4";
+};
 
 /// The frame of the older screens: payee, amount and date above the entries, key filters, fields that check
 /// themselves on Enter, and OK, Cancel and Help buttons. Their handlers go on with the next statement after a
 /// run-time failure, as their helpers here do where they say so.
 class OlderScreen : public Screen {
  public:
-  using Screen::Screen;
+  OlderScreen(std::string_view name, std::string_view caption, WaysOut waysOut = {})
+      : Screen(name, caption), waysOut_(waysOut) {}
 
  protected:
-  /// The buttons whose press leaves a field without its check.
-  virtual const Button& CancelButton() const = 0;
-  virtual const Button& HelpButton() const = 0;
-  bool FocusIsOnCancelOrHelp() const { return FocusIsOn(CancelButton().Name()) || FocusIsOn(HelpButton().Name()); }
-
   // The steps of loading. The date and its caption are hidden while the payment is on hold. The help file lies three
   // folders above the record file.
-  void ShowPayee(TextField& payeeName) const { payeeName.Text(Payment().compName); }
+  void ShowPayment(PayeeHead& head) const;
   void ShowDate(Label& caption, Label& payDate) const;
   void FindHelpFolder();
   /// The amount paid, read by `LeadingNumber`, as older screens show it: with two decimals.
@@ -85,6 +88,7 @@ class OlderScreen : public Screen {
   static FreeFormatSlot AmountSlot(std::string number, const TextField& field);
 
  private:
+  WaysOut waysOut_;
   std::string helpFolder_;
 };
 

@@ -38,6 +38,11 @@ std::string Screen::ShownPaidDate() const {
   return shown;
 }
 
+void Screen::FocusIfAble(Control& control) {
+  if (control.Enabled() && control.Visible())
+    control.SetFocus();
+}
+
 void Screen::MoveOnWhenFull(const TextField& field, Control& next) {
   if (static_cast<int>(Trim(field.Text()).size()) == field.MaxLength() && next.Enabled())
     next.SetFocus();

@@ -91,6 +91,8 @@ class Screen : public Form {
   /// Whether the active control, inside a `LostFocus` the one that took the focus, bears that name.
   bool FocusIsOn(std::string_view name) const { return ActiveControl() != nullptr && ActiveControl()->Name() == name; }
 
+  /// Where the focus goes when the form is activated: to a control that is enabled and visible.
+  static void FocusIfAble(Control& control);
   /// Moves the focus on when a field holds as many characters as it takes and the next control is enabled.
   static void MoveOnWhenFull(const TextField& field, Control& next);
   /// That, as the whole handler of a field's `Change`.

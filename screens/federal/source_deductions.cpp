@@ -17,16 +17,9 @@ constexpr size_t kDateLength = 8;
 }  // namespace
 
 void GOVSOURCEDEDUCTION::Form_Load() {
-  ShowPayee(PayeeName);
-  AmountPaid.Caption(ShownPaidAmount());
-  ShowDate(lblCPayDate, PayDate);
+  ShowPayment(head);
   PaymentAmount.Text(ShownPaidAmount());
   FindHelpFolder();
-}
-
-void GOVSOURCEDEDUCTION::Form_Activate() {
-  if (GrossPayroll.Visible() && GrossPayroll.Enabled())
-    GrossPayroll.SetFocus();
 }
 
 bool GOVSOURCEDEDUCTION::GrossPayroll_Enter() {

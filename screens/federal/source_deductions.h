@@ -17,12 +17,7 @@ class GOVSOURCEDEDUCTION final : public OlderScreen {
   GOVSOURCEDEDUCTION() : OlderScreen("GOVSOURCEDEDUCTION", "Additional Information") {}
 
   // clang-format off
-  Label     Label1            {*this, "Label1",            {.caption = "Payment to:"}};
-  TextField PayeeName         {*this, "PayeeName",         {.tabIndex = 19, .tabStop = false, .locked = true}};
-  Label     lblCPayDate       {*this, "lblCPayDate",       {.caption = "Payment will be made on:"}};
-  Label     PayDate           {*this, "PayDate",           {}};
-  Label     Label3            {*this, "Label3",            {.caption = "Amount to be paid:"}};
-  Label     AmountPaid        {*this, "AmountPaid",        {}};
+  PayeeHead head              {*this, 19};
   Frame     Frame3D1          {*this, "Frame3D1",          {}};
   Label     Label5            {*this, "Label5",            {.caption = "Additional Information", .frame = &Frame3D1}};
   Label     Label8            {*this, "Label8",            {.caption = "Gross Payroll in Remitting Period (dollars only):"}};
@@ -55,11 +50,8 @@ class GOVSOURCEDEDUCTION final : public OlderScreen {
       FieldName{"03", "Gross Payroll in Remitting Period"}, FieldName{"04", "Number of Employees"}};
 
  private:
-  const Button& CancelButton() const override { return Command3D5; }
-  const Button& HelpButton() const override { return Command3D4; }
-
   void Form_Load() override;
-  void Form_Activate() override;
+  void Form_Activate() override { FocusIfAble(GrossPayroll); }
   // Enter checks a field by itself. Some of the checks, and their words, are not those of OK.
   bool GrossPayroll_Enter();
   bool NumberOfEmployees_Enter();
@@ -79,18 +71,17 @@ class GOVSOURCEDEDUCTION final : public OlderScreen {
   void WriteRecords() override;
 
   /// The amount to be paid as tests read it: off the screen.
-  double AmountToBePaid() const { return NumberIn(AmountPaid.Caption()); }
+  double AmountToBePaid() const { return NumberIn(head.AmountPaid.Caption()); }
 
   bool skipGrossCheck_ = false;
 
-  const Layout layout_ = {
-      .groups = {{.rows = {{{{&Label1, &PayeeName}}}, {{{&lblCPayDate, &PayDate}}}, {{{&Label3, &AmountPaid}}}}},
-                 {.heading = &Label5,
-                  .rows = {{{{&Label8, &GrossPayroll}}},
-                           {{{&Label9, &NumberOfEmployees}}},
-                           {{{&Label7, &EndDate, &Label10}}},
-                           {{{&Label6, &PaymentAmount}}}}}},
-      .buttons = {&Command3D6, &Command3D5, &Command3D4}};
+  const Layout layout_ = {.groups = {head.Rows(),
+                                     {.heading = &Label5,
+                                      .rows = {{{{&Label8, &GrossPayroll}}},
+                                               {{{&Label9, &NumberOfEmployees}}},
+                                               {{{&Label7, &EndDate, &Label10}}},
+                                               {{{&Label6, &PaymentAmount}}}}}},
+                          .buttons = {&Command3D6, &Command3D5, &Command3D4}};
 };
 
 }  // namespace fiscalon

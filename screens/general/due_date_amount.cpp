@@ -10,7 +10,7 @@
 namespace fiscalon {
 
 void frmDueDateAmount::SetupForm() {
-  ShowPayment(lblPayDate, lblAmountPaid);
+  ShowPayment(head.lblPayDate, head.lblAmountPaid);
   Caption(Payment().compName);
 }
 
@@ -44,7 +44,7 @@ bool frmDueDateAmount::ValidateForm() {
         return CheckAmount(txtAmountPayable, "Amount payable", AmountRange::Positive) == AmountCheck::Refused;
       }))
     return Refuse(txtAmountPayable);
-  if (ResumeNext::Holds([&] { return ToMoney(txtAmountPayable.Text()) != ToMoney(lblAmountPaid.Caption()); }))
+  if (ResumeNext::Holds([&] { return ToMoney(txtAmountPayable.Text()) != ToMoney(head.lblAmountPaid.Caption()); }))
     return Refuse(txtAmountPayable, "The Amount Payable must match the Amount to be paid.");
   return true;
 }

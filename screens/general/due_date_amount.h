@@ -17,10 +17,7 @@ class frmDueDateAmount final : public NewerScreen {
   frmDueDateAmount() : NewerScreen("frmDueDateAmount", "Due Date / Amount Screen") {}
 
   // clang-format off
-  Label     lblCPayDate         {*this, "lblCPayDate",         {.caption = "Payment Date:"}};
-  Label     lblPayDate          {*this, "lblPayDate",          {}};
-  Label     Label8              {*this, "Label8",              {.caption = "Amount to be paid:"}};
-  Label     lblAmountPaid       {*this, "lblAmountPaid",       {}};
+  PaymentHead head              {*this, "Label8"};
   Label     Label1              {*this, "Label1",              {.caption = "Taxation year ends on:"}};
   TextField txtRemittancePeriod {*this, "txtRemittancePeriod", {.tabIndex = 0, .maxLength = 6},
                                  {.change    = OnDigitsChange(txtRemittancePeriod, txtAmountPayable),
@@ -51,7 +48,7 @@ class frmDueDateAmount final : public NewerScreen {
   void DoWrite() override;
 
   const Layout layout_ = {
-      .groups = {{.rows = {{{{&lblCPayDate, &lblPayDate}}}, {{{&Label8, &lblAmountPaid}}}}},
+      .groups = {head.Rows(),
                  {.rows = {{{{&Label1, &txtRemittancePeriod, &Label9}}}, {{{&lblAmountPayable, &txtAmountPayable}}}}}},
       .buttons = {&cmdOK, &cmdCancel}};
 };

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "core/logging.h"
-#include "core/module_state.h"
 #include "core/remittance_period.h"
 #include "core/resume_next.h"
 #include "core/user_locale.h"
@@ -42,7 +41,7 @@ void frmQue_Rev_SourceDeduct::Form_Load() {
 
 void frmQue_Rev_SourceDeduct::SetupForm() {
   Entered("SetupForm");
-  ShowPayment(lblPayDate, lblAmountPaid);
+  ShowPayment(head.lblPayDate, head.lblAmountPaid);
   cmbRemittanceType.Clear();
   for (const std::string_view type : kRemittanceTypes) cmbRemittanceType.AddItem(type);
   lblRemittanceType.Visible(AsksForType());
@@ -107,7 +106,7 @@ bool frmQue_Rev_SourceDeduct::ValidateForm() {
   if (AsksForType() && cmbRemittanceType.Text().empty())
     return Refuse(cmbRemittanceType, "Please select a Remittance Type.", MessageStyle::Information);
   ResumeNext::Run([&] { RecalcForm(); });
-  if (ResumeNext::Holds([&] { return ToMoney(txtAmountPayable.Text()) != ToMoney(lblAmountPaid.Caption()); }))
+  if (ResumeNext::Holds([&] { return ToMoney(txtAmountPayable.Text()) != ToMoney(head.lblAmountPaid.Caption()); }))
     return Refuse(txtIncomeTaxWithheld, "The Amount Payable must match the Amount to be paid.");
   return true;
 }

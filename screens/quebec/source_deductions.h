@@ -17,10 +17,7 @@ class frmQue_Rev_SourceDeduct final : public NewerScreen {
   frmQue_Rev_SourceDeduct() : NewerScreen("frmQue_Rev_SourceDeduct", "Revenue Quebec Source Deductions") {}
 
   // clang-format off
-  Label        lblCPayDate          {*this, "lblCPayDate",          {.caption = "Payment Date:"}};
-  Label        lblPayDate           {*this, "lblPayDate",           {}};
-  Label        lblCAmountPaid       {*this, "lblCAmountPaid",       {.caption = "Amount to be paid:"}};
-  Label        lblAmountPaid        {*this, "lblAmountPaid",        {}};
+  PaymentHead  head                 {*this};
   Label        lblRemittancePeriod  {*this, "lblRemittancePeriod",  {.caption = "Remittance Period:"}};
   TextField    txtRemittancePeriod  {*this, "txtRemittancePeriod",  {.tabIndex = 0, .maxLength = 6},
                                      {.change    = OnDigitsChange(txtRemittancePeriod, txtIncomeTaxWithheld),
@@ -94,7 +91,7 @@ class frmQue_Rev_SourceDeduct final : public NewerScreen {
   bool AsksForType() const { return Payment().compCode == "001052"; }
   FreeFormatSlot TypeSlot() const;
 
-  const Layout layout_ = {.groups = {{.rows = {{{{&lblCPayDate, &lblPayDate}}}, {{{&lblCAmountPaid, &lblAmountPaid}}}}},
+  const Layout layout_ = {.groups = {head.Rows(),
                                      {.rows = {{{{&lblRemittancePeriod, &txtRemittancePeriod, &lblPeriodFormat}}},
                                                {{{&lblIncomeTaxWithheld, &txtIncomeTaxWithheld}}},
                                                {{{&lblQPP, &txtQPP}}},

@@ -52,7 +52,7 @@ class SourceDeductionsOkPath : public OkPathTest<GOVSOURCEDEDUCTION> {
         {.name = "amount is zero",
          .spoil =
              [](GOVSOURCEDEDUCTION& form) {
-               form.AmountPaid.Caption("123.45");
+               form.head.AmountPaid.Caption("123.45");
                form.PaymentAmount.Text("0");
              },
          .message = kAskAmount,
@@ -85,7 +85,7 @@ class SourceDeductionsOkPath : public OkPathTest<GOVSOURCEDEDUCTION> {
         {.name = "nothing is to be paid",
          .spoil =
              [](GOVSOURCEDEDUCTION& form) {
-               form.AmountPaid.Caption("0.00");
+               form.head.AmountPaid.Caption("0.00");
                form.PaymentAmount.Text("0.00");
              },
          .message = kNothingToPay,
