@@ -70,6 +70,8 @@ class KeyedCollection {
  protected:
   /// Appends a member; an empty key is no key. The members stay as they were where the key is taken.
   Member& Add(std::unique_ptr<Member> member, std::string_view key) {
+    if (members_.empty())
+      members_.reserve(kUsualCount);
     if (key.empty())
       return *members_.emplace_back(std::move(member));
     if (!keys_)
@@ -83,6 +85,9 @@ class KeyedCollection {
 
  private:
   using Keys = std::map<std::string, Member*, std::less<>>;
+
+  /// A payment has two to five records.
+  static constexpr size_t kUsualCount = 4;
 
   size_t Index(int32_t position) const {
     if (position < 1 || position > Count())

@@ -60,21 +60,6 @@ bool SplitFields(std::string_view line, std::vector<std::string>& fields) {
   return true;
 }
 
-std::string ReadAmount(std::string_view text, int64_t& cents) {
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, cents);
-  if (error == std::errc::result_out_of_range ||
-      (error == std::errc{} && stop == end && (cents > kLargestAmount || cents < -kLargestAmount))) {
-    cents = 0;
-    return "the amount '" + std::string(text) + "' is out of range";
-  }
-  if (error != std::errc{} || stop != end) {
-    cents = 0;
-    return "the amount '" + std::string(text) + "' is no whole number of cents";
-  }
-  return {};
-}
-
 /// How many line ends there are in so many characters, at most 255. Written so that compilers make it a few
 /// wide instructions.
 constexpr size_t kChunk = 128;
@@ -133,6 +118,21 @@ bool TakeDigits(const char*& at, int64_t& number) {
 
 }  // namespace
 
+std::string ReadCents(std::string_view text, int64_t& cents) {
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, cents);
+  if (error == std::errc::result_out_of_range ||
+      (error == std::errc{} && stop == end && (cents > kLargestAmount || cents < -kLargestAmount))) {
+    cents = 0;
+    return "the amount '" + std::string(text) + "' is out of range";
+  }
+  if (error != std::errc{} || stop != end) {
+    cents = 0;
+    return "the amount '" + std::string(text) + "' is no whole number of cents";
+  }
+  return {};
+}
+
 void RowReader::Read(std::string_view bytes) {
   rest_ = bytes;
   texts_.clear();
@@ -189,7 +189,7 @@ std::string RowReader::Next(PaymentRow& row) {
   std::string_view* const texts[] = {&row.seq, &row.screen, &row.biller};
   for (size_t i = 0; i < std::size(texts); ++i)
     *texts[i] = texts_.emplace_back(IsAscii(fields[i]) ? fields[i] : FromUtf8(fields[i]));
-  return ReadAmount(fields.back(), row.cents);
+  return ReadCents(fields.back(), row.cents);
 }
 
 void RowFeed::TakeHeader() {

@@ -20,6 +20,9 @@ struct PaymentRow {
   int64_t cents = 0;
 };
 
+/// Reads a whole number of cents. What is wrong with it, empty where nothing is; then `cents` is 0.
+std::string ReadCents(std::string_view text, int64_t& cents);
+
 /// Reads rows one by one out of a stretch of a payments list: CSV in UTF-8, fields in quotes where need be.
 class RowReader {
  public:

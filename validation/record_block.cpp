@@ -34,6 +34,18 @@ unsigned char SmallestOf(const char* record) {
   return smallest;
 }
 
+/// Has the processor fetch the lines that are looked at a little later: it would do so by itself, but stops at
+/// each page.
+void FetchAhead(const char* at) {
+#ifdef __GNUC__
+  constexpr int kAhead = 2048;
+  constexpr int kCacheLine = 64;
+  for (int line = 0; line < 3; ++line) __builtin_prefetch(at + kAhead + line * kCacheLine);
+#else
+  static_cast<void>(at);
+#endif
+}
+
 /// What is wrong with a line that has lost its quotes and its end; empty where it is a record.
 std::string WrongWith(std::string_view line) {
   if (line.empty())
@@ -124,7 +136,10 @@ void RecordBlock::Cut(std::string_view bytes) {
   }
   const char* at = bytes.data();
   const char* const end = at + bytes.size();
-  while (at != end) at = TakeRecord(at, end);
+  while (at != end) {
+    FetchAhead(at);
+    at = TakeRecord(at, end);
+  }
   starts_[paymentCount_].line = static_cast<uint32_t>(lineCount_);
 }
 

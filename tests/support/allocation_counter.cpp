@@ -1,0 +1,31 @@
+#include "tests/support/allocation_counter.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace fiscalon {
+namespace {
+
+std::atomic<size_t> count = 0;
+
+}  // namespace
+
+size_t Allocations() {
+  return count;
+}
+
+}  // namespace fiscalon
+
+void* operator new(size_t size) {
+  ++fiscalon::count;
+  if (void* const memory = std::malloc(size == 0 ? 1 : size))
+    return memory;
+  throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, size_t) noexcept {
+  std::free(memory);
+}
