@@ -4,10 +4,12 @@
 #include <iostream>
 
 #include "frontends/scripted/scenario_grammar.h"
+#include "tools/fiscalon/generate_command.h"
 #include "tools/fiscalon/play_command.h"
 #include "tools/fiscalon/screens_command.h"
 #include "tools/fiscalon/show_command.h"
 #include "tools/fiscalon/standard_output.h"
+#include "tools/fiscalon/validate_command.h"
 
 namespace fiscalon {
 namespace {
@@ -51,6 +53,8 @@ void DefineCommandLine(CLI::App& app, Context& context) {
   AddScreensCommand(app, context);
   AddPlayCommand(app, context);
   AddShowCommand(app, context);
+  AddValidateCommand(app, context);
+  AddGenerateCommand(app, context);
 }
 
 ExitStatus RunProgram(int argc, char** argv) {

@@ -1,0 +1,261 @@
+// `fiscalon validate` and `fiscalon generate` as a user runs them: what they print and leave behind, and their
+// exit status.
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "core/record_composer.h"
+#include "tests/support/bulk_payment.h"
+#include "tests/support/ruled_record.h"
+#include "tests/support/temporary_folder.h"
+
+namespace fiscalon {
+namespace {
+
+struct Outcome {
+  int status = 0;
+  std::string out = {};
+  std::string err = {};
+};
+
+class Program : public testing::Test {
+ protected:
+  Program() {
+    folder.Write("good.pc4", Lines(AgencyPayment(GoodAgencyFields())));
+    folder.Write("bad.pc4", Lines(AgencyPayment(With(GoodAgencyFields(), "04", ""))));
+    folder.Write("batch.csv", "seq,screen,biller,amount\n0001,03,,12345\n0002,03,,12345\n");
+    folder.Write("batch.pc4", Lines(AgencyPayment(GoodAgencyFields())) +
+                                  Lines(AgencyPayment(With(GoodAgencyFields(), "04", "")), "0002"));
+  }
+
+  static std::string Lines(const BulkPayment& payment, const std::string& seq = "0001") {
+    std::string lines;
+    for (std::string record : payment.records) lines += QuotedLine(record.replace(3, 4, seq));
+    return lines;
+  }
+
+  /// Runs the program in the test's folder, as of June 15, 2026. What stands behind it may redirect its input.
+  Outcome Run(const std::string& arguments) const {
+    const std::string command = "cd '" + folder.Path() +
+                                "' && '" FISCALON_PROGRAM "' --today 2026-06-15 --locale en-CA " + arguments +
+                                " >out 2>err";
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), folder.Read("out"), folder.Read("err")};
+  }
+
+  bool Exists(std::string_view name) const { return std::filesystem::exists(folder.Path(name)); }
+
+  TemporaryFolder folder;
+};
+
+using ValidatePayment = Program;
+using ValidateBatchFiles = Program;
+using Generate = Program;
+
+TEST_F(ValidatePayment, SaysValid) {
+  const Outcome outcome = Run("validate --screen 03 --amount 12345 good.pc4");
+  EXPECT_EQ(outcome.out, "valid\n");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST_F(ValidatePayment, SaysInvalidAndTheWholeReason) {
+  const Outcome outcome = Run("validate --screen 03 --amount 12346 bad.pc4");
+  EXPECT_EQ(outcome.out,
+            "invalid: Field 01 Amount of Payment is not equal to amount to be paid, "
+            "Field 04 Number of Employees cannot be blank\n");
+  EXPECT_EQ(outcome.status, 1);
+}
+
+TEST_F(ValidatePayment, TakesTheBillerAndStandardInput) {
+  folder.Write("quebec.pc4", Lines(QuebecPayment(With(GoodQuebecFields(), "05", "000000000000000007"))));
+  EXPECT_EQ(Run("validate --screen 20 --amount 12345 quebec.pc4").out, "valid\n");
+  EXPECT_EQ(Run("validate --screen 20 --amount 12345 --biller 001052 - <quebec.pc4").out,
+            "invalid: Field 05 Remittance Type is invalid\n");
+}
+
+TEST_F(ValidatePayment, AnEmptyFileIsAPaymentWithoutRecords) {
+  folder.Write("empty.pc4", "");
+  const Outcome outcome = Run("validate --screen 03 --amount 12345 empty.pc4");
+  EXPECT_EQ(outcome.out, "invalid: Record for required fields is missing\n");
+  EXPECT_EQ(outcome.status, 1);
+}
+
+TEST_F(ValidatePayment, AllLinesAreTheOnePaymentsQuotedOrBareLongOrShort) {
+  folder.Write("mixed.pc4", "PC40001F01000000000000012345\r\n" + QuotedLine(Ruled("PC49999T")) + "\"PC40007P\"\n");
+  EXPECT_EQ(Run("validate --screen 03 --amount 12345 mixed.pc4").out, "valid\n");
+}
+
+TEST_F(ValidatePayment, ALineThatIsNoRecordIsNamed) {
+  folder.Write("short.pc4", QuotedLine(Ruled("PC40001T")) + "PC40001\n");
+  const Outcome outcome = Run("validate --screen 03 --amount 12345 short.pc4");
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "fiscalon: short.pc4:2: no record: a record begins with PC4, a sequence number and a kind\n");
+  EXPECT_EQ(outcome.status, 2);
+}
+
+TEST_F(ValidatePayment, BadUsageIsStatus2) {
+  for (const char* arguments :
+       {"validate", "validate --screen 03 good.pc4", "validate --amount 1 good.pc4", "validate --screen 03 --amount 1",
+        "validate --screen 03 --amount 1.5 good.pc4", "validate --screen 03 --amount 1 missing.pc4",
+        "validate --screen 03 --amount 1 --report r.csv good.pc4", "validate --payments batch.csv",
+        "validate --payments batch.csv --records batch.pc4 good.pc4", "validate --payments - --records -",
+        "validate --payments batch.csv --records batch.pc4 --jobs 0"}) {
+    const Outcome outcome = Run(arguments);
+    EXPECT_EQ(outcome.status, 2) << arguments;
+    EXPECT_NE(outcome.err, "") << arguments;
+    EXPECT_EQ(outcome.out, "") << arguments;
+  }
+}
+
+TEST_F(ValidateBatchFiles, WritesAReportAndASummary) {
+  const Outcome outcome = Run("validate --payments batch.csv --records batch.pc4 --report report.csv");
+  EXPECT_EQ(outcome.out,
+            "2 payments: 1 valid, 1 invalid\n"
+            "           1   100 %  Field 04 Number of Employees cannot be blank\n");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(folder.Read("report.csv"),
+            "seq,screen,valid,reason\n0001,03,yes,\n0002,03,no,Field 04 Number of Employees cannot be blank\n");
+}
+
+TEST_F(ValidateBatchFiles, SaysSoWhereAllIsValid) {
+  folder.Write("batch.pc4",
+               Lines(AgencyPayment(GoodAgencyFields())) + Lines(AgencyPayment(GoodAgencyFields()), "0002"));
+  const Outcome outcome = Run("validate --payments batch.csv --records batch.pc4");
+  EXPECT_EQ(outcome.out, "2 payments: all valid\n");
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST_F(ValidateBatchFiles, ReadsEitherFileFromAPipeAndReportsToOne) {
+  const Outcome outcome = Run("validate --payments batch.csv --records - --report - <batch.pc4");
+  EXPECT_EQ(outcome.out,
+            "seq,screen,valid,reason\n0001,03,yes,\n0002,03,no,Field 04 Number of Employees cannot be blank\n");
+  EXPECT_TRUE(outcome.err.starts_with("2 payments: 1 valid, 1 invalid\n"));
+  EXPECT_EQ(Run("validate --payments - --records batch.pc4 <batch.csv").status, 1);
+}
+
+TEST_F(ValidateBatchFiles, NamesProblemsAndLeavesNoReport) {
+  folder.Write("batch.csv", "seq,screen,biller,amount\n0001,03,,12345\n0003,03,,x\n");
+  folder.Write("report.csv", "older");
+  const Outcome outcome = Run("validate --payments batch.csv --records batch.pc4 --report report.csv");
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err,
+            "fiscalon: batch.csv:3: the amount 'x' is no whole number of cents\n"
+            "fiscalon: batch.pc4:3: payment '0002' stands where the payments list has '0003' (line 3)\n");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(folder.Read("report.csv"), "older");
+  EXPECT_FALSE(Exists("report.csv.partial"));
+}
+
+TEST_F(ValidateBatchFiles, NamesAFileThatCannotBeRead) {
+  const Outcome outcome = Run("validate --payments missing.csv --records batch.pc4 --report report.csv");
+  EXPECT_EQ(outcome.err, "fiscalon: missing.csv: can't be opened: No such file or directory\n");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_FALSE(Exists("report.csv"));
+}
+
+TEST_F(ValidateBatchFiles, AReportThatCannotBeWrittenIsStatus2) {
+  EXPECT_EQ(Run("validate --payments batch.csv --records batch.pc4 --report nowhere/report.csv").status, 2);
+  EXPECT_EQ(Run("validate --payments batch.csv --records batch.pc4 --report .").status, 2);
+  EXPECT_EQ(Run("validate --payments batch.csv --records batch.pc4 --report batch.csv").status, 2);
+  EXPECT_TRUE(folder.Read("batch.csv").starts_with("seq,"));
+  if (Exists("/dev/full")) {
+    const Outcome outcome = Run("validate --payments batch.csv --records batch.pc4 --report /dev/full");
+    EXPECT_EQ(outcome.err, "fiscalon: /dev/full can't be written: No space left on device\n");
+    EXPECT_EQ(outcome.status, 2);
+  }
+}
+
+TEST_F(ValidateBatchFiles, AReaderThatGoesAwayIsStatus2) {
+  ASSERT_EQ(Run("generate --payments 20000 --screen 03 --out big").status, 0);
+  const std::string command = "cd '" + folder.Path() +
+                              "' && ('" FISCALON_PROGRAM
+                              "' validate --payments big.csv --records big.pc4 --report - 2>err; echo $? >status) | "
+                              "head -n 1 >out";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  EXPECT_EQ(folder.Read("out"), "seq,screen,valid,reason\n");
+  EXPECT_EQ(folder.Read("status"), "2\n");
+}
+
+/// Starts the program with a payments list that comes through a pipe, lets something happen while it waits for
+/// the list, and then ends the list.
+class WaitingProgram : public Program {
+ protected:
+  int RunWhile(void (*happening)(pid_t program, const TemporaryFolder& place)) {
+    const std::string pipe = folder.Path("pipe");
+    EXPECT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const pid_t program = ::fork();
+    if (program == 0) {
+      ::chdir(folder.Path().c_str());
+      ::execl(FISCALON_PROGRAM, "fiscalon", "validate", "--payments", "pipe", "--records", "batch.pc4", "--report",
+              "report.csv", nullptr);
+      ::_exit(127);
+    }
+    {
+      // Opening waits for the program to open its end.
+      std::ofstream list(pipe);
+      list << "seq,screen,biller,amount\n" << std::flush;
+      std::this_thread::sleep_for(std::chrono::milliseconds(200));
+      happening(program, folder);
+      list << "0001,03,,12345\n0002,03,,12345\n" << std::flush;
+    }
+    int status = 0;
+    ::waitpid(program, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  void SetUp() override { ::signal(SIGPIPE, SIG_IGN); }
+};
+
+TEST_F(WaitingProgram, AnInterruptLeavesNoReport) {
+  EXPECT_EQ(RunWhile([](pid_t program, const TemporaryFolder&) { ::kill(program, SIGINT); }), 2);
+  EXPECT_FALSE(Exists("report.csv"));
+  EXPECT_FALSE(Exists("report.csv.partial"));
+}
+
+TEST_F(WaitingProgram, AFileThatShrinksLeavesNoReport) {
+  EXPECT_EQ(
+      RunWhile([](pid_t, const TemporaryFolder& place) { std::filesystem::resize_file(place.Path("batch.pc4"), 0); }),
+      2);
+  EXPECT_FALSE(Exists("report.csv"));
+  EXPECT_FALSE(Exists("report.csv.partial"));
+}
+
+TEST_F(WaitingProgram, AFileThatIsRemovedIsReadToItsEnd) {
+  EXPECT_EQ(RunWhile([](pid_t, const TemporaryFolder& place) { std::filesystem::remove(place.Path("batch.pc4")); }), 1);
+  EXPECT_TRUE(Exists("report.csv"));
+}
+
+TEST_F(Generate, MakesABatchWhoseDefectsAreFound) {
+  const Outcome made = Run("generate --payments 2000 --screen 20 --bad 0.05 --seed 3 --out trial");
+  EXPECT_EQ(made.out, "trial.csv, trial.pc4, trial.planted.csv: 2000 payments\n");
+  EXPECT_EQ(made.status, 0);
+  const std::string planted = folder.Read("trial.planted.csv");
+  const auto bad = std::count(planted.begin(), planted.end(), '\n') - 1;
+  EXPECT_GT(bad, 50);
+  const Outcome judged = Run("validate --payments trial.csv --records trial.pc4 --jobs 1 --report one.csv");
+  EXPECT_TRUE(judged.out.starts_with("2000 payments: " + std::to_string(2000 - bad) + " valid, " + std::to_string(bad) +
+                                     " invalid\n"))
+      << judged.out;
+  EXPECT_EQ(Run("validate --payments trial.csv --records trial.pc4 --jobs 3 --report three.csv").out, judged.out);
+  EXPECT_EQ(folder.Read("three.csv"), folder.Read("one.csv"));
+}
+
+TEST_F(Generate, RefusesWhatMakesNoSense) {
+  for (const char* arguments :
+       {"generate", "generate --payments 5 --screen 15", "generate --payments x --screen 03",
+        "generate --payments 5 --screen 03 --bad 2", "generate --payments 5 --screen 03 --out nowhere/batch"})
+    EXPECT_EQ(Run(arguments).status, 2) << arguments;
+}
+
+}  // namespace
+}  // namespace fiscalon

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "tools/fiscalon/context.h"
+
+namespace fiscalon {
+
+/// `fiscalon generate`: makes a batch for trials, with planted defects and the list of them.
+void AddGenerateCommand(CLI::App& app, Context& context);
+
+}  // namespace fiscalon

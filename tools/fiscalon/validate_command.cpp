@@ -1,0 +1,221 @@
+#include "tools/fiscalon/validate_command.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <thread>
+
+#include "core/module_state.h"
+#include "core/platform/code_page.h"
+#include "core/record_layout.h"
+#include "tools/fiscalon/input_file.h"
+#include "tools/fiscalon/progress_line.h"
+#include "tools/fiscalon/record_lines.h"
+#include "tools/fiscalon/report_file.h"
+#include "validation/batch.h"
+#include "validation/batch_report.h"
+#include "validation/judge_payment.h"
+#include "validation/payment_rows.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr const char* kExamples = R"(Examples:
+  fiscalon validate --screen 03 --amount 12345 payment.pc4
+  fiscalon validate --screen 20 --amount 12345 --biller 001052 payment.pc4
+  fiscalon validate --payments batch.csv --records batch.pc4 --report out.csv
+  unzip -p batch.zip batch.pc4 | fiscalon validate --payments batch.csv --records -
+
+The payments list begins with "seq,screen,biller,amount" and has a row for each payment, amounts in cents;
+the records of the payments stand in the same order. The report has a row "seq,screen,valid,reason" for each.
+
+Exit status: 0 all valid, 1 something is not valid, 2 a file can't be read or written, or the two do not
+line up; then there is no report. --today and --locale: see "fiscalon --help".)";
+
+struct ValidateOptions {
+  std::string file = {};
+  std::string screen = {};
+  std::string amount = {};
+  std::string biller = {};
+  std::string payments = {};
+  std::string records = {};
+  std::string report = {};
+  unsigned jobs = 0;
+};
+
+/// The records of the file of one payment. They point into its bytes.
+std::vector<std::string_view> RecordsOf(std::string_view bytes, const std::string& name) {
+  constexpr size_t kShortestRecord = 8;
+  std::vector<std::string_view> records;
+  for (const RecordLine& line : SplitRecordLines(bytes)) {
+    const std::string place = name + ":" + std::to_string(line.number) + ": ";
+    if (line.hasByteOrderMark)
+      throw CommandError(place + "a byte-order mark; record files have none");
+    if (line.opensWithQuote != line.closesWithQuote)
+      throw CommandError(place + "a quote on one side only");
+    if (line.record.size() < kShortestRecord || !line.record.starts_with(kRecordMark))
+      throw CommandError(place + "no record: a record begins with PC4, a sequence number and a kind");
+    if (const size_t nul = line.record.find('\0'); nul != line.record.npos)
+      throw CommandError(place + "a NUL byte in column " + std::to_string(nul + 1));
+    records.push_back(line.record);
+  }
+  return records;
+}
+
+ExitStatus ValidatePayment(const ValidateOptions& options, const Context& context) {
+  int64_t cents = 0;
+  if (const std::string problem = ReadCents(options.amount, cents); !problem.empty())
+    throw CommandError("--amount: " + problem);
+  const std::string name = options.file == "-" ? "standard input" : options.file;
+  std::string bytes;
+  try {
+    bytes = ReadInput(options.file);
+  } catch (const UnreadableFile& error) {
+    throw CommandError(name + " can't be read: " + error.what());
+  }
+  const std::vector<std::string_view> records = RecordsOf(bytes, name);
+  const std::string screen = FromUtf8(options.screen);
+  const std::string biller = FromUtf8(options.biller);
+  std::string reason;
+  const bool valid =
+      PaymentJudge().Judge({.screenCode = screen, .billerCode = biller, .cents = cents}, records, reason);
+  if (valid)
+    std::cout << context.paint.Good("valid") << '\n';
+  else
+    std::cout << context.paint.Bad("invalid") << ": " << ToUtf8(reason) << '\n';
+  return valid ? ExitStatus::Done : ExitStatus::Invalid;
+}
+
+/// Writes the report, counts the reasons and shows how far the batch is.
+class BatchDesk : public BatchListener {
+ public:
+  explicit BatchDesk(ReportFile* report) : report_(report) {
+    if (report_ != nullptr)
+      rows_.append(kReportHeader).append("\n");
+  }
+
+  bool WantsValidPayments() const override { return report_ != nullptr; }
+
+  void OnPayment(const PaymentVerdict& verdict) override {
+    if (!verdict.IsValid())
+      reasons_.Add(verdict.reason);
+    if (report_ != nullptr)
+      AppendReportRow(rows_, verdict);
+  }
+
+  void OnProgress(const BatchProgress& progress) override {
+    if (IsInterrupted())
+      throw CommandError("interrupted");
+    WriteRows();
+    progressLine_.Show(progress);
+  }
+
+  void WriteRows() {
+    if (report_ != nullptr)
+      report_->Write(rows_);
+    rows_.clear();
+  }
+
+  const ReasonCounts& Reasons() const { return reasons_; }
+
+ private:
+  ReportFile* report_;
+  std::string rows_;
+  ReasonCounts reasons_;
+  ProgressLine progressLine_;
+};
+
+void RefuseInputAsReport(const ValidateOptions& options) {
+  std::error_code ignored;
+  for (const std::string& input : {options.payments, options.records}) {
+    if (std::filesystem::equivalent(options.report, input, ignored))
+      throw CommandError("the report would take the place of " + input);
+  }
+}
+
+void PrintSummary(std::ostream& out, const BatchProgress& counts, const ReasonCounts& reasons, const Paint& paint) {
+  out << counts.payments << " payments: ";
+  if (counts.invalid == 0) {
+    out << paint.Good("all valid") << '\n';
+    return;
+  }
+  out << counts.payments - counts.invalid << " valid, " << paint.Bad(std::to_string(counts.invalid) + " invalid")
+      << '\n';
+  reasons.Print(out);
+}
+
+ExitStatus ValidateFiles(const ValidateOptions& options, const Context& context) {
+  if (options.payments == "-" && options.records == "-")
+    throw CommandError("only one of --payments and --records can be standard input");
+  const InterruptWatch watch;
+  const auto payments = ByteSource::Open(options.payments);
+  const auto records = ByteSource::Open(options.records);
+  std::unique_ptr<ReportFile> report;
+  if (!options.report.empty()) {
+    RefuseInputAsReport(options);
+    report = std::make_unique<ReportFile>(options.report);
+  }
+  BatchProgress counts;
+  ReasonCounts reasons;
+  {
+    BatchDesk desk(report.get());
+    counts = ValidateBatch(*payments, *records, options.jobs, desk);
+    desk.WriteRows();
+    reasons = desk.Reasons();
+  }
+  if (report)
+    report->Commit();
+  PrintSummary(options.report == "-" ? std::cerr : std::cout, counts, reasons, context.paint);
+  return counts.invalid == 0 ? ExitStatus::Done : ExitStatus::Invalid;
+}
+
+ExitStatus Validate(const ValidateOptions& options, const Context& context) {
+  const bool isBatch = !options.payments.empty() || !options.records.empty();
+  if (isBatch && (options.payments.empty() || options.records.empty()))
+    throw CommandError("a batch needs both --payments and --records");
+  if (isBatch && !(options.file + options.screen + options.amount + options.biller).empty())
+    throw CommandError("a batch names its payments in --payments: leave out FILE, --screen, --amount and --biller");
+  if (!isBatch && (options.file.empty() || options.screen.empty() || options.amount.empty()))
+    throw CommandError("a payment needs --screen, --amount and FILE; a batch --payments and --records");
+  if (!isBatch && !options.report.empty())
+    throw CommandError("--report goes with a batch");
+  TheModule().locale = context.SpokenLocale();
+  if (context.today)
+    TheModule().clock = std::make_shared<FixedClock>(*context.today);
+  if (!isBatch)
+    return ValidatePayment(options, context);
+  try {
+    return ValidateFiles(options, context);
+  } catch (const BatchError& error) {
+    // A read that an interrupt ended is no fault of the file.
+    if (IsInterrupted())
+      throw CommandError("interrupted");
+    for (const BatchProblem& problem : error.Problems()) Complain("fiscalon: " + problem.Text());
+    return ExitStatus::Unusable;
+  }
+}
+
+}  // namespace
+
+void AddValidateCommand(CLI::App& app, Context& context) {
+  CLI::App* command = app.add_subcommand("validate", "Check the records of a payment, or of a batch of payments");
+  command->footer(kExamples);
+  const auto options = std::make_shared<ValidateOptions>();
+  options->jobs = std::max(1u, std::thread::hardware_concurrency());
+  command->add_option("FILE", options->file, "The records of one payment; - is standard input");
+  command->add_option("--screen", options->screen, "The payment's screen: 03 or 20")->type_name("CODE");
+  command->add_option("--amount", options->amount, "The payment's amount in cents")->type_name("CENTS");
+  command->add_option("--biller", options->biller, "The payment's biller, such as 001052")->type_name("CODE");
+  command->add_option("--payments", options->payments, "The payments list of a batch; - is standard input")
+      ->type_name("FILE");
+  command->add_option("--records", options->records, "The records of a batch; - is standard input")->type_name("FILE");
+  command->add_option("--report", options->report, "Where to write a row for each payment; - is standard output")
+      ->type_name("FILE");
+  command->add_option("--jobs", options->jobs, "How many threads judge a batch; as many as there are cores")
+      ->type_name("N")
+      ->check(CLI::Range(1, 256));
+  command->callback([options, &context] { context.status = Validate(*options, context); });
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "tools/fiscalon/context.h"
+
+namespace fiscalon {
+
+/// `fiscalon validate`: judges the records of one payment, or of a whole batch.
+void AddValidateCommand(CLI::App& app, Context& context);
+
+}  // namespace fiscalon
