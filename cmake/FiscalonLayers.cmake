@@ -6,6 +6,10 @@ set(FISCALON_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtu
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   list(APPEND FISCALON_WARNINGS -Wno-restrict)
 endif()
+# With its sanitizers GCC doubts that the standard library's own variables are set.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND "${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_DEBUG}" MATCHES "-fsanitize=")
+  list(APPEND FISCALON_WARNINGS -Wno-maybe-uninitialized)
+endif()
 option(FISCALON_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ${PROJECT_IS_TOP_LEVEL})
 if(FISCALON_WARNINGS_AS_ERRORS)
   list(APPEND FISCALON_WARNINGS -Werror)
