@@ -21,7 +21,7 @@ struct WaysOut {
 /// run-time failure, as their helpers here do where they say so.
 class OlderScreen : public Screen {
  public:
-  OlderScreen(std::string_view name, std::string_view caption, WaysOut waysOut = {})
+  OlderScreen(std::string_view name, std::string_view caption, const WaysOut& waysOut = {})
       : Screen(name, caption), waysOut_(waysOut) {}
 
  protected:
