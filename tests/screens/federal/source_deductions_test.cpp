@@ -163,6 +163,18 @@ TEST_F(SourceDeductionsRecords, AreOneGovernmentAndOneFreeFormatRecord) {
   EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
 }
 
+TEST_F(SourceDeductionsRecords, AreMadeOfTrimmedEntries) {
+  EXPECT_TRUE(Show<GOVSOURCEDEDUCTION>("03", [](GOVSOURCEDEDUCTION& form, UserDriver& user) {
+    FillIn(form, user);
+    form.PaymentAmount.Text(" 12345 ");
+    form.EndDate.Text(" 20260531 ");
+    form.GrossPayroll.Text(" 5000 ");
+    form.NumberOfEmployees.Text(" 12 ");
+    user.Click(form.Command3D6);
+  }));
+  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
+}
+
 TEST_F(SourceDeductionsRecords, AreQuotedLinesInTheFile) {
   const TemporaryFolder folder;
   session.WriteFile(kTrue);
