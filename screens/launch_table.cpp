@@ -19,7 +19,9 @@ constexpr std::array kCompCode = {
     OwnProperty{ContractProperty::APHoldFlg,
                 [](const Levyra& from, std::string_view, Screen& to) { to.CompCode(from.CompCode()); }}};
 
-void SetUpSourceDeduct(Screen& screen) { static_cast<frmQue_Rev_SourceDeduct&>(screen).SetupForm(); }
+void SetUpSourceDeduct(Screen& screen) {
+  static_cast<frmQue_Rev_SourceDeduct&>(screen).SetupForm();
+}
 
 // clang-format off
 constexpr std::array kLaunchTable = {
