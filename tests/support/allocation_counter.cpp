@@ -17,9 +17,12 @@ size_t Allocations() {
 
 }  // namespace fiscalon
 
-void* operator new(size_t size) {
+void* operator new(size_t size, const std::nothrow_t&) noexcept {
   ++fiscalon::count;
-  if (void* const memory = std::malloc(size == 0 ? 1 : size))
+  return std::malloc(size == 0 ? 1 : size);
+}
+void* operator new(size_t size) {
+  if (void* const memory = operator new(size, std::nothrow))
     return memory;
   throw std::bad_alloc();
 }
