@@ -5,14 +5,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "core/platform/mapped_file.h"
 #include "validation/batch_error.h"
-
-#if __has_include(<sys/mman.h>)
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace fiscalon {
 
@@ -26,17 +20,19 @@ namespace {
 /// Bytes that lie in one piece.
 class Memory : public ByteSource {
  public:
-  Memory(std::string_view bytes, std::string name) : ByteSource(std::move(name)), all_(bytes), rest_(bytes) {}
+  Memory(std::string_view bytes, std::string name) : ByteSource(std::move(name)), size_(bytes.size()), rest_(bytes) {}
+  Memory(std::unique_ptr<MappedFile> file, std::string name) : Memory(file->Bytes(), std::move(name)) {
+    file_ = std::move(file);
+  }
 
   std::string_view Peek(size_t) override { return rest_; }
   void Skip(size_t count) override { rest_.remove_prefix(count); }
   bool Stays() const override { return true; }
-  std::optional<size_t> Size() const override { return all_.size(); }
-
- protected:
-  std::string_view all_;
+  std::optional<size_t> Size() const override { return size_; }
 
  private:
+  std::unique_ptr<MappedFile> file_;
+  size_t size_;
   std::string_view rest_;
 };
 
@@ -76,47 +72,19 @@ class Stream : public ByteSource {
   bool atEnd_ = false;
 };
 
-#if __has_include(<sys/mman.h>)
-
-class MappedFile : public Memory {
- public:
-  using Memory::Memory;
-  ~MappedFile() override { ::munmap(const_cast<char*>(all_.data()), all_.size()); }
-};
-
-std::unique_ptr<ByteSource> OpenFile(const std::string& path) {
-  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  struct stat status = {};
-  if (descriptor < 0 || ::fstat(descriptor, &status) != 0)
-    Fail(path, "can't be opened");
-  if (S_ISREG(status.st_mode) && status.st_size > 0) {
-    const auto size = static_cast<size_t>(status.st_size);
-    void* const bytes = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor, 0);
-    if (bytes != MAP_FAILED) {
-      ::close(descriptor);
-      ::madvise(bytes, size, MADV_SEQUENTIAL);
-      return std::make_unique<MappedFile>(std::string_view(static_cast<const char*>(bytes), size), path);
-    }
-  }
-  return std::make_unique<Stream>(::fdopen(descriptor, "rb"), path);
-}
-
-#else
-
-std::unique_ptr<ByteSource> OpenFile(const std::string& path) {
-  if (std::FILE* const file = std::fopen(path.c_str(), "rb"))
-    return std::make_unique<Stream>(file, path);
-  Fail(path, "can't be opened");
-}
-
-#endif
-
 }  // namespace
 
 std::unique_ptr<ByteSource> ByteSource::Open(const std::string& path) {
   if (path == "-")
     return std::make_unique<Stream>(stdin, "standard input");
-  return OpenFile(path);
+  std::FILE* const file = std::fopen(path.c_str(), "rb");
+  if (!file)
+    Fail(path, "can't be opened");
+  if (auto mapped = MappedFile::Of(file)) {
+    std::fclose(file);
+    return std::make_unique<Memory>(std::move(mapped), path);
+  }
+  return std::make_unique<Stream>(file, path);
 }
 
 std::unique_ptr<ByteSource> ByteSource::Of(std::string_view bytes, std::string name) {
