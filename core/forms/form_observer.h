@@ -20,7 +20,7 @@ class FormObserver {
   virtual void CaptionChanged() {}
   /// The form is no longer up: it was hidden or unloaded, or an error ended its show.
   virtual void ShowEnded() {}
-  /// A handler is about to run, such as "txtAmountPayable", "Change".
+  /// An event of the form is about to run, or one of a control that has a handler for it: "txtAmountPayable", "Change".
   virtual void HandlerRuns(std::string_view /*object*/, std::string_view /*event*/) {}
 };
 

@@ -129,6 +129,14 @@ TEST_F(LevyraTest, PaidAmountReadsBadTextsAsFarAsTheyGo) {
   EXPECT_EQ(session.PaidAmount(), ".0012");
 }
 
+TEST_F(LevyraTest, PaidAmountBeyondAllNumbersOverflowsAndChangesNothing) {
+  session.PaidAmount("12345");
+  EXPECT_EQ(ErrorOf([&] { session.PaidAmount("1e400"); }), 6);
+  EXPECT_EQ(session.PaidAmount(), "123.45");
+  session.PaidAmount("1e300");
+  EXPECT_EQ(session.PaidAmount(), "1E+298");
+}
+
 TEST_F(LevyraTest, ZelmorNumberIsCopiedForTheErrorLog) {
   session.ZelmorNumber("10077");
   EXPECT_EQ(TheModule().customerNumber, "10077");

@@ -56,9 +56,9 @@ TEST(ControlArray, NamesItsMembersByIndex) {
 
 TEST(ControlArray, DesignsEachMember) {
   ArrayForm form;
-  int expected = 10;
-  for (const TextField& box : form.Box) EXPECT_EQ(box.MaxLength(), expected++);
-  EXPECT_EQ(expected, 13);
+  std::vector<int> limits;
+  for (const TextField& box : form.Box) limits.push_back(box.MaxLength());
+  EXPECT_EQ(limits, (std::vector<int>{10, 11, 12}));
   EXPECT_EQ(form.Box[2].Designed().tabIndex, 4);
   EXPECT_EQ(form.Box[2].Designed().caption, "Box 3");
   EXPECT_EQ(form.Caption[0].Caption(), "First");
@@ -78,9 +78,10 @@ TEST(ControlArray, StaysInOrderWithoutTabIndexes) {
     ControlArray<TextField, 40> Line{*this, "Line", [](int /*index*/) { return Design{}; }};
   };
   LongForm form;
-  int index = 0;
-  for (const Control* control : form.TabOrder()) EXPECT_EQ(control, &form.Line[index++]);
-  EXPECT_EQ(index, 40);
+  std::vector<Control*> declared;
+  for (Control& line : form.Line) declared.push_back(&line);
+  EXPECT_EQ(declared.size(), 40U);
+  EXPECT_EQ(form.TabOrder(), declared);
 }
 
 TEST(ControlArray, TellsItsHandlersTheIndex) {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "core/record_reader.h"
 #include "tests/support/ok_path.h"
 #include "tests/support/raises.h"
@@ -120,6 +122,20 @@ TEST_F(DueDateAmountRecords, HoldEveryByteOfTheContact) {
   EXPECT_EQ(Records()[0],
             Ruled(std::string(std::string_view("PC40001T                202612          J\0\"\r\n\t\xe9", 47)) +
                   std::string(23, ' ') + "\x80"));
+}
+
+TEST_F(DueDateAmountRecords, CarryWhateverTheSequenceIs) {
+  session.SeqNumber(std::string_view("\"\0\r\n", 4));
+  EXPECT_TRUE(EnterAndPressOk());
+  EXPECT_EQ(Records()[0], Ruled(std::string("PC4\"\0\r\nT                202612", 30)));
+}
+
+TEST_F(DueDateAmountRecords, GoToNoFileWithANulInItsName) {
+  const TemporaryFolder folder;
+  session.WriteFile(kTrue);
+  session.GovFilename(folder.Path("payment") + std::string("\0.pc4", 5));
+  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 75);
+  EXPECT_FALSE(std::filesystem::exists(folder.Path("payment")));
 }
 
 TEST_F(DueDateAmountRecords, TakeANameOf30AndATitleOf20) {

@@ -10,7 +10,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 /// Man pages and completion beside the program that they describe.
 class Documents : public CommandLine {
