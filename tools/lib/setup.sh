@@ -19,6 +19,7 @@ check | clang-tidy         | lint
 check | cppcheck           | lint
 check | shellcheck         | lint of the shell scripts
 bench | libbenchmark-dev   | the benchmarks
+qt    | qt6-base-dev       | the Qt 6 front end, where it is built
 fuzz  | clang              | compiles the fuzz targets
 fuzz  | libclang-rt-dev    | the fuzzing engine and the sanitizers of clang
 '

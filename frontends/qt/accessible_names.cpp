@@ -1,0 +1,46 @@
+#include "frontends/qt/accessible_names.h"
+
+#include <QString>
+
+#include "core/forms/captioned.h"
+#include "frontends/qt/caption_views.h"
+
+namespace fiscalon {
+namespace {
+
+QString Caption(const Control* control) {
+  const auto* captioned = dynamic_cast<const Captioned*>(control);
+  return captioned == nullptr ? QString() : PlainCaption(captioned->Caption()).trimmed();
+}
+
+QString WithoutColon(QString caption) {
+  while (caption.endsWith(u':')) caption = caption.chopped(1).trimmed();
+  return caption;
+}
+
+}  // namespace
+
+void NameFields(const Form& form, const std::function<QWidget&(const Control&)>& widgetOf) {
+  for (const Group& group : form.FormLayout().groups) {
+    for (const Row& row : group.rows) {
+      QString name = WithoutColon(Caption(group.heading));
+      for (const Cell& cell : row.cells) {
+        if (const QString caption = WithoutColon(Caption(cell.caption)); !caption.isEmpty())
+          name = caption;
+        if (cell.field == nullptr)
+          continue;
+        QWidget& field = widgetOf(*cell.field);
+        // What has a caption of its own is read by it; what stands before it says more.
+        const bool captioned = !Caption(cell.field).isEmpty();
+        if (!captioned)
+          field.setAccessibleName(name);
+        const QString hint = Caption(cell.hint);
+        field.setAccessibleDescription(!hint.isEmpty()                        ? hint
+                                       : captioned && cell.caption != nullptr ? name
+                                                                              : QString());
+      }
+    }
+  }
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,88 @@
+#include "frontends/qt/button_views.h"
+
+#include <QCheckBox>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <utility>
+
+#include "core/forms/form.h"
+#include "frontends/qt/dialog_acts.h"
+#include "frontends/qt/qt_text.h"
+
+namespace fiscalon {
+namespace {
+
+QAbstractButton& NewPushButton(QWidget& parent) {
+  auto* button = new QPushButton(&parent);
+  // Enter is the form's: no button becomes the default one by having the focus.
+  button->setAutoDefault(false);
+  return *button;
+}
+
+QAbstractButton& NewToggle(const ToggleButton& toggle, QWidget& parent) {
+  if (toggle.Kind() == ControlKind::CheckBox)
+    return *new QCheckBox(&parent);
+  auto* button = new QRadioButton(&parent);
+  // Which options exclude each other is the form's to say.
+  button->setAutoExclusive(false);
+  return *button;
+}
+
+}  // namespace
+
+AnyButtonView::AnyButtonView(Captioned& button, QAbstractButton& native, DialogActs& acts)
+    : ControlView(button, native, acts), button_(button), native_(native) {
+  QObject::connect(&native, &QAbstractButton::clicked, &native, [this] { Clicked(); });
+}
+
+bool AnyButtonView::MousePressed(QMouseEvent& event) {
+  interrupted_ = false;
+  const AfterPress after = event.button() == Qt::LeftButton ? Press() : AfterPress::Over;
+  pressed_ = after != AfterPress::Over;
+  if (after != AfterPress::Interrupted)
+    return !pressed_;
+  // A check has shown a box and let the focus go: the click is completed where the button came up meanwhile.
+  interrupted_ = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
+  if (!interrupted_)
+    Clicked();
+  return true;
+}
+
+void AnyButtonView::ReleasedLate(QPoint globalPosition) {
+  if (std::exchange(interrupted_, false) && native_.rect().contains(native_.mapFromGlobal(globalPosition)))
+    Clicked();
+}
+
+void AnyButtonView::Clicked() {
+  // A click without a press comes from an assistive program.
+  if (std::exchange(pressed_, false))
+    Acts().Release(button_);
+  else
+    Acts().Click(button_);
+  // The widget may have changed its state where the form did not.
+  if (button_.Owner().IsUp())
+    Refresh();
+}
+
+void AnyButtonView::Refresh() {
+  ControlView::Refresh();
+  const QString caption = ToQt(button_.Caption());
+  if (native_.text() != caption)
+    native_.setText(caption);
+}
+
+ButtonView::ButtonView(Button& button, QWidget& parent, DialogActs& acts)
+    : AnyButtonView(button, NewPushButton(parent), acts) {}
+
+ToggleView::ToggleView(ToggleButton& toggle, QWidget& parent, DialogActs& acts)
+    : AnyButtonView(toggle, NewToggle(toggle, parent), acts), toggle_(toggle) {}
+
+void ToggleView::Refresh() {
+  AnyButtonView::Refresh();
+  Native().setCheckable(true);
+  Native().setChecked(toggle_.Value());
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QAbstractButton>
+
+#include "core/forms/button.h"
+#include "frontends/qt/control_view.h"
+
+namespace fiscalon {
+
+/// What push buttons, check boxes and option buttons share: the widget shows the press, the form clicks.
+class AnyButtonView : public ControlView {
+ public:
+  bool MousePressed(QMouseEvent& event) override;
+  void ReleasedLate(QPoint globalPosition) override;
+  void Refresh() override;
+
+ protected:
+  AnyButtonView(Captioned& button, QAbstractButton& native, DialogActs& acts);
+
+  QAbstractButton& Native() const { return native_; }
+
+ private:
+  void Clicked();
+
+  Captioned& button_;
+  QAbstractButton& native_;
+  bool pressed_ = false;
+  bool interrupted_ = false;
+};
+
+class ButtonView final : public AnyButtonView {
+ public:
+  ButtonView(Button& button, QWidget& parent, DialogActs& acts);
+};
+
+/// A check box or an option button.
+class ToggleView final : public AnyButtonView {
+ public:
+  ToggleView(ToggleButton& toggle, QWidget& parent, DialogActs& acts);
+
+  void Refresh() override;
+
+ private:
+  ToggleButton& toggle_;
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+
+#include "core/forms/label.h"
+#include "frontends/qt/control_view.h"
+
+namespace fiscalon {
+
+/// A label: the caption of a field, a hint, or a value that the form shows.
+class LabelView final : public ControlView {
+ public:
+  LabelView(Label& label, QWidget& parent, DialogActs& acts);
+
+  void Refresh() override;
+  void Restyle() override;
+
+ private:
+  Label& label_;
+  QLabel& native_;
+};
+
+/// A frame around other controls, with a heading or without.
+class FrameView final : public ControlView {
+ public:
+  FrameView(Frame& frame, QWidget& parent, DialogActs& acts);
+
+  void Refresh() override;
+
+ private:
+  Frame& frame_;
+  QGroupBox& native_;
+};
+
+/// A caption as it reads: without the marks of access keys.
+QString PlainCaption(std::string_view caption);
+
+}  // namespace fiscalon

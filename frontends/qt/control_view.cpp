@@ -1,0 +1,77 @@
+#include "frontends/qt/control_view.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QMouseEvent>
+
+#include "core/forms/form.h"
+#include "frontends/qt/button_views.h"
+#include "frontends/qt/caption_views.h"
+#include "frontends/qt/dialog_acts.h"
+#include "frontends/qt/list_views.h"
+#include "frontends/qt/text_view.h"
+
+namespace fiscalon {
+
+bool HoldsWithFrames(const Control& control, bool (Control::*property)() const) {
+  for (const Control* each = &control; each != nullptr; each = each->Designed().frame)
+    if (!(each->*property)())
+      return false;
+  return true;
+}
+
+void ControlView::Refresh() {
+  widget_.setEnabled(HoldsWithFrames(control_, &Control::Enabled));
+  widget_.setVisible(HoldsWithFrames(control_, &Control::Visible));
+}
+
+bool ControlView::MousePressed(QMouseEvent& event) {
+  return event.button() != Qt::LeftButton || Press() != AfterPress::Goes;
+}
+
+ControlView::AfterPress ControlView::Press() {
+  const int before = acts_.Interruptions();
+  if (!acts_.Press(control_))
+    return AfterPress::Over;
+  return acts_.Interruptions() == before ? AfterPress::Goes : AfterPress::Interrupted;
+}
+
+QFont ControlView::Font() const {
+  QFont font = QApplication::font();
+  if (control_.Designed().fixedPitch || control_.Kind() == ControlKind::ListBox) {
+    font.setFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+    font.setStyleHint(QFont::Monospace);
+  }
+  font.setBold(bold_ || control_.Designed().bold);
+  return font;
+}
+
+bool ControlView::IsActive() const {
+  return control_.Owner().IsUp() && control_.Owner().ActiveControl() == &control_;
+}
+
+std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, DialogActs& acts) {
+  switch (control.Kind()) {
+    case ControlKind::Label:
+      return std::make_unique<LabelView>(static_cast<Label&>(control), parent, acts);
+    case ControlKind::Frame:
+      return std::make_unique<FrameView>(static_cast<Frame&>(control), parent, acts);
+    case ControlKind::Button:
+      return std::make_unique<ButtonView>(static_cast<Button&>(control), parent, acts);
+    case ControlKind::CheckBox:
+    case ControlKind::OptionButton:
+      return std::make_unique<ToggleView>(static_cast<ToggleButton&>(control), parent, acts);
+    case ControlKind::DropDownList:
+      return std::make_unique<DropDownView>(static_cast<DropDownList&>(control), parent, acts);
+    case ControlKind::ListBox:
+      return std::make_unique<ListBoxView>(static_cast<ListBox&>(control), parent, acts);
+    case ControlKind::TextField:
+      break;
+  }
+  auto& field = static_cast<TextField&>(control);
+  if (field.Designed().multiLine)
+    return std::make_unique<MultiLineView>(field, parent, acts);
+  return std::make_unique<LineView>(field, parent, acts);
+}
+
+}  // namespace fiscalon

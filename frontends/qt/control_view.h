@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QFont>
+#include <QWidget>
+#include <memory>
+
+#include "core/forms/control.h"
+#include "core/forms/user_acts.h"
+
+class QKeyEvent;
+class QMouseEvent;
+
+namespace fiscalon {
+
+class DialogActs;
+
+/// One control of a form as a widget: shows what the control holds, and makes acts of what the user does to it.
+/// The dialog filters the widget's events and asks the view first.
+class ControlView {
+ public:
+  ControlView(Control& control, QWidget& widget, DialogActs& acts) : control_(control), widget_(widget), acts_(acts) {}
+  ControlView(const ControlView&) = delete;
+  ControlView& operator=(const ControlView&) = delete;
+  virtual ~ControlView() = default;
+
+  Control& Model() const { return control_; }
+  QWidget& Widget() const { return widget_; }
+  /// Where the mouse points at the control: the widget, or the part of it that scrolls.
+  virtual QWidget& MouseArea() const { return widget_; }
+
+  /// Brings the widget in line with the control. The form must be up.
+  virtual void Refresh();
+  /// Takes sizes and colours from the theme anew.
+  virtual void Restyle() {}
+  /// For headings, and for the field of a caption that stands out, such as a total.
+  void StandOut() {
+    bold_ = true;
+    Restyle();
+  }
+
+  /// Keys that belong to the widget alone, such as those that drop a list down.
+  virtual bool KeepsKey(const QKeyEvent& /*event*/) const { return false; }
+  /// The native editing of a key that the form has let through.
+  virtual void Edit(const KeyOutcome& /*outcome*/, QKeyEvent& /*event*/) {}
+  /// The native editing of a composed character that the form has let through.
+  virtual void Insert(char /*character*/) {}
+
+  /// A mouse button goes down or comes up. True: nothing is left for the widget to do.
+  virtual bool MousePressed(QMouseEvent& event);
+  virtual bool MouseReleased(QMouseEvent& /*event*/) { return false; }
+  /// A mouse button comes up that Qt gives to no widget, since another window was up while it was down.
+  virtual void ReleasedLate(QPoint /*globalPosition*/) {}
+  virtual bool WheelTurned() const { return false; }
+
+ protected:
+  DialogActs& Acts() const { return acts_; }
+  /// Bold or fixed-pitch where the design says so, otherwise the theme's.
+  QFont Font() const;
+  bool IsActive() const;
+  /// What became of a press that the form has dealt with.
+  enum class AfterPress {
+    /// The focus is elsewhere: nothing more comes of it.
+    Over,
+    /// The widget may go on with it.
+    Goes,
+    /// Another window was up meanwhile: for Qt the press is over, and the button is still down or came up there.
+    Interrupted,
+  };
+  AfterPress Press();
+
+ private:
+  Control& control_;
+  QWidget& widget_;
+  DialogActs& acts_;
+  bool bold_ = false;
+};
+
+std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, DialogActs& acts);
+
+/// A property of a control and of all frames that it lies in.
+bool HoldsWithFrames(const Control& control, bool (Control::*property)() const);
+
+}  // namespace fiscalon

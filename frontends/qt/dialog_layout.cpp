@@ -1,0 +1,203 @@
+#include "frontends/qt/dialog_layout.h"
+
+#include <QFrame>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStyle>
+#include <algorithm>
+#include <utility>
+
+#include "core/forms/button.h"
+
+namespace fiscalon {
+namespace {
+
+/// A cell takes a column of the grid for its caption, one for its field and hint, and a gap before the next.
+constexpr int kColumnsPerCell = 3;
+
+QFrame* NewLine(QWidget& parent) {
+  auto* line = new QFrame(&parent);
+  line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+  return line;
+}
+
+/// The widest caption in one column of a grid. What spans the fields too is no caption.
+int CaptionWidth(const QGridLayout& grid, int column) {
+  int width = 0;
+  for (int row = 0; row < grid.rowCount(); ++row) {
+    const QLayoutItem* item = grid.itemAtPosition(row, column);
+    if (item != nullptr && item->widget() != nullptr && item != grid.itemAtPosition(row, column + 1))
+      width = std::max(width, item->widget()->sizeHint().width());
+  }
+  return width;
+}
+
+/// How far a frame moves the captions in it to the right.
+int Inset(const QGridLayout& grid) {
+  const auto* box = qobject_cast<const QGroupBox*>(grid.parentWidget());
+  return box == nullptr ? 0 : box->contentsMargins().left() + box->layout()->contentsMargins().left();
+}
+
+bool GrowsWide(const Control& control) {
+  return control.Kind() == ControlKind::ListBox;
+}
+
+}  // namespace
+
+const Control* FrameOf(const Group& group) {
+  if (group.heading != nullptr)
+    return group.heading->Kind() == ControlKind::Frame ? group.heading : group.heading->Designed().frame;
+  for (const Row& row : group.rows)
+    for (const Cell& cell : row.cells)
+      if (const Control* control = cell.field != nullptr ? cell.field : cell.caption)
+        return control->Designed().frame;
+  return nullptr;
+}
+
+DialogLayout::DialogLayout(const Form& form, WidgetOf widgetOf, QWidget& body)
+    : form_(form), widgetOf_(std::move(widgetOf)) {
+  std::vector<Group> groups = form.FormLayout().groups;
+  for (const Group& group : groups) {
+    if (group.heading != nullptr)
+      placed_.insert(group.heading);
+    for (const Row& row : group.rows)
+      for (const Cell& cell : row.cells) placed_.insert({cell.caption, cell.field, cell.hint});
+  }
+  for (const Button* button : form.FormLayout().buttons) placed_.insert(button);
+  if (Group forgotten = Forgotten(); !forgotten.rows.empty())
+    groups.push_back(std::move(forgotten));
+
+  auto* columns = new QHBoxLayout(&body);
+  columns->setContentsMargins(0, 0, 0, 0);
+  const int spacing = columns->spacing();
+  columns->setSpacing(3 * spacing);
+  for (const Group& group : groups) columns_[group.column];
+  for (auto& [number, column] : columns_) {
+    column.sections = new QVBoxLayout;
+    column.sections->setSpacing(spacing);
+    columns->addLayout(column.sections);
+  }
+  for (const Group& group : groups) AddGroup(columns_[group.column], group);
+  for (auto& [number, column] : columns_) column.sections->addStretch(1);
+  AlignCaptions();
+}
+
+QWidget& DialogLayout::Place(const Control& control) {
+  return widgetOf_(control);
+}
+
+Group DialogLayout::Forgotten() const {
+  Group group;
+  for (Control* control : form_.Controls())
+    if (!placed_.contains(control) && control->Kind() != ControlKind::Frame)
+      group.rows.push_back({.cells = {{.field = control}}});
+  return group;
+}
+
+QVBoxLayout* DialogLayout::PlaceFor(Column& column, const Group& group) {
+  const Control* frame = FrameOf(group);
+  const bool continues = frame != nullptr && std::exchange(column.frame, frame) == frame;
+  if (frame == nullptr) {
+    column.frame = nullptr;
+    // A line sets groups apart where no heading does.
+    if (group.heading == nullptr && column.sections->count() > 0)
+      column.sections->addWidget(NewLine(*column.sections->parentWidget()));
+    return column.sections;
+  }
+  if (!continues) {
+    QWidget& box = Place(*frame);
+    column.framed = new QVBoxLayout(&box);
+    column.sections->addWidget(&box);
+  }
+  return column.framed;
+}
+
+void DialogLayout::AddGroup(Column& column, const Group& group) {
+  QVBoxLayout* place = PlaceFor(column, group);
+  if (group.heading != nullptr && group.heading->Kind() != ControlKind::Frame) {
+    QWidget& heading = Place(*group.heading);
+    if (place->count() > 0)
+      place->addSpacing(place->spacing());
+    place->addWidget(&heading);
+  }
+  auto* grid = new QGridLayout;
+  place->addLayout(grid);
+  grid->setHorizontalSpacing(grid->spacing() * 5 / 3);
+  grid->setVerticalSpacing(place->spacing() * 4 / 3);
+  int rowNumber = 0;
+  size_t cells = 0;
+  for (const Row& row : group.rows) {
+    AddRow(*grid, rowNumber++, row);
+    cells = std::max(cells, row.cells.size());
+  }
+  const int gap = 2 * std::max(grid->horizontalSpacing(), 0);
+  for (int cell = 1; cell < static_cast<int>(cells); ++cell)
+    grid->setColumnMinimumWidth(cell * kColumnsPerCell - 1, gap);
+  grid->setColumnStretch(static_cast<int>(cells) * kColumnsPerCell - 1, 1);
+  column.grids.push_back(grid);
+}
+
+void DialogLayout::AddRow(QGridLayout& grid, int rowNumber, const Row& row) {
+  for (int i = 0; i < static_cast<int>(row.cells.size()); ++i) {
+    const Cell& cell = row.cells[static_cast<size_t>(i)];
+    const int column = i * kColumnsPerCell;
+    const bool alone = cell.field == nullptr && cell.hint == nullptr;
+    if (cell.caption != nullptr) {
+      QWidget& caption = Place(*cell.caption);
+      const auto side = static_cast<Qt::Alignment>(
+          alone ? static_cast<int>(Qt::AlignLeft)
+                : caption.style()->styleHint(QStyle::SH_FormLayoutLabelAlignment, nullptr, &caption));
+      const bool tall = cell.field != nullptr && (cell.field->Designed().multiLine || GrowsWide(*cell.field));
+      grid.addWidget(&caption, rowNumber, column, 1, alone ? kColumnsPerCell : 1,
+                     (side & Qt::AlignHorizontal_Mask) | (tall ? Qt::AlignTop : Qt::AlignVCenter));
+    }
+    if (alone)
+      continue;
+    // Nothing before a wide field, and nothing before a toggle that is alone in its row: they begin at the left.
+    const bool toggle = cell.field != nullptr && (cell.field->Kind() == ControlKind::CheckBox ||
+                                                  cell.field->Kind() == ControlKind::OptionButton);
+    const bool fromLeft = cell.caption == nullptr && cell.field != nullptr && (toggle || GrowsWide(*cell.field));
+    grid.addLayout(FieldWithHint(cell), rowNumber, fromLeft ? column : column + 1, 1, fromLeft ? kColumnsPerCell : 1);
+  }
+}
+
+QLayout* DialogLayout::FieldWithHint(const Cell& cell) {
+  auto* line = new QHBoxLayout;
+  if (cell.field != nullptr) {
+    QWidget& field = Place(*cell.field);
+    line->addWidget(&field, GrowsWide(*cell.field) ? 1 : 0);
+    if (cell.caption != nullptr)
+      if (auto* caption = qobject_cast<QLabel*>(&Place(*cell.caption)); caption != nullptr)
+        caption->setBuddy(&field);
+  }
+  if (cell.hint != nullptr)
+    line->addWidget(&Place(*cell.hint));
+  if (cell.field == nullptr || !GrowsWide(*cell.field))
+    line->addStretch(1);
+  return line;
+}
+
+QLayout* DialogLayout::Buttons() {
+  auto* line = new QHBoxLayout;
+  line->addStretch(1);
+  for (const Button* button : form_.FormLayout().buttons) line->addWidget(&Place(*button));
+  return line;
+}
+
+void DialogLayout::AlignCaptions() {
+  for (const auto& [number, column] : columns_) AlignCaptions(column);
+}
+
+void DialogLayout::AlignCaptions(const Column& column) {
+  // How far to the right the fields of each cell begin, by the cell's place in its row.
+  std::map<int, int> begins;
+  for (const QGridLayout* grid : column.grids)
+    for (int i = 0; i < grid->columnCount(); i += kColumnsPerCell)
+      begins[i] = std::max(begins[i], CaptionWidth(*grid, i) + (i == 0 ? Inset(*grid) : 0));
+  for (QGridLayout* grid : column.grids)
+    for (int i = 0; i < grid->columnCount(); i += kColumnsPerCell)
+      grid->setColumnMinimumWidth(i, begins[i] - (i == 0 ? Inset(*grid) : 0));
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "core/forms/form.h"
+#include "frontends/qt/control_view.h"
+#include "frontends/qt/dialog_acts.h"
+#include "frontends/qt/dialog_layout.h"
+
+class QEventLoop;
+class QScrollArea;
+
+namespace fiscalon {
+
+/// A form as a modal dialog, made from its controls and its layout alone. Keys, mouse and focus go to the form
+/// first; text editing stays native. No exception crosses Qt: acts on a form do not throw.
+class FormDialog final : public QDialog, private FormObserver {
+ public:
+  /// The form must be up. It is observed until the dialog goes. The watcher, if any, hears of all acts.
+  FormDialog(Form& form, QWidget* parent, ActWatcher* watcher = nullptr);
+  ~FormDialog() override;
+
+  /// Shows the dialog and makes it the active window.
+  void Present();
+  /// Serves the user until the form is no longer up, or the application quits.
+  void Serve();
+
+  /// The widget of a control.
+  QWidget& WidgetOf(const Control& control) const { return ViewOf(control).Widget(); }
+  QWidget& MouseAreaOf(const Control& control) const { return ViewOf(control).MouseArea(); }
+  /// The control of a widget; null for a widget that is none's.
+  Control* ControlOf(const QObject* widget) const;
+
+  /// The window closes for a reason that windows do not tell, such as the end of the session.
+  void CloseFor(int reason);
+
+  /// Hears of each handler that is about to run, such as "txtAmountPayable", "Change".
+  std::function<void(std::string_view object, std::string_view event)> onHandler = {};
+
+  // Escape and the close box come in as a key and as a close event.
+  void reject() override {}
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  QSize sizeHint() const override;
+
+ private:
+  // FormObserver
+  void ControlChanged(const Control& control) override;
+  void FocusMoved(const Control& control, FocusBy by) override;
+  void CaptionChanged() override;
+  void ShowEnded() override;
+  void HandlerRuns(std::string_view object, std::string_view event) override;
+
+  void MakeViews();
+  void LayOut();
+  void SetTabOrder();
+
+  bool PressKey(ControlView* view, QKeyEvent& event);
+  bool Compose(ControlView* view, QEvent& event);
+  void FocusArrived(const ControlView& view, const QFocusEvent& event);
+  /// The focus is where the form has it, whatever Qt made of it meanwhile.
+  void AlignFocus();
+  void GrowToFit();
+
+  ControlView& ViewOf(const Control& control) const { return *views_.at(&control); }
+  ControlView* ViewOfWatched(const QObject* watched) const;
+
+  Form& form_;
+  DialogActs acts_;
+  std::map<const Control*, std::unique_ptr<ControlView>> views_;
+  std::map<const QObject*, ControlView*> watched_;
+  QScrollArea* scroller_ = nullptr;
+  std::optional<DialogLayout> layout_;
+  QEventLoop* loop_ = nullptr;
+  bool movingFocus_ = false;
+};
+
+}  // namespace fiscalon

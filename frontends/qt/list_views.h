@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QComboBox>
+#include <QListWidget>
+
+#include "core/forms/list_control.h"
+#include "frontends/qt/control_view.h"
+
+namespace fiscalon {
+
+/// A drop-down list. Arrow keys and letters are the form's; dropping down and picking by mouse are native.
+class DropDownView final : public ControlView {
+ public:
+  DropDownView(DropDownList& list, QWidget& parent, DialogActs& acts);
+
+  void Refresh() override;
+  bool KeepsKey(const QKeyEvent& event) const override;
+  // The wheel would change a choice that nobody looks at.
+  bool WheelTurned() const override { return true; }
+
+ private:
+  DropDownList& list_;
+  QComboBox& native_;
+};
+
+class ListBoxView final : public ControlView {
+ public:
+  ListBoxView(ListBox& list, QWidget& parent, DialogActs& acts);
+
+  QWidget& MouseArea() const override { return *native_.viewport(); }
+  void Refresh() override;
+  void Restyle() override;
+  bool MousePressed(QMouseEvent& event) override;
+  bool MouseReleased(QMouseEvent& event) override;
+
+ private:
+  void ShowRow(int row);
+
+  ListBox& list_;
+  QListWidget& native_;
+  bool refreshing_ = false;
+  int pressedRow_ = ListControl::kNothingSelected;
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,98 @@
+#include "frontends/qt/message_window.h"
+
+#include <QAbstractButton>
+#include <QGuiApplication>
+#include <algorithm>
+#include <array>
+
+#include "frontends/qt/qt_text.h"
+
+namespace fiscalon {
+namespace {
+
+struct StyleRow {
+  MessageStyle style;
+  QMessageBox::Icon icon;
+};
+constexpr std::array kStyles = {
+    StyleRow{MessageStyle::Plain, QMessageBox::NoIcon},
+    StyleRow{MessageStyle::Critical, QMessageBox::Critical},
+    StyleRow{MessageStyle::Question, QMessageBox::Question},
+    StyleRow{MessageStyle::Exclamation, QMessageBox::Warning},
+    StyleRow{MessageStyle::Information, QMessageBox::Information},
+};
+
+struct AnswerRow {
+  MessageAnswer answer;
+  QMessageBox::StandardButton button;
+};
+constexpr std::array kAnswers = {
+    AnswerRow{MessageAnswer::Ok, QMessageBox::Ok},
+    AnswerRow{MessageAnswer::Cancel, QMessageBox::Cancel},
+    AnswerRow{MessageAnswer::Yes, QMessageBox::Yes},
+    AnswerRow{MessageAnswer::No, QMessageBox::No},
+};
+
+QMessageBox::StandardButton ButtonOf(MessageAnswer answer) {
+  return std::find_if(kAnswers.begin(), kAnswers.end(), [&](const AnswerRow& row) { return row.answer == answer; })
+      ->button;
+}
+
+QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    default:
+      return QMessageBox::Ok;
+  }
+}
+
+QString WithPlainLineEnds(QString text) {
+  return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+}
+
+}  // namespace
+
+std::unique_ptr<QMessageBox> NewMessageWindow(const MessageBox& box, QWidget* parent) {
+  auto window = std::make_unique<QMessageBox>(parent);
+  window->setWindowModality(Qt::ApplicationModal);
+  window->setAttribute(Qt::WA_QuitOnClose, false);
+  window->setTextFormat(Qt::PlainText);
+  window->setText(WithPlainLineEnds(ToQt(box.text)));
+  window->setWindowTitle(box.title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(box.title));
+  window->setIcon(
+      std::find_if(kStyles.begin(), kStyles.end(), [&](const StyleRow& row) { return row.style == box.style; })->icon);
+  window->setStandardButtons(ButtonsOf(box.buttons));
+  window->setDefaultButton(ButtonOf(box.DefaultAnswer()));
+  return window;
+}
+
+MessageBox ShownIn(const QMessageBox& window) {
+  const auto buttons = window.standardButtons();
+  return {.text = FromQt(window.text()),
+          .style = std::find_if(kStyles.begin(), kStyles.end(),
+                                [&](const StyleRow& row) { return row.icon == window.icon(); })
+                       ->style,
+          .buttons = buttons.testFlag(QMessageBox::Yes)      ? MessageButtons::YesNo
+                     : buttons.testFlag(QMessageBox::Cancel) ? MessageButtons::OkCancel
+                                                             : MessageButtons::Ok,
+          .title = FromQt(window.windowTitle())};
+}
+
+QAbstractButton* ButtonFor(const QMessageBox& window, MessageAnswer answer) {
+  return window.button(ButtonOf(answer));
+}
+
+MessageAnswer AnswerOf(const QMessageBox& window, const MessageBox& box) {
+  const auto clicked = window.standardButton(window.clickedButton());
+  for (const AnswerRow& row : kAnswers)
+    if (row.button == clicked)
+      return row.answer;
+  return box.buttons == MessageButtons::YesNo      ? MessageAnswer::No
+         : box.buttons == MessageButtons::OkCancel ? MessageAnswer::Cancel
+                                                   : MessageAnswer::Ok;
+}
+
+}  // namespace fiscalon

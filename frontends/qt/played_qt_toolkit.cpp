@@ -1,0 +1,94 @@
+#include "frontends/qt/played_qt_toolkit.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <cstdlib>
+#include <iostream>
+
+#include "frontends/qt/form_dialog.h"
+#include "frontends/qt/message_window.h"
+#include "frontends/qt/qt_driver.h"
+
+namespace fiscalon {
+namespace {
+
+/// A dialog in the list of those that are up, while it is.
+class Listed {
+ public:
+  Listed(std::vector<FormDialog*>& dialogs, FormDialog& dialog) : dialogs_(dialogs) { dialogs_.push_back(&dialog); }
+  ~Listed() { dialogs_.pop_back(); }
+  Listed(const Listed&) = delete;
+  Listed& operator=(const Listed&) = delete;
+
+ private:
+  std::vector<FormDialog*>& dialogs_;
+};
+
+/// The offscreen platform complains of each window that it has no window manager, and Qt of machines without a
+/// desktop.
+void PassMessages(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (!text.startsWith(QStringLiteral("This plugin does not support")) &&
+      !text.startsWith(QStringLiteral("QStandardPaths: XDG_RUNTIME_DIR")))
+    std::cerr << qFormatLogMessage(type, {}, text).toStdString() << '\n';
+  if (type == QtFatalMsg)
+    std::abort();
+}
+
+}  // namespace
+
+PlayedQtToolkit::Platform::Platform() {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler(PassMessages);
+}
+
+PlayedQtToolkit::PlayedQtToolkit() {
+  if (QGuiApplication::applicationDisplayName() == QCoreApplication::applicationName())
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Fiscalon"));
+}
+
+void PlayedQtToolkit::Opening(Form& form) {
+  form.Observe(this);
+}
+
+void PlayedQtToolkit::ServeModal(Form& form) {
+  FormDialog dialog(form, Dialog());
+  const Listed listed(dialogs_, dialog);
+  dialog.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
+  dialog.Present();
+  QCoreApplication::processEvents();
+  QtDriver user(dialog);
+  if (onForm)
+    onForm(form, user);
+}
+
+MessageAnswer PlayedQtToolkit::ShowMessage(const MessageBox& box) {
+  const auto window = NewMessageWindow(box, Dialog());
+  window->show();
+  const MessageBox shown = ShownIn(*window);
+  const MessageAnswer answer = onMessage ? onMessage(shown) : shown.DefaultAnswer();
+  if (QAbstractButton* button = ButtonFor(*window, answer))
+    button->click();
+  // The window beneath is active again before its handler goes on, as after a box that a person has answered.
+  if (Dialog() != nullptr)
+    Dialog()->activateWindow();
+  QCoreApplication::processEvents();
+  return AnswerOf(*window, box);
+}
+
+void PlayedQtToolkit::Beep() {
+  if (onBeep)
+    onBeep();
+}
+
+void PlayedQtToolkit::OpenHelp(std::string_view file, int32_t context) {
+  if (onHelp)
+    onHelp(file, context);
+}
+
+void PlayedQtToolkit::HandlerRuns(std::string_view object, std::string_view event) {
+  if (onEvent)
+    onEvent(std::string(object).append("_").append(event));
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <vector>
+
+#include "core/forms/form_observer.h"
+#include "frontends/qt/qt_application.h"
+#include "frontends/scripted/user_driver.h"
+
+namespace fiscalon {
+
+class FormDialog;
+
+/// The Qt front end without a person: real dialogs and boxes, driven through the window system's events and read
+/// off the widgets. For scenarios, tests and pictures. Needs no display: windows go to Qt's "offscreen" platform unless
+/// QT_QPA_PLATFORM names another.
+class PlayedQtToolkit final : public DrivenToolkit, private FormObserver {
+ public:
+  PlayedQtToolkit();
+
+  void Opening(Form& form) override;
+  void ServeModal(Form& form) override;
+  MessageAnswer ShowMessage(const MessageBox& box) override;
+  void Beep() override;
+  void OpenHelp(std::string_view file, int32_t context) override;
+
+  /// The dialog that is up; null where none is.
+  FormDialog* Dialog() const { return dialogs_.empty() ? nullptr : dialogs_.back(); }
+
+ private:
+  void HandlerRuns(std::string_view object, std::string_view event) override;
+
+  /// Says where windows go, before Qt asks.
+  struct Platform {
+    Platform();
+  };
+
+  Platform platform_;
+  QtApplication application_;
+  std::vector<FormDialog*> dialogs_;
+};
+
+}  // namespace fiscalon

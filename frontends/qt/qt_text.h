@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "core/platform/code_page.h"
+
+/// The edge between the library's text in the code page and Qt's.
+namespace fiscalon {
+
+inline QString ToQt(std::string_view text) {
+  const std::string utf8 = ToUtf8(text);
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+/// A character without a place in the code page becomes "?".
+inline std::string FromQt(const QString& text) {
+  const QByteArray utf8 = text.toUtf8();
+  return FromUtf8({utf8.constData(), static_cast<size_t>(utf8.size())});
+}
+
+}  // namespace fiscalon

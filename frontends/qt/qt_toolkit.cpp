@@ -1,0 +1,79 @@
+#include "frontends/qt/qt_toolkit.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QUrl>
+#include <vector>
+
+#include "frontends/qt/form_dialog.h"
+#include "frontends/qt/message_window.h"
+#include "frontends/qt/qt_application.h"
+#include "frontends/qt/qt_text.h"
+
+namespace fiscalon {
+
+struct QtToolkit::State {
+  QtApplication application;
+  std::vector<FormDialog*> dialogs;
+  ActWatcher* watcher = nullptr;
+
+  MessageAnswer Ask(const MessageBox& box) const;
+  QWidget* TopWindow() const { return dialogs.empty() ? QApplication::activeWindow() : dialogs.back(); }
+};
+
+QtToolkit::QtToolkit() : state_(std::make_unique<State>()) {}
+QtToolkit::~QtToolkit() = default;
+
+bool QtToolkit::HasDisplay() {
+  return QtApplication::CanShow();
+}
+
+void QtToolkit::Watch(ActWatcher* watcher) {
+  state_->watcher = watcher;
+}
+
+void QtToolkit::ServeModal(Form& form) {
+  if (state_->watcher != nullptr)
+    state_->watcher->Opened(form);
+  FormDialog dialog(form, state_->TopWindow(), state_->watcher);
+  state_->dialogs.push_back(&dialog);
+  dialog.Serve();
+  state_->dialogs.pop_back();
+}
+
+MessageAnswer QtToolkit::State::Ask(const MessageBox& box) const {
+  QWidget* parent = TopWindow();
+  const auto window = NewMessageWindow(box, parent);
+  window->exec();
+  // Without a window manager nobody gives the keyboard back to the window beneath.
+  if (parent != nullptr)
+    parent->activateWindow();
+  return AnswerOf(*window, box);
+}
+
+MessageAnswer QtToolkit::ShowMessage(const MessageBox& box) {
+  const MessageAnswer answer = state_->Ask(box);
+  if (state_->watcher != nullptr)
+    state_->watcher->BoxAnswered(box, answer);
+  return answer;
+}
+
+void QtToolkit::Beep() {
+  if (state_->watcher != nullptr)
+    state_->watcher->Beeped();
+  QApplication::beep();
+}
+
+void QtToolkit::OpenHelp(std::string_view file, int32_t context) {
+  if (state_->watcher != nullptr)
+    state_->watcher->HelpOpened(file, context);
+  const QString path = ToQt(file.substr(0, file.find('>')));
+  if (!QFileInfo::exists(path))
+    state_->Ask({.text = "The help file " + FromQt(path) + " is missing.", .style = MessageStyle::Exclamation});
+  else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath())))
+    state_->Ask({.text = "No program on this computer opens the help file " + FromQt(path) + ".",
+                 .style = MessageStyle::Exclamation});
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "core/forms/text_field.h"
+#include "frontends/qt/control_view.h"
+#include "frontends/scripted/act_watcher.h"
+
+namespace fiscalon {
+
+/// A text field. The editor is native; the form hears what it makes of the text, and may change that.
+class TextView : public ControlView {
+ public:
+  void Refresh() override;
+  void Edit(const KeyOutcome& outcome, QKeyEvent& event) override;
+  void Insert(char character) override;
+  bool MousePressed(QMouseEvent& event) override;
+
+ protected:
+  TextView(TextField& field, QWidget& native, DialogActs& acts) : ControlView(field, native, acts), field_(field) {}
+
+  TextField& Field() const { return field_; }
+  /// Signals of the native editor: its text was edited, its caret or selection moved.
+  void Edited();
+  void SelectionMoved();
+  /// The palette of the editor: shaded where the field is locked.
+  QPalette Shades() const;
+
+  // The native editor. Positions count its own characters.
+  virtual QString NativeText() const = 0;
+  virtual void SetNativeText(const QString& text) = 0;
+  virtual Selection NativeSelection() const = 0;
+  virtual void SetNativeSelection(Selection selection) = 0;
+  virtual void InsertNatively(const QString& text) = 0;
+  virtual void SetLocked(bool locked) = 0;
+
+ private:
+  /// Runs native editing, and tells the form what came of it afterwards.
+  template <class Editing>
+  void EditWith(Editing&& editing);
+  void Report(EditAct::Origin origin);
+  /// Left and Right leave a selection at its end, on every desktop.
+  bool CollapseSelection(const QKeyEvent& event);
+  Selection InCodePage(Selection native) const;
+
+  TextField& field_;
+  bool refreshing_ = false;
+  bool editing_ = false;
+};
+
+class LineView final : public TextView {
+ public:
+  LineView(TextField& field, QWidget& parent, DialogActs& acts);
+
+  void Restyle() override;
+
+ private:
+  QString NativeText() const override { return native_.text(); }
+  void SetNativeText(const QString& text) override;
+  Selection NativeSelection() const override;
+  void SetNativeSelection(Selection selection) override;
+  void InsertNatively(const QString& text) override { native_.insert(text); }
+  void SetLocked(bool locked) override;
+
+  QLineEdit& native_;
+};
+
+class MultiLineView final : public TextView {
+ public:
+  MultiLineView(TextField& field, QWidget& parent, DialogActs& acts);
+
+  QWidget& MouseArea() const override { return *native_.viewport(); }
+  void Restyle() override;
+
+ private:
+  QString NativeText() const override;
+  void SetNativeText(const QString& text) override { native_.setPlainText(text); }
+  Selection NativeSelection() const override;
+  void SetNativeSelection(Selection selection) override;
+  void InsertNatively(const QString& text) override { native_.insertPlainText(text); }
+  void SetLocked(bool locked) override;
+
+  QPlainTextEdit& native_;
+};
+
+}  // namespace fiscalon

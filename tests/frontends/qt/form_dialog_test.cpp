@@ -1,0 +1,206 @@
+#include "frontends/qt/form_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "core/launch.h"
+#include "core/module_state.h"
+#include "core/session.h"
+#include "tests/frontends/qt/played_form.h"
+
+namespace fiscalon {
+namespace {
+
+class Dialog : public testing::Test, protected PlayedForm {
+ protected:
+  EveryKindForm form;
+
+  static QRect Place(const FormDialog& dialog, const Control& control) {
+    const QWidget& widget = dialog.WidgetOf(control);
+    return {widget.mapTo(&dialog, QPoint(0, 0)), widget.size()};
+  }
+  /// Labels that need more room than they have.
+  static void ExpectNothingClipped(const FormDialog& dialog, const Form& shown) {
+    for (const Control* control : shown.Controls()) {
+      const QWidget& widget = dialog.WidgetOf(*control);
+      if (!widget.isVisible())
+        continue;
+      EXPECT_GE(widget.width(), widget.minimumSizeHint().width()) << shown.Name() << " " << control->Name();
+      EXPECT_GE(widget.height(), widget.minimumSizeHint().height()) << shown.Name() << " " << control->Name();
+      EXPECT_TRUE(dialog.rect().contains(Place(dialog, *control))) << shown.Name() << " " << control->Name();
+    }
+  }
+};
+
+TEST_F(Dialog, HasTheTitleOfTheForm) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    EXPECT_EQ(dialog.windowTitle(), "A form under test");
+    form.Caption("Soci\xE9t\xE9 Summit");
+    EXPECT_EQ(dialog.windowTitle(), QString::fromUtf8("Société Summit"));
+    EXPECT_TRUE(dialog.isModal());
+  });
+}
+
+TEST_F(Dialog, HasAWidgetForEachKindOfControl) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    EXPECT_EQ(In<QLabel>(dialog, form.lblAmount).text(), "$123.45");
+    EXPECT_EQ(In<QLineEdit>(dialog, form.txtPeriod).maxLength(), 6);
+    EXPECT_EQ(In<QLineEdit>(dialog, form.txtPeriod).alignment() & Qt::AlignHorizontal_Mask, Qt::AlignLeft);
+    EXPECT_EQ(In<QLineEdit>(dialog, form.txtTotal).alignment() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
+    EXPECT_TRUE(In<QLineEdit>(dialog, form.txtPayee).isReadOnly());
+    EXPECT_TRUE(In<QPlainTextEdit>(dialog, form.txtPurpose).isVisible());
+    EXPECT_EQ(In<QPushButton>(dialog, form.cmdOK).text(), "&OK");
+    EXPECT_FALSE(In<QPushButton>(dialog, form.cmdOK).autoDefault());
+    EXPECT_TRUE(In<QAbstractButton>(dialog, form.chkFinal).isCheckable());
+    const QFontMetrics rows(dialog.WidgetOf(form.lstInvoices).font());
+    EXPECT_EQ(rows.horizontalAdvance(u'i'), rows.horizontalAdvance(u'W'));
+    EXPECT_EQ(In<QGroupBox>(dialog, form.fraKind).title(), "Kind of payment");
+    EXPECT_TRUE(dialog.WidgetOf(form.fraKind).isAncestorOf(&dialog.WidgetOf(form.optSecond)));
+  });
+}
+
+TEST_F(Dialog, ShadesALockedFieldWithTheThemesOwnColours) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    const QPalette theme = QApplication::palette();
+    ASSERT_NE(theme.color(QPalette::Base), theme.color(QPalette::Window));
+    const auto shade = [&](const Control& control) { return dialog.WidgetOf(control).palette().color(QPalette::Base); };
+    EXPECT_EQ(shade(form.txtPayee), theme.color(QPalette::Window));
+    EXPECT_EQ(shade(form.txtPeriod), theme.color(QPalette::Base));
+    form.txtPeriod.Locked(true);
+    EXPECT_EQ(shade(form.txtPeriod), theme.color(QPalette::Window));
+    form.txtPeriod.Locked(false);
+    EXPECT_EQ(shade(form.txtPeriod), theme.color(QPalette::Base));
+  });
+}
+
+TEST_F(Dialog, FollowsAThemeThatChanges) {
+  const QPalette before = QApplication::palette();
+  const QFont fontBefore = QApplication::font();
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    QPalette dark(QColor(45, 45, 48));
+    dark.setColor(QPalette::Base, QColor(20, 20, 20));
+    QApplication::setPalette(dark);
+    QFont large = fontBefore;
+    large.setPointSizeF(fontBefore.pointSizeF() * 2);
+    QApplication::setFont(large);
+    // Layouts are anew once the widgets have told each other.
+    for (int i = 0; i < 3; ++i) QApplication::processEvents();
+    EXPECT_EQ(dialog.WidgetOf(form.txtPayee).palette().color(QPalette::Base), QColor(45, 45, 48));
+    EXPECT_EQ(dialog.WidgetOf(form.txtPeriod).palette().color(QPalette::Base), QColor(20, 20, 20));
+    EXPECT_EQ(dialog.WidgetOf(form.lblPeriod).font().pointSizeF(), large.pointSizeF());
+    ExpectNothingClipped(dialog, form);
+  });
+  QApplication::setFont(fontBefore);
+  QApplication::setPalette(before);
+}
+
+TEST_F(Dialog, AlignsCaptionsAndFieldsThroughItsGroups) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    const int fields = Place(dialog, form.txtPeriod).left();
+    EXPECT_EQ(Place(dialog, form.txtPayee).left(), fields);
+    EXPECT_EQ(Place(dialog, form.lblAmount).left(), fields);
+    EXPECT_EQ(Place(dialog, form.txtTotal).left(), fields);
+    EXPECT_EQ(Place(dialog, form.cmbProvince).left(), fields);
+    EXPECT_EQ(Place(dialog, form.lblPayee).left(), Place(dialog, form.lblPeriod).left());
+  });
+}
+
+TEST_F(Dialog, PutsAHintRightBesideItsField) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    const QRect field = Place(dialog, form.txtPeriod), hint = Place(dialog, form.lblHint);
+    EXPECT_GT(hint.left(), field.right());
+    EXPECT_LT(hint.left() - field.right(), 20);
+    EXPECT_NEAR(hint.center().y(), field.center().y(), 2);
+  });
+}
+
+TEST_F(Dialog, MakesTheTotalStandOut) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    EXPECT_TRUE(dialog.WidgetOf(form.lblTotal).font().bold());
+    EXPECT_TRUE(dialog.WidgetOf(form.txtTotal).font().bold());
+    EXPECT_FALSE(dialog.WidgetOf(form.txtPeriod).font().bold());
+  });
+}
+
+TEST_F(Dialog, HidesAndDisablesWhatLiesInAFrame) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    form.fraKind.Enabled(false);
+    EXPECT_FALSE(user.Enabled(form.optFirst));
+    EXPECT_FALSE(In(dialog, form.optSecond).isEnabled());
+    form.fraKind.Visible(false);
+    EXPECT_FALSE(user.Visible(form.optFirst));
+    form.fraKind.Visible(true);
+    form.fraKind.Enabled(true);
+    EXPECT_TRUE(user.Visible(form.optFirst));
+    EXPECT_TRUE(user.Enabled(form.optFirst));
+  });
+}
+
+TEST_F(Dialog, GrowsWhenWhatItShowsGrows) {
+  form.when["Form_Load"] = [this] {
+    form.lblPurpose.Visible(false);
+    form.txtPurpose.Visible(false);
+  };
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    EXPECT_FALSE(user.Visible(form.txtPurpose));
+    form.lblPeriod.Caption("The last day of the period that this payment is made for, as it stands on the form:");
+    form.lblPurpose.Visible(true);
+    form.txtPurpose.Visible(true);
+    QApplication::processEvents();
+    ExpectNothingClipped(dialog, form);
+  });
+}
+
+TEST_F(Dialog, ShowsControlsThatTheLayoutForgets) {
+  TwoFieldForm forgetful;
+  Show(forgetful, [&](FormDialog& dialog, UserDriver& user) {
+    user.Click(forgetful.txtB);
+    Type(user, "x");
+    EXPECT_EQ(forgetful.txtB.Text(), "x");
+    EXPECT_TRUE(dialog.WidgetOf(forgetful.cmdOK).isVisible());
+    ExpectNothingClipped(dialog, forgetful);
+  });
+}
+
+TEST_F(Dialog, GoesThroughItsControlsInTheFormsTabOrder) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    std::vector<std::string> order;
+    const QWidget* first = &dialog.WidgetOf(form.optFirst);
+    const QWidget* widget = first;
+    do {
+      if (const Control* control = dialog.ControlOf(widget); control && widget->focusPolicy() != Qt::NoFocus)
+        order.push_back(control->Name());
+      widget = widget->nextInFocusChain();
+    } while (widget != first);
+    EXPECT_EQ(order,
+              (std::vector<std::string>{"optFirst", "optSecond", "txtPeriod", "txtTotal", "txtPurpose", "chkFinal",
+                                        "cmbProvince", "lstInvoices", "txtPayee", "cmdOK", "cmdCancel"}));
+  });
+}
+
+TEST_F(Dialog, PlacesEveryControlOfEveryScreenWhole) {
+  ResetModule();
+  UseToolkit(&toolkit);
+  int screens = 0;
+  toolkit.onForm = [&](Form& shown, UserDriver&) {
+    ++screens;
+    ExpectNothingClipped(*toolkit.Dialog(), shown);
+  };
+  for (const LaunchRow& row : LaunchTable()) {
+    if (row.make == nullptr)
+      continue;
+    Levyra session;
+    session.CompCode("001052");
+    session.CompName("The Summit Levies and Remittances Board of the Province");
+    session.PaidAmount("99999999999");
+    session.PaidDate("06152026");
+    session.NumberOfInfoCollect("12");
+    session.ShowLevyraScreen(row.code);
+  }
+  EXPECT_GE(screens, 3);
+  ResetModule();
+}
+
+}  // namespace
+}  // namespace fiscalon

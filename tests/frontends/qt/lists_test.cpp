@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QWheelEvent>
+
+#include "tests/frontends/qt/played_form.h"
+
+namespace fiscalon {
+namespace {
+
+class Lists : public testing::Test, protected PlayedForm {
+ protected:
+  EveryKindForm form;
+
+  QComboBox& Provinces(const FormDialog& dialog) { return In<QComboBox>(dialog, form.cmbProvince); }
+  QListWidget& Invoices(const FormDialog& dialog) { return In<QListWidget>(dialog, form.lstInvoices); }
+};
+
+TEST_F(Lists, ShowTheirRows) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    EXPECT_EQ(Provinces(dialog).count(), 3);
+    EXPECT_EQ(Provinces(dialog).itemText(2), "Quebec");
+    EXPECT_EQ(Provinces(dialog).currentIndex(), -1);
+    EXPECT_FALSE(Provinces(dialog).isEditable());
+    EXPECT_EQ(Invoices(dialog).count(), 3);
+    EXPECT_EQ(Invoices(dialog).currentRow(), -1);
+    form.lstInvoices.AddItem("INV-4   40.00");
+    form.lstInvoices.RemoveItem(0);
+    form.lstInvoices.ListIndex(1);
+    EXPECT_EQ(Invoices(dialog).count(), 3);
+    EXPECT_EQ(Invoices(dialog).item(0)->text(), "INV-2   20.00");
+    EXPECT_EQ(Invoices(dialog).currentItem()->text(), "INV-3   30.00");
+    form.cmbProvince.Clear();
+    EXPECT_EQ(Provinces(dialog).count(), 0);
+  });
+}
+
+TEST_F(Lists, AreChosenFromByMouse) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    form.TakeNotes();
+    user.Choose(form.cmbProvince, 1);
+    EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Click");
+    EXPECT_EQ(form.cmbProvince.Text(), "Manitoba");
+    EXPECT_EQ(Provinces(dialog).currentText(), "Manitoba");
+    EXPECT_FALSE(Provinces(dialog).view()->isVisible());
+    user.Choose(form.cmbProvince, 1);
+    EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Click") << "the selected row clicks again";
+    user.Choose(form.lstInvoices, 2);
+    EXPECT_EQ(form.TakeNotes(),
+              (Notes{"lstInvoices_MouseDown", "cmbProvince_LostFocus", "lstInvoices_MouseDown", "lstInvoices_Click"}));
+    EXPECT_EQ(form.lstInvoices.ListIndex(), 2);
+    EXPECT_EQ(Invoices(dialog).currentRow(), 2);
+  });
+}
+
+TEST_F(Lists, StayAsTheyWereWhereACheckPullsTheFocusBack) {
+  form.when["txtPeriod_LostFocus"] = [this] { form.txtPeriod.SetFocus(); };
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    user.Click(form.txtPeriod);
+    user.Choose(form.cmbProvince, 1);
+    EXPECT_EQ(Provinces(dialog).currentIndex(), -1);
+    EXPECT_FALSE(Provinces(dialog).view()->isVisible());
+    user.Choose(form.lstInvoices, 1);
+    EXPECT_EQ(Invoices(dialog).currentRow(), -1);
+    EXPECT_EQ(user.FocusName(), "txtPeriod");
+  });
+}
+
+TEST_F(Lists, AreSteppedThroughByKeys) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    form.cmbProvince.SetFocus();
+    form.TakeNotes();
+    Press(user, "Down");
+    Press(user, "Down");
+    EXPECT_EQ(Provinces(dialog).currentText(), "Manitoba");
+    EXPECT_EQ(form.TakeNotes(), (Notes{"optFirst_LostFocus", "cmbProvince_Click", "cmbProvince_Click"}));
+    user.Type('q');
+    EXPECT_EQ(Provinces(dialog).currentText(), "Quebec");
+    form.lstInvoices.SetFocus();
+    Press(user, "End");
+    EXPECT_EQ(Invoices(dialog).currentRow(), 2);
+    Press(user, "Home");
+    EXPECT_EQ(Invoices(dialog).currentRow(), 0);
+  });
+}
+
+TEST_F(Lists, DropDownByKeyboardToo) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    form.cmbProvince.SetFocus();
+    for (const auto& [key, modifier] :
+         {std::pair(Qt::Key_F4, Qt::NoModifier), std::pair(Qt::Key_Down, Qt::AltModifier)}) {
+      form.cmbProvince.ListIndex(0);
+      form.TakeNotes();
+      QTest::keyClick(dialog.windowHandle(), key, modifier);
+      ASSERT_TRUE(Provinces(dialog).view()->isVisible());
+      QWindow* popup = Provinces(dialog).view()->window()->windowHandle();
+      QTest::keyClick(popup, Qt::Key_Down);
+      EXPECT_EQ(form.cmbProvince.ListIndex(), 0) << "nothing is chosen yet";
+      QTest::keyClick(popup, Qt::Key_Return);
+      EXPECT_EQ(form.cmbProvince.ListIndex(), 1);
+      EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Click");
+    }
+  });
+}
+
+TEST_F(Lists, AreNotChangedByTheWheel) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    form.cmbProvince.SetFocus();
+    form.cmbProvince.ListIndex(0);
+    const QPointF middle = QRectF(Provinces(dialog).rect()).center();
+    QWheelEvent turn(middle, Provinces(dialog).mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                     Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&Provinces(dialog), &turn);
+    EXPECT_EQ(form.cmbProvince.ListIndex(), 0);
+    EXPECT_EQ(Provinces(dialog).currentIndex(), 0);
+  });
+}
+
+TEST_F(Lists, AreChosenFromByAnAssistiveProgram) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    form.TakeNotes();
+    Invoices(dialog).setCurrentRow(1);
+    EXPECT_EQ(form.lstInvoices.ListIndex(), 1);
+    EXPECT_EQ(form.TakeNotes().back(), "lstInvoices_Click");
+  });
+}
+
+}  // namespace
+}  // namespace fiscalon
