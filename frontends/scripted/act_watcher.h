@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "core/forms/keys.h"
+#include "core/forms/text_field.h"
+#include "core/platform/toolkit.h"
+
+namespace fiscalon {
+
+class Form;
+class ListControl;
+
+// The acts of a user as a front end passes them on to `UserActs`.
+struct KeyAct {
+  KeyStroke stroke = {};
+};
+/// The front end's editing has made this of a field's text.
+struct EditAct {
+  enum class Origin {
+    /// What the form has left of the key before.
+    Key,
+    /// A menu, the mouse, an assistive program.
+    Elsewhere,
+  };
+
+  TextField* field = nullptr;
+  std::string text = {};
+  Selection selection = {};
+  Origin origin = Origin::Elsewhere;
+};
+struct PressAct {
+  Control* control = nullptr;
+};
+struct ReleaseAct {
+  Control* control = nullptr;
+};
+struct ClickAct {
+  Control* control = nullptr;
+};
+struct ChooseAct {
+  ListControl* list = nullptr;
+  int row = 0;
+};
+struct BringFocusAct {
+  Control* control = nullptr;
+};
+struct CloseAct {
+  int reason = 0;
+};
+using UserAct = std::variant<KeyAct, EditAct, PressAct, ReleaseAct, ClickAct, ChooseAct, BringFocusAct, CloseAct>;
+
+/// Hears of all that a user does at a front end and is shown by it. Form and fields are still as they were before the
+/// act when it begins.
+class ActWatcher {
+ public:
+  virtual ~ActWatcher() = default;
+
+  virtual void Opened(Form& /*form*/) {}
+  virtual void ActBegins(const UserAct& /*act*/) {}
+  /// The act and all that it has set off are over.
+  virtual void ActEnded() {}
+  virtual void BoxAnswered(const MessageBox& /*box*/, MessageAnswer /*answer*/) {}
+  virtual void Beeped() {}
+  virtual void HelpOpened(std::string_view /*file*/, int32_t /*context*/) {}
+};
+
+}  // namespace fiscalon
