@@ -97,9 +97,13 @@ constexpr size_t kSlotWidth = FieldNamed(kFreeFormatLayout, "FieldNum", 1).Offse
 constexpr size_t kSlotsEnd = kNumberOffset + kSlotsPerRecord * kSlotWidth;
 constexpr size_t kPeriodOffset = FieldNamed(kGovernmentLayout, "PeriodDueDate").Offset();
 
+/// The rule of a number that a rule set does not have, as a rule set of its own.
+constexpr std::array kUnusedFields = {kUnusedField};
+
 /// Whether a value passes by the short cut of a rule that is known when this is compiled.
-template <const FieldRule& kRule>
-inline bool PassesPlainly(const char* value, const Expectation& expected, PlainTotal& total) {
+template <const auto& kFields, size_t kAt>
+inline bool PassesPlainlyAt(const char* value, const Expectation& expected, PlainTotal& total) {
+  constexpr const FieldRule& kRule = kFields[kAt];
   if constexpr (!kRule.onlyForBiller.empty()) {
     if (kRule.onlyForBiller != expected.billerCode)
       return true;
@@ -116,8 +120,8 @@ inline bool PassesPlainly(size_t index, const char* value, const Expectation& ex
                           std::index_sequence<kIndex...>) {
   bool passes = false;
   const bool found =
-      ((index == kIndex && (passes = PassesPlainly<kFields[kIndex]>(value, expected, total), true)) || ...);
-  return found ? passes : PassesPlainly<kUnusedField>(value, expected, total);
+      ((index == kIndex && (passes = PassesPlainlyAt<kFields, kIndex>(value, expected, total), true)) || ...);
+  return found ? passes : PassesPlainlyAt<kUnusedFields, 0>(value, expected, total);
 }
 
 /// Whether a payment passes by short cuts alone, as nearly all good ones do. False says nothing.
