@@ -111,7 +111,7 @@ class LaunchTest : public ModuleTest {
 
   /// Shows a screen on which the user does that.
   bool Show(std::string_view code, const std::string& form, void (NotingScreen::*act)()) {
-    frontEnd.serve = [&] { (ScreenOf(form).*act)(); };
+    frontEnd.serve = [form, act] { (ScreenOf(form).*act)(); };
     return session.ShowLevyraScreen(code);
   }
   bool PressOk() { return Show("01", "frmPlain", &NotingScreen::PressOk); }

@@ -62,7 +62,8 @@ TEST(CutFreeFormat, GivesAllFourSlotsBlankOnesToo) {
 }
 
 TEST(CutFreeFormat, NeverLooksBeyondColumn88) {
-  const auto slots = CutFreeFormat(std::string(88, 'x') + "beyond");
+  const std::string record = std::string(88, 'x') + "beyond";
+  const auto slots = CutFreeFormat(record);
   EXPECT_EQ(slots[3].fieldValue, std::string(18, 'x'));
 }
 
