@@ -55,13 +55,17 @@ void Control::Visible(bool visible) {
   form_.KeepFocusOnTakingControl();
 }
 
+bool Control::EnabledInFrames() const {
+  return Enabled() && (design_.frame == nullptr || design_.frame->EnabledInFrames());
+}
+
+bool Control::VisibleInFrames() const {
+  return Visible() && (design_.frame == nullptr || design_.frame->VisibleInFrames());
+}
+
 bool Control::CanTakeFocus() const {
-  if (!form_.IsUp() || kind_ == ControlKind::Label || kind_ == ControlKind::Frame)
-    return false;
-  for (const Control* control = this; control != nullptr; control = control->design_.frame)
-    if (!control->visible_ || !control->enabled_)
-      return false;
-  return true;
+  const bool takesKeys = kind_ != ControlKind::Label && kind_ != ControlKind::Frame;
+  return form_.IsUp() && takesKeys && VisibleInFrames() && EnabledInFrames();
 }
 
 void Control::SetFocus() {

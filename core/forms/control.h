@@ -73,6 +73,10 @@ class Control {
   bool Visible() const;
   void Visible(bool visible);
 
+  /// As the user sees it: a control that lies in a frame is there, and takes input, with the frame alone.
+  bool EnabledInFrames() const;
+  bool VisibleInFrames() const;
+
   /// Visible and enabled, with all that it lies in, on a form that is up, and of a kind that has keyboard input.
   bool CanTakeFocus() const;
 

@@ -13,16 +13,9 @@
 
 namespace fiscalon {
 
-bool HoldsWithFrames(const Control& control, bool (Control::*property)() const) {
-  for (const Control* each = &control; each != nullptr; each = each->Designed().frame)
-    if (!(each->*property)())
-      return false;
-  return true;
-}
-
 void ControlView::Refresh() {
-  widget_.setEnabled(HoldsWithFrames(control_, &Control::Enabled));
-  widget_.setVisible(HoldsWithFrames(control_, &Control::Visible));
+  widget_.setEnabled(control_.EnabledInFrames());
+  widget_.setVisible(control_.VisibleInFrames());
 }
 
 bool ControlView::MousePressed(QMouseEvent& event) {

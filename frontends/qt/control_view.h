@@ -77,7 +77,4 @@ class ControlView {
 
 std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, DialogActs& acts);
 
-/// A property of a control and of all frames that it lies in.
-bool HoldsWithFrames(const Control& control, bool (Control::*property)() const);
-
 }  // namespace fiscalon

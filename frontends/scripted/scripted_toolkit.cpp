@@ -14,13 +14,6 @@ const TextField* AsTextField(const Control* control) {
                                                                          : nullptr;
 }
 
-bool HoldsWithFrames(const Control& control, bool (Control::*property)() const) {
-  for (const Control* each = &control; each != nullptr; each = each->Designed().frame)
-    if (!(each->*property)())
-      return false;
-  return true;
-}
-
 }  // namespace
 
 void ScriptedUser::Type(char character) {
@@ -90,11 +83,11 @@ std::string ScriptedUser::SelectedText(Control& control) {
 }
 
 bool ScriptedUser::Enabled(Control& control) {
-  return HoldsWithFrames(control, &Control::Enabled);
+  return control.EnabledInFrames();
 }
 
 bool ScriptedUser::Visible(Control& control) {
-  return HoldsWithFrames(control, &Control::Visible);
+  return control.VisibleInFrames();
 }
 
 bool ScriptedUser::Checked(Control& control) {

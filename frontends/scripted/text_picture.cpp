@@ -41,13 +41,6 @@ std::string Plain(std::string_view caption) {
   return ToUtf8(plain);
 }
 
-bool IsShown(const Control& control) {
-  for (const Control* each = &control; each != nullptr; each = each->Designed().frame)
-    if (!each->Visible())
-      return false;
-  return true;
-}
-
 std::string DrawTextField(const TextField& field) {
   constexpr int kUnlimitedWidth = 30;
   constexpr int kWidest = 50;
@@ -110,7 +103,7 @@ class FormPicture {
       return {};
     const std::string drawn = DrawControl(*control);
     const std::string mark = isField ? (control == form_.ActiveControl() ? "> " : "  ") : "";
-    return IsShown(*control) ? mark + drawn : std::string(Width(mark + drawn), ' ');
+    return control->VisibleInFrames() ? mark + drawn : std::string(Width(mark + drawn), ' ');
   }
 
   std::string DrawFieldWithHint(const Cell& cell) const {
@@ -163,7 +156,7 @@ class FormPicture {
   static std::vector<std::string> DrawListRows(const Row& row) {
     std::vector<std::string> lines;
     for (const Cell& cell : row.cells) {
-      if (cell.field == nullptr || cell.field->Kind() != ControlKind::ListBox || !IsShown(*cell.field))
+      if (cell.field == nullptr || cell.field->Kind() != ControlKind::ListBox || !cell.field->VisibleInFrames())
         continue;
       const auto& list = static_cast<const ListBox&>(*cell.field);
       for (int i = 0; i < list.ListCount(); ++i)
