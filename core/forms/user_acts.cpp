@@ -217,11 +217,23 @@ void UserActs::ClickInside(Control& control) {
     static_cast<OptionButton&>(control).Value(true);
 }
 
+void UserActs::PickInside(ListControl& list, int row) {
+  // What runs before the click may take rows away.
+  if (row >= 0 && row < list.ListCount())
+    list.Pick(row);
+}
+
+void UserActs::Pick(ListControl& list, int row) {
+  form_.Act(Form::ActPart::Further, [&] {
+    if (form_.ActiveControl() == &list && list.CanTakeFocus())
+      PickInside(list, row);
+  });
+}
+
 void UserActs::Choose(ListControl& list, int row) {
   form_.Act(Form::ActPart::First, [&] {
-    // What runs before the click may take rows away.
-    if (PressInside(list) && row >= 0 && row < list.ListCount())
-      list.Pick(row);
+    if (PressInside(list))
+      PickInside(list, row);
   });
 }
 

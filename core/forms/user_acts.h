@@ -45,7 +45,10 @@ class UserActs {
   void Release(Control& control);
   void Click(Control& control);
 
-  /// A row of a list is picked with the mouse.
+  /// A row of a list is picked after the list was pressed, or dropped down by a key: selects it if the list still has
+  /// the focus.
+  void Pick(ListControl& list, int row);
+  /// A list is pressed and a row of it picked.
   void Choose(ListControl& list, int row);
 
   /// The focus came to a control by a way of the front end's own, such as an assistive program.
@@ -70,6 +73,7 @@ class UserActs {
 
   bool PressInside(Control& control);
   void ClickInside(Control& control);
+  static void PickInside(ListControl& list, int row);
 
   Form& form_;
 };

@@ -166,6 +166,29 @@ TEST(ArrowKeys, ClickWhenTheRowChangesAndNotAtTheEnds) {
   });
 }
 
+TEST(Pick, ClicksAfterAPress) {
+  ListsForm form;
+  Play(form, [&](FormUser& user) {
+    EXPECT_TRUE(user.acts.Press(form.lstRows));
+    EXPECT_EQ(form.TakeNotes(), (Notes{"lstRows_MouseDown", "cmbKind_LostFocus"}));
+    user.acts.Pick(form.lstRows, 2);
+    EXPECT_EQ(form.TakeNotes(), Notes{"lstRows_Click"});
+    EXPECT_EQ(form.lstRows.Text(), "Tobacco Tax");
+  });
+}
+
+TEST(Pick, DoesNothingWithoutTheFocusOrTheRow) {
+  ListsForm form;
+  Play(form, [&](FormUser& user) {
+    user.acts.Pick(form.lstRows, 1);
+    user.acts.Pick(form.cmbKind, 3);
+    user.acts.Pick(form.cmbKind, -1);
+    EXPECT_EQ(form.lstRows.ListIndex(), -1);
+    EXPECT_EQ(form.cmbKind.ListIndex(), -1);
+    EXPECT_EQ(form.TakeNotes(), Notes());
+  });
+}
+
 TEST(ArrowKeys, SelectTheFirstRowWhereNoneIs) {
   ListsForm form;
   Play(form, [&](FormUser& user) { EXPECT_EQ(RowAfterEach(form.cmbKind, user, "Up", 1), std::vector<int>{0}); });
