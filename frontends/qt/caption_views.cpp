@@ -5,14 +5,12 @@
 
 namespace fiscalon {
 
-QString PlainCaption(std::string_view caption) {
-  std::string plain;
-  for (size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == '&' && i + 1 < caption.size())
-      ++i;
-    plain += caption[i];
-  }
-  return ToQt(plain);
+QString AsShown(const QString& caption) {
+  return QString(caption).replace(u'&', QStringLiteral("&&"));
+}
+
+QString AsCaption(QString shown) {
+  return shown.replace(QStringLiteral("&&"), QStringLiteral("&"));
 }
 
 LabelView::LabelView(Label& label, QWidget& parent, DialogActs& acts)
@@ -25,9 +23,11 @@ LabelView::LabelView(Label& label, QWidget& parent, DialogActs& acts)
 
 void LabelView::Refresh() {
   ControlView::Refresh();
+  // Only a label that belongs to a field reads "&" as a mark.
   const QString caption = ToQt(label_.Caption());
-  if (native_.text() != caption)
-    native_.setText(caption);
+  const QString shown = native_.buddy() == nullptr ? caption : AsShown(caption);
+  if (native_.text() != shown)
+    native_.setText(shown);
 }
 
 void LabelView::Restyle() {
@@ -39,9 +39,9 @@ FrameView::FrameView(Frame& frame, QWidget& parent, DialogActs& acts)
 
 void FrameView::Refresh() {
   ControlView::Refresh();
-  const QString caption = ToQt(frame_.Caption());
-  if (native_.title() != caption)
-    native_.setTitle(caption);
+  const QString shown = AsShown(ToQt(frame_.Caption()));
+  if (native_.title() != shown)
+    native_.setTitle(shown);
 }
 
 }  // namespace fiscalon

@@ -33,7 +33,9 @@ class FrameView final : public ControlView {
   QGroupBox& native_;
 };
 
-/// A caption as it reads: without the marks of access keys.
-QString PlainCaption(std::string_view caption);
+/// In labels and frames an ampersand is one; Qt would take it for the mark of an access key.
+QString AsShown(const QString& caption);
+/// The other way round: the caption that is shown so.
+QString AsCaption(QString shown);
 
 }  // namespace fiscalon

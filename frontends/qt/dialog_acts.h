@@ -43,6 +43,10 @@ class DialogActs {
   void Click(Control& control) {
     Do(ClickAct{&control}, [&] { acts_.Click(control); });
   }
+  /// The act of choosing has begun with a press, if the mouse was it.
+  void Pick(ListControl& list, int row) {
+    Do(ChooseAct{&list, row}, [&] { acts_.Pick(list, row); });
+  }
   void Choose(ListControl& list, int row) {
     Do(ChooseAct{&list, row}, [&] { acts_.Choose(list, row); });
   }

@@ -1,6 +1,8 @@
 #include "frontends/qt/list_views.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <utility>
 
@@ -31,10 +33,22 @@ DropDownView::DropDownView(DropDownList& list, QWidget& parent, DialogActs& acts
     : ControlView(list, *new QComboBox(&parent), acts), list_(list), native_(static_cast<QComboBox&>(Widget())) {
   native_.setSizeAdjustPolicy(QComboBox::AdjustToContents);
   QObject::connect(&native_, &QComboBox::activated, &native_, [this](int row) {
-    Acts().Choose(list_, row);
+    // Without the focus it was an assistive program.
+    if (IsActive())
+      Acts().Pick(list_, row);
+    else
+      Acts().Choose(list_, row);
     if (list_.Owner().IsUp())
       Refresh();
   });
+}
+
+bool DropDownView::MousePressed(QMouseEvent& event) {
+  const AfterPress after = event.button() == Qt::LeftButton ? Press() : AfterPress::Over;
+  // A check has shown a box and let the focus go: the user has asked for the rows and gets them.
+  if (after == AfterPress::Interrupted)
+    native_.showPopup();
+  return after != AfterPress::Goes;
 }
 
 void DropDownView::Refresh() {
@@ -97,21 +111,36 @@ void ListBoxView::Restyle() {
 
 bool ListBoxView::MousePressed(QMouseEvent& event) {
   pressedRow_ = ListControl::kNothingSelected;
-  if (ControlView::MousePressed(event) || !IsActive())
+  interrupted_ = false;
+  const AfterPress after = event.button() == Qt::LeftButton ? Press() : AfterPress::Over;
+  if (after == AfterPress::Over)
     return true;
   pressedRow_ = native_.indexAt(event.position().toPoint()).row();
   if (pressedRow_ >= 0)
     ShowRow(pressedRow_);
+  interrupted_ = after == AfterPress::Interrupted;
+  if (interrupted_ && !QGuiApplication::mouseButtons().testFlag(Qt::LeftButton))
+    Released(pressedRow_);
   return true;
 }
 
 bool ListBoxView::MouseReleased(QMouseEvent& event) {
-  const int row = std::exchange(pressedRow_, ListControl::kNothingSelected);
-  if (row >= 0 && native_.indexAt(event.position().toPoint()).row() == row)
-    Acts().Choose(list_, row);
+  Released(native_.indexAt(event.position().toPoint()).row());
+  return true;
+}
+
+void ListBoxView::ReleasedLate(QPoint globalPosition) {
+  if (interrupted_)
+    Released(native_.indexAt(native_.viewport()->mapFromGlobal(globalPosition)).row());
+}
+
+void ListBoxView::Released(int row) {
+  interrupted_ = false;
+  const int pressed = std::exchange(pressedRow_, ListControl::kNothingSelected);
+  if (pressed >= 0 && pressed == row)
+    Acts().Pick(list_, row);
   if (list_.Owner().IsUp())
     Refresh();
-  return true;
 }
 
 }  // namespace fiscalon

@@ -15,6 +15,7 @@ class DropDownView final : public ControlView {
 
   void Refresh() override;
   bool KeepsKey(const QKeyEvent& event) const override;
+  bool MousePressed(QMouseEvent& event) override;
   // The wheel would change a choice that nobody looks at.
   bool WheelTurned() const override { return true; }
 
@@ -32,14 +33,18 @@ class ListBoxView final : public ControlView {
   void Restyle() override;
   bool MousePressed(QMouseEvent& event) override;
   bool MouseReleased(QMouseEvent& event) override;
+  void ReleasedLate(QPoint globalPosition) override;
 
  private:
   void ShowRow(int row);
+  /// The button comes up over that row.
+  void Released(int row);
 
   ListBox& list_;
   QListWidget& native_;
   bool refreshing_ = false;
   int pressedRow_ = ListControl::kNothingSelected;
+  bool interrupted_ = false;
 };
 
 }  // namespace fiscalon

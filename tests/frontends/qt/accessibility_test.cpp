@@ -47,7 +47,7 @@ TEST_F(Accessibility, DescribesFieldsByTheirHints) {
 
 TEST_F(Accessibility, FollowsALabelThatChanges) {
   Show(form, [&](FormDialog& dialog, UserDriver&) {
-    form.lblPeriod.Caption("Month && year:");
+    form.lblPeriod.Caption("Month & year:");
     EXPECT_EQ(NameOf(dialog, form.txtPeriod), "Month & year");
     form.lblHint.Caption("MMYYYY");
     EXPECT_EQ(Read(dialog, form.txtPeriod, QAccessible::Description), "MMYYYY");

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "frontends/qt/qt_text.h"
 
 namespace fiscalon {
@@ -14,6 +16,10 @@ struct KeyRow {
   QString text;
   KeyStroke stroke;
 };
+
+void PrintTo(const KeyRow& row, std::ostream* out) {
+  *out << row.name;
+}
 
 class StrokeOfKeyEvent : public testing::TestWithParam<KeyRow> {};
 

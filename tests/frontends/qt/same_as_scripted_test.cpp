@@ -54,9 +54,6 @@ class Wanderer {
         Note("press " + name);
         return user.PressMouse(control);
       case 1:
-        // A click on a list drops it down, where keys are the list's own: rows are chosen instead.
-        if (IsList(control))
-          return;
         Note("click " + name);
         return user.Click(control);
       case 2:
