@@ -52,7 +52,9 @@ void PlayedQtToolkit::Opening(Form& form) {
 }
 
 void PlayedQtToolkit::ServeModal(Form& form) {
-  FormDialog dialog(form, Dialog());
+  if (watcher_ != nullptr)
+    watcher_->Opened(form);
+  FormDialog dialog(form, Dialog(), watcher_);
   const Listed listed(dialogs_, dialog);
   dialog.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
   dialog.Present();
@@ -73,15 +75,22 @@ MessageAnswer PlayedQtToolkit::ShowMessage(const MessageBox& box) {
   if (Dialog() != nullptr)
     Dialog()->activateWindow();
   QCoreApplication::processEvents();
-  return AnswerOf(*window, box);
+  const MessageAnswer given = AnswerOf(*window, box);
+  if (watcher_ != nullptr)
+    watcher_->BoxAnswered(box, given);
+  return given;
 }
 
 void PlayedQtToolkit::Beep() {
+  if (watcher_ != nullptr)
+    watcher_->Beeped();
   if (onBeep)
     onBeep();
 }
 
 void PlayedQtToolkit::OpenHelp(std::string_view file, int32_t context) {
+  if (watcher_ != nullptr)
+    watcher_->HelpOpened(file, context);
   if (onHelp)
     onHelp(file, context);
 }

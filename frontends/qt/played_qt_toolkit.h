@@ -4,6 +4,7 @@
 
 #include "core/forms/form_observer.h"
 #include "frontends/qt/qt_application.h"
+#include "frontends/scripted/act_watcher.h"
 #include "frontends/scripted/user_driver.h"
 
 namespace fiscalon {
@@ -23,6 +24,9 @@ class PlayedQtToolkit final : public DrivenToolkit, private FormObserver {
   void Beep() override;
   void OpenHelp(std::string_view file, int32_t context) override;
 
+  /// Who hears of all that the played user does; null for nobody. Not owned.
+  void Watch(ActWatcher* watcher) { watcher_ = watcher; }
+
   /// The dialog that is up; null where none is.
   FormDialog* Dialog() const { return dialogs_.empty() ? nullptr : dialogs_.back(); }
 
@@ -37,6 +41,7 @@ class PlayedQtToolkit final : public DrivenToolkit, private FormObserver {
   Platform platform_;
   QtApplication application_;
   std::vector<FormDialog*> dialogs_;
+  ActWatcher* watcher_ = nullptr;
 };
 
 }  // namespace fiscalon

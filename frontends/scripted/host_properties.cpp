@@ -62,6 +62,12 @@ std::optional<double> NumberFor(Type type, std::string_view value) {
 
 }  // namespace
 
+std::vector<std::string_view> HostPropertyNames() {
+  std::vector<std::string_view> names;
+  for (const HostProperty& property : kHostProperties) names.push_back(property.name);
+  return names;
+}
+
 std::string ComplaintAboutHostProperty(std::string_view name, std::string_view value) {
   const HostProperty* property = Find(name);
   if (property == nullptr) {

@@ -2,11 +2,15 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/session.h"
 
 /// The properties that a host sets on a `Levyra`, by name, for scenarios and command lines.
 namespace fiscalon {
+
+/// The names of all of them, as the host interface has them.
+std::vector<std::string_view> HostPropertyNames();
 
 /// What is wrong with a property's name or value (in UTF-8), or an empty text.
 std::string ComplaintAboutHostProperty(std::string_view name, std::string_view value);
