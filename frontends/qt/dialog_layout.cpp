@@ -1,5 +1,6 @@
 #include "frontends/qt/dialog_layout.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -164,6 +165,8 @@ void DialogLayout::AddRow(QGridLayout& grid, int rowNumber, const Row& row) {
 
 QLayout* DialogLayout::FieldWithHint(const Cell& cell) {
   auto* line = new QHBoxLayout;
+  // A grid with two spacings has none to pass on.
+  line->setSpacing(QFontMetrics(QApplication::font()).horizontalAdvance(u'0'));
   if (cell.field != nullptr) {
     QWidget& field = Place(*cell.field);
     line->addWidget(&field, GrowsWide(*cell.field) ? 1 : 0);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QPointer>
 #include <QUrl>
 #include <vector>
 
@@ -12,6 +13,15 @@
 #include "frontends/qt/qt_text.h"
 
 namespace fiscalon {
+namespace {
+
+/// Without a window manager nobody gives the keyboard back to the window beneath.
+void GiveKeyboardBackTo(QWidget* window) {
+  if (window != nullptr)
+    window->activateWindow();
+}
+
+}  // namespace
 
 struct QtToolkit::State {
   QtApplication application;
@@ -36,19 +46,19 @@ void QtToolkit::Watch(ActWatcher* watcher) {
 void QtToolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
-  FormDialog dialog(form, state_->TopWindow(), state_->watcher);
+  const QPointer<QWidget> parent = state_->TopWindow();
+  FormDialog dialog(form, parent, state_->watcher);
   state_->dialogs.push_back(&dialog);
   dialog.Serve();
   state_->dialogs.pop_back();
+  GiveKeyboardBackTo(parent);
 }
 
 MessageAnswer QtToolkit::State::Ask(const MessageBox& box) const {
   QWidget* parent = TopWindow();
   const auto window = NewMessageWindow(box, parent);
   window->exec();
-  // Without a window manager nobody gives the keyboard back to the window beneath.
-  if (parent != nullptr)
-    parent->activateWindow();
+  GiveKeyboardBackTo(parent);
   return AnswerOf(*window, box);
 }
 
