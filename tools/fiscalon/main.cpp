@@ -4,7 +4,9 @@
 #include <iostream>
 
 #include "frontends/scripted/scenario_grammar.h"
+#include "tools/fiscalon/collect_command.h"
 #include "tools/fiscalon/generate_command.h"
+#include "tools/fiscalon/picture_command.h"
 #include "tools/fiscalon/play_command.h"
 #include "tools/fiscalon/screens_command.h"
 #include "tools/fiscalon/show_command.h"
@@ -16,11 +18,12 @@ namespace {
 
 constexpr const char* kExamples = R"(Examples:
   fiscalon screens
+  fiscalon collect 15 --paid-amount 12345 --paid-date 06152026
   fiscalon play examples/due_date_amount.scenario
   fiscalon show payment.pc4 --screen 15
 
-Exit status: 0 done or valid, 1 a failed expectation or something invalid,
-2 bad usage or a file that can't be read. "fiscalon COMMAND --help" says more.)";
+Exit status: 0 done or valid, 1 a failed expectation, a cancelled screen or something
+invalid, 2 bad usage or a file that can't be read. "fiscalon COMMAND --help" says more.)";
 
 DateTime ParseToday(const std::string& text) {
   const size_t blank = text.find(' ');
@@ -51,10 +54,12 @@ void DefineCommandLine(CLI::App& app, Context& context) {
       ->check(CLI::IsMember({"en-CA", "en-US", "fr-CA", "system"}));
 
   AddScreensCommand(app, context);
+  AddCollectCommand(app, context);
   AddPlayCommand(app, context);
   AddShowCommand(app, context);
   AddValidateCommand(app, context);
   AddGenerateCommand(app, context);
+  AddPictureCommand(app, context);
 }
 
 ExitStatus RunProgram(int argc, char** argv) {

@@ -7,6 +7,7 @@
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/narrator.h"
+#include "tools/fiscalon/qt_front_end.h"
 #include "tools/fiscalon/transcript.h"
 #include "tools/fiscalon/visible_text.h"
 
@@ -30,8 +31,8 @@ struct PlayOptions {
 };
 
 std::unique_ptr<DrivenToolkit> MakeToolkit(const std::string& name) {
-  if (name != "scripted")
-    throw CommandError("this build has no Qt front end; play with --toolkit scripted");
+  if (name == "qt")
+    return NewPlayedQtToolkit();
   return std::make_unique<ScriptedToolkit>();
 }
 

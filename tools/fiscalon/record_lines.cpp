@@ -38,4 +38,10 @@ std::vector<RecordLine> SplitRecordLines(std::string_view bytes) {
   return lines;
 }
 
+std::string LineOf(const PC4& member) {
+  if (member.TheDate().empty() && member.Amount().empty())
+    return member.Description();
+  return member.TheDate() + '\t' + member.Amount() + '\t' + member.Description();
+}
+
 }  // namespace fiscalon

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/pc4_records.h"
 
 namespace fiscalon {
 
@@ -21,5 +24,9 @@ struct RecordLine {
 
 /// The lines of a file. They point into its bytes.
 std::vector<RecordLine> SplitRecordLines(std::string_view bytes);
+
+/// A member of a collection as one line, in the code page: an invoice with tabs between its date, amount and
+/// description.
+std::string LineOf(const PC4& member);
 
 }  // namespace fiscalon

@@ -2,13 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstdint>
 #include <ostream>
 
-#include "core/platform/code_page.h"
-#include "core/values/format.h"
 #include "core/values/text.h"
+#include "tools/fiscalon/field_remark.h"
 #include "tools/fiscalon/visible_text.h"
 
 namespace fiscalon {
@@ -16,17 +13,6 @@ namespace {
 
 constexpr size_t kMostShown = 400;
 constexpr std::string_view kMargin = "    ";
-
-/// "....+....1....+....2", up to that many columns.
-std::string Ruler(size_t columns) {
-  constexpr size_t kStep = 10;
-  std::string ruler;
-  for (size_t tens = 1; ruler.size() < columns; ++tens) {
-    const std::string label = std::to_string(tens);
-    ruler += std::string("....+.....").substr(0, kStep - label.size()) + label;
-  }
-  return ruler.substr(0, columns);
-}
 
 /// A line of as many columns as the record shows, with a mark under each column that something is wrong with.
 std::string MarksOf(const ShownRecord& record, size_t columns) {
@@ -36,27 +22,6 @@ std::string MarksOf(const ShownRecord& record, size_t columns) {
       if (static_cast<size_t>(column) <= columns)
         marks[static_cast<size_t>(column) - 1] = '^';
   return std::string(TrimRight(marks));
-}
-
-/// 12345 of "123.45": what fits neither `Money` nor a number stays as it is.
-std::string InCurrency(const std::string& dollars, const Locale& locale) {
-  constexpr int64_t kUnitsInCent = Money::FromUnits(100).Units();
-  std::string digits = dollars;
-  std::erase(digits, '.');
-  int64_t cents = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), cents);
-  if (error != std::errc() || cents > INT64_MAX / kUnitsInCent || cents < INT64_MIN / kUnitsInCent)
-    return dollars;
-  return ToUtf8(Format(Money::FromUnits(cents * kUnitsInCent), "Currency", locale));
-}
-
-/// "000000000000012345" as 12345.
-std::string WithoutZeros(std::string_view digits) {
-  const std::string_view sign = digits.find('-') != std::string_view::npos ? "-" : "";
-  const size_t first = std::min(digits.find_first_of("123456789"), digits.size());
-  std::string number(digits.substr(first));
-  std::erase(number, '-');
-  return number.empty() ? "0" : std::string(sign) + number;
 }
 
 class RecordPrinter {
@@ -126,39 +91,9 @@ class RecordPrinter {
       const std::string line = std::string(kMargin) +
                                std::string(kColumnsWidth - std::min(kColumnsWidth, columns.size()), ' ') + columns +
                                "  " + PaddedTo(nameWidth, field.name) + "  " +
-                               PaddedTo(textWidth, DottedText(field.text)) + "  " + RemarkOn(field);
+                               PaddedTo(textWidth, DottedText(field.text)) + "  " + RemarkOn(field, style_.locale);
       out_ << TrimRight(line) << '\n';
     }
-  }
-
-  /// What is always blank is passed over, unless something stands in it.
-  static bool IsWorthALine(const ShownField& field) {
-    return !field.name.empty() || (field.sense != Sense::Blank && field.sense != Sense::Missing);
-  }
-
-  std::string RemarkOn(const ShownField& field) const {
-    switch (field.sense) {
-      case Sense::Blank:
-        return "blank";
-      case Sense::Text:
-        return std::to_string(Trim(field.text).size()) + " of " + std::to_string(field.to - field.from + 1) +
-               " characters";
-      case Sense::Cents:
-        return InCurrency(field.meaning, style_.locale);
-      case Sense::Digits:
-        return RemarkOnDigits(field);
-      case Sense::Missing:
-        return field.text.empty() ? "missing" : "cut off";
-      case Sense::Wrong:
-        return "!";
-      default:
-        return field.meaning;
-    }
-  }
-
-  std::string RemarkOnDigits(const ShownField& field) const {
-    const std::string number = WithoutZeros(field.text);
-    return number == "0" ? number : number + ", as cents " + InCurrency(field.meaning, style_.locale);
   }
 
   static std::string PlaceOf(const Problem& problem) {

@@ -55,6 +55,16 @@ std::string PaddedTo(size_t columns, std::string_view utf8) {
   return std::string(utf8) + std::string(columns - std::min(columns, ColumnsOf(utf8)), ' ');
 }
 
+std::string Ruler(size_t columns) {
+  constexpr size_t kStep = 10;
+  std::string ruler;
+  for (size_t tens = 1; ruler.size() < columns; ++tens) {
+    const std::string label = std::to_string(tens);
+    ruler += std::string("....+.....").substr(0, kStep - label.size()) + label;
+  }
+  return ruler.substr(0, columns);
+}
+
 std::string Counted(size_t count, std::string_view thing) {
   return std::to_string(count).append(" ").append(thing).append(count == 1 ? "" : "s");
 }

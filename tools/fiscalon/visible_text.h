@@ -21,6 +21,9 @@ size_t ColumnsOf(std::string_view utf8);
 /// The text with blanks behind it up to that many columns.
 std::string PaddedTo(size_t columns, std::string_view utf8);
 
+/// "....+....1....+....2", up to that many columns.
+std::string Ruler(size_t columns);
+
 /// "1 record", "2 records"
 std::string Counted(size_t count, std::string_view thing);
 

@@ -26,7 +26,7 @@ class Documents : public CommandLine {
 
   std::set<std::string> OptionsOf(const std::string& command) const {
     const std::string help = Run("fiscalon " + command + " --help | sed -n '/^Options:/,/^$/p'").out;
-    const std::regex option("(^|\\n) +(-h,)?(--[a-z]+)");
+    const std::regex option("(^|\\n) +(-h,)?(--[a-z-]+)");
     std::set<std::string> options;
     for (std::sregex_iterator each(help.begin(), help.end(), option), end; each != end; ++each)
       options.insert((*each)[3]);
@@ -78,7 +78,8 @@ TEST_F(Documents, ManPagesAreWellFormed) {
 
 TEST_F(Documents, ManPagesBearTheVersion) {
   const std::string version = Run("fiscalon --version").out;
-  for (const char* page : {"fiscalon", "fiscalon-screens", "fiscalon-play", "fiscalon-show"})
+  for (const char* page :
+       {"fiscalon", "fiscalon-screens", "fiscalon-collect", "fiscalon-play", "fiscalon-show", "fiscalon-picture"})
     EXPECT_THAT(ManPage(page), HasSubstr("\"" + version.substr(0, version.size() - 1) + "\"")) << page;
 }
 
@@ -99,6 +100,11 @@ TEST_F(Documents, CompletionOffersWhatAnOptionTakes) {
   EXPECT_EQ(Offered("fiscalon --locale en"), (std::set<std::string>{"en-CA", "en-US"}));
   EXPECT_EQ(Offered("fiscalon play --toolkit q"), (std::set<std::string>{"qt"}));
   EXPECT_EQ(Offered("fiscalon show --screen 2"), (std::set<std::string>{"20", "25", "26", "27", "28"}));
+}
+
+TEST_F(Documents, CompletionOffersScreensWithAForm) {
+  for (const char* command : {"collect", "picture"})
+    EXPECT_THAT(Offered(std::string("fiscalon ") + command + " ''"), testing::IsSupersetOf({"03", "15", "20"}));
 }
 
 TEST_F(Documents, CompletionOffersScenariosToPlay) {

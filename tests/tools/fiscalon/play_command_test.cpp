@@ -139,6 +139,15 @@ TEST_F(PlayCommand, LeavesNoFolderBehind) {
   EXPECT_THAT(seen.out, IsEmpty());
 }
 
+TEST_F(PlayCommand, SaysWhereTheBuildHasNoQtFrontEnd) {
+  if (FISCALON_HAS_QT)
+    GTEST_SKIP() << "this build has one";
+  const Outcome seen = Run("fiscalon play --toolkit qt good.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_THAT(seen.out, IsEmpty());
+  EXPECT_EQ(seen.err, "fiscalon: this build has no Qt front end; build it with FISCALON_QT=ON\n");
+}
+
 TEST_F(PlayCommand, TakesTheFrontEndByName) {
   EXPECT_EQ(Run("fiscalon play --toolkit scripted good.scenario").status, 0);
 }

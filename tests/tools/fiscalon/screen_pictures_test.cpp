@@ -1,0 +1,74 @@
+#include <gmock/gmock.h>
+
+#include <QImage>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+
+#include "core/launch.h"
+#include "tests/tools/fiscalon/command_line.h"
+
+namespace fiscalon {
+namespace {
+
+using testing::HasSubstr;
+
+/// docs/screens: a scenario and a picture for each form, by the first code that shows it.
+class ScreenPictures : public CommandLine {
+ protected:
+  static std::string Folder() { return FISCALON_SOURCE_DIR "/docs/screens/"; }
+
+  static std::set<std::string> FirstCodes() {
+    std::set<std::string> codes;
+    std::set<std::string_view> forms;
+    for (const LaunchRow& row : LaunchTable())
+      if (row.make != nullptr && forms.insert(row.form).second)
+        codes.emplace(row.code);
+    return codes;
+  }
+
+  static std::set<std::string> FilesWith(std::string_view extension) {
+    std::set<std::string> stems;
+    for (const auto& entry : std::filesystem::directory_iterator(Folder()))
+      if (entry.path().extension() == extension)
+        stems.insert(entry.path().stem().string());
+    return stems;
+  }
+};
+
+TEST_F(ScreenPictures, ThereIsOneForEachForm) {
+  EXPECT_EQ(FilesWith(".scenario"), FirstCodes());
+  EXPECT_EQ(FilesWith(".png"), FirstCodes()) << "build the target screen_pictures";
+}
+
+TEST_F(ScreenPictures, AreMadeByScenariosThatPass) {
+  for (const std::string& code : FirstCodes()) {
+    const Outcome seen =
+        Run("fiscalon picture " + code + " --out made.png --scenario '" + Folder() + code + ".scenario'");
+    EXPECT_EQ(seen.status, 0) << seen.err;
+  }
+}
+
+// Fonts are not the same everywhere, so a picture of another machine has other bytes and about the same size.
+TEST_F(ScreenPictures, HaveTheSizeOfTheForm) {
+  for (const std::string& code : FirstCodes()) {
+    Run("fiscalon picture " + code + " --scale 2 --out made.png --scenario '" + Folder() + code + ".scenario'");
+    const QImage made(QString::fromStdString(CommandLine::Folder() + "/made.png"));
+    const QImage kept(QString::fromStdString(Folder() + code + ".png"));
+    EXPECT_NEAR(kept.width(), made.width(), made.width() / 4) << code;
+    EXPECT_NEAR(kept.height(), made.height(), made.height() / 4) << code;
+  }
+}
+
+TEST_F(ScreenPictures, AreShownOnOnePage) {
+  std::ifstream file(Folder() + "README.md");
+  const std::string page(std::istreambuf_iterator<char>(file), {});
+  for (const std::string& code : FirstCodes()) {
+    EXPECT_THAT(page, HasSubstr("<img src=\"" + code + ".png\""));
+    EXPECT_THAT(page, HasSubstr("(" + code + ".scenario)"));
+  }
+}
+
+}  // namespace
+}  // namespace fiscalon

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "core/launch.h"
+
+namespace fiscalon {
+
+/// The screen of a code given on the command line. A `CommandError` that lists the codes for any other, and where this
+/// version does not have the form yet.
+const LaunchRow& ScreenWithForm(const std::string& code);
+
+}  // namespace fiscalon

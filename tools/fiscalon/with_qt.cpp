@@ -1,0 +1,48 @@
+#include "frontends/qt/form_picture.h"
+#include "frontends/qt/played_qt_toolkit.h"
+#include "frontends/qt/program_messages.h"
+#include "frontends/qt/qt_toolkit.h"
+#include "tools/fiscalon/context.h"
+#include "tools/fiscalon/qt_front_end.h"
+
+namespace fiscalon {
+namespace {
+
+class PhotographedQt final : public PhotographedToolkit {
+ public:
+  explicit PhotographedQt(const PictureLook& look)
+      : picture_(look.theme == PictureLook::Theme::Dark ? FormPicture::Theme::Dark : FormPicture::Theme::Light,
+                 look.scale) {}
+
+  DrivenToolkit& Toolkit() override { return toolkit_; }
+  void TakePicture() override {
+    if (FormDialog* dialog = toolkit_.Dialog())
+      picture_.Take(*dialog);
+  }
+  bool SavePicture(const std::string& path) const override { return picture_.Save(path); }
+
+ private:
+  PlayedQtToolkit toolkit_;
+  FormPicture picture_;
+};
+
+}  // namespace
+
+std::unique_ptr<DrivenToolkit> NewPlayedQtToolkit() {
+  return std::make_unique<PlayedQtToolkit>();
+}
+
+std::unique_ptr<Toolkit> NewQtToolkit(ActWatcher* watcher) {
+  if (!QtToolkit::HasDisplay())
+    throw CommandError("there is no display to show the form on; set DISPLAY or WAYLAND_DISPLAY");
+  InstallProgramMessages("fiscalon");
+  auto toolkit = std::make_unique<QtToolkit>();
+  toolkit->Watch(watcher);
+  return toolkit;
+}
+
+std::unique_ptr<PhotographedToolkit> NewPhotographedToolkit(const PictureLook& look) {
+  return std::make_unique<PhotographedQt>(look);
+}
+
+}  // namespace fiscalon
