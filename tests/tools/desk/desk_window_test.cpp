@@ -1,0 +1,337 @@
+#include "tools/desk/desk_window.h"
+
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTreeWidget>
+#include <map>
+
+#include "core/forms/form.h"
+#include "core/module_state.h"
+#include "frontends/qt/played_qt_toolkit.h"
+#include "tests/support/temporary_folder.h"
+
+namespace fiscalon {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kRulerOfRecord =
+    "....+....1....+....2....+....3....+....4....+....5....+....6....+....7....+....8"
+    "....+....9....+...10....+...11....+...12....+...13....+...14....+...15....+...16";
+constexpr const char* kRecord1 = "PC40001T                202605          Hélène Côté                   Clerk";
+constexpr const char* kRecord2 =
+    "PC40001F01000000000000012345020000000000000000000300000000000000000004000000000000000000";
+
+/// A desk whose user is played, in June 2026 in English Canada.
+class PaymentDesk : public testing::Test {
+ protected:
+  PaymentDesk() {
+    ResetModule();
+    UseToolkit(&toolkit_);
+    TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
+    TheModule().locale = EnglishCanada();
+    desk_ = std::make_unique<DeskWindow>();
+    desk_->show();
+    desk_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(desk_.get()));
+    toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(0); };
+  }
+  ~PaymentDesk() override {
+    desk_.reset();
+    ResetModule();
+  }
+
+  template <class Widget>
+  Widget& Find(const char* name) const {
+    auto* widget = desk_->findChild<Widget*>(name);
+    if (widget == nullptr)
+      throw std::runtime_error(std::string("the desk has no ") + name);
+    return *widget;
+  }
+
+  void Press(const char* button) { QTest::mouseClick(&Find<QAbstractButton>(button), Qt::LeftButton); }
+  void Retype(const char* field, const QString& text) {
+    auto& line = Find<QLineEdit>(field);
+    line.setFocus();
+    line.selectAll();
+    QTest::keyClicks(&line, text);
+  }
+  void WriteToFile(const std::string& path) {
+    Press("toFile");
+    Retype("file", QString::fromStdString(path));
+  }
+  std::string Words() const { return Find<QPlainTextEdit>("words").toPlainText().toStdString(); }
+  bool ShowsRecords() const { return Find<QTreeWidget>("fields").isVisible(); }
+  QStringList Lines() const { return Find<QPlainTextEdit>("lines").toPlainText().split('\n'); }
+
+  static void Accept(Form& form, UserDriver& user) {
+    for (const char character : std::string_view("20260512345")) user.Type(character);
+    user.Click(*form.FindControl("cmdOK"));
+  }
+
+  PlayedQtToolkit toolkit_;
+  std::unique_ptr<DeskWindow> desk_;
+};
+
+QStringList Row(const QTreeWidgetItem& item) {
+  return {item.text(0), item.text(1), item.text(2), item.text(3)};
+}
+
+TEST_F(PaymentDesk, OpensWithAFormOnePressAway) {
+  std::string form;
+  toolkit_.onForm = [&](Form& shown, UserDriver& user) {
+    form = shown.Name();
+    user.CloseWindow(0);
+  };
+  QTest::keyClick(desk_->focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(form, "frmDueDateAmount");
+}
+
+TEST_F(PaymentDesk, SaysNothingOfAResultBeforeThereIsOne) {
+  EXPECT_EQ(Words(), "Nothing has been shown yet. Change the payment if you like, choose a screen, and show it.");
+  EXPECT_FALSE(ShowsRecords());
+}
+
+TEST_F(PaymentDesk, ShowsTheChosenScreen) {
+  std::string form;
+  toolkit_.onForm = [&](Form& shown, UserDriver& user) {
+    form = shown.Name();
+    user.CloseWindow(0);
+  };
+  auto& screens = Find<QTreeWidget>("screens");
+  screens.setCurrentItem(screens.findItems("03", Qt::MatchExactly).at(0));
+  Press("show");
+  EXPECT_EQ(form, "GOVSOURCEDEDUCTION");
+}
+
+TEST_F(PaymentDesk, ShowsTheScreenByEnterInAField) {
+  toolkit_.onForm = Accept;
+  QTest::keyClick(&Find<QLineEdit>("title"), Qt::Key_Return);
+  EXPECT_EQ(Words(), "Accepted. Records handed back: 2.");
+}
+
+TEST_F(PaymentDesk, ListsAllScreensAndOffersThoseWithAForm) {
+  const auto& screens = Find<QTreeWidget>("screens");
+  ASSERT_EQ(screens.topLevelItemCount(), static_cast<int>(LaunchTable().size()));
+  for (int i = 0; i < screens.topLevelItemCount(); ++i) {
+    const LaunchRow& row = LaunchTable()[static_cast<size_t>(i)];
+    EXPECT_EQ(screens.topLevelItem(i)->text(0).toStdString(), row.code);
+    EXPECT_EQ(screens.topLevelItem(i)->text(1).toStdString(), row.collects);
+    EXPECT_EQ(screens.topLevelItem(i)->flags().testFlag(Qt::ItemIsEnabled), row.make != nullptr) << row.code;
+  }
+}
+
+TEST_F(PaymentDesk, TakesRecordsApartByFieldName) {
+  toolkit_.onForm = Accept;
+  Press("show");
+  ASSERT_TRUE(ShowsRecords());
+  const auto& fields = Find<QTreeWidget>("fields");
+  ASSERT_EQ(fields.topLevelItemCount(), 2);
+  const QTreeWidgetItem& first = *fields.topLevelItem(0);
+  EXPECT_EQ(first.text(0), "Record 1: government format, sequence \"0001\"");
+  EXPECT_EQ(Row(*first.child(2)), QStringList({"PeriodDueDate", "25-32", "\"202605··\"", "2026-05"}));
+  EXPECT_EQ(Row(*first.child(4)),
+            QStringList({"ContactName", "41-70", "\"Hélène Côté···················\"", "11 of 30 characters"}));
+  const QTreeWidgetItem& second = *fields.topLevelItem(1);
+  EXPECT_EQ(second.text(0), "Record 2: free format, sequence \"0001\"");
+  EXPECT_EQ(Row(*second.child(0)), QStringList({"FieldNum", "9-10", "\"01\"", "Amount payable"}));
+  EXPECT_EQ(Row(*second.child(1)),
+            QStringList({"FieldValue", "11-28", "\"000000000000012345\"", "12345, as cents $123.45"}));
+}
+
+TEST_F(PaymentDesk, ShowsEachRawLineAboveARuler) {
+  toolkit_.onForm = Accept;
+  Press("show");
+  const QStringList lines = Lines();
+  ASSERT_EQ(lines.size(), 4);
+  EXPECT_EQ(lines[0].size(), 160);
+  EXPECT_EQ(lines[0].trimmed(), kRecord1);
+  EXPECT_EQ(lines[1], kRulerOfRecord);
+  EXPECT_EQ(lines[2].trimmed(), kRecord2);
+  EXPECT_EQ(lines[3], kRulerOfRecord);
+}
+
+TEST_F(PaymentDesk, MarksTheChosenFieldInTheRawLine) {
+  toolkit_.onForm = Accept;
+  Press("show");
+  auto& fields = Find<QTreeWidget>("fields");
+  const auto marked = [&](int record, int field) {
+    fields.setCurrentItem(fields.topLevelItem(record)->child(field));
+    const auto marks = Find<QPlainTextEdit>("lines").extraSelections();
+    return marks.size() == 1 ? marks[0].cursor.selectedText().toStdString() : "no single mark";
+  };
+  EXPECT_EQ(marked(0, 5), "Clerk               ");
+  EXPECT_EQ(marked(1, 1), "000000000000012345");
+}
+
+TEST_F(PaymentDesk, SaysThatTheUserHasCancelled) {
+  toolkit_.onForm = [](Form& form, UserDriver& user) { user.Click(*form.FindControl("cmdCancel")); };
+  Press("show");
+  EXPECT_EQ(Words(), "Cancelled. Nothing was written.");
+  EXPECT_FALSE(ShowsRecords());
+}
+
+TEST_F(PaymentDesk, TakesAnEarlierResultAwayWhileAScreenIsUp) {
+  toolkit_.onForm = Accept;
+  Press("show");
+  toolkit_.onForm = [&](Form&, UserDriver& user) {
+    EXPECT_EQ(Words(), "Screen 15 is open.");
+    EXPECT_FALSE(ShowsRecords());
+    user.CloseWindow(0);
+  };
+  Press("show");
+}
+
+// The window's close button leaves this screen's last answer as it was, so the host is told of an OK without records.
+TEST_F(PaymentDesk, ShowsNoRecordsOfAnEarlierPayment) {
+  toolkit_.onForm = Accept;
+  Press("show");
+  toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(0); };
+  Press("show");
+  EXPECT_EQ(Words(), "Accepted, but no records were handed back.");
+  EXPECT_FALSE(ShowsRecords());
+}
+
+TEST_F(PaymentDesk, ShowsAnErrorWithNumberSourceAndDescription) {
+  Retype("enteredBy", QString(31, 'x'));
+  toolkit_.onForm = Accept;
+  Press("show");
+  EXPECT_EQ(Words(),
+            "Screen 15 ended with an error. Shown again, it goes on with what was typed.\n"
+            "Number: 5\n"
+            "Source: Fiscalon.ShowLevyraScreen\n"
+            "Description: Invalid procedure call or argument");
+  EXPECT_FALSE(ShowsRecords());
+}
+
+TEST_F(PaymentDesk, ShowsWhatAPropertyOfThePaymentRaises) {
+  Retype("cents", "1e400");
+  toolkit_.onForm = [](Form&, UserDriver&) { FAIL() << "the screen was shown"; };
+  Press("show");
+  EXPECT_EQ(Words(), "The payment can't be shown:\nNumber: 6\nSource: Fiscalon\nDescription: Overflow");
+}
+
+TEST_F(PaymentDesk, WritesRecordsToAFile) {
+  const TemporaryFolder folder;
+  folder.Write("payment.pc4", "what was there before");
+  WriteToFile(folder.Path("payment.pc4"));
+  toolkit_.onForm = Accept;
+  Press("show");
+  EXPECT_EQ(Words(), "Accepted. Records written to the file: 2.\n" + folder.Path("payment.pc4"));
+  EXPECT_TRUE(ShowsRecords());
+  EXPECT_EQ(Lines()[0].trimmed(), kRecord1);
+  EXPECT_EQ(folder.Read("payment.pc4").size(), 2 * (160 + 4U));
+}
+
+TEST_F(PaymentDesk, LeavesAFileAloneWhereTheUserCancels) {
+  const TemporaryFolder folder;
+  folder.Write("payment.pc4", "what was there before");
+  WriteToFile(folder.Path("payment.pc4"));
+  toolkit_.onForm = [](Form& form, UserDriver& user) { user.Click(*form.FindControl("cmdCancel")); };
+  Press("show");
+  EXPECT_EQ(Words(), "Cancelled. Nothing was written.");
+  EXPECT_EQ(folder.Read("payment.pc4"), "what was there before");
+}
+
+TEST_F(PaymentDesk, TakesNoEarlierFileForANewOne) {
+  const TemporaryFolder folder;
+  WriteToFile(folder.Path("payment.pc4"));
+  toolkit_.onForm = Accept;
+  Press("show");
+  toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(0); };
+  Press("show");
+  EXPECT_EQ(Words(), "Accepted, but no records were written: the file is from before.\n" + folder.Path("payment.pc4"));
+  EXPECT_FALSE(ShowsRecords());
+}
+
+TEST_F(PaymentDesk, ShowsTheErrorOfAFileThatCantBeWritten) {
+  WriteToFile("/nowhere/payment.pc4");
+  toolkit_.onForm = Accept;
+  Press("show");
+  EXPECT_EQ(Words(),
+            "Screen 15 ended with an error. Shown again, it goes on with what was typed.\n"
+            "Number: 76\n"
+            "Source: Fiscalon.ShowLevyraScreen\n"
+            "Description: Path not found");
+}
+
+TEST_F(PaymentDesk, ShowsTheAmountBothWays) {
+  Retype("cents", "98765");
+  EXPECT_EQ(Find<QLineEdit>("dollars").text(), "987.65");
+  Retype("dollars", "5.5");
+  EXPECT_EQ(Find<QLineEdit>("cents").text(), "550");
+  Retype("cents", "abc");
+  EXPECT_EQ(Find<QLineEdit>("dollars").text(), "");
+  EXPECT_EQ(Find<QLineEdit>("dollars").placeholderText(), "no amount");
+}
+
+TEST_F(PaymentDesk, OffersAFileOnlyWhereRecordsGoToOne) {
+  EXPECT_FALSE(Find<QLineEdit>("file").isEnabled());
+  EXPECT_FALSE(Find<QPushButton>("chooseFile").isEnabled());
+  Press("toFile");
+  EXPECT_TRUE(Find<QLineEdit>("file").isEnabled());
+  EXPECT_TRUE(Find<QPushButton>("chooseFile").isEnabled());
+}
+
+TEST_F(PaymentDesk, HasNoAccessKeyTwice) {
+  std::map<QString, QStringList> captionsByKey;
+  const auto add = [&](const QString& caption) {
+    if (const QKeySequence key = QKeySequence::mnemonic(caption); !key.isEmpty())
+      captionsByKey[key.toString()].append(caption);
+  };
+  for (const auto* label : desk_->findChildren<QLabel*>())
+    if (label->buddy() != nullptr)
+      add(label->text());
+  for (const auto* button : desk_->findChildren<QAbstractButton*>()) add(button->text());
+  for (const auto* group : desk_->findChildren<QGroupBox*>()) add(group->title());
+  EXPECT_GE(captionsByKey.size(), 17U);
+  for (const auto& [key, captions] : captionsByKey)
+    EXPECT_EQ(captions.size(), 1) << key.toStdString() << ": " << captions.join(", ").toStdString();
+}
+
+TEST_F(PaymentDesk, GivesEverythingThatTakesTheFocusAName) {
+  for (QWidget* widget : desk_->findChildren<QWidget*>()) {
+    if (widget->objectName().isEmpty() || !(widget->focusPolicy() & Qt::TabFocus) ||
+        widget->objectName().startsWith("qt_"))
+      continue;
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+    ASSERT_NE(accessible, nullptr) << widget->objectName().toStdString();
+    EXPECT_NE(accessible->text(QAccessible::Name), "") << widget->objectName().toStdString();
+  }
+}
+
+// The date has three stops: year, month and day.
+TEST_F(PaymentDesk, IsWalkedThroughByTab) {
+  toolkit_.onForm = Accept;
+  Press("show");
+  Press("toFile");
+  Find<QLineEdit>("customerNumber").setFocus();
+  QStringList walk;
+  do {
+    walk.append(desk_->focusWidget()->objectName());
+    QTest::keyClick(desk_->focusWidget(), Qt::Key_Tab);
+  } while (desk_->focusWidget()->objectName() != "customerNumber" && walk.size() < 40);
+  EXPECT_EQ(walk.join(' ').toStdString(),
+            "customerNumber sequence billerName billerCode cents dollars date date date onHold enteredBy title "
+            "businessName items "
+            "toCollection toFile file chooseFile screens show words fields lines");
+}
+
+TEST_F(PaymentDesk, FitsASmallScreen) {
+  EXPECT_LE(desk_->minimumSizeHint().width(), 1024);
+  EXPECT_LE(desk_->minimumSizeHint().height(), 700);
+}
+
+}  // namespace
+}  // namespace fiscalon

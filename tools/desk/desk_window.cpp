@@ -1,0 +1,133 @@
+#include "tools/desk/desk_window.h"
+
+#include <QAction>
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "frontends/qt/qt_text.h"
+#include "tools/desk/payment_panel.h"
+#include "tools/desk/result_panel.h"
+#include "tools/desk/screen_list.h"
+#include "tools/fiscalon/record_lines.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr const char* kFirstScreen = "15";
+
+/// A panel that scrolls up and down where the window is lower, and is never narrower than it needs.
+QScrollArea* Scrolling(QWidget* panel) {
+  auto* area = new QScrollArea;
+  area->setWidget(panel);
+  area->setWidgetResizable(true);
+  area->setFrameStyle(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setMinimumWidth(panel->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+  return area;
+}
+
+/// When the file was last written; invalid where there is none.
+QDateTime LastWritten(const QString& name) {
+  return QFileInfo(name).lastModified();
+}
+
+}  // namespace
+
+DeskWindow::DeskWindow() : payment_(new PaymentPanel), screens_(new ScreenList), result_(new ResultPanel) {
+  setWindowTitle(tr("Payment desk"));
+  Arrange();
+  for (const auto key : {QKeySequence::Quit, QKeySequence::Close}) {
+    auto* close = new QAction(this);
+    close->setShortcuts(key);
+    connect(close, &QAction::triggered, this, &QWidget::close);
+    addAction(close);
+  }
+  screens_->onShow = [this](const std::string& code) { ShowScreen(code); };
+  payment_->onEnter = [this] { screens_->ShowChosen(); };
+  payment_->Show(ExamplePayment());
+  screens_->Choose(kFirstScreen);
+  result_->Say(tr("Nothing has been shown yet. Change the payment if you like, choose a screen, and show it."));
+}
+
+void DeskWindow::Arrange() {
+  auto* above = new QSplitter(Qt::Horizontal);
+  above->addWidget(Scrolling(payment_));
+  above->addWidget(screens_);
+  above->setStretchFactor(1, 1);
+  auto* whole = new QSplitter(Qt::Vertical);
+  whole->addWidget(above);
+  whole->addWidget(result_);
+  whole->setStretchFactor(1, 1);
+  for (QSplitter* splitter : {above, whole}) splitter->setChildrenCollapsible(false);
+  auto* margin = new QWidget;
+  auto* rows = new QVBoxLayout(margin);
+  rows->addWidget(whole);
+  setCentralWidget(margin);
+  const int unit = fontMetrics().horizontalAdvance(u'0');
+  const QSize wanted = QSize(150 * unit, 90 * unit).expandedTo(minimumSizeHint());
+  resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
+}
+
+void DeskWindow::ShowScreen(const std::string& code) {
+  const LaunchRow* screen = FindLaunchRow(code);
+  Levyra session;
+  try {
+    Give(payment_->Current(), session);
+  } catch (const RuntimeError& error) {
+    result_->ShowError(tr("The payment can't be shown:"), error);
+    return;
+  }
+  result_->Say(tr("Screen %1 is open.").arg(ToQt(code)));
+  try {
+    Launch(session, *screen);
+  } catch (const RuntimeError& error) {
+    result_->ShowError(
+        tr("Screen %1 ended with an error. Shown again, it goes on with what was typed.").arg(ToQt(code)), error);
+  }
+}
+
+void DeskWindow::Launch(Levyra& session, const LaunchRow& screen) {
+  const bool toFile = session.WriteFile() == kTrue;
+  const QString name = ToQt(session.GovFilename());
+  const QDateTime before = LastWritten(name);
+  if (!session.ShowLevyraScreen(screen.code))
+    result_->Say(tr("Cancelled. Nothing was written."));
+  else if (!toFile)
+    ShowRecordsHandedBack(session, screen);
+  else if (LastWritten(name) == before)
+    result_->Say(before.isValid() ? tr("Accepted, but no records were written: the file is from before.\n%1").arg(name)
+                                  : tr("Accepted, but no records were written: there is no file.\n%1").arg(name));
+  else
+    ShowRecordFile(name, screen);
+}
+
+void DeskWindow::ShowRecordsHandedBack(const Levyra& session, const LaunchRow& screen) {
+  std::vector<std::string> records;
+  if (const auto& members = session.PC4Records()) {
+    for (const PC4& member : *members) records.push_back(LineOf(member));
+    // The collection is the form's own: a show that writes nothing would hand these back once more.
+    members->Clear();
+  }
+  if (records.empty())
+    result_->Say(tr("Accepted, but no records were handed back."));
+  else
+    result_->ShowRecords(tr("Accepted. Records handed back: %1.").arg(records.size()), TakeApart(records, &screen));
+}
+
+void DeskWindow::ShowRecordFile(const QString& name, const LaunchRow& screen) {
+  QFile file(name);
+  if (!file.open(QFile::ReadOnly)) {
+    result_->Say(tr("Accepted, but the record file can't be read: %1\n%2").arg(file.errorString(), name));
+    return;
+  }
+  const std::vector<ShownRecord> records = TakeApart(std::string_view(file.readAll().toStdString()), &screen);
+  result_->ShowRecords(tr("Accepted. Records written to the file: %1.\n%2").arg(records.size()).arg(name), records);
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QMainWindow>
+#include <string>
+
+#include "core/launch.h"
+#include "core/session.h"
+
+namespace fiscalon {
+
+class PaymentPanel;
+class ResultPanel;
+class ScreenList;
+
+/// The payment desk: a host program with one window. It knows a payment, shows a screen, and takes the records over.
+/// It keeps nothing: each show has a session of its own, and what was handed over is taken out of the form.
+class DeskWindow final : public QMainWindow {
+ public:
+  DeskWindow();
+
+ private:
+  void Arrange();
+  void ShowScreen(const std::string& code);
+  void Launch(Levyra& session, const LaunchRow& screen);
+  void ShowRecordsHandedBack(const Levyra& session, const LaunchRow& screen);
+  void ShowRecordFile(const QString& name, const LaunchRow& screen);
+
+  PaymentPanel* payment_;
+  ScreenList* screens_;
+  ResultPanel* result_;
+};
+
+}  // namespace fiscalon

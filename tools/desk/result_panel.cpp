@@ -1,0 +1,182 @@
+#include "tools/desk/result_panel.h"
+
+#include <QAccessible>
+#include <QFontDatabase>
+#include <QTextBlock>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "core/module_state.h"
+#include "frontends/qt/qt_text.h"
+#include "tools/fiscalon/field_remark.h"
+#include "tools/fiscalon/visible_text.h"
+
+namespace fiscalon {
+namespace {
+
+enum Column { kField, kColumns, kText, kMeaning };
+
+/// Where the raw text of a row stands: the line, and its columns, which count from 1.
+enum Role { kLine = Qt::UserRole, kFrom, kTo };
+
+QString Plain(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QString ColumnsOf(int from, int to) {
+  if (from == 0)
+    return {};
+  return from == to ? QString::number(from) : QStringLiteral("%1-%2").arg(from).arg(to);
+}
+
+void SetPlace(QTreeWidgetItem& row, int line, int from, int to) {
+  row.setData(kField, kLine, line);
+  row.setData(kField, kFrom, from);
+  row.setData(kField, kTo, to);
+  row.setText(kColumns, ColumnsOf(from, to));
+}
+
+QString HeadingOf(const ShownRecord& record) {
+  if (!record.isRecord)
+    return QObject::tr("Line %1: no record").arg(record.number);
+  const char letter = static_cast<char>(record.kind);
+  const std::string_view name = NameOf(record.kind);
+  return QObject::tr("Record %1: %2, sequence %3")
+      .arg(record.number)
+      .arg(Plain(name.empty() ? VisibleText({&letter, 1}) : std::string(name)), Plain(DottedText(record.seq)));
+}
+
+/// Numbers of library errors are negative; people know them in hexadecimal.
+QString NumberOf(const RuntimeError& error) {
+  const QString number = QString::number(error.Number());
+  return error.Number() >= 0
+             ? number
+             : number +
+                   QStringLiteral(" (0x%1)").arg(QString::number(static_cast<uint32_t>(error.Number()), 16).toUpper());
+}
+
+}  // namespace
+
+ResultPanel::ResultPanel(QWidget* parent)
+    : QGroupBox(tr("The res&ult"), parent),
+      words_(new QPlainTextEdit(this)),
+      records_(new QSplitter(Qt::Vertical, this)),
+      fields_(new QTreeWidget),
+      lines_(new QPlainTextEdit) {
+  words_->setObjectName(QStringLiteral("words"));
+  words_->setAccessibleName(tr("How the screen ended"));
+  words_->setFrameStyle(QFrame::NoFrame);
+  words_->viewport()->setAutoFillBackground(false);
+  words_->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  words_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  connect(words_->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
+          [this] { FitWords(); });
+  fields_->setObjectName(QStringLiteral("fields"));
+  fields_->setHeaderLabels({tr("Field"), tr("Columns"), tr("Text"), tr("Meaning")});
+  fields_->setUniformRowHeights(true);
+  fields_->setAlternatingRowColors(true);
+  fields_->setAccessibleName(tr("Fields of the records"));
+  connect(fields_, &QTreeWidget::currentItemChanged, this, [this] { MarkChosen(); });
+  lines_->setObjectName(QStringLiteral("lines"));
+  lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  lines_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  lines_->setAccessibleName(tr("The records as they are, each above a ruler of its columns"));
+  for (QPlainTextEdit* text : {words_, lines_}) {
+    text->setReadOnly(true);
+    text->setTabChangesFocus(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  }
+  records_->addWidget(fields_);
+  records_->addWidget(lines_);
+  records_->setStretchFactor(0, 2);
+  records_->setStretchFactor(1, 1);
+  records_->setChildrenCollapsible(false);
+  auto* rows = new QVBoxLayout(this);
+  rows->addWidget(words_);
+  rows->addWidget(records_, 1);
+  rows->addStretch(0);
+}
+
+void ResultPanel::Say(const QString& words) {
+  words_->setPlainText(words);
+  fields_->clear();
+  lines_->clear();
+  records_->hide();
+  // What has come of it is said to users who can't see it appear.
+  QAccessibleEvent alert(words_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+void ResultPanel::ShowError(const QString& words, const RuntimeError& error) {
+  Say(tr("%1\nNumber: %2\nSource: %3\nDescription: %4")
+          .arg(words, NumberOf(error), ToQt(error.Source()), ToQt(error.Description())));
+}
+
+void ResultPanel::ShowRecords(const QString& words, const std::vector<ShownRecord>& records) {
+  Say(words);
+  for (const ShownRecord& record : records) AddRecord(record);
+  fields_->expandAll();
+  const int gap = fontMetrics().horizontalAdvance(QStringLiteral("00"));
+  for (const int column : {kField, kColumns, kText}) {
+    fields_->resizeColumnToContents(column);
+    fields_->setColumnWidth(column, fields_->columnWidth(column) + gap);
+  }
+  fields_->setCurrentItem(fields_->topLevelItem(0));
+  lines_->moveCursor(QTextCursor::Start);
+  records_->show();
+}
+
+void ResultPanel::AddRecord(const ShownRecord& record) {
+  const int line = lines_->document()->isEmpty() ? 0 : lines_->blockCount();
+  lines_->appendPlainText(Plain(VisibleText(record.record)));
+  lines_->appendPlainText(Plain(Ruler(record.record.size())));
+  auto* top = new QTreeWidgetItem(fields_, {HeadingOf(record)});
+  QFont bold = fields_->font();
+  bold.setBold(true);
+  top->setFont(kField, bold);
+  top->setFirstColumnSpanned(true);
+  for (const ShownField& field : record.fields)
+    if (IsWorthALine(field))
+      AddField(*top, field, line);
+  for (const Problem& problem : record.problems) AddProblem(*top, problem, line);
+}
+
+void ResultPanel::AddField(QTreeWidgetItem& record, const ShownField& field, int line) {
+  auto* row = new QTreeWidgetItem(&record, {ToQt(field.name), QString(), Plain(DottedText(field.text)),
+                                            Plain(RemarkOn(field, TheModule().locale))});
+  row->setFont(kText, lines_->font());
+  SetPlace(*row, line, field.from, field.to);
+}
+
+void ResultPanel::AddProblem(QTreeWidgetItem& record, const Problem& problem, int line) {
+  auto* row = new QTreeWidgetItem(&record, {tr("Wrong"), QString(), QString(), Plain(problem.text)});
+  SetPlace(*row, line, problem.from, problem.to);
+}
+
+void ResultPanel::MarkChosen() {
+  QList<QTextEdit::ExtraSelection> marks;
+  const QTreeWidgetItem* row = fields_->currentItem();
+  if (row != nullptr && row->data(kField, kTo).toInt() > 0) {
+    const QTextBlock block = lines_->document()->findBlockByNumber(row->data(kField, kLine).toInt());
+    const auto place = [&](int column) { return block.position() + std::min(column, block.length() - 1); };
+    QTextEdit::ExtraSelection mark;
+    mark.cursor = QTextCursor(block);
+    mark.cursor.setPosition(place(row->data(kField, kFrom).toInt() - 1));
+    lines_->setTextCursor(mark.cursor);
+    mark.cursor.setPosition(place(row->data(kField, kTo).toInt()), QTextCursor::KeepAnchor);
+    mark.format.setBackground(palette().highlight());
+    mark.format.setForeground(palette().highlightedText());
+    marks.append(mark);
+  }
+  lines_->setExtraSelections(marks);
+}
+
+void ResultPanel::FitWords() {
+  constexpr int kMostLines = 6;
+  // The document of a plain text counts its height in lines.
+  const int lines = std::clamp(static_cast<int>(words_->document()->size().height()), 1, kMostLines);
+  const int margins = 2 * static_cast<int>(words_->document()->documentMargin());
+  words_->setFixedHeight((lines * words_->fontMetrics().lineSpacing()) + margins + 2);
+}
+
+}  // namespace fiscalon

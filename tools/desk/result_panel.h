@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QPlainTextEdit>
+#include <QSplitter>
+#include <QTreeWidget>
+#include <vector>
+
+#include "core/platform/runtime_error.h"
+#include "tools/fiscalon/shown_record.h"
+
+namespace fiscalon {
+
+/// How a screen ended: cancelled, an error, or the records taken apart by field, with each raw line above a ruler of
+/// its columns.
+class ResultPanel final : public QGroupBox {
+ public:
+  explicit ResultPanel(QWidget* parent = nullptr);
+
+  /// Nothing but words.
+  void Say(const QString& words);
+  void ShowError(const QString& words, const RuntimeError& error);
+  void ShowRecords(const QString& words, const std::vector<ShownRecord>& records);
+
+ private:
+  void AddRecord(const ShownRecord& record);
+  void AddField(QTreeWidgetItem& record, const ShownField& field, int line);
+  void AddProblem(QTreeWidgetItem& record, const Problem& problem, int line);
+  /// Marks the columns of the chosen field in the raw line.
+  void MarkChosen();
+  /// The words take as many lines as they need, up to a few.
+  void FitWords();
+
+  QPlainTextEdit* words_;
+  QSplitter* records_;
+  QTreeWidget* fields_;
+  QPlainTextEdit* lines_;
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,73 @@
+#include "tools/desk/screen_list.h"
+
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+
+#include "core/launch.h"
+#include "frontends/qt/qt_text.h"
+
+namespace fiscalon {
+namespace {
+
+enum Column { kCode, kCollects };
+
+}  // namespace
+
+ScreenList::ScreenList(QWidget* parent)
+    : QGroupBox(tr("What to col&lect"), parent),
+      list_(new QTreeWidget(this)),
+      show_(new QPushButton(tr("Show the sc&reen"), this)) {
+  list_->setObjectName(QStringLiteral("screens"));
+  list_->setHeaderLabels({tr("Screen"), tr("Collects")});
+  list_->setRootIsDecorated(false);
+  list_->setUniformRowHeights(true);
+  list_->setAccessibleName(tr("Screens"));
+  const bool all = ListScreens();
+  list_->header()->setSectionResizeMode(kCode, QHeaderView::ResizeToContents);
+  list_->header()->setSectionResizeMode(kCollects, QHeaderView::Stretch);
+
+  show_->setObjectName(QStringLiteral("show"));
+  show_->setDefault(true);
+  connect(show_, &QPushButton::clicked, this, [this] { ShowChosen(); });
+  connect(list_, &QTreeWidget::itemActivated, this, [this] { ShowChosen(); });
+  connect(list_, &QTreeWidget::itemSelectionChanged, this,
+          [this] { show_->setEnabled(CanShow(list_->currentItem())); });
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(list_, 0, 0, 1, 2);
+  if (!all)
+    grid->addWidget(new QLabel(tr("Screens in grey are not part of this version.")), 1, 0);
+  grid->addWidget(show_, 1, 1, Qt::AlignRight);
+}
+
+bool ScreenList::ListScreens() {
+  bool all = true;
+  for (const LaunchRow& row : LaunchTable()) {
+    auto* item = new QTreeWidgetItem(list_, {ToQt(row.code), ToQt(row.collects)});
+    item->setToolTip(kCollects, ToQt(row.collects) + u'\n' + ToQt(row.form));
+    if (row.make != nullptr)
+      continue;
+    all = false;
+    item->setFlags(Qt::NoItemFlags);
+  }
+  return all;
+}
+
+void ScreenList::Choose(const std::string& code) {
+  for (int i = 0; i < list_->topLevelItemCount(); ++i)
+    if (list_->topLevelItem(i)->text(kCode) == ToQt(code))
+      list_->setCurrentItem(list_->topLevelItem(i));
+  show_->setFocus();
+}
+
+bool ScreenList::CanShow(const QTreeWidgetItem* item) {
+  return item != nullptr && item->flags().testFlag(Qt::ItemIsEnabled);
+}
+
+void ScreenList::ShowChosen() {
+  const QTreeWidgetItem* item = list_->currentItem();
+  if (CanShow(item) && onShow)
+    onShow(FromQt(item->text(kCode)));
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <functional>
+#include <string>
+
+namespace fiscalon {
+
+/// All screens with what each collects, and the button that shows the chosen one.
+class ScreenList final : public QGroupBox {
+ public:
+  explicit ScreenList(QWidget* parent = nullptr);
+
+  /// Called with the code of the screen to show.
+  std::function<void(const std::string& code)> onShow = {};
+
+  void Choose(const std::string& code);
+  /// Shows the chosen screen, as the button does.
+  void ShowChosen();
+
+ private:
+  /// Fills the list. True where this version has the forms of all screens.
+  bool ListScreens();
+  static bool CanShow(const QTreeWidgetItem* item);
+
+  QTreeWidget* list_;
+  QPushButton* show_;
+};
+
+}  // namespace fiscalon
