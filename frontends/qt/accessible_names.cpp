@@ -34,6 +34,17 @@ QString WithoutColon(QString caption) {
   return caption;
 }
 
+/// A field is read by the name that stands before it and described by its hint. What has a caption of its own is read
+/// by that, and what stands before it says more.
+void NameField(const Cell& cell, const QString& name, QWidget& field) {
+  const bool captioned = !Caption(cell.field).isEmpty();
+  if (!captioned)
+    field.setAccessibleName(name);
+  const QString hint = Caption(cell.hint);
+  const QString more = captioned && cell.caption != nullptr ? name : QString();
+  field.setAccessibleDescription(hint.isEmpty() ? more : hint);
+}
+
 }  // namespace
 
 void NameFields(const Form& form, const std::function<QWidget&(const Control&)>& widgetOf) {
@@ -43,17 +54,8 @@ void NameFields(const Form& form, const std::function<QWidget&(const Control&)>&
       for (const Cell& cell : row.cells) {
         if (const QString caption = WithoutColon(Caption(cell.caption)); !caption.isEmpty())
           name = caption;
-        if (cell.field == nullptr)
-          continue;
-        QWidget& field = widgetOf(*cell.field);
-        // What has a caption of its own is read by it; what stands before it says more.
-        const bool captioned = !Caption(cell.field).isEmpty();
-        if (!captioned)
-          field.setAccessibleName(name);
-        const QString hint = Caption(cell.hint);
-        field.setAccessibleDescription(!hint.isEmpty()                        ? hint
-                                       : captioned && cell.caption != nullptr ? name
-                                                                              : QString());
+        if (cell.field != nullptr)
+          NameField(cell, name, widgetOf(*cell.field));
       }
     }
   }

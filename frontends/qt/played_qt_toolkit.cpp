@@ -2,11 +2,10 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <cstdlib>
-#include <iostream>
 
 #include "frontends/qt/form_dialog.h"
 #include "frontends/qt/message_window.h"
+#include "frontends/qt/program_messages.h"
 #include "frontends/qt/qt_driver.h"
 
 namespace fiscalon {
@@ -24,22 +23,12 @@ class Listed {
   std::vector<FormDialog*>& dialogs_;
 };
 
-/// The offscreen platform complains of each window that it has no window manager, and Qt of machines without a
-/// desktop.
-void PassMessages(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
-  if (!text.startsWith(QStringLiteral("This plugin does not support")) &&
-      !text.startsWith(QStringLiteral("QStandardPaths: XDG_RUNTIME_DIR")))
-    std::cerr << qFormatLogMessage(type, {}, text).toStdString() << '\n';
-  if (type == QtFatalMsg)
-    std::abort();
-}
-
 }  // namespace
 
 PlayedQtToolkit::Platform::Platform() {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
-  qInstallMessageHandler(PassMessages);
+  InstallProgramMessages("fiscalon");
 }
 
 PlayedQtToolkit::PlayedQtToolkit() {
