@@ -9,17 +9,19 @@ build | cmake              | describes and drives the build
 build | ninja-build        | runs the build
 tools | libcli11-dev       | reads the command line of the program
 tools | nlohmann-json3-dev | writes JSON output
+desk  | qt6-base-dev       | the Qt 6 front end and the payment desk
 tests | libgtest-dev       | the test framework
 tests | libgmock-dev       | matchers of the test framework
 tests | locales            | tests compile the user locales that they read
 tests | pkgconf            | a test compiles against the installed package through pkg-config
 tests | clang-format       | checks the formatting
 tests | python3            | runs the layering check
+tests | xvfb               | a display for the tests with a real user
+tests | xdotool            | types and clicks in those tests
 check | clang-tidy         | lint
 check | cppcheck           | lint
 check | shellcheck         | lint of the shell scripts
 bench | libbenchmark-dev   | the benchmarks
-qt    | qt6-base-dev       | the Qt 6 front end, where it is built
 fuzz  | clang              | compiles the fuzz targets
 fuzz  | libclang-rt-dev    | the fuzzing engine and the sanitizers of clang
 '

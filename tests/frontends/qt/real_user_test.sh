@@ -1,0 +1,170 @@
+#!/usr/bin/env bash
+# A user at a real X server: xdotool types and clicks, the program shows the form, and the file on the disk is the
+# one that the scripted run of the same acts writes, byte for byte. What was recorded meanwhile plays back through both
+# front ends.
+#   real_user_test.sh PROGRAM
+# Exit status 77: skipped, for want of Xvfb or xdotool.
+set -euo pipefail
+program=$1
+
+for tool in Xvfb xdotool; do
+  if ! command -v "$tool" >/dev/null 2>&1; then
+    echo "skipped: $tool is not installed (apt-get install xvfb xdotool)"
+    exit 77
+  fi
+done
+
+folder=$(mktemp -d)
+server='' shown=''
+# The server and the program that were started here, by their numbers.
+CleanUp() {
+  for process in $shown $server; do
+    kill "$process" 2>/dev/null || true
+  done
+  wait 2>/dev/null || true
+  rm -rf "$folder"
+}
+trap CleanUp EXIT
+
+Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
+server=$!
+for _ in $(seq 100); do
+  [[ -s "$folder/display" ]] && break
+  sleep 0.1
+done
+DISPLAY=":$(<"$folder/display")"
+export DISPLAY
+unset WAYLAND_DISPLAY
+export QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR="$folder"
+
+Fail() {
+  echo "FAIL: $1" >&2
+  exit 1
+}
+
+# Window TITLE: waits for a window of that title and prints its number.
+Window() {
+  timeout 30 xdotool search --sync --onlyvisible --name "$1" | tail -n 1
+}
+
+# Gone TITLE: waits until there is no such window.
+Gone() {
+  for _ in $(seq 100); do
+    xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 || return 0
+    sleep 0.1
+  done
+  Fail "the window \"$1\" does not close"
+}
+
+# Show CODE FLAG...: a screen of a known payment, in the background.
+Show() {
+  "$program" --today 2026-06-15 --locale en-CA collect "$1" --comp-name 'Summit Levies' --paid-amount 12345 \
+    --paid-date 06152026 --enter-name 'Hélène Côté' --enter-title Clerk --seq-number 0001 "${@:2}" &
+  shown=$!
+  form=$(timeout 30 xdotool search --sync --onlyvisible --pid "$shown" | tail -n 1) || Fail "no form comes up"
+}
+
+# Ended STATUS: waits for the program.
+Ended() {
+  local status=0
+  wait "$shown" || status=$?
+  shown=''
+  [[ "$status" == "$1" ]] || Fail "the program ends with $status, not $1"
+}
+
+Type() {
+  xdotool type --delay 40 -- "$1"
+}
+
+# By keyboard alone: a wrong month is refused, Enter closes the box, the month is typed over, Enter moves on.
+Show 15 --gov-filename "$folder/keyboard.pc4" --record "$folder/keyboard.scenario"
+Type 202613
+Window '^fiscalon' >/dev/null
+xdotool key Return
+Gone '^fiscalon'
+Type 202612
+Type 12345
+xdotool key alt+o
+Ended 0
+
+# By mouse too: the amount first, then the month, then OK.
+Show 15 --gov-filename "$folder/mouse.pc4" --record "$folder/mouse.scenario"
+eval "$(xdotool getwindowgeometry --shell "$form")"
+xdotool key Tab
+Type 123.45
+xdotool key shift+Tab
+Type 202612
+xdotool mousemove $((X + WIDTH - 145)) $((Y + HEIGHT - 22)) click 1
+Ended 0
+
+# Escape is Cancel, and nothing is written.
+Show 15 --gov-filename "$folder/cancelled.pc4" 2>"$folder/said"
+Type 2026
+xdotool key Escape
+Ended 1
+[[ ! -e "$folder/cancelled.pc4" ]] || Fail "a cancelled screen has written records"
+
+# A list is dropped down, stepped through and left by keyboard; choosing moves the focus on to OK.
+Show 20 --comp-code 001052 --gov-filename "$folder/list.pc4" --record "$folder/list.scenario"
+Type 202606
+Type 12345
+xdotool key Return Return Return Return Return
+xdotool key alt+Down
+xdotool key End Return
+xdotool key Return
+Ended 0
+
+# A display that nobody serves.
+status=0
+DISPLAY=:65432 "$program" collect 15 2>"$folder/said" || status=$?
+[[ "$status" == 2 && "$(<"$folder/said")" == *"set DISPLAY"* ]] || Fail "a missing display ends with $status: $(<"$folder/said")"
+
+# Scripted WAY: plays the acts on standard input by the scripted front end, into another file.
+Scripted() {
+  cat >"$folder/scripted-$1.scenario" <<SCENARIO
+today 2026-06-15
+host CompName "Summit Levies"
+host PaidAmount 12345
+host PaidDate 06152026
+host EnterName "Hélène Côté"
+host EnterTitle Clerk
+host SeqNumber 0001
+host CompCode 001052
+host GovFilename "$folder/scripted-$1.pc4"
+host WriteFile True
+$(cat)
+expect result True
+SCENARIO
+  "$program" play "$folder/scripted-$1.scenario" >"$folder/play.log" || Fail "$(<"$folder/play.log")"
+}
+
+Scripted keyboard <<'ACTS'
+show 15
+type 202612
+type 12345
+click cmdOK
+ACTS
+cp "$folder/scripted-keyboard.pc4" "$folder/scripted-mouse.pc4"
+Scripted list <<'ACTS'
+show 20
+type 202606
+type 12345
+key Enter
+key Enter
+key Enter
+key Enter
+key Enter
+choose cmbRemittanceType "Twice Monthly (2nd remittance)"
+click cmdOK
+ACTS
+
+for way in keyboard mouse list; do
+  cmp "$folder/scripted-$way.pc4" "$folder/$way.pc4" || Fail "the records of the $way are not those of the scripted run"
+  for toolkit in scripted qt; do
+    "$program" play --toolkit "$toolkit" "$folder/$way.scenario" >"$folder/play.log" 2>&1 ||
+      Fail "what was recorded of the $way does not play back by $toolkit:
+$(<"$folder/play.log")
+$(<"$folder/$way.scenario")"
+  done
+done
+echo "ok: keyboard, mouse, list and Escape, as the scripted run"
