@@ -71,7 +71,7 @@ void DeskWindow::Arrange() {
   setCentralWidget(margin);
   const int unit = fontMetrics().horizontalAdvance(u'0');
   const QSize wanted = QSize(150 * unit, 90 * unit).expandedTo(minimumSizeHint());
-  resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
+  resize(wanted.boundedTo(screen()->availableSize() * 19 / 20));
 }
 
 void DeskWindow::ShowScreen(const std::string& code) {

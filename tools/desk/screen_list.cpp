@@ -22,6 +22,8 @@ ScreenList::ScreenList(QWidget* parent)
   list_->setHeaderLabels({tr("Screen"), tr("Collects")});
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);
+  constexpr int kLeastCharacters = 32;
+  list_->setMinimumWidth(list_->fontMetrics().horizontalAdvance(u'0') * kLeastCharacters);
   list_->setAccessibleName(tr("Screens"));
   const bool all = ListScreens();
   list_->header()->setSectionResizeMode(kCode, QHeaderView::ResizeToContents);
@@ -35,8 +37,12 @@ ScreenList::ScreenList(QWidget* parent)
           [this] { show_->setEnabled(CanShow(list_->currentItem())); });
   auto* grid = new QGridLayout(this);
   grid->addWidget(list_, 0, 0, 1, 2);
-  if (!all)
-    grid->addWidget(new QLabel(tr("Screens in grey are not part of this version.")), 1, 0);
+  if (!all) {
+    auto* note = new QLabel(tr("Screens in grey are not part of this version."));
+    note->setWordWrap(true);
+    grid->addWidget(note, 1, 0);
+    grid->setColumnStretch(0, 1);
+  }
   grid->addWidget(show_, 1, 1, Qt::AlignRight);
 }
 
