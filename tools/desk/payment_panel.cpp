@@ -108,10 +108,8 @@ void PaymentPanel::AddDestination(QGridLayout& grid, int row) {
   toFile_->setObjectName(QStringLiteral("toFile"));
   chooseFile_->setObjectName(QStringLiteral("chooseFile"));
   file_->setAccessibleName(tr("Record file"));
-  for (QWidget* widget : {static_cast<QWidget*>(file_), static_cast<QWidget*>(chooseFile_)}) {
-    widget->setEnabled(false);
-    connect(toFile_, &QRadioButton::toggled, widget, &QWidget::setEnabled);
-  }
+  // Whoever names a file wants it written.
+  connect(file_, &QLineEdit::textEdited, toFile_, [this] { toFile_->setChecked(true); });
   connect(chooseFile_, &QPushButton::clicked, this, [this] { ChooseFile(); });
   grid.addWidget(new QLabel(tr("Records:")), row, kLeft);
   grid.addWidget(toCollection_, row, kLeft + 1);
@@ -125,8 +123,10 @@ void PaymentPanel::AddDestination(QGridLayout& grid, int row) {
 void PaymentPanel::ChooseFile() {
   const QString chosen = QFileDialog::getSaveFileName(this, tr("Record file"), file_->text(), {}, nullptr,
                                                       QFileDialog::DontConfirmOverwrite);
-  if (!chosen.isEmpty())
-    file_->setText(chosen);
+  if (chosen.isEmpty())
+    return;
+  file_->setText(chosen);
+  toFile_->setChecked(true);
 }
 
 Payment PaymentPanel::Current() const {

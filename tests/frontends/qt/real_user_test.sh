@@ -6,55 +6,8 @@
 # Exit status 77: skipped, for want of Xvfb or xdotool.
 set -euo pipefail
 program=$1
-
-for tool in Xvfb xdotool; do
-  if ! command -v "$tool" >/dev/null 2>&1; then
-    echo "skipped: $tool is not installed (apt-get install xvfb xdotool)"
-    exit 77
-  fi
-done
-
-folder=$(mktemp -d)
-server='' shown=''
-# The server and the program that were started here, by their numbers.
-CleanUp() {
-  for process in $shown $server; do
-    kill "$process" 2>/dev/null || true
-  done
-  wait 2>/dev/null || true
-  rm -rf "$folder"
-}
-trap CleanUp EXIT
-
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
-server=$!
-for _ in $(seq 100); do
-  [[ -s "$folder/display" ]] && break
-  sleep 0.1
-done
-DISPLAY=":$(<"$folder/display")"
-export DISPLAY
-unset WAYLAND_DISPLAY
-export QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR="$folder"
-
-Fail() {
-  echo "FAIL: $1" >&2
-  exit 1
-}
-
-# Window TITLE: waits for a window of that title and prints its number.
-Window() {
-  timeout 30 xdotool search --sync --onlyvisible --name "$1" | tail -n 1
-}
-
-# Gone TITLE: waits until there is no such window.
-Gone() {
-  for _ in $(seq 100); do
-    xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 || return 0
-    sleep 0.1
-  done
-  Fail "the window \"$1\" does not close"
-}
+# shellcheck source=tests/support/real_user.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../../support/real_user.sh"
 
 # Show CODE FLAG...: a screen of a known payment, in the background.
 Show() {
@@ -62,18 +15,6 @@ Show() {
     --paid-date 06152026 --enter-name 'Hélène Côté' --enter-title Clerk --seq-number 0001 "${@:2}" &
   shown=$!
   form=$(timeout 30 xdotool search --sync --onlyvisible --pid "$shown" | tail -n 1) || Fail "no form comes up"
-}
-
-# Ended STATUS: waits for the program.
-Ended() {
-  local status=0
-  wait "$shown" || status=$?
-  shown=''
-  [[ "$status" == "$1" ]] || Fail "the program ends with $status, not $1"
-}
-
-Type() {
-  xdotool type --delay 40 -- "$1"
 }
 
 # By keyboard alone: a wrong month is refused, Enter closes the box, the month is typed over, Enter moves on.

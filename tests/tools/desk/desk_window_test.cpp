@@ -276,12 +276,13 @@ TEST_F(PaymentDesk, ShowsTheAmountBothWays) {
   EXPECT_EQ(Find<QLineEdit>("dollars").placeholderText(), "no amount");
 }
 
-TEST_F(PaymentDesk, OffersAFileOnlyWhereRecordsGoToOne) {
-  EXPECT_FALSE(Find<QLineEdit>("file").isEnabled());
-  EXPECT_FALSE(Find<QPushButton>("chooseFile").isEnabled());
-  Press("toFile");
-  EXPECT_TRUE(Find<QLineEdit>("file").isEnabled());
-  EXPECT_TRUE(Find<QPushButton>("chooseFile").isEnabled());
+TEST_F(PaymentDesk, WritesToAFileAsSoonAsOneIsNamed) {
+  EXPECT_TRUE(Find<QRadioButton>("toCollection").isChecked());
+  Retype("file", "payment.pc4");
+  EXPECT_TRUE(Find<QRadioButton>("toFile").isChecked());
+  Press("toCollection");
+  EXPECT_FALSE(Find<QRadioButton>("toFile").isChecked());
+  EXPECT_EQ(Find<QLineEdit>("file").text(), "payment.pc4");
 }
 
 TEST_F(PaymentDesk, HasNoAccessKeyTwice) {

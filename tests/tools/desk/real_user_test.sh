@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# A user at a real X server opens the payment desk: one press shows a form, the keyboard comes back to the desk when the
+# form has gone, access keys reach its fields, and the records are in the file that was named there.
+#   real_user_test.sh DESK
+# Exit status 77: skipped, for want of Xvfb or xdotool.
+set -euo pipefail
+desk=$1
+# shellcheck source=tests/support/real_user.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../../support/real_user.sh"
+
+"$desk" &
+shown=$!
+Keyboard 'Payment desk'
+
+# The button has the focus, and the form takes the keyboard.
+xdotool key Return
+Keyboard 'Summit Levies'
+Type 202512
+xdotool key Escape
+Keyboard 'Payment desk'
+
+# A file, by access key; Enter in its field shows the screen.
+xdotool key alt+w
+xdotool key Tab
+Type "$folder/payment.pc4"
+xdotool key Return
+Keyboard 'Summit Levies'
+Type 202512
+Type 12345
+xdotool key alt+o
+Keyboard 'Payment desk'
+
+record=$(printf '%-160s' 'PC40001T                202512          Hxlxne Cxtx                   Clerk')
+[[ "$(head -n 1 "$folder/payment.pc4" | iconv -f WINDOWS-1252 -t UTF-8 | tr -d '\r' | sed 's/[éèô]/x/g')" == "\"$record\"" ]] ||
+  Fail "the file is not what was typed: $(head -n 1 "$folder/payment.pc4")"
+
+xdotool key ctrl+q
+Ended 0
+echo "ok: one press to a form, and a file by keyboard alone"
