@@ -40,7 +40,7 @@ class BatchListener {
   /// Whether `OnPayment` is to be told of good payments too.
   virtual bool WantsValidPayments() const = 0;
   virtual void OnPayment(const PaymentVerdict& verdict) = 0;
-  /// Called every few hundred payments.
+  /// Called every few thousand payments.
   virtual void OnProgress(const BatchProgress& /*progress*/) {}
 };
 

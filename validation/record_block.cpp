@@ -11,7 +11,9 @@ namespace fiscalon {
 
 namespace {
 
-constexpr size_t kBlockBytes = size_t{256} << 10;
+/// Small enough that a block is still in the cache when it is judged; large enough that two threads seldom touch
+/// the same page table of the mapped file at once.
+constexpr size_t kBlockBytes = size_t{1} << 20;
 constexpr size_t kLargestPayment = size_t{16} << 20;
 constexpr RecordField kSequence = FieldNamed(kRecordHead, "SeqNumber");
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

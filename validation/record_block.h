@@ -77,7 +77,7 @@ class RecordFeed {
  public:
   explicit RecordFeed(ByteSource& source) : source_(source) {}
 
-  /// The next bytes that hold whole payments, about 256 KiB; empty at the end. `storage` holds them where
+  /// The next bytes that hold whole payments, about 1 MiB; empty at the end. `storage` holds them where
   /// the source does not keep them. Throws `BatchError` for a payment of more than 16 MiB.
   std::string_view Next(std::string& storage);
 
