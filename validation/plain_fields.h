@@ -35,9 +35,9 @@ inline uint64_t PlainDate(const char* value, const Expectation& expected) {
     return kNoDigits;
   const uint64_t pairs = DigitPairs(eight);
   const auto year = static_cast<int>((pairs & 0xFF) * 100 + (pairs >> 16 & 0xFF));
-  const auto month = static_cast<unsigned>(pairs >> 32 & 0xFF);
+  const auto month = static_cast<int>(pairs >> 32 & 0xFF);
   const auto day = static_cast<int>(pairs >> 48);
-  return year >= expected.day->firstYear && year <= expected.day->lastYear && month - 1 < 12 && day >= 1 &&
+  return year >= expected.day->firstYear && year <= expected.day->lastYear && month >= 1 && month <= 12 && day >= 1 &&
                  (day <= 28 || day <= DaysOf(year, month))
              ? 0
              : kNoDigits;
