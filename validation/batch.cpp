@@ -40,11 +40,13 @@ struct Portion {
   std::vector<Failure> failures;
   size_t judged = 0;
   std::vector<LineProblem> rowProblems;
+  /// Why the records can't be read on, if they can't; its line counts from the first of the block.
+  std::optional<BatchProblem> unreadable;
   /// Where the two files part, if they do: at a line of the records, or at a row that has none.
   std::optional<LineProblem> partingRecord;
   std::optional<LineProblem> partingRow;
 
-  bool Parts() const { return partingRecord || partingRow; }
+  bool IsLast() const { return unreadable || partingRecord || partingRow; }
 };
 
 class BatchRun {
@@ -99,15 +101,29 @@ class BatchRun {
       if (ended_)
         return false;
       portion.ticket = nextTicket_++;
-      portion.recordBytes = recordFeed_.Next(portion.recordStorage);
+      FeedRecords(portion);
       ended_ = portion.recordBytes.empty();
     }
     portion.records.Cut(portion.recordBytes);
     return true;
   }
 
+  void FeedRecords(Portion& portion) {
+    try {
+      portion.recordBytes = recordFeed_.Next(portion.recordStorage);
+    } catch (const BatchError& error) {
+      portion.recordBytes = {};
+      portion.unreadable = error.Problems().front();
+    }
+  }
+
   /// Takes a row for each payment of the block, and judges them.
   bool TakeRows(Portion& portion) {
+    portion.failures.clear();
+    portion.rowProblems.clear();
+    portion.judged = 0;
+    if (portion.unreadable)
+      return true;
     if (!takingRows_.Enter(portion.ticket))
       return false;
     // Behind the last block no row is left.
@@ -120,10 +136,6 @@ class BatchRun {
   }
 
   void Judge(Portion& portion) const {
-    portion.failures.clear();
-    portion.rowProblems.clear();
-    portion.partingRecord.reset();
-    portion.partingRow.reset();
     portion.rows.Read(portion.rowBytes);
     if (wantsAll_)
       portion.screens.resize(portion.rowCount);
@@ -159,13 +171,13 @@ class BatchRun {
   void Part(Portion& portion, size_t payment, std::string_view seq) const {
     portion.judged = payment;
     if (payment == portion.records.PaymentCount()) {
-      portion.partingRow = {payment, "payment '" + std::string(seq) + "' has no records"};
+      portion.partingRow = {payment, "payment " + Quoted(seq) + " has no records"};
       return;
     }
-    const std::string found = "payment '" + std::string(portion.records.Sequence(payment)) + "'";
+    const std::string found = "payment " + Quoted(portion.records.Sequence(payment));
     const std::string reason = payment == portion.rowCount
                                    ? found + " is not in the payments list, which ends before it"
-                                   : found + " stands where the payments list has '" + std::string(seq) + "' (line " +
+                                   : found + " stands where the payments list has " + Quoted(seq) + " (line " +
                                          std::to_string(portion.firstRow + payment) + ")";
     portion.partingRecord = {portion.records.FirstLine(payment), reason};
   }
@@ -178,7 +190,7 @@ class BatchRun {
     if (problems_.empty())
       Tell(portion);
     lines_ += portion.records.LineCount();
-    const bool goesOn = !portion.Parts() && problems_.size() < kMostProblems;
+    const bool goesOn = !portion.IsLast() && problems_.size() < kMostProblems;
     if (!goesOn)
       Stop(nullptr);
     handing_.Leave();
@@ -196,6 +208,9 @@ class BatchRun {
       note(recordsName_, lines_ + 1, *portion.partingRecord);
     if (portion.partingRow)
       note(paymentsName_, portion.firstRow, *portion.partingRow);
+    if (portion.unreadable)
+      note(recordsName_, portion.unreadable->line == 0 ? 0 : lines_,
+           {portion.unreadable->line, portion.unreadable->reason});
   }
 
   void Tell(const Portion& portion) {

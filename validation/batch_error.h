@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,6 +15,7 @@ struct BatchProblem {
   std::string file = {};
   /// From 1; 0 where the problem is the file's own.
   uint64_t line = 0;
+  /// In Windows-1252, as far as it quotes what stands in the file.
   std::string reason = {};
 
   /// "batch.pc4:12: a line of 159 characters; a record has 160"
@@ -26,6 +28,13 @@ struct BatchProblem {
 
   friend bool operator==(const BatchProblem&, const BatchProblem&) = default;
 };
+
+/// A text of a file as a problem quotes it: in quotes, and no more of it than fits on a line.
+inline std::string Quoted(std::string_view text) {
+  constexpr size_t kMostShown = 40;
+  const std::string shown(text.substr(0, kMostShown));
+  return "'" + shown + (text.size() > kMostShown ? "...'" : "'");
+}
 
 /// A batch whose files can't be read or don't line up: no verdict of it counts.
 class BatchError : public std::exception {

@@ -33,31 +33,52 @@ std::string_view WithoutEnd(std::string_view line) {
   return line;
 }
 
-/// The fields of a CSV line. False where a quote is out of place.
-bool SplitFields(std::string_view line, std::vector<std::string>& fields) {
-  fields.emplace_back();
-  for (size_t i = 0; i < line.size(); ++i) {
-    if (line[i] == ',') {
-      fields.emplace_back();
-    } else if (line[i] != '"') {
-      fields.back() += line[i];
-    } else if (i != 0 && line[i - 1] != ',') {
+/// Takes a field in quotes; `at` goes from the first quote to behind the last. Two quotes inside stand for one.
+/// False where the field has no end.
+bool TakeQuotedField(std::string_view line, size_t& at, std::string& field) {
+  for (;;) {
+    const size_t quote = line.find('"', at + 1);
+    if (quote == line.npos)
       return false;
-    } else {
-      // To the closing quote; two quotes inside stand for one.
-      for (++i;; ++i) {
-        if (i >= line.size())
-          return false;
-        if (line[i] == '"' && (i + 1 == line.size() || line[i + 1] != '"'))
-          break;
-        fields.back() += line[i];
-        i += line[i] == '"' ? 1 : 0;
-      }
-      if (i + 1 < line.size() && line[i + 1] != ',')
-        return false;
-    }
+    field += line.substr(at + 1, quote - at - 1);
+    at = quote + 1;
+    if (at == line.size() || line[at] != '"')
+      return true;
+    field += '"';
   }
-  return true;
+}
+
+void TakeBareField(std::string_view line, size_t& at, std::string& field) {
+  const size_t end = std::min(line.find_first_of(",\"", at), line.size());
+  field = line.substr(at, end - at);
+  at = end;
+}
+
+/// The fields of a CSV line, in Windows-1252. False where a quote is out of place.
+bool SplitFields(std::string_view line, std::vector<std::string>& fields) {
+  for (size_t at = 0;; ++at) {
+    std::string& field = fields.emplace_back();
+    if (!line.substr(at).starts_with('"'))
+      TakeBareField(line, at, field);
+    else if (!TakeQuotedField(line, at, field))
+      return false;
+    if (!IsAscii(field))
+      field = FromUtf8(field);
+    if (at == line.size())
+      return true;
+    if (line[at] != ',')
+      return false;
+  }
+}
+
+/// Whether a line is the header of a payments list, with or without quotes.
+bool IsHeader(std::string_view line) {
+  std::vector<std::string> names;
+  std::string unquoted;
+  if (!SplitFields(line, names))
+    return false;
+  for (const std::string& name : names) unquoted += (unquoted.empty() ? "" : ",") + name;
+  return unquoted == kPaymentsHeader;
 }
 
 /// How many line ends there are in so many characters, at most 255. Written so that compilers make it a few
@@ -124,11 +145,11 @@ std::string ReadCents(std::string_view text, int64_t& cents) {
   if (error == std::errc::result_out_of_range ||
       (error == std::errc{} && stop == end && (cents > kLargestAmount || cents < -kLargestAmount))) {
     cents = 0;
-    return "the amount '" + std::string(text) + "' is out of range";
+    return "the amount " + Quoted(text) + " is out of range";
   }
   if (error != std::errc{} || stop != end) {
     cents = 0;
-    return "the amount '" + std::string(text) + "' is no whole number of cents";
+    return "the amount " + Quoted(text) + " is no whole number of cents";
   }
   return {};
 }
@@ -187,8 +208,7 @@ std::string RowReader::Next(PaymentRow& row) {
   if (fields.size() != kFields)
     return "a row of " + std::to_string(fields.size()) + " fields; it has " + std::string(kPaymentsHeader);
   std::string_view* const texts[] = {&row.seq, &row.screen, &row.biller};
-  for (size_t i = 0; i < std::size(texts); ++i)
-    *texts[i] = texts_.emplace_back(IsAscii(fields[i]) ? fields[i] : FromUtf8(fields[i]));
+  for (size_t i = 0; i < std::size(texts); ++i) *texts[i] = texts_.emplace_back(std::move(fields[i]));
   return ReadCents(fields.back(), row.cents);
 }
 
@@ -199,7 +219,7 @@ void RowFeed::TakeHeader() {
   const std::string_view header = WithoutEnd(bytes.substr(0, bytes.find('\n')));
   if (header.starts_with(kByteOrderMark))
     throw BatchError({BatchProblem{source_.Name(), 1, "a byte-order mark; save the list without it"}});
-  if (header != kPaymentsHeader)
+  if (!IsHeader(header))
     throw BatchError({BatchProblem{source_.Name(), 1, "the first line is not " + std::string(kPaymentsHeader)}});
 }
 

@@ -159,17 +159,24 @@ std::string_view RecordFeed::Next(std::string& storage) {
   return bytes;
 }
 
+/// What is wrong at the line that starts there.
+void RecordFeed::Fail(size_t start, std::string reason) {
+  const std::string_view before = source_.Peek(start).substr(0, start);
+  const auto lines = static_cast<uint64_t>(std::count(before.begin(), before.end(), '\n'));
+  throw BatchError({BatchProblem{source_.Name(), lines + 1, std::move(reason)}});
+}
+
 /// The line that starts there, with its end; empty at the end of the file.
 std::string_view RecordFeed::LineAt(size_t start) {
   for (size_t wanted = start + kRecordLength * 2;; wanted *= 2) {
-    const std::string_view bytes = source_.Peek(wanted);
+    const std::string_view bytes = source_.Peek(wanted).substr(0, start + kLargestPayment + 1);
     const size_t end = bytes.find('\n', start);
     if (end != bytes.npos)
       return bytes.substr(start, end + 1 - start);
+    if (bytes.size() > start + kLargestPayment)
+      Fail(start, "a line of more than 16 MiB");
     if (bytes.size() < wanted)
       return bytes.substr(std::min(start, bytes.size()));
-    if (bytes.size() - start > kLargestPayment)
-      throw BatchError(source_.Name(), "a line of more than 16 MiB");
   }
 }
 
@@ -189,7 +196,8 @@ size_t RecordFeed::EndOfPayment(size_t from) {
       return start;
     start += line.size();
     if (start - from > kLargestPayment)
-      throw BatchError(source_.Name(), "the records of payment '" + sequence + "' take more than 16 MiB");
+      Fail(start, sequence.empty() ? "no record in 16 MiB before this line"
+                                   : "the records of payment " + Quoted(sequence) + " take more than 16 MiB");
   }
 }
 

@@ -78,12 +78,14 @@ class RecordFeed {
   explicit RecordFeed(ByteSource& source) : source_(source) {}
 
   /// The next bytes that hold whole payments, about 1 MiB; empty at the end. `storage` holds them where
-  /// the source does not keep them. Throws `BatchError` for a payment of more than 16 MiB.
+  /// the source does not keep them. Throws `BatchError` for a payment of more than 16 MiB,
+  /// with the line counted from the first of these bytes.
   std::string_view Next(std::string& storage);
 
  private:
   size_t EndOfPayment(size_t from);
   std::string_view LineAt(size_t start);
+  [[noreturn]] void Fail(size_t start, std::string reason);
 
   ByteSource& source_;
 };

@@ -131,6 +131,24 @@ TEST_F(ValidateBatchTest, NamesATruncatedLastLine) {
   EXPECT_EQ(Validate(batch), "batch.pc4:6: the quote in front has none behind; the line has 113 more characters");
 }
 
+TEST_F(ValidateBatchTest, NamesALineThatNeverEndsBehindTheProblemsBeforeIt) {
+  Batch batch;
+  for (int payment = 0; payment < 8000; ++payment) batch.Add(std::to_string(1000 + payment));
+  batch.records.insert(0, "hello\n");
+  batch.records += std::string(size_t{17} << 20, 'a');
+  for (const unsigned jobs : {1u, 2u})
+    EXPECT_EQ(Validate(batch, jobs),
+              "batch.pc4:1: no record: a record begins with PC4, a sequence number and a kind\n"
+              "batch.pc4:16002: a line of more than 16 MiB");
+}
+
+TEST_F(ValidateBatchTest, NamesWhereTheRecordsBecomeNone) {
+  Batch batch;
+  while (batch.records.size() < size_t{18} << 20) batch.records += "hello\n";
+  // Lines of 6 bytes; the first that begins more than 16 MiB behind a block of 1 MiB.
+  EXPECT_EQ(Validate(batch), "batch.pc4:2970967: no record in 16 MiB before this line");
+}
+
 TEST_F(ValidateBatchTest, NamesEveryRowThatCannotBeRead) {
   Batch batch = ThreePayments();
   batch.payments = "seq,screen,biller,amount\n0001,03,,x\n0002,03,,12345\n0003,03\n";

@@ -45,6 +45,7 @@ TEST(RowReader, ReadsAmountsOfAnyLength) {
 TEST(RowReader, ReadsFieldsInQuotesAndUtf8) {
   EXPECT_EQ(Read("\"0001\",\"03\",\"\",\"12345\""), "0001|03||12345");
   EXPECT_EQ(Read("\"a,\"\"b\",03,,1"), "a,\"b|03||1");
+  EXPECT_EQ(Read("\"\"\"\",\"a\"\"\",,\"1\""), "\"|a\"||1");
   EXPECT_EQ(Read("\xC3\xA9"
                  "001,03,,1"),
             "\xE9"
@@ -60,10 +61,16 @@ TEST(RowReader, NamesWhatIsWrongWithARow) {
   EXPECT_EQ(Read("0001,03,,92233720368547758"), "0001|03||92233720368547758");
   EXPECT_EQ(Read("0001,03,,92233720368547759"), "the amount '92233720368547759' is out of range");
   EXPECT_EQ(Read("0001,03,,99999999999999999999"), "the amount '99999999999999999999' is out of range");
+  EXPECT_EQ(Read("0001,03,,1234567890123456789012345678901234567890x"),
+            "the amount '1234567890123456789012345678901234567890...' is out of range");
+  EXPECT_EQ(Read("0001,03,,\xC3\xA9"), "the amount '\xE9' is no whole number of cents");
   EXPECT_EQ(Read("0001,03,12345"), "a row of 3 fields; it has seq,screen,biller,amount");
   EXPECT_EQ(Read("0001,03,,1,2"), "a row of 5 fields; it has seq,screen,biller,amount");
   EXPECT_EQ(Read("0001"), "a row of 1 fields; it has seq,screen,biller,amount");
   EXPECT_EQ(Read("\"0001,03,,1"), "a quote out of place");
+  EXPECT_EQ(Read("0001,03,,\"1"), "a quote out of place");
+  EXPECT_EQ(Read("0001,03,,\""), "a quote out of place");
+  EXPECT_EQ(Read("0001,03,,\"1\"\""), "a quote out of place");
   EXPECT_EQ(Read("00\"01,03,,1"), "a quote out of place");
   EXPECT_EQ(Read("\"0001\"x,03,,1"), "a quote out of place");
   EXPECT_EQ(Read(std::string("0001,03,\0,1", 11)), "a NUL byte");
@@ -122,6 +129,8 @@ TEST(RowFeed, RefusesAnotherHeader) {
     return std::string("none");
   };
   EXPECT_EQ(error("seq,screen,biller,amount"), "none");
+  EXPECT_EQ(error("\"seq\",\"screen\",\"biller\",\"amount\"\r\n"), "none");
+  EXPECT_EQ(error("\"seq,screen,biller,amount\n"), "batch.csv:1: the first line is not seq,screen,biller,amount");
   EXPECT_EQ(error("seq,screen,amount\n"), "batch.csv:1: the first line is not seq,screen,biller,amount");
   EXPECT_EQ(error(""), "batch.csv:1: the first line is not seq,screen,biller,amount");
   EXPECT_EQ(error("\xEF\xBB\xBFseq,screen,biller,amount\n"),

@@ -175,7 +175,8 @@ TEST(RecordFeed, APaymentOfMoreThan16MebibytesIsAnError) {
     Blocks(*source);
     FAIL();
   } catch (const BatchError& error) {
-    EXPECT_STREQ(error.what(), "batch.pc4: the records of payment '0001' take more than 16 MiB");
+    // Lines of 164 bytes; the first that begins more than 16 MiB behind a block of 1 MiB.
+    EXPECT_STREQ(error.what(), "batch.pc4:108695: the records of payment '0001' take more than 16 MiB");
   }
 }
 
