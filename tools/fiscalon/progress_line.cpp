@@ -1,5 +1,6 @@
 #include "tools/fiscalon/progress_line.h"
 
+#include <cmath>
 #include <cstdio>
 #include <iostream>
 
@@ -44,8 +45,8 @@ std::string ProgressText(const BatchProgress& progress, double seconds) {
   if (seconds > 0)
     text += Printed("  %.1f million a second", static_cast<double>(progress.payments) / seconds / 1e6);
   if (share > 0) {
-    const auto left = static_cast<int>(seconds / share - seconds + 0.5);
-    text += Printed("  %d:%02d left", left / 60, left % 60);
+    const auto left = std::lround(seconds / share - seconds);
+    text += Printed("  %ld:%02ld left", left / 60, left % 60);
   }
   return text;
 }

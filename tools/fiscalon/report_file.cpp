@@ -1,8 +1,10 @@
 #include "tools/fiscalon/report_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -23,23 +25,59 @@ volatile std::sig_atomic_t interrupted = 0;
 /// The name of the file to take away, where a signal handler finds it.
 std::array<char, 4096> partialFile = {};
 
+/// The mapped files and their names, for the same reason.
+struct MappedInput {
+  std::string file = {};
+  std::string_view bytes = {};
+};
+std::array<MappedInput, 2> mappedInputs = {};
+
 #if __has_include(<unistd.h>)
 void RunAndNote(int) {
   interrupted = 1;
 }
 
-void EndForShrunkenFile(int) {
-  constexpr std::string_view kMessage = "fiscalon: an input file became shorter while it was read\n";
+/// A signal handler's way to complain.
+void Say(std::string_view text) {
+  [[maybe_unused]] const auto written = ::write(STDERR_FILENO, text.data(), text.size());
+}
+
+bool Holds(std::string_view bytes, const void* address) {
+  const auto start = reinterpret_cast<std::uintptr_t>(bytes.data());
+  const auto at = reinterpret_cast<std::uintptr_t>(address);
+  return at >= start && at - start < bytes.size();
+}
+
+void EndForShrunkenFile(int, siginfo_t* fault, void*) {
   if (partialFile[0] != '\0')
     ::unlink(partialFile.data());
-  [[maybe_unused]] const auto written = ::write(STDERR_FILENO, kMessage.data(), kMessage.size());
+  Say("fiscalon: ");
+  for (const MappedInput& input : mappedInputs) {
+    if (Holds(input.bytes, fault->si_addr))
+      Say(input.file);
+  }
+  Say(": the file became shorter while it was read\n");
   ::_exit(static_cast<int>(ExitStatus::Unusable));
 }
 
-void Handle(int signal, void (*handler)(int)) {
+constexpr std::array kInterrupts = {SIGINT, SIGTERM, SIGHUP};
+
+/// Has an interrupt noted, unless whoever started the program wanted it ignored, as `nohup` does.
+void NoteInterrupt(int signal) {
   struct sigaction action = {};
-  action.sa_handler = handler;
+  ::sigaction(signal, nullptr, &action);
+  if (action.sa_handler == SIG_IGN)
+    return;
+  action = {};
+  action.sa_handler = RunAndNote;
   ::sigaction(signal, &action, nullptr);
+}
+
+void NoteNoInterrupt(int signal) {
+  struct sigaction action = {};
+  ::sigaction(signal, nullptr, &action);
+  if (action.sa_handler == RunAndNote)
+    ::signal(signal, SIG_DFL);
 }
 #endif
 
@@ -51,31 +89,43 @@ bool IsInterrupted() {
 
 InterruptWatch::InterruptWatch() {
 #if __has_include(<unistd.h>)
-  Handle(SIGINT, RunAndNote);
-  Handle(SIGTERM, RunAndNote);
-  Handle(SIGBUS, EndForShrunkenFile);
+  for (const int signal : kInterrupts) NoteInterrupt(signal);
+  struct sigaction action = {};
+  action.sa_flags = SA_SIGINFO;
+  action.sa_sigaction = EndForShrunkenFile;
+  ::sigaction(SIGBUS, &action, nullptr);
 #endif
 }
 
 InterruptWatch::~InterruptWatch() {
 #if __has_include(<unistd.h>)
-  for (const int signal : {SIGINT, SIGTERM, SIGBUS}) Handle(signal, SIG_DFL);
+  for (const int signal : kInterrupts) NoteNoInterrupt(signal);
+  ::signal(SIGBUS, SIG_DFL);
 #endif
+  mappedInputs = {};
+}
+
+void InterruptWatch::Mapped(std::string file, std::string_view bytes) {
+  MappedInput& place = mappedInputs[mappedInputs[0].bytes.empty() ? 0 : 1];
+  place = {std::move(file), bytes};
 }
 
 ReportFile::ReportFile(std::string path) : path_(std::move(path)) {
   if (path_ == "-")
     return;
-  // A device or a pipe stays what it is, and is written as it comes.
+  // A device or a pipe stays what it is, and is written as it comes. A link stays one too: the file that it leads to
+  // is replaced.
   std::error_code ignored;
   const auto kind = std::filesystem::status(path_, ignored).type();
   const bool isPlace = kind == std::filesystem::file_type::not_found || kind == std::filesystem::file_type::regular;
+  if (isPlace && std::filesystem::is_symlink(path_, ignored))
+    path_ = std::filesystem::weakly_canonical(path_, ignored).string();
   partialPath_ = isPlace ? path_ + ".partial" : std::string();
   file_ = std::fopen(isPlace ? partialPath_.c_str() : path_.c_str(), "wb");
   if (file_ == nullptr)
     Fail();
   if (partialPath_.size() < partialFile.size())
-    std::strcpy(partialFile.data(), partialPath_.c_str());
+    *std::copy(partialPath_.begin(), partialPath_.end(), partialFile.begin()) = '\0';
 }
 
 ReportFile::~ReportFile() {

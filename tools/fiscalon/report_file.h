@@ -33,13 +33,16 @@ class ReportFile {
 bool IsInterrupted();
 
 /// Watches out for interrupts while it lives: they are noted, so that the program can end in order. A mapped
-/// file that shrinks ends the program with a message.
+/// file that shrinks ends the program with a message that names it.
 class InterruptWatch {
  public:
   InterruptWatch();
   ~InterruptWatch();
   InterruptWatch(const InterruptWatch&) = delete;
   InterruptWatch& operator=(const InterruptWatch&) = delete;
+
+  /// Where the bytes of a mapped file lie. At most two files can be watched.
+  void Mapped(std::string file, std::string_view bytes);
 };
 
 }  // namespace fiscalon

@@ -13,6 +13,7 @@
 #include "tools/fiscalon/progress_line.h"
 #include "tools/fiscalon/record_lines.h"
 #include "tools/fiscalon/report_file.h"
+#include "tools/fiscalon/visible_text.h"
 #include "validation/batch.h"
 #include "validation/batch_report.h"
 #include "validation/judge_payment.h"
@@ -148,9 +149,13 @@ void PrintSummary(std::ostream& out, const BatchProgress& counts, const ReasonCo
 ExitStatus ValidateFiles(const ValidateOptions& options, const Context& context) {
   if (options.payments == "-" && options.records == "-")
     throw CommandError("only one of --payments and --records can be standard input");
-  const InterruptWatch watch;
+  InterruptWatch watch;
   const auto payments = ByteSource::Open(options.payments);
   const auto records = ByteSource::Open(options.records);
+  for (ByteSource* const source : {payments.get(), records.get()}) {
+    if (source->Stays())
+      watch.Mapped(source->Name(), source->Peek(0));
+  }
   std::unique_ptr<ReportFile> report;
   if (!options.report.empty()) {
     RefuseInputAsReport(options);
@@ -191,7 +196,10 @@ ExitStatus Validate(const ValidateOptions& options, const Context& context) {
     // A read that an interrupt ended is no fault of the file.
     if (IsInterrupted())
       throw CommandError("interrupted");
-    for (const BatchProblem& problem : error.Problems()) Complain("fiscalon: " + problem.Text());
+    for (BatchProblem problem : error.Problems()) {
+      problem.reason = VisibleText(problem.reason);
+      Complain("fiscalon: " + problem.Text());
+    }
     return ExitStatus::Unusable;
   }
 }

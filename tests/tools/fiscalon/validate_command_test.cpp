@@ -156,6 +156,20 @@ TEST_F(ValidateBatchFiles, NamesProblemsAndLeavesNoReport) {
   EXPECT_FALSE(Exists("report.csv.partial"));
 }
 
+TEST_F(ValidateBatchFiles, ShowsControlCharactersAndAccentsOfTheFilesInMessages) {
+  folder.Write("batch.csv", "seq,screen,biller,amount\n0001,03,,\x1B[1m\xC3\xA9\n0002,03,,12345\n");
+  EXPECT_EQ(Run("validate --payments batch.csv --records batch.pc4").err,
+            "fiscalon: batch.csv:2: the amount '\u241B[1m\u00E9' is no whole number of cents\n");
+}
+
+TEST_F(ValidateBatchFiles, AReportThroughALinkTakesThePlaceOfTheFileBehindIt) {
+  folder.Write("report.csv", "older");
+  std::filesystem::create_symlink("report.csv", folder.Path("link.csv"));
+  EXPECT_EQ(Run("validate --payments batch.csv --records batch.pc4 --report link.csv").status, 1);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.csv")));
+  EXPECT_TRUE(folder.Read("report.csv").starts_with("seq,screen,valid,reason\n0001,03,yes,\n"));
+}
+
 TEST_F(ValidateBatchFiles, NamesAFileThatCannotBeRead) {
   const Outcome outcome = Run("validate --payments missing.csv --records batch.pc4 --report report.csv");
   EXPECT_EQ(outcome.err, "fiscalon: missing.csv: can't be opened: No such file or directory\n");
@@ -196,6 +210,7 @@ class WaitingProgram : public Program {
     const pid_t program = ::fork();
     if (program == 0) {
       ::chdir(folder.Path().c_str());
+      ::freopen("err", "w", stderr);
       ::execl(FISCALON_PROGRAM, "fiscalon", "validate", "--payments", "pipe", "--records", "batch.pc4", "--report",
               "report.csv", nullptr);
       ::_exit(127);
@@ -218,14 +233,29 @@ class WaitingProgram : public Program {
 
 TEST_F(WaitingProgram, AnInterruptLeavesNoReport) {
   EXPECT_EQ(RunWhile([](pid_t program, const TemporaryFolder&) { ::kill(program, SIGINT); }), 2);
+  EXPECT_EQ(folder.Read("err"), "fiscalon: interrupted\n");
   EXPECT_FALSE(Exists("report.csv"));
   EXPECT_FALSE(Exists("report.csv.partial"));
 }
 
-TEST_F(WaitingProgram, AFileThatShrinksLeavesNoReport) {
+TEST_F(WaitingProgram, ATerminalThatGoesAwayLeavesNoReport) {
+  EXPECT_EQ(RunWhile([](pid_t program, const TemporaryFolder&) { ::kill(program, SIGHUP); }), 2);
+  EXPECT_FALSE(Exists("report.csv"));
+  EXPECT_FALSE(Exists("report.csv.partial"));
+}
+
+TEST_F(WaitingProgram, AnInterruptThatIsToBeIgnoredIsIgnored) {
+  ::signal(SIGHUP, SIG_IGN);
+  EXPECT_EQ(RunWhile([](pid_t program, const TemporaryFolder&) { ::kill(program, SIGHUP); }), 1);
+  ::signal(SIGHUP, SIG_DFL);
+  EXPECT_TRUE(Exists("report.csv"));
+}
+
+TEST_F(WaitingProgram, AFileThatShrinksIsNamedAndLeavesNoReport) {
   EXPECT_EQ(
       RunWhile([](pid_t, const TemporaryFolder& place) { std::filesystem::resize_file(place.Path("batch.pc4"), 0); }),
       2);
+  EXPECT_EQ(folder.Read("err"), "fiscalon: batch.pc4: the file became shorter while it was read\n");
   EXPECT_FALSE(Exists("report.csv"));
   EXPECT_FALSE(Exists("report.csv.partial"));
 }
@@ -253,8 +283,22 @@ TEST_F(Generate, MakesABatchWhoseDefectsAreFound) {
 TEST_F(Generate, RefusesWhatMakesNoSense) {
   for (const char* arguments :
        {"generate", "generate --payments 5 --screen 15", "generate --payments x --screen 03",
-        "generate --payments 5 --screen 03 --bad 2", "generate --payments 5 --screen 03 --out nowhere/batch"})
+        "generate --payments 5 --screen 03 --bad 2", "generate --payments 5 --screen 03 --bad nan",
+        "generate --payments 5 --screen 03 --out nowhere/batch", "generate --payments 5 --screen 03 --out ''",
+        "generate --payments -1 --screen 03", "generate --payments 99999999999999999999 --screen 03",
+        "generate --payments 5 --screen 03 --seed -1"})
     EXPECT_EQ(Run(arguments).status, 2) << arguments;
+  EXPECT_FALSE(Exists(".csv"));
+}
+
+TEST_F(Generate, EndsAtTheFirstWriteThatFails) {
+  if (!Exists("/dev/full"))
+    GTEST_SKIP() << "no device that is always full";
+  std::filesystem::create_symlink("/dev/full", folder.Path("full.pc4"));
+  // Going on would take hours.
+  const Outcome outcome = Run("generate --payments 10000000000 --screen 03 --out full");
+  EXPECT_EQ(outcome.err, "fiscalon: full.pc4 can't be written: No space left on device\n");
+  EXPECT_EQ(outcome.status, 2);
 }
 
 }  // namespace
