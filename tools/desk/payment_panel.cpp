@@ -12,10 +12,11 @@ constexpr int kCodeCharacters = 7;
 constexpr int kAmountCharacters = 12;
 const QString kDateOfHosts = QStringLiteral("MMddyyyy");
 
-/// Two fields stand side by side, each behind its label.
-enum Side { kLeft = 0, kRight = 2 };
+/// Two fields stand side by side, each behind its label: the columns of the labels.
+constexpr int kLeft = 0;
+constexpr int kRight = 2;
 
-void Add(QGridLayout& grid, int row, Side side, const QString& caption, QWidget* field, const QString& hint = {}) {
+void Add(QGridLayout& grid, int row, int side, const QString& caption, QWidget* field, const QString& hint = {}) {
   auto* label = new QLabel(caption);
   label->setBuddy(field);
   field->setToolTip(hint);
@@ -123,6 +124,8 @@ void PaymentPanel::AddDestination(QGridLayout& grid, int row) {
 void PaymentPanel::ChooseFile() {
   const QString chosen = QFileDialog::getSaveFileName(this, tr("Record file"), file_->text(), {}, nullptr,
                                                       QFileDialog::DontConfirmOverwrite);
+  // Without a window manager nobody else gives it the keyboard.
+  window()->activateWindow();
   if (chosen.isEmpty())
     return;
   file_->setText(chosen);

@@ -14,10 +14,15 @@
 namespace fiscalon {
 namespace {
 
-enum Column { kField, kColumns, kText, kMeaning };
+constexpr int kField = 0;
+constexpr int kColumns = 1;
+constexpr int kText = 2;
+constexpr int kMeaning = 3;
 
 /// Where the raw text of a row stands: the line, and its columns, which count from 1.
-enum Role { kLine = Qt::UserRole, kFrom, kTo };
+constexpr int kLine = Qt::UserRole;
+constexpr int kFrom = Qt::UserRole + 1;
+constexpr int kTo = Qt::UserRole + 2;
 
 QString Plain(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));

@@ -1,8 +1,10 @@
 #include "tools/desk/screen_list.h"
 
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QVBoxLayout>
 
 #include "core/launch.h"
 #include "frontends/qt/qt_text.h"
@@ -10,14 +12,13 @@
 namespace fiscalon {
 namespace {
 
-enum Column { kCode, kCollects };
+constexpr int kCode = 0;
+constexpr int kCollects = 1;
 
 }  // namespace
 
 ScreenList::ScreenList(QWidget* parent)
-    : QGroupBox(tr("What to col&lect"), parent),
-      list_(new QTreeWidget(this)),
-      show_(new QPushButton(tr("Show the sc&reen"), this)) {
+    : QWidget(parent), list_(new QTreeWidget(this)), show_(new QPushButton(tr("Show the sc&reen"), this)) {
   list_->setObjectName(QStringLiteral("screens"));
   list_->setHeaderLabels({tr("Screen"), tr("Collects")});
   list_->setRootIsDecorated(false);
@@ -35,8 +36,12 @@ ScreenList::ScreenList(QWidget* parent)
   connect(list_, &QTreeWidget::itemActivated, this, [this] { ShowChosen(); });
   connect(list_, &QTreeWidget::itemSelectionChanged, this,
           [this] { show_->setEnabled(CanShow(list_->currentItem())); });
+  // The button stands beneath the group, so that the group's access key leads to the list.
+  auto* group = new QGroupBox(tr("What to col&lect"), this);
+  (new QVBoxLayout(group))->addWidget(list_);
   auto* grid = new QGridLayout(this);
-  grid->addWidget(list_, 0, 0, 1, 2);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->addWidget(group, 0, 0, 1, 2);
   if (!all) {
     auto* note = new QLabel(tr("Screens in grey are not part of this version."));
     note->setWordWrap(true);

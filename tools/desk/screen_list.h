@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QGroupBox>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <QWidget>
 #include <functional>
 #include <string>
 
 namespace fiscalon {
 
 /// All screens with what each collects, and the button that shows the chosen one.
-class ScreenList final : public QGroupBox {
+class ScreenList final : public QWidget {
  public:
   explicit ScreenList(QWidget* parent = nullptr);
 

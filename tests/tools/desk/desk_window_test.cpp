@@ -301,6 +301,27 @@ TEST_F(PaymentDesk, HasNoAccessKeyTwice) {
     EXPECT_EQ(captions.size(), 1) << key.toStdString() << ": " << captions.join(", ").toStdString();
 }
 
+TEST_F(PaymentDesk, ReachesListAndResultByAccessKey) {
+  QTest::keyClick(desk_->focusWidget(), Qt::Key_L, Qt::AltModifier);
+  EXPECT_EQ(desk_->focusWidget()->objectName(), "screens");
+  QTest::keyClick(desk_->focusWidget(), Qt::Key_U, Qt::AltModifier);
+  EXPECT_EQ(desk_->focusWidget()->objectName(), "words");
+}
+
+TEST_F(PaymentDesk, StepsThroughTheScreensThatHaveAForm) {
+  auto& screens = Find<QTreeWidget>("screens");
+  screens.setFocus();
+  const auto chosenBy = [&](Qt::Key key) {
+    QTest::keyClick(&screens, key);
+    return screens.currentItem()->text(0).toStdString();
+  };
+  EXPECT_EQ(chosenBy(Qt::Key_Home), "03");
+  for (const LaunchRow& row : LaunchTable())
+    if (row.make != nullptr && row.code > "03") {
+      EXPECT_EQ(chosenBy(Qt::Key_Down), row.code);
+    }
+}
+
 TEST_F(PaymentDesk, GivesEverythingThatTakesTheFocusAName) {
   for (QWidget* widget : desk_->findChildren<QWidget*>()) {
     if (widget->objectName().isEmpty() || !(widget->focusPolicy() & Qt::TabFocus) ||
