@@ -68,6 +68,20 @@ ResultPanel::ResultPanel(QWidget* parent)
       records_(new QSplitter(Qt::Vertical, this)),
       fields_(new QTreeWidget),
       lines_(new QPlainTextEdit) {
+  PrepareWords();
+  PrepareRecords();
+  for (QPlainTextEdit* text : {words_, lines_}) {
+    text->setReadOnly(true);
+    text->setTabChangesFocus(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  }
+  auto* rows = new QVBoxLayout(this);
+  rows->addWidget(words_);
+  rows->addWidget(records_, 1);
+  rows->addStretch(0);
+}
+
+void ResultPanel::PrepareWords() {
   words_->setObjectName(QStringLiteral("words"));
   words_->setAccessibleName(tr("How the screen ended"));
   words_->setFrameStyle(QFrame::NoFrame);
@@ -76,6 +90,9 @@ ResultPanel::ResultPanel(QWidget* parent)
   words_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   connect(words_->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
           [this] { FitWords(); });
+}
+
+void ResultPanel::PrepareRecords() {
   fields_->setObjectName(QStringLiteral("fields"));
   fields_->setHeaderLabels({tr("Field"), tr("Columns"), tr("Text"), tr("Meaning")});
   fields_->setUniformRowHeights(true);
@@ -86,20 +103,11 @@ ResultPanel::ResultPanel(QWidget* parent)
   lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
   lines_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   lines_->setAccessibleName(tr("The records as they are, each above a ruler of its columns"));
-  for (QPlainTextEdit* text : {words_, lines_}) {
-    text->setReadOnly(true);
-    text->setTabChangesFocus(true);
-    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  }
   records_->addWidget(fields_);
   records_->addWidget(lines_);
   records_->setStretchFactor(0, 2);
   records_->setStretchFactor(1, 1);
   records_->setChildrenCollapsible(false);
-  auto* rows = new QVBoxLayout(this);
-  rows->addWidget(words_);
-  rows->addWidget(records_, 1);
-  rows->addStretch(0);
 }
 
 void ResultPanel::Say(const QString& words) {

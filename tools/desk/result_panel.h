@@ -23,6 +23,8 @@ class ResultPanel final : public QGroupBox {
   void ShowRecords(const QString& words, const std::vector<ShownRecord>& records);
 
  private:
+  void PrepareWords();
+  void PrepareRecords();
   void AddRecord(const ShownRecord& record);
   void AddField(QTreeWidgetItem& record, const ShownField& field, int line);
   void AddProblem(QTreeWidgetItem& record, const Problem& problem, int line);
