@@ -1,6 +1,6 @@
 #include "tools/desk/desk_window.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <QAccessible>
 #include <QApplication>
@@ -22,9 +22,6 @@
 
 namespace fiscalon {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr const char* kRulerOfRecord =
     "....+....1....+....2....+....3....+....4....+....5....+....6....+....7....+....8"
@@ -324,7 +321,7 @@ TEST_F(PaymentDesk, StepsThroughTheScreensThatHaveAForm) {
 
 TEST_F(PaymentDesk, GivesEverythingThatTakesTheFocusAName) {
   for (QWidget* widget : desk_->findChildren<QWidget*>()) {
-    if (widget->objectName().isEmpty() || !(widget->focusPolicy() & Qt::TabFocus) ||
+    if (widget->objectName().isEmpty() || (widget->focusPolicy() & Qt::TabFocus) == 0 ||
         widget->objectName().startsWith("qt_"))
       continue;
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
