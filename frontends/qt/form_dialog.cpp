@@ -41,6 +41,7 @@ FormDialog::FormDialog(Form& form, QWidget* parent, ActWatcher* watcher)
   setWindowModality(Qt::ApplicationModal);
   // The host's application does not end with its last form.
   setAttribute(Qt::WA_QuitOnClose, false);
+  setAttribute(Qt::WA_KeyboardFocusChange);
   setObjectName(ToQt(form.Name()));
   MakeViews();
   LayOut();
@@ -273,7 +274,9 @@ void FormDialog::ControlChanged(const Control& control) {
     GrowToFit();
 }
 
-void FormDialog::FocusMoved(const Control& /*control*/, FocusBy /*by*/) {
+void FormDialog::FocusMoved(const Control& /*control*/, FocusBy by) {
+  // Styles mark the button or the list that has the focus for users who go by keyboard.
+  setAttribute(Qt::WA_KeyboardFocusChange, by != FocusBy::Mouse);
   AlignFocus();
 }
 

@@ -36,6 +36,16 @@ TEST_F(DialogFocus, SelectsTheWholeTextWhenItComesByKeyboard) {
   });
 }
 
+TEST_F(DialogFocus, IsMarkedForUsersWhoGoByKeyboard) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    EXPECT_TRUE(dialog.testAttribute(Qt::WA_KeyboardFocusChange)) << "where a form begins";
+    user.Click(form.chkFinal);
+    EXPECT_FALSE(dialog.testAttribute(Qt::WA_KeyboardFocusChange));
+    Press(user, "Tab");
+    EXPECT_TRUE(dialog.testAttribute(Qt::WA_KeyboardFocusChange));
+  });
+}
+
 TEST_F(DialogFocus, IsPulledBackByTheFieldThatIsLeft) {
   form.when["txtPeriod_LostFocus"] = [this] { form.txtPeriod.SetFocus(); };
   Show(form, [&](FormDialog& dialog, UserDriver& user) {
