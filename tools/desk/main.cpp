@@ -1,18 +1,19 @@
 // The payment desk: a small host program with a Qt application of its own, for trying the screens out.
 
+#include <CLI/CLI.hpp>
 #include <QApplication>
-#include <QTextStream>
+#include <iostream>
 
 #include "core/module_state.h"
 #include "frontends/qt/program_messages.h"
 #include "frontends/qt/qt_toolkit.h"
 #include "tools/desk/desk_window.h"
 
-int main(int argc, char** argv) {
-  if (!fiscalon::QtToolkit::HasDisplay()) {
-    QTextStream(stderr) << "fiscalon-desk: there is no display to open the desk on; set DISPLAY or WAYLAND_DISPLAY\n";
-    return 2;
-  }
+namespace {
+
+constexpr int kUnusable = 2;
+
+int OpenDesk(int argc, char** argv) {
   fiscalon::InstallProgramMessages("fiscalon-desk");
   const QApplication application(argc, argv);
   QApplication::setApplicationDisplayName(QStringLiteral("Fiscalon"));
@@ -25,4 +26,22 @@ int main(int argc, char** argv) {
   const int status = QApplication::exec();
   fiscalon::UseToolkit(nullptr);
   return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App program("The payment desk: try the screens out with a payment of your own", "fiscalon-desk");
+  program.set_version_flag("--version", "fiscalon " FISCALON_VERSION, "Print the version and exit");
+  program.footer("Exit status: 0; 2 where there is no display, or for an unknown argument.");
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& end) {
+    return program.exit(end) == 0 ? 0 : kUnusable;
+  }
+  if (!fiscalon::QtToolkit::HasDisplay()) {
+    std::cerr << "fiscalon-desk: there is no display to open the desk on; set DISPLAY or WAYLAND_DISPLAY\n";
+    return kUnusable;
+  }
+  return OpenDesk(argc, argv);
 }

@@ -8,6 +8,16 @@ desk=$1
 # shellcheck source=tests/support/real_user.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../../support/real_user.sh"
 
+# Refused ARGUMENT...: the desk does not open, and says why.
+Refused() {
+  local status=0
+  "$@" 2>"$folder/said" || status=$?
+  [[ "$status" == 2 && -s "$folder/said" ]] || Fail "$* ends with $status: $(<"$folder/said")"
+}
+Refused "$desk" payment.pc4
+Refused env -u DISPLAY -u QT_QPA_PLATFORM "$desk"
+[[ "$("$desk" --help)" == *--version* ]] || Fail "the desk does not explain itself"
+
 "$desk" &
 shown=$!
 Keyboard 'Payment desk'
