@@ -35,7 +35,7 @@ FOLDERS = {
     "frontends/qt/": "qt",
 }
 TOP = ("tools/", "tests/", "examples/", "bench/", "include/")
-QT_FOLDERS = ("frontends/qt/", "tools/desk/", "tests/")
+QT_FOLDERS = ("frontends/qt/", "tools/desk/", "examples/qt_host/", "tests/")
 
 STANDARD = set(
     """algorithm any array atomic barrier bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes
