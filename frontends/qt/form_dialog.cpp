@@ -41,7 +41,6 @@ FormDialog::FormDialog(Form& form, QWidget* parent, ActWatcher* watcher)
   setWindowModality(Qt::ApplicationModal);
   // The host's application does not end with its last form.
   setAttribute(Qt::WA_QuitOnClose, false);
-  setAttribute(Qt::WA_KeyboardFocusChange);
   setObjectName(ToQt(form.Name()));
   MakeViews();
   LayOut();
@@ -122,6 +121,7 @@ void FormDialog::Present() {
   show();
   windowHandle()->installEventFilter(this);
   activateWindow();
+  setAttribute(Qt::WA_KeyboardFocusChange);
   AlignFocus();
 }
 
