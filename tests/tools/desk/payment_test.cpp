@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDate>
+#include <ostream>
 
 namespace fiscalon {
 namespace {
@@ -11,6 +12,10 @@ struct Amount {
   const char* cents;
   const char* dollars;
 };
+
+void PrintTo(const Amount& amount, std::ostream* out) {
+  *out << amount.cents << " cents";
+}
 
 class DollarsAndCents : public testing::TestWithParam<Amount> {};
 
