@@ -64,6 +64,7 @@ std::optional<double> NumberFor(Type type, std::string_view value) {
 
 std::vector<std::string_view> HostPropertyNames() {
   std::vector<std::string_view> names;
+  names.reserve(std::size(kHostProperties));
   for (const HostProperty& property : kHostProperties) names.push_back(property.name);
   return names;
 }

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
+#include <exception>
 #include <iostream>
 
 #include "core/module_state.h"
@@ -28,9 +29,7 @@ int OpenDesk(int argc, char** argv) {
   return status;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int RunProgram(int argc, char** argv) {
   CLI::App program("The payment desk: try the screens out with a payment of your own", "fiscalon-desk");
   program.set_version_flag("--version", "fiscalon " FISCALON_VERSION, "Print the version and exit");
   program.footer("Exit status: 0; 2 where there is no display, or for an unknown argument.");
@@ -44,4 +43,15 @@ int main(int argc, char** argv) {
     return kUnusable;
   }
   return OpenDesk(argc, argv);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return RunProgram(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "fiscalon-desk: " << error.what() << '\n';
+  }
+  return kUnusable;
 }
