@@ -31,6 +31,9 @@ DISPLAY=":$(<"$folder/display")"
 export DISPLAY
 unset WAYLAND_DISPLAY
 export QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR="$folder"
+# A display brings libraries along that the sanitizers need not judge.
+LSAN_OPTIONS="suppressions=$(dirname "${BASH_SOURCE[0]}")/leak_suppressions.txt:print_suppressions=0"
+export LSAN_OPTIONS
 
 Fail() {
   echo "FAIL: $1" >&2
