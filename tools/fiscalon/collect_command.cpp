@@ -112,6 +112,7 @@ class Collecting {
   Collecting(const CollectOptions& options, const Context& context) : options_(options), context_(context) {}
 
   ExitStatus Run() {
+    GoOnWithQt(context_);
     const std::string code(ScreenWithForm(options_.code).code);
     CheckFiles();
     const auto toolkit = NewQtToolkit(&recorder_);

@@ -43,6 +43,8 @@ class Paint {
 
 /// What all commands share: the global options, and what a command leaves behind. Texts are UTF-8.
 struct Context {
+  /// The whole command line, as `main` was given it.
+  char** arguments = nullptr;
   /// --today; without it the real clock.
   std::optional<DateTime> today = {};
   /// --locale; empty where it was not given.

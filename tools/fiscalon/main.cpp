@@ -63,7 +63,7 @@ void DefineCommandLine(CLI::App& app, Context& context) {
 }
 
 ExitStatus RunProgram(int argc, char** argv) {
-  Context context{.paint = Paint(ColourIsWanted())};
+  Context context{.arguments = argv, .paint = Paint(ColourIsWanted())};
   CLI::App app("", "fiscalon");
   DefineCommandLine(app, context);
   try {

@@ -49,6 +49,7 @@ Scenario ScenarioOf(const PictureOptions& options) {
 }
 
 ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
+  GoOnWithQt(context);
   const LaunchRow& screen = ScreenWithForm(options.code);
   const Scenario scenario = ScenarioOf(options);
   const auto toolkit = NewPhotographedToolkit(

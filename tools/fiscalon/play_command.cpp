@@ -126,6 +126,8 @@ class Playing {
 };
 
 ExitStatus PlayFiles(const PlayOptions& options, const Context& context) {
+  if (options.toolkit == "qt")
+    GoOnWithQt(context);
   Playing playing(options, context);
   for (const std::string& file : options.files) playing.Play(file);
   return playing.Finish();

@@ -6,8 +6,16 @@
 #include "frontends/scripted/act_watcher.h"
 #include "frontends/scripted/user_driver.h"
 
-/// What the commands want of the Qt front end. A build without one answers each with a `CommandError` that says so.
+/// What the commands want of the Qt front end. Loading Qt takes longer than many a command does, so the program itself
+/// has none: it has a twin that does.
 namespace fiscalon {
+
+struct Context;
+
+/// To be called by a command that wants the front end, before it reads or writes anything: a program without Qt starts
+/// its twin in its own place, with the same arguments. A `CommandError` where the build has no twin or it can't be
+/// started.
+void GoOnWithQt(const Context& context);
 
 /// Plays scenarios on real widgets. Needs no display.
 std::unique_ptr<DrivenToolkit> NewPlayedQtToolkit();

@@ -28,6 +28,8 @@ class PhotographedQt final : public PhotographedToolkit {
 
 }  // namespace
 
+void GoOnWithQt(const Context& /*context*/) {}
+
 std::unique_ptr<DrivenToolkit> NewPlayedQtToolkit() {
   return std::make_unique<PlayedQtToolkit>();
 }

@@ -35,6 +35,9 @@ run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/installed)
 file(RENAME ${WORK_DIR}/installed ${prefix})
 if(HAS_PROGRAM)
   run(${prefix}/bin/fiscalon --version)
+  if(HAS_QT)
+    run(${prefix}/bin/fiscalon play --toolkit qt ${SOURCE_DIR}/examples/cancel.scenario)
+  endif()
 endif()
 
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/host -B ${WORK_DIR}/host -G Ninja

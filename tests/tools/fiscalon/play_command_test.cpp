@@ -148,6 +148,16 @@ TEST_F(PlayCommand, SaysWhereTheBuildHasNoQtFrontEnd) {
   EXPECT_EQ(seen.err, "fiscalon: this build has no Qt front end; build it with FISCALON_QT=ON\n");
 }
 
+TEST_F(PlayCommand, NamesTheFrontEndThatIsNotWhereItWasInstalled) {
+  if (!FISCALON_HAS_QT)
+    GTEST_SKIP() << "this build has none";
+  ASSERT_EQ(Run("mkdir bin && cp '" FISCALON_PROGRAM "' bin/").status, 0);
+  const Outcome seen = Run("bin/fiscalon play --toolkit qt good.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_THAT(seen.out, IsEmpty());
+  EXPECT_THAT(seen.err, HasSubstr("fiscalon-qt can't be started: No such file or directory\n"));
+}
+
 TEST_F(PlayCommand, TakesTheFrontEndByName) {
   EXPECT_EQ(Run("fiscalon play --toolkit scripted good.scenario").status, 0);
 }
