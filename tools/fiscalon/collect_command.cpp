@@ -112,9 +112,9 @@ class Collecting {
   Collecting(const CollectOptions& options, const Context& context) : options_(options), context_(context) {}
 
   ExitStatus Run() {
-    GoOnWithQt(context_);
     const std::string code(ScreenWithForm(options_.code).code);
     CheckFiles();
+    GoOnWithQt(context_);
     const auto toolkit = NewQtToolkit(&recorder_);
     PrepareModule(*toolkit);
     const ExitStatus status = Show(code);

@@ -12,9 +12,9 @@ namespace fiscalon {
 
 struct Context;
 
-/// To be called by a command that wants the front end, before it reads or writes anything: a program without Qt starts
-/// its twin in its own place, with the same arguments. A `CommandError` where the build has no twin or it can't be
-/// started.
+/// To be called by a command that wants the front end, before it reads input or writes output: a program without Qt
+/// starts its twin in its own place, with the same arguments. A `CommandError` where the build has no twin or it can't
+/// be started.
 void GoOnWithQt(const Context& context);
 
 /// Plays scenarios on real widgets. Needs no display.
