@@ -21,7 +21,8 @@ CleanUp() {
 }
 trap CleanUp EXIT
 
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
+# Otherwise the server begins anew when its last client leaves, and refuses whoever comes at that moment.
+Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset 3>"$folder/display" 2>"$folder/server.log" &
 server=$!
 for _ in $(seq 100); do
   [[ -s "$folder/display" ]] && break
