@@ -60,17 +60,7 @@ class AmountScreen : public NewerScreen {
 
 class NewerScreenTest : public ModuleTest {
  protected:
-  void WhileUp(const std::function<void(FormUser& user)>& acts) {
-    ServingToolkit frontEnd;
-    bool served = false;
-    frontEnd.serve = [&] {
-      served = true;
-      FormUser user(screen);
-      acts(user);
-    };
-    screen.ShowModal(frontEnd);
-    EXPECT_TRUE(served);
-  }
+  void WhileUp(const std::function<void(FormUser& user)>& acts) { PlayAt(screen, acts); }
 
   /// What the field holds after the check of an amount that was set so.
   std::string Checked(std::string_view text, AmountScreen::AmountRange range) {

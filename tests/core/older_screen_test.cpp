@@ -63,17 +63,7 @@ class DateScreen : public OlderScreen {
 
 class OlderScreenTest : public ModuleTest {
  protected:
-  void WhileUp(const std::function<void(FormUser& user)>& acts) {
-    ServingToolkit frontEnd;
-    bool served = false;
-    frontEnd.serve = [&] {
-      served = true;
-      FormUser user(screen);
-      acts(user);
-    };
-    screen.ShowModal(frontEnd);
-    EXPECT_TRUE(served);
-  }
+  void WhileUp(const std::function<void(FormUser& user)>& acts) { PlayAt(screen, acts); }
 
   DateScreen screen;
 };

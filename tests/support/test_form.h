@@ -156,18 +156,25 @@ class FormUser {
   Form& form_;
 };
 
-/// Shows a form and plays a user at it; what was noted until then is dropped. Fails if the user never comes to it.
-inline void Play(TestForm& form, const std::function<void(FormUser& user)>& acts) {
+/// Shows a form and plays a user at it. Fails if the user never comes to it.
+inline void PlayAt(Form& form, const std::function<void(FormUser& user)>& acts) {
   ServingToolkit toolkit;
   bool served = false;
   toolkit.serve = [&] {
     served = true;
-    form.TakeNotes();
     FormUser user(form);
     acts(user);
   };
   form.ShowModal(toolkit);
   EXPECT_TRUE(served) << "the form was not served";
+}
+
+/// The same at a form that takes notes; what was noted until then is dropped.
+inline void Play(TestForm& form, const std::function<void(FormUser& user)>& acts) {
+  PlayAt(form, [&](FormUser& user) {
+    form.TakeNotes();
+    acts(user);
+  });
 }
 
 }  // namespace fiscalon
