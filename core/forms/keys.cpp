@@ -91,4 +91,14 @@ int AccessKey(std::string_view caption) {
   return 0;
 }
 
+std::string WithoutAccessMarks(std::string_view caption) {
+  std::string plain;
+  for (size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && i + 1 < caption.size())
+      ++i;
+    plain += caption[i];
+  }
+  return plain;
+}
+
 }  // namespace fiscalon

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace fiscalon {
@@ -49,5 +50,7 @@ std::optional<KeyStroke> StrokeNamed(std::string_view name);
 
 /// The access key of a caption: the capital of the character behind "&", or 0. "&&" is an ampersand that is shown.
 int AccessKey(std::string_view caption);
+/// The caption as it reads, without the marks of access keys.
+std::string WithoutAccessMarks(std::string_view caption);
 
 }  // namespace fiscalon

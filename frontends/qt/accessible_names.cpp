@@ -1,32 +1,21 @@
 #include "frontends/qt/accessible_names.h"
 
 #include <QString>
-#include <string>
-#include <string_view>
 
 #include "core/forms/captioned.h"
+#include "core/forms/keys.h"
 #include "frontends/qt/qt_text.h"
 
 namespace fiscalon {
 namespace {
-
-/// A button's caption marks its access key; a label's has no marks.
-QString WithoutMarks(std::string_view caption) {
-  std::string plain;
-  for (size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == '&' && i + 1 < caption.size())
-      ++i;
-    plain += caption[i];
-  }
-  return ToQt(plain);
-}
 
 QString Caption(const Control* control) {
   const auto* captioned = dynamic_cast<const Captioned*>(control);
   if (captioned == nullptr)
     return {};
   const bool plain = control->Kind() == ControlKind::Label || control->Kind() == ControlKind::Frame;
-  return (plain ? ToQt(captioned->Caption()) : WithoutMarks(captioned->Caption())).trimmed();
+  // A button's caption marks its access key; a label's has no marks.
+  return ToQt(plain ? captioned->Caption() : WithoutAccessMarks(captioned->Caption())).trimmed();
 }
 
 QString WithoutColon(QString caption) {

@@ -49,10 +49,6 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
   }
 }
 
-QString WithPlainLineEnds(QString text) {
-  return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-}
-
 }  // namespace
 
 std::unique_ptr<QMessageBox> NewMessageWindow(const MessageBox& box, QWidget* parent) {

@@ -33,10 +33,7 @@ QString TextOf(const QWidget& widget) {
   if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
     return line->text();
   if (const auto* lines = qobject_cast<const QPlainTextEdit*>(&widget))
-    return lines->document()
-        ->toRawText()
-        .replace(QChar::ParagraphSeparator, u'\n')
-        .replace(QChar::LineSeparator, u'\n');
+    return TextOfDocument(*lines->document());
   if (const auto* label = qobject_cast<const QLabel*>(&widget))
     return label->buddy() == nullptr ? label->text() : AsCaption(label->text());
   if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QTextDocument>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,17 @@ inline QString ToQt(std::string_view text) {
 inline std::string FromQt(const QString& text) {
   const QByteArray utf8 = text.toUtf8();
   return FromUtf8({utf8.constData(), static_cast<size_t>(utf8.size())});
+}
+
+/// With plain line ends, which is what editors and message boxes hold.
+inline QString WithPlainLineEnds(QString text) {
+  return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+}
+
+/// What an editor of several lines holds. The plain text of a document would lose no-break spaces; its raw text has
+/// marks of its own for line ends.
+inline QString TextOfDocument(const QTextDocument& document) {
+  return document.toRawText().replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
 }
 
 }  // namespace fiscalon

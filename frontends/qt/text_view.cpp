@@ -28,11 +28,6 @@ int WidthInCharacters(const TextField& field) {
   return std::clamp(field.MaxLength() + 1, least, kWidest);
 }
 
-/// Text with plain line ends, which is what the editors hold.
-QString WithPlainLineEnds(QString text) {
-  return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-}
-
 }  // namespace
 
 void TextView::Refresh() {
@@ -202,8 +197,7 @@ void MultiLineView::Restyle() {
 }
 
 QString MultiLineView::NativeText() const {
-  // Plain text of a document loses no-break spaces; raw text has its own marks for line ends.
-  return native_.document()->toRawText().replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+  return TextOfDocument(*native_.document());
 }
 
 Selection MultiLineView::NativeSelection() const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/forms/button.h"
+#include "core/forms/keys.h"
 #include "core/forms/label.h"
 #include "core/forms/list_control.h"
 #include "core/forms/text_field.h"
@@ -30,15 +31,8 @@ std::string Repeated(std::string_view mark, size_t times) {
   return line;
 }
 
-/// A button's caption without the mark of its access key.
-std::string Plain(std::string_view caption) {
-  std::string plain;
-  for (size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == '&' && i + 1 < caption.size())
-      ++i;
-    plain += caption[i];
-  }
-  return ToUtf8(plain);
+std::string CaptionOf(const Captioned& button) {
+  return ToUtf8(WithoutAccessMarks(button.Caption()));
 }
 
 std::string DrawTextField(const TextField& field) {
@@ -61,10 +55,10 @@ std::string DrawControl(const Control& control) {
       const auto& toggle = static_cast<const ToggleButton&>(control);
       const bool round = control.Kind() == ControlKind::OptionButton;
       return std::string(round ? "(" : "[") + (toggle.Value() ? (round ? "o" : "x") : " ") + (round ? ") " : "] ") +
-             Plain(toggle.Caption());
+             CaptionOf(toggle);
     }
     case ControlKind::Button:
-      return "[ " + Plain(static_cast<const Button&>(control).Caption()) + " ]";
+      return "[ " + CaptionOf(static_cast<const Button&>(control)) + " ]";
     case ControlKind::DropDownList:
       return "[" + Padded(ToUtf8(static_cast<const DropDownList&>(control).Text()), 30) + "\u25BC]";
     default:

@@ -87,6 +87,13 @@ TEST(AccessKey, IsTheCapitalBehindTheFirstSingleAmpersand) {
   EXPECT_EQ(AccessKey("&A&B"), 'A');
 }
 
+TEST(WithoutAccessMarks, IsTheCaptionAsItReads) {
+  EXPECT_EQ(WithoutAccessMarks("Cancel an &Invoice"), "Cancel an Invoice");
+  EXPECT_EQ(WithoutAccessMarks("Bread && &Butter"), "Bread & Butter");
+  EXPECT_EQ(WithoutAccessMarks("OK"), "OK");
+  EXPECT_EQ(WithoutAccessMarks("R&"), "R&");
+}
+
 TEST(AccessKey, IsNoneWithoutOne) {
   for (const char* caption : {"", "Cancel", "Bread && Butter", "Trailing &", "&", "&&"})
     EXPECT_EQ(AccessKey(caption), 0) << caption;
