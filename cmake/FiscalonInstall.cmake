@@ -10,7 +10,7 @@ install(TARGETS fiscalon EXPORT fiscalonTargets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
 install(DIRECTORY core screens validation DESTINATION ${FISCALON_HEADER_DIR} FILES_MATCHING PATTERN "*.h")
-install(DIRECTORY frontends/scripted DESTINATION ${FISCALON_HEADER_DIR}/frontends FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY frontends/played frontends/scripted DESTINATION ${FISCALON_HEADER_DIR}/frontends FILES_MATCHING PATTERN "*.h")
 install(FILES include/fiscalon/fiscalon.h DESTINATION ${FISCALON_HEADER_DIR})
 
 install(EXPORT fiscalonTargets NAMESPACE fiscalon:: DESTINATION ${FISCALON_PACKAGE_DIR})

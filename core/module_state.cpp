@@ -1,7 +1,7 @@
 #include "core/module_state.h"
 
+#include "core/forms/form.h"
 #include "core/platform/runtime_error.h"
-#include "core/screen_contract.h"
 
 namespace fiscalon {
 

@@ -13,7 +13,7 @@
 
 namespace fiscalon {
 
-class Screen;
+class Form;
 
 /// The state that all objects of the library share in a process: the doors to the outside, and what hosts
 /// set once for all. One thread uses it, the host's; nothing here is locked.
@@ -39,7 +39,7 @@ struct ModuleState {
   bool showGst58 = false;
 
   /// The one instance of each form made so far, by the form's name.
-  std::map<std::string, std::shared_ptr<Screen>, std::less<>> forms = {};
+  std::map<std::string, std::shared_ptr<Form>, std::less<>> forms = {};
 };
 
 /// The process's module state.

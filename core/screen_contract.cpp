@@ -9,8 +9,6 @@
 namespace fiscalon {
 namespace {
 
-constexpr std::string_view kValueDigits = "000000000000000000";
-
 // As many characters as are there: a date that is too short shows what it has.
 std::string_view Middle(std::string_view text, size_t from, size_t length) {
   return text.size() < from ? std::string_view() : text.substr(from - 1, length);
@@ -107,11 +105,11 @@ std::string Screen::FreeRecord(std::initializer_list<FreeFormatSlot> slots) cons
 }
 
 FreeFormatSlot Screen::NumberSlot(std::string number, double value) {
-  return {.fieldNum = std::move(number), .fieldValue = Format(value, kValueDigits)};
+  return {.fieldNum = std::move(number), .fieldValue = DigitsOf(value)};
 }
 
 FreeFormatSlot Screen::NumberSlot(std::string number, Money value) {
-  return {.fieldNum = std::move(number), .fieldValue = Format(value, kValueDigits)};
+  return {.fieldNum = std::move(number), .fieldValue = DigitsOf(value)};
 }
 
 FreeFormatSlot Screen::TextSlot(std::string number, const TextField& field) {

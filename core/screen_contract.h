@@ -11,9 +11,9 @@
 #include "core/forms/label.h"
 #include "core/forms/list_control.h"
 #include "core/forms/text_field.h"
-#include "core/pc4_records.h"
 #include "core/platform/files.h"
-#include "core/record_composer.h"
+#include "core/records/pc4_records.h"
+#include "core/records/record_composer.h"
 #include "core/values/money.h"
 
 namespace fiscalon {

@@ -41,10 +41,10 @@ Screen& InstanceOf(const LaunchRow& row) {
   if (row.make == nullptr)
     throw RuntimeError(kScreenNotAvailable, "Screen \"" + std::string(row.code) + "\" (" + std::string(row.form) +
                                                 ") is not part of this version");
-  std::shared_ptr<Screen>& instance = TheModule().forms[std::string(row.form)];
+  std::shared_ptr<Form>& instance = TheModule().forms[std::string(row.form)];
   if (!instance)
     instance = row.make();
-  return *instance;
+  return static_cast<Screen&>(*instance);
 }
 
 }  // namespace

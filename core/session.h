@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "core/boolean.h"
-#include "core/pc4_records.h"
+#include "core/records/pc4_records.h"
 
 namespace fiscalon {
 

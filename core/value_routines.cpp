@@ -100,16 +100,6 @@ std::string DollarsFromCents(std::string_view cents) {
   return BareNumberText(LeadingNumber(cents) / 100);
 }
 
-Money Cents(std::string_view dollars) {
-  return Money::FromDouble(LeadingNumber(dollars) * 100);
-}
-
-std::string AmountToField(Money amount) {
-  if (amount >= Money{})
-    return Format(amount, "000000000000000000");
-  return "-" + Format(-amount, "00000000000000000");
-}
-
 bool HasDecimalSeparator(std::string_view text) {
   return text.find(TheModule().decimalSeparator) != text.npos;
 }
@@ -126,14 +116,6 @@ double WithImplicitCents(double amount, std::string_view text) {
 
 Money WithImplicitCents(Money amount, std::string_view text) {
   return HasDecimalSeparator(text) ? amount : Money::FromDouble(amount.ToDouble() / 100);
-}
-
-std::string PadRight(std::string_view text, int16_t width, std::string_view fill) {
-  const auto columns = static_cast<size_t>(width);
-  std::string padded(text.substr(0, columns));
-  if (padded.size() < columns)
-    padded.append(columns - padded.size(), fill.front());
-  return padded;
 }
 
 bool FileExists(std::string_view path) {

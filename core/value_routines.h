@@ -7,6 +7,7 @@
 #include "core/boolean.h"
 #include "core/email_address.h"
 #include "core/platform/date.h"
+#include "core/records/field_values.h"
 #include "core/remittance_period.h"
 #include "core/user_locale.h"
 
@@ -55,11 +56,6 @@ int16_t YearIsNotCurrent(std::string_view text, std::string_view label);
 
 /// The host's cents as the text of dollars that screens and rules read: "12345" gives "123.45", "5" ".05".
 std::string DollarsFromCents(std::string_view cents);
-/// Dollars times 100, multiplied as a 64-bit float. Error 6 where that is beyond `Money`.
-Money Cents(std::string_view dollars);
-/// The 18 characters of a free-format value: a whole number with zeros in front, a negative one as "-" and
-/// 17 digits. Callers pass cents.
-std::string AmountToField(Money amount);
 /// Whether a typed text holds the decimal separator that the module found last.
 bool HasDecimalSeparator(std::string_view text);
 /// Whether what stands behind the decimal separator, if there is one, is a number other than 0.
@@ -69,11 +65,8 @@ bool HasFraction(std::string_view text);
 double WithImplicitCents(double amount, std::string_view text);
 Money WithImplicitCents(Money amount, std::string_view text);
 
-// Texts and files.
+// Files.
 
-/// The text with as many of the first character of `fill` behind it as `width` needs, or its first `width`
-/// characters.
-std::string PadRight(std::string_view text, int16_t width, std::string_view fill);
 /// Whether the file's length can be read; a file of length 0 exists. Never raises an error.
 bool FileExists(std::string_view path);
 

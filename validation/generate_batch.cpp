@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <span>
 
-#include "core/record_composer.h"
+#include "core/records/record_composer.h"
 #include "core/values/calendar.h"
 #include "core/values/format.h"
 #include "validation/batch_report.h"

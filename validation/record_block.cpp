@@ -4,7 +4,7 @@
 #include <array>
 #include <cstring>
 
-#include "core/record_layout.h"
+#include "core/records/record_layout.h"
 #include "validation/batch_error.h"
 
 namespace fiscalon {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "core/logging.h"
-#include "core/record_reader.h"
+#include "core/records/record_reader.h"
 #include "core/remittance_period.h"
 #include "core/resume_next.h"
 #include "core/values/text.h"

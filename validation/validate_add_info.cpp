@@ -5,7 +5,7 @@
 
 #include "core/logging.h"
 #include "core/module_state.h"
-#include "core/record_reader.h"
+#include "core/records/record_reader.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"

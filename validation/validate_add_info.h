@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/pc4_records.h"
+#include "core/records/pc4_records.h"
 #include "core/platform/runtime_error.h"
 #include "validation/expectation.h"
 

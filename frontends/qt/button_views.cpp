@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "core/forms/form.h"
-#include "frontends/qt/dialog_acts.h"
+#include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
 namespace fiscalon {
@@ -32,7 +32,7 @@ QAbstractButton& NewToggle(const ToggleButton& toggle, QWidget& parent) {
 
 }  // namespace
 
-AnyButtonView::AnyButtonView(Captioned& button, QAbstractButton& native, DialogActs& acts)
+AnyButtonView::AnyButtonView(Captioned& button, QAbstractButton& native, WatchedActs& acts)
     : ControlView(button, native, acts), button_(button), native_(native) {
   QObject::connect(&native, &QAbstractButton::clicked, &native, [this] { Clicked(); });
 }
@@ -73,10 +73,10 @@ void AnyButtonView::Refresh() {
     native_.setText(caption);
 }
 
-ButtonView::ButtonView(Button& button, QWidget& parent, DialogActs& acts)
+ButtonView::ButtonView(Button& button, QWidget& parent, WatchedActs& acts)
     : AnyButtonView(button, NewPushButton(parent), acts) {}
 
-ToggleView::ToggleView(ToggleButton& toggle, QWidget& parent, DialogActs& acts)
+ToggleView::ToggleView(ToggleButton& toggle, QWidget& parent, WatchedActs& acts)
     : AnyButtonView(toggle, NewToggle(toggle, parent), acts), toggle_(toggle) {}
 
 void ToggleView::Refresh() {

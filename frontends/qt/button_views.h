@@ -15,7 +15,7 @@ class AnyButtonView : public ControlView {
   void Refresh() override;
 
  protected:
-  AnyButtonView(Captioned& button, QAbstractButton& native, DialogActs& acts);
+  AnyButtonView(Captioned& button, QAbstractButton& native, WatchedActs& acts);
 
   QAbstractButton& Native() const { return native_; }
 
@@ -30,13 +30,13 @@ class AnyButtonView : public ControlView {
 
 class ButtonView final : public AnyButtonView {
  public:
-  ButtonView(Button& button, QWidget& parent, DialogActs& acts);
+  ButtonView(Button& button, QWidget& parent, WatchedActs& acts);
 };
 
 /// A check box or an option button.
 class ToggleView final : public AnyButtonView {
  public:
-  ToggleView(ToggleButton& toggle, QWidget& parent, DialogActs& acts);
+  ToggleView(ToggleButton& toggle, QWidget& parent, WatchedActs& acts);
 
   void Refresh() override;
 

@@ -1,6 +1,6 @@
 #include "frontends/qt/caption_views.h"
 
-#include "frontends/qt/dialog_acts.h"
+#include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
 namespace fiscalon {
@@ -13,7 +13,7 @@ QString AsCaption(QString shown) {
   return shown.replace(QStringLiteral("&&"), QStringLiteral("&"));
 }
 
-LabelView::LabelView(Label& label, QWidget& parent, DialogActs& acts)
+LabelView::LabelView(Label& label, QWidget& parent, WatchedActs& acts)
     : ControlView(label, *new QLabel(&parent), acts), label_(label), native_(static_cast<QLabel&>(Widget())) {
   native_.setTextFormat(Qt::PlainText);
   if (label.Designed().alignment == Alignment::Right)
@@ -34,7 +34,7 @@ void LabelView::Restyle() {
   native_.setFont(Font());
 }
 
-FrameView::FrameView(Frame& frame, QWidget& parent, DialogActs& acts)
+FrameView::FrameView(Frame& frame, QWidget& parent, WatchedActs& acts)
     : ControlView(frame, *new QGroupBox(&parent), acts), frame_(frame), native_(static_cast<QGroupBox&>(Widget())) {}
 
 void FrameView::Refresh() {

@@ -11,7 +11,7 @@ namespace fiscalon {
 /// A label: the caption of a field, a hint, or a value that the form shows.
 class LabelView final : public ControlView {
  public:
-  LabelView(Label& label, QWidget& parent, DialogActs& acts);
+  LabelView(Label& label, QWidget& parent, WatchedActs& acts);
 
   void Refresh() override;
   void Restyle() override;
@@ -24,7 +24,7 @@ class LabelView final : public ControlView {
 /// A frame around other controls, with a heading or without.
 class FrameView final : public ControlView {
  public:
-  FrameView(Frame& frame, QWidget& parent, DialogActs& acts);
+  FrameView(Frame& frame, QWidget& parent, WatchedActs& acts);
 
   void Refresh() override;
 

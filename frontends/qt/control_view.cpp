@@ -5,9 +5,9 @@
 #include <QMouseEvent>
 
 #include "core/forms/form.h"
+#include "core/forms/watched_acts.h"
 #include "frontends/qt/button_views.h"
 #include "frontends/qt/caption_views.h"
-#include "frontends/qt/dialog_acts.h"
 #include "frontends/qt/list_views.h"
 #include "frontends/qt/text_view.h"
 
@@ -43,7 +43,7 @@ bool ControlView::IsActive() const {
   return control_.Owner().IsUp() && control_.Owner().ActiveControl() == &control_;
 }
 
-std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, DialogActs& acts) {
+std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, WatchedActs& acts) {
   switch (control.Kind()) {
     case ControlKind::Label:
       return std::make_unique<LabelView>(static_cast<Label&>(control), parent, acts);

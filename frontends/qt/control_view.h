@@ -12,13 +12,13 @@ class QMouseEvent;
 
 namespace fiscalon {
 
-class DialogActs;
+class WatchedActs;
 
 /// One control of a form as a widget: shows what the control holds, and makes acts of what the user does to it.
 /// The dialog filters the widget's events and asks the view first.
 class ControlView {
  public:
-  ControlView(Control& control, QWidget& widget, DialogActs& acts) : control_(control), widget_(widget), acts_(acts) {}
+  ControlView(Control& control, QWidget& widget, WatchedActs& acts) : control_(control), widget_(widget), acts_(acts) {}
   ControlView(const ControlView&) = delete;
   ControlView& operator=(const ControlView&) = delete;
   virtual ~ControlView() = default;
@@ -53,7 +53,7 @@ class ControlView {
   virtual bool WheelTurned() const { return false; }
 
  protected:
-  DialogActs& Acts() const { return acts_; }
+  WatchedActs& Acts() const { return acts_; }
   /// Bold or fixed-pitch where the design says so, otherwise the theme's.
   QFont Font() const;
   bool IsActive() const;
@@ -71,10 +71,10 @@ class ControlView {
  private:
   Control& control_;
   QWidget& widget_;
-  DialogActs& acts_;
+  WatchedActs& acts_;
   bool bold_ = false;
 };
 
-std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, DialogActs& acts);
+std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, WatchedActs& acts);
 
 }  // namespace fiscalon

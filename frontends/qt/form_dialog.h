@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "core/forms/form.h"
+#include "core/forms/watched_acts.h"
 #include "frontends/qt/control_view.h"
-#include "frontends/qt/dialog_acts.h"
 #include "frontends/qt/dialog_layout.h"
 
 class QEventLoop;
@@ -75,7 +75,7 @@ class FormDialog final : public QDialog, private FormObserver {
   ControlView* ViewOfWatched(const QObject* watched) const;
 
   Form& form_;
-  DialogActs acts_;
+  WatchedActs acts_;
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<const QObject*, ControlView*> watched_;
   QScrollArea* scroller_ = nullptr;

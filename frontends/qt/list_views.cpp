@@ -8,7 +8,7 @@
 
 #include "core/forms/form.h"
 #include "core/forms/form_events.h"
-#include "frontends/qt/dialog_acts.h"
+#include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
 namespace fiscalon {
@@ -29,7 +29,7 @@ QStringList RowsOf(const Widget& widget, TextOfRow textOfRow) {
 
 }  // namespace
 
-DropDownView::DropDownView(DropDownList& list, QWidget& parent, DialogActs& acts)
+DropDownView::DropDownView(DropDownList& list, QWidget& parent, WatchedActs& acts)
     : ControlView(list, *new QComboBox(&parent), acts), list_(list), native_(static_cast<QComboBox&>(Widget())) {
   native_.setSizeAdjustPolicy(QComboBox::AdjustToContents);
   QObject::connect(&native_, &QComboBox::activated, &native_, [this](int row) {
@@ -66,7 +66,7 @@ bool DropDownView::KeepsKey(const QKeyEvent& event) const {
   return event.key() == Qt::Key_F4 || (arrow && event.modifiers().testFlag(Qt::AltModifier));
 }
 
-ListBoxView::ListBoxView(ListBox& list, QWidget& parent, DialogActs& acts)
+ListBoxView::ListBoxView(ListBox& list, QWidget& parent, WatchedActs& acts)
     : ControlView(list, *new QListWidget(&parent), acts), list_(list), native_(static_cast<QListWidget&>(Widget())) {
   native_.setUniformItemSizes(true);
   Restyle();

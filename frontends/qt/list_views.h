@@ -11,7 +11,7 @@ namespace fiscalon {
 /// A drop-down list. Arrow keys and letters are the form's; dropping down and picking by mouse are native.
 class DropDownView final : public ControlView {
  public:
-  DropDownView(DropDownList& list, QWidget& parent, DialogActs& acts);
+  DropDownView(DropDownList& list, QWidget& parent, WatchedActs& acts);
 
   void Refresh() override;
   bool KeepsKey(const QKeyEvent& event) const override;
@@ -26,7 +26,7 @@ class DropDownView final : public ControlView {
 
 class ListBoxView final : public ControlView {
  public:
-  ListBoxView(ListBox& list, QWidget& parent, DialogActs& acts);
+  ListBoxView(ListBox& list, QWidget& parent, WatchedActs& acts);
 
   QWidget& MouseArea() const override { return *native_.viewport(); }
   void Refresh() override;

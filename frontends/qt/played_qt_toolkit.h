@@ -2,10 +2,10 @@
 
 #include <vector>
 
+#include "core/forms/act_watcher.h"
 #include "core/forms/form_observer.h"
+#include "frontends/played/user_driver.h"
 #include "frontends/qt/qt_application.h"
-#include "frontends/scripted/act_watcher.h"
-#include "frontends/scripted/user_driver.h"
 
 namespace fiscalon {
 

@@ -3,7 +3,7 @@
 #include <QPoint>
 #include <string>
 
-#include "frontends/scripted/user_driver.h"
+#include "frontends/played/user_driver.h"
 
 class QWidget;
 

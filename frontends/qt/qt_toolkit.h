@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "core/forms/act_watcher.h"
 #include "core/platform/toolkit.h"
-#include "frontends/scripted/act_watcher.h"
 
 namespace fiscalon {
 

@@ -10,7 +10,7 @@
 
 #include "core/forms/form.h"
 #include "core/forms/form_events.h"
-#include "frontends/qt/dialog_acts.h"
+#include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
 namespace fiscalon {
@@ -129,7 +129,7 @@ QPalette TextView::Shades() const {
   return palette;
 }
 
-LineView::LineView(TextField& field, QWidget& parent, DialogActs& acts)
+LineView::LineView(TextField& field, QWidget& parent, WatchedActs& acts)
     : TextView(field, *new QLineEdit(&parent), acts), native_(static_cast<QLineEdit&>(Widget())) {
   native_.setAlignment((field.Designed().alignment == Alignment::Right ? Qt::AlignRight : Qt::AlignLeft) |
                        Qt::AlignVCenter);
@@ -177,7 +177,7 @@ void LineView::SetLocked(bool locked) {
   native_.setPalette(Shades());
 }
 
-MultiLineView::MultiLineView(TextField& field, QWidget& parent, DialogActs& acts)
+MultiLineView::MultiLineView(TextField& field, QWidget& parent, WatchedActs& acts)
     : TextView(field, *new QPlainTextEdit(&parent), acts), native_(static_cast<QPlainTextEdit&>(Widget())) {
   native_.setTabChangesFocus(true);
   Restyle();

@@ -3,9 +3,9 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
+#include "core/forms/act_watcher.h"
 #include "core/forms/text_field.h"
 #include "frontends/qt/control_view.h"
-#include "frontends/scripted/act_watcher.h"
 
 namespace fiscalon {
 
@@ -18,7 +18,7 @@ class TextView : public ControlView {
   bool MousePressed(QMouseEvent& event) override;
 
  protected:
-  TextView(TextField& field, QWidget& native, DialogActs& acts) : ControlView(field, native, acts), field_(field) {}
+  TextView(TextField& field, QWidget& native, WatchedActs& acts) : ControlView(field, native, acts), field_(field) {}
 
   TextField& Field() const { return field_; }
   /// Signals of the native editor: its text was edited, its caret or selection moved.
@@ -51,7 +51,7 @@ class TextView : public ControlView {
 
 class LineView final : public TextView {
  public:
-  LineView(TextField& field, QWidget& parent, DialogActs& acts);
+  LineView(TextField& field, QWidget& parent, WatchedActs& acts);
 
   void Restyle() override;
 
@@ -68,7 +68,7 @@ class LineView final : public TextView {
 
 class MultiLineView final : public TextView {
  public:
-  MultiLineView(TextField& field, QWidget& parent, DialogActs& acts);
+  MultiLineView(TextField& field, QWidget& parent, WatchedActs& acts);
 
   QWidget& MouseArea() const override { return *native_.viewport(); }
   void Restyle() override;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/forms/form_observer.h"
-#include "frontends/scripted/user_driver.h"
+#include "frontends/played/user_driver.h"
 
 namespace fiscalon {
 

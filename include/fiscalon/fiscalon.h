@@ -4,7 +4,7 @@
 /// the errors that it raises, and the front end without a display for the host's own tests.
 
 #include "core/module_state.h"
-#include "core/pc4_records.h"
+#include "core/records/pc4_records.h"
 #include "core/platform/code_page.h"
 #include "core/platform/runtime_error.h"
 #include "core/platform/toolkit.h"

@@ -2,8 +2,8 @@
 #include <string>
 #include <vector>
 
-#include "core/record_composer.h"
-#include "core/record_reader.h"
+#include "core/records/record_composer.h"
+#include "core/records/record_reader.h"
 #include "tests/fuzz/law.h"
 
 namespace fiscalon {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <string>
 
-#include "frontends/scripted/scenario.h"
+#include "frontends/played/scenario.h"
 #include "tests/fuzz/law.h"
 
 namespace fiscalon {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iostream>
 
-#include "frontends/scripted/scenario_player.h"
+#include "frontends/played/scenario_player.h"
 
 namespace fiscalon {
 namespace {

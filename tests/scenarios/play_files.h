@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-#include "frontends/scripted/user_driver.h"
+#include "frontends/played/user_driver.h"
 
 namespace fiscalon {
 

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/pc4_records.h"
-#include "core/record_composer.h"
+#include "core/records/pc4_records.h"
+#include "core/records/record_composer.h"
 
 namespace fiscalon {
 

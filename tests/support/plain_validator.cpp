@@ -1,7 +1,7 @@
 #include "tests/support/plain_validator.h"
 
 #include "core/logging.h"
-#include "core/record_reader.h"
+#include "core/records/record_reader.h"
 #include "core/remittance_period.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"

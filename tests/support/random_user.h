@@ -8,7 +8,7 @@
 
 #include "core/forms/text_field.h"
 #include "core/forms/user_acts.h"
-#include "frontends/scripted/user_driver.h"
+#include "frontends/played/user_driver.h"
 
 namespace fiscalon {
 

@@ -10,7 +10,7 @@
 #include <sstream>
 #include <thread>
 
-#include "core/record_composer.h"
+#include "core/records/record_composer.h"
 #include "tests/support/module_test.h"
 #include "tests/support/plain_validator.h"
 #include "tests/support/random_payments.h"

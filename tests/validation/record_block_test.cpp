@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/record_composer.h"
+#include "core/records/record_composer.h"
 #include "tests/support/ruled_record.h"
 #include "validation/batch_error.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "frontends/scripted/scenario_player.h"
+#include "frontends/played/scenario_player.h"
 #include "tools/fiscalon/context.h"
 
 namespace fiscalon {

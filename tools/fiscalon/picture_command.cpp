@@ -1,6 +1,6 @@
 #include "tools/fiscalon/picture_command.h"
 
-#include "frontends/scripted/scenario_player.h"
+#include "frontends/played/scenario_player.h"
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/qt_front_end.h"
 #include "tools/fiscalon/screen_code.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "frontends/scripted/scenario_player.h"
+#include "frontends/played/scenario_player.h"
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/narrator.h"

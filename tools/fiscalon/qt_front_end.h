@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "frontends/scripted/act_watcher.h"
-#include "frontends/scripted/user_driver.h"
+#include "core/forms/act_watcher.h"
+#include "frontends/played/user_driver.h"
 
 /// What the commands want of the Qt front end. Loading Qt takes longer than many a command does, so the program itself
 /// has none: it has a twin that does.

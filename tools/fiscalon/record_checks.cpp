@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/record_reader.h"
+#include "core/records/record_reader.h"
 #include "core/values/text.h"
 #include "tools/fiscalon/visible_text.h"
 

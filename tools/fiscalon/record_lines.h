@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/pc4_records.h"
+#include "core/records/pc4_records.h"
 
 namespace fiscalon {
 

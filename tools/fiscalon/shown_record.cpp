@@ -1,6 +1,6 @@
 #include "tools/fiscalon/shown_record.h"
 
-#include "core/record_reader.h"
+#include "core/records/record_reader.h"
 #include "tools/fiscalon/record_checks.h"
 #include "tools/fiscalon/record_lines.h"
 #include "tools/fiscalon/record_meaning.h"

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/launch.h"
-#include "core/record_layout.h"
+#include "core/records/record_layout.h"
 
 namespace fiscalon {
 

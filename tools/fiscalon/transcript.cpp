@@ -4,7 +4,7 @@
 #include <iomanip>
 #include <ostream>
 
-#include "frontends/scripted/scenario_grammar.h"
+#include "frontends/played/scenario_grammar.h"
 
 namespace fiscalon {
 namespace {

@@ -3,7 +3,7 @@
 #include <iosfwd>
 #include <string_view>
 
-#include "frontends/scripted/scenario_player.h"
+#include "frontends/played/scenario_player.h"
 
 namespace fiscalon {
 

@@ -8,7 +8,7 @@
 
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
-#include "core/record_layout.h"
+#include "core/records/record_layout.h"
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/progress_line.h"
 #include "tools/fiscalon/record_lines.h"

@@ -13,13 +13,15 @@ from pathlib import Path
 LAYERS = {
     "platform": set(),
     "values": {"platform"},
+    "records": {"values", "platform"},
     "forms": {"platform"},
-    "core": {"values", "forms", "platform"},
-    "screens": {"core", "values", "forms", "platform"},
-    "validation": {"core", "values", "platform"},
-    "scripted": {"screens", "core", "values", "forms", "platform"},
-    # The drivers that scenarios play through are the scripted front end's.
-    "qt": {"scripted", "screens", "core", "values", "forms", "platform"},
+    "core": {"records", "values", "forms", "platform"},
+    "screens": {"core", "records", "values", "forms", "platform"},
+    "validation": {"core", "records", "values", "platform"},
+    "played": {"screens", "core", "records", "values", "forms", "platform"},
+    "scripted": {"played", "core", "forms", "platform"},
+    # What plays scenarios on widgets is part of the folder.
+    "qt": {"played", "core", "forms", "platform"},
 }
 
 # The longest prefix that fits says which layer a file belongs to. What is not named here (tools, tests,
@@ -28,9 +30,11 @@ FOLDERS = {
     "core/": "core",
     "core/platform/": "platform",
     "core/values/": "values",
+    "core/records/": "records",
     "core/forms/": "forms",
     "screens/": "screens",
     "validation/": "validation",
+    "frontends/played/": "played",
     "frontends/scripted/": "scripted",
     "frontends/qt/": "qt",
 }

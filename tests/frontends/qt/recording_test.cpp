@@ -7,11 +7,11 @@
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/session.h"
+#include "frontends/played/scenario_player.h"
+#include "frontends/played/session_recorder.h"
 #include "frontends/qt/form_dialog.h"
 #include "frontends/qt/played_qt_toolkit.h"
-#include "frontends/scripted/scenario_player.h"
 #include "frontends/scripted/scripted_toolkit.h"
-#include "frontends/scripted/session_recorder.h"
 
 namespace fiscalon {
 namespace {

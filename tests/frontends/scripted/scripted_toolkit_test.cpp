@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "core/session.h"
-#include "tests/frontends/scripted/play_scenario.h"
-#include "tests/frontends/scripted/played_form.h"
+#include "tests/frontends/played/play_scenario.h"
+#include "tests/frontends/played/played_form.h"
 #include "tests/support/module_test.h"
 
 namespace fiscalon {

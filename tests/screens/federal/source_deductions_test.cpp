@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "core/record_reader.h"
+#include "core/records/record_reader.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/ok_path.h"
 #include "tests/support/random_acts.h"

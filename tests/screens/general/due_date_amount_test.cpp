@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "core/record_reader.h"
+#include "core/records/record_reader.h"
 #include "tests/support/ok_path.h"
 #include "tests/support/raises.h"
 #include "tests/support/random_acts.h"

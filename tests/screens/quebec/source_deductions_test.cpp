@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "core/record_reader.h"
+#include "core/records/record_reader.h"
 #include "tests/screens/quebec/source_deductions_entries.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/ok_path.h"

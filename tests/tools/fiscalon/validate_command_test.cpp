@@ -13,7 +13,7 @@
 #include <fstream>
 #include <thread>
 
-#include "core/record_composer.h"
+#include "core/records/record_composer.h"
 #include "tests/support/bulk_payment.h"
 #include "tests/support/ruled_record.h"
 #include "tests/support/temporary_folder.h"

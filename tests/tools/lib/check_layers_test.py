@@ -18,11 +18,11 @@ SOUND_TREE = {
     "core/session.h": '#include "core/forms/form.h"\n#include "core/values/money.h"\n',
     "screens/general/due_date.h": '#include "core/session.h"\n#include "core/forms/form.h"\n',
     "validation/rules.h": '#include "core/session.h"\n#include <string_view>\n',
-    "frontends/scripted/player.h": '#include "screens/general/due_date.h"\n',
+    "frontends/played/player.h": '#include "screens/general/due_date.h"\n',
     "frontends/qt/dialog.h": '#include <QDialog>\n#include <QtWidgets/QLabel>\n#include "core/forms/form.h"\n',
     "tools/fiscalon/main.cpp": '#include <CLI/CLI.hpp>\n#include "frontends/qt/dialog.h"\n',
     "tools/desk/desk.cpp": "#include <QApplication>\n",
-    "tests/core/session_test.cpp": '#include <gtest/gtest.h>\n#include "frontends/scripted/player.h"\n',
+    "tests/core/session_test.cpp": '#include <gtest/gtest.h>\n#include "frontends/played/player.h"\n',
     "core/forms/CMakeLists.txt": "fiscalon_layer(forms\n  DEPENDS platform\n  SOURCES\n    form.cpp)\n",
 }
 
@@ -70,9 +70,9 @@ class CheckLayers(unittest.TestCase):
 
     def test_no_layer_sees_the_tools(self):
         self.assert_one(
-            "frontends/scripted/player.h",
+            "frontends/played/player.h",
             '#include "tools/fiscalon/main.cpp"\n',
-            'frontends/scripted/player.h:1: scripted may not include "tools/fiscalon/main.cpp", which stands above it',
+            'frontends/played/player.h:1: played may not include "tools/fiscalon/main.cpp", which stands above it',
         )
 
     def test_qt_stays_in_its_front_end_and_the_desk(self):

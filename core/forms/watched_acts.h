@@ -1,0 +1,83 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include "core/forms/act_watcher.h"
+#include "core/forms/user_acts.h"
+
+namespace fiscalon {
+
+/// The acts of the user on the form of one dialog. After each the dialog is brought in line with the form.
+class WatchedActs {
+ public:
+  WatchedActs(Form& form, ActWatcher* watcher, std::function<void()> settle)
+      : acts_(form), watcher_(watcher), settle_(std::move(settle)) {}
+  WatchedActs(const WatchedActs&) = delete;
+  WatchedActs& operator=(const WatchedActs&) = delete;
+
+  /// An act is under way: a handler runs, or waits in a message box.
+  bool Acting() const { return depth_ > 0; }
+
+  /// Another window, such as a message box, blocks the dialog.
+  void Interrupted() { ++interruptions_; }
+  int Interruptions() const { return interruptions_; }
+
+  KeyOutcome Key(const KeyStroke& stroke) {
+    KeyOutcome outcome;
+    Do(KeyAct{stroke}, [&] { outcome = acts_.Key(stroke); });
+    return outcome;
+  }
+  void EditText(const EditAct& edit) {
+    Do(edit, [&] { acts_.EditText(*edit.field, edit.text, edit.selection); });
+  }
+  void SelectText(TextField& field, Selection selection) { acts_.SelectText(field, selection); }
+  bool Press(Control& control) {
+    bool clicks = false;
+    Do(PressAct{&control}, [&] { clicks = acts_.Press(control); });
+    return clicks;
+  }
+  void Release(Control& control) {
+    Do(ReleaseAct{&control}, [&] { acts_.Release(control); });
+  }
+  void Click(Control& control) {
+    Do(ClickAct{&control}, [&] { acts_.Click(control); });
+  }
+  /// The act of choosing has begun with a press, if the mouse was it.
+  void Pick(ListControl& list, int row) {
+    Do(ChooseAct{&list, row}, [&] { acts_.Pick(list, row); });
+  }
+  void Choose(ListControl& list, int row) {
+    Do(ChooseAct{&list, row}, [&] { acts_.Choose(list, row); });
+  }
+  void BringFocus(Control& control) {
+    Do(BringFocusAct{&control}, [&] { acts_.BringFocus(control); });
+  }
+  void Close(int reason) {
+    Do(CloseAct{reason}, [&] { acts_.Close(reason); });
+  }
+
+ private:
+  template <class Run>
+  void Do(const UserAct& act, Run&& run) {
+    // What comes in while an act is under way is none.
+    const bool heard = watcher_ != nullptr && depth_ == 0;
+    if (heard)
+      watcher_->ActBegins(act);
+    ++depth_;
+    run();
+    --depth_;
+    if (heard)
+      watcher_->ActEnded();
+    if (depth_ == 0)
+      settle_();
+  }
+
+  UserActs acts_;
+  ActWatcher* watcher_;
+  std::function<void()> settle_;
+  int depth_ = 0;
+  int interruptions_ = 0;
+};
+
+}  // namespace fiscalon

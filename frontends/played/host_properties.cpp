@@ -1,0 +1,97 @@
+#include "frontends/played/host_properties.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+
+#include "core/platform/code_page.h"
+#include "frontends/played/scenario_grammar.h"
+
+namespace fiscalon {
+namespace {
+
+enum class Type { Text, Boolean, Byte, Float };
+
+struct HostProperty {
+  std::string_view name;
+  Type type;
+  void (*setText)(Levyra&, std::string_view) = nullptr;
+  void (*setNumber)(Levyra&, double) = nullptr;
+};
+
+// clang-format off
+constexpr std::array kHostProperties = {
+    HostProperty{"ZelmorNumber",        Type::Text,    [](Levyra& to, std::string_view text) { to.ZelmorNumber(text); }},
+    HostProperty{"CompCode",            Type::Text,    [](Levyra& to, std::string_view text) { to.CompCode(text); }},
+    HostProperty{"CompName",            Type::Text,    [](Levyra& to, std::string_view text) { to.CompName(text); }},
+    HostProperty{"AccountNumber",       Type::Text,    [](Levyra& to, std::string_view text) { to.AccountNumber(text); }},
+    HostProperty{"PaidAmount",          Type::Text,    [](Levyra& to, std::string_view text) { to.PaidAmount(text); }},
+    HostProperty{"PaidDate",            Type::Text,    [](Levyra& to, std::string_view text) { to.PaidDate(text); }},
+    HostProperty{"NumberOfInfoCollect", Type::Text,    [](Levyra& to, std::string_view text) { to.NumberOfInfoCollect(text); }},
+    HostProperty{"GovFilename",         Type::Text,    [](Levyra& to, std::string_view text) { to.GovFilename(text); }},
+    HostProperty{"EnterName",           Type::Text,    [](Levyra& to, std::string_view text) { to.EnterName(text); }},
+    HostProperty{"EnterTitle",          Type::Text,    [](Levyra& to, std::string_view text) { to.EnterTitle(text); }},
+    HostProperty{"APHoldFlg",           Type::Byte,    nullptr, [](Levyra& to, double value) { to.APHoldFlg(static_cast<uint8_t>(value)); }},
+    HostProperty{"SeqNumber",           Type::Text,    [](Levyra& to, std::string_view text) { to.SeqNumber(text); }},
+    HostProperty{"BusinessName",        Type::Text,    [](Levyra& to, std::string_view text) { to.BusinessName(text); }},
+    HostProperty{"WriteFile",           Type::Boolean, nullptr, [](Levyra& to, double value) { to.WriteFile(static_cast<int16_t>(value)); }},
+    HostProperty{"PlayByPlayEnabled",   Type::Boolean, nullptr, [](Levyra& to, double value) { to.PlayByPlayEnabled(static_cast<int16_t>(value)); }},
+    HostProperty{"MainPath",            Type::Text,    [](Levyra& to, std::string_view text) { to.MainPath(text); }},
+    HostProperty{"SessionNumber",       Type::Float,   nullptr, [](Levyra& to, double value) { to.SessionNumber(value); }},
+};
+// clang-format on
+
+const HostProperty* Find(std::string_view name) {
+  const auto found = std::find_if(kHostProperties.begin(), kHostProperties.end(),
+                                  [&](const HostProperty& property) { return property.name == name; });
+  return found == kHostProperties.end() ? nullptr : &*found;
+}
+
+std::optional<double> NumberFor(Type type, std::string_view value) {
+  if (type == Type::Boolean)
+    return ParseBoolean(value);
+  if (const auto whole = ParseNumber(value))
+    return type == Type::Byte && (*whole < 0 || *whole > 255) ? std::nullopt : std::optional<double>(*whole);
+  double number = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+  const bool isNumber = error == std::errc() && end == value.data() + value.size() && std::isfinite(number);
+  return isNumber && type == Type::Float ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace
+
+std::vector<std::string_view> HostPropertyNames() {
+  std::vector<std::string_view> names;
+  names.reserve(std::size(kHostProperties));
+  for (const HostProperty& property : kHostProperties) names.push_back(property.name);
+  return names;
+}
+
+std::string ComplaintAboutHostProperty(std::string_view name, std::string_view value) {
+  const HostProperty* property = Find(name);
+  if (property == nullptr) {
+    std::string complaint = "\"" + std::string(name) + "\" is no property that a host sets; there are ";
+    for (const HostProperty& each : kHostProperties)
+      complaint.append(&each == kHostProperties.data() ? "" : ", ").append(each.name);
+    return complaint;
+  }
+  if (property->type == Type::Text || NumberFor(property->type, value))
+    return {};
+  return std::string(name) + " takes " +
+         (property->type == Type::Boolean ? "True, False or a number from -32768 to 32767"
+          : property->type == Type::Byte  ? "a whole number from 0 to 255"
+                                          : "a number") +
+         ", not \"" + std::string(value) + "\"";
+}
+
+void SetHostProperty(Levyra& session, std::string_view name, std::string_view value) {
+  const HostProperty& property = *Find(name);
+  if (property.type == Type::Text)
+    property.setText(session, FromUtf8(value));
+  else
+    property.setNumber(session, *NumberFor(property.type, value));
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,119 @@
+#include "frontends/played/scenario.h"
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+
+#include "frontends/played/scenario_grammar.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r";
+
+/// Reads the words of one line.
+class LineReader {
+ public:
+  explicit LineReader(std::string_view line) : rest_(line) {}
+
+  /// The next word; false at the end of the line or before a comment.
+  bool Next(std::string& word) {
+    rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
+    if (rest_.empty() || rest_.front() == '#')
+      return false;
+    word = rest_.front() == '"' ? QuotedWord() : PlainWord();
+    return true;
+  }
+
+ private:
+  std::string PlainWord() {
+    const size_t end = std::min(rest_.find_first_of(" \t\r#"), rest_.size());
+    std::string word(rest_.substr(0, end));
+    rest_.remove_prefix(end);
+    return word;
+  }
+
+  std::string QuotedWord() {
+    std::string word;
+    for (size_t i = 1; i < rest_.size(); ++i) {
+      if (rest_[i] == '"') {
+        rest_.remove_prefix(i + 1);
+        if (!rest_.empty() && rest_.front() != '#' && kBlanks.find(rest_.front()) == std::string_view::npos)
+          throw std::invalid_argument("a closing quote must be followed by a blank");
+        return word;
+      }
+      word += rest_[i] == '\\' ? Escape(++i) : rest_[i];
+    }
+    throw std::invalid_argument("the closing quote is missing");
+  }
+
+  char Escape(size_t at) const {
+    constexpr std::string_view kLetters = "\"\\tn";
+    constexpr std::string_view kMeanings = "\"\\\t\n";
+    const size_t letter = at < rest_.size() ? kLetters.find(rest_[at]) : std::string_view::npos;
+    if (letter == std::string_view::npos)
+      throw std::invalid_argument("a backslash in quotes must be followed by \", \\, t or n");
+    return kMeanings[letter];
+  }
+
+  std::string_view rest_;
+};
+
+ScenarioLine ParseLine(const std::string& file, int number, std::string_view source) {
+  ScenarioLine line{.number = number, .source = std::string(source.substr(0, source.find_last_not_of(kBlanks) + 1))};
+  try {
+    LineReader reader(source);
+    if (!reader.Next(line.verb))
+      return line;
+    for (std::string word; reader.Next(word);) line.arguments.push_back(word);
+  } catch (const std::invalid_argument& error) {
+    throw ScenarioError(file, number, error.what());
+  }
+  if (const std::string complaint = ComplaintAbout(line); !complaint.empty())
+    throw ScenarioError(file, number, complaint);
+  return line;
+}
+
+}  // namespace
+
+Scenario ParseScenario(const std::string& name, std::string_view text) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark))
+    text.remove_prefix(kByteOrderMark.size());
+  Scenario scenario{.name = name};
+  for (int number = 1; !text.empty(); ++number) {
+    const size_t end = std::min(text.find('\n'), text.size());
+    ScenarioLine line = ParseLine(name, number, text.substr(0, end));
+    if (!line.verb.empty())
+      scenario.lines.push_back(std::move(line));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  if (scenario.lines.empty())
+    throw ScenarioError(name, 1, "the scenario is empty");
+  return scenario;
+}
+
+Scenario ReadScenario(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  // A folder opens, and fails when it is read; an empty file gives nothing to copy.
+  if (!file.is_open() || (file.peek() != std::ifstream::traits_type::eof() && !(text << file.rdbuf())) || file.bad())
+    throw ScenarioError(path, 0, "the file can't be read; give the path of a scenario, a text file");
+  return ParseScenario(path, text.str());
+}
+
+std::string QuotedArgument(std::string_view argument) {
+  if (!argument.empty() && argument.find_first_of(" \t\r\n\"\\#") == std::string_view::npos)
+    return std::string(argument);
+  std::string quoted = "\"";
+  for (const char character : argument) {
+    if (character == '"' || character == '\\')
+      quoted += '\\';
+    quoted += character == '\t'   ? std::string("\\t")
+              : character == '\n' ? std::string("\\n")
+                                  : std::string(1, character);
+  }
+  return quoted + '"';
+}
+
+}  // namespace fiscalon

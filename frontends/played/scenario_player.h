@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "core/platform/date.h"
+#include "frontends/played/scenario.h"
+#include "frontends/played/user_driver.h"
+
+namespace fiscalon {
+
+/// How a scenario went. Texts are UTF-8.
+struct PlayResult {
+  bool passed = true;
+  /// Of the line that failed.
+  int line = 0;
+  std::string expected = {};
+  std::string seen = {};
+};
+
+/// What somebody who watches a scenario hears of it. `form` is null while no form is up.
+struct PlayWatcher {
+  std::function<void(const ScenarioLine& line)> lineBegins = {};
+  std::function<void(const ScenarioLine& line, Form* form)> lineEnds = {};
+  std::function<void(const std::string& handler)> handlerRuns = {};
+  std::function<void(const MessageBox& box, MessageAnswer answer, Form* form)> boxAnswered = {};
+  /// A beep, or a help page, in the words of an `expect` line.
+  std::function<void(const std::string& what)> noticed = {};
+  /// `ShowLevyraScreen` has ended: "result True", or the error, in the words of an `expect` line.
+  std::function<void(const std::string& ending)> showEnded = {};
+  /// The scenario is over, and what it made is still there: the records, before they go.
+  std::function<void(const std::vector<std::string>& records)> ended = {};
+};
+
+struct PlaySettings {
+  /// For scenarios that name none; without it the real clock.
+  std::optional<DateTime> today = {};
+  std::string locale = "en-CA";
+};
+
+/// Plays scenarios through a front end. Each starts as in a freshly loaded library, with a folder of its own for
+/// `$TMP` that goes when the scenario ends.
+class ScenarioPlayer {
+ public:
+  explicit ScenarioPlayer(DrivenToolkit& toolkit, PlaySettings settings = {}, PlayWatcher watcher = {})
+      : toolkit_(toolkit), settings_(std::move(settings)), watcher_(std::move(watcher)) {}
+
+  /// Throws `ScenarioError` for a line that makes no sense for the form that is up, such as an unknown control.
+  PlayResult Play(const Scenario& scenario);
+
+ private:
+  DrivenToolkit& toolkit_;
+  PlaySettings settings_;
+  PlayWatcher watcher_;
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/forms/act_watcher.h"
+#include "core/platform/date.h"
+#include "core/platform/runtime_error.h"
+#include "core/records/pc4_records.h"
+
+namespace fiscalon {
+
+/// Writes a session down as a scenario that plays back to the same boxes and records: what is typed key by key, what is
+/// pasted as a paste, boxes with their answers. What a scenario has no words for, such as an undo, becomes the keys
+/// that come to the same text.
+class SessionRecorder final : public ActWatcher {
+ public:
+  // The lines before the acts, in UTF-8.
+  void Today(const DateTime& now);
+  void UsesLocale(std::string_view name);
+  /// A property that the host has set. Whoever plays the scenario writes files of its own: paths become ones in $TMP.
+  void Host(std::string_view property, std::string_view value);
+  void Shows(std::string_view code);
+
+  // How the show ended, as the host finds it.
+  void Result(bool result);
+  void Error(const RuntimeError& error);
+  void Records(const std::vector<std::string>& records);
+  /// A member of the collection whose date and amount stand apart.
+  void Invoice(int32_t position, const PC4& member);
+
+  /// The scenario so far.
+  std::string Text() const;
+
+  void Opened(Form& form) override;
+  void ActBegins(const UserAct& act) override;
+  void ActEnded() override;
+  void BoxAnswered(const MessageBox& box, MessageAnswer answer) override;
+  void Beeped() override;
+  void HelpOpened(std::string_view file, int32_t context) override;
+
+ private:
+  /// A line of the scenario with what belongs to it: the answers that stand before it, since they are given while it
+  /// is played, and what is expected behind it.
+  struct Step {
+    std::string line = {};
+    /// What the line types; it grows by what is typed next.
+    std::string typed = {};
+    std::vector<MessageBox> boxes = {};
+    std::vector<MessageAnswer> answers = {};
+    std::vector<std::string> expected = {};
+  };
+
+  void Key(KeyStroke stroke);
+  enum class Typing { Grows, Begins };
+  void Type(char character, Typing how);
+  void Edit(const EditAct& act);
+  void Release(const Control& control);
+  void Choose(const ChooseAct& act);
+  /// Brings a player's caret to the end of a selection in that text and takes so many characters before it away.
+  void Erase(std::string_view text, Selection selection, int characters);
+  /// The key that was recorded last replaces a selection that no player has: takes it away before the key. Not before
+  /// that is known, since a form may drop the key and leave the selection alone.
+  void BringPlayerToLastKey();
+  /// A character that was typed over itself has left the text as it was, but not the selection.
+  void SettleLastKey();
+  /// Whether the caret or selection of the player is not the user's: moved by the mouse, or by keys that no scenario
+  /// knows.
+  bool PlayerIsElsewhere(const TextField& field) const;
+
+  void Begin(const std::string& line) { steps_.push_back({.line = line}); }
+  void Expect(const std::string& line);
+  TextField* ActiveField() const;
+
+  std::vector<Step> steps_;
+  /// Where a player's screens look for the help file.
+  std::string helpFolder_;
+  Form* form_ = nullptr;
+  /// The key that was pressed last, where it says itself what is made of the text.
+  struct LastKey {
+    bool edits = false;
+    bool erases = false;
+    /// Its field, where it meets a selection that a player has not, with what it held then.
+    const TextField* field = nullptr;
+    std::string text = {};
+    Selection selection = {};
+  };
+  LastKey lastKey_ = {};
+  /// What a player has selected in the field that has the focus, and whether that is the user's selection once the
+  /// act is over.
+  std::optional<Selection> played_ = Selection{};
+  bool catchesUp_ = true;
+  /// What an edit that became a paste leaves selected for the user, and for a player.
+  struct Paste {
+    Selection user = {};
+    Selection player = {};
+  };
+  std::optional<Paste> paste_ = {};
+  const Control* activeBefore_ = nullptr;
+  Selection selectedBefore_ = {};
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,115 @@
+#include "core/records/keyed_collection.h"
+
+#include <gtest/gtest.h>
+
+#include "core/records/pc4_records.h"
+#include "tests/support/raises.h"
+
+namespace fiscalon {
+namespace {
+
+PC4s ThreeRecords() {
+  PC4s records;
+  records.Add("", "", "first");
+  records.Add("", "", "second", "key");
+  records.Add("", "", "third");
+  return records;
+}
+
+std::string Descriptions(const PC4s& records) {
+  std::string all;
+  for (const PC4& record : records) all += record.Description() + ";";
+  return all;
+}
+
+TEST(KeyedCollection, KeepsTheOrderOfAdding) {
+  EXPECT_EQ(Descriptions(ThreeRecords()), "first;second;third;");
+}
+
+TEST(KeyedCollection, CountsPositionsFromOne) {
+  PC4s records = ThreeRecords();
+  EXPECT_EQ(records.Count(), 3);
+  EXPECT_EQ(records.Item(1).Description(), "first");
+  EXPECT_EQ(records.Item(3).Description(), "third");
+}
+
+TEST(KeyedCollection, FindsAMemberByItsKey) {
+  PC4s records = ThreeRecords();
+  EXPECT_EQ(records.Item("key").Description(), "second");
+}
+
+TEST(KeyedCollection, UnknownPositionIsError9) {
+  PC4s records = ThreeRecords();
+  EXPECT_EQ(ErrorOf([&] { records.Item(0); }), 9);
+  EXPECT_EQ(ErrorOf([&] { records.Item(4); }), 9);
+  EXPECT_EQ(ErrorOf([&] { records.Item(-1); }), 9);
+  EXPECT_EQ(ErrorOf([&] { records.Remove(4); }), 9);
+}
+
+TEST(KeyedCollection, UnknownKeyIsError5) {
+  PC4s keyed = ThreeRecords();
+  EXPECT_EQ(ErrorOf([&] { keyed.Item("other"); }), 5);
+  EXPECT_EQ(ErrorOf([&] { keyed.Item("KEY"); }), 5);
+  EXPECT_EQ(ErrorOf([&] { keyed.Remove("other"); }), 5);
+  PC4s keyless;
+  keyless.Add("", "", "first");
+  EXPECT_EQ(ErrorOf([&] { keyless.Item("other"); }), 5);
+}
+
+TEST(KeyedCollection, DuplicateKeyIsError457AndAddsNothing) {
+  PC4s records = ThreeRecords();
+  EXPECT_EQ(ErrorOf([&] { records.Add("", "", "fourth", "key"); }), 457);
+  EXPECT_EQ(Descriptions(records), "first;second;third;");
+  EXPECT_EQ(records.Item("key").Description(), "second");
+}
+
+TEST(KeyedCollection, AnEmptyKeyIsNoKeyAndMayComeAgain) {
+  PC4s records;
+  records.Add("", "", "first", "");
+  records.Add("", "", "second", "");
+  EXPECT_EQ(records.Count(), 2);
+  EXPECT_EQ(ErrorOf([&] { records.Item(""); }), 5);
+}
+
+TEST(KeyedCollection, RemovingByPositionFreesTheKey) {
+  PC4s records = ThreeRecords();
+  records.Remove(2);
+  EXPECT_EQ(Descriptions(records), "first;third;");
+  EXPECT_EQ(ErrorOf([&] { records.Item("key"); }), 5);
+  records.Add("", "", "fourth", "key");
+  EXPECT_EQ(records.Item("key").Description(), "fourth");
+}
+
+TEST(KeyedCollection, RemovingByKeyClosesTheGap) {
+  PC4s records = ThreeRecords();
+  records.Remove("key");
+  EXPECT_EQ(Descriptions(records), "first;third;");
+  EXPECT_EQ(records.Item(2).Description(), "third");
+}
+
+TEST(KeyedCollection, MembersKeepTheirAddressWhileOthersComeAndGo) {
+  PC4s records;
+  PC4& first = records.Add("", "", "first");
+  for (int more = 0; more < 100; ++more) records.Add("", "", "more");
+  records.Remove(50);
+  first.Description("changed");
+  EXPECT_EQ(records.Item(1).Description(), "changed");
+}
+
+TEST(KeyedCollection, ClearForgetsMembersAndKeys) {
+  PC4s records = ThreeRecords();
+  records.Clear();
+  EXPECT_EQ(records.Count(), 0);
+  EXPECT_EQ(Descriptions(records), "");
+  records.Add("", "", "again", "key");
+  EXPECT_EQ(records.Item(1).Description(), "again");
+}
+
+TEST(KeyedCollection, ClearOfAnEmptyCollectionRemovesNothing) {
+  PC4s records;
+  records.Clear();
+  EXPECT_EQ(records.Count(), 0);
+}
+
+}  // namespace
+}  // namespace fiscalon
