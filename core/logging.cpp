@@ -1,5 +1,6 @@
 #include "core/logging.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -18,7 +19,10 @@ std::string Now() {
   return GeneralDate(module.clock->Now(), module.locale);
 }
 
-void PrintLine(const std::string& path, OpenMode mode, const std::string& line) {
+// An entry stays one line, whatever its texts hold.
+void PrintLine(const std::string& path, OpenMode mode, std::string line) {
+  std::replace_if(
+      line.begin(), line.end(), [](char character) { return character == '\r' || character == '\n'; }, ' ');
   const std::unique_ptr<OutputFile> file = TheModule().files->Open(path, mode);
   file->Print(line + "\r\n");
   file->Close();

@@ -7,7 +7,7 @@
 #include "core/platform/runtime_error.h"
 
 /// The two logs under `MainPath`. Both are opened and closed at each use, so that a crash of the host loses
-/// nothing.
+/// nothing. One entry is one line: a line end within a text stands as blanks.
 namespace fiscalon {
 
 enum class LogReset { Keep, Drop };

@@ -1,7 +1,6 @@
 #include "core/session.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "core/launch.h"
@@ -17,24 +16,6 @@ namespace {
 constexpr std::string_view kShowSource = "Fiscalon.ShowLevyraScreen";
 constexpr auto kInvalidScreenType = static_cast<int32_t>(0x80040001);
 constexpr auto kScreenNotAvailable = static_cast<int32_t>(0x80040002);
-
-struct ContractRow {
-  ContractProperty property;
-  void (*set)(const Levyra& session, Screen& screen);
-};
-
-constexpr std::array kCommonOrder = {
-    ContractRow{ContractProperty::CompName, [](const Levyra& from, Screen& to) { to.CompName(from.CompName()); }},
-    ContractRow{ContractProperty::PaidAmount, [](const Levyra& from, Screen& to) { to.PaidAmount(from.PaidAmount()); }},
-    ContractRow{ContractProperty::PaidDate, [](const Levyra& from, Screen& to) { to.PaidDate(from.PaidDate()); }},
-    ContractRow{ContractProperty::EnterName, [](const Levyra& from, Screen& to) { to.EnterName(from.EnterName()); }},
-    ContractRow{ContractProperty::EnterTitle, [](const Levyra& from, Screen& to) { to.EnterTitle(from.EnterTitle()); }},
-    ContractRow{ContractProperty::GovFilename,
-                [](const Levyra& from, Screen& to) { to.GovFilename(from.GovFilename()); }},
-    ContractRow{ContractProperty::SeqNumber, [](const Levyra& from, Screen& to) { to.SeqNumber(from.SeqNumber()); }},
-    ContractRow{ContractProperty::APHoldFlg, [](const Levyra& from, Screen& to) { to.APHoldFlg(from.APHoldFlg()); }},
-    ContractRow{ContractProperty::WriteFile, [](const Levyra& from, Screen& to) { to.WriteFile(from.WriteFile()); }},
-};
 
 // The form's one instance, which lives as long as the library.
 Screen& InstanceOf(const LaunchRow& row) {
@@ -99,12 +80,7 @@ bool Levyra::ShowLevyraScreen(std::string_view screenCode) {
 bool Levyra::Launch(const LaunchRow& row) {
   Toolkit& toolkit = TheToolkit();
   Screen& screen = InstanceOf(row);
-  for (const ContractRow& contract : kCommonOrder) {
-    contract.set(*this, screen);
-    for (const OwnProperty& own : row.ownProperties)
-      if (own.after == contract.property)
-        own.set(*this, row.code, screen);
-  }
+  for (const LaunchProperty& property : row.properties) property.set(*this, row.code, screen);
   if (row.beforeShow != nullptr)
     row.beforeShow(screen);
   screen.ShowModal(toolkit);

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/logging.h"
+#include "core/records/field_names.h"
 #include "core/records/record_reader.h"
 #include "core/remittance_period.h"
 #include "core/resume_next.h"
@@ -24,10 +25,10 @@ constexpr FieldTest kGrossPayrollTests[] = {kFilled, kFullLength, kNumeric, kNot
 constexpr FieldTest kEmployeesTests[]    = {kFilled, kFullLength, kNumeric, kAtLeastOne, kDigits};
 
 constexpr FieldRule kAgencyFields[] = {
-    {"01", "Amount of Payment",                 kPaymentTests,      PlainPayment},
-    {"02", "End of Remitting Period",           kPeriodEndTests,    PlainDate},
-    {"03", "Gross Payroll in Remitting Period", kGrossPayrollTests, PlainWholeDollars},
-    {"04", "Number of Employees",               kEmployeesTests,    PlainCount},
+    {"01", kPaymentTests,      PlainPayment},
+    {"02", kPeriodEndTests,    PlainDate},
+    {"03", kGrossPayrollTests, PlainWholeDollars},
+    {"04", kEmployeesTests,    PlainCount},
 };
 
 // Screen "20": source deductions of Revenue Quebec.
@@ -36,16 +37,16 @@ constexpr FieldTest kAmountTests[] = {kFilled, kFullLength, kNumeric, kNotNegati
 constexpr FieldTest kTypeTests[]   = {kFilled, kFullLength, kNumeric, kRemittanceType, kDigits};
 
 constexpr FieldRule kQuebecFields[] = {
-    {"01", "Income tax withheld and compensation tax", kAmountTests, PlainAmount,         0},
-    {"02", "QPP contributions",                        kAmountTests, PlainAmount,         1},
-    {"03", "Contribution to the health services fund", kAmountTests, PlainAmount,         2},
-    {"04", "QPIP premiums",                            kAmountTests, PlainAmount,         3},
-    {"05", "Remittance Type",                          kTypeTests,   PlainRemittanceType, kNoAddend, "001052"},
-    {"06", "CSST payments",                            kAmountTests, PlainAmount,         4},
+    {"01", kAmountTests, PlainAmount,         0},
+    {"02", kAmountTests, PlainAmount,         1},
+    {"03", kAmountTests, PlainAmount,         2},
+    {"04", kAmountTests, PlainAmount,         3},
+    {"05", kTypeTests,   PlainRemittanceType, kNoAddend, "001052"},
+    {"06", kAmountTests, PlainAmount,         4},
 };
 
 constexpr FieldTest kUnusedTests[] = {kUnused};
-constexpr FieldRule kUnusedField   = {"", "", kUnusedTests, PlainlyUnused};
+constexpr FieldRule kUnusedField   = {"", kUnusedTests, PlainlyUnused};
 
 // clang-format on
 
@@ -212,7 +213,7 @@ class Judgement {
       total_.Keep(rule.addend, slot.fieldValue);
     for (const FieldTest& test : rule.tests) {
       if (!test.passes(slot.fieldValue, expected_)) {
-        FailField(slot.fieldNum, rule.name, test.predicate);
+        FailField(slot.fieldNum, test.predicate);
         return;
       }
     }
@@ -227,10 +228,14 @@ class Judgement {
     reason_ += message;
   }
 
-  void FailField(std::string_view number, std::string_view name, std::string_view predicate) {
+  void FailField(std::string_view number, std::string_view predicate) {
     valid_ = false;
     Separate();
-    reason_.append("Field ").append(number).append(" ").append(name).append(predicate);
+    reason_.append("Field ")
+        .append(number)
+        .append(" ")
+        .append(FieldNameOf(rules_.screenCode, number))
+        .append(predicate);
   }
 
   void Separate() {

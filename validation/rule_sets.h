@@ -17,8 +17,6 @@ inline constexpr int kNoAddend = -1;
 /// What holds for the field of one number.
 struct FieldRule {
   std::string_view number = {};
-  /// In the label, behind the number.
-  std::string_view name = {};
   /// From the top; the first that fails gives the field's only message.
   std::span<const FieldTest> tests = {};
   /// The short cut of the tests.

@@ -44,11 +44,12 @@ class Composer {
     return *this;
   }
 
-  /// The record, with blanks in all fields that were not put.
+  /// The record, with blanks in all fields that were not put. It is one line whatever the texts hold: a line end from a
+  /// host's name would forge a second record. The widths counted the characters as they were.
   std::string Finish() {
     PutFixedRows();
     while (row_ < layout_.size()) record_.append(layout_[row_++].Width(), ' ');
-    return std::move(record_);
+    return OnOneLine(std::move(record_));
   }
 
  private:
@@ -109,7 +110,7 @@ std::span<const Text> AsSpan(std::initializer_list<Text> list) {
 }
 
 std::string Fitted(std::string_view text, const RecordField& field) {
-  return PadRight(Trim(text), static_cast<int16_t>(field.Width()), " ");
+  return OnOneLine(PadRight(Trim(text), static_cast<int16_t>(field.Width()), " "));
 }
 
 }  // namespace

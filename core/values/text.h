@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace fiscalon {
@@ -19,6 +20,15 @@ constexpr std::string_view TrimRight(std::string_view text) {
 /// The text without the blanks at either side.
 constexpr std::string_view Trim(std::string_view text) {
   return TrimLeft(TrimRight(text));
+}
+
+/// The text with a blank for each character that would end a line or has no look, those under 32: what stands on one
+/// line stays there.
+inline std::string OnOneLine(std::string text) {
+  for (char& character : text)
+    if (static_cast<unsigned char>(character) < ' ')
+      character = ' ';
+  return text;
 }
 
 }  // namespace fiscalon

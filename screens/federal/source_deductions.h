@@ -1,9 +1,7 @@
 #pragma once
 
-#include <array>
 #include <string_view>
 
-#include "core/launch.h"
 #include "core/older_screen.h"
 
 namespace fiscalon {
@@ -44,10 +42,6 @@ class GOVSOURCEDEDUCTION final : public OlderScreen {
   // clang-format on
 
   const Layout& FormLayout() const override { return layout_; }
-
-  static constexpr std::array kFieldNames = {
-      FieldName{"01", "Amount of Payment"}, FieldName{"02", "End of Remitting Period"},
-      FieldName{"03", "Gross Payroll in Remitting Period"}, FieldName{"04", "Number of Employees"}};
 
  private:
   void Form_Load() override;

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <array>
 #include <string_view>
 
-#include "core/launch.h"
 #include "core/newer_screen.h"
 
 namespace fiscalon {
@@ -33,8 +31,6 @@ class frmDueDateAmount final : public NewerScreen {
   // clang-format on
 
   const Layout& FormLayout() const override { return layout_; }
-
-  static constexpr std::array kFieldNames = {FieldName{"01", "Amount payable"}};
 
  private:
   void Form_Load() override { SetupForm(); }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <array>
 #include <string_view>
 
-#include "core/launch.h"
 #include "core/newer_screen.h"
 
 namespace fiscalon {
@@ -59,13 +57,6 @@ class frmQue_Rev_SourceDeduct final : public NewerScreen {
 
   /// Runs when the form loads and again from the launch, after the last property is set.
   void SetupForm();
-
-  static constexpr std::array kFieldNames = {FieldName{"01", "Income tax withheld and compensation tax"},
-                                             FieldName{"02", "QPP contributions"},
-                                             FieldName{"03", "Contribution to the health services fund"},
-                                             FieldName{"04", "QPIP premiums"},
-                                             FieldName{"05", "Remittance Type"},
-                                             FieldName{"06", "CSST payments"}};
 
  private:
   void Accessed(std::string_view access, std::string_view property) const override;

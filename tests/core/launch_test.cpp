@@ -5,8 +5,7 @@
 #include <array>
 #include <functional>
 
-#include "core/screen_contract.h"
-#include "core/session.h"
+#include "core/launch_properties.h"
 #include "tests/support/module_test.h"
 #include "tests/support/raises.h"
 #include "tests/support/test_form.h"
@@ -62,30 +61,26 @@ std::shared_ptr<Screen> MakeScreen() {
   return std::make_shared<NotingScreen>("frmNoting");
 }
 
-constexpr std::array kOwnBehindSequence = {
-    OwnProperty{ContractProperty::SeqNumber, [](const Levyra& from, std::string_view, Screen& to) {
-                  static_cast<NotingScreen&>(to).OwnText(from.NumberOfInfoCollect());
-                }}};
-constexpr std::array kTwoOwn = {
-    OwnProperty{ContractProperty::APHoldFlg,
-                [](const Levyra& from, std::string_view, Screen& to) { to.CompCode(from.CompCode()); }},
-    OwnProperty{ContractProperty::WriteFile, [](const Levyra&, std::string_view code, Screen& to) {
-                  static_cast<NotingScreen&>(to).OwnText(code);
-                }}};
+constexpr LaunchProperty kInfoCount{"NumberOfInfoCollect", [](const Levyra& from, std::string_view, Screen& to) {
+                                      static_cast<NotingScreen&>(to).OwnText(from.NumberOfInfoCollect());
+                                    }};
+constexpr LaunchProperty kScreenType{"ScreenType", [](const Levyra&, std::string_view code, Screen& to) {
+                                       static_cast<NotingScreen&>(to).OwnText(code);
+                                     }};
+
+constexpr std::array kOwnBehindSequence = {kCompName,    kPaidAmount, kPaidDate,  kEnterName, kEnterTitle,
+                                           kGovFilename, kSeqNumber,  kInfoCount, kAPHoldFlg, kWriteFile};
+constexpr std::array kTwoOwn = {kCompName,  kPaidAmount, kPaidDate, kEnterName, kEnterTitle, kGovFilename,
+                                kSeqNumber, kAPHoldFlg,  kCompCode, kWriteFile, kScreenType};
 
 constexpr std::array kTable = {
-    LaunchRow{"01", "ShowPlainForm", "frmPlain", "", {}, MakeScreen},
+    LaunchRow{"01", "ShowPlainForm", "frmPlain", "", kCommonOrder, MakeScreen},
     LaunchRow{"07", "ShowOwnForm", "frmOwn", "", kOwnBehindSequence, MakeScreen},
-    LaunchRow{"20",
-              "ShowSetUpForm",
-              "frmSetUp",
-              "",
-              {},
-              MakeScreen,
+    LaunchRow{"20", "ShowSetUpForm", "frmSetUp", "", kCommonOrder, MakeScreen,
               [](Screen& screen) { static_cast<NotingScreen&>(screen).SetUp(); }},
     LaunchRow{"25", "ShowSharedForm", "frmShared", "", kTwoOwn, MakeScreen},
     LaunchRow{"26", "ShowSharedForm", "frmShared", "", kTwoOwn, MakeScreen},
-    LaunchRow{"28", "ShowMissingForm", "frmMissing", ""},
+    LaunchRow{"28", "ShowMissingForm", "frmMissing", "", kCommonOrder},
 };
 
 }  // namespace

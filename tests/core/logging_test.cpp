@@ -87,6 +87,11 @@ TEST_F(ShowErrorTest, AppendsToAnOlderLog) {
   EXPECT_EQ(ErrorLog(), "older\r\n2026-06-15 1:05:09 p.m.,Fiscalon,10077,456,6,\"Overflow\",\"x\"\r\n");
 }
 
+TEST_F(ShowErrorTest, ALineEndWithinATextStandsAsBlanks) {
+  ShowError(5, "first\r\nsecond", "form\nroutine", Silent::Yes);
+  EXPECT_EQ(ErrorLog(), "2026-06-15 1:05:09 p.m.,Fiscalon,10077,456,5,\"first  second\",\"form routine\"\r\n");
+}
+
 TEST_F(ShowErrorTest, LeavesQuotesInsideATextAsTheyAre) {
   ShowError(-2147221503, "a \"b\", c", "p", Silent::Yes);
   EXPECT_EQ(ErrorLog(), "2026-06-15 1:05:09 p.m.,Fiscalon,10077,456,-2147221503,\"a \"b\", c\",\"p\"\r\n");

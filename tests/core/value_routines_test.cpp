@@ -18,10 +18,8 @@ using DigitsOnlyTest = ModuleTest;
 using IsAmountTextTest = ModuleTest;
 using IsAllDigitsTest = ModuleTest;
 using IsWholeHundredsTest = ModuleTest;
-using AmountToFieldTest = ModuleTest;
 using ImplicitCents = ModuleTest;
 using DollarsFromCentsTest = ModuleTest;
-using CentsTest = ModuleTest;
 
 TEST_F(KeepNumericCharsTest, KeepsDigitsMinusAndTheSeparator) {
   EXPECT_EQ(KeepNumericChars(" $1,2a3.4-5+6"), "123.4-56");
@@ -76,38 +74,6 @@ TEST_F(IsWholeHundredsTest, OverflowsAbove2147483647) {
   EXPECT_FALSE(IsWholeHundreds("2147483647"));
   EXPECT_TRUE(IsWholeHundreds("2147483600"));
   EXPECT_EQ(ErrorOf([] { IsWholeHundreds("2147483648"); }), 6);
-}
-
-TEST_F(AmountToFieldTest, FillsUpToEighteenDigits) {
-  EXPECT_EQ(AmountToField(Money{}), "000000000000000000");
-  EXPECT_EQ(AmountToField(Money::FromDouble(12345)), "000000000000012345");
-}
-
-TEST_F(AmountToFieldTest, WritesAMinusAndSeventeenDigits) {
-  EXPECT_EQ(AmountToField(Money::FromDouble(-1)), "-00000000000000001");
-  EXPECT_EQ(AmountToField(Money::FromDouble(-1234)), "-00000000000001234");
-}
-
-TEST_F(AmountToFieldTest, TwelveDollarsThirtyFourBelowZeroEndIn1234) {
-  EXPECT_EQ(AmountToField(Cents("-12.34")), "-00000000000001234");
-}
-
-TEST_F(AmountToFieldTest, IsReadBackByTheLeadingNumber) {
-  std::mt19937_64 random(3);
-  for (int round = 0; round < 2000; ++round) {
-    const auto cents = static_cast<double>(static_cast<int64_t>(random() % 2'000'000'000'000) - 1'000'000'000'000);
-    const std::string field = AmountToField(Money::FromDouble(cents));
-    ASSERT_EQ(field.size(), 18u);
-    EXPECT_EQ(LeadingNumber(field), cents);
-  }
-}
-
-TEST(PadRight, FillsUpOrCuts) {
-  EXPECT_EQ(PadRight("ab", 5, " "), "ab   ");
-  EXPECT_EQ(PadRight("ab", 5, "0x"), "ab000");
-  EXPECT_EQ(PadRight("abcde", 5, " "), "abcde");
-  EXPECT_EQ(PadRight("abcdef", 5, " "), "abcde");
-  EXPECT_EQ(PadRight("", 0, " "), "");
 }
 
 using DateFromYYYYMMDDTest = ModuleTest;
@@ -193,13 +159,6 @@ TEST_F(DollarsFromCentsTest, ReadsANumberAtTheStartElseZero) {
   EXPECT_EQ(DollarsFromCents("abc"), "0");
   EXPECT_EQ(DollarsFromCents(""), "0");
   EXPECT_EQ(DollarsFromCents("12.5abc"), ".125");
-}
-
-TEST_F(CentsTest, MultipliesAsAFloatAndRoundsToMoney) {
-  EXPECT_EQ(Cents("123.45"), Money::FromUnits(12345'0000));
-  EXPECT_EQ(Cents("1.15"), Money::FromUnits(115'0000));
-  EXPECT_EQ(Cents("12,50"), Money::FromUnits(1200'0000));
-  EXPECT_EQ(ErrorOf([] { Cents("9223372036854.78"); }), 6);
 }
 
 TEST_F(ImplicitCents, ATextWithoutTheSeparatorCountsCents) {

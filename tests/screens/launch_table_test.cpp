@@ -73,24 +73,54 @@ TEST_F(LaunchTableTest, FormsThatExistBearTheNameOfTheirRow) {
   EXPECT_GE(existing, 3);
 }
 
+using Order = std::vector<std::string_view>;
+
+Order OrderOf(std::string_view code) {
+  Order order;
+  for (const LaunchProperty& property : FindLaunchRow(code)->properties) order.push_back(property.name);
+  return order;
+}
+
+TEST_F(LaunchTableTest, MostFederalFormsReceiveTheCommonNine) {
+  for (const std::string_view code : {"01", "02", "03", "04", "05", "06", "14"})
+    EXPECT_EQ(OrderOf(code), (Order{"CompName", "PaidAmount", "PaidDate", "EnterName", "EnterTitle", "GovFilename",
+                                    "SeqNumber", "APHoldFlg", "WriteFile"}))
+        << code;
+}
+
 TEST_F(LaunchTableTest, BillerCodeFollowsTheHoldFlagWhereAFormTakesIt) {
-  for (const std::string_view code : {"15", "16", "17", "18", "19", "20", "25", "26", "27", "28"}) {
-    const LaunchRow& row = *FindLaunchRow(code);
-    ASSERT_FALSE(row.ownProperties.empty()) << code;
-    EXPECT_EQ(row.ownProperties[0].after, ContractProperty::APHoldFlg) << code;
-    if (row.make == nullptr)
-      continue;
-    Levyra session;
-    session.CompCode("001052");
-    const std::shared_ptr<Screen> screen = row.make();
-    row.ownProperties[0].set(session, code, *screen);
-    EXPECT_EQ(screen->CompCode(), "001052") << code;
+  for (const std::string_view code : {"15", "16", "17", "18", "19", "20", "28"}) {
+    EXPECT_EQ(OrderOf(code), (Order{"CompName", "PaidAmount", "PaidDate", "EnterName", "EnterTitle", "GovFilename",
+                                    "SeqNumber", "APHoldFlg", "CompCode", "WriteFile"}))
+        << code;
   }
 }
 
-TEST_F(LaunchTableTest, OldestFormsTakeNothingOfTheirOwn) {
-  for (const std::string_view code : {"01", "02", "03", "04", "05", "06", "14"})
-    EXPECT_TRUE(FindLaunchRow(code)->ownProperties.empty()) << code;
+TEST_F(LaunchTableTest, EachPropertyReachesTheForm) {
+  Levyra session;
+  session.CompName("Summit Levies");
+  session.PaidAmount("12345");
+  session.PaidDate("06152026");
+  session.EnterName("Nora Adams");
+  session.EnterTitle("Clerk");
+  session.GovFilename("records.pc4");
+  session.SeqNumber("0007");
+  session.APHoldFlg(1);
+  session.CompCode("001052");
+  session.WriteFile(kTrue);
+  const LaunchRow& row = *FindLaunchRow("15");
+  const std::shared_ptr<Screen> screen = row.make();
+  for (const LaunchProperty& property : row.properties) property.set(session, row.code, *screen);
+  EXPECT_EQ(screen->CompName(), "Summit Levies");
+  EXPECT_EQ(screen->PaidAmount(), "123.45");
+  EXPECT_EQ(screen->PaidDate(), "06152026");
+  EXPECT_EQ(screen->EnterName(), "Nora Adams");
+  EXPECT_EQ(screen->EnterTitle(), "Clerk");
+  EXPECT_EQ(screen->GovFilename(), "records.pc4");
+  EXPECT_EQ(screen->SeqNumber(), "0007");
+  EXPECT_EQ(screen->APHoldFlg(), 1);
+  EXPECT_EQ(screen->CompCode(), "001052");
+  EXPECT_EQ(screen->WriteFile(), kTrue);
 }
 
 TEST_F(LaunchTableTest, OneScreenAloneIsSetUpBeforeItIsShown) {

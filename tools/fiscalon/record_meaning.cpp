@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "core/platform/code_page.h"
+#include "core/records/field_names.h"
 #include "core/values/text.h"
 #include "tools/fiscalon/visible_text.h"
 
@@ -121,9 +122,7 @@ class FieldReader {
     Means(Sense::FieldNumber, "");
     if (screen == nullptr)
       return;
-    for (const FieldName& each : screen->fieldNames)
-      if (each.number == field_.text)
-        field_.meaning = ToUtf8(each.name);
+    field_.meaning = ToUtf8(FieldNameOf(screen->code, field_.text));
   }
 
   void UnderstandValue() {

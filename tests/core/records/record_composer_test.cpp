@@ -157,5 +157,24 @@ TEST(RecordComposer, AFileLineStandsInQuotesThatAreNotDoubled) {
   EXPECT_EQ(QuotedLine("PC40001P\"x\""), "\"PC40001P\"x\"\"\r\n");
 }
 
+TEST(RecordComposer, ARecordStaysOneLineWhateverItsTextsHold) {
+  EXPECT_EQ(ComposeGovernmentFormat("00\n1", {.contactName = "Nora\r\n\"PC4", .contactTitle = "Clerk\tII"}),
+            // A blank for each character under 32.
+            "PC400 1T" + std::string(32, ' ') + "Nora  \"PC4" + std::string(20, ' ') + "Clerk II" +
+                std::string(12, ' ') + std::string(70, ' '));
+  EXPECT_EQ(ComposePrintableLine("0001", "NAME: \x1F").substr(8, 8), "NAME:   ");
+  EXPECT_EQ(ComposeFreeFormat("0001", {{"01", "A\nB"}}).substr(8, 8), "01A B   ");
+}
+
+TEST(RecordComposer, CharactersThatBecomeBlanksStillCountForTheWidth) {
+  EXPECT_EQ(ErrorOf([] { ComposeGovernmentFormat("0001", {.contactName = std::string(30, 'A') + "\n"}); }), 5);
+}
+
+TEST(RecordComposer, AnInvoiceStaysOnOneLineToo) {
+  const InvoiceEntry entry = MakeInvoiceEntry("2026\n615", "1", "INV\r\n7");
+  EXPECT_EQ(entry.date, "2026 615");
+  EXPECT_EQ(entry.number, "INV  7" + std::string(21, ' '));
+}
+
 }  // namespace
 }  // namespace fiscalon

@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "core/launch.h"
+#include "core/launch_properties.h"
 #include "core/module_state.h"
 #include "core/platform/runtime_error.h"
 #include "core/values/format.h"
@@ -96,8 +96,8 @@ std::shared_ptr<Screen> Make() {
   return std::make_shared<FormClass>();
 }
 
-constexpr std::array kTable = {LaunchRow{"15", "ShowPlayedForm", "frmPlayed", "", {}, Make<PlayedForm>},
-                               LaunchRow{"16", "ShowBrokenForm", "frmBroken", "", {}, Make<BrokenForm>}};
+constexpr std::array kTable = {LaunchRow{"15", "ShowPlayedForm", "frmPlayed", "", kCommonOrder, Make<PlayedForm>},
+                               LaunchRow{"16", "ShowBrokenForm", "frmBroken", "", kCommonOrder, Make<BrokenForm>}};
 
 }  // namespace
 
