@@ -9,7 +9,7 @@
 #include "core/forms/list_control.h"
 #include "core/platform/code_page.h"
 #include "frontends/played/scenario.h"
-#include "frontends/played/scenario_grammar.h"
+#include "frontends/played/seen_things.h"
 
 namespace fiscalon {
 namespace {
@@ -25,8 +25,9 @@ std::string NameOf(MessageAnswer answer) {
 
 /// The name that scenarios have for a stroke; empty for one that they have none for.
 std::string NameOf(const KeyStroke& stroke) {
-  constexpr std::array kNames = {"Tab",  "Shift+Tab", "Enter", "Escape", "Backspace", "Delete", "Space",
-                                 "Left", "Right",     "Up",    "Down",   "Home",      "End"};
+  constexpr std::array kNames = {"Tab",    "Shift+Tab", "Enter", "Escape",      "Backspace",
+                                 "Delete", "Space",     "Left",  "Right",       "Up",
+                                 "Down",   "Home",      "End",   "Shift+Enter", "Ctrl+Enter"};
   for (const char* name : kNames)
     if (const KeyStroke named = *StrokeNamed(name); named.keyCode == stroke.keyCode && named.shift == stroke.shift)
       return name;

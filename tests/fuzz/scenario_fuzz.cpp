@@ -7,9 +7,9 @@
 namespace fiscalon {
 namespace {
 
-/// A line as it would be written down from its words.
+/// A line as it would be written down from its verb and arguments.
 std::string Written(const ScenarioLine& line) {
-  std::string written = QuotedArgument(line.verb);
+  std::string written = line.verb;
   for (const std::string& argument : line.arguments) written += ' ' + QuotedArgument(argument);
   return written;
 }

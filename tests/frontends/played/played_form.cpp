@@ -25,6 +25,14 @@ void PlayedForm::txtA_Change() {
   lblSeen.Caption("Seen " + txtA.Text());
 }
 
+void PlayedForm::txtLocked_KeyDown(int& keyCode, int shift) {
+  lblKeys.Caption(lblKeys.Caption() + "down " + std::to_string(keyCode) + "+" + std::to_string(shift) + " ");
+}
+
+void PlayedForm::txtLocked_KeyPress(int& character) {
+  lblKeys.Caption(lblKeys.Caption() + "makes " + std::to_string(character) + " ");
+}
+
 void PlayedForm::cmb_Click() {
   lblSeen.Caption("Picked " + cmb.Text());
 }

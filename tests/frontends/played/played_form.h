@@ -17,7 +17,7 @@ class PlayedForm final : public Screen {
 
   // clang-format off
   TextField    txtA         {*this, "txtA",         {.tabIndex = 0, .maxLength = 5}, {.change = On(&Self::txtA_Change)}};
-  TextField    txtLocked    {*this, "txtLocked",    {.tabIndex = 1, .locked = true}};
+  TextField    txtLocked    {*this, "txtLocked",    {.tabIndex = 1, .locked = true}, {.keyDown = On(&Self::txtLocked_KeyDown), .keyPress = On(&Self::txtLocked_KeyPress)}};
   CheckBox     chk          {*this, "chk",          {.caption = "&Checked", .tabIndex = 2}};
   OptionButton optA         {*this, "optA",         {.caption = "A", .tabIndex = 3}};
   OptionButton optB         {*this, "optB",         {.caption = "B", .tabIndex = 4}};
@@ -29,6 +29,9 @@ class PlayedForm final : public Screen {
   Label        lblNow       {*this, "lblNow",       {}};
   Label        lblSeparator {*this, "lblSeparator", {}};
   Label        lblLines     {*this, "lblLines",     {}};
+  Label        lblKeys      {*this, "lblKeys",      {}};
+  Label        lblRow0      {*this, "lblRow(0)",    {}};
+  Label        lblRow1      {*this, "lblRow(1)",    {}};
   Button       cmdBox       {*this, "cmdBox",       {.caption = "One box"},   {.click = On(&Self::cmdBox_Click)}};
   Button       cmdTwo       {*this, "cmdTwo",       {.caption = "Two boxes"}, {.click = On(&Self::cmdTwo_Click)}};
   Button       cmdAsk       {*this, "cmdAsk",       {.caption = "A question"},{.click = On(&Self::cmdAsk_Click)}};
@@ -47,6 +50,9 @@ class PlayedForm final : public Screen {
   void Form_Load() override;
   /// Counts the changes of the field in a label.
   void txtA_Change();
+  /// They write down in a label which keys the field hears of: code and shift state, and character.
+  void txtLocked_KeyDown(int& keyCode, int shift);
+  void txtLocked_KeyPress(int& character);
   void cmb_Click();
   void cmdBox_Click();
   void cmdTwo_Click();
