@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/frontends/played/played_form.h"
+#include "tests/frontends/played/played_screen.h"
 #include "tests/support/module_test.h"
 
 namespace fiscalon {
@@ -30,7 +30,7 @@ class PlayerCaretTest : public ModuleTest {
     caret.ActEnded(&field);
   }
 
-  PlayedForm form;
+  PlayedScreen form;
   TextField& field = form.txtA;
   PlayerCaret caret;
 };

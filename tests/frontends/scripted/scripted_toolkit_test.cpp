@@ -4,7 +4,7 @@
 
 #include "core/session.h"
 #include "tests/frontends/played/play_scenario.h"
-#include "tests/frontends/played/played_form.h"
+#include "tests/frontends/played/played_screen.h"
 #include "tests/support/module_test.h"
 
 namespace fiscalon {
