@@ -4,6 +4,7 @@
 #include <cctype>
 #include <numeric>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace fiscalon {
@@ -53,10 +54,11 @@ std::string_view NearestWords(std::string_view words) {
   const bool expects = words.starts_with("expect ");
   const std::string wanted = Lower(words.substr(0, kLongest));
   std::string_view nearest;
-  size_t least = std::string_view::npos;
+  // Of two words equally near, the one with the same beginning.
+  auto least = std::pair(std::string_view::npos, true);
   VisitLineForms([&](const LineForm& form) {
     const std::string_view offered = expects ? form.words : form.words.substr(0, form.words.find(' '));
-    const size_t apart = LettersApart(wanted, offered);
+    const auto apart = std::pair(LettersApart(wanted, offered), wanted.front() != offered.front());
     if (offered.starts_with("expect ") != expects || apart >= least)
       return;
     least = apart;

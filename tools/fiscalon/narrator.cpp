@@ -75,7 +75,9 @@ void Narrator::ShowEnded(const std::string& ending) {
 }
 
 void Narrator::Ended(const std::vector<std::string>& records) {
-  TellUpTo(lines_.size());
+  size_t end = lines_.size();
+  while (end > 0 && (!IsOwn(end) || IsBlank(lines_[end - 1]))) --end;
+  TellUpTo(end);
   SetApart(records.empty() ? std::string("The host finds no records.\n")
                            : "The host finds " + Counted(records.size(), "record") + ", here taken apart:\n");
   out_ << '\n';

@@ -96,6 +96,7 @@ TEST(ScenarioGrammar, ComplainsOfWhatIsNoLine) {
                                                       {"clik", "click"},
                                                       {"foldr", "folder"},
                                                       {"key:", "key"},
+                                                      {"press", "paste"},
                                                       {"expct", "expect"},
                                                       {"Scenario:", "scenario"},
                                                       {"expect titel", "expect title"},
