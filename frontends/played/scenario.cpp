@@ -123,7 +123,8 @@ std::vector<Scenario> ParseScenarios(const std::string& file, std::string_view t
     const auto next = std::find_if(heading + 1, lines.end(), IsHeading);
     if (next == heading + 1)
       throw ScenarioError(file, heading->number, "the scenario \"" + heading->arguments[0] + "\" says nothing");
-    Scenario scenario{.file = file, .name = heading->arguments[0], .lines = {lines.begin(), first}};
+    Scenario scenario{.file = file, .name = heading->arguments[0]};
+    scenario.lines.assign(lines.begin(), first);
     scenario.lines.insert(scenario.lines.end(), heading + 1, next);
     scenario.ahead.to = first->number;
     scenario.own.from = heading->number;

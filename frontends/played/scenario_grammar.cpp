@@ -58,7 +58,7 @@ std::string_view NearestWords(std::string_view words) {
   auto least = std::pair(std::string_view::npos, true);
   VisitLineForms([&](const LineForm& form) {
     const std::string_view offered = expects ? form.words : form.words.substr(0, form.words.find(' '));
-    const auto apart = std::pair(LettersApart(wanted, offered), wanted.front() != offered.front());
+    const auto apart = std::pair(LettersApart(wanted, offered), wanted.substr(0, 1) != offered.substr(0, 1));
     if (offered.starts_with("expect ") != expects || apart >= least)
       return;
     least = apart;

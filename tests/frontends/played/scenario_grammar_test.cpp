@@ -108,6 +108,10 @@ TEST(ScenarioGrammar, ComplainsOfWhatIsNoLine) {
         "s:1: \"" + std::string(words) + "\" is nothing that a scenario can say; did you mean \"" + nearest + "\"?");
 }
 
+TEST(ScenarioGrammar, NamesANearOneOfNothing) {
+  EXPECT_EQ(ComplaintOf("\"\" x"), "s:1: \"\" is nothing that a scenario can say; did you mean \"key\"?");
+}
+
 TEST(ScenarioGrammar, NamesANearOneHoweverLongTheWordIs) {
   const std::string word = "type" + std::string(100'000, 'x');
   EXPECT_EQ(ComplaintOf(word), "s:1: \"" + word + "\" is nothing that a scenario can say; did you mean \"type\"?");
