@@ -24,6 +24,8 @@ constexpr std::array kNamedStrokes = {
     NamedStroke{"Down", {.keyCode = key::kDown}},
     NamedStroke{"Home", {.keyCode = key::kHome}},
     NamedStroke{"End", {.keyCode = key::kEnd}},
+    NamedStroke{"Shift+Enter", {.keyCode = key::kEnter, .shift = shift_state::kShift, .character = key::kEnter}},
+    NamedStroke{"Ctrl+Enter", {.keyCode = key::kEnter, .shift = shift_state::kControl, .character = '\n'}},
 };
 
 struct PunctuationKey {

@@ -45,7 +45,7 @@ int Capital(char character);
 KeyStroke StrokeOf(char character);
 
 /// The stroke of a named key: Tab, Shift+Tab, Enter, Escape, Backspace, Delete, Space, Left, Right, Up, Down,
-/// Home, End, Alt+LETTER. Nothing for any other name.
+/// Home, End, Shift+Enter, Ctrl+Enter, Alt+LETTER. Nothing for any other name.
 std::optional<KeyStroke> StrokeNamed(std::string_view name);
 
 /// The access key of a caption: the capital of the character behind "&", or 0. "&&" is an ampersand that is shown.

@@ -67,12 +67,12 @@ ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
   };
   const PlayResult result = ScenarioPlayer(toolkit->Toolkit(), settings, watcher).Play(scenario);
   if (!result.passed && !options.scenario.empty()) {
-    Complain(scenario.name + ":" + std::to_string(result.line) + ": expected " + result.expected + ", but saw " +
+    Complain(scenario.file + ":" + std::to_string(result.line) + ": expected " + result.expected + ", but saw " +
              result.seen);
     return ExitStatus::Invalid;
   }
   if (!taken)
-    throw CommandError(scenario.name + " never shows screen \"" + options.code + "\"");
+    throw CommandError(scenario.file + " never shows screen \"" + options.code + "\"");
   if (!toolkit->SavePicture(options.out))
     throw CommandError(options.out + " can't be written");
   return ExitStatus::Done;

@@ -4,7 +4,7 @@
 #include <iomanip>
 #include <ostream>
 
-#include "frontends/played/scenario_grammar.h"
+#include "frontends/played/seen_things.h"
 
 namespace fiscalon {
 namespace {

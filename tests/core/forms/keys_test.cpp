@@ -65,6 +65,8 @@ TEST(StrokeNamed, KnowsTheNamedKeys) {
       {"Down", {.keyCode = 40}},
       {"Home", {.keyCode = 36}},
       {"End", {.keyCode = 35}},
+      {"Shift+Enter", {.keyCode = 13, .shift = shift_state::kShift, .character = 13}},
+      {"Ctrl+Enter", {.keyCode = 13, .shift = shift_state::kControl, .character = 10}},
       {"Alt+O", {.keyCode = 'O', .shift = shift_state::kAlt}},
       {"Alt+o", {.keyCode = 'O', .shift = shift_state::kAlt}},
   };
@@ -75,7 +77,7 @@ TEST(StrokeNamed, KnowsTheNamedKeys) {
 }
 
 TEST(StrokeNamed, KnowsNoOther) {
-  for (const char* name : {"", "tab", "Tab ", "F1", "Alt+", "Alt+OK", "Alt+ ", "Alt+5", "Ctrl+C", "Shift+Enter", "a"})
+  for (const char* name : {"", "tab", "Tab ", "F1", "Alt+", "Alt+OK", "Alt+ ", "Alt+5", "Ctrl+C", "Shift+End", "a"})
     EXPECT_FALSE(StrokeNamed(name)) << name;
 }
 

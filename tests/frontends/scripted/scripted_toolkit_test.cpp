@@ -4,7 +4,7 @@
 
 #include "core/session.h"
 #include "tests/frontends/played/play_scenario.h"
-#include "tests/frontends/played/played_form.h"
+#include "tests/frontends/played/played_screen.h"
 #include "tests/support/module_test.h"
 
 namespace fiscalon {
@@ -64,8 +64,9 @@ TEST(ScriptedUser, ChoosesRowsOfLists) {
       " expect focus cmb\n expect text lblSeen \"Picked two words\"\n type x\n choose cmb \"two words\"\n"
       " expect text lblSeen \"Picked two words\"\n choose lst First\n expect text lst First\n key Down\n"
       " expect text lst Second\n close 0\n");
-  ExpectFailed("show 15\n choose cmb first\n", 2, "a row \"first\" in cmb", "no such row");
-  EXPECT_EQ(SenselessReason("show 15\n choose txtA First\n"), "s:2: \"txtA\" is no list");
+  ExpectFailed("show 15\n choose cmb first\n", 2, "a row first in \"cmb\" of \"frmPlayed\"",
+               "the rows First, Second, \"two words\"");
+  EXPECT_EQ(SenselessReason("show 15\n choose txtA First\n"), "s:2: \"txtA\" of \"frmPlayed\" is no list");
 }
 
 TEST(ScriptedUser, UnknownControlIsToldWithTheKnownOnes) {
@@ -73,6 +74,11 @@ TEST(ScriptedUser, UnknownControlIsToldWithTheKnownOnes) {
   EXPECT_THAT(reason, HasSubstr("s:3: \"frmPlayed\" has no control \"txtB\"; it has txtA, txtLocked, chk, "));
   EXPECT_THAT(SenselessReason("show 15\n expect focus txta\n"), HasSubstr("no control \"txta\""));
   EXPECT_THAT(SenselessReason("show 15\n expect enabled x yes\n"), HasSubstr("no control \"x\""));
+}
+
+TEST(ScriptedUser, UnknownMemberIsToldWithTheKnownOnesOfItsArray) {
+  EXPECT_EQ(SenselessReason("show 15\n click lblRow(2)\n"),
+            "s:2: \"frmPlayed\" has no control \"lblRow(2)\"; it has lblRow(0), lblRow(1)");
 }
 
 TEST(ScriptedUser, SeesWhatTheUserSees) {
