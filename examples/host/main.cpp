@@ -22,7 +22,7 @@ void FillAndConfirm(fiscalon::Form& form, fiscalon::UserDriver& user) {
 int main() {
   fiscalon::ScriptedToolkit toolkit;
   toolkit.onForm = FillAndConfirm;
-  toolkit.onMessage = [](const fiscalon::MessageBox& box) {
+  toolkit.onMessage = [](const fiscalon::BoxRequest& box) {
     std::cerr << "The screen says: " << fiscalon::ToUtf8(box.text) << '\n';
     return box.DefaultAnswer();
   };

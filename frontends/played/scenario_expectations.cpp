@@ -46,7 +46,7 @@ std::string WithPlainLineEnds(std::string text) {
 
 }  // namespace
 
-std::string DescribedBox(const MessageBox& box) {
+std::string DescribedBox(const BoxRequest& box) {
   std::string described = "message " + StyleName(box.style) + " " + QuotedArgument(WithPlainLineEnds(ToUtf8(box.text)));
   if (!box.title.empty())
     described += " title " + QuotedArgument(WithPlainLineEnds(ToUtf8(box.title)));
@@ -54,7 +54,7 @@ std::string DescribedBox(const MessageBox& box) {
 }
 
 std::string ScenarioRun::Described(const SeenThing& thing) {
-  if (const auto* box = std::get_if<MessageBox>(&thing))
+  if (const auto* box = std::get_if<BoxRequest>(&thing))
     return DescribedBox(*box);
   if (const auto* help = std::get_if<SeenHelp>(&thing))
     return "help " + QuotedArgument(ToUtf8(help->file)) + " " + std::to_string(help->context);
@@ -183,10 +183,10 @@ void ScenarioRun::ExpectMessage(const ScenarioLine& line) {
   if (withTitle)
     expected += " title " + QuotedArgument(WithPlainLineEnds(Argument(line, 4)));
   const SeenThing seen = Claim(expected);
-  const auto* box = std::get_if<MessageBox>(&seen);
+  const auto* box = std::get_if<BoxRequest>(&seen);
   if (box == nullptr)
     Fail(expected, Described(seen));
-  MessageBox compared = *box;
+  BoxRequest compared = *box;
   if (!withTitle)
     compared.title.clear();
   else if (compared.title.empty())

@@ -24,6 +24,6 @@ std::optional<long long> ParseNumber(std::string_view text);
 std::optional<int> ParseBoolean(std::string_view text);
 
 /// A box as the line that expects it says it: "message critical "Invalid date value."", with its title if it has one.
-std::string DescribedBox(const MessageBox& box);
+std::string DescribedBox(const BoxRequest& box);
 
 }  // namespace fiscalon

@@ -20,17 +20,6 @@ MessageAnswer AnswerNamed(const std::string& button) {
                               : MessageAnswer::No;
 }
 
-bool HasButton(const MessageBox& box, MessageAnswer answer) {
-  switch (answer) {
-    case MessageAnswer::Ok:
-      return box.buttons != MessageButtons::YesNo;
-    case MessageAnswer::Cancel:
-      return box.buttons == MessageButtons::OkCancel;
-    default:
-      return box.buttons == MessageButtons::YesNo;
-  }
-}
-
 bool IsAct(const ScenarioLine& line) {
   constexpr std::array<std::string_view, 7> kActs = {"type", "key", "focus", "click", "choose", "paste", "close"};
   return std::find(kActs.begin(), kActs.end(), line.verb) != kActs.end();
@@ -60,7 +49,7 @@ ScenarioRun::ScenarioRun(const Scenario& scenario, DrivenToolkit& toolkit, const
     TheModule().clock = std::make_shared<FixedClock>(*settings.today);
   session_.emplace();
   toolkit_.onForm = [this](Form& form, UserDriver& user) { PlayWhileUp(form, user); };
-  toolkit_.onMessage = [this](const MessageBox& box) { return AnswerBox(box); };
+  toolkit_.onMessage = [this](const BoxRequest& box) { return AnswerBox(box); };
   toolkit_.onBeep = [this] { Notice(SeenBeep{}); };
   toolkit_.onHelp = [this](std::string_view file, int32_t context) {
     Notice(SeenHelp{.file = std::string(file), .context = context});
@@ -160,13 +149,13 @@ void ScenarioRun::PlayWhileUp(Form& form, UserDriver& user) {
   user_ = nullptr;
 }
 
-MessageAnswer ScenarioRun::AnswerBox(const MessageBox& box) {
+MessageAnswer ScenarioRun::AnswerBox(const BoxRequest& box) {
   seen_.push_back(box);
   MessageAnswer answer = box.DefaultAnswer();
   if (!answers_.empty()) {
     answer = answers_.front();
     answers_.pop_front();
-    if (!HasButton(box, answer))
+    if (!box.Offers(answer))
       Fail("a box with the button that was to be answered", "the box \"" + ToUtf8(box.text) + "\" has no such button");
   }
   if (watcher_.boxAnswered)

@@ -49,12 +49,12 @@ class ScenarioRun {
     std::string file = {};
     int32_t context = 0;
   };
-  using SeenThing = std::variant<MessageBox, SeenBeep, SeenHelp>;
+  using SeenThing = std::variant<BoxRequest, SeenBeep, SeenHelp>;
 
   void PlayLine();
   void PlayWhileUp(Form& form, UserDriver& user);
   void Notice(SeenThing thing);
-  MessageAnswer AnswerBox(const MessageBox& box);
+  MessageAnswer AnswerBox(const BoxRequest& box);
 
   void Host(const ScenarioLine& line);
   void Show(const ScenarioLine& line);

@@ -157,19 +157,20 @@ void SessionRecorder::ActBegins(const UserAct& act) {
   activeBefore_ = field;
   selectedBefore_ = field == nullptr ? Selection{} : field->Selected();
   catchesUp_ = field == nullptr || !PlayerIsElsewhere(*field);
-  std::visit(Overloaded{[this](const KeyAct& key) { Key(key.stroke); }, [this](const EditAct& edit) { Edit(edit); },
-                        [this](const PressAct& press) {
-                          // Labels can be pressed too, and nothing comes of it.
-                          if (press.control->CanTakeFocus())
-                            Begin((press.control->Kind() == ControlKind::TextField ? "click " : "focus ") +
-                                  Quoted(press.control->Name()));
-                        },
-                        [this](const ReleaseAct& release) { Release(*release.control); },
-                        [this](const ClickAct& click) { Begin("click " + Quoted(click.control->Name())); },
-                        [this](const ChooseAct& choose) { Choose(choose); },
-                        [this](const BringFocusAct& bring) { Begin("focus " + Quoted(bring.control->Name())); },
-                        [this](const CloseAct& close) { Begin("close " + std::to_string(close.reason)); }},
-             act);
+  std::visit(
+      Overloaded{[this](const KeyAct& key) { Key(key.stroke); }, [this](const EditAct& edit) { Edit(edit); },
+                 [this](const PressAct& press) {
+                   // Labels can be pressed too, and nothing comes of it.
+                   if (press.control->CanTakeFocus())
+                     Begin((press.control->Kind() == ControlKind::TextField ? "click " : "focus ") +
+                           Quoted(press.control->Name()));
+                 },
+                 [this](const ReleaseAct& release) { Release(*release.control); },
+                 [this](const ClickAct& click) { Begin("click " + Quoted(click.control->Name())); },
+                 [this](const ChooseAct& choose) { Choose(choose); },
+                 [this](const BringFocusAct& bring) { Begin("focus " + Quoted(bring.control->Name())); },
+                 [this](const CloseAct& close) { Begin("close " + std::to_string(static_cast<int>(close.reason))); }},
+      act);
 }
 
 void SessionRecorder::ActEnded() {
@@ -311,7 +312,7 @@ void SessionRecorder::Choose(const ChooseAct& act) {
     Begin(line);
 }
 
-void SessionRecorder::BoxAnswered(const MessageBox& box, MessageAnswer answer) {
+void SessionRecorder::BoxAnswered(const BoxRequest& box, MessageAnswer answer) {
   if (steps_.empty())
     return;
   steps_.back().boxes.push_back(box);

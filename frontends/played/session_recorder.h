@@ -36,7 +36,7 @@ class SessionRecorder final : public ActWatcher {
   void Opened(Form& form) override;
   void ActBegins(const UserAct& act) override;
   void ActEnded() override;
-  void BoxAnswered(const MessageBox& box, MessageAnswer answer) override;
+  void BoxAnswered(const BoxRequest& box, MessageAnswer answer) override;
   void Beeped() override;
   void HelpOpened(std::string_view file, int32_t context) override;
 
@@ -47,7 +47,7 @@ class SessionRecorder final : public ActWatcher {
     std::string line = {};
     /// What the line types; it grows by what is typed next.
     std::string typed = {};
-    std::vector<MessageBox> boxes = {};
+    std::vector<BoxRequest> boxes = {};
     std::vector<MessageAnswer> answers = {};
     std::vector<std::string> expected = {};
   };

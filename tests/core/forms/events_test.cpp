@@ -157,7 +157,7 @@ TEST(DoEvents, WithNothingPostedDoesNothing) {
 TEST(MessageBoxes, DoNotRunWhatIsPosted) {
   TwoFieldForm form;
   ServingToolkit toolkit;
-  toolkit.whenBoxIsUp = [&](const MessageBox& box) {
+  toolkit.whenBoxIsUp = [&](const BoxRequest& box) {
     form.Note(box.text);
     EXPECT_EQ(form.ActiveControl(), &form.txtB);
   };
@@ -177,7 +177,7 @@ TEST(MessageBoxes, DoNotRunWhatIsPosted) {
 TEST(MessageBoxes, LetNoActReachTheFormBehindThem) {
   TwoFieldForm form;
   ServingToolkit toolkit;
-  toolkit.whenBoxIsUp = [&](const MessageBox& /*box*/) {
+  toolkit.whenBoxIsUp = [&](const BoxRequest& /*box*/) {
     FormUser user(form);
     user.Type("b");
     user.Key("Tab");
@@ -185,7 +185,7 @@ TEST(MessageBoxes, LetNoActReachTheFormBehindThem) {
     user.acts.Click(form.cmdOK);
     user.acts.EditText(form.txtB, "edited", {});
     user.acts.BringFocus(form.txtB);
-    user.acts.Close(0);
+    user.acts.Close(CloseReason::CloseBox);
   };
   form.when["txtA_Change"] = [&] {
     toolkit.ShowMessage({.text = "box"});
@@ -210,7 +210,7 @@ TEST(Forms, ShownFromAHandlerOfAnotherHaveTheirOwnEvents) {
   innerToolkit.serve = [&] {
     FormUser user(inner);
     user.Key("Tab");
-    user.acts.Close(0);
+    user.acts.Close(CloseReason::CloseBox);
   };
   outer.when["txtA_Change"] = [&] {
     outer.txtB.SetFocus();

@@ -39,14 +39,16 @@ TEST_F(Lists, AreChosenFromByMouse) {
   Show(form, [&](FormDialog& dialog, UserDriver& user) {
     form.TakeNotes();
     user.Choose(form.cmbProvince, 1);
-    EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Click");
+    EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Chosen");
     EXPECT_EQ(form.cmbProvince.Text(), "Manitoba");
     EXPECT_EQ(Provinces(dialog).currentText(), "Manitoba");
     EXPECT_FALSE(Provinces(dialog).view()->isVisible());
     user.Choose(form.cmbProvince, 1);
-    EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Click") << "the selected row clicks again";
+    EXPECT_EQ(form.TakeNotes(), (Notes{"cmbProvince_MouseDown", "cmbProvince_Click", "cmbProvince_Chosen"}))
+        << "the selected row is chosen again";
     user.Choose(form.lstInvoices, 2);
-    EXPECT_EQ(form.TakeNotes(), (Notes{"lstInvoices_MouseDown", "cmbProvince_LostFocus", "lstInvoices_Click"}));
+    EXPECT_EQ(form.TakeNotes(),
+              (Notes{"lstInvoices_MouseDown", "cmbProvince_LostFocus", "lstInvoices_Click", "lstInvoices_Chosen"}));
     EXPECT_EQ(form.lstInvoices.ListIndex(), 2);
     EXPECT_EQ(Invoices(dialog).currentRow(), 2);
   });
@@ -71,13 +73,15 @@ TEST_F(Lists, AreChosenFromAllTheSameWhereACheckShowsABox) {
     user.Click(form.txtPeriod);
     form.TakeNotes();
     user.Choose(form.cmbProvince, 1);
-    EXPECT_EQ(form.TakeNotes(), (Notes{"cmbProvince_MouseDown", "txtPeriod_LostFocus", "cmbProvince_Click"}));
+    EXPECT_EQ(form.TakeNotes(),
+              (Notes{"cmbProvince_MouseDown", "txtPeriod_LostFocus", "cmbProvince_Click", "cmbProvince_Chosen"}));
     EXPECT_EQ(Provinces(dialog).currentText(), "Manitoba");
     EXPECT_FALSE(Provinces(dialog).view()->isVisible());
     user.Click(form.txtPeriod);
     form.TakeNotes();
     user.Choose(form.lstInvoices, 2);
-    EXPECT_EQ(form.TakeNotes(), (Notes{"lstInvoices_MouseDown", "txtPeriod_LostFocus", "lstInvoices_Click"}));
+    EXPECT_EQ(form.TakeNotes(),
+              (Notes{"lstInvoices_MouseDown", "txtPeriod_LostFocus", "lstInvoices_Click", "lstInvoices_Chosen"}));
     EXPECT_EQ(form.lstInvoices.ListIndex(), 2);
   });
 }
@@ -127,7 +131,7 @@ TEST_F(Lists, DropDownByKeyboardToo) {
       EXPECT_EQ(form.cmbProvince.ListIndex(), 0) << "nothing is chosen yet";
       QTest::keyClick(popup, Qt::Key_Return);
       EXPECT_EQ(form.cmbProvince.ListIndex(), 1);
-      EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Click");
+      EXPECT_EQ(form.TakeNotes(), (Notes{"cmbProvince_Click", "cmbProvince_Chosen"}));
     }
   });
 }
@@ -150,7 +154,7 @@ TEST_F(Lists, AreChosenFromByAnAssistiveProgram) {
     form.TakeNotes();
     Invoices(dialog).setCurrentRow(1);
     EXPECT_EQ(form.lstInvoices.ListIndex(), 1);
-    EXPECT_EQ(form.TakeNotes().back(), "lstInvoices_Click");
+    EXPECT_EQ(form.TakeNotes().back(), "lstInvoices_Chosen");
   });
 }
 

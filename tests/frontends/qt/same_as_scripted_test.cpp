@@ -16,7 +16,7 @@ namespace {
 class Wanderer {
  public:
   Wanderer(unsigned seed, DrivenToolkit& toolkit) : random_(seed) {
-    toolkit.onMessage = [this](const MessageBox& box) {
+    toolkit.onMessage = [this](const BoxRequest& box) {
       Note("box: " + box.text);
       return box.buttons == MessageButtons::YesNo && Below(2) == 0 ? MessageAnswer::No : box.DefaultAnswer();
     };

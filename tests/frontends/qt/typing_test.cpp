@@ -144,7 +144,7 @@ TEST_F(Typing, PastesWithAChangeAndWithoutKeyPresses) {
   ShowAtPeriod([&](FormDialog&, UserDriver& user) {
     form.TakeNotes();
     user.Paste("20");
-    EXPECT_EQ(form.TakeNotes(), (Notes{"Form_KeyDown 86", "txtPeriod_KeyDown 86", "txtPeriod_Change"}));
+    EXPECT_EQ(form.TakeNotes(), Notes{"txtPeriod_Change"});
   });
 }
 
@@ -184,7 +184,7 @@ TEST_F(Typing, EndsALineOnlyWhereThereAreSeveral) {
     Type(user, "a");
     Press(user, "Enter");
     Type(user, "b");
-    EXPECT_EQ(form.txtPurpose.Text(), "a\nb");
+    EXPECT_EQ(form.txtPurpose.Text(), "a\r\nb");
     EXPECT_EQ(In<QPlainTextEdit>(dialog, form.txtPurpose).toPlainText(), "a\nb");
   });
 }
