@@ -218,6 +218,8 @@ bool FormDialog::PressKey(ControlView* view, QKeyEvent& event) {
   const KeyOutcome outcome = acts_.Key(*stroke);
   if (outcome.editing && form_.IsUp() && view != nullptr)
     view->Edit(outcome, event);
+  // An editor that has no use for a key would send it on to the widgets around it, and so here again.
+  event.accept();
   return true;
 }
 

@@ -96,7 +96,9 @@ QtKey QtKeyOf(const KeyStroke& stroke) {
   result.modifiers.setFlag(Qt::ShiftModifier, (stroke.shift & shift_state::kShift) != 0);
   result.modifiers.setFlag(Qt::ControlModifier, (stroke.shift & shift_state::kControl) != 0);
   result.modifiers.setFlag(Qt::AltModifier, (stroke.shift & shift_state::kAlt) != 0);
-  if (stroke.character != 0)
+  if (stroke.keyCode == key::kEnter && stroke.character == kLineFeed)
+    result.text = QStringLiteral("\r");
+  else if (stroke.character != 0)
     result.text = ToQt(std::string(1, static_cast<char>(stroke.character)));
   // A character is a key of its own only where it is no control character: "." is not Delete.
   const auto named = std::find_if(kNamedKeys.begin(), kNamedKeys.end(), [&](const NamedKey& each) {

@@ -89,8 +89,8 @@ ListBoxView::ListBoxView(ListBox& list, QWidget& parent, WatchedActs& acts)
   QObject::connect(&native_, &QListWidget::currentRowChanged, &native_, [this](int row) {
     if (refreshing_)
       return;
-    // No row can be picked out of a list, only another one.
-    if (row >= 0)
+    // A list to which the focus comes makes a row its current one, and selects none by that.
+    if (row >= 0 && native_.item(row)->isSelected())
       Acts().Choose(list_, row);
     if (list_.Owner().IsUp())
       Refresh();

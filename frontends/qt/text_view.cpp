@@ -95,7 +95,9 @@ void TextView::Edit(const KeyOutcome& outcome, QKeyEvent& event) {
     return;
   const QString typed = TypedText(outcome.character);
   EditWith([&] {
-    if (typed.isEmpty() || typed == event.text())
+    // Editors have ideas of their own about Enter with Shift or Ctrl.
+    const bool endsLine = outcome.character == key::kEnter;
+    if (typed.isEmpty() || (typed == event.text() && !endsLine))
       static_cast<QObject&>(Widget()).event(&event);
     else
       InsertNatively(typed);

@@ -10,8 +10,11 @@ namespace {
 /// What a key that the form has left to a field makes of it.
 EditedText Edited(const TextField& field, const KeyStroke& stroke, int character) {
   // There is no clipboard, and nothing is undone.
-  if (IsEditorCommand(stroke))
-    return {.text = field.Text(), .selection = field.Selected()};
+  if (IsEditorCommand(stroke)) {
+    const bool selectsAll = stroke.keyCode == 'A';
+    return {.text = field.Text(),
+            .selection = selectsAll ? Selection{.length = static_cast<int>(field.Text().size())} : field.Selected()};
+  }
   if (character == key::kEnter)
     return InsertText(field, "\r\n");
   if (character >= ' ')
@@ -33,7 +36,11 @@ void ScriptedUser::PressKey(const KeyStroke& stroke) {
     return;
   auto& field = static_cast<TextField&>(*control);
   const EditedText edited = Edited(field, stroke, outcome.character);
-  acts.EditText(field, edited.text, edited.selection);
+  // The caret moves in a locked field too.
+  if (edited.text == field.Text())
+    acts.SelectText(field, edited.selection);
+  else
+    acts.EditText(field, edited.text, edited.selection);
 }
 
 void ScriptedUser::PressMouse(Control& control) {
