@@ -250,5 +250,39 @@ TEST(FormObserver, HearsOfEachHandlerBeforeItRuns) {
                                      "txtA_LostFocus", "hears cmdOK Click", "cmdOK_Click"}));
 }
 
+/// A form that writes down which handlers begin.
+class LoggingForm : public TwoFieldForm {
+ public:
+  LoggingForm() {
+    when["txtA_Change"] = [this] { Note("runs"); };
+  }
+  TextField txtSilent{*this, "txtSilent", {.tabIndex = 9}};
+
+ private:
+  void Begins(std::string_view object, std::string_view event) override {
+    Note("(" + std::string(object) + "_" + std::string(event) + ")");
+  }
+};
+
+TEST(Begins, IsCalledBeforeEachHandlerOfFormAndControlsByItsName) {
+  LoggingForm form;
+  form.Load();
+  EXPECT_EQ(form.TakeNotes(), (Notes{"(Form_Load)", "Form_Load"}));
+  Play(form, [&](FormUser& user) {
+    user.Type("x");
+    EXPECT_EQ(form.TakeNotes(), (Notes{"(Form_KeyDown)", "(txtA_KeyDown)", "(Form_KeyPress)", "(txtA_KeyPress)",
+                                       "(txtA_Change)", "txtA_Change", "runs"}));
+    user.acts.Click(form.cmdOK);
+    EXPECT_EQ(form.TakeNotes(), (Notes{"(cmdOK_MouseDown)", "cmdOK_MouseDown", "(txtA_LostFocus)", "txtA_LostFocus",
+                                       "(cmdOK_Click)", "cmdOK_Click"}));
+  });
+}
+
+TEST(Begins, IsNotCalledForAControlWithoutTheHandler) {
+  LoggingForm form;
+  form.txtSilent.Text("x");
+  EXPECT_EQ(form.TakeNotes(), (Notes{"(Form_Load)", "Form_Load"}));
+}
+
 }  // namespace
 }  // namespace fiscalon
