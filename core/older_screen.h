@@ -35,7 +35,7 @@ class OlderScreen : public Screen {
 
   void Cancel_Click() { Cancelled(); }
   void Help_Click();
-  void Form_QueryUnload(bool& /*cancel*/, int reason) override { CancelOnClosing(reason); }
+  void Form_QueryUnload(bool& /*cancel*/, CloseReason reason) override { CancelOnClosing(reason); }
 
   /// Writes the records, sets `Chosen` and hides the form. With resume-next a failed output still accepts.
   enum class OutputFailure { Leaves, IsSkipped };

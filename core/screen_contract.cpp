@@ -21,11 +21,8 @@ void Screen::Cancelled() {
   Hide();
 }
 
-void Screen::CancelOnClosing(int reason) {
-  constexpr int kWindow = 0;
-  constexpr int kSystemEnds = 2;
-  constexpr int kTaskManager = 3;
-  if (reason == kWindow || reason == kSystemEnds || reason == kTaskManager)
+void Screen::CancelOnClosing(CloseReason reason) {
+  if (reason == CloseReason::CloseBox || reason == CloseReason::SystemEnds || reason == CloseReason::TaskManager)
     Cancelled();
 }
 

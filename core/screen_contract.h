@@ -82,8 +82,9 @@ class Screen : public Form {
 
   /// The end of Cancel, and of closing by the window, the system or the task manager.
   void Cancelled();
-  /// What most screens do when the window closes: reasons 0, 2 and 3 cancel, others do nothing.
-  void CancelOnClosing(int reason);
+  /// What most screens do when the window closes: the close box, the end of the system and the task manager cancel,
+  /// other reasons do nothing.
+  void CancelOnClosing(CloseReason reason);
 
   /// The payment's date as screens show it: characters 3-4, "/", 1-2, "/", 5-8, whatever is there of them.
   std::string ShownPaidDate() const;

@@ -158,12 +158,16 @@ std::string QuotedArgument(std::string_view argument) {
   if (!argument.empty() && argument.find_first_of(" \t\r\n\"\\#") == std::string_view::npos)
     return std::string(argument);
   std::string quoted = "\"";
-  for (const char character : argument) {
+  for (size_t i = 0; i < argument.size(); ++i) {
+    const char character = argument[i];
+    // A line end is one, however it is written.
+    if (character == '\r' && argument.substr(i).starts_with("\r\n"))
+      continue;
     if (character == '"' || character == '\\')
       quoted += '\\';
-    quoted += character == '\t'   ? std::string("\\t")
-              : character == '\n' ? std::string("\\n")
-                                  : std::string(1, character);
+    quoted += character == '\t'                        ? std::string("\\t")
+              : character == '\n' || character == '\r' ? std::string("\\n")
+                                                       : std::string(1, character);
   }
   return quoted + '"';
 }

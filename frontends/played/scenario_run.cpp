@@ -11,17 +11,6 @@
 namespace fiscalon {
 namespace {
 
-bool HasButton(const MessageBox& box, MessageAnswer answer) {
-  switch (answer) {
-    case MessageAnswer::Ok:
-      return box.buttons != MessageButtons::YesNo;
-    case MessageAnswer::Cancel:
-      return box.buttons == MessageButtons::OkCancel;
-    default:
-      return box.buttons == MessageButtons::YesNo;
-  }
-}
-
 /// The controls of a form by name; for a member that an array does not have, those of the array.
 std::string NamesLike(const std::string& name, const Form& form) {
   const std::string array = name.substr(0, name.find('(') + 1);
@@ -46,7 +35,7 @@ ScenarioRun::ScenarioRun(const Scenario& scenario, DrivenToolkit& toolkit, const
     TheModule().clock = std::make_shared<FixedClock>(*settings.today);
   session_.emplace();
   toolkit_.onForm = [this](Form& form, UserDriver& user) { PlayWhileUp(form, user); };
-  toolkit_.onMessage = [this](const MessageBox& box) { return AnswerBox(box); };
+  toolkit_.onMessage = [this](const BoxRequest& box) { return AnswerBox(box); };
   toolkit_.onBeep = [this] { Notice(SeenBeep{}); };
   toolkit_.onHelp = [this](std::string_view file, int32_t context) {
     Notice(SeenHelp{.file = std::string(file), .context = context});
@@ -138,13 +127,13 @@ void ScenarioRun::PlayWhileUp(Form& form, UserDriver& user) {
   user_ = nullptr;
 }
 
-MessageAnswer ScenarioRun::AnswerBox(const MessageBox& box) {
+MessageAnswer ScenarioRun::AnswerBox(const BoxRequest& box) {
   seen_.push_back(box);
   MessageAnswer answer = box.DefaultAnswer();
   if (!answers_.empty()) {
     answer = answers_.front();
     answers_.pop_front();
-    if (!HasButton(box, answer))
+    if (!box.Offers(answer))
       Fail("a box with the button that was to be answered", "the box \"" + ToUtf8(box.text) + "\" has no such button");
   }
   if (watcher_.boxAnswered)

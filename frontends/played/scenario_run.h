@@ -66,7 +66,7 @@ class ScenarioRun {
   void PlayLine();
   void BeginTurn(const ScenarioLine& line);
   void PlayWhileUp(Form& form, UserDriver& user);
-  MessageAnswer AnswerBox(const MessageBox& box);
+  MessageAnswer AnswerBox(const BoxRequest& box);
   void Notice(SeenThing thing);
   void RefuseUnclaimed() const;
   std::vector<std::string> RecordsOfFile() const;

@@ -40,7 +40,7 @@ void ScenarioText::Type(char character, Typing how) {
   steps_.back().typed += character;
 }
 
-void ScenarioText::Answered(const MessageBox& box, MessageAnswer answer) {
+void ScenarioText::Answered(const BoxRequest& box, MessageAnswer answer) {
   if (steps_.empty())
     return;
   steps_.back().boxes.push_back(box);

@@ -30,7 +30,7 @@ class ScenarioText {
   void Type(char character, Typing how);
 
   // What the last line has led to. Before the first line nothing counts.
-  void Answered(const MessageBox& box, MessageAnswer answer);
+  void Answered(const BoxRequest& box, MessageAnswer answer);
   void Expect(const std::string& line);
 
   std::string Text() const;
@@ -40,7 +40,7 @@ class ScenarioText {
     std::string line = {};
     /// What the line types; it grows by what is typed next.
     std::string typed = {};
-    std::vector<MessageBox> boxes = {};
+    std::vector<BoxRequest> boxes = {};
     std::vector<MessageAnswer> answers = {};
     std::vector<std::string> expected = {};
   };

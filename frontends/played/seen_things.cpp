@@ -23,7 +23,7 @@ std::string StyleName(MessageStyle style) {
 
 }  // namespace
 
-std::string DescribedBox(const MessageBox& box) {
+std::string DescribedBox(const BoxRequest& box) {
   std::string described = "message " + StyleName(box.style) + " " + QuotedArgument(WithPlainLineEnds(ToUtf8(box.text)));
   if (!box.title.empty())
     described += " title " + QuotedArgument(WithPlainLineEnds(ToUtf8(box.title)));
@@ -35,7 +35,7 @@ std::string DescribedHelp(const std::string& file, int32_t context) {
 }
 
 std::string Described(const SeenThing& thing) {
-  if (const auto* box = std::get_if<MessageBox>(&thing))
+  if (const auto* box = std::get_if<BoxRequest>(&thing))
     return DescribedBox(*box);
   if (const auto* help = std::get_if<SeenHelp>(&thing))
     return DescribedHelp(ToUtf8(help->file), help->context);

@@ -17,10 +17,10 @@ struct SeenHelp {
 };
 
 /// What a user is shown in passing, and a scenario must claim.
-using SeenThing = std::variant<MessageBox, SeenBeep, SeenHelp>;
+using SeenThing = std::variant<BoxRequest, SeenBeep, SeenHelp>;
 
 // In the words of the line that expects it, in UTF-8, such as "message critical "Invalid date value."".
-std::string DescribedBox(const MessageBox& box);
+std::string DescribedBox(const BoxRequest& box);
 std::string DescribedHelp(const std::string& file, int32_t context);
 std::string Described(const SeenThing& thing);
 

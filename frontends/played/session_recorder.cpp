@@ -153,7 +153,7 @@ void SessionRecorder::ActBegins(const UserAct& act) {
                           text_.BeginInPlaceOf("focus " + name, "choose " + name + " " + row);
                         },
                         [this](const BringFocusAct& bring) { text_.Begin("focus " + NameOf(*bring.control)); },
-                        [this](const CloseAct& close) { text_.Begin("close " + std::to_string(close.reason)); }},
+                        [this](const CloseAct& close) { text_.Begin("close " + std::to_string(static_cast<int>(close.reason))); }},
              act);
 }
 
@@ -238,7 +238,7 @@ void SessionRecorder::Erase(std::string_view text, Selection selection, int char
   for (const std::string& key : caret_.KeysThatErase(text, selection, characters)) text_.Begin(key);
 }
 
-void SessionRecorder::BoxAnswered(const MessageBox& box, MessageAnswer answer) {
+void SessionRecorder::BoxAnswered(const BoxRequest& box, MessageAnswer answer) {
   text_.Answered(box, answer);
 }
 

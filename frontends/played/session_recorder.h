@@ -37,7 +37,7 @@ class SessionRecorder final : public ActWatcher {
   void Opened(Form& form) override;
   void ActBegins(const UserAct& act) override;
   void ActEnded() override;
-  void BoxAnswered(const MessageBox& box, MessageAnswer answer) override;
+  void BoxAnswered(const BoxRequest& box, MessageAnswer answer) override;
   void Beeped() override;
   void HelpOpened(std::string_view file, int32_t context) override;
 

@@ -19,7 +19,7 @@ void ExpectMessage(ScenarioRun& run, const Arguments& arguments) {
   if (withTitle)
     expected += " title " + QuotedArgument(WithPlainLineEnds(arguments[3]));
   SeenThing seen = run.Claim(expected);
-  if (auto* box = std::get_if<MessageBox>(&seen)) {
+  if (auto* box = std::get_if<BoxRequest>(&seen)) {
     if (!withTitle)
       box->title.clear();
     else if (box->title.empty())

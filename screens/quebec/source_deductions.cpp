@@ -48,7 +48,7 @@ void frmQue_Rev_SourceDeduct::SetupForm() {
   cmbRemittanceType.Visible(AsksForType());
 }
 
-void frmQue_Rev_SourceDeduct::Form_QueryUnload(bool& /*cancel*/, int reason) {
+void frmQue_Rev_SourceDeduct::Form_QueryUnload(bool& /*cancel*/, CloseReason reason) {
   Entered("Form_QueryUnload");
   CancelOnClosing(reason);
 }

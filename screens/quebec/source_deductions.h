@@ -63,7 +63,7 @@ class frmQue_Rev_SourceDeduct final : public NewerScreen {
   void Entered(std::string_view routine) const override;
 
   void Form_Load() override;
-  void Form_QueryUnload(bool& cancel, int reason) override;
+  void Form_QueryUnload(bool& cancel, CloseReason reason) override;
   void txtRemittancePeriod_LostFocus();
   void txtIncomeTaxWithheld_LostFocus();
   void txtQPIP_Change();

@@ -204,7 +204,7 @@ TEST_F(NewerScreenTest, AmountsOutOfRangeAreRefusedInAPlainBox) {
   EXPECT_EQ(Checked("0", AmountScreen::AmountRange::Positive), "0");
   EXPECT_EQ(Checked("", AmountScreen::AmountRange::Positive), "");
   std::vector<std::string> texts;
-  for (const MessageBox& box : toolkit.boxes) {
+  for (const BoxRequest& box : toolkit.boxes) {
     texts.push_back(box.text);
     EXPECT_EQ(box.style, MessageStyle::Plain);
     EXPECT_EQ(box.title, "");

@@ -152,13 +152,13 @@ TEST_F(ScreenContract, CancelAnswersFalseAndHides) {
 TEST_F(ScreenContract, ClosingCancelsForTheWindowTheSystemAndTheTaskManager) {
   for (const int reason : {0, 2, 3}) {
     screen.Chosen(kTrue);
-    WhileUp([&] { screen.CancelOnClosing(reason); });
+    WhileUp([&] { screen.CancelOnClosing(static_cast<CloseReason>(reason)); });
     EXPECT_EQ(screen.Chosen(), kFalse) << reason;
   }
   for (const int reason : {1, 4, 5}) {
     screen.Chosen(kTrue);
     WhileUp([&] {
-      screen.CancelOnClosing(reason);
+      screen.CancelOnClosing(static_cast<CloseReason>(reason));
       EXPECT_TRUE(screen.IsUp());
     });
     EXPECT_EQ(screen.Chosen(), kTrue) << reason;

@@ -44,7 +44,7 @@ Narrator::Narrator(const Scenario& scenario, std::string_view text, const Contex
 PlayWatcher Narrator::Watcher() {
   return {.lineBegins = [this](const ScenarioLine& line) { LineBegins(line); },
           .lineEnds = [this](const ScenarioLine& line, Form* form) { LineEnds(line, form); },
-          .boxAnswered = [this](const MessageBox& box, MessageAnswer answer,
+          .boxAnswered = [this](const BoxRequest& box, MessageAnswer answer,
                                 Form* form) { BoxAnswered(box, answer, form); },
           .noticed = [this](const std::string& what) { SetApart("    (" + what + ")\n"); },
           .showEnded = [this](const std::string& ending) { ShowEnded(ending); },
@@ -64,7 +64,7 @@ void Narrator::LineEnds(const ScenarioLine& line, Form* form) {
     DrawIfChanged(*form);
 }
 
-void Narrator::BoxAnswered(const MessageBox& box, MessageAnswer answer, Form* form) {
+void Narrator::BoxAnswered(const BoxRequest& box, MessageAnswer answer, Form* form) {
   if (form != nullptr)
     DrawIfChanged(*form);
   SetApart(DrawMessageBox(box, answer));

@@ -23,7 +23,7 @@ class Narrator {
  private:
   void LineBegins(const ScenarioLine& line);
   void LineEnds(const ScenarioLine& line, Form* form);
-  void BoxAnswered(const MessageBox& box, MessageAnswer answer, Form* form);
+  void BoxAnswered(const BoxRequest& box, MessageAnswer answer, Form* form);
   void ShowEnded(const std::string& ending);
   void Ended(const std::vector<std::string>& records);
 

@@ -39,7 +39,7 @@ PlayWatcher TranscriptTo(std::ostream& out) {
                 out << std::setw(kNumberWidth) << line.number << "  " << SourceOf(line) << '\n';
               },
           .handlerRuns = event,
-          .boxAnswered = [event](const MessageBox& box, MessageAnswer answer,
+          .boxAnswered = [event](const BoxRequest& box, MessageAnswer answer,
                                  Form*) { event(DescribedBox(box).append(", answered ").append(NameOf(answer))); },
           .noticed = event,
           .showEnded = event};

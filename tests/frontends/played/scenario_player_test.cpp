@@ -292,7 +292,7 @@ TEST(ScenarioPlayer, WatcherHearsWhatHappens) {
   PlayWatcher watcher;
   watcher.lineBegins = [&](const ScenarioLine& line) { heard.push_back("line " + std::to_string(line.number)); };
   watcher.handlerRuns = [&](const std::string& handler) { heard.push_back(handler); };
-  watcher.boxAnswered = [&](const MessageBox& box, MessageAnswer answer, Form* form) {
+  watcher.boxAnswered = [&](const BoxRequest& box, MessageAnswer answer, Form* form) {
     EXPECT_NE(form, nullptr);
     heard.push_back(box.text + (answer == MessageAnswer::No ? " No" : " other"));
   };

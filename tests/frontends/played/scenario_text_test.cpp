@@ -7,8 +7,8 @@ namespace {
 
 using Typing = ScenarioText::Typing;
 
-const MessageBox kQuestion = {.text = "Sure?", .style = MessageStyle::Question, .buttons = MessageButtons::YesNo};
-const MessageBox kBox = {.text = "No.\r\nNever.", .style = MessageStyle::Critical};
+const BoxRequest kQuestion = {.text = "Sure?", .style = MessageStyle::Question, .buttons = MessageButtons::YesNo};
+const BoxRequest kBox = {.text = "No.\r\nNever.", .style = MessageStyle::Critical};
 
 class ScenarioTextTest : public testing::Test {
  protected:

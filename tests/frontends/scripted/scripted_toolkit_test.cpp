@@ -150,7 +150,7 @@ TEST_F(ScriptedToolkitTest, CallsWhoeverDrivesIt) {
     heard.push_back(user.Text(*form.FindControl("lblSeen")));
     user.Click(*form.FindControl("cmdOK"));
   };
-  scripted.onMessage = [&](const MessageBox& box) {
+  scripted.onMessage = [&](const BoxRequest& box) {
     heard.push_back(box.text);
     return MessageAnswer::No;
   };
@@ -176,7 +176,7 @@ TEST_F(ScriptedToolkitTest, WhatItsDriverThrowsComesOutOfTheShow) {
   scripted.onForm = [](Form&, UserDriver&) { throw std::logic_error("a failed test"); };
   EXPECT_THROW(session.ShowLevyraScreen("15"), std::logic_error);
   scripted.onForm = [](Form& form, UserDriver& user) { user.Click(*form.FindControl("cmdBox")); };
-  scripted.onMessage = [](const MessageBox&) -> MessageAnswer { throw std::logic_error("a failed test"); };
+  scripted.onMessage = [](const BoxRequest&) -> MessageAnswer { throw std::logic_error("a failed test"); };
   EXPECT_THROW(session.ShowLevyraScreen("15"), std::logic_error);
 }
 
