@@ -8,7 +8,7 @@
 namespace fiscalon {
 
 /// A push button.
-class Button final : public Captioned {
+class Button : public Captioned {
  public:
   Button(fiscalon::Form& form, std::string name, const Design& design, Events events)
       : Captioned(form, ControlKind::Button, std::move(name), design, std::move(events)) {}

@@ -54,6 +54,13 @@ struct Design {
   const Control* frame = nullptr;
 };
 
+using LabelDesign = Design;
+using FieldDesign = Design;
+using ButtonDesign = Design;
+using ToggleDesign = Design;
+using FieldEvents = Events;
+using ButtonEvents = Events;
+
 /// One control of a form. Touching the state of a control of an unloaded form loads the form.
 class Control {
  public:

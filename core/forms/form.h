@@ -64,6 +64,8 @@ class Form {
   virtual void Form_KeyDown(int& /*keyCode*/, int /*shift*/) {}
   virtual void Form_KeyPress(int& /*character*/) {}
   virtual void Form_QueryUnload(bool& /*cancel*/, int /*reason*/) {}
+  /// A handler of the form or of one of its controls is about to run: "txtQPP" and "Change", "Form" and "Load".
+  virtual void Begins(std::string_view /*object*/, std::string_view /*event*/) {}
   /// For what a form holds open while it is loaded.
   virtual void Unloaded() {}
 

@@ -27,6 +27,7 @@ void Form::Run(std::string_view object, std::string_view event, Call&& call) {
     observer_->HandlerRuns(object, event);
   {
     const ScopedValue depth(runningHandlers_, runningHandlers_ + 1);
+    Begins(object, event);
     call();
   }
   if (runningHandlers_ == 0 && !runningPosted_)

@@ -18,7 +18,7 @@ struct Selection {
 };
 
 /// A field for text. Its `Change` fires whenever the text really changes, by the user or by code.
-class TextField final : public Control {
+class TextField : public Control {
  public:
   TextField(fiscalon::Form& form, std::string name, const Design& design, Events events = {})
       : Control(form, ControlKind::TextField, std::move(name), design, std::move(events)) {}
