@@ -25,7 +25,11 @@ class Asked {
       : ask_(std::move(ask)) {}
 
   /// The value now; the default of its type where the table gives none.
-  T operator()() const { return ask_ ? ask_() : T(); }
+  T operator()() const {
+    if (ask_)
+      return ask_();
+    return {};
+  }
   bool IsGiven() const { return ask_ != nullptr; }
 
  private:
