@@ -31,7 +31,7 @@ struct AmountRule {
 
 /// What is an amount's own.
 struct AmountEntryDesign {
-  int tabIndex = FieldDesign::kNoTabIndex;
+  int tabIndex = FieldDesign().tabIndex;
   /// The field's name in messages.
   Asked<std::string> name = {};
   /// Where the focus goes when the field is full.

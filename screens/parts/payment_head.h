@@ -71,7 +71,7 @@ class PayeeField {
 
 struct PayeeHeadDesign {
   std::string payee = "PayeeName";
-  int payeeTabIndex = FieldDesign::kNoTabIndex;
+  int payeeTabIndex = FieldDesign().tabIndex;
   std::string date = "PayDate";
   NamedLabel amountCaption = {.name = "Label3", .caption = "Amount to be paid:"};
   std::string amount = "AmountPaid";

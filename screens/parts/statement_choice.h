@@ -9,7 +9,7 @@ namespace fiscalon {
 
 struct StatementChoiceDesign {
   /// Of the first box; the second one follows.
-  int tabIndex = ToggleDesign::kNoTabIndex;
+  int tabIndex = ToggleDesign().tabIndex;
   /// Where the details begin.
   Control* details = nullptr;
   /// Runs when the choice has been made, ahead of the move to the details.
