@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "core/forms/user_acts.h"
 #include "core/platform/runtime_error.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/module_test.h"
@@ -41,7 +40,7 @@ class BareScreen : public Screen {
   using Screen::Payment;
   using Screen::SendRecord;
 
-  void Press(Button& button) { UserActs(*this).Click(button); }
+  void Press(Button& button) { FormUser(*this).acts.Click(button); }
 
   mutable std::vector<std::string> accesses;
   std::vector<std::string> calls;
