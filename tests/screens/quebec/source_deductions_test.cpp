@@ -234,8 +234,9 @@ TEST_F(QuebecSourceDeductions, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight
   const frmQue_Rev_SourceDeduct form;
   EXPECT_EQ(form.txtRemittancePeriod.MaxLength(), 6);
   EXPECT_EQ(form.txtRemittancePeriod.Designed().alignment, Alignment::Left);
-  for (const TextField* amount : {&form.txtIncomeTaxWithheld, &form.txtQPP, &form.txtHealthFund, &form.txtQPIP,
-                                  &form.txtCSST, &form.txtAmountPayable}) {
+  for (const TextField* amount :
+       std::initializer_list<const TextField*>{&form.txtIncomeTaxWithheld, &form.txtQPP, &form.txtHealthFund,
+                                               &form.txtQPIP, &form.txtCSST, &form.txtAmountPayable}) {
     EXPECT_EQ(amount->MaxLength(), 12);
     EXPECT_EQ(amount->Designed().alignment, Alignment::Right);
   }
