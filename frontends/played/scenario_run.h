@@ -76,7 +76,6 @@ class ScenarioRun {
   void CompareTexts(const std::string& expected, const std::string& seenInCodePage) const;
 
   std::vector<std::string> Records() const;
-  std::vector<std::string> RecordsOfFile() const;
   const PC4& Member(const std::string& position) const;
 
   [[noreturn]] void Fail(const std::string& expected, const std::string& seen) const;
