@@ -142,7 +142,7 @@ class BatchRun {
     PaymentRow row;
     std::string reason;
     for (size_t i = 0; i < portion.rowCount; ++i) {
-      if (!portion.rows.NextPlain(row) && !TakeRow(portion, i, row))
+      if (!portion.rows.NextQuickly(row) && !TakeRow(portion, i, row))
         continue;
       if (i == portion.records.PaymentCount() || !portion.records.IsSequence(i, row.seq)) {
         Part(portion, i, row.seq);

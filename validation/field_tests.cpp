@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/records/field_values.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"
@@ -10,20 +11,14 @@
 
 namespace fiscalon {
 
-namespace {
-
-constexpr size_t kValueWidth = 18;
-
-}  // namespace
-
 JudgingDay JudgingDayOf(const Date& today) {
-  // Earlier years are read with a century of their own, so the short cuts leave them alone.
-  constexpr int kFirstPlainYear = 100;
+  // Earlier years are read with a century of their own, so the quick tests leave them alone.
+  constexpr int kFirstQuickYear = 100;
   const int month = today.year * 12 + today.month - 1;
   return {.today = today,
-          .firstYear = std::max(today.year - kYearsAround, kFirstPlainYear),
+          .firstYear = std::max(today.year - kYearsAround, kFirstQuickYear),
           .lastYear = today.year + kYearsAround,
-          .firstMonth = std::max(month - kRemittanceMonthsBack, kFirstPlainYear * 12),
+          .firstMonth = std::max(month - kRemittanceMonthsBack, kFirstQuickYear * 12),
           .lastMonth = month};
 }
 

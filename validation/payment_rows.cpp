@@ -7,7 +7,7 @@
 
 #include "core/platform/code_page.h"
 #include "validation/batch_error.h"
-#include "validation/plain_digits.h"
+#include "validation/quick_digits.h"
 
 namespace fiscalon {
 
@@ -159,7 +159,7 @@ void RowReader::Read(std::string_view bytes) {
   texts_.clear();
 }
 
-bool RowReader::NextPlain(PaymentRow& row) {
+bool RowReader::NextQuickly(PaymentRow& row) {
   // "0001,03," is eight characters; so much as a biller and an amount take must follow, or else the end is near.
   constexpr size_t kRoom = 40;
   if (rest_.size() < kRoom)

@@ -29,8 +29,8 @@ class RowReader {
   /// Begins a stretch.
   void Read(std::string_view bytes);
 
-  /// Reads the next row if it is a plain one, like "0001,03,001052,12345"; else reads nothing.
-  bool NextPlain(PaymentRow& row);
+  /// Reads the next row if it has the usual form, like "0001,03,001052,12345"; else reads nothing.
+  bool NextQuickly(PaymentRow& row);
 
   /// Reads the next row. What is wrong with it, empty where nothing is; an amount that can't be read is 0.
   std::string Next(PaymentRow& row);

@@ -24,7 +24,7 @@ bool PaymentTotal::Makes(const Expectation& expected) const {
   return Money::FromDouble(expected.paymentAmount) == Money::FromDouble(LeadingNumber(total));
 }
 
-bool PlainTotal::Makes(const Expectation& expected) const {
+bool QuickTotal::Makes(const Expectation& expected) const {
   // Amounts up to 10 billion dollars are added, written and read back without any loss.
   constexpr uint64_t kLargestExact = 1'000'000'000'000;
   uint64_t total = 0;

@@ -27,8 +27,8 @@ class PaymentTotal {
   std::array<std::string, kAddends> texts_;
 };
 
-/// The same as a short cut, for addends of whole cents.
-class PlainTotal {
+/// The same as a quick test, for addends of whole cents.
+class QuickTotal {
  public:
   void Keep(int addend, uint64_t cents) { cents_[static_cast<size_t>(addend)] = cents; }
 

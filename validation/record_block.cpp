@@ -4,7 +4,7 @@
 #include <array>
 #include <cstring>
 
-#include "core/records/record_layout.h"
+#include "core/records/record_line.h"
 #include "validation/batch_error.h"
 
 namespace fiscalon {
@@ -16,7 +16,6 @@ namespace {
 constexpr size_t kBlockBytes = size_t{1} << 20;
 constexpr size_t kLargestPayment = size_t{16} << 20;
 constexpr RecordField kSequence = FieldNamed(kRecordHead, "SeqNumber");
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 uint32_t LoadSequence(const char* record) {
   uint32_t sequence = 0;
@@ -48,26 +47,12 @@ void FetchAhead(const char* at) {
 #endif
 }
 
-/// What is wrong with a line that has lost its quotes and its end; empty where it is a record.
-std::string WrongWith(std::string_view line) {
-  if (line.empty())
-    return "an empty line";
-  if (const size_t nul = line.find('\0'); nul != line.npos)
-    return "a NUL byte in column " + std::to_string(nul + 1);
-  if (line.size() <= kSequence.Offset() + kSequence.Width() || !line.starts_with(kRecordMark))
-    return "no record: a record begins with PC4, a sequence number and a kind";
-  if (line.size() != kRecordLength)
-    return "a line of " + std::to_string(line.size()) + " characters; a record has " + std::to_string(kRecordLength);
-  return {};
-}
-
 }  // namespace
 
 std::string_view SequenceOf(std::string_view line) {
-  if (line.starts_with('"'))
+  if (line.starts_with(kRecordQuote))
     line.remove_prefix(1);
-  return line.starts_with(kRecordMark) && line.size() > kSequence.Offset() + kSequence.Width() ? TextIn(line, kSequence)
-                                                                                               : std::string_view{};
+  return HasRecordHead(line) ? TextIn(line, kSequence) : std::string_view{};
 }
 
 /// A line that is no record belongs to the payment that it stands in, or else to the first one.
@@ -93,39 +78,28 @@ inline const char* RecordBlock::TakeRecord(const char* at, const char* end) {
   const char* const record = at + frame_.quote;
   const char* const behind = record + kRecordLength;
   if (static_cast<size_t>(end - at) < length || at[length - 1] != '\n' || (frame_.end == 2 && at[length - 2] != '\r') ||
-      (frame_.quote == 1 && (*at != '"' || *behind != '"')) || !BeginsRecord(record) || SmallestOf(record) < ' ')
+      (frame_.quote == 1 && (*at != kRecordQuote || *behind != kRecordQuote)) || !BeginsRecord(record) ||
+      SmallestOf(record) < ' ')
     return TakeAnyLine(at, end);
   AddRecord({record, kRecordLength}, LoadSequence(record));
   return at + length;
 }
 
 const char* RecordBlock::TakeAnyLine(const char* at, const char* end) {
-  const auto* const newline = static_cast<const char*>(std::memchr(at, '\n', static_cast<size_t>(end - at)));
-  const char* const next = newline == nullptr ? end : newline + 1;
-  std::string_view line(at, static_cast<size_t>((newline == nullptr ? end : newline) - at));
-  const auto refuse = [&](std::string reason) { problems_.push_back({lineCount_, std::move(reason)}); };
-  frame_.end = line.ends_with('\r') ? 2 : 1;
-  if (line.ends_with('\r'))
-    line.remove_suffix(1);
-  if (line.starts_with(kByteOrderMark)) {
-    refuse("a byte-order mark; record files have none");
-    line.remove_prefix(kByteOrderMark.size());
-  }
-  frame_.quote = line.starts_with('"') ? 1 : 0;
-  if (frame_.quote == 1 && (line.size() < 2 || !line.ends_with('"'))) {
-    line.remove_prefix(1);
-    refuse("the quote in front has none behind; the line has " + std::to_string(line.size()) + " more characters");
-  } else {
-    if (frame_.quote == 1)
-      line = line.substr(1, line.size() - 2);
-    if (std::string reason = WrongWith(line); !reason.empty())
-      refuse(std::move(reason));
-  }
-  if (SequenceOf(line).empty())
-    AddLine(line);
+  std::string_view rest(at, static_cast<size_t>(end - at));
+  const RecordLine line = TakeRecordLine(rest);
+  frame_ = {.quote = line.opensWithQuote ? size_t{1} : 0, .end = line.end == LineEnd::CrLf ? size_t{2} : 1};
+  std::string problem = WrongWith(line);
+  if (problem.empty() && line.record.size() != kRecordLength)
+    problem = "a line of " + std::to_string(line.record.size()) + " characters; a record has " +
+              std::to_string(kRecordLength);
+  if (!problem.empty())
+    problems_.push_back({lineCount_, std::move(problem)});
+  if (HasRecordHead(line.record))
+    AddRecord(line.record, LoadSequence(line.record.data()));
   else
-    AddRecord(line, LoadSequence(line.data()));
-  return next;
+    AddLine(line.record);
+  return end - rest.size();
 }
 
 void RecordBlock::Cut(std::string_view bytes) {

@@ -9,7 +9,7 @@
 #include "core/resume_next.h"
 #include "core/values/text.h"
 #include "validation/payment_total.h"
-#include "validation/plain_fields.h"
+#include "validation/quick_tests.h"
 
 namespace fiscalon {
 
@@ -25,10 +25,10 @@ constexpr FieldTest kGrossPayrollTests[] = {kFilled, kFullLength, kNumeric, kNot
 constexpr FieldTest kEmployeesTests[]    = {kFilled, kFullLength, kNumeric, kAtLeastOne, kDigits};
 
 constexpr FieldRule kAgencyFields[] = {
-    {"01", kPaymentTests,      PlainPayment},
-    {"02", kPeriodEndTests,    PlainDate},
-    {"03", kGrossPayrollTests, PlainWholeDollars},
-    {"04", kEmployeesTests,    PlainCount},
+    {"01", kPaymentTests,      QuickPayment},
+    {"02", kPeriodEndTests,    QuickDate},
+    {"03", kGrossPayrollTests, QuickWholeDollars},
+    {"04", kEmployeesTests,    QuickCount},
 };
 
 // Screen "20": source deductions of Revenue Quebec.
@@ -37,34 +37,18 @@ constexpr FieldTest kAmountTests[] = {kFilled, kFullLength, kNumeric, kNotNegati
 constexpr FieldTest kTypeTests[]   = {kFilled, kFullLength, kNumeric, kRemittanceType, kDigits};
 
 constexpr FieldRule kQuebecFields[] = {
-    {"01", kAmountTests, PlainAmount,         0},
-    {"02", kAmountTests, PlainAmount,         1},
-    {"03", kAmountTests, PlainAmount,         2},
-    {"04", kAmountTests, PlainAmount,         3},
-    {"05", kTypeTests,   PlainRemittanceType, kNoAddend, "001052"},
-    {"06", kAmountTests, PlainAmount,         4},
+    {"01", kAmountTests, QuickAmount,         0},
+    {"02", kAmountTests, QuickAmount,         1},
+    {"03", kAmountTests, QuickAmount,         2},
+    {"04", kAmountTests, QuickAmount,         3},
+    {"05", kTypeTests,   QuickRemittanceType, kNoAddend, "001052"},
+    {"06", kAmountTests, QuickAmount,         4},
 };
 
 constexpr FieldTest kUnusedTests[] = {kUnused};
-constexpr FieldRule kUnusedField   = {"", kUnusedTests, PlainlyUnused};
+constexpr FieldRule kUnusedField   = {"", kUnusedTests, QuickUnused};
 
 // clang-format on
-
-}  // namespace
-
-// clang-format off
-constexpr RuleSet kAgencyRules = {
-    .screenCode = "03", .routine = "ValidateCRASourceDeduction",
-    .noFieldsMessage = "Record for required fields is missing", .fields = kAgencyFields};
-
-constexpr RuleSet kQuebecRules = {
-    .screenCode = "20", .routine = "ValidateQueRevSourceDeduction",
-    .noFieldsMessage = "Records for other required fields are missing", .fields = kQuebecFields,
-    .periods = Periods::Tested, .total = Total::EqualsPayment};
-
-// clang-format on
-
-namespace {
 
 constexpr std::string_view kNoPeriodMessage = "Record for Remittance Period is missing";
 constexpr std::string_view kTotalMessage = "The Amount Payable must match the Amount to be paid";
@@ -98,39 +82,42 @@ constexpr size_t kSlotWidth = FieldNamed(kFreeFormatLayout, "FieldNum", 1).Offse
 constexpr size_t kSlotsEnd = kNumberOffset + kSlotsPerRecord * kSlotWidth;
 constexpr size_t kPeriodOffset = FieldNamed(kGovernmentLayout, "PeriodDueDate").Offset();
 
-/// The rule of a number that a rule set does not have, as a rule set of its own.
+/// The rule of a number that a rule set does not have, as a table of its own.
 constexpr std::array kUnusedFields = {kUnusedField};
 
-/// Whether a value passes by the short cut of a rule that is known when this is compiled.
+/// The quick test of a rule that is known when this is compiled.
 template <const auto& kFields, size_t kAt>
-inline bool PassesPlainlyAt(const char* value, const Expectation& expected, PlainTotal& total) {
+inline bool FieldPassesQuickly(const char* value, const Expectation& expected, QuickTotal& total) {
   constexpr const FieldRule& kRule = kFields[kAt];
   if constexpr (!kRule.onlyForBiller.empty()) {
     if (kRule.onlyForBiller != expected.billerCode)
       return true;
   }
-  const uint64_t number = kRule.plainlyGood(value, expected);
+  const uint64_t number = kRule.quickTest(value, expected);
   if constexpr (kRule.addend != kNoAddend)
     total.Keep(kRule.addend, number);
   return number != kNoDigits;
 }
 
-/// Finds the rule of a field's number among those of a rule set, and passes the value by its short cut.
-template <const auto& kFields, size_t... kIndex>
-inline bool PassesPlainly(size_t index, const char* value, const Expectation& expected, PlainTotal& total,
-                          std::index_sequence<kIndex...>) {
+/// The quick test of the rule of a field's number. A rule that is looked up in the table while the program runs costs a
+/// call through a pointer for each field. So the row is sought by a comparison for each row, and each leads to the test
+/// of its own row, put in place. `||` ends the search at the first row that fits; the comma lets that row's verdict out
+/// of it without a part in the search.
+template <const auto& kFields, size_t... kRow>
+inline bool SlotPassesQuickly(size_t row, const char* value, const Expectation& expected, QuickTotal& total,
+                              std::index_sequence<kRow...>) {
   bool passes = false;
   const bool found =
-      ((index == kIndex && (passes = PassesPlainlyAt<kFields, kIndex>(value, expected, total), true)) || ...);
-  return found ? passes : PassesPlainlyAt<kUnusedFields, 0>(value, expected, total);
+      ((row == kRow && (passes = FieldPassesQuickly<kFields, kRow>(value, expected, total), true)) || ...);
+  return found ? passes : FieldPassesQuickly<kUnusedFields, 0>(value, expected, total);
 }
 
-/// Whether a payment passes by short cuts alone, as nearly all good ones do. False says nothing.
-template <const RuleSet& kRules, const auto& kFields>
-bool IsPlainlyGood(std::span<const std::string_view> records, const Expectation& expected) {
-  if (kRules.total == Total::EqualsPayment && expected.logging == Logging::Entries)
+/// Whether a payment passes by quick tests alone. False says nothing.
+template <const auto& kFields, Periods kPeriods, Total kTotal>
+bool RecordsPassQuickly(std::span<const std::string_view> records, const Expectation& expected) {
+  if (kTotal == Total::EqualsPayment && expected.logging == Logging::Entries)
     return false;
-  PlainTotal total;
+  QuickTotal total;
   size_t periods = 0;
   size_t fields = 0;
   for (const std::string_view record : records) {
@@ -139,20 +126,38 @@ bool IsPlainlyGood(std::span<const std::string_view> records, const Expectation&
     const RecordKind kind = KindOf(record);
     if (kind == RecordKind::Government) {
       ++periods;
-      if (kRules.periods == Periods::Tested && !IsPlainPeriod(record.data() + kPeriodOffset, *expected.day))
+      if (kPeriods == Periods::Tested && !IsQuickPeriod(record.data() + kPeriodOffset, *expected.day))
         return false;
     } else if (kind == RecordKind::FreeFormat) {
       ++fields;
       const char* const last = record.data() + kSlotsPerRecord * kSlotWidth;
       for (const char* slot = record.data(); slot != last; slot += kSlotWidth) {
-        if (!PassesPlainly<kFields>(IndexOf(slot + kNumberOffset), slot + kValueOffset, expected, total,
-                                    std::make_index_sequence<std::size(kFields)>()))
+        if (!SlotPassesQuickly<kFields>(IndexOf(slot + kNumberOffset), slot + kValueOffset, expected, total,
+                                        std::make_index_sequence<std::size(kFields)>()))
           return false;
       }
     }
   }
-  return fields > 0 && (kRules.periods == Periods::Ignored || periods > 0) &&
-         (kRules.total == Total::Ignored || total.Makes(expected));
+  return fields > 0 && (kPeriods == Periods::Ignored || periods > 0) &&
+         (kTotal == Total::Ignored || total.Makes(expected));
+}
+
+struct RuleSetTexts {
+  std::string_view screenCode = {};
+  std::string_view routine = {};
+  std::string_view noFieldsMessage = {};
+};
+
+/// A rule set and its quick test, from one and the same rules.
+template <const auto& kFields, Periods kPeriods, Total kTotal>
+constexpr RuleSet RulesWith(const RuleSetTexts& texts) {
+  return {.screenCode = texts.screenCode,
+          .routine = texts.routine,
+          .noFieldsMessage = texts.noFieldsMessage,
+          .fields = kFields,
+          .periods = kPeriods,
+          .total = kTotal,
+          .quickTest = RecordsPassQuickly<kFields, kPeriods, kTotal>};
 }
 
 /// The judgement of one payment while it goes on.
@@ -252,14 +257,19 @@ class Judgement {
 
 }  // namespace
 
-bool IsPlainlyGood(const RuleSet& rules, std::span<const std::string_view> records, const Expectation& expected) {
-  return &rules == &kAgencyRules ? IsPlainlyGood<kAgencyRules, kAgencyFields>(records, expected)
-                                 : IsPlainlyGood<kQuebecRules, kQuebecFields>(records, expected);
-}
+constexpr RuleSet kAgencyRules = RulesWith<kAgencyFields, Periods::Ignored, Total::Ignored>(
+    {.screenCode = "03",
+     .routine = "ValidateCRASourceDeduction",
+     .noFieldsMessage = "Record for required fields is missing"});
+
+constexpr RuleSet kQuebecRules = RulesWith<kQuebecFields, Periods::Tested, Total::EqualsPayment>(
+    {.screenCode = "20",
+     .routine = "ValidateQueRevSourceDeduction",
+     .noFieldsMessage = "Records for other required fields are missing"});
 
 bool JudgeRecords(const RuleSet& rules, std::span<const std::string_view> records, const Expectation& expected,
                   std::string& reason) {
-  return IsPlainlyGood(rules, records, expected) || Judgement(rules, expected, reason).Judge(records);
+  return PassesQuickly(rules, records, expected) || Judgement(rules, expected, reason).Judge(records);
 }
 
 }  // namespace fiscalon

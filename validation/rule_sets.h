@@ -19,8 +19,8 @@ struct FieldRule {
   std::string_view number = {};
   /// From the top; the first that fails gives the field's only message.
   std::span<const FieldTest> tests = {};
-  /// The short cut of the tests.
-  uint64_t (*plainlyGood)(const char* value, const Expectation& expected) = nullptr;
+  /// All tests in one look at the value's 18 characters; see quick_tests.h.
+  uint64_t (*quickTest)(const char* value, const Expectation& expected) = nullptr;
   /// Which of the addends of the payment's total the field is.
   int addend = kNoAddend;
   /// The biller for whom alone the field is looked at; empty for all billers.
@@ -42,6 +42,8 @@ struct RuleSet {
   Periods periods = Periods::Ignored;
   /// Whether the addends must make the amount to be paid.
   Total total = Total::Ignored;
+  /// The quick tests of all this, compiled for these very rules; null where there are none.
+  bool (*quickTest)(std::span<const std::string_view> records, const Expectation& expected) = nullptr;
 };
 
 extern const RuleSet kAgencyRules;
@@ -65,8 +67,11 @@ inline constexpr std::string_view kUnsupportedScreen = "Invalid or not supported
 bool JudgeRecords(const RuleSet& rules, std::span<const std::string_view> records, const Expectation& expected,
                   std::string& reason);
 
-/// Whether records meet the rules at a glance, as nearly all good ones do. False says nothing. `JudgeRecords`
+/// Whether records meet the rules by quick tests alone, as nearly all good ones do. False says nothing. `JudgeRecords`
 /// begins with it.
-bool IsPlainlyGood(const RuleSet& rules, std::span<const std::string_view> records, const Expectation& expected);
+inline bool PassesQuickly(const RuleSet& rules, std::span<const std::string_view> records,
+                          const Expectation& expected) {
+  return rules.quickTest != nullptr && rules.quickTest(records, expected);
+}
 
 }  // namespace fiscalon

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/records/pc4_records.h"
 #include "core/platform/runtime_error.h"
+#include "core/records/pc4_records.h"
 #include "validation/expectation.h"
 
 namespace fiscalon {

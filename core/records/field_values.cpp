@@ -20,7 +20,7 @@ Money Cents(std::string_view dollars) {
 }
 
 std::string AmountToField(Money amount) {
-  constexpr std::string_view kDigitsBehindSign = "00000000000000000";
+  constexpr std::string_view kDigitsBehindSign = kZeroValue.substr(1);
   return amount >= Money{} ? DigitsOf(amount) : "-" + DigitsOf(-amount, kDigitsBehindSign);
 }
 

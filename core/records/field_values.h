@@ -4,13 +4,18 @@
 #include <string>
 #include <string_view>
 
+#include "core/records/record_layout.h"
 #include "core/values/money.h"
 
 /// The texts that stand in fields of records: amounts in cents and numbers as digits, texts at a width.
 namespace fiscalon {
 
-/// A zero amount in a free-format value.
+/// The columns of a free-format value.
+inline constexpr size_t kValueWidth = FieldNamed(kFreeFormatLayout, "FieldValue").Width();
+
+/// A zero amount in a free-format value, and the pattern of all amounts in them.
 inline constexpr std::string_view kZeroValue = "000000000000000000";
+static_assert(kZeroValue.size() == kValueWidth);
 
 /// Dollars times 100, multiplied as a 64-bit float. Error 6 where that is beyond `Money`.
 Money Cents(std::string_view dollars);

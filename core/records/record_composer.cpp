@@ -26,7 +26,9 @@ std::string FilledUp(std::string_view text, const RecordField& field) {
 /// Puts a record together, row by row of its table.
 class Composer {
  public:
-  Composer(RecordKind kind, std::string_view seqNumber) : kind_(kind), layout_(LayoutOf(kind)), seqNumber_(seqNumber) {
+  Composer(RecordKind kind, std::string_view seqNumber) : Composer(kind, seqNumber, LayoutOf(kind)) {}
+  Composer(RecordKind kind, std::string_view seqNumber, std::span<const RecordField> layout)
+      : kind_(kind), layout_(layout), seqNumber_(seqNumber) {
     record_.reserve(kRecordLength);
   }
 
@@ -35,12 +37,6 @@ class Composer {
     PutFixedRows();
     if (row_ < layout_.size())
       PutField(layout_[row_++], value);
-    return *this;
-  }
-
-  /// Puts text where no row of the table foresees it.
-  Composer& PutForeign(std::string_view text) {
-    record_ += text;
     return *this;
   }
 
@@ -150,11 +146,11 @@ std::vector<std::string> ComposeFreeFormats(std::string_view seqNumber, std::ini
 
 std::string ComposeFreeFormatWithDetails(std::string_view seqNumber, std::span<const FreeFormatSlot> slots,
                                          std::string_view amount, std::string_view details) {
-  const std::string whole = ComposeGenericDetails(seqNumber, amount, details);
-  const size_t head = seqNumber.size() + kRecordMark.size() + 1;
-  Composer record(RecordKind::FreeFormat, seqNumber);
+  if (slots.empty() || slots.size() > kJoinedLayouts.size())
+    Raise(error_number::kInvalidProcedureCall);
+  Composer record(RecordKind::FreeFormat, seqNumber, kJoinedLayouts[slots.size() - 1]);
   PutSlots(record, slots);
-  return record.PutForeign(std::string_view(whole).substr(head)).Finish();
+  return record.Put(amount).Put(details).Finish();
 }
 
 std::string ComposeGenericDetails(std::string_view seqNumber, std::string_view amount, std::string_view details) {

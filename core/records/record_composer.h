@@ -61,8 +61,9 @@ std::string ComposeFreeFormat(std::string_view seqNumber, std::initializer_list<
 std::vector<std::string> ComposeFreeFormats(std::string_view seqNumber, std::span<const FreeFormatSlot> slots);
 std::vector<std::string> ComposeFreeFormats(std::string_view seqNumber, std::initializer_list<FreeFormatSlot> slots);
 
-/// An "F" record with the body of a "G" record between its slots and its end: up to 312 characters. One
-/// collection output joins the two like this, and its readers expect it.
+/// An "F" record of one to three slots with the body of a "G" record between them and its end: 312 characters. One
+/// collection output joins the two like this, and its readers expect it. Error 5 for another number of slots, and for
+/// trimmed details longer than 50 characters.
 std::string ComposeFreeFormatWithDetails(std::string_view seqNumber, std::span<const FreeFormatSlot> slots,
                                          std::string_view amount, std::string_view details);
 

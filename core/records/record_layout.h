@@ -30,6 +30,8 @@ struct RecordField {
 
   constexpr size_t Offset() const { return static_cast<size_t>(from) - 1; }
   constexpr size_t Width() const { return static_cast<size_t>(to - from + 1); }
+  /// The same field so many columns to the right.
+  constexpr RecordField Moved(int columns) const { return {from + columns, to + columns, name, fill}; }
 };
 
 inline constexpr size_t kRecordLength = 160;
@@ -55,6 +57,9 @@ inline constexpr std::array kRecordHead{
     RecordField{8, 8, "Kind", Fill::Kind},
 };
 
+/// The columns of the head.
+inline constexpr size_t kHeadLength = kRecordHead.back().to;
+
 /// A table behind the head, its first `entry` rows standing `Times` times, one behind the other; the rest
 /// are the tail.
 template <size_t Times, size_t Entry, size_t Tail>
@@ -65,8 +70,7 @@ constexpr auto LayOut(const std::array<RecordField, Entry>& entry, const std::ar
   const int width = entry.back().to - entry.front().from + 1;
   for (size_t time = 0; time < Times; ++time) {
     for (const RecordField& field : entry) {
-      const int shift = static_cast<int>(time) * width;
-      layout[row++] = {field.from + shift, field.to + shift, field.name, field.fill};
+      layout[row++] = field.Moved(static_cast<int>(time) * width);
     }
   }
   for (const RecordField& field : tail) layout[row++] = field;
@@ -74,14 +78,14 @@ constexpr auto LayOut(const std::array<RecordField, Entry>& entry, const std::ar
 }
 
 /// Whether the rows follow each other without gap or overlap from column 1 to the last of the record.
-constexpr bool CoversRecord(std::span<const RecordField> layout) {
+constexpr bool CoversRecord(std::span<const RecordField> layout, size_t length = kRecordLength) {
   int next = 1;
   for (const RecordField& field : layout) {
     if (field.from != next || field.to < field.from)
       return false;
     next = field.to + 1;
   }
-  return static_cast<size_t>(next) == kRecordLength + 1;
+  return static_cast<size_t>(next) == length + 1;
 }
 
 /// "T": one per payment, always first.
@@ -156,6 +160,37 @@ inline constexpr auto kStatementRowLayout = LayOut<kStatementsPerRow>(
         RecordField{101, 160, "", Fill::Blank},
     });
 static_assert(CoversRecord(kStatementRowLayout));
+
+/// The columns of an "F" record that holds the body of a "G" record too.
+inline constexpr size_t kJoinedLength = 2 * kRecordLength - kHeadLength;
+
+using JoinedLayout =
+    std::array<RecordField, kFreeFormatLayout.size() + kGenericDetailsLayout.size() - kRecordHead.size()>;
+
+/// The row of an "F" record's table behind its first slots, each a number and a value.
+constexpr size_t RowBehindSlots(size_t count) {
+  return kRecordHead.size() + 2 * count;
+}
+
+/// An "F" record with the body of a "G" record behind its first slots, the rest of the "F" record behind that: the
+/// collection of one screen joins the two like this.
+constexpr JoinedLayout JoinDetailsBehind(size_t count) {
+  const size_t open = RowBehindSlots(count);
+  const int slotColumns = kFreeFormatLayout[open].from - kFreeFormatLayout[kRecordHead.size()].from;
+  JoinedLayout layout{};
+  size_t row = 0;
+  for (; row < open; ++row) layout[row] = kFreeFormatLayout[row];
+  for (size_t i = kRecordHead.size(); i < kGenericDetailsLayout.size(); ++i)
+    layout[row++] = kGenericDetailsLayout[i].Moved(slotColumns);
+  for (size_t i = open; i < kFreeFormatLayout.size(); ++i)
+    layout[row++] = kFreeFormatLayout[i].Moved(static_cast<int>(kJoinedLength - kRecordLength));
+  return layout;
+}
+
+/// Details are joined to one, two or three slots: behind no slot and behind four they have a record of their own.
+inline constexpr std::array kJoinedLayouts{JoinDetailsBehind(1), JoinDetailsBehind(2), JoinDetailsBehind(3)};
+static_assert(CoversRecord(kJoinedLayouts[0], kJoinedLength) && CoversRecord(kJoinedLayouts[1], kJoinedLength) &&
+              CoversRecord(kJoinedLayouts[2], kJoinedLength));
 
 /// The n-th row (from 0) of that name in a table. A name that the table lacks does not compile.
 consteval RecordField FieldNamed(std::span<const RecordField> layout, std::string_view name, size_t n = 0) {

@@ -1,9 +1,8 @@
 #include "frontends/played/scenario_run.h"
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
+#include "core/found_records.h"
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
@@ -187,31 +186,11 @@ std::string ScenarioRun::Ending() const {
 }
 
 std::vector<std::string> ScenarioRun::Records() const {
-  if (session_->WriteFile() == kTrue)
-    return RecordsOfFile();
-  std::vector<std::string> records;
-  if (session_->PC4Records())
-    for (const PC4& member : *session_->PC4Records()) records.push_back(member.Description());
-  return records;
-}
-
-std::vector<std::string> ScenarioRun::RecordsOfFile() const {
-  std::ifstream file(std::filesystem::path(ToUtf8(session_->GovFilename())), std::ios::binary);
-  std::ostringstream content;
-  // A folder opens like a file, but nothing can be read of it.
-  if (file.peek() != std::ifstream::traits_type::eof())
-    content << file.rdbuf();
-  const std::string text = content.str();
-  std::vector<std::string> records;
-  for (size_t from = 0; from < text.size();) {
-    const size_t end = text.find("\r\n", from);
-    const std::string line = text.substr(from, end == std::string::npos ? end : end - from);
-    if (end == std::string::npos || line.size() < 2 || line.front() != '"' || line.back() != '"')
-      Fail("each line of the record file in double quotes and ended by CR LF", QuotedArgument(ToUtf8(line)));
-    records.push_back(line.substr(1, line.size() - 2));
-    from = end + 2;
-  }
-  return records;
+  FoundRecords found = FindRecords(*session_);
+  if (found.foreignLine)
+    Fail("each line of the record file in double quotes and ended by CR LF",
+         QuotedArgument(ToUtf8(*found.foreignLine)));
+  return std::move(found.records);
 }
 
 void ScenarioRun::Compare(const std::string& expected, const std::string& seen) const {

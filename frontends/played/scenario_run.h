@@ -69,7 +69,6 @@ class ScenarioRun {
   MessageAnswer AnswerBox(const BoxRequest& box);
   void Notice(SeenThing thing);
   void RefuseUnclaimed() const;
-  std::vector<std::string> RecordsOfFile() const;
   Arguments WithFolder(Arguments arguments) const;
 
   const Scenario& scenario_;

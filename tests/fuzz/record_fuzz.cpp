@@ -1,8 +1,9 @@
-#include <algorithm>
 #include <string>
 #include <vector>
 
+#include "core/records/placed_fields.h"
 #include "core/records/record_composer.h"
+#include "core/records/record_line.h"
 #include "core/records/record_reader.h"
 #include "tests/fuzz/law.h"
 
@@ -11,10 +12,9 @@ namespace {
 
 std::vector<std::string_view> Lines(std::string_view text) {
   std::vector<std::string_view> lines;
-  while (!text.empty()) {
-    const size_t end = std::min(text.find('\n'), text.size());
-    lines.push_back(text.substr(0, end));
-    text.remove_prefix(std::min(end + 1, text.size()));
+  for (const RecordLine& line : RecordLinesOf(text)) {
+    Law(line.end != LineEnd::None || line.bytes.end() == text.end(), "only the last line lacks an end");
+    lines.push_back(line.record);
   }
   return lines;
 }
@@ -35,6 +35,12 @@ void CheckCutting(std::string_view record) {
   joined.clear();
   for (const FreeFormatSlotView& slot : CutFreeFormat(record)) joined.append(slot.fieldNum).append(slot.fieldValue);
   Law(joined == Body(record, 8, 88), "the slots of an F record are its columns 9 to 88");
+}
+
+void CheckPlacing(std::string_view record) {
+  const PlacedFields placed = PlaceFields(record);
+  Law(placed.fields.empty() || CoversRecord(placed.fields, placed.Length()), "the fields follow each other");
+  Law(placed.overruns.empty() || placed.Length() == record.size(), "overruns account for every column");
 }
 
 void CheckCutting(const std::vector<std::string_view>& lines) {
@@ -77,7 +83,10 @@ void CheckReadingBack(const std::vector<std::string_view>& texts) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::vector<std::string_view> lines = fiscalon::Lines(fiscalon::TextOf(data, size));
-  for (const std::string_view line : lines) fiscalon::CheckCutting(line);
+  for (const std::string_view line : lines) {
+    fiscalon::CheckCutting(line);
+    fiscalon::CheckPlacing(line);
+  }
   fiscalon::CheckCutting(lines);
   fiscalon::CheckReadingBack(lines);
   return 0;

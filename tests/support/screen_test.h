@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/found_records.h"
 #include "core/session.h"
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tests/support/module_test.h"
@@ -39,13 +40,8 @@ class ScreenTest : public ModuleTest {
   /// The boxes since they were last taken.
   std::vector<BoxRequest> TakeBoxes() { return std::exchange(boxes_, {}); }
 
-  /// The records that the host finds in the collection.
-  std::vector<std::string> Records() const {
-    std::vector<std::string> records;
-    if (session.PC4Records())
-      for (const PC4& record : *session.PC4Records()) records.push_back(record.Description());
-    return records;
-  }
+  /// The records that the host finds.
+  std::vector<std::string> Records() const { return FindRecords(session).records; }
 
   ScriptedToolkit frontEnd;
   Levyra session;

@@ -1,4 +1,4 @@
-// What is judged at a glance costs no memory.
+// What is judged by quick tests costs no memory.
 
 #include <gtest/gtest.h>
 

@@ -8,13 +8,13 @@ namespace fiscalon {
 namespace {
 
 /// A row as "seq|screen|biller|cents", or what is wrong with it. The same is asked of the row alone and with
-/// enough behind it that the short cut may be taken.
+/// enough behind it that the quick look may be taken.
 std::string Read(const std::string& line) {
   const auto read = [](std::string_view bytes) {
     RowReader reader;
     reader.Read(bytes);
     PaymentRow row;
-    const std::string problem = reader.NextPlain(row) ? std::string() : reader.Next(row);
+    const std::string problem = reader.NextQuickly(row) ? std::string() : reader.Next(row);
     if (!problem.empty())
       return problem;
     return std::string(row.seq) + "|" + std::string(row.screen) + "|" + std::string(row.biller) + "|" +
@@ -77,7 +77,7 @@ TEST(RowReader, NamesWhatIsWrongWithARow) {
   RowReader reader;
   reader.Read("\n0001,03,,1\n");
   PaymentRow row;
-  EXPECT_FALSE(reader.NextPlain(row));
+  EXPECT_FALSE(reader.NextQuickly(row));
   EXPECT_EQ(reader.Next(row), "an empty row");
   EXPECT_EQ(reader.Next(row), "");
   EXPECT_EQ(row.cents, 1);

@@ -91,6 +91,7 @@ TEST(RecordBlock, NamesWhatIsNoRecordAndGoesOnBehindIt) {
       {Ruled("pc40001T") + "\n", "1 no record: a record begins with PC4, a sequence number and a kind; "},
       {"\"" + Record("0001") + "\r\n", "1 the quote in front has none behind; the line has 160 more characters; "},
       {"\"\n", "1 the quote in front has none behind; the line has 0 more characters; "},
+      {Record("0001") + "\"\r\n", "1 the quote behind has none in front; "},
       {Record("0001").replace(20, 1, 1, '\0') + "\n", "1 a NUL byte in column 21; "},
   };
   for (const auto& row : rows) {
@@ -101,6 +102,17 @@ TEST(RecordBlock, NamesWhatIsNoRecordAndGoesOnBehindIt) {
     EXPECT_EQ(Problems(block), row.problem) << row.line;
     EXPECT_EQ(Payments(block), "0001:3 0002:1") << row.line;
     EXPECT_EQ(block.LineCount(), 4u);
+  }
+}
+
+TEST(RecordBlock, AQuoteInTheLastColumnOfABareRecordIsItsOwnWhateverCameBefore) {
+  const std::string record = Record("0001").replace(159, 1, "\"");
+  for (const std::string& before : {QuotedLine(Record("0001")), Record("0001") + "\n"}) {
+    RecordBlock block;
+    const std::string bytes = before + record + "\n";
+    block.Cut(bytes);
+    EXPECT_EQ(Problems(block), "");
+    EXPECT_EQ(block.Records(0)[1], record);
   }
 }
 

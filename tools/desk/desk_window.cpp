@@ -14,7 +14,6 @@
 #include "tools/desk/payment_panel.h"
 #include "tools/desk/result_panel.h"
 #include "tools/desk/screen_list.h"
-#include "tools/fiscalon/record_lines.h"
 
 namespace fiscalon {
 namespace {
@@ -108,16 +107,16 @@ void DeskWindow::Launch(Levyra& session, const LaunchRow& screen) {
 }
 
 void DeskWindow::ShowRecordsHandedBack(const Levyra& session, const LaunchRow& screen) {
-  std::vector<std::string> records;
+  std::vector<ShownRecord> records;
   if (const auto& members = session.PC4Records()) {
-    for (const PC4& member : *members) records.push_back(LineOf(member));
+    records = TakeApart(*members, &screen);
     // The collection is the form's own: a show that writes nothing would hand these back once more.
     members->Clear();
   }
   if (records.empty())
     result_->Say(tr("Accepted, but no records were handed back."));
   else
-    result_->ShowRecords(tr("Accepted. Records handed back: %1.").arg(records.size()), TakeApart(records, &screen));
+    result_->ShowRecords(tr("Accepted. Records handed back: %1.").arg(records.size()), records);
 }
 
 void DeskWindow::ShowRecordFile(const QString& name, const LaunchRow& screen) {

@@ -42,6 +42,8 @@ void SetPlace(QTreeWidgetItem& row, int line, int from, int to) {
 }
 
 QString HeadingOf(const ShownRecord& record) {
+  if (record.isInvoice)
+    return QObject::tr("Record %1: invoice").arg(record.number);
   if (!record.isRecord)
     return QObject::tr("Line %1: no record").arg(record.number);
   const char letter = static_cast<char>(record.kind);
@@ -151,7 +153,8 @@ void ResultPanel::AddRecord(const ShownRecord& record) {
   for (const ShownField& field : record.fields)
     if (IsWorthALine(field))
       AddField(*top, field, line);
-  for (const Problem& problem : record.problems) AddProblem(*top, problem, line);
+  for (const Note& problem : record.problems) AddNote(*top, tr("Wrong"), problem, line);
+  for (const Note& oddity : record.oddities) AddNote(*top, tr("Odd"), oddity, line);
 }
 
 void ResultPanel::AddField(QTreeWidgetItem& record, const ShownField& field, int line) {
@@ -161,9 +164,9 @@ void ResultPanel::AddField(QTreeWidgetItem& record, const ShownField& field, int
   SetPlace(*row, line, field.from, field.to);
 }
 
-void ResultPanel::AddProblem(QTreeWidgetItem& record, const Problem& problem, int line) {
-  auto* row = new QTreeWidgetItem(&record, {tr("Wrong"), QString(), QString(), Plain(problem.text)});
-  SetPlace(*row, line, problem.from, problem.to);
+void ResultPanel::AddNote(QTreeWidgetItem& record, const QString& heading, const Note& note, int line) {
+  auto* row = new QTreeWidgetItem(&record, {heading, QString(), QString(), Plain(note.text)});
+  SetPlace(*row, line, note.from, note.to);
 }
 
 void ResultPanel::MarkChosen() {

@@ -27,7 +27,7 @@ class ResultPanel final : public QGroupBox {
   void PrepareRecords();
   void AddRecord(const ShownRecord& record);
   void AddField(QTreeWidgetItem& record, const ShownField& field, int line);
-  void AddProblem(QTreeWidgetItem& record, const Problem& problem, int line);
+  void AddNote(QTreeWidgetItem& record, const QString& heading, const Note& note, int line);
   /// Marks the columns of the chosen field in the raw line.
   void MarkChosen();
   /// The words take as many lines as they need, up to a few.

@@ -4,18 +4,16 @@
 #include <array>
 #include <cctype>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <utility>
 
+#include "core/found_records.h"
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
 #include "core/session.h"
 #include "frontends/played/host_properties.h"
 #include "frontends/played/session_recorder.h"
 #include "tools/fiscalon/qt_front_end.h"
-#include "tools/fiscalon/record_lines.h"
 #include "tools/fiscalon/report_file.h"
 #include "tools/fiscalon/screen_code.h"
 
@@ -93,17 +91,11 @@ bool IsSet(const CollectOptions& options, std::string_view property) {
   return std::any_of(options.host.begin(), options.host.end(), [&](const auto& set) { return set.first == property; });
 }
 
-/// The records that the host finds: in the file where they went there, otherwise in the collection.
-std::vector<std::string> RecordsOf(const Levyra& session) {
-  std::vector<std::string> records;
-  if (session.WriteFile() == kTrue) {
-    std::ifstream file(std::filesystem::path(ToUtf8(session.GovFilename())), std::ios::binary);
-    const std::string bytes(std::istreambuf_iterator<char>(file), {});
-    for (const RecordLine& line : SplitRecordLines(bytes)) records.emplace_back(line.record);
-  } else if (session.PC4Records() != nullptr) {
-    for (const PC4& member : *session.PC4Records()) records.push_back(member.Description());
-  }
-  return records;
+/// A member of a collection as one line: an invoice with tabs between its date, amount and description.
+std::string LineOf(const PC4& member) {
+  if (member.TheDate().empty() && member.Amount().empty())
+    return member.Description();
+  return member.TheDate() + '\t' + member.Amount() + '\t' + member.Description();
 }
 
 /// One launch of a screen with a user at it, written down if that is wanted.
@@ -204,7 +196,7 @@ class Collecting {
   }
 
   void HandOut(const Levyra& session) {
-    recorder_.Records(RecordsOf(session));
+    recorder_.Records(FindRecords(session).records);
     if (session.WriteFile() == kTrue || session.PC4Records() == nullptr)
       return;
     int32_t position = 0;

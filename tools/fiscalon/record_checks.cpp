@@ -9,8 +9,6 @@
 namespace fiscalon {
 namespace {
 
-constexpr size_t kHeadLength = kRecordHead.back().to;
-
 bool HasKnownKind(std::string_view record) {
   return !LayoutOf(KindOf(record)).empty();
 }
@@ -38,8 +36,8 @@ std::string NameOfControl(char character) {
   return std::string("control character 0x") + kHexDigits[code >> 4] + kHexDigits[code & 0xF];
 }
 
-void CheckLength(std::string_view record, std::vector<Problem>& problems) {
-  if (record.size() == kRecordLength)
+void CheckLength(std::string_view record, const PlacedFields& placed, std::vector<Note>& problems) {
+  if (record.size() == kRecordLength || record.size() == placed.Length())
     return;
   const std::string is = std::to_string(record.size()) + " characters long, not " + std::to_string(kRecordLength);
   if (record.size() < kRecordLength)
@@ -49,7 +47,7 @@ void CheckLength(std::string_view record, std::vector<Problem>& problems) {
                                 (HoldsUtf8(record) ? "; it holds UTF-8, and records are in Windows-1252" : "")});
 }
 
-void CheckControlCharacters(std::string_view record, std::vector<Problem>& problems) {
+void CheckControlCharacters(std::string_view record, std::vector<Note>& problems) {
   constexpr size_t kMostNamed = 5;
   size_t found = 0;
   for (size_t i = 0; i < record.size(); ++i) {
@@ -63,7 +61,7 @@ void CheckControlCharacters(std::string_view record, std::vector<Problem>& probl
     problems.push_back({.text = "and " + Counted(found - kMostNamed, "more control character")});
 }
 
-void CheckHead(std::string_view record, std::vector<Problem>& problems) {
+void CheckHead(std::string_view record, std::vector<Note>& problems) {
   const std::string_view mark = TextIn(record, kRecordHead.front());
   if (mark != kRecordMark)
     problems.push_back({.from = kRecordHead.front().from,
@@ -77,7 +75,7 @@ void CheckHead(std::string_view record, std::vector<Problem>& problems) {
          .text = "unknown record kind " + DottedText(TextIn(record, kind)) + "; the kinds are T, F, G, P, R and I"});
 }
 
-void SayWhatForeignLineIs(std::string_view record, std::vector<Problem>& problems) {
+void SayWhatForeignLineIs(std::string_view record, std::vector<Note>& problems) {
   constexpr size_t kMostQuoted = 20;
   if (record.empty())
     problems.push_back({.text = "the line is empty"});
@@ -89,30 +87,52 @@ void SayWhatForeignLineIs(std::string_view record, std::vector<Problem>& problem
                                 "\", not with \"" + std::string(kRecordMark) + "\""});
 }
 
+/// Whether the body of a "G" record stands in it, alone or behind slots.
+bool HoldsDetails(const ShownRecord& record) {
+  return std::any_of(record.fields.begin(), record.fields.end(),
+                     [](const ShownField& field) { return field.name == "Details"; });
+}
+
 }  // namespace
 
 bool LooksLikeRecord(std::string_view record) {
-  return record.size() >= kHeadLength &&
-         (record.starts_with(kRecordMark) || (record.size() == kRecordLength && HasKnownKind(record)));
+  return HasRecordHead(record) || (record.size() == kRecordLength && HasKnownKind(record));
 }
 
-void CheckLine(const RecordLine& line, std::vector<Problem>& problems) {
+void CheckLine(const RecordLine& line, std::vector<Note>& problems) {
   if (line.hasByteOrderMark)
     problems.push_back({.text = "a byte-order mark stands in front; record files are plain Windows-1252"});
   if (line.opensWithQuote && !line.closesWithQuote)
     problems.push_back({.text = "no closing quote; a line end inside the record would cut it in two"});
   if (line.closesWithQuote && !line.opensWithQuote)
     problems.push_back({.text = "no opening quote"});
-  if (line.opensWithQuote && !line.hasLineEnd)
+  if (line.opensWithQuote && line.end == LineEnd::None)
     problems.push_back({.text = "no CR LF behind it; the file may have been cut off"});
 }
 
-void CheckRecord(std::string_view record, std::vector<Problem>& problems) {
+void CheckRecord(std::string_view record, const PlacedFields& placed, std::vector<Note>& problems) {
   if (!LooksLikeRecord(record))
     return SayWhatForeignLineIs(record, problems);
-  CheckLength(record, problems);
+  CheckLength(record, placed, problems);
   CheckHead(record, problems);
   CheckControlCharacters(record, problems);
+}
+
+Note NoteOf(const Overrun& overrun) {
+  const RecordField& place = overrun.place;
+  std::string text;
+  switch (overrun.kind) {
+    case Overrun::Kind::LongNumber:
+      text = std::string(place.name) + ": a minus sign and " + Counted(place.Width() - 1, "digit") + " take " +
+             Counted(static_cast<size_t>(overrun.shift), "column") +
+             " more than the field has; what follows stands as " + "much further right";
+      break;
+    case Overrun::Kind::JoinedDetails:
+      text = "the body of a G record stands behind " + Counted(overrun.slotCount, "slot") +
+             ", as the collection of the generic remittance screen has it";
+      break;
+  }
+  return {.from = place.from, .to = place.to, .text = text};
 }
 
 void OrderCheck::Follow(ShownRecord& record) {
@@ -139,7 +159,7 @@ void OrderCheck::Follow(ShownRecord& record) {
       record.problems.push_back({.text = "an F record behind a G record"});
     CheckFieldNumbers(record);
   }
-  hasDetails_ = hasDetails_ || record.kind == RecordKind::GenericDetails;
+  hasDetails_ = hasDetails_ || HoldsDetails(record);
 }
 
 void OrderCheck::CheckFieldNumbers(ShownRecord& record) {

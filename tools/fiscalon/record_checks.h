@@ -1,6 +1,7 @@
 #pragma once
 
-#include "tools/fiscalon/record_lines.h"
+#include "core/records/placed_fields.h"
+#include "core/records/record_line.h"
 #include "tools/fiscalon/shown_record.h"
 
 namespace fiscalon {
@@ -9,11 +10,14 @@ namespace fiscalon {
 bool LooksLikeRecord(std::string_view record);
 
 /// What is wrong with the line around the record: quotes, line end, byte-order mark.
-void CheckLine(const RecordLine& line, std::vector<Problem>& problems);
+void CheckLine(const RecordLine& line, std::vector<Note>& problems);
 
-/// What is wrong with the record as a whole: its length, its head, control characters. For a line that is no record,
-/// what it is instead.
-void CheckRecord(std::string_view record, std::vector<Problem>& problems);
+/// What is wrong with the record as a whole: its length, which is that of its fields, its head, control characters. For
+/// a line that is no record, what it is instead.
+void CheckRecord(std::string_view record, const PlacedFields& placed, std::vector<Note>& problems);
+
+/// What is odd about a record that is longer than others of its kind.
+Note NoteOf(const Overrun& overrun);
 
 /// Follows the records of a file, payment by payment: a payment is the run of records with the same sequence.
 class OrderCheck {

@@ -99,7 +99,7 @@ std::string DollarsOf(std::string_view signedDigits) {
 
 class FieldReader {
  public:
-  FieldReader(ShownField& field, std::vector<Problem>& problems) : field_(field), problems_(problems) {}
+  FieldReader(ShownField& field, std::vector<Note>& problems) : field_(field), problems_(problems) {}
 
   void Understand(Role role, const LaunchRow* screen) {
     if (role == Role::AlwaysBlank)
@@ -165,13 +165,13 @@ class FieldReader {
   }
 
   ShownField& field_;
-  std::vector<Problem>& problems_;
+  std::vector<Note>& problems_;
 };
 
 }  // namespace
 
 ShownField UnderstandField(std::string_view record, const RecordField& field, const LaunchRow* screen,
-                           std::vector<Problem>& problems) {
+                           std::vector<Note>& problems) {
   ShownField shown{.name = field.name, .from = field.from, .to = field.to, .text = std::string(TextIn(record, field))};
   if (shown.text.size() < field.Width())
     shown.sense = Sense::Missing;

@@ -16,7 +16,8 @@ constexpr const char* kExamples = R"(Examples:
   fiscalon show payment.pc4 --json           the same for machines
   fiscalon show - < payment.pc4
 
-Exit status: 0 all well, 1 something wrong in a record (all are printed all the same),
+What is wrong is marked with "!"; what is odd, though screens write it so, with "~".
+Exit status: 0 nothing wrong, 1 something wrong in a record (all are printed all the same),
 2 the file can't be read. --today and --locale: see "fiscalon --help".)";
 
 struct ShowOptions {
@@ -49,8 +50,10 @@ void PrintText(const std::string& name, const LaunchRow* screen, const std::vect
                {.paint = context.paint, .locale = context.SpokenLocale(), .width = TerminalWidth()});
   const size_t problems = ProblemsIn(records);
   std::cout << Counted(records.size(), "line") << ", "
-            << (problems == 0 ? context.paint.Good("nothing wrong") : context.paint.Bad(Counted(problems, "problem")))
-            << '\n';
+            << (problems == 0 ? context.paint.Good("nothing wrong") : context.paint.Bad(Counted(problems, "problem")));
+  if (const size_t oddities = OdditiesIn(records); oddities != 0)
+    std::cout << ", " << oddities << " odd";
+  std::cout << '\n';
 }
 
 ExitStatus Show(const ShowOptions& options, const Context& context) {

@@ -40,11 +40,10 @@ Json ToJson(const ShownField& field) {
 }
 
 /// Columns are null for what concerns the record as a whole.
-Json ToJson(const Problem& problem) {
-  const bool hasPlace = problem.from > 0;
-  return {{"from", hasPlace ? Json(problem.from) : Json()},
-          {"to", hasPlace ? Json(problem.to) : Json()},
-          {"text", problem.text}};
+Json ToJson(const Note& note) {
+  const bool hasPlace = note.from > 0;
+  return {
+      {"from", hasPlace ? Json(note.from) : Json()}, {"to", hasPlace ? Json(note.to) : Json()}, {"text", note.text}};
 }
 
 Json ToJson(const ShownRecord& record);
@@ -65,7 +64,8 @@ Json ToJson(const ShownRecord& record) {
           {"length", record.record.size()},
           {"text", ToUtf8(record.record)},
           {"fields", ListOf(record.fields)},
-          {"problems", ListOf(record.problems)}};
+          {"problems", ListOf(record.problems)},
+          {"oddities", ListOf(record.oddities)}};
 }
 
 }  // namespace

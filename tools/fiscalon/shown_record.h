@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/launch.h"
+#include "core/records/pc4_records.h"
 #include "core/records/record_layout.h"
 
 namespace fiscalon {
@@ -42,36 +43,43 @@ struct ShownField {
   std::string meaning = {};
 };
 
-/// Something wrong with a record, in words for the user (UTF-8). Columns 0 mean the record as a whole.
-struct Problem {
+/// Something to be said of a record, in words for the user (UTF-8). Columns 0 mean the record as a whole.
+struct Note {
   int from = 0;
   int to = 0;
   std::string text = {};
 };
 
-/// One record, or one line that is none, taken apart.
+/// One record, one line that is none, or one invoice of a collection, taken apart.
 struct ShownRecord {
   size_t number = 0;
   /// In the code page.
   std::string record = {};
   /// Whether it is a record at all; the rest stays empty for a line that is none.
   bool isRecord = false;
+  /// Whether it is an invoice, which a collection holds in three texts, without head or kind. They are its fields, and
+  /// its columns count from the date's.
+  bool isInvoice = false;
   /// What stands in column 8 and in columns 4-7.
   RecordKind kind = {};
   std::string seq = {};
   /// What lies behind the head, in order.
   std::vector<ShownField> fields = {};
-  std::vector<Problem> problems = {};
+  std::vector<Note> problems = {};
+  /// What is out of the common, though screens write it so: nothing is wrong with it.
+  std::vector<Note> oddities = {};
 };
 
 /// Takes the lines of a record file apart. `screen` names the fields; it may be null.
 std::vector<ShownRecord> TakeApart(std::string_view bytes, const LaunchRow* screen);
 
-/// The same for records that a host holds, without quotes.
+/// The same for whole records without quotes, and for what a screen hands back.
 std::vector<ShownRecord> TakeApart(const std::vector<std::string>& records, const LaunchRow* screen);
+std::vector<ShownRecord> TakeApart(const PC4s& records, const LaunchRow* screen);
 
-/// How many problems there are.
+/// How many problems, and how many oddities, there are.
 size_t ProblemsIn(const std::vector<ShownRecord>& records);
+size_t OdditiesIn(const std::vector<ShownRecord>& records);
 
 /// "government format" for "T"; empty for an unknown letter.
 std::string_view NameOf(RecordKind kind);

@@ -14,13 +14,19 @@ namespace {
 constexpr size_t kMostShown = 400;
 constexpr std::string_view kMargin = "    ";
 
-/// A line of as many columns as the record shows, with a mark under each column that something is wrong with.
+void Mark(std::string& marks, const std::vector<Note>& notes, char mark) {
+  for (const Note& note : notes)
+    for (int column = note.from; column > 0 && column <= note.to; ++column)
+      if (static_cast<size_t>(column) <= marks.size())
+        marks[static_cast<size_t>(column) - 1] = mark;
+}
+
+/// A line of as many columns as the record shows, with a mark under each column that something is odd about or wrong
+/// with.
 std::string MarksOf(const ShownRecord& record, size_t columns) {
   std::string marks(columns, ' ');
-  for (const Problem& problem : record.problems)
-    for (int column = problem.from; column > 0 && column <= problem.to; ++column)
-      if (static_cast<size_t>(column) <= columns)
-        marks[static_cast<size_t>(column) - 1] = '^';
+  Mark(marks, record.oddities, '~');
+  Mark(marks, record.problems, '^');
   return std::string(TrimRight(marks));
 }
 
@@ -32,8 +38,10 @@ class RecordPrinter {
     PrintHeading(record);
     PrintRuled(record);
     PrintFields(record);
-    for (const Problem& problem : record.problems)
+    for (const Note& problem : record.problems)
       out_ << style_.paint.Bad(std::string(kMargin) + "! " + PlaceOf(problem) + problem.text) << '\n';
+    for (const Note& oddity : record.oddities)
+      out_ << style_.paint.Aside(std::string(kMargin) + "~ " + PlaceOf(oddity) + oddity.text) << '\n';
     out_ << '\n';
   }
 
@@ -59,11 +67,15 @@ class RecordPrinter {
     for (size_t from = 0; from < text.size(); from += std::min(fold, text.size())) {
       out_ << style_.paint.Aside(std::string(kMargin) + " " + ruler.substr(from, fold)) << '\n';
       out_ << kMargin << '|' << VisibleText(text.substr(from, fold)) << "|\n";
-      if (from < marks.size() && marks.find('^', from) < from + fold)
-        out_ << style_.paint.Bad(std::string(kMargin) + " " + marks.substr(from, fold)) << '\n';
+      if (from < marks.size() && marks.find_first_not_of(' ', from) < from + fold)
+        out_ << PaintMarks(std::string(kMargin) + " " + marks.substr(from, fold)) << '\n';
     }
     if (record.record.size() > kMostShown)
       out_ << kMargin << "... and " << Counted(record.record.size() - kMostShown, "more character") << '\n';
+  }
+
+  std::string PaintMarks(const std::string& marks) const {
+    return marks.find('^') == std::string::npos ? style_.paint.Aside(marks) : style_.paint.Bad(marks);
   }
 
   /// A whole number of tens, so that each piece of the ruler ends with its label.
@@ -96,12 +108,12 @@ class RecordPrinter {
     }
   }
 
-  static std::string PlaceOf(const Problem& problem) {
-    if (problem.from == 0)
+  static std::string PlaceOf(const Note& note) {
+    if (note.from == 0)
       return "";
-    if (problem.from == problem.to)
-      return "column " + std::to_string(problem.from) + ": ";
-    return "columns " + std::to_string(problem.from) + "-" + std::to_string(problem.to) + ": ";
+    if (note.from == note.to)
+      return "column " + std::to_string(note.from) + ": ";
+    return "columns " + std::to_string(note.from) + "-" + std::to_string(note.to) + ": ";
   }
 
   std::ostream& out_;

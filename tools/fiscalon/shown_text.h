@@ -21,7 +21,7 @@ struct ShownStyle {
   std::optional<size_t> width = {};
 };
 
-/// Each record under a ruler, its fields by name, and what is wrong with it.
+/// Each record under a ruler, its fields by name, what is wrong with it and what is odd about it.
 void PrintRecords(std::ostream& out, const std::vector<ShownRecord>& records, const ShownStyle& style);
 
 }  // namespace fiscalon

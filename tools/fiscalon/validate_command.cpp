@@ -8,10 +8,9 @@
 
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
-#include "core/records/record_layout.h"
+#include "core/records/record_line.h"
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/progress_line.h"
-#include "tools/fiscalon/record_lines.h"
 #include "tools/fiscalon/report_file.h"
 #include "tools/fiscalon/visible_text.h"
 #include "validation/batch.h"
@@ -47,18 +46,12 @@ struct ValidateOptions {
 
 /// The records of the file of one payment. They point into its bytes.
 std::vector<std::string_view> RecordsOf(std::string_view bytes, const std::string& name) {
-  constexpr size_t kShortestRecord = 8;
   std::vector<std::string_view> records;
-  for (const RecordLine& line : SplitRecordLines(bytes)) {
-    const std::string place = name + ":" + std::to_string(line.number) + ": ";
-    if (line.hasByteOrderMark)
-      throw CommandError(place + "a byte-order mark; record files have none");
-    if (line.opensWithQuote != line.closesWithQuote)
-      throw CommandError(place + "a quote on one side only");
-    if (line.record.size() < kShortestRecord || !line.record.starts_with(kRecordMark))
-      throw CommandError(place + "no record: a record begins with PC4, a sequence number and a kind");
-    if (const size_t nul = line.record.find('\0'); nul != line.record.npos)
-      throw CommandError(place + "a NUL byte in column " + std::to_string(nul + 1));
+  size_t number = 0;
+  for (const RecordLine& line : RecordLinesOf(bytes)) {
+    ++number;
+    if (const std::string problem = WrongWith(line); !problem.empty())
+      throw CommandError(name + ":" + std::to_string(number) + ": " + problem);
     records.push_back(line.record);
   }
   return records;

@@ -138,6 +138,25 @@ TEST(RecordComposer, DetailsBehindOpenSlotsMakeOneRecordOf312) {
   EXPECT_EQ(record.size(), 312u);
 }
 
+TEST(RecordComposer, DetailsAreJoinedToOneTwoOrThreeSlots) {
+  const auto join = [](size_t count) {
+    const std::vector<FreeFormatSlot> slots(count, {"01", "A"});
+    return ErrorOf([&] { ComposeFreeFormatWithDetails("0001", slots, kZeroValue, "Late fee"); });
+  };
+  EXPECT_EQ(join(0), 5);
+  EXPECT_EQ(join(1), 0);
+  EXPECT_EQ(join(3), 0);
+  EXPECT_EQ(join(4), 5);
+}
+
+TEST(RecordComposer, JoinedDetailsLongerThanFiftyAreError5) {
+  EXPECT_EQ(ErrorOf([] {
+              ComposeFreeFormatWithDetails("0001", std::vector<FreeFormatSlot>{{"01", "A"}}, kZeroValue,
+                                           std::string(51, 'D'));
+            }),
+            5);
+}
+
 TEST(RecordComposer, InvoiceTextsAreTrimmedThenFilledOrCut) {
   const InvoiceEntry entry = MakeInvoiceEntry(" 2026060112 ", " 12.5 ", "  " + std::string(28, 'n'));
   EXPECT_EQ(entry.date, "20260601");

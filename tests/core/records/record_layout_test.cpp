@@ -94,6 +94,23 @@ TEST(RecordLayout, AStatementRowHasThreeEntriesOf30) {
                                                          {101, 160, ""}}));
 }
 
+TEST(RecordLayout, JoinedDetailsStandBehindTwoSlots) {
+  EXPECT_EQ(Body(kJoinedLayouts[1]), (std::vector<Row>{{9, 10, "FieldNum"},
+                                                       {11, 28, "FieldValue"},
+                                                       {29, 30, "FieldNum"},
+                                                       {31, 48, "FieldValue"},
+                                                       {49, 66, "Amount"},
+                                                       {67, 116, "Details"},
+                                                       {117, 140, ""},
+                                                       {141, 200, ""},
+                                                       {201, 202, "FieldNum"},
+                                                       {203, 220, "FieldValue"},
+                                                       {221, 222, "FieldNum"},
+                                                       {223, 240, "FieldValue"},
+                                                       {241, 252, ""},
+                                                       {253, 312, ""}}));
+}
+
 TEST(CoversRecord, RefusesAGapAnOverlapAndAWrongWidth) {
   EXPECT_FALSE(CoversRecord(std::array{RecordField{1, 80}, RecordField{82, 160}}));
   EXPECT_FALSE(CoversRecord(std::array{RecordField{1, 80}, RecordField{80, 160}}));

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "core/found_records.h"
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/session.h"
@@ -46,10 +47,7 @@ class Recording : public testing::Test {
     UseToolkit(&toolkit);
     const bool result = session.ShowLevyraScreen(code);
     recorder.Result(result);
-    std::vector<std::string> records;
-    if (session.PC4Records() != nullptr)
-      for (const PC4& record : *session.PC4Records()) records.push_back(record.Description());
-    recorder.Records(records);
+    recorder.Records(FindRecords(session).records);
     ResetModule();
   }
 

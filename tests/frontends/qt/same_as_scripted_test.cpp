@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "core/found_records.h"
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/session.h"
@@ -164,8 +165,7 @@ std::vector<std::string> Walk(DrivenToolkit& toolkit, const LaunchRow& row, unsi
   } catch (const RuntimeError& error) {
     wanderer.Note("error: " + error.Description());
   }
-  if (session.PC4Records() != nullptr)
-    for (const PC4& record : *session.PC4Records()) wanderer.Note(record.Description());
+  for (const std::string& record : FindRecords(session).records) wanderer.Note(record);
   ResetModule();
   return wanderer.Protocol();
 }

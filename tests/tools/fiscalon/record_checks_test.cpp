@@ -106,6 +106,14 @@ TEST_F(RecordChecks, WantsANumberForEachValue) {
             "columns 31-48: a value without a field number\n");
 }
 
+TEST_F(RecordChecks, WantsDetailsLastWhereTheyAreJoinedToo) {
+  const std::string joined =
+      "PC40001F01A                 000000000000000100Repairs" + std::string(312 - 8 - 20 - 18 - 7, ' ');
+  EXPECT_EQ(Problems(Line(government_) + Line(joined) + Line(Ruled("PC40001F02000000000000000100"))),
+            "an F record behind a G record\n");
+  EXPECT_EQ(Problems(Line(joined)), "no T record before it; a payment with F or G records begins with one\n");
+}
+
 TEST_F(RecordChecks, WantsDetailsLast) {
   EXPECT_EQ(Problems(Line(government_) + Line(Ruled("PC40001G000000000000000100Repairs")) +
                      Line(Ruled("PC40001F01000000000000000100"))),

@@ -61,6 +61,16 @@ TEST_F(RecordLines, SeesARecordThatALineEndCutInTwo) {
             "2 lines, 4 problems\n");
 }
 
+TEST_F(RecordLines, FindsAByteOrderMarkOfAnyLine) {
+  EXPECT_EQ(Complaints(Line(record_) + "\xEF\xBB\xBF" + Line(Ruled("PC40002T"))),
+            "    ! a byte-order mark stands in front; record files are plain Windows-1252\n2 lines, 1 problem\n");
+}
+
+TEST_F(RecordLines, MissesTheRestOfATornLineEnd) {
+  EXPECT_EQ(Complaints('"' + record_ + "\"\r"),
+            "    ! no CR LF behind it; the file may have been cut off\n1 line, 1 problem\n");
+}
+
 TEST_F(RecordLines, KeepsQuotesInsideARecord) {
   const std::string quoting = Ruled("PC40001T                                Anne \"A\" Lee");
   Write("a.pc4", Line(quoting));

@@ -73,7 +73,50 @@ TEST_F(ShownJson, PlacesProblems) {
   EXPECT_EQ(records.at(0).at("fields").at(0).at("sense"), "wrong");
   EXPECT_EQ(records.at(1), Json::parse(R"({"line": 2, "kind": null, "seq": null, "length": 5, "text": "hello",
              "fields": [], "problems": [{"from": null, "to": null,
-             "text": "no record: the line begins with \"hello\", not with \"PC4\""}]})"));
+             "text": "no record: the line begins with \"hello\", not with \"PC4\""}],
+             "oddities": []})"));
+}
+
+TEST_F(ShownJson, TellsOdditiesFromProblems) {
+  const std::string refund = "PC40001F08-000000000000005000" + std::string(132, ' ');
+  const Json record = Shown(Line(government_) + Line(refund)).at("records").at(1);
+  EXPECT_EQ(record.at("length"), 161);
+  EXPECT_EQ(record.at("problems"), Json::array());
+  EXPECT_EQ(record.at("oddities"), Json::parse(R"([{"from": 11, "to": 29, "text":
+                "FieldValue: a minus sign and 18 digits take 1 column more than the field has; what follows stands as much further right"}])"));
+  EXPECT_EQ(record.at("fields").at(1), Json::parse(R"({"name": "FieldValue", "from": 11, "to": 29,
+                "text": "-000000000000005000", "sense": "digits", "meaning": "-50.00"})"));
+  EXPECT_EQ(record.at("fields").at(2).at("from"), 30);
+  EXPECT_EQ(Run("fiscalon show --json a.pc4").status, 0);
+}
+
+TEST_F(ShownJson, NamesTheFieldsOfEveryKind) {
+  // clang-format off
+  const Json records = Shown(Line(government_) +
+      Line(Ruled("PC40001G000000000000001250Late fee")) +
+      Line(Ruled("PC40002PNAME: ANNE LEE")) +
+      Line(Ruled("PC40003R20260615 000012345A-17                       20260616-000000500B")) +
+      Line(Ruled("PC40004I20260615000012345A-17         20260616000000500B"))).at("records");
+  // clang-format on
+  const auto field = [&](size_t record, size_t i) {
+    const Json& shown = records.at(record).at("fields").at(i);
+    return shown.at("name").get<std::string>() + " " + shown.at("sense").get<std::string>() + " " +
+           shown.at("meaning").get<std::string>();
+  };
+  EXPECT_EQ(field(1, 0), "Amount cents 12.50");
+  EXPECT_EQ(field(1, 1), "Details text Late fee");
+  EXPECT_EQ(field(2, 0), "Line text NAME: ANNE LEE");
+  EXPECT_EQ(field(3, 0), "InvoiceDate date 2026-06-15");
+  EXPECT_EQ(field(3, 1), "InvoiceAmount cents 123.45");
+  EXPECT_EQ(field(3, 2), "InvoiceNumber text A-17");
+  EXPECT_EQ(field(3, 3), "InvoiceDate date 2026-06-16");
+  EXPECT_EQ(field(3, 4), "InvoiceAmount cents -5.00");
+  EXPECT_EQ(field(3, 5), "InvoiceNumber text B");
+  EXPECT_EQ(field(4, 0), "Item1 text 20260615");
+  EXPECT_EQ(field(4, 1), "Amount cents 123.45");
+  EXPECT_EQ(field(4, 2), "Item2 text A-17");
+  EXPECT_EQ(field(4, 4), "Item1 text 20260616");
+  for (const Json& record : records) EXPECT_EQ(record.at("problems"), Json::array());
 }
 
 TEST_F(ShownJson, CarriesControlCharacters) {

@@ -103,6 +103,22 @@ TEST_F(ValidatePayment, ALineThatIsNoRecordIsNamed) {
   EXPECT_EQ(outcome.status, 2);
 }
 
+TEST_F(ValidatePayment, ALineThatIsFramedWronglyIsNamed) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"\xEF\xBB\xBFPC40001T\n", "1: a byte-order mark; record files have none"},
+      {"PC40001T\n\"PC40001F\n", "2: the quote in front has none behind; the line has 8 more characters"},
+      {"PC40001T\"\n", "1: the quote behind has none in front"},
+      {"PC40001T\n\nPC40001F\n", "2: an empty line"},
+      {std::string("PC40001T\0\n", 10), "1: a NUL byte in column 9"},
+  };
+  for (const auto& [bytes, problem] : rows) {
+    folder.Write("framed.pc4", bytes);
+    const Outcome outcome = Run("validate --screen 03 --amount 12345 framed.pc4");
+    EXPECT_EQ(outcome.err, "fiscalon: framed.pc4:" + problem + "\n");
+    EXPECT_EQ(outcome.status, 2);
+  }
+}
+
 TEST_F(ValidatePayment, BadUsageIsStatus2) {
   for (const char* arguments :
        {"validate", "validate --screen 03 good.pc4", "validate --amount 1 good.pc4", "validate --screen 03 --amount 1",

@@ -3,11 +3,11 @@
 #include <cstdint>
 
 #include "validation/expectation.h"
-#include "validation/plain_digits.h"
+#include "validation/quick_digits.h"
 
-/// Short cuts. Each looks at a value of 18 characters and gives the number that it writes down, or any other
-/// but `kNoDigits`, where the value passes all tests of its row at a glance. What a short cut does not
-/// recognise goes through the tests one by one.
+/// Quick tests. Each looks at a value of 18 characters and gives the number that it writes down, or any other but
+/// `kNoDigits`, where the value passes all tests of its row for sure. What a quick test does not recognise goes through
+/// the tests one by one.
 namespace fiscalon {
 
 /// The largest whole number that `Money` holds: more is no number in the sense of `IsNumeric`. A float holds
@@ -24,12 +24,12 @@ constexpr int DaysOf(int year, int month) {
   return kDaysOfMonth[month - 1] + (month == 2 && IsLeapYear(year) ? 1 : 0);
 }
 
-inline uint64_t PlainPayment(const char* value, const Expectation& expected) {
+inline uint64_t QuickPayment(const char* value, const Expectation& expected) {
   const uint64_t number = EighteenDigits(value);
   return number <= kLargestNumber && number == expected.paymentCents ? number : kNoDigits;
 }
 
-inline uint64_t PlainDate(const char* value, const Expectation& expected) {
+inline uint64_t QuickDate(const char* value, const Expectation& expected) {
   const uint64_t eight = LoadEight(value);
   if (LoadEight(value + 8) != InAllEight(' ') || value[16] != ' ' || value[17] != ' ' || !AreDigits(eight))
     return kNoDigits;
@@ -43,31 +43,31 @@ inline uint64_t PlainDate(const char* value, const Expectation& expected) {
              : kNoDigits;
 }
 
-inline uint64_t PlainWholeDollars(const char* value, const Expectation&) {
+inline uint64_t QuickWholeDollars(const char* value, const Expectation&) {
   const uint64_t number = EighteenDigits(value);
   return number <= INT32_MAX && number % 100 == 0 ? number : kNoDigits;
 }
 
-inline uint64_t PlainCount(const char* value, const Expectation&) {
+inline uint64_t QuickCount(const char* value, const Expectation&) {
   const uint64_t number = EighteenDigits(value);
   return number >= 1 && number <= kLargestNumber ? number : kNoDigits;
 }
 
-inline uint64_t PlainRemittanceType(const char* value, const Expectation&) {
+inline uint64_t QuickRemittanceType(const char* value, const Expectation&) {
   const uint64_t number = EighteenDigits(value);
   return number >= 1 && number <= 6 ? number : kNoDigits;
 }
 
-inline uint64_t PlainAmount(const char* value, const Expectation&) {
+inline uint64_t QuickAmount(const char* value, const Expectation&) {
   const uint64_t number = EighteenDigits(value);
   return number <= kLargestNumber ? number : kNoDigits;
 }
 
-inline uint64_t PlainlyUnused(const char* value, const Expectation&) {
+inline uint64_t QuickUnused(const char* value, const Expectation&) {
   return AreEighteen(value, ' ') || AreEighteen(value, '0') ? 0 : kNoDigits;
 }
 
-inline bool IsPlainPeriod(const char* periodDueDate, const JudgingDay& day) {
+inline bool IsQuickPeriod(const char* periodDueDate, const JudgingDay& day) {
   // As if it were the first of the month: two digits where the blanks stand.
   constexpr uint64_t kBlanks = uint64_t{0x2020} << 48;
   constexpr uint64_t kLastTwo = uint64_t{0xFFFF} << 48;

@@ -4,11 +4,15 @@
 #include <cstdint>
 #include <cstring>
 
-/// Short cuts over texts that hold nothing but digits, which is what nearly all fields of a good payment
-/// hold. They look at eight characters at a time, with plain 64-bit arithmetic.
+#include "core/records/field_values.h"
+
+/// Quick looks at texts that hold nothing but digits, which is what nearly all fields of a good payment hold: eight
+/// characters at a time, with 64-bit arithmetic alone.
 namespace fiscalon {
 
 inline constexpr uint64_t kNoDigits = UINT64_MAX;
+
+static_assert(kValueWidth == 18, "values are taken as eight characters, eight more and two");
 
 /// Eight characters as one number, the first in the lowest byte.
 inline uint64_t LoadEight(const char* text) {

@@ -1,0 +1,40 @@
+#include "core/found_records.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "core/boolean.h"
+#include "core/platform/code_page.h"
+#include "core/records/record_line.h"
+
+namespace fiscalon {
+namespace {
+
+std::string ContentOf(const std::string& name) {
+  std::ifstream file(std::filesystem::path(ToUtf8(name)), std::ios::binary);
+  // A folder opens like a file, but nothing can be read of it.
+  if (file.peek() == std::ifstream::traits_type::eof())
+    return {};
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace
+
+FoundRecords FindRecords(const Levyra& session) {
+  FoundRecords found;
+  if (session.WriteFile() != kTrue) {
+    if (session.PC4Records() != nullptr)
+      for (const PC4& member : *session.PC4Records()) found.records.push_back(member.Description());
+    return found;
+  }
+  const std::string content = ContentOf(session.GovFilename());
+  for (const RecordLine& line : RecordLinesOf(content)) {
+    found.records.emplace_back(line.record);
+    if (!found.foreignLine && !line.IsAsWritten())
+      found.foreignLine = line.bytes.substr(0, line.bytes.size() - (line.end == LineEnd::CrLf ? 2 : 0));
+  }
+  return found;
+}
+
+}  // namespace fiscalon
