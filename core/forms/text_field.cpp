@@ -98,9 +98,10 @@ void TextField::Text(std::string_view text) {
 void TextField::Edit(std::string text, Selection selection) {
   // An edit that puts text in leaves a caret; a selection is of what was there.
   Edited edited = {.text = std::move(text), .caret = selection.End()};
-  if (IsMultiLine()) {
+  const bool endsLines = edited.text.find('\r') != std::string::npos || edited.text.find('\n') != std::string::npos;
+  if (endsLines && IsMultiLine()) {
     edited = WithWholeLineEnds(edited);
-  } else {
+  } else if (endsLines) {
     const auto same = std::mismatch(text_.begin(), text_.end(), edited.text.begin(), edited.text.end()).first;
     const int insertedAt = std::min(selection_.start, static_cast<int>(same - text_.begin()));
     const Edited line = WithoutFurtherLines(edited, insertedAt);
