@@ -28,9 +28,12 @@ void Screen::Cancelled() {
   Hide();
 }
 
-void Screen::CancelOnClosing(CloseReason reason) {
-  if (reason == CloseReason::CloseBox || reason == CloseReason::SystemEnds || reason == CloseReason::TaskManager)
+bool Screen::CancelOnClosing(CloseReason reason) {
+  const bool cancels =
+      reason == CloseReason::CloseBox || reason == CloseReason::SystemEnds || reason == CloseReason::TaskManager;
+  if (cancels)
     Cancelled();
+  return cancels;
 }
 
 std::shared_ptr<PC4s> Screen::PC4Records() {

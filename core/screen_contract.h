@@ -96,8 +96,8 @@ class Screen : public Form {
   /// The end of Cancel, and of closing by the window, the system or the task manager.
   void Cancelled();
   /// What most screens do when the window closes: the close box, the end of the system and the task manager cancel,
-  /// other reasons do nothing.
-  void CancelOnClosing(CloseReason reason);
+  /// other reasons do nothing. Whether it was one of those three.
+  bool CancelOnClosing(CloseReason reason);
 
   /// OK of a form that one routine judges as a whole: where that answers true, the other writes the records, and the
   /// form is accepted. What fails leaves the handler.

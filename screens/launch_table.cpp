@@ -1,7 +1,9 @@
 #include <array>
 
 #include "core/launch_properties.h"
+#include "screens/federal/gst34.h"
 #include "screens/federal/source_deductions.h"
+#include "screens/general/alberta_finance.h"
 #include "screens/general/due_date_amount.h"
 #include "screens/quebec/source_deductions.h"
 
@@ -31,7 +33,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"04", "ShowIndividualForm",          "GOVINDIDUAL",              "Individual income tax: year of the instalment",
               kCommonOrder},
     LaunchRow{"05", "ShowGST34Form",               "GOVGST34",                 "GST/HST return of a registrant (GST34)",
-              kCommonOrder},
+              kCommonOrder, Make<GOVGST34>},
     LaunchRow{"06", "ShowGST58Form",               "GOVGST58",                 "GST remittance by category (GST58)",
               kCommonOrder},
     LaunchRow{"07", "ShowGenericForm",             "GENERICFORM",              "Any biller: period, due date and up to twelve coded items",
@@ -43,7 +45,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"11", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
               kCommonOrder},
     LaunchRow{"14", "ShowAlbertaRevenueForm",      "frmAlbertaRevenue",        "Alberta Finance: tax program and period",
-              kCommonOrder},
+              kCommonOrder, Make<frmAlbertaRevenue>},
     LaunchRow{"15", "ShowDueDateAmountForm",       "frmDueDateAmount",         "Any biller: end of the taxation year and amount payable",
               kWithCompCode, Make<frmDueDateAmount>},
     LaunchRow{"16", "ShowQue_Rev_QSTForm",         "frmQue_Rev_QST",           "Revenue Quebec: QST, or GST/HST, return",
