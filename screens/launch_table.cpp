@@ -3,6 +3,7 @@
 #include "core/launch_properties.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/general/instalments.h"
 #include "screens/quebec/source_deductions.h"
 
 namespace fiscalon {
@@ -49,7 +50,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"16", "ShowQue_Rev_QSTForm",         "frmQue_Rev_QST",           "Revenue Quebec: QST, or GST/HST, return",
               kWithCompCode},
     LaunchRow{"17", "ShowInstalmentForm",          "frmInstalments",           "Any biller: an instalment for a period",
-              kWithCompCode},
+              kWithCompCode, Make<frmInstalments>},
     LaunchRow{"18", "ShowQue_Rev_QSTGSTReturnForm","frmQue_Rev_QSTGSTComb",    "Revenue Quebec: combined GST/HST and QST return",
               kWithCompCode},
     LaunchRow{"19", "ShowQue_Rev_QSTGSTInstForm",  "frmQue_Rev_QSTGSTInst",    "Revenue Quebec: GST/HST and QST instalment",
