@@ -4,6 +4,7 @@
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
 #include "screens/general/instalments.h"
+#include "screens/quebec/qst_gst_instalment.h"
 #include "screens/quebec/source_deductions.h"
 
 namespace fiscalon {
@@ -54,7 +55,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"18", "ShowQue_Rev_QSTGSTReturnForm","frmQue_Rev_QSTGSTComb",    "Revenue Quebec: combined GST/HST and QST return",
               kWithCompCode},
     LaunchRow{"19", "ShowQue_Rev_QSTGSTInstForm",  "frmQue_Rev_QSTGSTInst",    "Revenue Quebec: GST/HST and QST instalment",
-              kWithCompCode},
+              kWithCompCode, Make<frmQue_Rev_QSTGSTInst>},
     LaunchRow{"20", "ShowQue_Rev_SourceDeductForm","frmQue_Rev_SourceDeduct",  "Revenue Quebec: source deductions by kind",
               kWithCompCode, Make<frmQue_Rev_SourceDeduct>, SetUpSourceDeduct},
     LaunchRow{"25", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: CSST payment",
