@@ -5,6 +5,9 @@
 #include "screens/federal/source_deductions.h"
 #include "screens/general/alberta_finance.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/general/instalments.h"
+#include "screens/quebec/csst_payments.h"
+#include "screens/quebec/qst_gst_instalment.h"
 #include "screens/quebec/source_deductions.h"
 
 namespace fiscalon {
@@ -17,6 +20,12 @@ std::shared_ptr<Screen> Make() {
 
 constexpr std::array kWithCompCode = {kCompName,    kPaidAmount, kPaidDate,  kEnterName, kEnterTitle,
                                       kGovFilename, kSeqNumber,  kAPHoldFlg, kCompCode,  kWriteFile};
+
+// clang-format off
+constexpr LaunchProperty kScreenType{"ScreenType", [](const Levyra&, std::string_view code, Screen& to) { static_cast<frmQue_Rev_CSST_Payments&>(to).ScreenType(code); }};
+// clang-format on
+constexpr std::array kWithScreenType = {kCompName,  kPaidAmount, kPaidDate, kEnterName, kEnterTitle, kGovFilename,
+                                        kSeqNumber, kAPHoldFlg,  kCompCode, kWriteFile, kScreenType};
 
 void SetUpSourceDeduct(Screen& screen) {
   static_cast<frmQue_Rev_SourceDeduct&>(screen).SetupForm();
@@ -51,19 +60,19 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"16", "ShowQue_Rev_QSTForm",         "frmQue_Rev_QST",           "Revenue Quebec: QST, or GST/HST, return",
               kWithCompCode},
     LaunchRow{"17", "ShowInstalmentForm",          "frmInstalments",           "Any biller: an instalment for a period",
-              kWithCompCode},
+              kWithCompCode, Make<frmInstalments>},
     LaunchRow{"18", "ShowQue_Rev_QSTGSTReturnForm","frmQue_Rev_QSTGSTComb",    "Revenue Quebec: combined GST/HST and QST return",
               kWithCompCode},
     LaunchRow{"19", "ShowQue_Rev_QSTGSTInstForm",  "frmQue_Rev_QSTGSTInst",    "Revenue Quebec: GST/HST and QST instalment",
-              kWithCompCode},
+              kWithCompCode, Make<frmQue_Rev_QSTGSTInst>},
     LaunchRow{"20", "ShowQue_Rev_SourceDeductForm","frmQue_Rev_SourceDeduct",  "Revenue Quebec: source deductions by kind",
               kWithCompCode, Make<frmQue_Rev_SourceDeduct>, SetUpSourceDeduct},
     LaunchRow{"25", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: CSST payment",
-              kWithCompCode},
-    LaunchRow{"26", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: CSST payment",
-              kWithCompCode},
-    LaunchRow{"27", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: CSST payment",
-              kWithCompCode},
+              kWithScreenType, Make<frmQue_Rev_CSST_Payments>},
+    LaunchRow{"26", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: end of a remittance period",
+              kWithScreenType, Make<frmQue_Rev_CSST_Payments>},
+    LaunchRow{"27", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: month for which non-resident tax was withheld",
+              kWithScreenType, Make<frmQue_Rev_CSST_Payments>},
     LaunchRow{"28", "ShowQue_Rev_GSTForm",         "frmQue_Rev_GST",           "Revenue Quebec: GST/HST return",
               kWithCompCode},
 };

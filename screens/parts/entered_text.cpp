@@ -1,6 +1,7 @@
 #include "screens/parts/entered_text.h"
 
 #include "core/resume_next.h"
+#include "core/value_routines.h"
 #include "core/values/leading_number.h"
 #include "core/values/text.h"
 
@@ -21,6 +22,12 @@ Money AmountIn(std::string_view text) {
   Money amount;
   ResumeNext::Run([&] { amount = Money::FromDouble(LeadingNumber(text)); });
   return amount;
+}
+
+bool IsDate(std::string_view text) {
+  constexpr size_t kDateLength = 8;
+  return !ResumeNext::Fails(
+      [&] { return text.size() >= kDateLength && FormatDate(DateFromYYYYMMDD(text), "YYYYMMDD") == text; });
 }
 
 }  // namespace fiscalon

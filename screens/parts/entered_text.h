@@ -17,4 +17,7 @@ const std::string& TrimText(TextField& field);
 double NumberIn(std::string_view text);
 Money AmountIn(std::string_view text);
 
+/// Whether the text is a date of the calendar, in eight digits. One that can't be made is none.
+bool IsDate(std::string_view text);
+
 }  // namespace fiscalon

@@ -4,6 +4,7 @@
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/calendar.h"
+#include "screens/parts/entered_text.h"
 
 namespace fiscalon {
 namespace {
@@ -22,11 +23,6 @@ void AddHint(std::optional<Label>& hint, Form& form, const std::string& name) {
 
 std::string YYYYMMDD(const Date& date) {
   return FormatDate(date, "YYYYMMDD");
-}
-
-/// Whether the text is a date of the calendar.
-bool IsDate(std::string_view text) {
-  return !ResumeNext::Fails([&] { return text.size() >= kDateLength && YYYYMMDD(DateFromYYYYMMDD(text)) == text; });
 }
 
 /// Whether two dates, the other one where it is complete, are in order. One that can't be made is not.

@@ -96,6 +96,14 @@ TEST_F(LaunchTableTest, BillerCodeFollowsTheHoldFlagWhereAFormTakesIt) {
   }
 }
 
+TEST_F(LaunchTableTest, ScreenCodeFollowsAllElseWhereOneFormServesThreeCodes) {
+  for (const std::string_view code : {"25", "26", "27"}) {
+    EXPECT_EQ(OrderOf(code), (Order{"CompName", "PaidAmount", "PaidDate", "EnterName", "EnterTitle", "GovFilename",
+                                    "SeqNumber", "APHoldFlg", "CompCode", "WriteFile", "ScreenType"}))
+        << code;
+  }
+}
+
 TEST_F(LaunchTableTest, EachPropertyReachesTheForm) {
   Levyra session;
   session.CompName("Summit Levies");

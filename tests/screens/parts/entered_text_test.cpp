@@ -25,5 +25,11 @@ TEST_F(EnteredText, NumbersBeyondTheirTypesCountAsZero) {
   EXPECT_EQ(AmountIn("12.5"), Money::FromUnits(125000));
 }
 
+TEST_F(EnteredText, IsADateByTheCalendarInEightDigits) {
+  for (const char* date : {"20260615", "20240229", "19000101", "99991231"}) EXPECT_TRUE(IsDate(date)) << date;
+  for (const char* none : {"", "2026061", "202606150", "20260229", "20261301", "99991301", "2026 615", "2026AB15"})
+    EXPECT_FALSE(IsDate(none)) << none;
+}
+
 }  // namespace
 }  // namespace fiscalon
