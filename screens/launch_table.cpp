@@ -3,6 +3,7 @@
 #include "core/launch_properties.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/quebec/qst_return.h"
 #include "screens/quebec/source_deductions.h"
 
 namespace fiscalon {
@@ -47,7 +48,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"15", "ShowDueDateAmountForm",       "frmDueDateAmount",         "Any biller: end of the taxation year and amount payable",
               kWithCompCode, Make<frmDueDateAmount>},
     LaunchRow{"16", "ShowQue_Rev_QSTForm",         "frmQue_Rev_QST",           "Revenue Quebec: QST, or GST/HST, return",
-              kWithCompCode},
+              kWithCompCode, Make<frmQue_Rev_QST>},
     LaunchRow{"17", "ShowInstalmentForm",          "frmInstalments",           "Any biller: an instalment for a period",
               kWithCompCode},
     LaunchRow{"18", "ShowQue_Rev_QSTGSTReturnForm","frmQue_Rev_QSTGSTComb",    "Revenue Quebec: combined GST/HST and QST return",
