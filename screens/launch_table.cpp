@@ -3,6 +3,7 @@
 #include "core/launch_properties.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/quebec/gst_return.h"
 #include "screens/quebec/qst_return.h"
 #include "screens/quebec/source_deductions.h"
 
@@ -64,7 +65,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"27", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: CSST payment",
               kWithCompCode},
     LaunchRow{"28", "ShowQue_Rev_GSTForm",         "frmQue_Rev_GST",           "Revenue Quebec: GST/HST return",
-              kWithCompCode},
+              kWithCompCode, Make<frmQue_Rev_GST>},
 };
 // clang-format on
 
