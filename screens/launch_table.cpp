@@ -3,6 +3,7 @@
 #include "core/launch_properties.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/quebec/combined_return.h"
 #include "screens/quebec/gst_return.h"
 #include "screens/quebec/qst_return.h"
 #include "screens/quebec/source_deductions.h"
@@ -53,7 +54,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"17", "ShowInstalmentForm",          "frmInstalments",           "Any biller: an instalment for a period",
               kWithCompCode},
     LaunchRow{"18", "ShowQue_Rev_QSTGSTReturnForm","frmQue_Rev_QSTGSTComb",    "Revenue Quebec: combined GST/HST and QST return",
-              kWithCompCode},
+              kWithCompCode, Make<frmQue_Rev_QSTGSTComb>},
     LaunchRow{"19", "ShowQue_Rev_QSTGSTInstForm",  "frmQue_Rev_QSTGSTInst",    "Revenue Quebec: GST/HST and QST instalment",
               kWithCompCode},
     LaunchRow{"20", "ShowQue_Rev_SourceDeductForm","frmQue_Rev_SourceDeduct",  "Revenue Quebec: source deductions by kind",
