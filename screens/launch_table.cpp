@@ -6,8 +6,11 @@
 #include "screens/general/alberta_finance.h"
 #include "screens/general/due_date_amount.h"
 #include "screens/general/instalments.h"
+#include "screens/quebec/combined_return.h"
 #include "screens/quebec/csst_payments.h"
+#include "screens/quebec/gst_return.h"
 #include "screens/quebec/qst_gst_instalment.h"
+#include "screens/quebec/qst_return.h"
 #include "screens/quebec/source_deductions.h"
 
 namespace fiscalon {
@@ -58,11 +61,11 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"15", "ShowDueDateAmountForm",       "frmDueDateAmount",         "Any biller: end of the taxation year and amount payable",
               kWithCompCode, Make<frmDueDateAmount>},
     LaunchRow{"16", "ShowQue_Rev_QSTForm",         "frmQue_Rev_QST",           "Revenue Quebec: QST, or GST/HST, return",
-              kWithCompCode},
+              kWithCompCode, Make<frmQue_Rev_QST>},
     LaunchRow{"17", "ShowInstalmentForm",          "frmInstalments",           "Any biller: an instalment for a period",
               kWithCompCode, Make<frmInstalments>},
     LaunchRow{"18", "ShowQue_Rev_QSTGSTReturnForm","frmQue_Rev_QSTGSTComb",    "Revenue Quebec: combined GST/HST and QST return",
-              kWithCompCode},
+              kWithCompCode, Make<frmQue_Rev_QSTGSTComb>},
     LaunchRow{"19", "ShowQue_Rev_QSTGSTInstForm",  "frmQue_Rev_QSTGSTInst",    "Revenue Quebec: GST/HST and QST instalment",
               kWithCompCode, Make<frmQue_Rev_QSTGSTInst>},
     LaunchRow{"20", "ShowQue_Rev_SourceDeductForm","frmQue_Rev_SourceDeduct",  "Revenue Quebec: source deductions by kind",
@@ -74,7 +77,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"27", "ShowQue_Rev_CSST_Payments",   "frmQue_Rev_CSST_Payments", "Revenue Quebec: month for which non-resident tax was withheld",
               kWithScreenType, Make<frmQue_Rev_CSST_Payments>},
     LaunchRow{"28", "ShowQue_Rev_GSTForm",         "frmQue_Rev_GST",           "Revenue Quebec: GST/HST return",
-              kWithCompCode},
+              kWithCompCode, Make<frmQue_Rev_GST>},
 };
 // clang-format on
 

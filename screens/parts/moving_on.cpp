@@ -17,6 +17,10 @@ void FocusIfAble(Control& control) {
     control.SetFocus();
 }
 
+Asked<Control*> IfVisible(Control& control, Control& otherwise) {
+  return [&control, &otherwise] { return control.Visible() ? &control : &otherwise; };
+}
+
 void MoveOnWhenFull(const TextField& field, Control& next) {
   if (static_cast<int>(Trim(field.Text()).size()) == field.MaxLength() && next.Enabled())
     next.SetFocus();

@@ -12,6 +12,9 @@ bool FocusIsOn(const Control& control);
 /// Where the focus goes when a form is activated: to a control that is enabled and visible.
 void FocusIfAble(Control& control);
 
+/// One control or, while that is hidden, another one: where the focus goes next.
+Asked<Control*> IfVisible(Control& control, Control& otherwise);
+
 /// Moves the focus on when a field holds as many characters as it takes, blanks around them not counted, and the next
 /// control is enabled.
 void MoveOnWhenFull(const TextField& field, Control& next);

@@ -7,6 +7,7 @@
 #include "screens/parts/calculated_total.h"
 #include "screens/parts/digits_entry.h"
 #include "screens/parts/enter_as_tab.h"
+#include "screens/parts/moving_on.h"
 #include "screens/parts/payment_head.h"
 
 namespace fiscalon {
@@ -42,7 +43,7 @@ class frmQue_Rev_SourceDeduct final : public Screen {
                                         {.tabIndex = 4, .name = "QPIP premiums", .next = [this] { return BehindQPIP(); }}};
   Label           lblCSST              {*this, "lblCSST",              {.caption = "CSST payments:"}};
   AmountEntry     txtCSST              {*this, "txtCSST",              amounts,
-                                        {.tabIndex = 5, .name = "CSST payments", .next = [this] { return BehindCSST(); }}};
+                                        {.tabIndex = 5, .name = "CSST payments", .next = IfVisible(cmbRemittanceType, cmdOK)}};
   Label           lblRemittanceType    {*this, "lblRemittanceType",    {.caption = "Remittance Type:"}};
   DropDownList    cmbRemittanceType    {*this, "cmbRemittanceType",    {.tabIndex = 6},
                                         {.click = On(&Self::cmbRemittanceType_Click)}};
@@ -70,7 +71,6 @@ class frmQue_Rev_SourceDeduct final : public Screen {
   void Form_QueryUnload(bool& /*cancel*/, CloseReason reason) override { CancelOnClosing(reason); }
   void txtRemittancePeriod_LostFocus();
   Control* BehindQPIP() { return txtCSST.Enabled() && !txtCSST.Locked() ? static_cast<Control*>(&txtCSST) : &cmdOK; }
-  Control* BehindCSST() { return cmbRemittanceType.Visible() ? static_cast<Control*>(&cmbRemittanceType) : &cmdOK; }
   void cmbRemittanceType_Click();
 
   void CheckValues(AmountEntry& box);

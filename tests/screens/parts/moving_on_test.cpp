@@ -40,6 +40,13 @@ TEST_F(MovingOn, FocusGoesToAControlThatIsEnabledAndVisible) {
   });
 }
 
+TEST_F(MovingOn, TheNextControlIsAnotherOneWhileItIsHidden) {
+  const Asked<Control*> next = IfVisible(form.txtB, form.txtC);
+  EXPECT_EQ(next(), &form.txtB);
+  form.txtB.Visible(false);
+  EXPECT_EQ(next(), &form.txtC);
+}
+
 TEST_F(MovingOn, FullFieldsMoveTheFocusOn) {
   WhileUp([&](FormUser&) {
     for (const char* notFull : {"12", "1234", "12 "}) {
