@@ -1,6 +1,7 @@
 #include <array>
 
 #include "core/launch_properties.h"
+#include "screens/federal/individual_tax.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
 #include "screens/quebec/source_deductions.h"
@@ -29,7 +30,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"03", "ShowSourceDeductionForm",     "GOVSOURCEDEDUCTION",       "Federal source deductions: gross payroll, employees, end of period",
               kCommonOrder, Make<GOVSOURCEDEDUCTION>},
     LaunchRow{"04", "ShowIndividualForm",          "GOVINDIDUAL",              "Individual income tax: year of the instalment",
-              kCommonOrder},
+              kCommonOrder, Make<GOVINDIDUAL>},
     LaunchRow{"05", "ShowGST34Form",               "GOVGST34",                 "GST/HST return of a registrant (GST34)",
               kCommonOrder},
     LaunchRow{"06", "ShowGST58Form",               "GOVGST58",                 "GST remittance by category (GST58)",
