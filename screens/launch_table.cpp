@@ -1,6 +1,7 @@
 #include <array>
 
 #include "core/launch_properties.h"
+#include "screens/federal/assessment.h"
 #include "screens/federal/individual_tax.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
@@ -24,7 +25,7 @@ void SetUpSourceDeduct(Screen& screen) {
 // clang-format off
 constexpr std::array kLaunchTable = {
     LaunchRow{"01", "ShowAssessmentForm",          "Assessment",               "Workers' compensation: period, classifications and assessments",
-              kCommonOrder},
+              kCommonOrder, Make<Assessment>},
     LaunchRow{"02", "ShowCorpIncomeForm",          "GOVCORPINCOME",            "Corporate income tax: amounts owing or an instalment (RC98, RC99, RC100)",
               kCommonOrder},
     LaunchRow{"03", "ShowSourceDeductionForm",     "GOVSOURCEDEDUCTION",       "Federal source deductions: gross payroll, employees, end of period",
