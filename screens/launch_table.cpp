@@ -1,7 +1,9 @@
 #include <array>
 
 #include "core/launch_properties.h"
+#include "screens/federal/assessment.h"
 #include "screens/federal/gst34.h"
+#include "screens/federal/individual_tax.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/alberta_finance.h"
 #include "screens/general/due_date_amount.h"
@@ -37,13 +39,13 @@ void SetUpSourceDeduct(Screen& screen) {
 // clang-format off
 constexpr std::array kLaunchTable = {
     LaunchRow{"01", "ShowAssessmentForm",          "Assessment",               "Workers' compensation: period, classifications and assessments",
-              kCommonOrder},
+              kCommonOrder, Make<Assessment>},
     LaunchRow{"02", "ShowCorpIncomeForm",          "GOVCORPINCOME",            "Corporate income tax: amounts owing or an instalment (RC98, RC99, RC100)",
               kCommonOrder},
     LaunchRow{"03", "ShowSourceDeductionForm",     "GOVSOURCEDEDUCTION",       "Federal source deductions: gross payroll, employees, end of period",
               kCommonOrder, Make<GOVSOURCEDEDUCTION>},
     LaunchRow{"04", "ShowIndividualForm",          "GOVINDIDUAL",              "Individual income tax: year of the instalment",
-              kCommonOrder},
+              kCommonOrder, Make<GOVINDIDUAL>},
     LaunchRow{"05", "ShowGST34Form",               "GOVGST34",                 "GST/HST return of a registrant (GST34)",
               kCommonOrder, Make<GOVGST34>},
     LaunchRow{"06", "ShowGST58Form",               "GOVGST58",                 "GST remittance by category (GST58)",

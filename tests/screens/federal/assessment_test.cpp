@@ -1,0 +1,447 @@
+#include "screens/federal/assessment.h"
+
+#include <gmock/gmock.h>
+
+#include "core/records/record_reader.h"
+#include "tests/support/memory_files.h"
+#include "tests/support/ok_path.h"
+#include "tests/support/raises.h"
+#include "tests/support/random_acts.h"
+#include "tests/support/ruled_record.h"
+#include "tests/support/temporary_folder.h"
+
+namespace fiscalon {
+namespace {
+
+using testing::ElementsAre;
+using testing::MatchesRegex;
+
+constexpr const char* kAskMonth = "Please enter the month for the start of the period.";
+constexpr const char* kAskYear = "Please enter year field.";
+constexpr const char* kBadYear =
+    "Invalid year value, please re-enter the year value or check your PC to make sure that it has the correct date.";
+constexpr const char* kMonthAhead =
+    "Invalid month value, please re-enter or check your PC to make sure that it has the correct date.";
+constexpr const char* kBadQuarter = "Invalid month value, please re-enter.";
+constexpr const char* kDuplicate = "Classification number is duplicated.";
+constexpr const char* kBelowZero = "Assessment amount cannot be less than 0.";
+constexpr const char* kTooLarge = "Assessment amount cannot be greater than\n$9,999,999.99";
+constexpr const char* kAskClass = "Please enter classification number.";
+constexpr const char* kBadClass = "Invalid classification number.";
+
+/// April to June 2026, one pair.
+void FillIn(Assessment& form, UserDriver& user) {
+  user.PressMouse(form.WCBperiodfrommm);
+  Type(user, "04062026");
+  Type(user, "1234567\r12345\r");
+}
+
+/// Puts months into the period. A full month passes the focus on; a press on Cancel takes it out of the period again
+/// without a check.
+void PutMonths(Assessment& form, std::string_view from, std::string_view to) {
+  form.WCBperiodfrommm.Text(from);
+  form.WCBperiodtomm.Text(to);
+  form.Acts().Press(form.Command3D5);
+}
+
+// Two tests of OK look at months of last year behind February, and are not among the rows: that year is refused before.
+class AssessmentOkPath : public OkPathTest<Assessment> {
+ protected:
+  AssessmentOkPath() { session.PaidAmount("12345"); }
+
+  std::string Code() const override { return "01"; }
+  void FillValid(Assessment& form, UserDriver& user) const override { FillIn(form, user); }
+  Button& OkButton(Assessment& form) const override { return form.Command3D6; }
+
+  const std::vector<Row>& Rows() const override {
+    static const std::vector<Row> kRows = {
+        {.name = "start month is missing",
+         .spoil = [](Assessment& form) { form.WCBperiodfrommm.Text(""); },
+         .message = kAskMonth,
+         .focus = "WCBperiodfrommm"},
+        {.name = "start month is none",
+         .spoil = [](Assessment& form) { form.WCBperiodfrommm.Text("0"); },
+         .focus = "WCBperiodfrommm"},
+        {.name = "end month is missing",
+         .spoil = [](Assessment& form) { form.WCBperiodtomm.Text(""); },
+         .message = kAskMonth,
+         .focus = "WCBperiodtomm"},
+        {.name = "end month is none",
+         .spoil = [](Assessment& form) { form.WCBperiodtomm.Text("0"); },
+         .focus = "WCBperiodtomm"},
+        {.name = "year is missing",
+         .spoil = [](Assessment& form) { form.WCBperiodyyyy.Text(""); },
+         .message = kAskYear,
+         .focus = "WCBperiodyyyy",
+         .style = MessageStyle::Plain},
+        {.name = "year is neither this one nor the last",
+         .spoil = [](Assessment& form) { form.WCBperiodyyyy.Text("2024"); },
+         .message = kBadYear,
+         .focus = "WCBperiodyyyy"},
+        {.name = "year is the last one in June",
+         .spoil = [](Assessment& form) { form.WCBperiodyyyy.Text("2025"); },
+         .message = kBadYear,
+         .focus = "WCBperiodyyyy"},
+        {.name = "one month that lies ahead",
+         .spoil = [](Assessment& form) { PutMonths(form, "07", "07"); },
+         .message = kMonthAhead,
+         .focus = "WCBperiodfrommm"},
+        {.name = "quarter of two months",
+         .spoil = [](Assessment& form) { PutMonths(form, "04", "05"); },
+         .message = kBadQuarter,
+         .focus = "WCBperiodtomm"},
+        {.name = "quarter that ends too far ahead",
+         .spoil = [](Assessment& form) { PutMonths(form, "07", "09"); },
+         .message = kBadQuarter,
+         .focus = "WCBperiodtomm"},
+        {.name = "no assessment",
+         .spoil = [](Assessment& form) { form.WCBassessment[0].Text(""); },
+         .focus = "WCBassessment(0)"},
+        {.name = "classification stands twice",
+         .spoil =
+             [](Assessment& form) {
+               form.WCBclass[0].Text("1234567");
+               form.WCBclass[1].Text("1234567");
+             },
+         .message = kDuplicate,
+         .focus = "WCBclass(1)"},
+        {.name = "assessment is below zero",
+         .spoil = [](Assessment& form) { form.WCBassessment[0].Text("-5"); },
+         .message = kBelowZero,
+         .focus = "WCBassessment(0)"},
+        {.name = "assessment is too large",
+         .spoil = [](Assessment& form) { form.WCBassessment[0].Text("10000000.00"); },
+         .message = kTooLarge,
+         .focus = "WCBassessment(0)"},
+        {.name = "classification is missing",
+         .spoil = [](Assessment& form) { form.WCBclass[0].Text(""); },
+         .message = kAskClass,
+         .focus = "WCBclass(0)"},
+        {.name = "classification is short",
+         .spoil = [](Assessment& form) { form.WCBclass[0].Text("123456"); },
+         .message = kBadClass,
+         .focus = "WCBclass(0)"},
+    };
+    return kRows;
+  }
+};
+
+TEST_F(AssessmentOkPath, EachRowRefusesWithItsMessageAndFocus) {
+  ExpectEachRowRefuses();
+}
+
+TEST_F(AssessmentOkPath, EachRowIsMetBeforeEveryLaterRow) {
+  ExpectEachRowIsMetBeforeLaterOnes();
+}
+
+TEST_F(AssessmentOkPath, TheRowsAreAllThereInOrder) {
+  EXPECT_THAT(MessagesWhileMending(),
+              ElementsAre(kAskMonth, "", kAskMonth, "", kAskYear, kBadYear, kBadYear, kMonthAhead, kBadQuarter,
+                          kBadQuarter, "", kDuplicate, kBelowZero, kTooLarge, kAskClass, kBadClass));
+}
+
+TEST_F(AssessmentOkPath, AcceptsAValidForm) {
+  ExpectAValidFormIsAccepted();
+}
+
+class AssessmentRecords : public ScreenTest {
+ protected:
+  AssessmentRecords() {
+    session.SeqNumber("0001");
+    session.PaidAmount("12345");
+    session.EnterName("Jane Doe");
+    session.EnterTitle("Clerk");
+  }
+
+  bool EnterAndPressOk() {
+    return Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+      FillIn(form, user);
+      user.Click(form.Command3D6);
+    });
+  }
+};
+
+// clang-format off
+const std::string kRecordT =
+    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
+    "PC40001T2026040120260630                Jane Doe                      Clerk                         ";
+const std::string kRecordF =
+    // head  |classification      |assessment          |nothing             |nothing             |
+    "PC40001F011234567           02000000000000012345                                        ";
+// clang-format on
+
+TEST_F(AssessmentRecords, AreOneGovernmentAndOneFreeFormatRecordForAPair) {
+  EXPECT_TRUE(EnterAndPressOk());
+  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
+}
+
+TEST_F(AssessmentRecords, HoldTwoPairsEach) {
+  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    user.PressMouse(form.WCBperiodfrommm);
+    Type(user, "04062026");
+    Type(user, "1000001\r100\r1000002\r200\r1000003\r300\r1000004\r400\r1000005\r500\r1000006\r600\r");
+    EXPECT_EQ(user.FocusName(), "Command3D6");
+    user.Click(form.Command3D6);
+  }));
+  EXPECT_THAT(
+      Records(),
+      ElementsAre(Ruled(kRecordT),
+                  // head  |classification      |assessment          |classification      |assessment          |
+                  Ruled("PC40001F011000001           02000000000000000100031000002           04000000000000000200"),
+                  Ruled("PC40001F051000003           06000000000000000300071000004           08000000000000000400"),
+                  Ruled("PC40001F091000005           10000000000000000500111000006           12000000000000000600")));
+}
+
+TEST_F(AssessmentRecords, SkipAPairWithoutAnAssessment) {
+  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    FillIn(form, user);
+    form.WCBclass[1].Text("123456");
+    form.WCBclass[3].Text("1000004");
+    form.WCBassessment[3].Text("4.00");
+    user.Click(form.Command3D6);
+  }));
+  EXPECT_THAT(
+      Records(),
+      ElementsAre(Ruled(kRecordT),
+                  // head  |classification      |assessment          |classification      |assessment          |
+                  Ruled("PC40001F011234567           02000000000000012345071000004           08000000000000000400")));
+}
+
+TEST_F(AssessmentRecords, AreMadeOfTrimmedEntries) {
+  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    FillIn(form, user);
+    form.WCBclass[0].Text(" 1234567 ");
+    form.WCBassessment[0].Text(" 123.45 ");
+    user.Click(form.Command3D6);
+  }));
+  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
+}
+
+TEST_F(AssessmentRecords, TakeTheMonthsAndTheYearTrimmed) {
+  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    FillIn(form, user);
+    PutMonths(form, " 04 ", " 06 ");
+    form.WCBperiodyyyy.Text(" 2026 ");
+    user.Click(form.Command3D6);
+  }));
+  EXPECT_EQ(Records()[0], Ruled(kRecordT));
+}
+
+// The tests read the number at the start of the text; the record takes the whole text, and with it the sign behind.
+TEST_F(AssessmentRecords, AreAColumnLongerForASignBehindAnAmount) {
+  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    FillIn(form, user);
+    form.WCBassessment[0].Text("5.00-");
+    form.WCBclass[1].Text("7654321");
+    form.WCBassessment[1].Text("6.00");
+    user.Click(form.Command3D6);
+  }));
+  ASSERT_EQ(Records().size(), 2U);
+  EXPECT_EQ(Records()[1],
+            // head  |classification      |assessment, one too many  |classification      |assessment          |
+            Ruled("PC40001F011234567           02-000000000000000500037654321           04000000000000000600") + ' ');
+}
+
+TEST_F(AssessmentRecords, AreQuotedLinesInTheFile) {
+  const TemporaryFolder folder;
+  session.WriteFile(kTrue);
+  session.GovFilename(folder.Path("payment.pc4"));
+  EXPECT_TRUE(EnterAndPressOk());
+  EXPECT_EQ(folder.Read("payment.pc4"), '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF) + "\"\r\n");
+  EXPECT_EQ(session.PC4Records(), nullptr);
+}
+
+TEST_F(AssessmentRecords, TakeANameOf30AndATitleOf20) {
+  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
+  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
+  EXPECT_TRUE(EnterAndPressOk());
+  EXPECT_EQ(Records()[0],
+            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
+            Ruled("PC40001T2026040120260630                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
+}
+
+TEST_F(AssessmentRecords, AreNotMadeForANameOf31) {
+  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
+  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
+  EXPECT_EQ(session.PC4Records(), nullptr);
+}
+
+TEST_F(AssessmentRecords, AreNotMadeForATitleOf21) {
+  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
+  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
+  EXPECT_EQ(session.PC4Records(), nullptr);
+}
+
+TEST_F(AssessmentRecords, FailOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
+  const auto files = std::make_shared<MemoryFiles>();
+  files->printsLeft = 1;
+  TheModule().files = files;
+  session.WriteFile(kTrue);
+  session.GovFilename("payment.pc4");
+  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
+  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
+  // The form is still loaded behind the error.
+  EXPECT_EQ(files->openFiles, 1);
+  Show<Assessment>("01", [](Assessment& form, UserDriver& user) { user.Click(form.Command3D5); });
+  EXPECT_EQ(files->openFiles, 0);
+}
+
+TEST_F(AssessmentRecords, AreReadBackAsTheyWereWritten) {
+  EXPECT_TRUE(EnterAndPressOk());
+  clsPC4GovFormats government;
+  clsPC4FreeFormats free;
+  CutRecords(*session.PC4Records(), government, free);
+  ASSERT_EQ(government.Count(), 1);
+  EXPECT_EQ(government.Item(1).PeriodStartDate(), "20260401");
+  EXPECT_EQ(government.Item(1).PeriodEndDate(), "20260630");
+  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
+  EXPECT_EQ(government.Item(1).Filler1(), "        ");
+  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
+  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
+  EXPECT_EQ(government.Item(1).Filler2(), "          ");
+  ASSERT_EQ(free.Count(), 4);
+  EXPECT_EQ(free.Item(1).FieldNum() + free.Item(1).FieldValue(), "011234567           ");
+  EXPECT_EQ(free.Item(2).FieldNum() + free.Item(2).FieldValue(), "02000000000000012345");
+  EXPECT_EQ(free.Item(3).FieldNum() + free.Item(3).FieldValue(), "                    ");
+  EXPECT_EQ(free.Item(4).FieldNum() + free.Item(4).FieldValue(), "                    ");
+}
+
+TEST_F(AssessmentRecords, OfALaterLaunchStandInTheCollectionOfTheFirst) {
+  EXPECT_TRUE(EnterAndPressOk());
+  const std::shared_ptr<PC4s> first = session.PC4Records();
+  session.SeqNumber("0002");
+  EXPECT_TRUE(EnterAndPressOk());
+  EXPECT_EQ(session.PC4Records(), first);
+  ASSERT_EQ(first->Count(), 2);
+  EXPECT_EQ(first->Item(1).Description().substr(3, 4), "0002");
+}
+
+class AssessmentForm : public ScreenTest {};
+
+TEST_F(AssessmentForm, FieldsAreAsLongAsTheirEntriesAndNoButtonIsForEscape) {
+  const Assessment form;
+  EXPECT_EQ(form.WCBperiodfrommm.MaxLength(), 2);
+  EXPECT_EQ(form.WCBperiodtomm.MaxLength(), 2);
+  EXPECT_EQ(form.WCBperiodyyyy.MaxLength(), 4);
+  EXPECT_EQ(form.WCBclass.Size(), 6);
+  EXPECT_EQ(form.WCBassessment.Size(), 6);
+  for (const TextField& number : form.WCBclass) EXPECT_EQ(number.MaxLength(), 18) << number.Name();
+  for (const TextField& amount : form.WCBassessment) EXPECT_EQ(amount.MaxLength(), 10) << amount.Name();
+  for (const Button* button : form.FormLayout().buttons) EXPECT_FALSE(button->Designed().cancel) << button->Name();
+}
+
+TEST_F(AssessmentForm, PairsAreNumberedThroughInTheirCaptions) {
+  const Assessment form;
+  std::vector<std::string> captions;
+  for (int i = 0; i < Assessment::kPairs; ++i) {
+    captions.push_back(form.ClassLabel[i].Designed().caption);
+    captions.push_back(form.AssessmentLabel[i].Designed().caption);
+  }
+  EXPECT_THAT(captions, ElementsAre("01 Classification", "02 Assessment", "03 Classification", "04 Assessment",
+                                    "05 Classification", "06 Assessment", "07 Classification", "08 Assessment",
+                                    "09 Classification", "10 Assessment", "11 Classification", "12 Assessment"));
+}
+
+TEST_F(AssessmentForm, FullYearKeepsTheFocusWhereTheFirstClassificationIsDisabled) {
+  Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    form.WCBclass[0].Enabled(false);
+    user.PressMouse(form.WCBperiodyyyy);
+    Type(user, "2026");
+    EXPECT_EQ(user.FocusName(), "WCBperiodyyyy");
+  });
+}
+
+TEST_F(AssessmentForm, EnterInAYearOfFiveDigitsKeepsTheFocus) {
+  Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    user.PressMouse(form.WCBperiodyyyy);
+    form.WCBperiodyyyy.Text("20261");
+    Type(user, "\r");
+    EXPECT_EQ(user.FocusName(), "WCBperiodyyyy");
+    EXPECT_EQ(user.Text(form.WCBperiodyyyy), "20261");
+  });
+}
+
+TEST_F(AssessmentForm, TickingTheDetailsMovesNoFocusWhereThePeriodIsClosed) {
+  Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    form.WCBperiodfrommm.Enabled(false);
+    user.Click(form.WCBstatementonly[0]);
+    user.Click(form.WCBstatementonly[0]);
+    EXPECT_TRUE(form.WCBstatementonly[1].Value());
+    EXPECT_EQ(user.FocusName(), "WCBstatementonly(0)");
+    form.WCBperiodfrommm.Enabled(true);
+    form.WCBperiodfrommm.Visible(false);
+    user.Click(form.WCBstatementonly[0]);
+    user.Click(form.WCBstatementonly[0]);
+    EXPECT_TRUE(form.WCBstatementonly[1].Value());
+    EXPECT_EQ(user.FocusName(), "WCBstatementonly(0)");
+  });
+}
+
+TEST_F(AssessmentForm, CheckBoxesAreOppositeWhicheverIsSetByCode) {
+  Show<Assessment>("01", [](Assessment& form, UserDriver&) {
+    for (const int changed : {0, 1, 1, 0}) {
+      form.WCBstatementonly[changed].Value(!form.WCBstatementonly[changed].Value());
+      EXPECT_NE(form.WCBstatementonly[0].Value(), form.WCBstatementonly[1].Value());
+    }
+  });
+}
+
+TEST_F(AssessmentForm, StatementAloneHandsOverAnEmptyCollection) {
+  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    user.Click(form.WCBstatementonly[0]);
+    user.Click(form.Command3D6);
+  }));
+  ASSERT_NE(session.PC4Records(), nullptr);
+  EXPECT_EQ(session.PC4Records()->Count(), 0);
+}
+
+TEST_F(AssessmentForm, WritesNoPlayByPlayLog) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.Path("Zelmor"));
+  Levyra::MainPath(folder.Path());
+  Levyra::PlayByPlayEnabled(kTrue);
+  session.PaidAmount("12345");
+  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
+    FillIn(form, user);
+    user.Click(form.Command3D6);
+  }));
+  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
+}
+
+class AssessmentRandomly : public RandomActsTest<Assessment> {
+ protected:
+  void Begin(Assessment& form, UserDriver& user, RandomUser& random) override {
+    if (random.Below(2) == 0)
+      FillIn(form, user);
+  }
+
+  void ExpectRecordsOf(const std::string& seqNumber, const RandomPayment& /*payment*/) override {
+    const std::vector<std::string> records = Records();
+    // A statement paid alone leaves what stood there before: nothing, at first.
+    if (records.empty())
+      return;
+    EXPECT_THAT(records[0], MatchesRegex("PC4" + seqNumber + "T2026..012026..(28|30|31)" + std::string(16, ' ') +
+                                         "Jane Doe" + std::string(22, ' ') + "Clerk *"));
+    EXPECT_EQ(records[0].size(), 160U);
+    ASSERT_GT(records.size(), 1U);
+    std::string lastNumber = "00";
+    for (size_t i = 1; i < records.size(); ++i) {
+      // A sign behind an amount makes it a column longer.
+      EXPECT_THAT(records[i],
+                  MatchesRegex("PC4" + seqNumber + "F((0[13579]|11).{7} {11}(0[2468]|1[02])-?[0-9]{18}){1,2} *"));
+      EXPECT_GE(records[i].size(), 160U);
+      EXPECT_GT(records[i].substr(8, 2), lastNumber);
+      lastNumber = records[i].substr(8, 2);
+    }
+  }
+};
+
+TEST_F(AssessmentRandomly, NoActsLeadToACrashOrABadRecord) {
+  const std::vector<RandomPayment> payments = {{"12345"}, {"5"}, {"0"}, {"-12345"}, {"1E30"}};
+  const RandomUser random(20260615, {"4", "06", "06", "13", "2026", "2025", "1234567", "7654321", "1000003", "12345",
+                                     "123.45", "1.2.3", "-5", "1E20", "9999999999"});
+  Play("01", random, payments);
+}
+
+}  // namespace
+}  // namespace fiscalon
