@@ -1,6 +1,7 @@
 #include <array>
 
 #include "core/launch_properties.h"
+#include "screens/federal/corporate_income.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
 #include "screens/quebec/source_deductions.h"
@@ -25,7 +26,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"01", "ShowAssessmentForm",          "Assessment",               "Workers' compensation: period, classifications and assessments",
               kCommonOrder},
     LaunchRow{"02", "ShowCorpIncomeForm",          "GOVCORPINCOME",            "Corporate income tax: amounts owing or an instalment (RC98, RC99, RC100)",
-              kCommonOrder},
+              kCommonOrder, Make<GOVCORPINCOME>},
     LaunchRow{"03", "ShowSourceDeductionForm",     "GOVSOURCEDEDUCTION",       "Federal source deductions: gross payroll, employees, end of period",
               kCommonOrder, Make<GOVSOURCEDEDUCTION>},
     LaunchRow{"04", "ShowIndividualForm",          "GOVINDIDUAL",              "Individual income tax: year of the instalment",
