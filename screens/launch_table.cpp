@@ -2,6 +2,7 @@
 
 #include "core/launch_properties.h"
 #include "screens/federal/corporate_income.h"
+#include "screens/federal/gst58.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
 #include "screens/quebec/source_deductions.h"
@@ -34,7 +35,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"05", "ShowGST34Form",               "GOVGST34",                 "GST/HST return of a registrant (GST34)",
               kCommonOrder},
     LaunchRow{"06", "ShowGST58Form",               "GOVGST58",                 "GST remittance by category (GST58)",
-              kCommonOrder},
+              kCommonOrder, Make<GOVGST58>},
     LaunchRow{"07", "ShowGenericForm",             "GENERICFORM",              "Any biller: period, due date and up to twelve coded items",
               kCommonOrder},
     LaunchRow{"08", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
