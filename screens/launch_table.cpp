@@ -2,7 +2,9 @@
 
 #include "core/launch_properties.h"
 #include "screens/federal/assessment.h"
+#include "screens/federal/corporate_income.h"
 #include "screens/federal/gst34.h"
+#include "screens/federal/gst58.h"
 #include "screens/federal/individual_tax.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/alberta_finance.h"
@@ -41,7 +43,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"01", "ShowAssessmentForm",          "Assessment",               "Workers' compensation: period, classifications and assessments",
               kCommonOrder, Make<Assessment>},
     LaunchRow{"02", "ShowCorpIncomeForm",          "GOVCORPINCOME",            "Corporate income tax: amounts owing or an instalment (RC98, RC99, RC100)",
-              kCommonOrder},
+              kCommonOrder, Make<GOVCORPINCOME>},
     LaunchRow{"03", "ShowSourceDeductionForm",     "GOVSOURCEDEDUCTION",       "Federal source deductions: gross payroll, employees, end of period",
               kCommonOrder, Make<GOVSOURCEDEDUCTION>},
     LaunchRow{"04", "ShowIndividualForm",          "GOVINDIDUAL",              "Individual income tax: year of the instalment",
@@ -49,7 +51,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"05", "ShowGST34Form",               "GOVGST34",                 "GST/HST return of a registrant (GST34)",
               kCommonOrder, Make<GOVGST34>},
     LaunchRow{"06", "ShowGST58Form",               "GOVGST58",                 "GST remittance by category (GST58)",
-              kCommonOrder},
+              kCommonOrder, Make<GOVGST58>},
     LaunchRow{"07", "ShowGenericForm",             "GENERICFORM",              "Any biller: period, due date and up to twelve coded items",
               kCommonOrder},
     LaunchRow{"08", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",

@@ -18,13 +18,15 @@ namespace {
 
 constexpr int kUnlimitedWidth = 34;
 constexpr int kWidest = 44;
-/// Amounts stand beneath each other in fields of one width, wherever their limits lie.
+/// Amounts stand beneath each other in fields of one width, wherever their limits lie. Limits hold back what is typed:
+/// a locked field has what code puts into it.
 constexpr int kAmountWidth = 14;
 
 int WidthInCharacters(const TextField& field) {
   if (field.MaxLength() == FieldDesign::kNoLimit)
     return kUnlimitedWidth;
-  const int least = field.Designed().alignment == Alignment::Right ? kAmountWidth : 0;
+  const FieldDesign& design = field.Designed();
+  const int least = design.alignment == Alignment::Right || design.locked ? kAmountWidth : 0;
   return std::clamp(field.MaxLength() + 1, least, kWidest);
 }
 

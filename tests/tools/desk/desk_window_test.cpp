@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <map>
+#include <utility>
 
 #include "core/forms/form.h"
 #include "core/module_state.h"
@@ -312,10 +313,10 @@ TEST_F(PaymentDesk, StepsThroughTheScreensThatHaveAForm) {
     QTest::keyClick(&screens, key);
     return screens.currentItem()->text(0).toStdString();
   };
-  EXPECT_EQ(chosenBy(Qt::Key_Home), "03");
+  Qt::Key key = Qt::Key_Home;
   for (const LaunchRow& row : LaunchTable())
-    if (row.make != nullptr && row.code > "03") {
-      EXPECT_EQ(chosenBy(Qt::Key_Down), row.code);
+    if (row.make != nullptr) {
+      EXPECT_EQ(chosenBy(std::exchange(key, Qt::Key_Down)), row.code);
     }
 }
 
