@@ -171,14 +171,20 @@ void DialogLayout::AlignCaptions() {
 }
 
 void DialogLayout::AlignCaptions(const Column& column) {
-  // How far to the right the fields of each cell begin, by the cell's place in its row.
-  std::map<int, int> begins;
+  // How far to the right the fields of each cell begin, by the cell's place in its row. Behind the first, cells stand
+  // beneath each other only where rows have as many.
+  std::map<std::pair<int, int>, int> begins;
+  const auto fieldsOf = [&](const QGridLayout& grid, int i) -> int& {
+    return begins[{i, i == 0 ? 0 : grid.columnCount()}];
+  };
   for (const QGridLayout* grid : column.grids)
-    for (int i = 0; i < grid->columnCount(); i += kColumnsPerCell)
-      begins[i] = std::max(begins[i], CaptionWidth(*grid, i) + (i == 0 ? Inset(*grid) : 0));
+    for (int i = 0; i < grid->columnCount(); i += kColumnsPerCell) {
+      int& begin = fieldsOf(*grid, i);
+      begin = std::max(begin, CaptionWidth(*grid, i) + (i == 0 ? Inset(*grid) : 0));
+    }
   for (QGridLayout* grid : column.grids)
     for (int i = 0; i < grid->columnCount(); i += kColumnsPerCell)
-      grid->setColumnMinimumWidth(i, begins[i] - (i == 0 ? Inset(*grid) : 0));
+      grid->setColumnMinimumWidth(i, fieldsOf(*grid, i) - (i == 0 ? Inset(*grid) : 0));
 }
 
 }  // namespace fiscalon

@@ -106,6 +106,38 @@ TEST_F(Dialog, AlignsCaptionsAndFieldsThroughItsGroups) {
   });
 }
 
+/// A period in three cells above a pair in two, whose second caption is longer than the period's.
+class PeriodAndPairForm final : public Form {
+ public:
+  PeriodAndPairForm() : Form("PeriodAndPairForm", "A period and a pair") {}
+
+  // clang-format off
+  Label     lblFrom   {*this, "lblFrom",   {.caption = "From:"}};
+  TextField txtFrom   {*this, "txtFrom",   {.tabIndex = 0, .maxLength = 2}};
+  Label     lblTo     {*this, "lblTo",     {.caption = "to:"}};
+  TextField txtTo     {*this, "txtTo",     {.tabIndex = 1, .maxLength = 2}};
+  TextField txtYear   {*this, "txtYear",   {.tabIndex = 2, .maxLength = 4}};
+  Label     lblNumber {*this, "lblNumber", {.caption = "Classification:"}};
+  TextField txtNumber {*this, "txtNumber", {.tabIndex = 3, .maxLength = 18}};
+  Label     lblAmount {*this, "lblAmount", {.caption = "Assessment of the board:"}};
+  TextField txtAmount {*this, "txtAmount", {.tabIndex = 4, .maxLength = 10}};
+  // clang-format on
+
+  const Layout& FormLayout() const override { return layout_; }
+
+ private:
+  const Layout layout_ = {.groups = {{.rows = {{{{&lblFrom, &txtFrom}, {&lblTo, &txtTo}, {nullptr, &txtYear}}}}},
+                                     {.rows = {{{{&lblNumber, &txtNumber}, {&lblAmount, &txtAmount}}}}}}};
+};
+
+TEST_F(Dialog, AlignsLaterCaptionsAmongRowsOfAsManyCells) {
+  PeriodAndPairForm pair;
+  Show(pair, [&](FormDialog& dialog, UserDriver&) {
+    EXPECT_EQ(Place(dialog, pair.txtFrom).left(), Place(dialog, pair.txtNumber).left());
+    EXPECT_LT(Place(dialog, pair.txtTo).left() - Place(dialog, pair.lblTo).right(), 20);
+  });
+}
+
 TEST_F(Dialog, PutsAHintRightBesideItsField) {
   Show(form, [&](FormDialog& dialog, UserDriver&) {
     const QRect field = Place(dialog, form.txtPeriod), hint = Place(dialog, form.lblHint);
