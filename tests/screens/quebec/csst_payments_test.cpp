@@ -431,6 +431,16 @@ TEST_F(CsstPaymentsUnderAnotherCode, TheLookOf25HasNoPlaceForTheFirstFocusOf27) 
   EXPECT_EQ(ErrorOf([&] { ShowAfterFailed("25", "27", [](frmQue_Rev_CSST_Payments&, UserDriver&) {}); }), 5);
 }
 
+// Code alone can set a longer text; the rest of it is no part of the date.
+TEST_F(CsstPayments, ThePeriodIsItsFirstEightCharacters) {
+  Show<frmQue_Rev_CSST_Payments>("25", [&](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
+    form.txtRemittancePeriod.Text("202605319");
+    user.PressMouse(form.cmdOK);
+    EXPECT_TRUE(TakeBoxes().empty());
+    EXPECT_EQ(user.FocusName(), "cmdOK");
+  });
+}
+
 TEST_F(CsstPayments, ThePeriodIsNoMatterOf27) {
   Show<frmQue_Rev_CSST_Payments>("25", [&](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
     form.ScreenType("27");
