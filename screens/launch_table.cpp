@@ -3,6 +3,7 @@
 #include "core/launch_properties.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/general/generic_remittance.h"
 #include "screens/quebec/source_deductions.h"
 
 namespace fiscalon {
@@ -15,6 +16,14 @@ std::shared_ptr<Screen> Make() {
 
 constexpr std::array kWithCompCode = {kCompName,    kPaidAmount, kPaidDate,  kEnterName, kEnterTitle,
                                       kGovFilename, kSeqNumber,  kAPHoldFlg, kCompCode,  kWriteFile};
+
+// clang-format off
+constexpr LaunchProperty kNumberOfInfoCollect{"NumberOfInfoCollect", [](const Levyra& from, std::string_view, Screen& to) { static_cast<GENERICFORM&>(to).NumberOfInfoCollect(from.NumberOfInfoCollect()); }};
+// clang-format on
+
+constexpr std::array kWithNumberOfInfoCollect = {kCompName,   kPaidAmount,  kPaidDate,  kEnterName,
+                                                 kEnterTitle, kGovFilename, kSeqNumber, kNumberOfInfoCollect,
+                                                 kAPHoldFlg,  kWriteFile};
 
 void SetUpSourceDeduct(Screen& screen) {
   static_cast<frmQue_Rev_SourceDeduct&>(screen).SetupForm();
@@ -35,7 +44,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"06", "ShowGST58Form",               "GOVGST58",                 "GST remittance by category (GST58)",
               kCommonOrder},
     LaunchRow{"07", "ShowGenericForm",             "GENERICFORM",              "Any biller: period, due date and up to twelve coded items",
-              kCommonOrder},
+              kWithNumberOfInfoCollect, Make<GENERICFORM>},
     LaunchRow{"08", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
               kCommonOrder},
     LaunchRow{"10", "ShowPaymentFrom",             "frmDonation",              "A donor's name and address",
