@@ -2,6 +2,7 @@
 
 #include "core/launch_properties.h"
 #include "screens/federal/source_deductions.h"
+#include "screens/general/donation.h"
 #include "screens/general/due_date_amount.h"
 #include "screens/general/generic_remittance.h"
 #include "screens/quebec/source_deductions.h"
@@ -19,11 +20,14 @@ constexpr std::array kWithCompCode = {kCompName,    kPaidAmount, kPaidDate,  kEn
 
 // clang-format off
 constexpr LaunchProperty kNumberOfInfoCollect{"NumberOfInfoCollect", [](const Levyra& from, std::string_view, Screen& to) { static_cast<GENERICFORM&>(to).NumberOfInfoCollect(from.NumberOfInfoCollect()); }};
+constexpr LaunchProperty kBusinessName{"BusinessName", [](const Levyra& from, std::string_view, Screen& to) { static_cast<frmDonation&>(to).BusinessName(from.BusinessName()); }};
 // clang-format on
 
 constexpr std::array kWithNumberOfInfoCollect = {kCompName,   kPaidAmount,  kPaidDate,  kEnterName,
                                                  kEnterTitle, kGovFilename, kSeqNumber, kNumberOfInfoCollect,
                                                  kAPHoldFlg,  kWriteFile};
+constexpr std::array kWithBusinessName = {kCompName,    kPaidAmount, kPaidDate,  kEnterName,    kEnterTitle,
+                                          kGovFilename, kSeqNumber,  kAPHoldFlg, kBusinessName, kWriteFile};
 
 void SetUpSourceDeduct(Screen& screen) {
   static_cast<frmQue_Rev_SourceDeduct&>(screen).SetupForm();
@@ -48,7 +52,7 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"08", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
               kCommonOrder},
     LaunchRow{"10", "ShowPaymentFrom",             "frmDonation",              "A donor's name and address",
-              kCommonOrder},
+              kWithBusinessName, Make<frmDonation>},
     LaunchRow{"11", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
               kCommonOrder},
     LaunchRow{"14", "ShowAlbertaRevenueForm",      "frmAlbertaRevenue",        "Alberta Finance: tax program and period",

@@ -93,6 +93,11 @@ TEST_F(LaunchTableTest, NumberOfItemsFollowsTheSequenceWhereAFormCollectsAsMany)
                                   "SeqNumber", "NumberOfInfoCollect", "APHoldFlg", "WriteFile"}));
 }
 
+TEST_F(LaunchTableTest, BusinessNameFollowsTheHoldFlagWhereAFormOffersIt) {
+  EXPECT_EQ(OrderOf("10"), (Order{"CompName", "PaidAmount", "PaidDate", "EnterName", "EnterTitle", "GovFilename",
+                                  "SeqNumber", "APHoldFlg", "BusinessName", "WriteFile"}));
+}
+
 TEST_F(LaunchTableTest, BillerCodeFollowsTheHoldFlagWhereAFormTakesIt) {
   for (const std::string_view code : {"15", "16", "17", "18", "19", "20", "28"}) {
     EXPECT_EQ(OrderOf(code), (Order{"CompName", "PaidAmount", "PaidDate", "EnterName", "EnterTitle", "GovFilename",
