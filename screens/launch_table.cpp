@@ -8,7 +8,9 @@
 #include "screens/federal/individual_tax.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/alberta_finance.h"
+#include "screens/general/donation.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/general/generic_remittance.h"
 #include "screens/general/instalments.h"
 #include "screens/quebec/combined_return.h"
 #include "screens/quebec/csst_payments.h"
@@ -29,8 +31,19 @@ constexpr std::array kWithCompCode = {kCompName,    kPaidAmount, kPaidDate,  kEn
                                       kGovFilename, kSeqNumber,  kAPHoldFlg, kCompCode,  kWriteFile};
 
 // clang-format off
+
+// What only one form receives.
+constexpr LaunchProperty kNumberOfInfoCollect{"NumberOfInfoCollect", [](const Levyra& from, std::string_view, Screen& to) { static_cast<GENERICFORM&>(to).NumberOfInfoCollect(from.NumberOfInfoCollect()); }};
+constexpr LaunchProperty kBusinessName{"BusinessName", [](const Levyra& from, std::string_view, Screen& to) { static_cast<frmDonation&>(to).BusinessName(from.BusinessName()); }};
 constexpr LaunchProperty kScreenType{"ScreenType", [](const Levyra&, std::string_view code, Screen& to) { static_cast<frmQue_Rev_CSST_Payments&>(to).ScreenType(code); }};
+
 // clang-format on
+
+constexpr std::array kWithNumberOfInfoCollect = {kCompName,   kPaidAmount,  kPaidDate,  kEnterName,
+                                                 kEnterTitle, kGovFilename, kSeqNumber, kNumberOfInfoCollect,
+                                                 kAPHoldFlg,  kWriteFile};
+constexpr std::array kWithBusinessName = {kCompName,    kPaidAmount, kPaidDate,  kEnterName,    kEnterTitle,
+                                          kGovFilename, kSeqNumber,  kAPHoldFlg, kBusinessName, kWriteFile};
 constexpr std::array kWithScreenType = {kCompName,  kPaidAmount, kPaidDate, kEnterName, kEnterTitle, kGovFilename,
                                         kSeqNumber, kAPHoldFlg,  kCompCode, kWriteFile, kScreenType};
 
@@ -53,11 +66,11 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"06", "ShowGST58Form",               "GOVGST58",                 "GST remittance by category (GST58)",
               kCommonOrder, Make<GOVGST58>},
     LaunchRow{"07", "ShowGenericForm",             "GENERICFORM",              "Any biller: period, due date and up to twelve coded items",
-              kCommonOrder},
+              kWithNumberOfInfoCollect, Make<GENERICFORM>},
     LaunchRow{"08", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
               kCommonOrder},
     LaunchRow{"10", "ShowPaymentFrom",             "frmDonation",              "A donor's name and address",
-              kCommonOrder},
+              kWithBusinessName, Make<frmDonation>},
     LaunchRow{"11", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
               kCommonOrder},
     LaunchRow{"14", "ShowAlbertaRevenueForm",      "frmAlbertaRevenue",        "Alberta Finance: tax program and period",

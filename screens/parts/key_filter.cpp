@@ -1,6 +1,7 @@
 #include "screens/parts/key_filter.h"
 
 #include "core/forms/keys.h"
+#include "core/platform/code_page.h"
 
 namespace fiscalon {
 
@@ -12,6 +13,15 @@ void FilterKey(Control& field, int& character, std::string_view alsoAccepted) {
     return;
   character = 0;
   field.SetFocus();
+}
+
+void DropQuote(int& character) {
+  if (character == '"')
+    character = 0;
+}
+
+void Capitalize(int& character) {
+  character = static_cast<unsigned char>(UpperCase(static_cast<char>(character)));
 }
 
 }  // namespace fiscalon

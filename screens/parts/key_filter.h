@@ -13,4 +13,11 @@ inline constexpr std::string_view kAmountKeys = ".,";
 /// Swallows a key that is none of the field's and gives the field the focus again.
 void FilterKey(Control& field, int& character, std::string_view alsoAccepted);
 
+// What a field of free text does with a key.
+
+/// Swallows a double quote: records stand between two of them in their file.
+void DropQuote(int& character);
+/// Turns a small letter into its capital, accented ones too.
+void Capitalize(int& character);
+
 }  // namespace fiscalon

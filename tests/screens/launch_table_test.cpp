@@ -88,6 +88,16 @@ TEST_F(LaunchTableTest, MostFederalFormsReceiveTheCommonNine) {
         << code;
 }
 
+TEST_F(LaunchTableTest, NumberOfItemsFollowsTheSequenceWhereAFormCollectsAsMany) {
+  EXPECT_EQ(OrderOf("07"), (Order{"CompName", "PaidAmount", "PaidDate", "EnterName", "EnterTitle", "GovFilename",
+                                  "SeqNumber", "NumberOfInfoCollect", "APHoldFlg", "WriteFile"}));
+}
+
+TEST_F(LaunchTableTest, BusinessNameFollowsTheHoldFlagWhereAFormOffersIt) {
+  EXPECT_EQ(OrderOf("10"), (Order{"CompName", "PaidAmount", "PaidDate", "EnterName", "EnterTitle", "GovFilename",
+                                  "SeqNumber", "APHoldFlg", "BusinessName", "WriteFile"}));
+}
+
 TEST_F(LaunchTableTest, BillerCodeFollowsTheHoldFlagWhereAFormTakesIt) {
   for (const std::string_view code : {"15", "16", "17", "18", "19", "20", "28"}) {
     EXPECT_EQ(OrderOf(code), (Order{"CompName", "PaidAmount", "PaidDate", "EnterName", "EnterTitle", "GovFilename",

@@ -1,5 +1,7 @@
 #include "screens/parts/key_filter.h"
 
+#include <initializer_list>
+
 #include "core/forms/keys.h"
 #include "tests/support/part_test.h"
 
@@ -45,6 +47,33 @@ TEST_F(KeyFilter, GivesTheFieldTheFocusForARefusedKey) {
     FilterKey(form.Field, character, kDigitsAlone);
     EXPECT_EQ(FocusName(), "Field");
   });
+}
+
+TEST(DropQuote, SwallowsTheDoubleQuoteAlone) {
+  for (int code = 1; code < 256; ++code) {
+    int character = code;
+    DropQuote(character);
+    EXPECT_EQ(character, code == '"' ? 0 : code);
+  }
+}
+
+int Capitalized(int character) {
+  Capitalize(character);
+  return character;
+}
+
+TEST(Capitalize, TurnsSmallLettersIntoCapitals) {
+  EXPECT_EQ(Capitalized('a'), 'A');
+  EXPECT_EQ(Capitalized('z'), 'Z');
+  // "e" with an acute accent, and "oe".
+  EXPECT_EQ(Capitalized(0xE9), 0xC9);
+  EXPECT_EQ(Capitalized(0x9C), 0x8C);
+}
+
+TEST(Capitalize, LeavesOtherCharactersAsTheyAre) {
+  // The last two: the division sign, and the sharp "s", which has no capital.
+  for (const int character : std::initializer_list<int>{0, 8, 13, ' ', '1', '@', 'A', '[', '`', '{', 0xC9, 0xF7, 0xDF})
+    EXPECT_EQ(Capitalized(character), character);
 }
 
 }  // namespace
