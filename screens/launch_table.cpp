@@ -3,6 +3,7 @@
 #include "core/launch_properties.h"
 #include "screens/federal/source_deductions.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/general/invoice_payments.h"
 #include "screens/quebec/source_deductions.h"
 
 namespace fiscalon {
@@ -12,6 +13,12 @@ template <class FormClass>
 std::shared_ptr<Screen> Make() {
   return std::make_shared<FormClass>();
 }
+
+constexpr LaunchProperty kZelmorNumber{"ZelmorNumber", [](const Levyra& from, std::string_view, Screen& to) {
+                                         static_cast<InvoicePayments&>(to).ZelmorNumber(from.ZelmorNumber());
+                                       }};
+constexpr std::array kWithZelmorNumber = {kCompName,    kPaidAmount, kPaidDate,     kEnterName, kEnterTitle,
+                                          kGovFilename, kSeqNumber,  kZelmorNumber, kAPHoldFlg, kWriteFile};
 
 constexpr std::array kWithCompCode = {kCompName,    kPaidAmount, kPaidDate,  kEnterName, kEnterTitle,
                                       kGovFilename, kSeqNumber,  kAPHoldFlg, kCompCode,  kWriteFile};
@@ -37,11 +44,11 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"07", "ShowGenericForm",             "GENERICFORM",              "Any biller: period, due date and up to twelve coded items",
               kCommonOrder},
     LaunchRow{"08", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
-              kCommonOrder},
+              kWithZelmorNumber, Make<InvoicePayments>},
     LaunchRow{"10", "ShowPaymentFrom",             "frmDonation",              "A donor's name and address",
               kCommonOrder},
     LaunchRow{"11", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
-              kCommonOrder},
+              kWithZelmorNumber, Make<InvoicePayments>},
     LaunchRow{"14", "ShowAlbertaRevenueForm",      "frmAlbertaRevenue",        "Alberta Finance: tax program and period",
               kCommonOrder},
     LaunchRow{"15", "ShowDueDateAmountForm",       "frmDueDateAmount",         "Any biller: end of the taxation year and amount payable",

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/platform/runtime_error.h"
 #include "tests/support/random_user.h"
 #include "tests/support/screen_test.h"
 
@@ -24,6 +25,8 @@ class RandomActsTest : public ScreenTest {
   virtual void ExpectRecordsOf(const std::string& seqNumber, const RandomPayment& payment) = 0;
   /// What else changes from launch to launch.
   virtual void BeforeLaunch(RandomUser& /*random*/) {}
+  /// Whether acts may end a launch with that error.
+  virtual bool MayFail(const RuntimeError& /*error*/) const { return false; }
 
   void Play(std::string_view code, RandomUser random, const std::vector<RandomPayment>& payments) {
     session.EnterName("Jane Doe");
@@ -38,9 +41,14 @@ class RandomActsTest : public ScreenTest {
       session.SeqNumber(seqNumber);
       session.PaidAmount(payment.cents);
       BeforeLaunch(random);
-      const bool result = Show<FormClass>(code, [&](FormClass& form, UserDriver& user) {
-        for (int patience = 300; patience > 0 && form.IsUp(); --patience, --acts) random.Act(form, user);
-      });
+      bool result = false;
+      try {
+        result = Show<FormClass>(code, [&](FormClass& form, UserDriver& user) {
+          for (int patience = 300; patience > 0 && form.IsUp(); --patience, --acts) random.Act(form, user);
+        });
+      } catch (const RuntimeError& error) {
+        ASSERT_TRUE(MayFail(error)) << error.Number() << " in launch " << launches;
+      }
       TakeBoxes();
       if (!result)
         continue;
