@@ -8,6 +8,7 @@
 #include "core/session.h"
 #include "frontends/scripted/scripted_toolkit.h"
 #include "screens/general/due_date_amount.h"
+#include "screens/general/invoice_payments.h"
 
 /// A whole session of one screen: the host sets a payment and shows the screen, the user types and presses OK, and the
 /// host reads the records. Nothing is constructed in it but what the session itself makes.
@@ -47,6 +48,35 @@ void BM_DueDateAmountSession(benchmark::State& state) {
   ResetModule();
 }
 BENCHMARK(BM_DueDateAmountSession)->Unit(benchmark::kMicrosecond);
+
+/// The longest session of all screens: 50 invoices, each keyed and confirmed, in one payment.
+void BM_InvoicePaymentsSession(benchmark::State& state) {
+  constexpr int kInvoices = 50;
+  ResetModule();
+  TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
+  TheModule().locale = EnglishCanada();
+  ScriptedToolkit toolkit;
+  toolkit.onForm = [](Form& form, UserDriver& user) {
+    auto& invoices = static_cast<InvoicePayments&>(form);
+    user.PressMouse(invoices.InvoiceDate);
+    for (int i = 0; i < kInvoices; ++i) Type(user, "20260601\rINV-100\r1.00\r");
+    user.Click(invoices.cmdOK);
+  };
+  UseToolkit(&toolkit);
+  Levyra session;
+  for ([[maybe_unused]] auto _ : state) {
+    session.CompName("Harbour Paper Mills");
+    session.PaidAmount("5000");
+    session.PaidDate("06152026");
+    session.SeqNumber("0001");
+    session.WriteFile(kFalse);
+    if (!session.ShowLevyraScreen("08") || session.PC4Records()->Count() != kInvoices)
+      throw std::logic_error("the session did not end with all invoices");
+    for (const PC4& invoice : *session.PC4Records()) benchmark::DoNotOptimize(invoice.Amount().data());
+  }
+  ResetModule();
+}
+BENCHMARK(BM_InvoicePaymentsSession)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace fiscalon

@@ -44,17 +44,20 @@ std::shared_ptr<PC4s> Screen::PC4Records() {
 }
 
 void Screen::BeginRecords() {
+  if (given_.writeFile == kTrue)
+    return BeginFile(given_.govFilename);
   output_.reset();
-  if (given_.writeFile == kTrue) {
-    Files& files = *TheModule().files;
-    if (files.Exists(given_.govFilename))
-      files.Delete(given_.govFilename);
-    output_ = files.Open(given_.govFilename, OpenMode::Output);
-    return;
-  }
   if (!pc4Records_)
     pc4Records_ = std::make_shared<PC4s>();
   pc4Records_->Clear();
+}
+
+void Screen::BeginFile(std::string_view path) {
+  output_.reset();
+  Files& files = *TheModule().files;
+  if (files.Exists(path))
+    files.Delete(path);
+  output_ = files.Open(path, OpenMode::Output);
 }
 
 void Screen::SendRecord(const std::string& record) {

@@ -113,6 +113,8 @@ class Screen : public Form {
 
   // The frame of the output: to the file, whose earlier content goes, or to the emptied collection.
   void BeginRecords();
+  /// Records go to that file, whatever the payment says.
+  void BeginFile(std::string_view path);
   void SendRecord(const std::string& record);
   void EndRecords();
 

@@ -12,6 +12,7 @@
 #include "screens/general/due_date_amount.h"
 #include "screens/general/generic_remittance.h"
 #include "screens/general/instalments.h"
+#include "screens/general/invoice_payments.h"
 #include "screens/quebec/combined_return.h"
 #include "screens/quebec/csst_payments.h"
 #include "screens/quebec/gst_return.h"
@@ -34,6 +35,7 @@ constexpr std::array kWithCompCode = {kCompName,    kPaidAmount, kPaidDate,  kEn
 
 // What only one form receives.
 constexpr LaunchProperty kNumberOfInfoCollect{"NumberOfInfoCollect", [](const Levyra& from, std::string_view, Screen& to) { static_cast<GENERICFORM&>(to).NumberOfInfoCollect(from.NumberOfInfoCollect()); }};
+constexpr LaunchProperty kZelmorNumber{"ZelmorNumber", [](const Levyra& from, std::string_view, Screen& to) { static_cast<InvoicePayments&>(to).ZelmorNumber(from.ZelmorNumber()); }};
 constexpr LaunchProperty kBusinessName{"BusinessName", [](const Levyra& from, std::string_view, Screen& to) { static_cast<frmDonation&>(to).BusinessName(from.BusinessName()); }};
 constexpr LaunchProperty kScreenType{"ScreenType", [](const Levyra&, std::string_view code, Screen& to) { static_cast<frmQue_Rev_CSST_Payments&>(to).ScreenType(code); }};
 
@@ -42,6 +44,8 @@ constexpr LaunchProperty kScreenType{"ScreenType", [](const Levyra&, std::string
 constexpr std::array kWithNumberOfInfoCollect = {kCompName,   kPaidAmount,  kPaidDate,  kEnterName,
                                                  kEnterTitle, kGovFilename, kSeqNumber, kNumberOfInfoCollect,
                                                  kAPHoldFlg,  kWriteFile};
+constexpr std::array kWithZelmorNumber = {kCompName,    kPaidAmount, kPaidDate,     kEnterName, kEnterTitle,
+                                          kGovFilename, kSeqNumber,  kZelmorNumber, kAPHoldFlg, kWriteFile};
 constexpr std::array kWithBusinessName = {kCompName,    kPaidAmount, kPaidDate,  kEnterName,    kEnterTitle,
                                           kGovFilename, kSeqNumber,  kAPHoldFlg, kBusinessName, kWriteFile};
 constexpr std::array kWithScreenType = {kCompName,  kPaidAmount, kPaidDate, kEnterName, kEnterTitle, kGovFilename,
@@ -68,11 +72,11 @@ constexpr std::array kLaunchTable = {
     LaunchRow{"07", "ShowGenericForm",             "GENERICFORM",              "Any biller: period, due date and up to twelve coded items",
               kWithNumberOfInfoCollect, Make<GENERICFORM>},
     LaunchRow{"08", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
-              kCommonOrder},
+              kWithZelmorNumber, Make<InvoicePayments>},
     LaunchRow{"10", "ShowPaymentFrom",             "frmDonation",              "A donor's name and address",
               kWithBusinessName, Make<frmDonation>},
     LaunchRow{"11", "ShowInvPaymentsForm",         "InvoicePayments",          "The invoices that a payment settles",
-              kCommonOrder},
+              kWithZelmorNumber, Make<InvoicePayments>},
     LaunchRow{"14", "ShowAlbertaRevenueForm",      "frmAlbertaRevenue",        "Alberta Finance: tax program and period",
               kCommonOrder, Make<frmAlbertaRevenue>},
     LaunchRow{"15", "ShowDueDateAmountForm",       "frmDueDateAmount",         "Any biller: end of the taxation year and amount payable",

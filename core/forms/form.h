@@ -33,6 +33,8 @@ class Form {
   void Caption(std::string_view caption);
 
   virtual const Layout& FormLayout() const = 0;
+  /// The title of the form's message boxes; empty for the name of the host application.
+  virtual std::string BoxTitle() const { return {}; }
   const std::vector<Control*>& Controls() const { return controls_; }
   /// The control of that name, or null. For scenarios and front ends; handlers use the members.
   Control* FindControl(std::string_view name) const;

@@ -42,6 +42,9 @@ class Files {
   /// as separators.
   static std::string ParentFolder(std::string_view path);
 
+  /// The folder that the process is in. Error 75 where it can't be told.
+  static std::string CurrentFolder();
+
   /// A name in a folder, with exactly one separator between. An empty folder gives the bare name.
   static std::string JoinPath(std::string_view folder, std::string_view name);
 };

@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "core/module_state.h"
 #include "core/resume_next.h"
 #include "screens/parts/refusal.h"
 
@@ -46,7 +45,7 @@ bool React(Entry& entry, const EntryRow<Entry>& row) {
   if (row.reaction == Reaction::Selects)
     entry.Field().SelectAll();
   if (!row.message.empty())
-    ShowMessage(row.message, row.style);
+    Complain(entry.Field(), row.message, row.style);
   if (row.reaction == Reaction::Empties)
     entry.Field().Text("");
   Attempt(entry.Policy(), [&] { entry.Field().SetFocus(); });

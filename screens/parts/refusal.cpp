@@ -1,8 +1,15 @@
 #include "screens/parts/refusal.h"
 
+#include <string>
+
+#include "core/forms/form.h"
 #include "core/module_state.h"
 
 namespace fiscalon {
+
+void Complain(const Control& control, std::string_view message, MessageStyle style) {
+  TheToolkit().ShowMessage({.text = std::string(message), .style = style, .title = control.Owner().BoxTitle()});
+}
 
 bool Refuse(Control& control) {
   control.SetFocus();
@@ -10,7 +17,7 @@ bool Refuse(Control& control) {
 }
 
 bool Refuse(Control& control, std::string_view message, MessageStyle style) {
-  ShowMessage(message, style);
+  Complain(control, message, style);
   return Refuse(control);
 }
 

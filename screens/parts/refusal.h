@@ -5,8 +5,12 @@
 #include "core/forms/control.h"
 #include "core/platform/toolkit.h"
 
-/// The reaction to a test that fails, always false, the result of the test.
 namespace fiscalon {
+
+/// A box about a control, under the title of its form's boxes.
+void Complain(const Control& control, std::string_view message, MessageStyle style);
+
+// The reaction to a test that fails, always false, the result of the test.
 
 /// The focus goes to the control, and nothing is said.
 bool Refuse(Control& control);

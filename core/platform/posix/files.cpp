@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <utility>
 
 #include "core/platform/code_page.h"
@@ -98,6 +99,14 @@ std::string Files::ParentFolder(std::string_view path) {
   while (!folder.empty() && IsSeparator(folder.back())) folder.remove_suffix(1);
   // A path whose folder is nothing but separators lies in the root.
   return std::string(folder.empty() ? path.substr(0, 1) : folder);
+}
+
+std::string Files::CurrentFolder() {
+  std::error_code failure;
+  const std::filesystem::path folder = std::filesystem::current_path(failure);
+  if (failure)
+    Raise(error_number::kPathFileAccessError);
+  return FromUtf8(folder.string());
 }
 
 std::string Files::JoinPath(std::string_view folder, std::string_view name) {

@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 
 #include "core/platform/code_page.h"
 #include "tests/support/raises.h"
@@ -216,6 +217,10 @@ TEST(JoinPath, SetsExactlyOneSeparator) {
 TEST(JoinPath, WithAnEmptySideIsTheOther) {
   EXPECT_EQ(Files::JoinPath("", "error.log"), "error.log");
   EXPECT_EQ(Files::JoinPath("/logs", ""), "/logs");
+}
+
+TEST(CurrentFolder, IsTheFolderOfTheProcess) {
+  EXPECT_EQ(Files::CurrentFolder(), FromUtf8(std::filesystem::current_path().string()));
 }
 
 TEST(NativePath, TurnsBackslashesIntoTheSeparator) {

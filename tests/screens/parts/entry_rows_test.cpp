@@ -9,6 +9,8 @@ using testing::ElementsAre;
 
 class RowsForm : public PartForm {
  public:
+  std::string BoxTitle() const override { return "Rows"; }
+
   TextField Field{*this, "Field", {.tabIndex = 0}};
   TextField Other{*this, "Other", {.tabIndex = 1}};
 };
@@ -79,6 +81,7 @@ TEST_F(Rows, ShowTheirStyleOfBox) {
   EXPECT_FALSE(Passed({{Meets, "No."}}));
   ASSERT_EQ(toolkit.boxes.size(), 2U);
   EXPECT_EQ(toolkit.boxes[0].style, MessageStyle::Plain);
+  EXPECT_EQ(toolkit.boxes[0].title, "Rows");
   EXPECT_EQ(toolkit.boxes[1].style, MessageStyle::Critical);
 }
 

@@ -36,5 +36,25 @@ TEST_F(Refusal, IsSilentWithoutAText) {
   EXPECT_TRUE(toolkit.boxes.empty());
 }
 
+class TitledForm : public RefusingForm {
+ public:
+  std::string BoxTitle() const override { return "Details"; }
+};
+
+class TitledRefusal : public PartTest<TitledForm> {};
+
+TEST_F(TitledRefusal, HasTheTitleOfTheFormsBoxes) {
+  WhileUp([&](FormUser&) {
+    Refuse(form.txtB, "No.");
+    Complain(form.txtA, "Look here.", MessageStyle::Information);
+    EXPECT_EQ(FocusName(), "txtB");
+  });
+  ASSERT_EQ(toolkit.boxes.size(), 2U);
+  EXPECT_EQ(toolkit.boxes[0].title, "Details");
+  EXPECT_EQ(toolkit.boxes[1].text, "Look here.");
+  EXPECT_EQ(toolkit.boxes[1].style, MessageStyle::Information);
+  EXPECT_EQ(toolkit.boxes[1].title, "Details");
+}
+
 }  // namespace
 }  // namespace fiscalon
