@@ -63,6 +63,7 @@ LaidOutGroup GroupOf(const Group& group) {
       if (const std::string caption = WithoutColon(CaptionOf(cell.caption)); !caption.empty())
         name = caption;
       cells.push_back(CellOf(cell, name));
+      cells.back().isClose = cell.isClose && cells.size() > 1;
     }
   }
   return result;

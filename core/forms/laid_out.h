@@ -13,6 +13,8 @@ struct LaidOutCell {
   Control* caption = nullptr;
   Control* field = nullptr;
   Control* hint = nullptr;
+  /// Stands close behind the cell before it; never the first of a row.
+  bool isClose = false;
   /// Caption and field stand out, such as those of a total.
   bool standsOut = false;
   /// What a program that reads the form aloud calls the field: the caption before it, the last one in its row, or the

@@ -12,6 +12,8 @@ struct Cell {
   Control* caption = nullptr;
   Control* field = nullptr;
   Control* hint = nullptr;
+  /// Stands close behind the cell before it, such as the parts of a telephone number, and in no column of its own.
+  bool isClose = false;
 };
 
 /// Cells side by side, such as the two ends of a period.

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QStyle>
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "core/forms/button.h"
@@ -106,22 +107,21 @@ void DialogLayout::AddGroup(Column& column, const LaidOutGroup& group) {
   grid->setHorizontalSpacing(grid->spacing() * 5 / 3);
   grid->setVerticalSpacing(place->spacing() * 4 / 3);
   int rowNumber = 0;
-  size_t cells = 0;
-  for (const LaidOutRow& row : group.rows) {
-    AddRow(*grid, rowNumber++, row);
-    cells = std::max(cells, row.size());
-  }
+  int cells = 0;
+  for (const LaidOutRow& row : group.rows) cells = std::max(cells, AddRow(*grid, rowNumber++, row));
   const int gap = 2 * std::max(grid->horizontalSpacing(), 0);
-  for (int cell = 1; cell < static_cast<int>(cells); ++cell)
-    grid->setColumnMinimumWidth(cell * kColumnsPerCell - 1, gap);
-  grid->setColumnStretch(static_cast<int>(cells) * kColumnsPerCell - 1, 1);
+  for (int cell = 1; cell < cells; ++cell) grid->setColumnMinimumWidth(cell * kColumnsPerCell - 1, gap);
+  grid->setColumnStretch(cells * kColumnsPerCell - 1, 1);
   column.grids.push_back(grid);
 }
 
-void DialogLayout::AddRow(QGridLayout& grid, int rowNumber, const LaidOutRow& row) {
-  for (int i = 0; i < static_cast<int>(row.size()); ++i) {
-    const LaidOutCell& cell = row[static_cast<size_t>(i)];
-    const int column = i * kColumnsPerCell;
+int DialogLayout::AddRow(QGridLayout& grid, int rowNumber, const LaidOutRow& row) {
+  int cells = 0;
+  for (auto first = row.begin(); first != row.end();) {
+    const auto end = std::find_if(first + 1, row.end(), [](const LaidOutCell& cell) { return !cell.isClose; });
+    const std::span close(first, end);
+    const LaidOutCell& cell = *std::exchange(first, end);
+    const int column = cells++ * kColumnsPerCell;
     const bool alone = cell.field == nullptr && cell.hint == nullptr;
     if (cell.caption != nullptr) {
       QWidget& caption = Place(*cell.caption);
@@ -137,26 +137,38 @@ void DialogLayout::AddRow(QGridLayout& grid, int rowNumber, const LaidOutRow& ro
     // Nothing before a wide field, and nothing before a toggle that is alone in its row: they begin at the left.
     const bool toggle = dynamic_cast<const ToggleButton*>(cell.field) != nullptr;
     const bool fromLeft = cell.caption == nullptr && cell.field != nullptr && (toggle || GrowsWide(*cell.field));
-    grid.addLayout(FieldWithHint(cell), rowNumber, fromLeft ? column : column + 1, 1, fromLeft ? kColumnsPerCell : 1);
+    grid.addLayout(FieldsWithHints(close), rowNumber, fromLeft ? column : column + 1, 1,
+                   fromLeft ? kColumnsPerCell : 1);
   }
+  return cells;
 }
 
-QLayout* DialogLayout::FieldWithHint(const LaidOutCell& cell) {
+QLayout* DialogLayout::FieldsWithHints(std::span<const LaidOutCell> cells) {
   auto* line = new QHBoxLayout;
   // A grid with two spacings has none to pass on.
   line->setSpacing(QFontMetrics(QApplication::font()).horizontalAdvance(u'0'));
+  for (const LaidOutCell& cell : cells) {
+    if (cell.isClose && cell.caption != nullptr) {
+      line->addSpacing(line->spacing());
+      line->addWidget(&Place(*cell.caption));
+    }
+    AddFieldWithHint(*line, cell);
+  }
+  if (cells.back().field == nullptr || !GrowsWide(*cells.back().field))
+    line->addStretch(1);
+  return line;
+}
+
+void DialogLayout::AddFieldWithHint(QHBoxLayout& line, const LaidOutCell& cell) {
   if (cell.field != nullptr) {
     QWidget& field = Place(*cell.field);
-    line->addWidget(&field, GrowsWide(*cell.field) ? 1 : 0);
+    line.addWidget(&field, GrowsWide(*cell.field) ? 1 : 0);
     if (cell.caption != nullptr)
       if (auto* caption = qobject_cast<QLabel*>(&Place(*cell.caption)); caption != nullptr)
         caption->setBuddy(&field);
   }
   if (cell.hint != nullptr)
-    line->addWidget(&Place(*cell.hint));
-  if (cell.field == nullptr || !GrowsWide(*cell.field))
-    line->addStretch(1);
-  return line;
+    line.addWidget(&Place(*cell.hint));
 }
 
 QLayout* DialogLayout::Buttons() {

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <functional>
 #include <map>
+#include <span>
 #include <vector>
 
 #include "core/forms/laid_out.h"
@@ -35,8 +37,11 @@ class DialogLayout {
   void AddGroup(Column& column, const LaidOutGroup& group);
   QVBoxLayout* PlaceFor(Column& column, const LaidOutGroup& group);
   static void AlignCaptions(const Column& column);
-  void AddRow(QGridLayout& grid, int rowNumber, const LaidOutRow& row);
-  QLayout* FieldWithHint(const LaidOutCell& cell);
+  /// How many cells of the grid the row takes.
+  int AddRow(QGridLayout& grid, int rowNumber, const LaidOutRow& row);
+  /// Of a cell and of those that stand close behind it.
+  QLayout* FieldsWithHints(std::span<const LaidOutCell> cells);
+  void AddFieldWithHint(QHBoxLayout& line, const LaidOutCell& cell);
   QWidget& Place(const Control& control);
 
   const Form& form_;

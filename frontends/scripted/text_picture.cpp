@@ -119,8 +119,13 @@ class FormPicture {
     std::vector<DrawnRow> rows;
     for (const LaidOutRow& row : group.rows) {
       rows.emplace_back();
-      for (const LaidOutCell& cell : row)
-        rows.back().push_back({{DrawPart(cell.caption, false), DrawFieldWithHint(cell)}});
+      for (const LaidOutCell& cell : row) {
+        const std::string caption = DrawPart(cell.caption, false);
+        if (cell.isClose)
+          rows.back().back().parts.back() += (caption.empty() ? "" : "  " + caption) + DrawFieldWithHint(cell);
+        else
+          rows.back().push_back({{caption, DrawFieldWithHint(cell)}});
+      }
     }
     const std::vector<size_t> widths = PartWidths(rows);
     for (size_t i = 0; i < rows.size(); ++i) {

@@ -86,10 +86,13 @@ class frmDonation final : public Screen {
                  {.heading = &Label1,
                   .rows = {{{{&lblCName, &txtName}}},
                            {{{&lblCAddress, &txtAddress}}},
-                           {{{&lblCCity, &txtCity}, {&lblCProvince, &cmbProvince}}},
+                           {{{&lblCCity, &txtCity},
+                             {.caption = &lblCProvince, .field = &cmbProvince, .isClose = true}}},
                            {{{&lblCPostalCode, &txtPostalCode}}},
                            {{{&Label8, &txtEmail}}},
-                           {{{&lblCPhoneNo, &txtPhoneNo1}, {{}, &txtPhoneNo2}, {{}, &txtPhoneNo3}}}}},
+                           {{{&lblCPhoneNo, &txtPhoneNo1},
+                             {.field = &txtPhoneNo2, .isClose = true},
+                             {.field = &txtPhoneNo3, .isClose = true}}}}},
                  {.heading = &Label2, .rows = {{{{&lblCAmount, &txtAmount}}}, {{{&lblCPurpose, &txtPurpose}}}}}},
       .buttons = {&cmdOK, &cmdCancel}};
 };

@@ -31,15 +31,17 @@ class LaidOutForm : public TestForm {
   const Layout& FormLayout() const override { return layout_; }
 
  private:
-  const Layout layout_ = {.groups = {{.heading = &lblHead,
-                                      .column = 1,
-                                      .rows = {{{{&lblFrom, &txtFrom, &lblHint}, {nullptr, &txtTo}}},
-                                               {{{&lblTotal, &txtTotal}}},
-                                               {{{nullptr, &txtTo}}},
-                                               {{{&lblFrom, &chk}}}}},
-                                     {.heading = &fra, .rows = {{{{nullptr, &optA}}}}},
-                                     {.rows = {{{{nullptr, &txtInside}}}}}},
-                          .buttons = {&cmdOK}};
+  const Layout layout_ = {
+      .groups = {{.heading = &lblHead,
+                  .column = 1,
+                  .rows = {{{{&lblFrom, &txtFrom, &lblHint}, {nullptr, &txtTo}}},
+                           {{{&lblTotal, &txtTotal}}},
+                           {{{nullptr, &txtTo}}},
+                           {{{&lblFrom, &chk}}},
+                           {{{.field = &txtFrom, .isClose = true}, {.field = &txtTo, .isClose = true}}}}},
+                 {.heading = &fra, .rows = {{{{nullptr, &optA}}}}},
+                 {.rows = {{{{nullptr, &txtInside}}}}}},
+      .buttons = {&cmdOK}};
 };
 
 TEST(LaidOut, NamesAFieldByWhatTheEyeReadsBeforeIt) {
@@ -76,6 +78,14 @@ TEST(LaidOut, SaysWhatStandsOut) {
   const LaidOutGroup group = LaidOut(form)[0];
   EXPECT_FALSE(group.rows[0][0].standsOut);
   EXPECT_TRUE(group.rows[1][0].standsOut);
+}
+
+TEST(LaidOut, SaysWhatStandsCloseBehindAnotherCell) {
+  const LaidOutForm form;
+  const LaidOutGroup group = LaidOut(form)[0];
+  EXPECT_FALSE(group.rows[0][1].isClose);
+  EXPECT_TRUE(group.rows[4][1].isClose);
+  EXPECT_FALSE(group.rows[4][0].isClose) << "nothing stands before the first";
 }
 
 TEST(LaidOut, SaysInWhichFrameAGroupStands) {

@@ -7,6 +7,7 @@
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/session.h"
+#include "screens/general/donation.h"
 #include "tests/frontends/qt/played_form.h"
 
 namespace fiscalon {
@@ -144,6 +145,21 @@ TEST_F(Dialog, PutsAHintRightBesideItsField) {
     EXPECT_GT(hint.left(), field.right());
     EXPECT_LT(hint.left() - field.right(), 20);
     EXPECT_NEAR(hint.center().y(), field.center().y(), 2);
+  });
+}
+
+TEST_F(Dialog, PutsThePartsOfOneEntryCloseBehindEachOther) {
+  frmDonation donation;
+  Show(donation, [&](FormDialog& dialog, UserDriver&) {
+    const QRect area = Place(dialog, donation.txtPhoneNo1), exchange = Place(dialog, donation.txtPhoneNo2);
+    const QRect line = Place(dialog, donation.txtPhoneNo3);
+    EXPECT_EQ(area.left(), Place(dialog, donation.txtName).left());
+    EXPECT_GT(exchange.left(), area.right());
+    EXPECT_LT(exchange.left() - area.right(), 20);
+    EXPECT_GT(line.left(), exchange.right());
+    EXPECT_LT(line.left() - exchange.right(), 20);
+    EXPECT_GT(Place(dialog, donation.lblCProvince).left(), Place(dialog, donation.txtCity).right());
+    EXPECT_LT(Place(dialog, donation.cmbProvince).right(), Place(dialog, donation.txtName).right());
   });
 }
 

@@ -132,6 +132,38 @@ TEST_F(TextPicture, ShowsEachKindOfControl) {
 )");
 }
 
+/// A telephone number of two parts, and a city with its province.
+class CloseForm : public TestForm {
+ public:
+  // clang-format off
+  Label     lblName     {*this, "lblName",     {.caption = "Name:"}};
+  TextField txtName     {*this, "txtName",     {.tabIndex = 0, .maxLength = 20}};
+  Label     lblPhone    {*this, "lblPhone",    {.caption = "Phone:"}};
+  TextField txtPhone1   {*this, "txtPhone1",   {.tabIndex = 1, .maxLength = 3}};
+  TextField txtPhone2   {*this, "txtPhone2",   {.tabIndex = 2, .maxLength = 4}};
+  Label     lblCity     {*this, "lblCity",     {.caption = "City:"}};
+  TextField txtCity     {*this, "txtCity",     {.tabIndex = 3, .maxLength = 5}};
+  Label     lblProvince {*this, "lblProvince", {.caption = "Province:"}};
+  TextField txtProvince {*this, "txtProvince", {.tabIndex = 4, .maxLength = 2}};
+  // clang-format on
+
+  const Layout& FormLayout() const override { return layout_; }
+
+ private:
+  const Layout layout_ = {
+      .groups = {
+          {.rows = {{{{&lblName, &txtName}}},
+                    {{{&lblPhone, &txtPhone1}, {.field = &txtPhone2, .isClose = true}}},
+                    {{{&lblCity, &txtCity}, {.caption = &lblProvince, .field = &txtProvince, .isClose = true}}}}}}};
+};
+
+TEST_F(TextPicture, ShowsCellsCloseBehindEachOther) {
+  CloseForm form;
+  const std::string picture = Draw(form);
+  EXPECT_NE(picture.find("Phone:    [   ]  [    ]"), std::string::npos) << picture;
+  EXPECT_NE(picture.find("City:     [     ]  Province:  [  ]"), std::string::npos) << picture;
+}
+
 // The layout of the gallery has no place for its note.
 TEST_F(TextPicture, ShowsWhatTheLayoutForgetsAtTheEnd) {
   GalleryForm form;
