@@ -5,6 +5,7 @@
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/session.h"
+#include "screens/general/invoice_payments.h"
 #include "tests/frontends/qt/played_form.h"
 
 namespace fiscalon {
@@ -89,6 +90,47 @@ TEST_F(Accessibility, TellsEachRowOfAListBoxAsTheKeyboardComesToIt) {
         EXPECT_EQ(list->child(other)->state().selected, other == row) << row << " " << other;
     }
   });
+}
+
+/// The invoices of a payment, entered and gone through by keyboard alone: each row is told as it stands.
+TEST_F(Accessibility, TellsEachInvoiceOfAPayment) {
+  ResetModule();
+  TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
+  TheModule().locale = EnglishCanada();
+  UseToolkit(&toolkit);
+  toolkit.onForm = [&](Form& shown, UserDriver& user) {
+    const auto& list = static_cast<InvoicePayments&>(shown).InvoicePaymentList;
+    Press(user, "Tab");
+    Press(user, "Tab");
+    for (const char* invoice :
+         {"20260601\rINV-1\r10.00\r", "20260602\rFreight, May\r20.00\r", "20260603\rC-3\r-5.00\r"})
+      Type(user, invoice);
+    for (int i = 0; i < 3; ++i) Press(user, "Tab");
+    ASSERT_EQ(shown.ActiveControl(), &list);
+
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&toolkit.Dialog()->WidgetOf(list));
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(told->role(), QAccessible::List);
+    EXPECT_TRUE(told->state().focused);
+    EXPECT_EQ(told->text(QAccessible::Name).toStdString(), "Invoice Payments Details");
+    const std::vector<std::string> rows = {"20260601      INV-1                              10.00",
+                                           "20260602      Freight, May                       20.00",
+                                           "20260603      C-3                                -5.00"};
+    ASSERT_EQ(told->childCount(), 3);
+    for (int row = 0; row < 3; ++row) {
+      Press(user, "Down");
+      EXPECT_EQ(told->child(row)->role(), QAccessible::ListItem);
+      EXPECT_EQ(told->child(row)->text(QAccessible::Name).toStdString(), rows[static_cast<size_t>(row)]);
+      for (int other = 0; other < 3; ++other)
+        EXPECT_EQ(told->child(other)->state().selected, other == row) << row << " " << other;
+    }
+    Press(user, "Tab");
+    EXPECT_EQ(NameOf(*toolkit.Dialog(), *shown.ActiveControl()), "Cancel an Invoice");
+  };
+  Levyra session;
+  session.PaidAmount("12345");
+  EXPECT_FALSE(session.ShowLevyraScreen("08"));
+  ResetModule();
 }
 
 /// The forms of all screens that there are, up in turn.
