@@ -136,6 +136,19 @@ TEST_F(InstalmentsRecords, AreQuotedLinesInTheFile) {
   EXPECT_EQ(session.PC4Records(), nullptr);
 }
 
+TEST_F(InstalmentsRecords, LieInAClosedFileAsSoonAsTheFormHides) {
+  const auto files = std::make_shared<MemoryFiles>();
+  TheModule().files = files;
+  session.WriteFile(kTrue);
+  session.GovFilename("payment.pc4");
+  EXPECT_TRUE(Show<frmInstalments>("17", [&](frmInstalments& form, UserDriver& user) {
+    FillIn(form, user);
+    user.Click(form.cmdOK);
+    EXPECT_FALSE(form.IsUp());
+    EXPECT_EQ(files->openFiles, 0);
+  }));
+}
+
 TEST_F(InstalmentsRecords, TakeANameOf30AndATitleOf20) {
   session.EnterName("   abcdefghijklmnopqrstuvwxyz1234   ");
   session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");

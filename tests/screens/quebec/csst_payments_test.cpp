@@ -132,6 +132,17 @@ TEST_F(CsstPaymentsRecords, AreQuotedLinesInTheFile) {
   EXPECT_EQ(session.PC4Records(), nullptr);
 }
 
+TEST_F(CsstPaymentsRecords, LieInAClosedFileAsSoonAsTheFormHides) {
+  session.WriteFile(kTrue);
+  session.GovFilename("payment.pc4");
+  EXPECT_TRUE(Show<frmQue_Rev_CSST_Payments>("25", [&](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
+    Type(user, "20260531");
+    user.Click(form.cmdOK);
+    EXPECT_FALSE(form.IsUp());
+    EXPECT_EQ(files->openFiles, 0);
+  }));
+}
+
 TEST_F(CsstPaymentsRecords, TakeANameOf30AndATitleOf20) {
   session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
   session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");

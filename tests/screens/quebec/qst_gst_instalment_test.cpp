@@ -174,6 +174,17 @@ TEST_F(QstGstInstalmentRecords, AreQuotedLinesInTheFile) {
   EXPECT_EQ(session.PC4Records(), nullptr);
 }
 
+TEST_F(QstGstInstalmentRecords, LieInAClosedFileAsSoonAsTheFormHides) {
+  session.WriteFile(kTrue);
+  session.GovFilename("payment.pc4");
+  EXPECT_TRUE(Show<frmQue_Rev_QSTGSTInst>("19", [&](frmQue_Rev_QSTGSTInst& form, UserDriver& user) {
+    FillIn(user);
+    user.Click(form.cmdOK);
+    EXPECT_FALSE(form.IsUp());
+    EXPECT_EQ(files->openFiles, 0);
+  }));
+}
+
 TEST_F(QstGstInstalmentRecords, TakeANameOf30AndATitleOf20) {
   session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
   session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
