@@ -62,7 +62,20 @@ void DefineCommandLine(CLI::App& app, Context& context) {
   AddPictureCommand(app, context);
 }
 
+/// An option that ends with "=" would take the next argument for its value: a variable that is not set would make
+/// another file the report.
+void RefuseMissingValues(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "--")
+      return;
+    if (argument.starts_with("--") && argument.find('=') == argument.size() - 1)
+      throw CommandError(std::string(argument) + " has no value behind it");
+  }
+}
+
 ExitStatus RunProgram(int argc, char** argv) {
+  RefuseMissingValues(argc, argv);
   Context context{.arguments = argv, .paint = Paint(ColourIsWanted())};
   CLI::App app("", "fiscalon");
   DefineCommandLine(app, context);
@@ -94,6 +107,10 @@ int main(int argc, char** argv) {
 #ifdef SIGPIPE
   // A reader that goes away shows as a failed write.
   std::signal(SIGPIPE, SIG_IGN);
+#endif
+#ifdef SIGXFSZ
+  // So does a file that would grow over its owner's limit.
+  std::signal(SIGXFSZ, SIG_IGN);
 #endif
   fiscalon::StandardOutput output;
   return static_cast<int>(fiscalon::RunAndComplain(argc, argv));

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "tools/fiscalon/input_file.h"
+#include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/shown_json.h"
 #include "tools/fiscalon/shown_text.h"
 #include "tools/fiscalon/visible_text.h"
@@ -77,7 +78,7 @@ void AddShowCommand(CLI::App& app, Context& context) {
       app.add_subcommand("show", "Print the records of a file taken apart, and what is wrong with them");
   command->footer(kExamples);
   const auto options = std::make_shared<ShowOptions>();
-  command->add_option("FILE", options->file, "A record file; - is standard input")->required();
+  command->add_option("FILE", options->file, "A record file; - is standard input")->required()->check(NameGiven);
   command->add_option("--screen", options->screen, "The screen that the records come from: names their fields")
       ->type_name("CODE");
   command->add_flag("--json", options->json, "Print one JSON document");

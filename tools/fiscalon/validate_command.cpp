@@ -1,7 +1,6 @@
 #include "tools/fiscalon/validate_command.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <thread>
@@ -10,10 +9,11 @@
 #include "core/platform/code_page.h"
 #include "core/records/record_layout.h"
 #include "tools/fiscalon/input_file.h"
+#include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/progress_line.h"
 #include "tools/fiscalon/record_lines.h"
-#include "tools/fiscalon/report_file.h"
 #include "tools/fiscalon/visible_text.h"
+#include "tools/fiscalon/whole_file.h"
 #include "validation/batch.h"
 #include "validation/batch_report.h"
 #include "validation/judge_payment.h"
@@ -91,7 +91,7 @@ ExitStatus ValidatePayment(const ValidateOptions& options, const Context& contex
 /// Writes the report, counts the reasons and shows how far the batch is.
 class BatchDesk : public BatchListener {
  public:
-  explicit BatchDesk(ReportFile* report) : report_(report) {
+  explicit BatchDesk(WholeFile* report) : report_(report) {
     if (report_ != nullptr)
       rows_.append(kReportHeader).append("\n");
   }
@@ -121,19 +121,11 @@ class BatchDesk : public BatchListener {
   const ReasonCounts& Reasons() const { return reasons_; }
 
  private:
-  ReportFile* report_;
+  WholeFile* report_;
   std::string rows_;
   ReasonCounts reasons_;
   ProgressLine progressLine_;
 };
-
-void RefuseInputAsReport(const ValidateOptions& options) {
-  std::error_code ignored;
-  for (const std::string& input : {options.payments, options.records}) {
-    if (std::filesystem::equivalent(options.report, input, ignored))
-      throw CommandError("the report would take the place of " + input);
-  }
-}
 
 void PrintSummary(std::ostream& out, const BatchProgress& counts, const ReasonCounts& reasons, const Paint& paint) {
   out << counts.payments << " payments: ";
@@ -156,11 +148,9 @@ ExitStatus ValidateFiles(const ValidateOptions& options, const Context& context)
     if (source->Stays())
       watch.Mapped(source->Name(), source->Peek(0));
   }
-  std::unique_ptr<ReportFile> report;
-  if (!options.report.empty()) {
-    RefuseInputAsReport(options);
-    report = std::make_unique<ReportFile>(options.report);
-  }
+  std::unique_ptr<WholeFile> report;
+  if (!options.report.empty())
+    report = std::make_unique<WholeFile>(options.report, std::vector{options.payments, options.records});
   BatchProgress counts;
   ReasonCounts reasons;
   {
@@ -171,7 +161,7 @@ ExitStatus ValidateFiles(const ValidateOptions& options, const Context& context)
   }
   if (report)
     report->Commit();
-  PrintSummary(options.report == "-" ? std::cerr : std::cout, counts, reasons, context.paint);
+  PrintSummary(report && report->IsStandardOutput() ? std::cerr : std::cout, counts, reasons, context.paint);
   return counts.invalid == 0 ? ExitStatus::Done : ExitStatus::Invalid;
 }
 
@@ -211,15 +201,19 @@ void AddValidateCommand(CLI::App& app, Context& context) {
   command->footer(kExamples);
   const auto options = std::make_shared<ValidateOptions>();
   options->jobs = std::max(1u, std::thread::hardware_concurrency());
-  command->add_option("FILE", options->file, "The records of one payment; - is standard input");
+  command->add_option("FILE", options->file, "The records of one payment; - is standard input")->check(NameGiven);
   command->add_option("--screen", options->screen, "The payment's screen: 03 or 20")->type_name("CODE");
   command->add_option("--amount", options->amount, "The payment's amount in cents")->type_name("CENTS");
   command->add_option("--biller", options->biller, "The payment's biller, such as 001052")->type_name("CODE");
   command->add_option("--payments", options->payments, "The payments list of a batch; - is standard input")
-      ->type_name("FILE");
-  command->add_option("--records", options->records, "The records of a batch; - is standard input")->type_name("FILE");
+      ->type_name("FILE")
+      ->check(NameGiven);
+  command->add_option("--records", options->records, "The records of a batch; - is standard input")
+      ->type_name("FILE")
+      ->check(NameGiven);
   command->add_option("--report", options->report, "Where to write a row for each payment; - is standard output")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(NameGiven);
   command->add_option("--jobs", options->jobs, "How many threads judge a batch; as many as there are cores")
       ->type_name("N")
       ->check(CLI::Range(1, 256));

@@ -80,7 +80,7 @@ TEST_F(PictureCommand, TellsOfFilesThatCantBeReadOrWritten) {
   EXPECT_EQ(seen.err, "fiscalon: missing.scenario can't be read: No such file or directory\n");
   seen = Run("fiscalon picture 15 --out nowhere/picture.png");
   EXPECT_EQ(seen.status, 2);
-  EXPECT_EQ(seen.err, "fiscalon: nowhere/picture.png can't be written\n");
+  EXPECT_EQ(seen.err, "fiscalon: nowhere/picture.png can't be written: No such file or directory\n");
 }
 
 TEST_F(PictureCommand, WantsAScreenWithAForm) {
