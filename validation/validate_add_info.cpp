@@ -9,6 +9,7 @@
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"
+#include "validation/expectation.h"
 #include "validation/rule_sets.h"
 
 namespace fiscalon {

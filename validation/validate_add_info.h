@@ -7,9 +7,7 @@
 #include <string_view>
 
 #include "core/boolean.h"
-#include "core/platform/runtime_error.h"
 #include "core/records/pc4_records.h"
-#include "validation/expectation.h"
 
 namespace fiscalon {
 

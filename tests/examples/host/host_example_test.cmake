@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 set(prefix ${WORK_DIR}/prefix)
-file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${WORK_DIR}/host ${WORK_DIR}/qt_host)
+file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${WORK_DIR}/host ${WORK_DIR}/qt_host ${WORK_DIR}/own)
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -39,6 +39,33 @@ if(HAS_PROGRAM)
     run(${prefix}/bin/fiscalon play --toolkit qt ${SOURCE_DIR}/examples/cancel.scenario)
   endif()
 endif()
+
+# Headers: what hosts are promised, below one folder, and nothing that is the library's own.
+file(GLOB folders RELATIVE ${prefix}/include ${prefix}/include/*)
+if(NOT folders STREQUAL "fiscalon")
+  message(FATAL_ERROR "beside fiscalon/ there are headers: ${folders}")
+endif()
+foreach(private IN ITEMS core/logging.h core/module_state.h core/screen_contract.h screens validation/rule_sets.h)
+  if(EXISTS ${prefix}/include/fiscalon/${private})
+    message(FATAL_ERROR "${private} is installed, and is no business of hosts")
+  endif()
+endforeach()
+# A host has headers of the same names as the library's own, and meets each of the installed ones first.
+file(GLOB_RECURSE headers RELATIVE ${prefix}/include ${prefix}/include/*.h)
+file(GLOB promised RELATIVE ${prefix}/include ${prefix}/include/fiscalon/*.h)
+foreach(name IN ITEMS core/boolean.h core/logging.h core/session.h core/forms/form.h session.h boolean.h)
+  file(WRITE ${WORK_DIR}/own/${name} "#error a header of the host is taken for one of the library\n")
+endforeach()
+file(WRITE ${WORK_DIR}/own/everything.cpp "")
+foreach(header IN LISTS headers)
+  file(APPEND ${WORK_DIR}/own/everything.cpp "#include <${header}>\n")
+endforeach()
+foreach(header IN LISTS promised)
+  file(WRITE ${WORK_DIR}/own/alone.cpp "#include <${header}>\n")
+  run(${COMPILER} -std=c++20 -Wall -Wextra -Werror -fsyntax-only
+    -I ${WORK_DIR}/own -I ${prefix}/include ${WORK_DIR}/own/alone.cpp)
+endforeach()
+run(${COMPILER} -std=c++20 -fsyntax-only -I ${WORK_DIR}/own -I ${prefix}/include ${WORK_DIR}/own/everything.cpp)
 
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/host -B ${WORK_DIR}/host -G Ninja
   -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS})
