@@ -28,6 +28,23 @@ class ResumeNext {
       return true;
     }
   }
+
+  /// The same of a check: whether it answers false, or can't be made.
+  template <typename Check>
+  static bool Fails(Check&& check) {
+    return Holds([&] { return !check(); });
+  }
 };
+
+/// What becomes of a run-time failure in a routine that serves forms of either policy.
+enum class Failures { Skipped, Leave };
+
+template <typename Statement>
+void Attempt(Failures failures, Statement&& statement) {
+  if (failures == Failures::Leave)
+    statement();
+  else
+    ResumeNext::Run(statement);
+}
 
 }  // namespace fiscalon

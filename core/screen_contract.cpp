@@ -1,10 +1,6 @@
 #include "core/screen_contract.h"
 
-#include <utility>
-
 #include "core/module_state.h"
-#include "core/user_locale.h"
-#include "core/values/text.h"
 
 namespace fiscalon {
 namespace {
@@ -16,48 +12,25 @@ std::string_view Middle(std::string_view text, size_t from, size_t length) {
 
 }  // namespace
 
+std::string GivenPayment::ShownDate() const {
+  std::string shown(Middle(paidDate, 3, 2));
+  shown.append("/").append(Middle(paidDate, 1, 2)).append("/").append(Middle(paidDate, 5, 4));
+  return shown;
+}
+
+void Screen::Accepted() {
+  Chosen(kTrue);
+  Hide();
+}
+
 void Screen::Cancelled() {
   Chosen(kFalse);
   Hide();
 }
 
-void Screen::CancelOnClosing(int reason) {
-  constexpr int kWindow = 0;
-  constexpr int kSystemEnds = 2;
-  constexpr int kTaskManager = 3;
-  if (reason == kWindow || reason == kSystemEnds || reason == kTaskManager)
+void Screen::CancelOnClosing(CloseReason reason) {
+  if (reason == CloseReason::CloseBox || reason == CloseReason::SystemEnds || reason == CloseReason::TaskManager)
     Cancelled();
-}
-
-std::string Screen::ShownPaidDate() const {
-  const std::string_view date = given_.paidDate;
-  std::string shown(Middle(date, 3, 2));
-  shown.append("/").append(Middle(date, 1, 2)).append("/").append(Middle(date, 5, 4));
-  return shown;
-}
-
-void Screen::FocusIfAble(Control& control) {
-  if (control.Enabled() && control.Visible())
-    control.SetFocus();
-}
-
-void Screen::MoveOnWhenFull(const TextField& field, Control& next) {
-  if (static_cast<int>(Trim(field.Text()).size()) == field.MaxLength() && next.Enabled())
-    next.SetFocus();
-}
-
-Handler Screen::OnFull(const TextField& field, Control& next) {
-  return [&field, &next] { MoveOnWhenFull(field, next); };
-}
-
-bool Screen::Refuse(Control& control) {
-  control.SetFocus();
-  return false;
-}
-
-bool Screen::Refuse(Control& control, std::string_view message, MessageStyle style) {
-  ShowMessage(message, style);
-  return Refuse(control);
 }
 
 std::shared_ptr<PC4s> Screen::PC4Records() {
@@ -102,18 +75,6 @@ std::string Screen::GovernmentRecord(GovernmentFields fields) const {
 
 std::string Screen::FreeRecord(std::initializer_list<FreeFormatSlot> slots) const {
   return ComposeFreeFormat(given_.seqNumber, slots);
-}
-
-FreeFormatSlot Screen::NumberSlot(std::string number, double value) {
-  return {.fieldNum = std::move(number), .fieldValue = DigitsOf(value)};
-}
-
-FreeFormatSlot Screen::NumberSlot(std::string number, Money value) {
-  return {.fieldNum = std::move(number), .fieldValue = DigitsOf(value)};
-}
-
-FreeFormatSlot Screen::TextSlot(std::string number, const TextField& field) {
-  return {.fieldNum = std::move(number), .fieldValue = std::string(Trim(field.Text()))};
 }
 
 }  // namespace fiscalon

@@ -14,12 +14,31 @@
 #include "core/platform/files.h"
 #include "core/records/pc4_records.h"
 #include "core/records/record_composer.h"
-#include "core/values/money.h"
 
 namespace fiscalon {
 
+/// The payment that a launch has set on a screen. Texts are in the code page.
+struct GivenPayment {
+  /// Whether the payment is on hold, and has no fixed date.
+  bool IsHeld() const { return apHoldFlg == 1; }
+  /// The date as screens show it: characters 3-4, "/", 1-2, "/", 5-8, whatever is there of them.
+  std::string ShownDate() const;
+
+  std::string seqNumber = {};
+  Boolean writeFile = {};
+  std::string enterName = {};
+  std::string enterTitle = {};
+  std::string govFilename = {};
+  std::string compName = {};
+  std::string paidAmount = {};
+  std::string paidDate = {};
+  uint8_t apHoldFlg = 0;
+  std::string compCode = {};
+};
+
 /// What all payment screens share: the properties that a launch sets, the collection of records, what the
-/// host reads afterwards, and the frame of the output. Texts are in the code page.
+/// host reads afterwards, and the frame of the output. What they have in common beyond that are parts
+/// (screens/parts), members of their tables of controls.
 class Screen : public Form {
  public:
   using Form::Form;
@@ -59,48 +78,38 @@ class Screen : public Form {
   /// True after OK, False after Cancel. Not reset when the form loads.
   Boolean Chosen() const { return Get(chosen_, "Chosen"); }
 
+  // For the parts that the form is made of.
+  using Form::DoEvents;
+  using Form::SendKeys;
+
  protected:
   /// What the launch has set. The form's own code reads it here: only the properties are accesses from outside.
-  struct Given {
-    std::string seqNumber = {};
-    Boolean writeFile = {};
-    std::string enterName = {};
-    std::string enterTitle = {};
-    std::string govFilename = {};
-    std::string compName = {};
-    std::string paidAmount = {};
-    std::string paidDate = {};
-    uint8_t apHoldFlg = 0;
-    std::string compCode = {};
-  };
-  const Given& Payment() const { return given_; }
+  const GivenPayment& Payment() const { return given_; }
 
   void Chosen(Boolean value) { chosen_ = value; }
 
   /// A property is read ("Get") or written ("Let").
   virtual void Accessed(std::string_view /*access*/, std::string_view /*property*/) const {}
 
+  /// The end of OK: the host gets True, and the form hides.
+  void Accepted();
   /// The end of Cancel, and of closing by the window, the system or the task manager.
   void Cancelled();
-  /// What most screens do when the window closes: reasons 0, 2 and 3 cancel, others do nothing.
-  void CancelOnClosing(int reason);
+  /// What most screens do when the window closes: the close box, the end of the system and the task manager cancel,
+  /// other reasons do nothing.
+  void CancelOnClosing(CloseReason reason);
 
-  /// The payment's date as screens show it: characters 3-4, "/", 1-2, "/", 5-8, whatever is there of them.
-  std::string ShownPaidDate() const;
-
-  /// Whether the active control, inside a `LostFocus` the one that took the focus, bears that name.
-  bool FocusIsOn(std::string_view name) const { return ActiveControl() != nullptr && ActiveControl()->Name() == name; }
-
-  /// Where the focus goes when the form is activated: to a control that is enabled and visible.
-  static void FocusIfAble(Control& control);
-  /// Moves the focus on when a field holds as many characters as it takes and the next control is enabled.
-  static void MoveOnWhenFull(const TextField& field, Control& next);
-  /// That, as the whole handler of a field's `Change`.
-  static Handler OnFull(const TextField& field, Control& next);
-
-  // The reaction to a failed test, always false, the result of the test: the focus on the field, behind a box or not.
-  static bool Refuse(Control& control);
-  static bool Refuse(Control& control, std::string_view message, MessageStyle style = MessageStyle::Critical);
+  /// OK of a form that one routine judges as a whole: where that answers true, the other writes the records, and the
+  /// form is accepted. What fails leaves the handler.
+  template <class F>
+  Handler OnOk(bool (F::*isValid)(), void (F::*write)()) {
+    return [this, form = static_cast<F*>(this), isValid, write] {
+      if (!(form->*isValid)())
+        return;
+      (form->*write)();
+      Accepted();
+    };
+  }
 
   // The frame of the output: to the file, whose earlier content goes, or to the emptied collection.
   void BeginRecords();
@@ -111,10 +120,6 @@ class Screen : public Form {
   std::string GovernmentRecord(GovernmentFields fields = {}) const;
   /// An "F" record with the payment's sequence.
   std::string FreeRecord(std::initializer_list<FreeFormatSlot> slots) const;
-  // Slots of "F" records: a whole number with zeros in front, and a field's trimmed text.
-  static FreeFormatSlot NumberSlot(std::string number, double value);
-  static FreeFormatSlot NumberSlot(std::string number, Money value);
-  static FreeFormatSlot TextSlot(std::string number, const TextField& field);
 
   /// A file that a failed output left open is the form's until it next writes or unloads.
   void Unloaded() override { output_.reset(); }
@@ -131,7 +136,7 @@ class Screen : public Form {
     field = value;
   }
 
-  Given given_;
+  GivenPayment given_;
   std::shared_ptr<PC4s> pc4Records_;
   Boolean chosen_;
   std::unique_ptr<OutputFile> output_;

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <variant>
 
+#include "core/forms/close_reason.h"
 #include "core/forms/keys.h"
 #include "core/forms/text_field.h"
 #include "core/platform/toolkit.h"
@@ -49,7 +50,7 @@ struct BringFocusAct {
   Control* control = nullptr;
 };
 struct CloseAct {
-  int reason = 0;
+  CloseReason reason = CloseReason::CloseBox;
 };
 using UserAct = std::variant<KeyAct, EditAct, PressAct, ReleaseAct, ClickAct, ChooseAct, BringFocusAct, CloseAct>;
 
@@ -63,7 +64,7 @@ class ActWatcher {
   virtual void ActBegins(const UserAct& /*act*/) {}
   /// The act and all that it has set off are over.
   virtual void ActEnded() {}
-  virtual void BoxAnswered(const MessageBox& /*box*/, MessageAnswer /*answer*/) {}
+  virtual void BoxAnswered(const BoxRequest& /*box*/, MessageAnswer /*answer*/) {}
   virtual void Beeped() {}
   virtual void HelpOpened(std::string_view /*file*/, int32_t /*context*/) {}
 };

@@ -1,14 +1,16 @@
 #include "core/forms/button.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/forms/form.h"
+#include "core/forms/form_misuse.h"
 
 namespace fiscalon {
 
 void ToggleButton::Reset() {
-  Captioned::Reset();
-  value_ = false;
+  AnyButton::Reset();
+  value_ = design_.value;
 }
 
 bool ToggleButton::Value() const {
@@ -22,21 +24,56 @@ void ToggleButton::Value(bool value) {
     return;
   Changed();
   // Both values have changed before the first handler runs: no handler sees two options on, or none.
-  if (ToggleButton* other = value ? OtherOptionThatIsOn() : nullptr)
+  if (ToggleButton* other = value ? OtherThatGoesOff() : nullptr)
     other->Value(false);
-  Fire("Click", Handlers().click);
+  FireClick();
 }
 
-ToggleButton* ToggleButton::OtherOptionThatIsOn() const {
-  if (Kind() != ControlKind::OptionButton)
-    return nullptr;
-  for (Control* control : Owner().Controls()) {
-    if (control == this || control->Kind() != ControlKind::OptionButton ||
-        control->Designed().frame != Designed().frame)
+OptionButton::OptionButton(fiscalon::Form& form, std::string name, const ToggleDesign& design, ButtonEvents events)
+    : ToggleButton(form, ControlKind::OptionButton, std::move(name), design, std::move(events)) {
+  for (const OptionButton* other : Group())
+    if (design.value && other != this && other->Designed().value)
+      throw FormMisuse(Owner().Name(), Name(), "is on at design, and so is " + other->Name() + " of the same group");
+}
+
+std::vector<OptionButton*> OptionButton::Group() const {
+  std::vector<OptionButton*> group;
+  for (Control* control : Owner().TabOrder())
+    if (auto* option = dynamic_cast<OptionButton*>(control);
+        option != nullptr && option->EnclosingFrame() == EnclosingFrame())
+      group.push_back(option);
+  return group;
+}
+
+Control& OptionButton::StopOfGroup() {
+  OptionButton* first = nullptr;
+  for (OptionButton* option : Group()) {
+    if (!option->CanTakeFocus() || !option->IsTabStop())
       continue;
-    if (auto* option = static_cast<ToggleButton*>(control); option->value_)
-      return option;
+    if (option->Value())
+      return *option;
+    if (first == nullptr)
+      first = option;
   }
+  return first == nullptr ? *this : *first;
+}
+
+KeyOutcome OptionButton::KeyMeans(int keyCode, int /*character*/) {
+  const bool back = keyCode == key::kLeft || keyCode == key::kUp;
+  if (!back && keyCode != key::kRight && keyCode != key::kDown)
+    return {};
+  std::vector<OptionButton*> group = Group();
+  std::erase_if(group, [](const Control* option) { return !option->CanTakeFocus(); });
+  const auto here = std::find(group.begin(), group.end(), this) - group.begin();
+  const auto size = static_cast<std::ptrdiff_t>(group.size());
+  group[static_cast<size_t>((here + (back ? size - 1 : 1)) % size)]->GoAndClick(FocusBy::KeyboardOrCode);
+  return {};
+}
+
+ToggleButton* OptionButton::OtherThatGoesOff() {
+  for (OptionButton* option : Group())
+    if (option != this && option->Value())
+      return option;
   return nullptr;
 }
 

@@ -2,55 +2,108 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "core/forms/captioned.h"
 
 namespace fiscalon {
 
-/// A push button.
-class Button final : public Captioned {
+/// What push buttons, check boxes and option buttons share. A "&" in the caption marks the access key.
+class AnyButton : public Captioned {
  public:
-  Button(fiscalon::Form& form, std::string name, const Design& design, Events events)
-      : Captioned(form, ControlKind::Button, std::move(name), design, std::move(events)) {}
+  using ArrayEvents = ButtonHandlers<int>;
+
+  int AccessKey() const override { return fiscalon::AccessKey(Caption()); }
+  std::string PlainCaption() const override { return WithoutAccessMarks(Caption()); }
+
+ protected:
+  AnyButton(fiscalon::Form& form, ControlKind kind, std::string name, std::string caption, const CommonDesign& design,
+            ButtonEvents events)
+      : Captioned(form, kind, std::move(name), std::move(caption), design, CommonEvents::Of(events)),
+        click_(std::move(events.click)) {}
+
+  void FireClick() { Fire("Click", click_); }
 
  private:
-  friend class UserActs;
+  Handler click_;
+};
 
-  void Click() { Fire("Click", Handlers().click); }
+/// A push button.
+class Button : public AnyButton {
+ public:
+  using Design = ButtonDesign;
+
+  Button(fiscalon::Form& form, std::string name, const ButtonDesign& design, ButtonEvents events = {})
+      : AnyButton(form, ControlKind::Button, std::move(name), design.caption, CommonDesign::Of(design),
+                  std::move(events)),
+        design_(design) {}
+
+  const ButtonDesign& Designed() const { return design_; }
+
+ protected:
+  bool IsClickedBy(int keyCode) const override { return keyCode == key::kEnter || keyCode == key::kSpace; }
+  void Clicked() override { FireClick(); }
+
+ private:
+  ButtonDesign design_;
 };
 
 /// A button that keeps a value: what check boxes and option buttons share. `Click` fires when the value
 /// changes, by the user or by code.
-class ToggleButton : public Captioned {
+class ToggleButton : public AnyButton {
  public:
+  using Design = ToggleDesign;
+
+  const ToggleDesign& Designed() const { return design_; }
+
   bool Value() const;
   void Value(bool value);
 
   std::string DefaultValue() const override { return Value() ? "1" : "0"; }
 
  protected:
-  using Captioned::Captioned;
+  ToggleButton(fiscalon::Form& form, ControlKind kind, std::string name, const ToggleDesign& design,
+               ButtonEvents events)
+      : AnyButton(form, kind, std::move(name), design.caption, CommonDesign::Of(design), std::move(events)),
+        design_(design) {}
 
   void Reset() override;
+  bool IsClickedBy(int keyCode) const override { return keyCode == key::kSpace; }
+  /// The button that goes off when this one goes on, or null.
+  virtual ToggleButton* OtherThatGoesOff() { return nullptr; }
 
  private:
-  ToggleButton* OtherOptionThatIsOn() const;
-
+  ToggleDesign design_;
   bool value_ = false;
 };
 
-class CheckBox final : public ToggleButton {
+class CheckBox : public ToggleButton {
  public:
-  CheckBox(fiscalon::Form& form, std::string name, const Design& design, Events events = {})
+  CheckBox(fiscalon::Form& form, std::string name, const ToggleDesign& design, ButtonEvents events = {})
       : ToggleButton(form, ControlKind::CheckBox, std::move(name), design, std::move(events)) {}
+
+ protected:
+  void Clicked() override { Value(!Value()); }
 };
 
-/// One of several choices: at most one option button of a form, or of a frame on it, is on. One that goes on turns
-/// the other off, whose `Click` runs first.
-class OptionButton final : public ToggleButton {
+/// One of several choices: of the option buttons of one frame, or of the form outside its frames, at most one is on.
+/// One that goes on turns the other off, whose `Click` runs first. Together they are one tab stop, within which arrow
+/// keys move. Throws `FormMisuse` where two of a group are on at design.
+class OptionButton : public ToggleButton {
  public:
-  OptionButton(fiscalon::Form& form, std::string name, const Design& design, Events events = {})
-      : ToggleButton(form, ControlKind::OptionButton, std::move(name), design, std::move(events)) {}
+  OptionButton(fiscalon::Form& form, std::string name, const ToggleDesign& design, ButtonEvents events = {});
+
+  /// The option that is on, else the first, of those that can take the focus.
+  Control& StopOfGroup() override;
+
+ protected:
+  void Clicked() override { Value(true); }
+  KeyOutcome KeyMeans(int keyCode, int character) override;
+  ToggleButton* OtherThatGoesOff() override;
+
+ private:
+  /// The options of the group in tab order, this one among them.
+  std::vector<OptionButton*> Group() const;
 };
 
 }  // namespace fiscalon

@@ -6,7 +6,7 @@ namespace fiscalon {
 
 void Captioned::Reset() {
   Control::Reset();
-  caption_ = Designed().caption;
+  caption_ = designedCaption_;
 }
 
 std::string Captioned::Caption() const {

@@ -1,25 +1,31 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "core/forms/control.h"
 
 namespace fiscalon {
 
-/// What the controls that show a caption share. A "&" in it marks the access key of a button.
+/// What the controls that show a caption share.
 class Captioned : public Control {
  public:
   std::string Caption() const;
   void Caption(std::string caption);
+  /// The caption as it reads, without the mark of an access key.
+  virtual std::string PlainCaption() const { return Caption(); }
 
   std::string DefaultValue() const override { return Caption(); }
 
  protected:
-  using Control::Control;
+  Captioned(fiscalon::Form& form, ControlKind kind, std::string name, std::string caption, const CommonDesign& design,
+            CommonEvents events)
+      : Control(form, kind, std::move(name), design, std::move(events)), designedCaption_(std::move(caption)) {}
 
   void Reset() override;
 
  private:
+  std::string designedCaption_;
   std::string caption_;
 };
 

@@ -3,10 +3,12 @@
 #include <utility>
 
 #include "core/forms/form.h"
+#include "core/forms/label.h"
 
 namespace fiscalon {
 
-Control::Control(fiscalon::Form& form, ControlKind kind, std::string name, const Design& design, Events events)
+Control::Control(fiscalon::Form& form, ControlKind kind, std::string name, const CommonDesign& design,
+                 CommonEvents events)
     : form_(form), kind_(kind), name_(std::move(name)), design_(design), events_(std::move(events)) {
   form_.Register(*this);
 }
@@ -39,7 +41,7 @@ void Control::Enabled(bool enabled) {
   if (std::exchange(enabled_, enabled) == enabled)
     return;
   Changed();
-  form_.KeepFocusOnTakingControl();
+  form_.focus_.Keep();
 }
 
 bool Control::Visible() const {
@@ -52,25 +54,28 @@ void Control::Visible(bool visible) {
   if (std::exchange(visible_, visible) == visible)
     return;
   Changed();
-  form_.KeepFocusOnTakingControl();
+  form_.focus_.Keep();
 }
 
 bool Control::EnabledInFrames() const {
-  return Enabled() && (design_.frame == nullptr || design_.frame->EnabledInFrames());
+  return Enabled() && (design_.frame == nullptr || design_.frame->Enabled());
 }
 
 bool Control::VisibleInFrames() const {
-  return Visible() && (design_.frame == nullptr || design_.frame->VisibleInFrames());
+  return Visible() && (design_.frame == nullptr || design_.frame->Visible());
 }
 
 bool Control::CanTakeFocus() const {
-  const bool takesKeys = kind_ != ControlKind::Label && kind_ != ControlKind::Frame;
-  return form_.IsUp() && takesKeys && VisibleInFrames() && EnabledInFrames();
+  return form_.IsUp() && TakesKeys() && VisibleInFrames() && EnabledInFrames();
 }
 
 void Control::SetFocus() {
   Touch();
-  form_.SetFocus(*this);
+  form_.focus_.Set(*this);
+}
+
+void Control::GoAndClick(FocusBy by) {
+  form_.acts_.GoAndClick(*this, by);
 }
 
 }  // namespace fiscalon

@@ -8,38 +8,36 @@
 #include <utility>
 
 #include "core/forms/control.h"
-#include "core/platform/runtime_error.h"
 
 namespace fiscalon {
 
-/// The handlers that a form has for the events of a control array: each is told the member's index first.
-struct ArrayEvents {
-  std::function<void(int index)> change = {};
-  std::function<void(int index, int& keyCode, int shift)> keyDown = {};
-  std::function<void(int index, int& character)> keyPress = {};
-  std::function<void(int index)> lostFocus = {};
-  std::function<void(int index)> mouseDown = {};
-  std::function<void(int index)> click = {};
+// The handlers of one member of a control array.
+FieldEvents EventsOf(int index, const FieldHandlers<int>& events);
+ButtonEvents EventsOf(int index, const ButtonHandlers<int>& events);
+ListEvents EventsOf(int index, const ListHandlers<int>& events);
 
-  /// The handlers of one member.
-  Events Of(int index) const;
-};
+/// Error 9 of the array that has the neighbour as a member.
+[[noreturn]] void RaiseNoSuchMember(const Control& neighbour, const std::string& member);
 
-/// Controls of one kind that share a name and its handlers. The members are named "Box(0)", "Box(1)" and so on:
+/// Controls of one kind that share a name and its handlers, which are told the member's index first. The members are
+/// named "Box(0)", "Box(1)" and so on:
 ///
 ///     ControlArray<TextField, 6> WCBclass {*this, "WCBclass",
-///                                          [](int i) { return Design{.tabIndex = 8 + 2 * i, .maxLength = 18}; },
+///                                          [](int i) { return FieldDesign{.tabIndex = 8 + 2 * i, .maxLength = 18}; },
 ///                                          {.keyPress = On(&Self::WCBclass_KeyPress)}};
 template <class T, int kSize>
 class ControlArray {
  public:
+  using Design = typename T::Design;
+  using Events = typename T::ArrayEvents;
+
   ControlArray(Form& form, std::string_view name, const std::function<Design(int index)>& design,
-               const ArrayEvents& events = {})
+               const Events& events = {})
       : ControlArray(form, name, design, events, std::make_integer_sequence<int, kSize>()) {}
 
   static constexpr int Size() { return kSize; }
 
-  /// The members count from 0. Error 9 for an index that is not there.
+  /// The members count from 0. Error 9 for an index that is not there; its description names form and member.
   T& operator[](int index) { return members_[Checked(index)]; }
   const T& operator[](int index) const { return members_[Checked(index)]; }
 
@@ -50,24 +48,28 @@ class ControlArray {
 
  private:
   template <int... kIndex>
-  ControlArray(Form& form, std::string_view name, const std::function<Design(int index)>& design,
-               const ArrayEvents& events, std::integer_sequence<int, kIndex...> /*all*/)
-      : members_{{Member(form, name, design(kIndex), events, kIndex)...}} {}
+  ControlArray(Form& form, std::string_view name, const std::function<Design(int index)>& design, const Events& events,
+               std::integer_sequence<int, kIndex...> /*all*/)
+      : name_(name), members_{{Member(form, name, design(kIndex), events, kIndex)...}} {}
 
-  static T Member(Form& form, std::string_view name, const Design& design, const ArrayEvents& events, int index) {
-    std::string memberName = std::string(name) + "(" + std::to_string(index) + ")";
-    if constexpr (std::is_constructible_v<T, Form&, std::string, const Design&, Events>)
-      return T(form, std::move(memberName), design, events.Of(index));
-    else
-      return T(form, std::move(memberName), design);
+  static std::string NameOf(std::string_view name, int index) {
+    return std::string(name) + "(" + std::to_string(index) + ")";
   }
 
-  static size_t Checked(int index) {
+  static T Member(Form& form, std::string_view name, const Design& design, const Events& events, int index) {
+    if constexpr (std::is_same_v<Events, NoEvents>)
+      return T(form, NameOf(name, index), design);
+    else
+      return T(form, NameOf(name, index), design, EventsOf(index, events));
+  }
+
+  size_t Checked(int index) const {
     if (index < 0 || index >= kSize)
-      Raise(error_number::kSubscriptOutOfRange);
+      RaiseNoSuchMember(members_[0], NameOf(name_, index));
     return static_cast<size_t>(index);
   }
 
+  std::string name_;
   std::array<T, kSize> members_;
 };
 

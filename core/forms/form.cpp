@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "core/forms/form_events.h"
-#include "core/forms/user_acts.h"
+#include "core/forms/form_misuse.h"
 #include "core/platform/runtime_error.h"
 
 namespace fiscalon {
@@ -25,6 +25,12 @@ Control* Form::FindControl(std::string_view name) const {
     if (control->Name() == name)
       return control;
   return nullptr;
+}
+
+Control& Form::ControlNamed(std::string_view name) const {
+  if (Control* control = FindControl(name))
+    return *control;
+  throw FormMisuse(name_, std::string(name), "the form has no such control");
 }
 
 void Form::ControlChanged(const Control& control) {
@@ -67,9 +73,9 @@ void Form::ShowModal(Toolkit& toolkit) {
 
 void Form::Open() {
   phase_ = Phase::Up;
-  active_ = nullptr;
-  Act(ActPart::First, [this] {
-    FocusFirst();
+  focus_.Forget();
+  acts_.Act(UserActs::ActPart::First, [this] {
+    focus_.MoveToFirst();
     Run("Form", "Activate", [this] { Form_Activate(); });
   });
 }
@@ -98,7 +104,7 @@ void Form::Unload() {
   if (!IsLoaded())
     return;
   EndShow(Phase::Unloaded);
-  active_ = nullptr;
+  focus_.Forget();
   Unloaded();
 }
 
@@ -121,9 +127,9 @@ void Form::RunPosted() {
   const ScopedValue running(runningPosted_, true);
   while (const auto event = queue_.Take()) {
     if (const auto* left = std::get_if<PostedLostFocus>(&*event))
-      left->control->Fire("LostFocus", left->control->Handlers().lostFocus);
+      left->control->Fire("LostFocus", left->control->events_.lostFocus);
     else
-      UserActs(*this).Stroke(std::get<PostedKey>(*event).stroke);
+      acts_.Stroke(std::get<PostedKey>(*event).stroke);
   }
 }
 

@@ -8,15 +8,17 @@
 
 #include "core/forms/control.h"
 #include "core/forms/event_queue.h"
+#include "core/forms/focus.h"
 #include "core/forms/form_observer.h"
 #include "core/forms/layout.h"
+#include "core/forms/user_acts.h"
 #include "core/platform/toolkit.h"
 
 namespace fiscalon {
 
 /// A modal form: controls, a layout and handlers. The form decides everything that a forms toolkit would
 /// otherwise decide (focus, keys, clicks, the order of events), so that every front end behaves the same.
-/// The user's acts come in through `UserActs`. docs/architecture.md tells the order of events.
+/// The user's acts come in through `Acts`. docs/architecture.md tells the order of events.
 class Form {
  public:
   Form(std::string_view name, std::string_view caption) : name_(name), designedCaption_(caption) {}
@@ -34,6 +36,8 @@ class Form {
   const std::vector<Control*>& Controls() const { return controls_; }
   /// The control of that name, or null. For scenarios and front ends; handlers use the members.
   Control* FindControl(std::string_view name) const;
+  /// The same, but throws `FormMisuse` where the form has none.
+  Control& ControlNamed(std::string_view name) const;
 
   /// Returns all controls to their design and runs `Form_Load`. Does nothing on a loaded form.
   void Load();
@@ -49,10 +53,13 @@ class Form {
   bool IsUp() const { return phase_ == Phase::Up; }
 
   /// The control that has the focus, or null. Inside a `LostFocus` handler that is the control which took it.
-  Control* ActiveControl() const { return active_; }
+  Control* ActiveControl() const { return focus_.Active(); }
 
   /// The controls that Tab stops at and others that take the focus, in tab order.
-  std::vector<Control*> TabOrder() const;
+  std::vector<Control*> TabOrder() const { return focus_.Order(); }
+
+  /// What the user does to the form.
+  UserActs& Acts() { return acts_; }
 
   /// The front end that shows the form, set when its toolkit hears that the form opens; null takes it away. The end
   /// of the show takes it away too.
@@ -63,7 +70,10 @@ class Form {
   virtual void Form_Activate() {}
   virtual void Form_KeyDown(int& /*keyCode*/, int /*shift*/) {}
   virtual void Form_KeyPress(int& /*character*/) {}
-  virtual void Form_QueryUnload(bool& /*cancel*/, int /*reason*/) {}
+  virtual void Form_QueryUnload(bool& /*cancel*/, CloseReason /*reason*/) {}
+  /// A handler is about to run: of an event of the form ("Form", "Load"), or of a control's that has one ("txtQPP",
+  /// "Change"). Object, underscore and event are the handler's name.
+  virtual void Begins(std::string_view /*object*/, std::string_view /*event*/) {}
   /// For what a form holds open while it is loaded.
   virtual void Unloaded() {}
 
@@ -80,32 +90,19 @@ class Form {
 
  private:
   friend class Control;
+  friend class Focus;
   friend class UserActs;
 
   enum class Phase { Unloaded, Loaded, Up, Hidden };
-  /// A click is a press and a release, a typed character is a key and its editing: one act each.
-  enum class ActPart { First, Further };
 
   void Register(Control& control) { controls_.push_back(&control); }
   void ControlChanged(const Control& control);
-
-  // Focus (focus.cpp).
-  void SetFocus(Control& control);
-  void MoveFocus(Control& control, FocusBy by);
-  void FocusFirst();
-  void FocusNext(int step);
-  /// A control that is hidden or disabled while it has the focus gives it to the next tab stop, or to none.
-  void KeepFocusOnTakingControl();
 
   /// Runs a handler; when it was the outermost one, what it posted runs afterwards.
   template <class Call>
   void Run(std::string_view object, std::string_view event, Call&& call);
   void Fire(std::string_view object, std::string_view event, const Handler& handler);
   void RunPosted();
-  /// One act of the user, from its first event to the last that it posted. An error that leaves it ends the
-  /// show and is kept for `ShowModal` to throw.
-  template <class Call>
-  void Act(ActPart part, Call&& call);
   /// Puts a loaded form up: the first focus, `Form_Activate`, and what they posted.
   void Open();
   void EndShow(Phase next);
@@ -117,13 +114,12 @@ class Form {
   std::string caption_;
   std::vector<Control*> controls_;
   Phase phase_ = Phase::Unloaded;
-  Control* active_ = nullptr;
+  Focus focus_{*this};
+  UserActs acts_{*this};
   EventQueue queue_;
   int runningHandlers_ = 0;
   bool runningPosted_ = false;
   bool showing_ = false;
-  bool acting_ = false;
-  bool editingFollows_ = false;
   std::exception_ptr failure_;
   FormObserver* observer_ = nullptr;
 };

@@ -1,28 +1,16 @@
 #pragma once
 
-#include <utility>
+#include <exception>
 
 #include "core/forms/form.h"
+#include "core/forms/scoped_value.h"
 
-/// How handlers run, for the sources of the runtime itself.
+/// How handlers and acts run, for the sources of the runtime itself.
 namespace fiscalon {
-
-/// Sets a value for the time of a scope.
-template <class T>
-class ScopedValue {
- public:
-  ScopedValue(T& variable, T value) : variable_(variable), before_(std::exchange(variable, value)) {}
-  ~ScopedValue() { variable_ = before_; }
-  ScopedValue(const ScopedValue&) = delete;
-  ScopedValue& operator=(const ScopedValue&) = delete;
-
- private:
-  T& variable_;
-  T before_;
-};
 
 template <class Call>
 void Form::Run(std::string_view object, std::string_view event, Call&& call) {
+  Begins(object, event);
   if (observer_ != nullptr)
     observer_->HandlerRuns(object, event);
   {
@@ -34,19 +22,20 @@ void Form::Run(std::string_view object, std::string_view event, Call&& call) {
 }
 
 template <class Call>
-void Form::Act(ActPart part, Call&& call) {
+void UserActs::Act(ActPart part, Call&& call) {
   // While a handler waits, in a message box for one, the user can't act on the form.
-  if (!IsUp() || acting_)
+  if (!form_.IsUp() || acting_)
     return;
   const ScopedValue acting(acting_, true);
   editingFollows_ = false;
+  characterFollows_ = false;
   if (part == ActPart::First)
-    queue_.BeginAct();
+    form_.queue_.BeginAct();
   try {
     call();
-    RunPosted();
+    form_.RunPosted();
   } catch (...) {
-    Fail(std::current_exception());
+    form_.Fail(std::current_exception());
   }
 }
 

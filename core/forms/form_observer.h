@@ -2,12 +2,9 @@
 
 #include <string_view>
 
+#include "core/forms/control.h"
+
 namespace fiscalon {
-
-class Control;
-
-/// How a control received the focus: it decides what a text field selects.
-enum class FocusBy { KeyboardOrCode, Mouse };
 
 /// What a front end hears of the form that it shows.
 class FormObserver {

@@ -1,5 +1,6 @@
 #include "core/forms/keys.h"
 
+#include <algorithm>
 #include <array>
 
 namespace fiscalon {
@@ -14,6 +15,8 @@ constexpr std::array kNamedStrokes = {
     NamedStroke{"Tab", {.keyCode = key::kTab, .character = key::kTab}},
     NamedStroke{"Shift+Tab", {.keyCode = key::kTab, .shift = shift_state::kShift, .character = key::kTab}},
     NamedStroke{"Enter", {.keyCode = key::kEnter, .character = key::kEnter}},
+    NamedStroke{"Shift+Enter", {.keyCode = key::kEnter, .shift = shift_state::kShift, .character = key::kEnter}},
+    NamedStroke{"Ctrl+Enter", {.keyCode = key::kEnter, .shift = shift_state::kControl, .character = '\n'}},
     NamedStroke{"Escape", {.keyCode = key::kEscape, .character = key::kEscape}},
     NamedStroke{"Backspace", {.keyCode = key::kBackspace, .character = key::kBackspace}},
     NamedStroke{"Delete", {.keyCode = key::kDelete}},
@@ -32,12 +35,15 @@ struct PunctuationKey {
   int keyCode;
 };
 
-// Key codes of a North American keyboard, so that a typed "." is not mistaken for Delete (46).
+// Key codes of a North American keyboard, so that a typed "." is not mistaken for Delete, whose code it has as a
+// character.
 constexpr std::array kPunctuationKeys = {
-    PunctuationKey{';', ':', 186}, PunctuationKey{'=', '+', 187}, PunctuationKey{',', '<', 188},
-    PunctuationKey{'-', '_', 189}, PunctuationKey{'.', '>', 190}, PunctuationKey{'/', '?', 191},
-    PunctuationKey{'`', '~', 192}, PunctuationKey{'[', '{', 219}, PunctuationKey{'\\', '|', 220},
-    PunctuationKey{']', '}', 221}, PunctuationKey{'\'', '"', 222}};
+    PunctuationKey{';', ':', key::kSemicolon},  PunctuationKey{'=', '+', key::kEquals},
+    PunctuationKey{',', '<', key::kComma},      PunctuationKey{'-', '_', key::kMinus},
+    PunctuationKey{'.', '>', key::kPeriod},     PunctuationKey{'/', '?', key::kSlash},
+    PunctuationKey{'`', '~', key::kBackquote},  PunctuationKey{'[', '{', key::kOpenBracket},
+    PunctuationKey{'\\', '|', key::kBackslash}, PunctuationKey{']', '}', key::kCloseBracket},
+    PunctuationKey{'\'', '"', key::kQuote}};
 
 constexpr std::string_view kShiftedDigits = ")!@#$%^&*(";
 
@@ -46,6 +52,32 @@ bool IsAsciiLetter(char character) {
 }
 
 }  // namespace
+
+bool IsModifierAlone(int keyCode) {
+  constexpr std::array kModifiers = {key::kShift,      key::kControl,     key::kAlt,     key::kCapsLock,
+                                     key::kLeftSystem, key::kRightSystem, key::kNumLock, key::kScrollLock};
+  return std::find(kModifiers.begin(), kModifiers.end(), keyCode) != kModifiers.end();
+}
+
+bool IsEditorCommand(const KeyStroke& stroke) {
+  // Select all, copy, paste, cut, redo, undo. With Shift too: on some desktops that is redo, or a paste of plain text.
+  constexpr std::array kWithControl = {int{'A'}, int{'C'}, int{'V'}, int{'X'}, int{'Y'}, int{'Z'}, key::kInsert};
+  constexpr std::array kWithShift = {key::kInsert, key::kDelete};
+  const auto isOneOf = [&](const auto& keys) {
+    return std::find(keys.begin(), keys.end(), stroke.keyCode) != keys.end();
+  };
+  // Ctrl and Alt together are AltGr, which types characters.
+  if ((stroke.shift & shift_state::kAlt) != 0)
+    return false;
+  if ((stroke.shift & shift_state::kControl) != 0)
+    return isOneOf(kWithControl);
+  // A character has the key's code by chance.
+  return stroke.shift == shift_state::kShift && stroke.character == 0 && isOneOf(kWithShift);
+}
+
+bool ReachesHandlers(const KeyStroke& stroke) {
+  return !IsModifierAlone(stroke.keyCode) && !IsEditorCommand(stroke);
+}
 
 int Capital(char character) {
   const bool small = character >= 'a' && character <= 'z';
@@ -67,7 +99,7 @@ KeyStroke StrokeOf(char character) {
       return {.keyCode = punctuation.keyCode, .shift = shift_state::kShift, .character = code};
   }
   // A letter beyond ASCII has no key of its own on that keyboard: it arrives as composed text.
-  return {.keyCode = code < 128 ? Capital(character) : 255, .character = code};
+  return {.keyCode = code < 128 ? Capital(character) : key::kOther, .character = code};
 }
 
 std::optional<KeyStroke> StrokeNamed(std::string_view name) {

@@ -2,22 +2,31 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/forms/control.h"
 
 namespace fiscalon {
 
-/// Rows of text of which at most one is selected: what drop-down lists and list boxes share. `Click` fires when
-/// the user picks a row, not when code selects one.
+/// Rows of text of which at most one is selected: what drop-down lists and list boxes share. `Click` fires when the
+/// user picks a row or steps to another one, `Chosen` behind it when the row was picked. Code that selects a row fires
+/// nothing.
 class ListControl : public Control {
  public:
+  using Design = ListDesign;
+  using ArrayEvents = ListHandlers<int>;
+
   static constexpr int kNothingSelected = -1;
+
+  const ListDesign& Designed() const { return design_; }
 
   void AddItem(std::string_view text);
   /// Error 5 for a row that is not there. A selected row that goes leaves nothing selected.
   void RemoveItem(int row);
   void Clear();
+  /// Throws `FormMisuse` for a row that is not there: for what drives a list, not for handlers.
+  void ExpectRow(int row) const;
 
   int ListCount() const;
   /// The text of a row, counted from 0; empty for a row that is not there.
@@ -33,31 +42,49 @@ class ListControl : public Control {
   std::string DefaultValue() const override { return Text(); }
 
  protected:
-  ListControl(fiscalon::Form& form, ControlKind kind, std::string name, const Design& design, Events events)
-      : Control(form, kind, std::move(name), design, std::move(events)) {}
+  ListControl(fiscalon::Form& form, ControlKind kind, std::string name, const ListDesign& design, ListEvents events)
+      : Control(form, kind, std::move(name), CommonDesign::Of(design), CommonEvents::Of(events)),
+        design_(design),
+        click_(std::move(events.click)),
+        chosen_(std::move(events.chosen)) {}
 
   void Reset() override;
+  void FocusCame(FocusBy /*by*/) override { typed_.clear(); }
+  KeyOutcome KeyMeans(int keyCode, int character) override;
 
  private:
   friend class UserActs;
 
-  /// The user picks a row, the selected one too.
+  /// The user picks a row, perhaps the selected one.
   void Pick(int row);
+  /// The user goes to a row by keys.
+  void Step(int row);
+  /// Adds to what was typed and goes to the row that begins with it.
+  void Type(char character);
+  /// The first row from that one on, and around, which begins with a text; `kNothingSelected` if none does.
+  int RowThatBeginsWith(std::string_view text, int from) const;
+  /// Selects a row, by code or by any other way than typing.
+  void Select(int row);
 
+  ListDesign design_;
+  Handler click_;
+  Handler chosen_;
   std::vector<std::string> rows_;
   int selected_ = kNothingSelected;
+  /// What was typed since the focus came, or since the row was changed otherwise.
+  std::string typed_;
 };
 
 /// A list that shows the selected row and drops the others down. No text of the user's own.
-class DropDownList final : public ListControl {
+class DropDownList : public ListControl {
  public:
-  DropDownList(fiscalon::Form& form, std::string name, const Design& design, Events events = {})
+  DropDownList(fiscalon::Form& form, std::string name, const ListDesign& design, ListEvents events = {})
       : ListControl(form, ControlKind::DropDownList, std::move(name), design, std::move(events)) {}
 };
 
-class ListBox final : public ListControl {
+class ListBox : public ListControl {
  public:
-  ListBox(fiscalon::Form& form, std::string name, const Design& design, Events events = {})
+  ListBox(fiscalon::Form& form, std::string name, const ListDesign& design, ListEvents events = {})
       : ListControl(form, ControlKind::ListBox, std::move(name), design, std::move(events)) {}
 };
 

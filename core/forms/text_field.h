@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/forms/control.h"
 
@@ -18,17 +19,24 @@ struct Selection {
 };
 
 /// A field for text. Its `Change` fires whenever the text really changes, by the user or by code.
-class TextField final : public Control {
+class TextField : public Control {
  public:
-  TextField(fiscalon::Form& form, std::string name, const Design& design, Events events = {})
-      : Control(form, ControlKind::TextField, std::move(name), design, std::move(events)) {}
+  using Design = FieldDesign;
+  using ArrayEvents = FieldHandlers<int>;
+
+  TextField(fiscalon::Form& form, std::string name, const FieldDesign& design, FieldEvents events = {})
+      : Control(form, ControlKind::TextField, std::move(name), CommonDesign::Of(design), CommonEvents::Of(events)),
+        design_(design),
+        change_(std::move(events.change)) {}
+
+  const FieldDesign& Designed() const { return design_; }
+  int MaxLength() const { return design_.maxLength; }
+  bool IsMultiLine() const { return design_.multiLine; }
 
   const std::string& Text() const;
   /// Sets the text from code, of any length. The selection collapses and the caret keeps its distance from the
   /// end, so that a filter that takes a character away does not disturb typing.
   void Text(std::string_view text);
-
-  int MaxLength() const { return Designed().maxLength; }
 
   bool Locked() const;
   void Locked(bool locked);
@@ -40,14 +48,21 @@ class TextField final : public Control {
 
   std::string DefaultValue() const override { return Text(); }
 
+ protected:
+  void Reset() override;
+  void FocusCame(FocusBy by) override;
+  KeyOutcome KeyMeans(int keyCode, int character) override;
+
  private:
   friend class UserActs;
 
-  void Reset() override;
-  /// What the user's editing made of the text, within the limit.
+  /// What the user's editing made of the text. What it put in ends at the caret, and is cut to the limit and, in a
+  /// field of one line, at its first line end. Line ends of several lines become CR LF.
   void Edit(std::string text, Selection selection);
   Selection Clamped(Selection selection) const;
 
+  FieldDesign design_;
+  Handler change_;
   std::string text_;
   Selection selection_;
   bool locked_ = false;

@@ -1,68 +1,78 @@
 #include "core/forms/user_acts.h"
 
-#include <algorithm>
-#include <vector>
-
 #include "core/forms/button.h"
 #include "core/forms/form_events.h"
+#include "core/forms/form_misuse.h"
 #include "core/forms/list_control.h"
 
 namespace fiscalon {
-namespace {
-
-bool IsToggle(const Control& control) {
-  return control.Kind() == ControlKind::CheckBox || control.Kind() == ControlKind::OptionButton;
-}
-
-bool IsList(const Control& control) {
-  return control.Kind() == ControlKind::DropDownList || control.Kind() == ControlKind::ListBox;
-}
-
-// Labels and frames have no access key, and no other control that takes the focus has a caption but the buttons.
-int AccessKeyOf(const Control& control) {
-  const auto* captioned = dynamic_cast<const Captioned*>(&control);
-  return captioned == nullptr ? 0 : AccessKey(captioned->Caption());
-}
-
-}  // namespace
 
 KeyOutcome UserActs::Key(const KeyStroke& stroke) {
   KeyOutcome outcome;
-  form_.Act(Form::ActPart::First, [&] { outcome = Stroke(stroke); });
-  form_.editingFollows_ = outcome.editing;
+  Act(ActPart::First, [&] { outcome = Stroke(stroke); });
+  editingFollows_ = outcome.editing;
+  return outcome;
+}
+
+KeyOutcome UserActs::KeyDown(int keyCode, int shift) {
+  KeyOutcome outcome;
+  Control* const control = form_.ActiveControl();
+  Act(ActPart::First, [&] {
+    const KeyStroke stroke = {.keyCode = keyCode, .shift = shift};
+    if (!ReachesHandlers(stroke)) {
+      outcome = Stroke(stroke);
+    } else if (KeyGoesOn(control, stroke, keyCode)) {
+      outcome = Meaning(control, keyCode, 0);
+      outcome.characterFollows = true;
+    }
+  });
+  editingFollows_ = outcome.editing;
+  characterFollows_ = outcome.characterFollows;
+  keyControl_ = control;
+  return outcome;
+}
+
+KeyOutcome UserActs::Character(int character) {
+  KeyOutcome outcome;
+  const auto part = characterFollows_ ? ActPart::Further : ActPart::First;
+  Control* const control = characterFollows_ ? keyControl_ : form_.ActiveControl();
+  Act(part, [&] { outcome = Typed(control, 0, character); });
+  editingFollows_ = outcome.editing;
   return outcome;
 }
 
 KeyOutcome UserActs::Stroke(const KeyStroke& stroke) {
-  if (!form_.IsUp() || DialogKey(stroke))
+  if (!form_.IsUp())
     return {};
   Control* const control = form_.ActiveControl();
+  if (!ReachesHandlers(stroke))
+    return IsEditorCommand(stroke) ? Meaning(control, stroke.keyCode, 0) : KeyOutcome();
   int keyCode = stroke.keyCode;
+  if (!KeyGoesOn(control, stroke, keyCode))
+    return {};
+  return stroke.character == 0 ? Meaning(control, keyCode, 0) : Typed(control, keyCode, stroke.character);
+}
+
+bool UserActs::KeyGoesOn(Control* control, const KeyStroke& stroke, int& keyCode) {
+  if (DialogKey(stroke))
+    return false;
+  keyCode = stroke.keyCode;
   form_.Run("Form", "KeyDown", [&] { form_.Form_KeyDown(keyCode, stroke.shift); });
-  if (keyCode != 0 && control != nullptr && control->Handlers().keyDown && form_.IsUp())
-    form_.Run(control->Name(), "KeyDown", [&] { control->Handlers().keyDown(keyCode, stroke.shift); });
-  if (keyCode == 0 || !form_.IsUp())
-    return {};
-  int character = stroke.character;
-  if (character != 0) {
-    form_.Run("Form", "KeyPress", [&] { form_.Form_KeyPress(character); });
-    if (character != 0 && control != nullptr && control->Handlers().keyPress && form_.IsUp())
-      form_.Run(control->Name(), "KeyPress", [&] { control->Handlers().keyPress(character); });
-    if (character == 0)
-      return {};
-  }
-  // Its handlers may have hidden or disabled the control meanwhile.
-  if (control == nullptr || !control->CanTakeFocus())
-    return {};
-  if (control->Kind() == ControlKind::TextField) {
-    const bool alters = character != 0 || keyCode == key::kDelete;
-    return {.editing = !alters || !static_cast<TextField*>(control)->Locked(), .character = character};
-  }
-  if (control->Kind() == ControlKind::OptionButton)
-    MoveWithinGroup(*control, keyCode);
-  else if (IsList(*control))
-    MoveWithinList(static_cast<ListControl&>(*control), keyCode, character);
-  return {};
+  if (keyCode != 0 && control != nullptr && control->events_.keyDown && form_.IsUp())
+    form_.Run(control->Name(), "KeyDown", [&] { control->events_.keyDown(keyCode, stroke.shift); });
+  return keyCode != 0 && form_.IsUp();
+}
+
+KeyOutcome UserActs::Typed(Control* control, int keyCode, int character) {
+  form_.Run("Form", "KeyPress", [&] { form_.Form_KeyPress(character); });
+  if (character != 0 && control != nullptr && control->events_.keyPress && form_.IsUp())
+    form_.Run(control->Name(), "KeyPress", [&] { control->events_.keyPress(character); });
+  return character == 0 ? KeyOutcome() : Meaning(control, keyCode, character);
+}
+
+KeyOutcome UserActs::Meaning(Control* control, int keyCode, int character) const {
+  // Handlers may have hidden or disabled the control meanwhile.
+  return control == nullptr || !control->CanTakeFocus() ? KeyOutcome() : control->KeyMeans(keyCode, character);
 }
 
 bool UserActs::DialogKey(const KeyStroke& stroke) {
@@ -73,102 +83,53 @@ bool UserActs::DialogKey(const KeyStroke& stroke) {
     return AccessKeyPressed(stroke);
   switch (stroke.keyCode) {
     case key::kTab:
-      form_.FocusNext((stroke.shift & shift_state::kShift) != 0 ? -1 : +1);
+      form_.focus_.MoveToNext((stroke.shift & shift_state::kShift) != 0 ? -1 : +1);
       return true;
     case key::kEscape:
       return PressCancelButton();
-    case key::kEnter:
-    case key::kSpace:
-      return PressFocused(stroke.keyCode);
     default:
-      return false;
+      return ClickByKey(stroke.keyCode);
   }
 }
 
-bool UserActs::PressFocused(int keyCode) {
+bool UserActs::ClickByKey(int keyCode) {
   Control* const control = form_.ActiveControl();
-  if (control == nullptr)
+  if (control == nullptr || !control->IsClickedBy(keyCode))
     return false;
-  const bool presses = control->Kind() == ControlKind::Button || (keyCode == key::kSpace && IsToggle(*control));
-  if (presses)
-    ClickInside(*control);
-  return presses;
+  ClickIfFocused(*control);
+  return true;
 }
 
 bool UserActs::AccessKeyPressed(const KeyStroke& stroke) {
   for (Control* control : form_.TabOrder()) {
-    const int accessKey = AccessKeyOf(*control);
+    const int accessKey = control->AccessKey();
     if (accessKey == 0 || accessKey != stroke.keyCode || !control->CanTakeFocus())
       continue;
-    form_.MoveFocus(*control, FocusBy::Mouse);
-    form_.RunPosted();
-    ClickInside(*control);
+    GoAndClick(*control, FocusBy::Mouse);
     return true;
   }
   return false;
 }
 
 bool UserActs::PressCancelButton() {
+  bool has = false;
   for (Control* control : form_.Controls()) {
-    if (control->Kind() != ControlKind::Button || !control->Designed().cancel || !control->CanTakeFocus())
+    auto* const button = dynamic_cast<Button*>(control);
+    if (button == nullptr || !button->Designed().cancel)
       continue;
-    static_cast<Button*>(control)->Click();
-    return true;
+    has = true;
+    if (!button->CanTakeFocus())
+      continue;
+    control->Clicked();
+    break;
   }
-  return false;
-}
-
-void UserActs::MoveWithinGroup(Control& control, int keyCode) {
-  const bool back = keyCode == key::kLeft || keyCode == key::kUp;
-  if (!back && keyCode != key::kRight && keyCode != key::kDown)
-    return;
-  std::vector<Control*> group = form_.TabOrder();
-  std::erase_if(group, [&](const Control* other) {
-    return other->Kind() != ControlKind::OptionButton || other->Designed().frame != control.Designed().frame ||
-           !other->CanTakeFocus();
-  });
-  const auto here = std::find(group.begin(), group.end(), &control) - group.begin();
-  const auto size = static_cast<std::ptrdiff_t>(group.size());
-  Control& next = *group[static_cast<size_t>((here + (back ? size - 1 : 1)) % size)];
-  form_.MoveFocus(next, FocusBy::KeyboardOrCode);
-  form_.RunPosted();
-  ClickInside(next);
-}
-
-void UserActs::MoveWithinList(ListControl& list, int keyCode, int character) {
-  const int last = list.ListCount() - 1;
-  const int here = list.ListIndex();
-  int row = here;
-  switch (keyCode) {
-    case key::kUp:
-      row = std::max(here - 1, 0);
-      break;
-    case key::kDown:
-      row = here + 1;
-      break;
-    case key::kHome:
-      row = 0;
-      break;
-    case key::kEnd:
-      row = last;
-      break;
-    default:
-      // A letter goes to the next row that begins with it.
-      for (int i = 1; i <= last + 1 && row == here && character != 0; ++i) {
-        const int candidate = (here + i) % (last + 1);
-        const std::string text = list.List(candidate);
-        if (!text.empty() && Capital(text.front()) == Capital(static_cast<char>(character)))
-          row = candidate;
-      }
-  }
-  row = std::min(row, last);
-  if (row != here && row >= 0)
-    list.Pick(row);
+  return has;
 }
 
 void UserActs::EditText(TextField& field, std::string_view text, Selection selection) {
-  const auto part = form_.editingFollows_ ? Form::ActPart::Further : Form::ActPart::First;
-  form_.Act(part, [&] {
+  const auto part = editingFollows_ ? ActPart::Further : ActPart::First;
+  Act(part, [&] {
+    ExpectOwn(field);
     if (!field.Locked())
       field.Edit(std::string(text), selection);
   });
@@ -181,24 +142,25 @@ void UserActs::SelectText(TextField& field, Selection selection) {
 
 bool UserActs::Press(Control& control) {
   bool clicks = false;
-  form_.Act(Form::ActPart::First, [&] { clicks = PressInside(control); });
+  Act(ActPart::First, [&] { clicks = PressAndFocus(control); });
   return clicks;
 }
 
-bool UserActs::PressInside(Control& control) {
+bool UserActs::PressAndFocus(Control& control) {
+  ExpectOwn(control);
   if (!control.CanTakeFocus())
     return false;
-  control.Fire("MouseDown", control.Handlers().mouseDown);
+  control.Fire("MouseDown", control.events_.mouseDown);
   if (!form_.IsUp())
     return false;
   if (control.CanTakeFocus())
-    form_.MoveFocus(control, FocusBy::Mouse);
+    form_.focus_.Move(control, FocusBy::Mouse);
   form_.RunPosted();
   return form_.IsUp() && form_.ActiveControl() == &control;
 }
 
 void UserActs::Release(Control& control) {
-  form_.Act(Form::ActPart::Further, [&] { ClickInside(control); });
+  Act(ActPart::Further, [&] { ClickIfFocused(control); });
 }
 
 void UserActs::Click(Control& control) {
@@ -206,51 +168,60 @@ void UserActs::Click(Control& control) {
     Release(control);
 }
 
-void UserActs::ClickInside(Control& control) {
-  if (!form_.IsUp() || form_.ActiveControl() != &control || !control.CanTakeFocus())
-    return;
-  if (control.Kind() == ControlKind::Button)
-    static_cast<Button&>(control).Click();
-  else if (control.Kind() == ControlKind::CheckBox)
-    static_cast<CheckBox&>(control).Value(!static_cast<CheckBox&>(control).Value());
-  else if (control.Kind() == ControlKind::OptionButton)
-    static_cast<OptionButton&>(control).Value(true);
+void UserActs::ClickIfFocused(Control& control) {
+  if (form_.IsUp() && form_.ActiveControl() == &control && control.CanTakeFocus())
+    control.Clicked();
 }
 
-void UserActs::PickInside(ListControl& list, int row) {
-  // What runs before the click may take rows away.
-  if (row >= 0 && row < list.ListCount())
+void UserActs::GoAndClick(Control& control, FocusBy by) {
+  form_.focus_.Move(control, by);
+  form_.RunPosted();
+  ClickIfFocused(control);
+}
+
+void UserActs::PickIfThere(ListControl& list, int row) {
+  // What ran since the user pointed at the row may have taken rows away.
+  if (form_.ActiveControl() == &list && list.CanTakeFocus() && row < list.ListCount())
     list.Pick(row);
 }
 
 void UserActs::Pick(ListControl& list, int row) {
-  form_.Act(Form::ActPart::Further, [&] {
-    if (form_.ActiveControl() == &list && list.CanTakeFocus())
-      PickInside(list, row);
+  Act(ActPart::Further, [&] {
+    ExpectOwn(list);
+    list.ExpectRow(row);
+    PickIfThere(list, row);
   });
 }
 
 void UserActs::Choose(ListControl& list, int row) {
-  form_.Act(Form::ActPart::First, [&] {
-    if (PressInside(list))
-      PickInside(list, row);
+  Act(ActPart::First, [&] {
+    ExpectOwn(list);
+    list.ExpectRow(row);
+    if (PressAndFocus(list))
+      PickIfThere(list, row);
   });
 }
 
 void UserActs::BringFocus(Control& control) {
-  form_.Act(Form::ActPart::First, [&] {
+  Act(ActPart::First, [&] {
+    ExpectOwn(control);
     if (control.CanTakeFocus())
-      form_.MoveFocus(control, FocusBy::KeyboardOrCode);
+      form_.focus_.Move(control, FocusBy::KeyboardOrCode);
   });
 }
 
-void UserActs::Close(int reason) {
-  form_.Act(Form::ActPart::First, [&] {
+void UserActs::Close(CloseReason reason) {
+  Act(ActPart::First, [&] {
     bool cancel = false;
     form_.Run("Form", "QueryUnload", [&] { form_.Form_QueryUnload(cancel, reason); });
     if (!cancel)
       form_.Unload();
   });
+}
+
+void UserActs::ExpectOwn(const Control& control) const {
+  if (&control.Owner() != &form_)
+    throw FormMisuse(form_.Name(), control.Name(), "is a control of " + control.Owner().Name());
 }
 
 }  // namespace fiscalon

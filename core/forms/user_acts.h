@@ -1,39 +1,45 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
-#include "core/forms/form.h"
+#include "core/forms/close_reason.h"
 #include "core/forms/keys.h"
 #include "core/forms/text_field.h"
 
 namespace fiscalon {
 
+class Form;
 class ListControl;
 
-/// What is left for a front end to do after a keystroke has run through the form.
-struct KeyOutcome {
-  /// False: nothing is left. The form has dealt with the key, a handler dropped it, or the field is locked. True: the
-  /// key is left to the field that had the focus when it went down, wherever handlers have moved the focus since.
-  bool editing = false;
-  /// The character that the field's own editing takes, perhaps another than was typed; 0 for a key without one,
-  /// such as Delete or Left.
-  int character = 0;
-};
-
-/// The acts of the user on a form that is up: the one way in for front ends. An act runs all events that it
-/// sends and posts before it returns. No act throws: an error that leaves a handler ends the show and comes out of
-/// `Form::ShowModal`. Acts on a form that is not up do nothing.
+/// The acts of the user on a form that is up: the one way in for front ends (`Form::Acts`). An act runs all events that
+/// it sends and posts before it returns. No act throws: an error that leaves a handler ends the show and comes out of
+/// `Form::ShowModal`, and so does the `FormMisuse` of a control of another form or a row that is not there. Acts on a
+/// form that is not up, or while an act is under way, do nothing.
+///
+/// A front end's duties:
+/// - Every key comes here before any widget: Tab, Enter, Escape and access keys included.
+/// - The focus is where the form has it, after each act and at `FormObserver::FocusMoved`. Moves of the platform's own
+///   are undone; only those that a user has asked for in another way than by key or mouse are acts (`BringFocus`).
+/// - After each act, and after each `EditText`, widgets show what the controls hold, which may be something else than
+///   what they were given; and the form may be down.
+/// - A press that answers false must not click, natively either.
 class UserActs {
  public:
-  explicit UserActs(Form& form) : form_(form) {}
+  UserActs(const UserActs&) = delete;
+  UserActs& operator=(const UserActs&) = delete;
 
   /// A key goes down. Dialog keys are done here; other keys run through the handlers, and for a text field the
   /// front end's own editing then takes the outcome's character and reports the result with `EditText`.
   KeyOutcome Key(const KeyStroke& stroke);
 
+  // The same for a front end that gets a key and its character apart. A character without a key, such as a composed
+  // one, needs no `KeyDown`.
+  KeyOutcome KeyDown(int keyCode, int shift);
+  KeyOutcome Character(int character);
+
   /// The front end's editing (a typed character, a paste, an undo, an input method) has made this of a field's text. A
-  /// locked field keeps its text, and what the edit put in is cut where it exceeds the field's limit.
+  /// locked field keeps its text; what the edit put in is cut where it exceeds the field's limit, and in a field of one
+  /// line at its first line end.
   void EditText(TextField& field, std::string_view text, Selection selection);
   /// The caret or the selection of a field was moved.
   void SelectText(TextField& field, Selection selection);
@@ -54,28 +60,49 @@ class UserActs {
   /// The focus came to a control by a way of the front end's own, such as an assistive program.
   void BringFocus(Control& control);
 
-  /// The window closes. Reasons: 0 the window's close command, 1 code, 2 the system ends, 3 the task manager,
-  /// 4 the parent window closes, 5 the owner closes.
-  void Close(int reason);
+  /// The window closes.
+  void Close(CloseReason reason);
 
  private:
   friend class Form;
+  friend class Control;
 
-  /// A keystroke inside an act that is under way.
+  explicit UserActs(Form& form) : form_(form) {}
+
+  /// A click is a press and a release, a typed character is a key and its editing: one act each.
+  enum class ActPart { First, Further };
+  /// One act, from its first event to the last that it posted. An error that leaves it ends the show and is kept for
+  /// `Form::ShowModal` to throw.
+  template <class Call>
+  void Act(ActPart part, Call&& call);
+
+  // A keystroke inside an act that is under way.
   KeyOutcome Stroke(const KeyStroke& stroke);
+  /// Dialog keys and the `KeyDown` handlers, which may change the code. Whether the key goes on.
+  bool KeyGoesOn(Control* control, const KeyStroke& stroke, int& keyCode);
+  /// The `KeyPress` handlers, and what the character means to the control.
+  KeyOutcome Typed(Control* control, int keyCode, int character);
+  KeyOutcome Meaning(Control* control, int keyCode, int character) const;
   bool DialogKey(const KeyStroke& stroke);
-  bool PressFocused(int keyCode);
+  bool ClickByKey(int keyCode);
   bool AccessKeyPressed(const KeyStroke& stroke);
   bool PressCancelButton();
-  /// The key itself, past all handlers, on controls whose reaction is the form's.
-  void MoveWithinGroup(Control& control, int keyCode);
-  static void MoveWithinList(ListControl& list, int keyCode, int character);
 
-  bool PressInside(Control& control);
-  void ClickInside(Control& control);
-  static void PickInside(ListControl& list, int row);
+  // Parts of an act that is under way.
+  bool PressAndFocus(Control& control);
+  void ClickIfFocused(Control& control);
+  void GoAndClick(Control& control, FocusBy by);
+  void PickIfThere(ListControl& list, int row);
+
+  void ExpectOwn(const Control& control) const;
 
   Form& form_;
+  bool acting_ = false;
+  /// The key before was left to a field: what its editor makes of it belongs to the same act.
+  bool editingFollows_ = false;
+  /// The key before goes on with its character, on the control that had the focus then.
+  bool characterFollows_ = false;
+  Control* keyControl_ = nullptr;
 };
 
 }  // namespace fiscalon

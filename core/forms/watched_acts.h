@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/forms/act_watcher.h"
-#include "core/forms/user_acts.h"
+#include "core/forms/form.h"
 
 namespace fiscalon {
 
@@ -12,7 +12,7 @@ namespace fiscalon {
 class WatchedActs {
  public:
   WatchedActs(Form& form, ActWatcher* watcher, std::function<void()> settle)
-      : acts_(form), watcher_(watcher), settle_(std::move(settle)) {}
+      : acts_(form.Acts()), watcher_(watcher), settle_(std::move(settle)) {}
   WatchedActs(const WatchedActs&) = delete;
   WatchedActs& operator=(const WatchedActs&) = delete;
 
@@ -53,7 +53,7 @@ class WatchedActs {
   void BringFocus(Control& control) {
     Do(BringFocusAct{&control}, [&] { acts_.BringFocus(control); });
   }
-  void Close(int reason) {
+  void Close(CloseReason reason) {
     Do(CloseAct{reason}, [&] { acts_.Close(reason); });
   }
 
@@ -73,7 +73,7 @@ class WatchedActs {
       settle_();
   }
 
-  UserActs acts_;
+  UserActs& acts_;
   ActWatcher* watcher_;
   std::function<void()> settle_;
   int depth_ = 0;

@@ -105,4 +105,21 @@ std::string ToUtf8(std::string_view text) {
   return utf8;
 }
 
+char UpperCase(char character) {
+  const int code = static_cast<unsigned char>(character);
+  const bool latin = code >= 0xE0 && code <= 0xFE && code != 0xF7;
+  if ((code >= 'a' && code <= 'z') || latin)
+    return static_cast<char>(code - 0x20);
+  switch (code) {
+    case 0x9A:
+    case 0x9C:
+    case 0x9E:
+      return static_cast<char>(code - 0x10);
+    case 0xFF:
+      return '\x9F';
+    default:
+      return character;
+  }
+}
+
 }  // namespace fiscalon

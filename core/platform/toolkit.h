@@ -12,18 +12,24 @@ enum class MessageStyle { Plain, Critical, Question, Exclamation, Information };
 enum class MessageButtons { Ok, OkCancel, YesNo };
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
-/// One message box as a screen asks for it. Texts are in the code page.
-struct MessageBox {
+/// Which of a box's buttons Enter presses.
+enum class DefaultButton { First, Second };
+
+/// A message box that a screen asks for. Texts are in the code page.
+struct BoxRequest {
   std::string text = {};
   MessageStyle style = MessageStyle::Plain;
   MessageButtons buttons = MessageButtons::Ok;
+  DefaultButton defaultButton = DefaultButton::First;
   /// Empty: the host application's own name is shown.
   std::string title = {};
 
-  /// What Enter answers: OK, or Yes.
-  MessageAnswer DefaultAnswer() const {
-    return buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
-  }
+  /// Whether the box has a button with that answer.
+  bool Offers(MessageAnswer answer) const;
+  /// What Enter answers: the first button, unless the second is the default one.
+  MessageAnswer DefaultAnswer() const;
+  /// What a box answers that was closed without a button: the most careful of its answers.
+  MessageAnswer ClosedAnswer() const;
 };
 
 /// What the library needs of a front end. A host installs one with `UseToolkit` before it shows a screen.
@@ -39,7 +45,7 @@ class Toolkit {
   virtual void ServeModal(Form& form) = 0;
 
   /// Shows a box over the active form and waits for its answer.
-  virtual MessageAnswer ShowMessage(const MessageBox& box) = 0;
+  virtual MessageAnswer ShowMessage(const BoxRequest& box) = 0;
 
   virtual void Beep() = 0;
 

@@ -14,7 +14,7 @@ void FillAndConfirm(fiscalon::Form& form, fiscalon::UserDriver& user) {
   for (char key : std::string_view("202412"))  // the sixth digit moves on to the amount
     user.Type(key);
   for (char key : std::string_view("12345")) user.Type(key);
-  user.Click(*form.FindControl("cmdOK"));
+  user.Click(form.ControlNamed("cmdOK"));
 }
 
 }  // namespace
@@ -22,7 +22,7 @@ void FillAndConfirm(fiscalon::Form& form, fiscalon::UserDriver& user) {
 int main() {
   fiscalon::ScriptedToolkit toolkit;
   toolkit.onForm = FillAndConfirm;
-  toolkit.onMessage = [](const fiscalon::MessageBox& box) {
+  toolkit.onMessage = [](const fiscalon::BoxRequest& box) {
     std::cerr << "The screen says: " << fiscalon::ToUtf8(box.text) << '\n';
     return box.DefaultAnswer();
   };

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "core/platform/code_page.h"
-#include "frontends/played/scenario_grammar.h"
+#include "frontends/played/argument_kinds.h"
 
 namespace fiscalon {
 namespace {

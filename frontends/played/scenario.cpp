@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <map>
 #include <sstream>
 
 #include "frontends/played/scenario_grammar.h"
@@ -59,59 +60,114 @@ class LineReader {
   std::string_view rest_;
 };
 
+/// The verb of a line is its first word, or "expect" and the word behind it.
 ScenarioLine ParseLine(const std::string& file, int number, std::string_view source) {
   ScenarioLine line{.number = number, .source = std::string(source.substr(0, source.find_last_not_of(kBlanks) + 1))};
   try {
     LineReader reader(source);
     if (!reader.Next(line.verb))
       return line;
-    for (std::string word; reader.Next(word);) line.arguments.push_back(word);
+    std::string word;
+    if (line.verb == "expect" && reader.Next(word))
+      line.verb += ' ' + word;
+    while (reader.Next(word)) line.arguments.push_back(word);
   } catch (const std::invalid_argument& error) {
     throw ScenarioError(file, number, error.what());
   }
+  line.form = FindLineForm(line.verb);
   if (const std::string complaint = ComplaintAbout(line); !complaint.empty())
     throw ScenarioError(file, number, complaint);
   return line;
 }
 
-}  // namespace
-
-Scenario ParseScenario(const std::string& name, std::string_view text) {
+std::vector<ScenarioLine> ParseLines(const std::string& file, std::string_view text) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark))
     text.remove_prefix(kByteOrderMark.size());
-  Scenario scenario{.name = name};
+  std::vector<ScenarioLine> lines;
   for (int number = 1; !text.empty(); ++number) {
     const size_t end = std::min(text.find('\n'), text.size());
-    ScenarioLine line = ParseLine(name, number, text.substr(0, end));
+    ScenarioLine line = ParseLine(file, number, text.substr(0, end));
     if (!line.verb.empty())
-      scenario.lines.push_back(std::move(line));
+      lines.push_back(std::move(line));
     text.remove_prefix(std::min(end + 1, text.size()));
   }
-  if (scenario.lines.empty())
-    throw ScenarioError(name, 1, "the scenario is empty");
-  return scenario;
+  return lines;
 }
 
-Scenario ReadScenario(const std::string& path) {
+bool IsHeading(const ScenarioLine& line) {
+  return line.form->turn == Turn::Heading;
+}
+
+/// Refuses a name that a scenario of the file has already.
+void RefuseSameNames(const std::string& file, const std::vector<Scenario>& scenarios) {
+  std::map<std::string_view, int> lines;
+  for (const Scenario& scenario : scenarios)
+    if (const auto [first, isNew] = lines.emplace(scenario.name, scenario.own.from); !isNew)
+      throw ScenarioError(file, scenario.own.from,
+                          "line " + std::to_string(first->second) + " has the name \"" + scenario.name +
+                              "\" already; each scenario of a file needs its own");
+}
+
+}  // namespace
+
+std::vector<Scenario> ParseScenarios(const std::string& file, std::string_view text) {
+  const std::vector<ScenarioLine> lines = ParseLines(file, text);
+  if (lines.empty())
+    throw ScenarioError(file, 1, "the scenario is empty");
+  const auto first = std::find_if(lines.begin(), lines.end(), IsHeading);
+  if (first == lines.end())
+    return {{.file = file, .lines = lines}};
+  std::vector<Scenario> scenarios;
+  for (auto heading = first; heading != lines.end();) {
+    const auto next = std::find_if(heading + 1, lines.end(), IsHeading);
+    if (next == heading + 1)
+      throw ScenarioError(file, heading->number, "the scenario \"" + heading->arguments[0] + "\" says nothing");
+    Scenario scenario{.file = file, .name = heading->arguments[0]};
+    scenario.lines.assign(lines.begin(), first);
+    scenario.lines.insert(scenario.lines.end(), heading + 1, next);
+    scenario.ahead.to = first->number;
+    scenario.own.from = heading->number;
+    if (next != lines.end())
+      scenario.own.to = next->number;
+    scenarios.push_back(std::move(scenario));
+    heading = next;
+  }
+  RefuseSameNames(file, scenarios);
+  return scenarios;
+}
+
+Scenario ParseScenario(const std::string& file, std::string_view text) {
+  std::vector<Scenario> scenarios = ParseScenarios(file, text);
+  if (scenarios.size() > 1)
+    throw ScenarioError(file, scenarios[1].own.from,
+                        "one scenario is wanted, and here begins a second one, \"" + scenarios[1].name + "\"");
+  return std::move(scenarios.front());
+}
+
+std::vector<Scenario> ReadScenarios(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   std::ostringstream text;
   // A folder opens, and fails when it is read; an empty file gives nothing to copy.
   if (!file.is_open() || (file.peek() != std::ifstream::traits_type::eof() && !(text << file.rdbuf())) || file.bad())
     throw ScenarioError(path, 0, "the file can't be read; give the path of a scenario, a text file");
-  return ParseScenario(path, text.str());
+  return ParseScenarios(path, text.str());
 }
 
 std::string QuotedArgument(std::string_view argument) {
   if (!argument.empty() && argument.find_first_of(" \t\r\n\"\\#") == std::string_view::npos)
     return std::string(argument);
   std::string quoted = "\"";
-  for (const char character : argument) {
+  for (size_t i = 0; i < argument.size(); ++i) {
+    const char character = argument[i];
+    // A line end is one, however it is written.
+    if (character == '\r' && argument.substr(i).starts_with("\r\n"))
+      continue;
     if (character == '"' || character == '\\')
       quoted += '\\';
-    quoted += character == '\t'   ? std::string("\\t")
-              : character == '\n' ? std::string("\\n")
-                                  : std::string(1, character);
+    quoted += character == '\t'                        ? std::string("\\t")
+              : character == '\n' || character == '\r' ? std::string("\\n")
+                                                       : std::string(1, character);
   }
   return quoted + '"';
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <span>
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -8,19 +8,40 @@
 
 namespace fiscalon {
 
+struct LineForm;
+
 /// One line of a scenario that says something: a verb and its arguments, in UTF-8.
 struct ScenarioLine {
   int number = 0;
+  /// What the line can say, with the routine that plays it.
+  const LineForm* form = nullptr;
+  /// The words that name its form, such as "type" or "expect title".
   std::string verb = {};
+  /// What stands behind the verb.
   std::vector<std::string> arguments = {};
   /// The line as it stands in the file, for reports.
   std::string source = {};
 };
 
-/// A text file that plays a host and a user against a screen and states what must be seen.
+/// Lines of a file, by number: from the first one to before the last one.
+struct LineRange {
+  int from = 1;
+  int to = std::numeric_limits<int>::max();
+};
+
+/// What plays a host and a user against a screen and states what must be seen.
 struct Scenario {
+  std::string file = {};
+  /// As its `scenario` line says it; empty where the file is one scenario.
   std::string name = {};
+  /// What the file says ahead of its scenarios, then the scenario's own lines.
   std::vector<ScenarioLine> lines = {};
+  /// The parts of the file ahead of its scenarios, and of this one; for one in a file of its own the whole file.
+  LineRange ahead = {};
+  LineRange own = {};
+
+  /// "FILE", or "FILE: NAME": under what it is reported.
+  std::string Title() const { return name.empty() ? file : file + ": " + name; }
 };
 
 /// A scenario that makes no sense: what `what()` says is "file:line: reason".
@@ -30,12 +51,15 @@ class ScenarioError : public std::runtime_error {
       : std::runtime_error(file + ":" + std::to_string(line) + ": " + reason) {}
 };
 
-/// Takes a scenario's text apart and checks each line's verb, number of arguments and their form, so that nothing is
-/// played of a file that makes no sense further down. Throws `ScenarioError`.
-Scenario ParseScenario(const std::string& name, std::string_view text);
+/// Takes a file's text apart into its scenarios, one at least, and checks each line's verb, number of arguments and
+/// their form, so that nothing is played of a file that makes no sense further down. Throws `ScenarioError`.
+std::vector<Scenario> ParseScenarios(const std::string& file, std::string_view text);
+
+/// Takes a text apart that is one scenario. Throws `ScenarioError`, also for one that holds several.
+Scenario ParseScenario(const std::string& file, std::string_view text);
 
 /// Reads a file and parses it. Throws `ScenarioError`, with line 0 for a file that can't be read.
-Scenario ReadScenario(const std::string& path);
+std::vector<Scenario> ReadScenarios(const std::string& path);
 
 /// An argument as a scenario writes it: in quotes where it needs them.
 std::string QuotedArgument(std::string_view argument);

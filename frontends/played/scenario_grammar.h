@@ -1,29 +1,63 @@
 #pragma once
 
-#include <optional>
+#include <array>
+#include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
-#include "core/platform/date.h"
-#include "core/platform/toolkit.h"
+#include "frontends/played/argument_kinds.h"
 #include "frontends/played/scenario.h"
 
-/// What each line of a scenario may say.
+/// What the lines of a scenario may say. Each form of a line is registered once, beside the routine that plays it.
 namespace fiscalon {
 
-/// What is wrong with a line, or an empty text: an unknown verb, too few arguments, a word that should be one of a
-/// few, a number that is none.
+class ScenarioRun;
+
+/// The arguments of a line when it is played, with `$TMP` replaced.
+using Arguments = std::vector<std::string>;
+
+/// Who speaks with a line, which decides when it may stand.
+enum class Turn {
+  /// It begins a scenario of its file.
+  Heading,
+  /// The host, which has no turn while a form is up.
+  Host,
+  /// The user at the form that is up. What the act before has shown must have been claimed.
+  User,
+  /// The user, who will answer a box: at any time.
+  Answer,
+  /// Whoever says what must be seen: at any time.
+  Watcher
+};
+
+/// One form that a line can have.
+struct LineForm {
+  using Kinds = std::array<const ArgumentKind*, 4>;
+
+  /// Its verb, or "expect" and what is expected.
+  std::string_view words;
+  Turn turn;
+  /// The arguments in their order.
+  Kinds needed = {};
+  /// Those behind them, of which there are all or none.
+  Kinds perhaps = {};
+  void (*play)(ScenarioRun& run, const Arguments& arguments) = nullptr;
+  /// What is wrong with arguments that fit one by one.
+  std::string (*complaint)(const Arguments& arguments) = nullptr;
+};
+
+// The forms, by who speaks and of what.
+std::span<const LineForm> HostLines();
+std::span<const LineForm> UserLines();
+std::span<const LineForm> ShownExpectations();
+std::span<const LineForm> HostExpectations();
+
+/// Null where no line begins with these words.
+const LineForm* FindLineForm(std::string_view words);
+
+/// What is wrong with a line, or an empty text: an unknown verb, too few arguments, a word that should be one of a few,
+/// a number that is none.
 std::string ComplaintAbout(const ScenarioLine& line);
-
-/// "2026-06-15", and "13:05" or "13:05:09" behind it. Nothing for an impossible date or time.
-std::optional<DateTime> ParseDateTime(std::string_view date, std::string_view time);
-
-/// A whole number, decimal or 0x hexadecimal, perhaps with a "-".
-std::optional<long long> ParseNumber(std::string_view text);
-
-/// True or False in any case, or a number of 16 bits.
-std::optional<int> ParseBoolean(std::string_view text);
-
-/// A box as the line that expects it says it: "message critical "Invalid date value."", with its title if it has one.
-std::string DescribedBox(const MessageBox& box);
 
 }  // namespace fiscalon

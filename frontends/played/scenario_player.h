@@ -24,7 +24,7 @@ struct PlayWatcher {
   std::function<void(const ScenarioLine& line)> lineBegins = {};
   std::function<void(const ScenarioLine& line, Form* form)> lineEnds = {};
   std::function<void(const std::string& handler)> handlerRuns = {};
-  std::function<void(const MessageBox& box, MessageAnswer answer, Form* form)> boxAnswered = {};
+  std::function<void(const BoxRequest& box, MessageAnswer answer, Form* form)> boxAnswered = {};
   /// A beep, or a help page, in the words of an `expect` line.
   std::function<void(const std::string& what)> noticed = {};
   /// `ShowLevyraScreen` has ended: "result True", or the error, in the words of an `expect` line.

@@ -1,54 +1,29 @@
 #include "frontends/played/scenario_run.h"
 
-#include <stdlib.h>
-
-#include <system_error>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
-#include "frontends/played/host_properties.h"
-#include "frontends/played/scenario_grammar.h"
 
 namespace fiscalon {
 namespace {
 
-MessageAnswer AnswerNamed(const std::string& button) {
-  return button == "OK"       ? MessageAnswer::Ok
-         : button == "Cancel" ? MessageAnswer::Cancel
-         : button == "Yes"    ? MessageAnswer::Yes
-                              : MessageAnswer::No;
-}
-
-bool HasButton(const MessageBox& box, MessageAnswer answer) {
-  switch (answer) {
-    case MessageAnswer::Ok:
-      return box.buttons != MessageButtons::YesNo;
-    case MessageAnswer::Cancel:
-      return box.buttons == MessageButtons::OkCancel;
-    default:
-      return box.buttons == MessageButtons::YesNo;
+/// The controls of a form by name; for a member that an array does not have, those of the array.
+std::string NamesLike(const std::string& name, const Form& form) {
+  const std::string array = name.substr(0, name.find('(') + 1);
+  std::string all, members;
+  for (const Control* control : form.Controls()) {
+    all.append(all.empty() ? "" : ", ").append(control->Name());
+    if (!array.empty() && control->Name().starts_with(array))
+      members.append(members.empty() ? "" : ", ").append(control->Name());
   }
-}
-
-bool IsAct(const ScenarioLine& line) {
-  constexpr std::array<std::string_view, 7> kActs = {"type", "key", "focus", "click", "choose", "paste", "close"};
-  return std::find(kActs.begin(), kActs.end(), line.verb) != kActs.end();
+  return members.empty() ? all : members;
 }
 
 }  // namespace
-
-ScenarioFolder::ScenarioFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "fiscalon-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr)
-    throw std::system_error(errno, std::generic_category(), "no temporary folder could be made at " + name);
-  path_ = name;
-}
-
-ScenarioFolder::~ScenarioFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
 
 ScenarioRun::ScenarioRun(const Scenario& scenario, DrivenToolkit& toolkit, const PlaySettings& settings,
                          const PlayWatcher& watcher)
@@ -60,7 +35,7 @@ ScenarioRun::ScenarioRun(const Scenario& scenario, DrivenToolkit& toolkit, const
     TheModule().clock = std::make_shared<FixedClock>(*settings.today);
   session_.emplace();
   toolkit_.onForm = [this](Form& form, UserDriver& user) { PlayWhileUp(form, user); };
-  toolkit_.onMessage = [this](const MessageBox& box) { return AnswerBox(box); };
+  toolkit_.onMessage = [this](const BoxRequest& box) { return AnswerBox(box); };
   toolkit_.onBeep = [this] { Notice(SeenBeep{}); };
   toolkit_.onHelp = [this](std::string_view file, int32_t context) {
     Notice(SeenHelp{.file = std::string(file), .context = context});
@@ -92,49 +67,41 @@ void ScenarioRun::PlayLine() {
   current_ = &line;
   if (watcher_.lineBegins)
     watcher_.lineBegins(line);
-  if (IsAct(line))
-    Act(line);
-  else if (line.verb == "expect")
-    Expect(line);
-  else if (line.verb == "answer")
-    answers_.push_back(AnswerNamed(line.arguments[0]));
-  else if (form_ != nullptr)
-    Fail("the form to be closed before \"" + line.verb + "\"", "\"" + shownForm_ + "\" is still open");
-  else if (line.verb == "show")
-    Show(line);
-  else
-    Host(line);
+  BeginTurn(line);
+  line.form->play(*this, WithFolder(line.arguments));
   if (watcher_.lineEnds)
-    watcher_.lineEnds(line, form_ != nullptr && form_->IsUp() ? form_ : nullptr);
+    watcher_.lineEnds(line, FormIsUp() ? form_ : nullptr);
 }
 
-void ScenarioRun::Host(const ScenarioLine& line) {
-  if (line.verb == "today") {
-    const std::string time = line.arguments.size() > 1 ? line.arguments[1] : std::string();
-    TheModule().clock = std::make_shared<FixedClock>(*ParseDateTime(line.arguments[0], time));
-  } else if (line.verb == "locale") {
-    TheModule().locale = *NamedLocale(line.arguments[0]);
-    QueryDecimalSeparator();
-  } else {
-    try {
-      SetHostProperty(*session_, line.arguments[0], Argument(line, 1));
-    } catch (const RuntimeError& error) {
-      Fail("the property to take its value", "error " + std::to_string(error.Number()) + ", " + error.Description());
-    }
+void ScenarioRun::BeginTurn(const ScenarioLine& line) {
+  switch (line.form->turn) {
+    case Turn::Host:
+      if (form_ != nullptr)
+        Fail("the form to be closed before \"" + line.verb + "\"", "\"" + shownForm_ + "\" is still open");
+      break;
+    case Turn::User:
+      RefuseUnclaimed();
+      seenAtLine_ = line.number;
+      User();
+      break;
+    case Turn::Heading:
+    case Turn::Answer:
+    case Turn::Watcher:
+      break;
   }
 }
 
-void ScenarioRun::Show(const ScenarioLine& line) {
+void ScenarioRun::Show(const std::string& code) {
   RefuseUnclaimed();
   if (error_)
     Fail("no error of the show before", Ending());
-  const std::string code = FromUtf8(Argument(line, 0));
-  const LaunchRow* row = FindLaunchRow(code);
+  const std::string codeInCodePage = FromUtf8(code);
+  const LaunchRow* row = FindLaunchRow(codeInCodePage);
   shownForm_ = row == nullptr ? std::string() : std::string(row->form);
   result_.reset();
-  seenAtLine_ = line.number;
+  seenAtLine_ = current_->number;
   try {
-    result_ = session_->ShowLevyraScreen(code);
+    result_ = session_->ShowLevyraScreen(codeInCodePage);
   } catch (const RuntimeError& error) {
     error_ = error;
   }
@@ -160,13 +127,13 @@ void ScenarioRun::PlayWhileUp(Form& form, UserDriver& user) {
   user_ = nullptr;
 }
 
-MessageAnswer ScenarioRun::AnswerBox(const MessageBox& box) {
+MessageAnswer ScenarioRun::AnswerBox(const BoxRequest& box) {
   seen_.push_back(box);
   MessageAnswer answer = box.DefaultAnswer();
   if (!answers_.empty()) {
     answer = answers_.front();
     answers_.pop_front();
-    if (!HasButton(box, answer))
+    if (!box.Offers(answer))
       Fail("a box with the button that was to be answered", "the box \"" + ToUtf8(box.text) + "\" has no such button");
   }
   if (watcher_.boxAnswered)
@@ -180,55 +147,12 @@ void ScenarioRun::Notice(SeenThing thing) {
   seen_.push_back(std::move(thing));
 }
 
-void ScenarioRun::Act(const ScenarioLine& line) {
-  RefuseUnclaimed();
-  seenAtLine_ = line.number;
-  UserDriver& user = User();
-  if (line.verb == "type")
-    return TypeText(line);
-  if (line.verb == "key")
-    return user.PressKey(*StrokeNamed(line.arguments[0]));
-  if (line.verb == "paste")
-    return user.Paste(FromUtf8(Argument(line, 0)));
-  if (line.verb == "close")
-    return user.CloseWindow(static_cast<int>(*ParseNumber(line.arguments[0])));
-  Control& control = ControlNamed(line.arguments[0]);
-  if (line.verb == "focus")
-    return user.PressMouse(control);
-  if (line.verb == "click")
-    return user.Click(control);
-  if (control.Kind() != ControlKind::DropDownList && control.Kind() != ControlKind::ListBox)
-    Senseless("\"" + control.Name() + "\" is no list");
-  auto& list = static_cast<ListControl&>(control);
-  const std::string wanted = FromUtf8(Argument(line, 1));
-  for (int row = 0; row < list.ListCount(); ++row)
-    if (list.List(row) == wanted)
-      return user.Choose(list, row);
-  Fail("a row \"" + Argument(line, 1) + "\" in " + control.Name(), "no such row");
-}
-
-void ScenarioRun::TypeText(const ScenarioLine& line) {
-  const std::string text = FromUtf8(Argument(line, 0));
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (form_ == nullptr || !form_->IsUp())
-      Fail("a form to type into", "the form was closed before \"" + ToUtf8(text.substr(i)) + "\"");
-    if (text[i] == '\t')
-      user_->PressKey(*StrokeNamed("Tab"));
-    else
-      user_->Type(text[i]);
-  }
-}
-
-void ScenarioRun::Fail(const std::string& expected, const std::string& seen) const {
-  throw ScenarioFailure{.line = current_ == nullptr ? 0 : current_->number, .expected = expected, .seen = seen};
-}
-
-void ScenarioRun::Senseless(const std::string& reason) const {
-  throw ScenarioError(scenario_.name, current_->number, reason);
+bool ScenarioRun::FormIsUp() const {
+  return form_ != nullptr && form_->IsUp();
 }
 
 UserDriver& ScenarioRun::User() const {
-  if (user_ == nullptr || form_ == nullptr || !form_->IsUp())
+  if (!FormIsUp())
     Fail("a form to be open", "no form is open");
   return *user_;
 }
@@ -237,18 +161,83 @@ Control& ScenarioRun::ControlNamed(const std::string& name) const {
   User();
   if (Control* control = form_->FindControl(name))
     return *control;
-  std::string names;
-  for (const Control* control : form_->Controls()) names.append(names.empty() ? "" : ", ").append(control->Name());
-  Senseless("\"" + form_->Name() + "\" has no control \"" + name + "\"; it has " + names);
+  Senseless("\"" + form_->Name() + "\" has no control \"" + name + "\"; it has " + NamesLike(name, *form_));
 }
 
-std::string ScenarioRun::Argument(const ScenarioLine& line, size_t i) const {
+SeenThing ScenarioRun::Claim(const std::string& expected) {
+  if (seen_.empty())
+    Fail(expected, "nothing was shown");
+  SeenThing first = seen_.front();
+  seen_.pop_front();
+  return first;
+}
+
+void ScenarioRun::RefuseUnclaimed() const {
+  if (seen_.empty())
+    return;
+  throw ScenarioFailure{
+      .line = seenAtLine_, .expected = "nothing that no line expects", .seen = Described(seen_.front())};
+}
+
+std::string ScenarioRun::Ending() const {
+  if (error_)
+    return "error " + std::to_string(error_->Number()) + " " + QuotedArgument(ToUtf8(error_->Source())) + " " +
+           QuotedArgument(ToUtf8(error_->Description()));
+  return result_ ? std::string("result ") + (*result_ ? "True" : "False") : "no screen was shown";
+}
+
+std::vector<std::string> ScenarioRun::Records() const {
+  if (session_->WriteFile() == kTrue)
+    return RecordsOfFile();
+  std::vector<std::string> records;
+  if (session_->PC4Records())
+    for (const PC4& member : *session_->PC4Records()) records.push_back(member.Description());
+  return records;
+}
+
+std::vector<std::string> ScenarioRun::RecordsOfFile() const {
+  std::ifstream file(std::filesystem::path(ToUtf8(session_->GovFilename())), std::ios::binary);
+  std::ostringstream content;
+  // A folder opens like a file, but nothing can be read of it.
+  if (file.peek() != std::ifstream::traits_type::eof())
+    content << file.rdbuf();
+  const std::string text = content.str();
+  std::vector<std::string> records;
+  for (size_t from = 0; from < text.size();) {
+    const size_t end = text.find("\r\n", from);
+    const std::string line = text.substr(from, end == std::string::npos ? end : end - from);
+    if (end == std::string::npos || line.size() < 2 || line.front() != '"' || line.back() != '"')
+      Fail("each line of the record file in double quotes and ended by CR LF", QuotedArgument(ToUtf8(line)));
+    records.push_back(line.substr(1, line.size() - 2));
+    from = end + 2;
+  }
+  return records;
+}
+
+void ScenarioRun::Compare(const std::string& expected, const std::string& seen) const {
+  if (expected != seen)
+    Fail(expected, seen);
+}
+
+void ScenarioRun::CompareTexts(const std::string& expected, std::string_view seenInCodePage) const {
+  Compare(QuotedArgument(WithPlainLineEnds(expected)), QuotedArgument(WithPlainLineEnds(ToUtf8(seenInCodePage))));
+}
+
+void ScenarioRun::Fail(const std::string& expected, const std::string& seen) const {
+  throw ScenarioFailure{.line = current_ == nullptr ? 0 : current_->number, .expected = expected, .seen = seen};
+}
+
+void ScenarioRun::Senseless(const std::string& reason) const {
+  throw ScenarioError(scenario_.file, current_->number, reason);
+}
+
+Arguments ScenarioRun::WithFolder(Arguments arguments) const {
   constexpr std::string_view kFolder = "$TMP";
-  std::string argument = line.arguments[i];
   const std::string folder = folder_.Path().string();
-  for (size_t at = argument.find(kFolder); at != std::string::npos; at = argument.find(kFolder, at + folder.size()))
-    argument.replace(at, kFolder.size(), folder);
-  return argument;
+  for (std::string& argument : arguments)
+    for (size_t at = argument.find(kFolder); at != std::string::npos; at = argument.find(kFolder, at + folder.size()))
+      argument.replace(at, kFolder.size(), folder);
+  return arguments;
 }
 
 }  // namespace fiscalon

@@ -1,15 +1,17 @@
 #pragma once
 
 #include <deque>
-#include <filesystem>
 #include <optional>
 #include <string>
-#include <variant>
+#include <string_view>
 #include <vector>
 
 #include "core/platform/runtime_error.h"
 #include "core/session.h"
+#include "frontends/played/scenario_folder.h"
+#include "frontends/played/scenario_grammar.h"
 #include "frontends/played/scenario_player.h"
+#include "frontends/played/seen_things.h"
 
 namespace fiscalon {
 
@@ -20,20 +22,8 @@ struct ScenarioFailure {
   std::string seen = {};
 };
 
-/// The folder behind `$TMP`, which goes with its scenario.
-class ScenarioFolder {
- public:
-  ScenarioFolder();
-  ~ScenarioFolder();
-  ScenarioFolder(const ScenarioFolder&) = delete;
-  ScenarioFolder& operator=(const ScenarioFolder&) = delete;
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
-/// One scenario being played: its lines in turn, those behind a `show` while the form is up.
+/// One scenario being played: its lines in turn, those behind a `show` while the form is up. The routines of the lines
+/// find here what they act on. Texts are in UTF-8 unless said otherwise.
 class ScenarioRun {
  public:
   ScenarioRun(const Scenario& scenario, DrivenToolkit& toolkit, const PlaySettings& settings,
@@ -43,47 +33,44 @@ class ScenarioRun {
   /// Throws `ScenarioFailure`, `ScenarioError`.
   void Play();
 
- private:
-  struct SeenBeep {};
-  struct SeenHelp {
-    std::string file = {};
-    int32_t context = 0;
-  };
-  using SeenThing = std::variant<MessageBox, SeenBeep, SeenHelp>;
+  Levyra& Session() { return *session_; }
+  /// Shows a screen, and plays the lines behind while it is up.
+  void Show(const std::string& code);
 
-  void PlayLine();
-  void PlayWhileUp(Form& form, UserDriver& user);
-  void Notice(SeenThing thing);
-  MessageAnswer AnswerBox(const MessageBox& box);
-
-  void Host(const ScenarioLine& line);
-  void Show(const ScenarioLine& line);
-  void Act(const ScenarioLine& line);
-  void TypeText(const ScenarioLine& line);
-
-  // Expectations (scenario_expectations.cpp).
-  void Expect(const ScenarioLine& line);
-  bool ExpectOfForm(const ScenarioLine& line, const std::string& what);
-  bool ExpectOfShow(const ScenarioLine& line, const std::string& what);
-  bool ExpectOfRecords(const ScenarioLine& line, const std::string& what);
-  void ExpectMessage(const ScenarioLine& line);
-  SeenThing Claim(const std::string& expected);
-  /// In the words of an `expect` line.
-  static std::string Described(const SeenThing& thing);
-  void RefuseUnclaimed() const;
-  std::string Ending() const;
-  void Compare(const std::string& expected, const std::string& seen) const;
-  void CompareTexts(const std::string& expected, const std::string& seenInCodePage) const;
-
-  std::vector<std::string> Records() const;
-  std::vector<std::string> RecordsOfFile() const;
-  const PC4& Member(const std::string& position) const;
-
-  [[noreturn]] void Fail(const std::string& expected, const std::string& seen) const;
-  [[noreturn]] void Senseless(const std::string& reason) const;
+  bool FormIsUp() const;
+  /// Of the form that was shown last, which may be closed by now; empty before.
+  const std::string& NameOfForm() const { return shownForm_; }
+  /// The user at the form that is up. Fails where none is.
   UserDriver& User() const;
+  /// Makes no sense where the form has no such control.
   Control& ControlNamed(const std::string& name) const;
-  std::string Argument(const ScenarioLine& line, size_t i) const;
+  /// What the next box that nothing else answers is answered.
+  void WillAnswer(MessageAnswer answer) { answers_.push_back(answer); }
+
+  /// The first thing shown that no line has claimed.
+  SeenThing Claim(const std::string& expected);
+  /// How the last show ended, in the words of an `expect` line.
+  std::string Ending() const;
+  /// The error of the last show was expected.
+  void ForgiveError() { error_.reset(); }
+  /// The records that the host finds, in the code page.
+  std::vector<std::string> Records() const;
+
+  void Compare(const std::string& expected, const std::string& seen) const;
+  void CompareTexts(const std::string& expected, std::string_view seenInCodePage) const;
+  [[noreturn]] void Fail(const std::string& expected, const std::string& seen) const;
+  /// The line makes no sense where it stands.
+  [[noreturn]] void Senseless(const std::string& reason) const;
+
+ private:
+  void PlayLine();
+  void BeginTurn(const ScenarioLine& line);
+  void PlayWhileUp(Form& form, UserDriver& user);
+  MessageAnswer AnswerBox(const BoxRequest& box);
+  void Notice(SeenThing thing);
+  void RefuseUnclaimed() const;
+  std::vector<std::string> RecordsOfFile() const;
+  Arguments WithFolder(Arguments arguments) const;
 
   const Scenario& scenario_;
   DrivenToolkit& toolkit_;

@@ -9,30 +9,26 @@
 #include "core/forms/list_control.h"
 #include "core/platform/code_page.h"
 #include "frontends/played/scenario.h"
-#include "frontends/played/scenario_grammar.h"
+#include "frontends/played/seen_things.h"
 
 namespace fiscalon {
 namespace {
 
-std::string Quoted(std::string_view inCodePage) {
-  return QuotedArgument(ToUtf8(inCodePage));
-}
-
-std::string NameOf(MessageAnswer answer) {
-  constexpr std::array kNames = {"OK", "Cancel", "Yes", "No"};
-  return kNames[static_cast<size_t>(answer)];
-}
-
 /// The name that scenarios have for a stroke; empty for one that they have none for.
 std::string NameOf(const KeyStroke& stroke) {
-  constexpr std::array kNames = {"Tab",  "Shift+Tab", "Enter", "Escape", "Backspace", "Delete", "Space",
-                                 "Left", "Right",     "Up",    "Down",   "Home",      "End"};
+  constexpr std::array kNames = {"Tab",    "Shift+Tab", "Enter", "Escape",      "Backspace",
+                                 "Delete", "Space",     "Left",  "Right",       "Up",
+                                 "Down",   "Home",      "End",   "Shift+Enter", "Ctrl+Enter"};
   for (const char* name : kNames)
     if (const KeyStroke named = *StrokeNamed(name); named.keyCode == stroke.keyCode && named.shift == stroke.shift)
       return name;
   if (stroke.shift == shift_state::kAlt && stroke.keyCode >= 'A' && stroke.keyCode <= 'Z')
     return std::string("Alt+") + static_cast<char>(stroke.keyCode);
   return {};
+}
+
+std::string NameOf(const Control& control) {
+  return QuotedFromCodePage(control.Name());
 }
 
 /// The last part of a path.
@@ -84,11 +80,11 @@ void SessionRecorder::Today(const DateTime& now) {
   std::array<char, 64> text = {};
   std::snprintf(text.data(), text.size(), "today %04d-%02d-%02d %02d:%02d:%02d", now.date.year, now.date.month,
                 now.date.day, now.hour, now.minute, now.second);
-  Begin(text.data());
+  text_.Begin(text.data());
 }
 
 void SessionRecorder::UsesLocale(std::string_view name) {
-  Begin("locale " + QuotedArgument(name));
+  text_.Begin("locale " + QuotedArgument(name));
 }
 
 void SessionRecorder::Host(std::string_view property, std::string_view value) {
@@ -100,94 +96,69 @@ void SessionRecorder::Host(std::string_view property, std::string_view value) {
   } else if (property == "MainPath" && !value.empty()) {
     recorded = "$TMP";
   }
-  Begin("host " + std::string(property) + " " + QuotedArgument(recorded));
+  text_.Begin("host " + std::string(property) + " " + QuotedArgument(recorded));
 }
 
 void SessionRecorder::Shows(std::string_view code) {
-  Begin("show " + QuotedArgument(code));
+  text_.Begin("show " + QuotedArgument(code));
 }
 
 void SessionRecorder::Result(bool result) {
   form_ = nullptr;
-  Begin(std::string("expect result ") + (result ? "True" : "False"));
+  text_.Begin(std::string("expect result ") + (result ? "True" : "False"));
 }
 
 void SessionRecorder::Error(const RuntimeError& error) {
   form_ = nullptr;
-  Begin("expect error " + std::to_string(error.Number()) + " " + Quoted(error.Source()) + " " +
-        Quoted(error.Description()));
+  text_.Begin("expect error " + std::to_string(error.Number()) + " " + QuotedFromCodePage(error.Source()) + " " +
+              QuotedFromCodePage(error.Description()));
 }
 
 void SessionRecorder::Records(const std::vector<std::string>& records) {
-  Begin("expect records " + std::to_string(records.size()));
+  text_.Begin("expect records " + std::to_string(records.size()));
   for (size_t i = 0; i < records.size(); ++i) {
-    Begin("expect record " + std::to_string(i + 1) + " " + Quoted(records[i]));
-    Begin("expect length " + std::to_string(i + 1) + " " + std::to_string(records[i].size()));
+    text_.Begin("expect record " + std::to_string(i + 1) + " " + QuotedFromCodePage(records[i]));
+    text_.Begin("expect length " + std::to_string(i + 1) + " " + std::to_string(records[i].size()));
   }
 }
 
 void SessionRecorder::Invoice(int32_t position, const PC4& member) {
-  Begin("expect invoice " + std::to_string(position) + " " + Quoted(member.TheDate()) + " " + Quoted(member.Amount()) +
-        " " + Quoted(member.Description()));
-}
-
-std::string SessionRecorder::Text() const {
-  std::string text;
-  for (const Step& step : steps_) {
-    size_t given = 0;
-    for (size_t i = 0; i < step.boxes.size(); ++i)
-      if (step.answers[i] != step.boxes[i].DefaultAnswer())
-        given = i + 1;
-    for (size_t i = 0; i < given; ++i) text += "answer " + NameOf(step.answers[i]) + "\n";
-    text += step.line + (step.typed.empty() ? "" : Quoted(step.typed)) + "\n";
-    for (const std::string& line : step.expected) text += line + "\n";
-  }
-  return text;
+  text_.Begin("expect invoice " + std::to_string(position) + " " + QuotedFromCodePage(member.TheDate()) + " " +
+              QuotedFromCodePage(member.Amount()) + " " + QuotedFromCodePage(member.Description()));
 }
 
 void SessionRecorder::Opened(Form& form) {
   form_ = &form;
-  if (const TextField* field = ActiveField())
-    played_ = field->Selected();
+  caret_.FormOpens(ActiveField());
 }
 
 void SessionRecorder::ActBegins(const UserAct& act) {
   SettleLastKey();
-  const TextField* field = ActiveField();
-  activeBefore_ = field;
-  selectedBefore_ = field == nullptr ? Selection{} : field->Selected();
-  catchesUp_ = field == nullptr || !PlayerIsElsewhere(*field);
+  caret_.ActBegins(ActiveField());
   std::visit(Overloaded{[this](const KeyAct& key) { Key(key.stroke); }, [this](const EditAct& edit) { Edit(edit); },
                         [this](const PressAct& press) {
                           // Labels can be pressed too, and nothing comes of it.
                           if (press.control->CanTakeFocus())
-                            Begin((press.control->Kind() == ControlKind::TextField ? "click " : "focus ") +
-                                  Quoted(press.control->Name()));
+                            text_.Begin((press.control->Kind() == ControlKind::TextField ? "click " : "focus ") +
+                                        NameOf(*press.control));
                         },
-                        [this](const ReleaseAct& release) { Release(*release.control); },
-                        [this](const ClickAct& click) { Begin("click " + Quoted(click.control->Name())); },
-                        [this](const ChooseAct& choose) { Choose(choose); },
-                        [this](const BringFocusAct& bring) { Begin("focus " + Quoted(bring.control->Name())); },
-                        [this](const CloseAct& close) { Begin("close " + std::to_string(close.reason)); }},
+                        [this](const ReleaseAct& release) {
+                          const std::string name = NameOf(*release.control);
+                          text_.BeginInPlaceOf("focus " + name, "click " + name);
+                        },
+                        [this](const ClickAct& click) { text_.Begin("click " + NameOf(*click.control)); },
+                        [this](const ChooseAct& choose) {
+                          const std::string name = NameOf(*choose.list);
+                          const std::string row = QuotedFromCodePage(choose.list->List(choose.row));
+                          text_.BeginInPlaceOf("focus " + name, "choose " + name + " " + row);
+                        },
+                        [this](const BringFocusAct& bring) { text_.Begin("focus " + NameOf(*bring.control)); },
+                        [this](const CloseAct& close) { text_.Begin("close " + std::to_string(static_cast<int>(close.reason))); }},
              act);
 }
 
 void SessionRecorder::ActEnded() {
-  const auto paste = std::exchange(paste_, std::nullopt);
-  const TextField* field = ActiveField();
-  if (field == nullptr)
-    return;
-  // What a handler selects is selected for a player too.
-  const bool selected = field != activeBefore_ || field->Selected() != selectedBefore_;
-  if (!catchesUp_ && !selected) {
-    // A handler may have selected what the user had selected already.
-    played_.reset();
-    return;
-  }
-  played_ = field->Selected();
-  // Undo and redo leave another selection than the paste that they have become. A handler's is the same for both.
-  if (paste && field == activeBefore_ && played_ == paste->user)
-    played_ = paste->player;
+  caret_.ActEnded(ActiveField());
 }
 
 void SessionRecorder::Key(KeyStroke stroke) {
@@ -203,16 +174,17 @@ void SessionRecorder::Key(KeyStroke stroke) {
   }
   const bool erases = stroke.shift == 0 && (stroke.keyCode == key::kBackspace || stroke.keyCode == key::kDelete);
   const bool types = stroke.character >= ' ' && stroke.keyCode != key::kEscape;
-  const bool elsewhere = field != nullptr && (erases || types) && PlayerIsElsewhere(*field);
+  const bool elsewhere = field != nullptr && (erases || types) && caret_.IsElsewhere(*field);
   const bool replaces = elsewhere && field->Selected().length > 0;
   if (elsewhere && !replaces) {
     Erase(field->Text(), field->Selected(), 0);
-    catchesUp_ = true;
+    caret_.CatchesUp();
   }
   if (types && (field != nullptr || stroke.keyCode != key::kSpace))
-    Type(static_cast<char>(stroke.character), replaces ? Typing::Begins : Typing::Grows);
+    text_.Type(static_cast<char>(stroke.character),
+               replaces ? ScenarioText::Typing::Begins : ScenarioText::Typing::GoesOn);
   else if (const std::string name = NameOf(stroke); !name.empty())
-    Begin("key " + name);
+    text_.Begin("key " + name);
   else
     return;
   lastKey_ = {.edits = true, .erases = erases};
@@ -230,108 +202,53 @@ void SessionRecorder::SettleLastKey() {
     return;
   BringPlayerToLastKey();
   lastKey_ = {};
-  played_ = field->Selected();
+  caret_.IsIn(*field);
 }
 
 void SessionRecorder::BringPlayerToLastKey() {
   const Selection selection = lastKey_.selection;
-  Step step = std::move(steps_.back());
-  steps_.pop_back();
   const bool erasesSelected = lastKey_.erases && selection.length > 0;
   // The last character goes by the key itself.
-  Erase(lastKey_.text, selection, erasesSelected ? selection.length - 1 : selection.length);
+  text_.InsertBeforeLast(
+      caret_.KeysThatErase(lastKey_.text, selection, erasesSelected ? selection.length - 1 : selection.length));
   if (erasesSelected)
-    step.line = "key Backspace";
-  steps_.push_back(std::move(step));
-}
-
-void SessionRecorder::Type(char character, Typing how) {
-  const bool grows = how == Typing::Grows && !steps_.empty() && !steps_.back().typed.empty() &&
-                     steps_.back().boxes.empty() && steps_.back().expected.empty();
-  if (!grows)
-    Begin("type ");
-  steps_.back().typed += character;
+    text_.ReplaceLast("key Backspace");
 }
 
 void SessionRecorder::Edit(const EditAct& act) {
   const bool done = lastKey_.edits && act.origin == EditAct::Origin::Key;
-  catchesUp_ = true;
+  caret_.CatchesUp();
   if (done && lastKey_.field == act.field)
     BringPlayerToLastKey();
   lastKey_ = {};
   if (done || act.field->Locked())
     return;
   const Replacement replacement = ReplacementBetween(act.field->Text(), act.text, act.field->Selected());
-  const bool selected = replacement.replaced == played_ && !PlayerIsElsewhere(*act.field);
+  const bool selected = caret_.Has(replacement.replaced) && !caret_.IsElsewhere(*act.field);
   if (!selected)
     Erase(act.field->Text(), replacement.replaced, replacement.replaced.length);
-  paste_ = {.user = act.selection,
-            .player = {.start = replacement.replaced.start + static_cast<int>(replacement.by.size())}};
+  caret_.Pastes(act.selection, {.start = replacement.replaced.start + static_cast<int>(replacement.by.size())});
   if (!replacement.by.empty())
-    Begin("paste " + Quoted(replacement.by));
+    text_.Begin("paste " + QuotedFromCodePage(replacement.by));
   else if (selected && replacement.replaced.length > 0)
-    Begin("key Backspace");
+    text_.Begin("key Backspace");
 }
 
 void SessionRecorder::Erase(std::string_view text, Selection selection, int characters) {
-  auto caret = static_cast<int>(text.size());
-  if (!played_) {
-    Begin("key End");
-  } else if (played_->length > 0) {
-    const bool toEnd = selection.End() > played_->start;
-    Begin(toEnd ? "key Right" : "key Left");
-    caret = toEnd ? played_->End() : played_->start;
-  } else {
-    caret = played_->start;
-  }
-  for (; caret < selection.End(); ++caret) Begin("key Right");
-  for (; caret > selection.End(); --caret) Begin("key Left");
-  for (int i = 0; i < characters; ++i) Begin("key Backspace");
-  played_ = Selection{.start = selection.End() - characters};
+  for (const std::string& key : caret_.KeysThatErase(text, selection, characters)) text_.Begin(key);
 }
 
-bool SessionRecorder::PlayerIsElsewhere(const TextField& field) const {
-  return played_ != field.Selected();
-}
-
-void SessionRecorder::Release(const Control& control) {
-  const std::string name = Quoted(control.Name());
-  if (!steps_.empty() && steps_.back().line == "focus " + name)
-    steps_.back().line = "click " + name;
-  else
-    Begin("click " + name);
-}
-
-void SessionRecorder::Choose(const ChooseAct& act) {
-  const std::string name = Quoted(act.list->Name());
-  const std::string line = "choose " + name + " " + Quoted(act.list->List(act.row));
-  if (!steps_.empty() && steps_.back().line == "focus " + name)
-    steps_.back().line = line;
-  else
-    Begin(line);
-}
-
-void SessionRecorder::BoxAnswered(const MessageBox& box, MessageAnswer answer) {
-  if (steps_.empty())
-    return;
-  steps_.back().boxes.push_back(box);
-  steps_.back().answers.push_back(answer);
-  Expect("expect " + DescribedBox(box));
+void SessionRecorder::BoxAnswered(const BoxRequest& box, MessageAnswer answer) {
+  text_.Answered(box, answer);
 }
 
 void SessionRecorder::Beeped() {
-  Expect("expect beep");
+  text_.Expect("expect beep");
 }
 
 void SessionRecorder::HelpOpened(std::string_view file, int32_t context) {
   const std::string name = ToUtf8(file);
-  Expect("expect help " + QuotedArgument(helpFolder_.empty() ? name : helpFolder_ + NameIn(name)) + " " +
-         std::to_string(context));
-}
-
-void SessionRecorder::Expect(const std::string& line) {
-  if (!steps_.empty())
-    steps_.back().expected.push_back(line);
+  text_.Expect("expect " + DescribedHelp(helpFolder_.empty() ? name : helpFolder_ + NameIn(name), context));
 }
 
 TextField* SessionRecorder::ActiveField() const {

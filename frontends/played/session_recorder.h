@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,6 +7,8 @@
 #include "core/platform/date.h"
 #include "core/platform/runtime_error.h"
 #include "core/records/pc4_records.h"
+#include "frontends/played/player_caret.h"
+#include "frontends/played/scenario_text.h"
 
 namespace fiscalon {
 
@@ -31,33 +32,18 @@ class SessionRecorder final : public ActWatcher {
   void Invoice(int32_t position, const PC4& member);
 
   /// The scenario so far.
-  std::string Text() const;
+  std::string Text() const { return text_.Text(); }
 
   void Opened(Form& form) override;
   void ActBegins(const UserAct& act) override;
   void ActEnded() override;
-  void BoxAnswered(const MessageBox& box, MessageAnswer answer) override;
+  void BoxAnswered(const BoxRequest& box, MessageAnswer answer) override;
   void Beeped() override;
   void HelpOpened(std::string_view file, int32_t context) override;
 
  private:
-  /// A line of the scenario with what belongs to it: the answers that stand before it, since they are given while it
-  /// is played, and what is expected behind it.
-  struct Step {
-    std::string line = {};
-    /// What the line types; it grows by what is typed next.
-    std::string typed = {};
-    std::vector<MessageBox> boxes = {};
-    std::vector<MessageAnswer> answers = {};
-    std::vector<std::string> expected = {};
-  };
-
   void Key(KeyStroke stroke);
-  enum class Typing { Grows, Begins };
-  void Type(char character, Typing how);
   void Edit(const EditAct& act);
-  void Release(const Control& control);
-  void Choose(const ChooseAct& act);
   /// Brings a player's caret to the end of a selection in that text and takes so many characters before it away.
   void Erase(std::string_view text, Selection selection, int characters);
   /// The key that was recorded last replaces a selection that no player has: takes it away before the key. Not before
@@ -65,15 +51,10 @@ class SessionRecorder final : public ActWatcher {
   void BringPlayerToLastKey();
   /// A character that was typed over itself has left the text as it was, but not the selection.
   void SettleLastKey();
-  /// Whether the caret or selection of the player is not the user's: moved by the mouse, or by keys that no scenario
-  /// knows.
-  bool PlayerIsElsewhere(const TextField& field) const;
-
-  void Begin(const std::string& line) { steps_.push_back({.line = line}); }
-  void Expect(const std::string& line);
   TextField* ActiveField() const;
 
-  std::vector<Step> steps_;
+  ScenarioText text_;
+  PlayerCaret caret_;
   /// Where a player's screens look for the help file.
   std::string helpFolder_;
   Form* form_ = nullptr;
@@ -87,18 +68,6 @@ class SessionRecorder final : public ActWatcher {
     Selection selection = {};
   };
   LastKey lastKey_ = {};
-  /// What a player has selected in the field that has the focus, and whether that is the user's selection once the
-  /// act is over.
-  std::optional<Selection> played_ = Selection{};
-  bool catchesUp_ = true;
-  /// What an edit that became a paste leaves selected for the user, and for a player.
-  struct Paste {
-    Selection user = {};
-    Selection player = {};
-  };
-  std::optional<Paste> paste_ = {};
-  const Control* activeBefore_ = nullptr;
-  Selection selectedBefore_ = {};
 };
 
 }  // namespace fiscalon

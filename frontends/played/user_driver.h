@@ -47,7 +47,7 @@ class DrivenToolkit : public Toolkit {
   /// A form is up. Returns when the form is closed, or leaves it up, which ends its show.
   std::function<void(Form& form, UserDriver& user)> onForm = {};
   /// A message box is up; its answer. Without one a box gets its default answer.
-  std::function<MessageAnswer(const MessageBox& box)> onMessage = {};
+  std::function<MessageAnswer(const BoxRequest& box)> onMessage = {};
   std::function<void()> onBeep = {};
   std::function<void(std::string_view file, int32_t context)> onHelp = {};
   /// A handler is about to run, such as "txtAmountPayable_Change".

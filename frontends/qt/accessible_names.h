@@ -3,12 +3,11 @@
 #include <QWidget>
 #include <functional>
 
-#include "core/forms/form.h"
+#include "core/forms/laid_out.h"
 
 namespace fiscalon {
 
-/// Gives each field the caption that the eye reads before it as its accessible name, and its hint as description.
-/// A field without a caption of its own is named by the last caption before it in its row, or by its group's heading.
+/// Gives the fields their names and descriptions for programs that read the form aloud.
 void NameFields(const Form& form, const std::function<QWidget&(const Control&)>& widgetOf);
 
 }  // namespace fiscalon

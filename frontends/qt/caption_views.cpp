@@ -18,6 +18,8 @@ LabelView::LabelView(Label& label, QWidget& parent, WatchedActs& acts)
   native_.setTextFormat(Qt::PlainText);
   if (label.Designed().alignment == Alignment::Right)
     native_.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  if (label.Designed().bold)
+    StandOut();
   Restyle();
 }
 

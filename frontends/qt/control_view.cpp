@@ -1,7 +1,6 @@
 #include "frontends/qt/control_view.h"
 
 #include <QApplication>
-#include <QFontDatabase>
 #include <QMouseEvent>
 
 #include "core/forms/form.h"
@@ -31,11 +30,7 @@ ControlView::AfterPress ControlView::Press() {
 
 QFont ControlView::Font() const {
   QFont font = QApplication::font();
-  if (control_.Designed().fixedPitch || control_.Kind() == ControlKind::ListBox) {
-    font.setFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
-    font.setStyleHint(QFont::Monospace);
-  }
-  font.setBold(bold_ || control_.Designed().bold);
+  font.setBold(bold_);
   return font;
 }
 
@@ -62,7 +57,7 @@ std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, Watched
       break;
   }
   auto& field = static_cast<TextField&>(control);
-  if (field.Designed().multiLine)
+  if (field.IsMultiLine())
     return std::make_unique<MultiLineView>(field, parent, acts);
   return std::make_unique<LineView>(field, parent, acts);
 }

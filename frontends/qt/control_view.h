@@ -54,7 +54,7 @@ class ControlView {
 
  protected:
   WatchedActs& Acts() const { return acts_; }
-  /// Bold or fixed-pitch where the design says so, otherwise the theme's.
+  /// The theme's font, bold where the control stands out.
   QFont Font() const;
   bool IsActive() const;
   /// What became of a press that the form has dealt with.

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "core/forms/button.h"
+#include "core/forms/label.h"
 
 namespace fiscalon {
 namespace {
@@ -44,42 +45,28 @@ bool GrowsWide(const Control& control) {
   return control.Kind() == ControlKind::ListBox;
 }
 
-}  // namespace
-
-const Control* FrameOf(const Group& group) {
-  if (group.heading != nullptr)
-    return group.heading->Kind() == ControlKind::Frame ? group.heading : group.heading->Designed().frame;
-  for (const Row& row : group.rows)
-    for (const Cell& cell : row.cells)
-      if (const Control* control = cell.field != nullptr ? cell.field : cell.caption)
-        return control->Designed().frame;
-  return nullptr;
+/// A caption stands at the upper edge of such a field.
+bool IsTall(const Control& control) {
+  const auto* field = dynamic_cast<const TextField*>(&control);
+  return GrowsWide(control) || (field != nullptr && field->IsMultiLine());
 }
+
+}  // namespace
 
 DialogLayout::DialogLayout(const Form& form, WidgetOf widgetOf, QWidget& body)
     : form_(form), widgetOf_(std::move(widgetOf)) {
-  std::vector<Group> groups = form.FormLayout().groups;
-  for (const Group& group : groups) {
-    if (group.heading != nullptr)
-      placed_.insert(group.heading);
-    for (const Row& row : group.rows)
-      for (const Cell& cell : row.cells) placed_.insert({cell.caption, cell.field, cell.hint});
-  }
-  for (const Button* button : form.FormLayout().buttons) placed_.insert(button);
-  if (Group forgotten = Forgotten(); !forgotten.rows.empty())
-    groups.push_back(std::move(forgotten));
-
+  const std::vector<LaidOutGroup> groups = LaidOut(form);
   auto* columns = new QHBoxLayout(&body);
   columns->setContentsMargins(0, 0, 0, 0);
   const int spacing = columns->spacing();
   columns->setSpacing(3 * spacing);
-  for (const Group& group : groups) columns_[group.column];
+  for (const LaidOutGroup& group : groups) columns_[group.column];
   for (auto& [number, column] : columns_) {
     column.sections = new QVBoxLayout;
     column.sections->setSpacing(spacing);
     columns->addLayout(column.sections);
   }
-  for (const Group& group : groups) AddGroup(columns_[group.column], group);
+  for (const LaidOutGroup& group : groups) AddGroup(columns_[group.column], group);
   for (auto& [number, column] : columns_) column.sections->addStretch(1);
   AlignCaptions();
 }
@@ -88,16 +75,8 @@ QWidget& DialogLayout::Place(const Control& control) {
   return widgetOf_(control);
 }
 
-Group DialogLayout::Forgotten() const {
-  Group group;
-  for (Control* control : form_.Controls())
-    if (!placed_.contains(control) && control->Kind() != ControlKind::Frame)
-      group.rows.push_back({.cells = {{.field = control}}});
-  return group;
-}
-
-QVBoxLayout* DialogLayout::PlaceFor(Column& column, const Group& group) {
-  const Control* frame = FrameOf(group);
+QVBoxLayout* DialogLayout::PlaceFor(Column& column, const LaidOutGroup& group) {
+  const Control* frame = group.frame;
   const bool continues = frame != nullptr && std::exchange(column.frame, frame) == frame;
   if (frame == nullptr) {
     column.frame = nullptr;
@@ -114,7 +93,7 @@ QVBoxLayout* DialogLayout::PlaceFor(Column& column, const Group& group) {
   return column.framed;
 }
 
-void DialogLayout::AddGroup(Column& column, const Group& group) {
+void DialogLayout::AddGroup(Column& column, const LaidOutGroup& group) {
   QVBoxLayout* place = PlaceFor(column, group);
   if (group.heading != nullptr && group.heading->Kind() != ControlKind::Frame) {
     QWidget& heading = Place(*group.heading);
@@ -128,9 +107,9 @@ void DialogLayout::AddGroup(Column& column, const Group& group) {
   grid->setVerticalSpacing(place->spacing() * 4 / 3);
   int rowNumber = 0;
   size_t cells = 0;
-  for (const Row& row : group.rows) {
+  for (const LaidOutRow& row : group.rows) {
     AddRow(*grid, rowNumber++, row);
-    cells = std::max(cells, row.cells.size());
+    cells = std::max(cells, row.size());
   }
   const int gap = 2 * std::max(grid->horizontalSpacing(), 0);
   for (int cell = 1; cell < static_cast<int>(cells); ++cell)
@@ -139,9 +118,9 @@ void DialogLayout::AddGroup(Column& column, const Group& group) {
   column.grids.push_back(grid);
 }
 
-void DialogLayout::AddRow(QGridLayout& grid, int rowNumber, const Row& row) {
-  for (int i = 0; i < static_cast<int>(row.cells.size()); ++i) {
-    const Cell& cell = row.cells[static_cast<size_t>(i)];
+void DialogLayout::AddRow(QGridLayout& grid, int rowNumber, const LaidOutRow& row) {
+  for (int i = 0; i < static_cast<int>(row.size()); ++i) {
+    const LaidOutCell& cell = row[static_cast<size_t>(i)];
     const int column = i * kColumnsPerCell;
     const bool alone = cell.field == nullptr && cell.hint == nullptr;
     if (cell.caption != nullptr) {
@@ -149,21 +128,20 @@ void DialogLayout::AddRow(QGridLayout& grid, int rowNumber, const Row& row) {
       const auto side = static_cast<Qt::Alignment>(
           alone ? static_cast<int>(Qt::AlignLeft)
                 : caption.style()->styleHint(QStyle::SH_FormLayoutLabelAlignment, nullptr, &caption));
-      const bool tall = cell.field != nullptr && (cell.field->Designed().multiLine || GrowsWide(*cell.field));
+      const bool tall = cell.field != nullptr && IsTall(*cell.field);
       grid.addWidget(&caption, rowNumber, column, 1, alone ? kColumnsPerCell : 1,
                      (side & Qt::AlignHorizontal_Mask) | (tall ? Qt::AlignTop : Qt::AlignVCenter));
     }
     if (alone)
       continue;
     // Nothing before a wide field, and nothing before a toggle that is alone in its row: they begin at the left.
-    const bool toggle = cell.field != nullptr && (cell.field->Kind() == ControlKind::CheckBox ||
-                                                  cell.field->Kind() == ControlKind::OptionButton);
+    const bool toggle = dynamic_cast<const ToggleButton*>(cell.field) != nullptr;
     const bool fromLeft = cell.caption == nullptr && cell.field != nullptr && (toggle || GrowsWide(*cell.field));
     grid.addLayout(FieldWithHint(cell), rowNumber, fromLeft ? column : column + 1, 1, fromLeft ? kColumnsPerCell : 1);
   }
 }
 
-QLayout* DialogLayout::FieldWithHint(const Cell& cell) {
+QLayout* DialogLayout::FieldWithHint(const LaidOutCell& cell) {
   auto* line = new QHBoxLayout;
   // A grid with two spacings has none to pass on.
   line->setSpacing(QFontMetrics(QApplication::font()).horizontalAdvance(u'0'));

@@ -4,10 +4,9 @@
 #include <QVBoxLayout>
 #include <functional>
 #include <map>
-#include <set>
 #include <vector>
 
-#include "core/forms/form.h"
+#include "core/forms/laid_out.h"
 
 namespace fiscalon {
 
@@ -33,22 +32,16 @@ class DialogLayout {
     std::vector<QGridLayout*> grids = {};
   };
 
-  void AddGroup(Column& column, const Group& group);
-  QVBoxLayout* PlaceFor(Column& column, const Group& group);
+  void AddGroup(Column& column, const LaidOutGroup& group);
+  QVBoxLayout* PlaceFor(Column& column, const LaidOutGroup& group);
   static void AlignCaptions(const Column& column);
-  void AddRow(QGridLayout& grid, int rowNumber, const Row& row);
-  QLayout* FieldWithHint(const Cell& cell);
-  /// Controls that the layout forgets are shown all the same, at the end.
-  Group Forgotten() const;
+  void AddRow(QGridLayout& grid, int rowNumber, const LaidOutRow& row);
+  QLayout* FieldWithHint(const LaidOutCell& cell);
   QWidget& Place(const Control& control);
 
   const Form& form_;
   WidgetOf widgetOf_;
-  std::set<const Control*> placed_;
   std::map<int, Column> columns_;
 };
-
-/// The frame that a group stands in: its heading, or the frame of its heading or fields; null for none.
-const Control* FrameOf(const Group& group);
 
 }  // namespace fiscalon

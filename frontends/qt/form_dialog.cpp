@@ -15,7 +15,9 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "core/forms/form_events.h"
+#include "core/forms/label.h"
+#include "core/forms/laid_out.h"
+#include "core/forms/scoped_value.h"
 #include "frontends/qt/accessible_names.h"
 #include "frontends/qt/key_strokes.h"
 #include "frontends/qt/qt_text.h"
@@ -61,7 +63,7 @@ void FormDialog::MakeViews() {
     QWidget& widget = view->Widget();
     widget.setObjectName(ToQt(control->Name()));
     // The form gives the focus on a mouse press, not the widget.
-    if (control->Kind() != ControlKind::Label && control->Kind() != ControlKind::Frame)
+    if (control->TakesKeys())
       widget.setFocusPolicy(Qt::TabFocus);
     for (QWidget* watched : {&widget, &view->MouseArea()}) {
       watched_[watched] = view.get();
@@ -94,12 +96,12 @@ void FormDialog::LayOut() {
       view->Widget().setGeometry(0, 0, 0, 0);
     view->Refresh();
   }
-  for (const Group& group : form_.FormLayout().groups) {
+  for (const LaidOutGroup& group : LaidOut(form_)) {
     if (group.heading != nullptr)
       ViewOf(*group.heading).StandOut();
-    for (const Row& row : group.rows)
-      for (const Cell& cell : row.cells)
-        if (cell.caption != nullptr && cell.field != nullptr && cell.caption->Designed().bold)
+    for (const LaidOutRow& row : group.rows)
+      for (const LaidOutCell& cell : row)
+        if (cell.standsOut && cell.field != nullptr)
           ViewOf(*cell.field).StandOut();
   }
   layout_->AlignCaptions();
@@ -216,6 +218,8 @@ bool FormDialog::PressKey(ControlView* view, QKeyEvent& event) {
   const KeyOutcome outcome = acts_.Key(*stroke);
   if (outcome.editing && form_.IsUp() && view != nullptr)
     view->Edit(outcome, event);
+  // An editor that has no use for a key would send it on to the widgets around it, and so here again.
+  event.accept();
   return true;
 }
 
@@ -266,7 +270,7 @@ void FormDialog::ControlChanged(const Control& control) {
   ViewOf(control).Refresh();
   if (control.Kind() == ControlKind::Frame)
     for (const auto& [other, view] : views_)
-      if (other->Designed().frame == &control)
+      if (other->EnclosingFrame() == &control)
         view->Refresh();
   if (control.Kind() == ControlKind::Label)
     NameFields(form_, [this](const Control& each) -> QWidget& { return WidgetOf(each); });
@@ -294,15 +298,13 @@ void FormDialog::HandlerRuns(std::string_view object, std::string_view event) {
     onHandler(object, event);
 }
 
-void FormDialog::CloseFor(int reason) {
+void FormDialog::CloseFor(CloseReason reason) {
   acts_.Close(reason);
 }
 
 void FormDialog::closeEvent(QCloseEvent* event) {
-  constexpr int kCloseCommand = 0;
-  constexpr int kSystemEnds = 2;
   if (!acts_.Acting())
-    CloseFor(qGuiApp->isSavingSession() ? kSystemEnds : kCloseCommand);
+    CloseFor(qGuiApp->isSavingSession() ? CloseReason::SystemEnds : CloseReason::CloseBox);
   event->setAccepted(!form_.IsUp());
 }
 

@@ -38,7 +38,7 @@ class FormDialog final : public QDialog, private FormObserver {
   Control* ControlOf(const QObject* widget) const;
 
   /// The window closes for a reason that windows do not tell, such as the end of the session.
-  void CloseFor(int reason);
+  void CloseFor(CloseReason reason);
 
   /// Hears of each handler that is about to run, such as "txtAmountPayable", "Change".
   std::function<void(std::string_view object, std::string_view event)> onHandler = {};

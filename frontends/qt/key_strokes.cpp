@@ -23,22 +23,19 @@ constexpr std::array kNamedKeys = {
     NamedKey{Qt::Key_Enter, key::kEnter, key::kEnter},
     NamedKey{Qt::Key_Escape, key::kEscape, key::kEscape},
     NamedKey{Qt::Key_Space, key::kSpace, ' '},
-    NamedKey{Qt::Key_PageUp, 33, 0},
-    NamedKey{Qt::Key_PageDown, 34, 0},
+    NamedKey{Qt::Key_PageUp, key::kPageUp, 0},
+    NamedKey{Qt::Key_PageDown, key::kPageDown, 0},
     NamedKey{Qt::Key_End, key::kEnd, 0},
     NamedKey{Qt::Key_Home, key::kHome, 0},
     NamedKey{Qt::Key_Left, key::kLeft, 0},
     NamedKey{Qt::Key_Up, key::kUp, 0},
     NamedKey{Qt::Key_Right, key::kRight, 0},
     NamedKey{Qt::Key_Down, key::kDown, 0},
-    NamedKey{Qt::Key_Insert, 45, 0},
+    NamedKey{Qt::Key_Insert, key::kInsert, 0},
     NamedKey{Qt::Key_Delete, key::kDelete, 0},
 };
 
-/// Key codes of F1 to F24 begin here.
-constexpr int kFirstFunctionKey = 112;
-/// Keys without a code of their own, such as letters composed of several strokes.
-constexpr int kOtherKey = 255;
+constexpr int kLineFeed = 10;
 
 bool OnlyChangesOthers(int key) {
   constexpr std::array kModifiers = {Qt::Key_Shift,   Qt::Key_Control,   Qt::Key_Alt,     Qt::Key_Meta,
@@ -57,8 +54,15 @@ int LatinKeyCode(int key) {
   if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9))
     return key;
   if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
-    return kFirstFunctionKey + key - Qt::Key_F1;
-  return kOtherKey;
+    return key::kF1 + key - Qt::Key_F1;
+  return key::kOther;
+}
+
+/// Ctrl and Alt make shortcuts of these keys. Ctrl+Enter is a line feed.
+int CharacterOf(const NamedKey& named, int shift) {
+  if (named.keyCode == key::kEnter && (shift & (shift_state::kControl | shift_state::kAlt)) == shift_state::kControl)
+    return kLineFeed;
+  return (shift & (shift_state::kControl | shift_state::kAlt)) == 0 ? named.character : 0;
 }
 
 /// What a key types: nothing with Ctrl or Alt alone, which make shortcuts; Ctrl and Alt together are AltGr.
@@ -75,10 +79,9 @@ std::optional<KeyStroke> StrokeOf(const QKeyEvent& event) {
   if (OnlyChangesOthers(event.key()))
     return std::nullopt;
   const int shift = ShiftState(event.modifiers());
-  const bool plain = (shift & (shift_state::kControl | shift_state::kAlt)) == 0;
   for (const NamedKey& named : kNamedKeys)
     if (named.key == event.key())
-      return KeyStroke{.keyCode = named.keyCode, .shift = shift, .character = plain ? named.character : 0};
+      return KeyStroke{.keyCode = named.keyCode, .shift = shift, .character = CharacterOf(named, shift)};
   const std::string typed = FromQt(TypedText(event));
   if (typed.size() != 1)
     return KeyStroke{.keyCode = LatinKeyCode(event.key()), .shift = shift};
@@ -93,16 +96,18 @@ QtKey QtKeyOf(const KeyStroke& stroke) {
   result.modifiers.setFlag(Qt::ShiftModifier, (stroke.shift & shift_state::kShift) != 0);
   result.modifiers.setFlag(Qt::ControlModifier, (stroke.shift & shift_state::kControl) != 0);
   result.modifiers.setFlag(Qt::AltModifier, (stroke.shift & shift_state::kAlt) != 0);
-  if (stroke.character != 0)
+  if (stroke.keyCode == key::kEnter && stroke.character == kLineFeed)
+    result.text = QStringLiteral("\r");
+  else if (stroke.character != 0)
     result.text = ToQt(std::string(1, static_cast<char>(stroke.character)));
   // A character is a key of its own only where it is no control character: "." is not Delete.
   const auto named = std::find_if(kNamedKeys.begin(), kNamedKeys.end(), [&](const NamedKey& each) {
-    return each.keyCode == stroke.keyCode && each.character == stroke.character;
+    return each.keyCode == stroke.keyCode && CharacterOf(each, stroke.shift) == stroke.character;
   });
   if (named != kNamedKeys.end())
     result.key =
         named->key == Qt::Key_Tab && result.modifiers.testFlag(Qt::ShiftModifier) ? Qt::Key_Backtab : named->key;
-  else if (LatinKeyCode(stroke.keyCode) != kOtherKey)
+  else if (LatinKeyCode(stroke.keyCode) != key::kOther)
     result.key = static_cast<Qt::Key>(stroke.keyCode);
   else if (!result.text.isEmpty())
     result.key = static_cast<Qt::Key>(result.text.front().toUpper().unicode());

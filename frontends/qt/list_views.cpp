@@ -1,5 +1,6 @@
 #include "frontends/qt/list_views.h"
 
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -7,7 +8,7 @@
 #include <utility>
 
 #include "core/forms/form.h"
-#include "core/forms/form_events.h"
+#include "core/forms/scoped_value.h"
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
@@ -27,11 +28,21 @@ QStringList RowsOf(const Widget& widget, TextOfRow textOfRow) {
   return rows;
 }
 
+QFont FontOfRows(const ListControl& list, QFont font) {
+  if (list.Designed().fixedPitch) {
+    font.setFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+    font.setStyleHint(QFont::Monospace);
+    font.setFixedPitch(true);
+  }
+  return font;
+}
+
 }  // namespace
 
 DropDownView::DropDownView(DropDownList& list, QWidget& parent, WatchedActs& acts)
     : ControlView(list, *new QComboBox(&parent), acts), list_(list), native_(static_cast<QComboBox&>(Widget())) {
   native_.setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  Restyle();
   QObject::connect(&native_, &QComboBox::activated, &native_, [this](int row) {
     // Without the focus it was an assistive program.
     if (IsActive())
@@ -49,6 +60,10 @@ bool DropDownView::MousePressed(QMouseEvent& event) {
   if (after == AfterPress::Interrupted)
     native_.showPopup();
   return after != AfterPress::Goes;
+}
+
+void DropDownView::Restyle() {
+  native_.setFont(FontOfRows(list_, Font()));
 }
 
 void DropDownView::Refresh() {
@@ -74,7 +89,9 @@ ListBoxView::ListBoxView(ListBox& list, QWidget& parent, WatchedActs& acts)
   QObject::connect(&native_, &QListWidget::currentRowChanged, &native_, [this](int row) {
     if (refreshing_)
       return;
-    Acts().Choose(list_, row);
+    // A list to which the focus comes makes a row its current one, and selects none by that.
+    if (row >= 0 && native_.item(row)->isSelected())
+      Acts().Choose(list_, row);
     if (list_.Owner().IsUp())
       Refresh();
   });
@@ -101,7 +118,7 @@ void ListBoxView::ShowRow(int row) {
 void ListBoxView::Restyle() {
   constexpr int kWidth = 66;
   constexpr int kRows = 8;
-  native_.setFont(Font());
+  native_.setFont(FontOfRows(list_, Font()));
   const QFontMetrics metrics(native_.font());
   const int frame = 2 * native_.frameWidth();
   native_.setMinimumSize(

@@ -18,6 +18,7 @@ class DropDownView final : public ControlView {
   bool MousePressed(QMouseEvent& event) override;
   // The wheel would change a choice that nobody looks at.
   bool WheelTurned() const override { return true; }
+  void Restyle() override;
 
  private:
   DropDownList& list_;

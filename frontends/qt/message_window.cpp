@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QGuiApplication>
+#include <QPushButton>
 #include <algorithm>
 #include <array>
 
@@ -38,20 +39,15 @@ QMessageBox::StandardButton ButtonOf(MessageAnswer answer) {
       ->button;
 }
 
-QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
-  switch (buttons) {
-    case MessageButtons::OkCancel:
-      return QMessageBox::Ok | QMessageBox::Cancel;
-    case MessageButtons::YesNo:
-      return QMessageBox::Yes | QMessageBox::No;
-    default:
-      return QMessageBox::Ok;
-  }
+QMessageBox::StandardButtons ButtonsOf(const BoxRequest& box) {
+  QMessageBox::StandardButtons buttons;
+  for (const AnswerRow& row : kAnswers) buttons.setFlag(row.button, box.Offers(row.answer));
+  return buttons;
 }
 
 }  // namespace
 
-std::unique_ptr<QMessageBox> NewMessageWindow(const MessageBox& box, QWidget* parent) {
+std::unique_ptr<QMessageBox> NewMessageWindow(const BoxRequest& box, QWidget* parent) {
   auto window = std::make_unique<QMessageBox>(parent);
   window->setWindowModality(Qt::ApplicationModal);
   window->setAttribute(Qt::WA_QuitOnClose, false);
@@ -60,35 +56,36 @@ std::unique_ptr<QMessageBox> NewMessageWindow(const MessageBox& box, QWidget* pa
   window->setWindowTitle(box.title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(box.title));
   window->setIcon(
       std::find_if(kStyles.begin(), kStyles.end(), [&](const StyleRow& row) { return row.style == box.style; })->icon);
-  window->setStandardButtons(ButtonsOf(box.buttons));
+  window->setStandardButtons(ButtonsOf(box));
   window->setDefaultButton(ButtonOf(box.DefaultAnswer()));
   return window;
 }
 
-MessageBox ShownIn(const QMessageBox& window) {
+BoxRequest ShownIn(const QMessageBox& window) {
   const auto buttons = window.standardButtons();
-  return {.text = FromQt(window.text()),
-          .style = std::find_if(kStyles.begin(), kStyles.end(),
-                                [&](const StyleRow& row) { return row.icon == window.icon(); })
-                       ->style,
-          .buttons = buttons.testFlag(QMessageBox::Yes)      ? MessageButtons::YesNo
-                     : buttons.testFlag(QMessageBox::Cancel) ? MessageButtons::OkCancel
-                                                             : MessageButtons::Ok,
-          .title = FromQt(window.windowTitle())};
+  BoxRequest shown = {.text = FromQt(window.text()),
+                      .style = std::find_if(kStyles.begin(), kStyles.end(),
+                                            [&](const StyleRow& row) { return row.icon == window.icon(); })
+                                   ->style,
+                      .buttons = buttons.testFlag(QMessageBox::Yes)      ? MessageButtons::YesNo
+                                 : buttons.testFlag(QMessageBox::Cancel) ? MessageButtons::OkCancel
+                                                                         : MessageButtons::Ok,
+                      .title = FromQt(window.windowTitle())};
+  if (window.defaultButton() != ButtonFor(window, shown.DefaultAnswer()))
+    shown.defaultButton = DefaultButton::Second;
+  return shown;
 }
 
 QAbstractButton* ButtonFor(const QMessageBox& window, MessageAnswer answer) {
   return window.button(ButtonOf(answer));
 }
 
-MessageAnswer AnswerOf(const QMessageBox& window, const MessageBox& box) {
+MessageAnswer AnswerOf(const QMessageBox& window, const BoxRequest& box) {
   const auto clicked = window.standardButton(window.clickedButton());
   for (const AnswerRow& row : kAnswers)
     if (row.button == clicked)
       return row.answer;
-  return box.buttons == MessageButtons::YesNo      ? MessageAnswer::No
-         : box.buttons == MessageButtons::OkCancel ? MessageAnswer::Cancel
-                                                   : MessageAnswer::Ok;
+  return box.ClosedAnswer();
 }
 
 }  // namespace fiscalon

@@ -8,15 +8,15 @@
 namespace fiscalon {
 
 /// A message box as a window over its parent: icon, plain text, buttons, default button and title.
-std::unique_ptr<QMessageBox> NewMessageWindow(const MessageBox& box, QWidget* parent);
+std::unique_ptr<QMessageBox> NewMessageWindow(const BoxRequest& box, QWidget* parent);
 
 /// What a user sees in such a window, read back from it.
-MessageBox ShownIn(const QMessageBox& window);
+BoxRequest ShownIn(const QMessageBox& window);
 
 /// The button that gives an answer; null where the window has none.
 QAbstractButton* ButtonFor(const QMessageBox& window, MessageAnswer answer);
 
 /// The answer that closed the window. One that was closed without a button answers the most careful thing it can.
-MessageAnswer AnswerOf(const QMessageBox& window, const MessageBox& box);
+MessageAnswer AnswerOf(const QMessageBox& window, const BoxRequest& box);
 
 }  // namespace fiscalon

@@ -53,10 +53,10 @@ void PlayedQtToolkit::ServeModal(Form& form) {
     Call(onForm, form, user);
 }
 
-MessageAnswer PlayedQtToolkit::ShowMessage(const MessageBox& box) {
+MessageAnswer PlayedQtToolkit::ShowMessage(const BoxRequest& box) {
   const auto window = NewMessageWindow(box, Dialog());
   window->show();
-  const MessageBox shown = ShownIn(*window);
+  const BoxRequest shown = ShownIn(*window);
   const MessageAnswer answer = onMessage ? Call(onMessage, shown) : shown.DefaultAnswer();
   if (QAbstractButton* button = ButtonFor(*window, answer))
     button->click();

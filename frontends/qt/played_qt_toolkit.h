@@ -20,7 +20,7 @@ class PlayedQtToolkit final : public DrivenToolkit, private FormObserver {
 
   void Opening(Form& form) override;
   void ServeModal(Form& form) override;
-  MessageAnswer ShowMessage(const MessageBox& box) override;
+  MessageAnswer ShowMessage(const BoxRequest& box) override;
   void Beep() override;
   void OpenHelp(std::string_view file, int32_t context) override;
 

@@ -142,6 +142,7 @@ void QtDriver::Click(Control& control) {
 }
 
 void QtDriver::Choose(ListControl& list, int row) {
+  list.ExpectRow(row);
   QPoint place;
   if (!Point(list, place))
     return;
@@ -177,11 +178,10 @@ void QtDriver::Paste(std::string_view text) {
 }
 
 void QtDriver::CloseWindow(int reason) {
-  constexpr int kCloseCommand = 0;
-  if (reason == kCloseCommand)
+  if (static_cast<CloseReason>(reason) == CloseReason::CloseBox)
     dialog_.close();
   else
-    dialog_.CloseFor(reason);
+    dialog_.CloseFor(static_cast<CloseReason>(reason));
 }
 
 std::string QtDriver::Title() {

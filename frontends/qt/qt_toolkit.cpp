@@ -28,7 +28,7 @@ struct QtToolkit::State {
   std::vector<FormDialog*> dialogs;
   ActWatcher* watcher = nullptr;
 
-  MessageAnswer Ask(const MessageBox& box) const;
+  MessageAnswer Ask(const BoxRequest& box) const;
   QWidget* TopWindow() const { return dialogs.empty() ? QApplication::activeWindow() : dialogs.back(); }
 };
 
@@ -54,7 +54,7 @@ void QtToolkit::ServeModal(Form& form) {
   GiveKeyboardBackTo(parent);
 }
 
-MessageAnswer QtToolkit::State::Ask(const MessageBox& box) const {
+MessageAnswer QtToolkit::State::Ask(const BoxRequest& box) const {
   QWidget* parent = TopWindow();
   const auto window = NewMessageWindow(box, parent);
   window->exec();
@@ -62,7 +62,7 @@ MessageAnswer QtToolkit::State::Ask(const MessageBox& box) const {
   return AnswerOf(*window, box);
 }
 
-MessageAnswer QtToolkit::ShowMessage(const MessageBox& box) {
+MessageAnswer QtToolkit::ShowMessage(const BoxRequest& box) {
   const MessageAnswer answer = state_->Ask(box);
   if (state_->watcher != nullptr)
     state_->watcher->BoxAnswered(box, answer);

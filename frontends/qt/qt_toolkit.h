@@ -27,7 +27,7 @@ class QtToolkit final : public Toolkit {
   void Watch(ActWatcher* watcher);
 
   void ServeModal(Form& form) override;
-  MessageAnswer ShowMessage(const MessageBox& box) override;
+  MessageAnswer ShowMessage(const BoxRequest& box) override;
   void Beep() override;
   /// Opens the file with the desktop's program for it. `file` may name a window behind a ">".
   void OpenHelp(std::string_view file, int32_t context) override;

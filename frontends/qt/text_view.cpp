@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "core/forms/form.h"
-#include "core/forms/form_events.h"
+#include "core/forms/scoped_value.h"
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
@@ -22,13 +22,54 @@ constexpr int kWidest = 44;
 constexpr int kAmountWidth = 14;
 
 int WidthInCharacters(const TextField& field) {
-  if (field.MaxLength() == Design::kNoLimit)
+  if (field.MaxLength() == FieldDesign::kNoLimit)
     return kUnlimitedWidth;
   const int least = field.Designed().alignment == Alignment::Right ? kAmountWidth : 0;
   return std::clamp(field.MaxLength() + 1, least, kWidest);
 }
 
+bool IsPair(const std::string& text, size_t i) {
+  return text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+}
+
+// An editor's line end is one character, a field's is CR LF.
+
+int PositionInEditor(const std::string& text, int inField) {
+  int position = 0;
+  for (size_t i = 0; i < std::min(text.size(), static_cast<size_t>(inField)); ++i) position += IsPair(text, i) ? 0 : 1;
+  return position;
+}
+
+int PositionInField(const std::string& text, int inEditor) {
+  size_t i = 0;
+  for (; i < text.size() && inEditor > 0; ++i)
+    if (IsPair(text, i))
+      continue;
+    else
+      --inEditor;
+  return static_cast<int>(i);
+}
+
+/// The characters that the field's editing takes, as its editor does.
+QString TypedText(int character) {
+  if (character == key::kEnter)
+    return QStringLiteral("\n");
+  return character < ' ' ? QString() : ToQt(std::string(1, static_cast<char>(character)));
+}
+
 }  // namespace
+
+bool TextView::IsAligned() const {
+  return NativeText() == WithPlainLineEnds(ToQt(field_.Text()));
+}
+
+std::string TextView::FieldText() const {
+  const QString native = NativeText();
+  // Code may have set line ends of another kind.
+  if (IsAligned())
+    return field_.Text();
+  return FromQt(field_.IsMultiLine() ? QString(native).replace(u'\n', QStringLiteral("\r\n")) : native);
+}
 
 void TextView::Refresh() {
   const ScopedValue refreshing(refreshing_, true);
@@ -36,23 +77,27 @@ void TextView::Refresh() {
   SetLocked(field_.Locked());
   if (const QString text = WithPlainLineEnds(ToQt(field_.Text())); text != NativeText())
     SetNativeText(text);
-  if (IsActive() && InCodePage(NativeSelection()) != field_.Selected())
-    SetNativeSelection(field_.Selected());
+  if (IsActive() && FieldSelection() != field_.Selected()) {
+    const Selection selection = field_.Selected();
+    const int start = PositionInEditor(field_.Text(), selection.start);
+    SetNativeSelection({.start = start, .length = PositionInEditor(field_.Text(), selection.End()) - start});
+  }
 }
 
 void TextView::Edit(const KeyOutcome& outcome, QKeyEvent& event) {
-  // Alt makes commands of keys, never text; Enter ends a line only where there are several.
+  // Alt makes commands of keys, never text.
   const bool command = event.modifiers().testFlag(Qt::AltModifier) && outcome.character == 0;
   // A paste of nothing takes nothing away.
   const bool empty = event.matches(QKeySequence::Paste) && QGuiApplication::clipboard()->text().isEmpty();
-  if (command || empty || (outcome.character == key::kEnter && !field_.Designed().multiLine))
+  if (command || empty)
     return;
   if (CollapseSelection(event))
     return;
-  const QString typed =
-      outcome.character < ' ' ? QString() : ToQt(std::string(1, static_cast<char>(outcome.character)));
+  const QString typed = TypedText(outcome.character);
   EditWith([&] {
-    if (typed.isEmpty() || typed == event.text())
+    // Editors have ideas of their own about Enter with Shift or Ctrl.
+    const bool endsLine = outcome.character == key::kEnter;
+    if (typed.isEmpty() || (typed == event.text() && !endsLine))
       static_cast<QObject&>(Widget()).event(&event);
     else
       InsertNatively(typed);
@@ -70,7 +115,7 @@ bool TextView::CollapseSelection(const QKeyEvent& event) {
 }
 
 void TextView::Insert(char character) {
-  EditWith([&] { InsertNatively(ToQt(std::string(1, character))); });
+  EditWith([&] { InsertNatively(TypedText(static_cast<unsigned char>(character))); });
 }
 
 template <class Editing>
@@ -79,7 +124,7 @@ void TextView::EditWith(Editing&& editing) {
     const ScopedValue running(editing_, true);
     editing();
   }
-  if (NativeText() != WithPlainLineEnds(ToQt(field_.Text())))
+  if (!IsAligned())
     Report(EditAct::Origin::Key);
   else
     SelectionMoved();
@@ -91,23 +136,14 @@ void TextView::Edited() {
 }
 
 void TextView::Report(EditAct::Origin origin) {
-  std::string text = FromQt(NativeText());
-  Selection selection = InCodePage(NativeSelection());
-  if (const size_t end = text.find_first_of("\r\n"); end != std::string::npos && !field_.Designed().multiLine) {
-    // Only a paste or a drop brings a line end, and it ends at the caret: the first line of it is taken.
-    if (static_cast<int>(end) == field_.Selected().start)
-      return Refresh();
-    text.erase(end, std::max(static_cast<size_t>(selection.End()), end) - end);
-    selection = {.start = static_cast<int>(end)};
-  }
-  Acts().EditText({.field = &field_, .text = std::move(text), .selection = selection, .origin = origin});
+  Acts().EditText({.field = &field_, .text = FieldText(), .selection = FieldSelection(), .origin = origin});
   if (field_.Owner().IsUp())
     Refresh();
 }
 
 void TextView::SelectionMoved() {
   if (!refreshing_ && !editing_ && !Acts().Acting() && IsActive())
-    Acts().SelectText(field_, InCodePage(NativeSelection()));
+    Acts().SelectText(field_, FieldSelection());
 }
 
 bool TextView::MousePressed(QMouseEvent& /*event*/) {
@@ -115,10 +151,18 @@ bool TextView::MousePressed(QMouseEvent& /*event*/) {
   return Press() != AfterPress::Goes;
 }
 
-Selection TextView::InCodePage(Selection native) const {
-  const QString text = NativeText();
-  const auto start = static_cast<int>(FromQt(text.left(native.start)).size());
-  return {.start = start, .length = static_cast<int>(FromQt(text.mid(native.start, native.length)).size())};
+Selection TextView::FieldSelection() const {
+  const QString native = NativeText();
+  const Selection selection = NativeSelection();
+  const std::string text = FieldText();
+  // A line that was just pasted may hold line ends as they came.
+  const bool asItCame = !field_.IsMultiLine() && !IsAligned();
+  const auto positionOf = [&](int inEditor) {
+    const auto position = static_cast<int>(FromQt(native.left(inEditor)).size());
+    return asItCame ? position : PositionInField(text, position);
+  };
+  const int start = positionOf(selection.start);
+  return {.start = start, .length = positionOf(selection.End()) - start};
 }
 
 QPalette TextView::Shades() const {
@@ -133,7 +177,7 @@ LineView::LineView(TextField& field, QWidget& parent, WatchedActs& acts)
     : TextView(field, *new QLineEdit(&parent), acts), native_(static_cast<QLineEdit&>(Widget())) {
   native_.setAlignment((field.Designed().alignment == Alignment::Right ? Qt::AlignRight : Qt::AlignLeft) |
                        Qt::AlignVCenter);
-  if (field.MaxLength() != Design::kNoLimit)
+  if (field.MaxLength() != FieldDesign::kNoLimit)
     native_.setMaxLength(field.MaxLength());
   Restyle();
   QObject::connect(&native_, &QLineEdit::textEdited, &native_, [this] { Edited(); });

@@ -42,7 +42,11 @@ class TextView : public ControlView {
   void Report(EditAct::Origin origin);
   /// Left and Right leave a selection at its end, on every desktop.
   bool CollapseSelection(const QKeyEvent& event);
-  Selection InCodePage(Selection native) const;
+  /// The editor shows the field's text.
+  bool IsAligned() const;
+  // What the editor holds, as a field holds it.
+  std::string FieldText() const;
+  Selection FieldSelection() const;
 
   TextField& field_;
   bool refreshing_ = false;

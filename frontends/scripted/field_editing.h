@@ -13,11 +13,11 @@ struct EditedText {
   Selection selection = {};
 };
 
-/// Replaces the selection by a text, cut so that the field's limit holds. A single-line field takes the text up to
-/// its first line end.
+/// Replaces the selection by a text, cut so that the field's limit holds.
 EditedText InsertText(const TextField& field, std::string_view inserted);
 
-/// What Backspace, Delete, Left, Right, Home or End do; any other key does nothing.
+/// What Backspace, Delete, Left, Right, Home or End do; any other key does nothing. A line end is one character to
+/// them, and a line's ends are where Home and End go.
 EditedText EditByKey(const TextField& field, int keyCode);
 
 }  // namespace fiscalon

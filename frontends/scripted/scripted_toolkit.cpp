@@ -1,17 +1,25 @@
 #include "frontends/scripted/scripted_toolkit.h"
 
 #include "core/forms/button.h"
-#include "core/forms/label.h"
 #include "core/forms/text_field.h"
-#include "core/forms/user_acts.h"
 #include "frontends/scripted/field_editing.h"
 
 namespace fiscalon {
 namespace {
 
-const TextField* AsTextField(const Control* control) {
-  return control != nullptr && control->Kind() == ControlKind::TextField ? static_cast<const TextField*>(control)
-                                                                         : nullptr;
+/// What a key that the form has left to a field makes of it.
+EditedText Edited(const TextField& field, const KeyStroke& stroke, int character) {
+  // There is no clipboard, and nothing is undone.
+  if (IsEditorCommand(stroke)) {
+    const bool selectsAll = stroke.keyCode == 'A';
+    return {.text = field.Text(),
+            .selection = selectsAll ? Selection{.length = static_cast<int>(field.Text().size())} : field.Selected()};
+  }
+  if (character == key::kEnter)
+    return InsertText(field, "\r\n");
+  if (character >= ' ')
+    return InsertText(field, std::string(1, static_cast<char>(character)));
+  return EditByKey(field, character == 0 ? stroke.keyCode : character);
 }
 
 }  // namespace
@@ -21,43 +29,42 @@ void ScriptedUser::Type(char character) {
 }
 
 void ScriptedUser::PressKey(const KeyStroke& stroke) {
-  UserActs acts(form_);
+  UserActs& acts = form_.Acts();
   Control* const control = form_.ActiveControl();
   const KeyOutcome outcome = acts.Key(stroke);
   if (!outcome.editing || !form_.IsUp())
     return;
   auto& field = static_cast<TextField&>(*control);
-  const bool inserts = outcome.character >= ' ' || (outcome.character == key::kEnter && field.Designed().multiLine);
-  const EditedText edited = inserts ? InsertText(field, outcome.character == key::kEnter
-                                                            ? std::string("\n")
-                                                            : std::string(1, static_cast<char>(outcome.character)))
-                                    : EditByKey(field, outcome.character == 0 ? stroke.keyCode : outcome.character);
-  acts.EditText(field, edited.text, edited.selection);
+  const EditedText edited = Edited(field, stroke, outcome.character);
+  // The caret moves in a locked field too.
+  if (edited.text == field.Text())
+    acts.SelectText(field, edited.selection);
+  else
+    acts.EditText(field, edited.text, edited.selection);
 }
 
 void ScriptedUser::PressMouse(Control& control) {
-  UserActs(form_).Press(control);
+  form_.Acts().Press(control);
 }
 
 void ScriptedUser::Click(Control& control) {
-  UserActs(form_).Click(control);
+  form_.Acts().Click(control);
 }
 
 void ScriptedUser::Choose(ListControl& list, int row) {
-  UserActs(form_).Choose(list, row);
+  form_.Acts().Choose(list, row);
 }
 
 void ScriptedUser::Paste(std::string_view text) {
-  Control* const control = form_.ActiveControl();
-  if (control == nullptr || control->Kind() != ControlKind::TextField || static_cast<TextField*>(control)->Locked())
+  auto* const field = dynamic_cast<TextField*>(form_.ActiveControl());
+  if (field == nullptr || field->Locked())
     return;
-  auto& field = static_cast<TextField&>(*control);
-  const EditedText edited = InsertText(field, text);
-  UserActs(form_).EditText(field, edited.text, edited.selection);
+  const EditedText edited = InsertText(*field, text);
+  form_.Acts().EditText(*field, edited.text, edited.selection);
 }
 
 void ScriptedUser::CloseWindow(int reason) {
-  UserActs(form_).Close(reason);
+  form_.Acts().Close(static_cast<CloseReason>(reason));
 }
 
 std::string ScriptedUser::Title() {
@@ -69,13 +76,12 @@ std::string ScriptedUser::FocusName() {
 }
 
 std::string ScriptedUser::Text(Control& control) {
-  if (control.Kind() == ControlKind::CheckBox || control.Kind() == ControlKind::OptionButton)
-    return static_cast<ToggleButton&>(control).Caption();
-  return control.DefaultValue();
+  const auto* captioned = dynamic_cast<const Captioned*>(&control);
+  return captioned != nullptr ? captioned->Caption() : control.DefaultValue();
 }
 
 std::string ScriptedUser::SelectedText(Control& control) {
-  const TextField* field = AsTextField(&control);
+  const auto* field = dynamic_cast<const TextField*>(&control);
   if (field == nullptr)
     return {};
   const Selection selection = field->Selected();
@@ -91,18 +97,18 @@ bool ScriptedUser::Visible(Control& control) {
 }
 
 bool ScriptedUser::Checked(Control& control) {
-  const bool toggles = control.Kind() == ControlKind::CheckBox || control.Kind() == ControlKind::OptionButton;
-  return toggles && static_cast<ToggleButton&>(control).Value();
+  const auto* toggle = dynamic_cast<const ToggleButton*>(&control);
+  return toggle != nullptr && toggle->Value();
 }
 
 bool ScriptedUser::Locked(Control& control) {
-  const TextField* field = AsTextField(&control);
+  const auto* field = dynamic_cast<const TextField*>(&control);
   return field != nullptr && field->Locked();
 }
 
 int ScriptedUser::Items(Control& control) {
-  const bool lists = control.Kind() == ControlKind::DropDownList || control.Kind() == ControlKind::ListBox;
-  return lists ? static_cast<ListControl&>(control).ListCount() : 0;
+  const auto* list = dynamic_cast<const ListControl*>(&control);
+  return list == nullptr ? 0 : list->ListCount();
 }
 
 void ScriptedToolkit::Opening(Form& form) {
@@ -115,7 +121,7 @@ void ScriptedToolkit::ServeModal(Form& form) {
     Call(onForm, form, user);
 }
 
-MessageAnswer ScriptedToolkit::ShowMessage(const MessageBox& box) {
+MessageAnswer ScriptedToolkit::ShowMessage(const BoxRequest& box) {
   return onMessage ? Call(onMessage, box) : box.DefaultAnswer();
 }
 

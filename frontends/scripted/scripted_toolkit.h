@@ -38,14 +38,14 @@ class ScriptedUser final : public UserDriver {
 ///     toolkit.onForm = [](fiscalon::Form& form, fiscalon::UserDriver& user) {
 ///       for (char character : std::string("202612"))
 ///         user.Type(character);
-///       user.Click(*form.FindControl("cmdOK"));
+///       user.Click(form.ControlNamed("cmdOK"));
 ///     };
 ///     fiscalon::UseToolkit(&toolkit);
 class ScriptedToolkit final : public DrivenToolkit, private FormObserver {
  public:
   void Opening(Form& form) override;
   void ServeModal(Form& form) override;
-  MessageAnswer ShowMessage(const MessageBox& box) override;
+  MessageAnswer ShowMessage(const BoxRequest& box) override;
   void Beep() override;
   void OpenHelp(std::string_view file, int32_t context) override;
 

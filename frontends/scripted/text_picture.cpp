@@ -6,8 +6,7 @@
 #include <vector>
 
 #include "core/forms/button.h"
-#include "core/forms/keys.h"
-#include "core/forms/label.h"
+#include "core/forms/laid_out.h"
 #include "core/forms/list_control.h"
 #include "core/forms/text_field.h"
 #include "core/platform/code_page.h"
@@ -32,14 +31,22 @@ std::string Repeated(std::string_view mark, size_t times) {
 }
 
 std::string CaptionOf(const Captioned& button) {
-  return ToUtf8(WithoutAccessMarks(button.Caption()));
+  return ToUtf8(button.PlainCaption());
+}
+
+/// The lines of a field behind each other, with a mark where one ends.
+std::string OnOneLine(std::string text) {
+  for (size_t at = text.find('\r'); at != std::string::npos; at = text.find('\r', at))
+    text.replace(at, text.compare(at, 2, "\r\n") == 0 ? 2 : 1, "\n");
+  for (size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at)) text.replace(at, 1, "\u21B5");
+  return text;
 }
 
 std::string DrawTextField(const TextField& field) {
   constexpr int kUnlimitedWidth = 30;
   constexpr int kWidest = 50;
-  const int limit = field.MaxLength() == Design::kNoLimit ? kUnlimitedWidth : field.MaxLength();
-  const std::string text = ToUtf8(field.Text());
+  const int limit = field.MaxLength() == FieldDesign::kNoLimit ? kUnlimitedWidth : field.MaxLength();
+  const std::string text = OnOneLine(ToUtf8(field.Text()));
   const size_t width = std::max(static_cast<size_t>(std::min(limit, kWidest)), Width(text));
   const std::string blanks(width - Width(text), ' ');
   const std::string content = field.Designed().alignment == Alignment::Right ? blanks + text : text + blanks;
@@ -79,7 +86,7 @@ class FormPicture {
 
   std::string Draw() {
     std::map<int, std::vector<std::string>> columns;
-    for (const Group& group : form_.FormLayout().groups) {
+    for (const LaidOutGroup& group : LaidOut(form_)) {
       std::vector<std::string>& column = columns[group.column];
       if (!column.empty())
         column.emplace_back();
@@ -100,19 +107,19 @@ class FormPicture {
     return control->VisibleInFrames() ? mark + drawn : std::string(Width(mark + drawn), ' ');
   }
 
-  std::string DrawFieldWithHint(const Cell& cell) const {
+  std::string DrawFieldWithHint(const LaidOutCell& cell) const {
     const std::string field = DrawPart(cell.field, true);
     return cell.hint == nullptr ? field : field + " " + DrawPart(cell.hint, false);
   }
 
-  std::vector<std::string> DrawGroup(const Group& group) const {
+  std::vector<std::string> DrawGroup(const LaidOutGroup& group) const {
     std::vector<std::string> lines;
     if (group.heading != nullptr)
       lines.push_back(DrawPart(group.heading, false));
     std::vector<DrawnRow> rows;
-    for (const Row& row : group.rows) {
+    for (const LaidOutRow& row : group.rows) {
       rows.emplace_back();
-      for (const Cell& cell : row.cells)
+      for (const LaidOutCell& cell : row)
         rows.back().push_back({{DrawPart(cell.caption, false), DrawFieldWithHint(cell)}});
     }
     const std::vector<size_t> widths = PartWidths(rows);
@@ -147,9 +154,9 @@ class FormPicture {
     return line;
   }
 
-  static std::vector<std::string> DrawListRows(const Row& row) {
+  static std::vector<std::string> DrawListRows(const LaidOutRow& row) {
     std::vector<std::string> lines;
-    for (const Cell& cell : row.cells) {
+    for (const LaidOutCell& cell : row) {
       if (cell.field == nullptr || cell.field->Kind() != ControlKind::ListBox || !cell.field->VisibleInFrames())
         continue;
       const auto& list = static_cast<const ListBox&>(*cell.field);
@@ -192,7 +199,7 @@ class FormPicture {
   Form& form_;
 };
 
-std::string ButtonRow(const MessageBox& box, MessageAnswer answer) {
+std::string ButtonRow(const BoxRequest& box, MessageAnswer answer) {
   const auto button = [&](const char* caption, MessageAnswer means) {
     return std::string(means == answer ? ">" : " ") + "[ " + caption + " ]";
   };
@@ -212,7 +219,7 @@ std::string DrawForm(Form& form) {
   return FormPicture(form).Draw();
 }
 
-std::string DrawMessageBox(const MessageBox& box, MessageAnswer answer) {
+std::string DrawMessageBox(const BoxRequest& box, MessageAnswer answer) {
   constexpr std::array<const char*, 5> kIcons = {"", "(x) ", "(?) ", "(!) ", "(i) "};
   std::vector<std::string> lines;
   std::string rest = kIcons[static_cast<size_t>(box.style)] + ToUtf8(box.text);

@@ -13,6 +13,6 @@ namespace fiscalon {
 std::string DrawForm(Form& form);
 
 /// A message box with its icon as a word, its buttons, and the answered one marked.
-std::string DrawMessageBox(const MessageBox& box, MessageAnswer answer);
+std::string DrawMessageBox(const BoxRequest& box, MessageAnswer answer);
 
 }  // namespace fiscalon

@@ -9,6 +9,7 @@
 #include "core/forms/form_observer.h"
 #include "core/forms/keys.h"
 #include "core/forms/label.h"
+#include "core/forms/laid_out.h"
 #include "core/forms/layout.h"
 #include "core/forms/list_control.h"
 #include "core/forms/text_field.h"

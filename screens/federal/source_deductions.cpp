@@ -1,162 +1,122 @@
 #include "screens/federal/source_deductions.h"
 
-#include <string>
-
-#include "core/user_locale.h"
-#include "core/value_routines.h"
+#include "core/resume_next.h"
 #include "core/values/leading_number.h"
-#include "core/values/text.h"
+#include "screens/parts/entered_text.h"
+#include "screens/parts/refusal.h"
+#include "screens/parts/slots.h"
 
 namespace fiscalon {
 namespace {
 
-constexpr std::string_view kWholeNumber = "0";
-constexpr std::string_view kDollars = "0.00";
-constexpr size_t kDateLength = 8;
+constexpr const char* kAmountBelowZero = "Amount of Payment cannot be less than 0.";
+constexpr const char* kAskAmount = "Please enter amount of payment.";
+constexpr const char* kOtherAmount = "Amount of Payment is not equal to amount to be paid.";
+constexpr const char* kAskDate = "Please enter the date for the end of remitting period.";
+constexpr const char* kGrossBelowZero = " Amount of Gross Payroll in Remitting Period cannot be less than 0.";
+constexpr const char* kEmployeesBelowZero = "Number of employees in latest pay period cannot be less than 0.";
+
+const AmountRows kGrossOnLeaving = {{amount::Trim}, {amount::ReadMoney}, {amount::IsNoAmount}, {amount::ShowInDollars}};
+
+// What OK tests, in its order.
+
+const AmountRows kAmountOnOk = {{amount::Trim},
+                                {amount::ReadMoney},
+                                {amount::IsNoAmount},
+                                {amount::ShowInCents},
+                                {amount::ReadNumber},
+                                {amount::IsNegative, kAmountBelowZero},
+                                {amount::IsZeroWhileDue, kAskAmount},
+                                {amount::ShowZero},
+                                {amount::Differs, kOtherAmount}};
+
+const DateRows kDateOnOk = {{date::IsMissing, kAskDate},
+                            {date::IsNotEightLong, kInvalidDate, Reaction::Empties},
+                            {date::Trim},
+                            {date::IsInvalid, kInvalidDate, Reaction::Selects},
+                            {date::YearIsRefused},
+                            {date::ShowDigits}};
+
+const AmountRows kGrossOnOk = {
+    {amount::Trim}, {amount::ReadMoney}, {amount::IsNoAmount}, {amount::IsNegative, kGrossBelowZero}};
+
+const AmountRows kGrossOfAPaymentOnOk = {
+    {amount::ReadMoney},
+    {amount::IsZero, "Please enter Gross Payroll in Remitting Period."},
+    {amount::HasFraction, "Amount of Gross Payroll in Remitting Period cannot have decimal value.", Reaction::Focus,
+     MessageStyle::Plain}};
+
+const AmountRows kEmployeesOnOk = {{amount::Trim},
+                                   {amount::ReadNumber},
+                                   {amount::IsNoAmount},
+                                   {amount::HasFraction, "", Reaction::Selects},
+                                   // What is shown counts from here on: less than half an employee is none.
+                                   {amount::ShowWhole},
+                                   {amount::ReadNumber},
+                                   {amount::IsZeroWhileDue, "Please enter number of employees in latest pay period."},
+                                   {amount::IsNegative, kEmployeesBelowZero}};
 
 }  // namespace
 
-void GOVSOURCEDEDUCTION::Form_Load() {
-  ShowPayment(head);
-  PaymentAmount.Text(ShownPaidAmount());
-  FindHelpFolder();
-}
+// Dollars alone: the text never counts cents.
+const AmountRows GOVSOURCEDEDUCTION::kGrossOnEnter = {
+    {amount::Trim},
+    {amount::ReadMoney},
+    {amount::IsNoAmount},
+    {amount::ShowInDollars},
+    {amount::IsNegative, kGrossBelowZero},
+    {amount::HasFraction, "Amount of Gross Payroll cannot have decimal value.", Reaction::Focus, MessageStyle::Plain}};
 
-bool GOVSOURCEDEDUCTION::GrossPayroll_Enter() {
-  const Money amount = AmountIn(TrimText(GrossPayroll));
-  if (!IsAmountText(GrossPayroll.Text()))
-    return Refuse(GrossPayroll);
-  GrossPayroll.Text(Format(amount, kDollars));
-  if (amount < Money())
-    return Refuse(GrossPayroll, " Amount of Gross Payroll in Remitting Period cannot be less than 0.");
-  if (HasFraction(GrossPayroll.Text()))
-    return Refuse(GrossPayroll, "Amount of Gross Payroll cannot have decimal value.", MessageStyle::Plain);
-  return true;
+// Zero passes here; OK refuses it.
+const AmountRows GOVSOURCEDEDUCTION::kEmployeesOnEnter = {{amount::Trim},
+                                                          {amount::ReadNumber},
+                                                          {amount::IsNoAmount},
+                                                          {amount::ShowWhole},
+                                                          {amount::IsNegative, kEmployeesBelowZero}};
+
+const DateRows GOVSOURCEDEDUCTION::kDateOnEnter = {{date::IsMissing, kAskDate},
+                                                   {date::IsNotEightLong, kInvalidDate, Reaction::Empties}};
+
+const AmountRows GOVSOURCEDEDUCTION::kAmountOnEnter = {{amount::Trim},
+                                                       {amount::ReadMoney},
+                                                       {amount::IsNegative, kAmountBelowZero},
+                                                       {amount::IsZeroWhileDue, kAskAmount},
+                                                       {amount::ShowZero},
+                                                       {amount::IsNoAmount},
+                                                       {amount::ShowInCents},
+                                                       {amount::Differs, kOtherAmount}};
+
+void GOVSOURCEDEDUCTION::Form_Load() {
+  head.Show(Payment());
+  PaymentAmount.Text(head.AmountPaid.Caption());
+  Command3D4.FindFolder(Payment().govFilename);
 }
 
 void GOVSOURCEDEDUCTION::GrossPayroll_LostFocus() {
-  if (skipGrossCheck_) {
+  if (skipGrossCheck_)
     skipGrossCheck_ = false;
-    return;
-  }
-  const Money amount = AmountIn(TrimText(GrossPayroll));
-  if (IsAmountText(GrossPayroll.Text()))
-    GrossPayroll.Text(Format(amount, kDollars));
   else
-    Refuse(GrossPayroll);
-}
-
-bool GOVSOURCEDEDUCTION::NumberOfEmployees_Enter() {
-  const double number = NumberIn(TrimText(NumberOfEmployees));
-  if (!IsAmountText(NumberOfEmployees.Text()))
-    return Refuse(NumberOfEmployees);
-  NumberOfEmployees.Text(Format(number, kWholeNumber));
-  if (number < 0)
-    return Refuse(NumberOfEmployees, "Number of employees in latest pay period cannot be less than 0.");
-  if (number == 0 && AmountToBePaid() == 0)
-    NumberOfEmployees.Text("0");
-  return true;
-}
-
-bool GOVSOURCEDEDUCTION::EndDate_Enter() {
-  if (Trim(EndDate.Text()).empty())
-    return Refuse(EndDate, "Please enter the date for the end of remitting period.");
-  if (Trim(EndDate.Text()).size() != kDateLength)
-    return RefuseAndEmpty(EndDate, "Invalid date value.");
-  return true;
-}
-
-bool GOVSOURCEDEDUCTION::PaymentAmount_Enter() {
-  const Money amount = AmountIn(TrimText(PaymentAmount));
-  if (amount < Money())
-    return Refuse(PaymentAmount, "Amount of Payment cannot be less than 0.");
-  if (amount == Money() && AmountToBePaid() != 0)
-    return Refuse(PaymentAmount, "Please enter amount of payment.");
-  if (amount == Money())
-    PaymentAmount.Text(Format(0.0, kDollars));
-  if (!IsAmountText(PaymentAmount.Text()))
-    return Refuse(PaymentAmount);
-  ShowWithImplicitCents(PaymentAmount, amount);
-  if (AmountToBePaid() != NumberIn(PaymentAmount.Text()))
-    return Refuse(PaymentAmount, "Amount of Payment is not equal to amount to be paid.");
-  return true;
+    GrossPayroll.Passes(kGrossOnLeaving);
 }
 
 void GOVSOURCEDEDUCTION::Command3D6_Click() {
-  if (PaymentAmountPasses() && EndDatePasses() && GrossPayrollPasses() && NumberOfEmployeesPasses())
-    Accept(OutputFailure::IsSkipped);
+  if (!PaymentAmount.Passes(kAmountOnOk) || !EndDate.Passes(kDateOnOk) || !GrossPayroll.Passes(kGrossOnOk) ||
+      !SomethingIsToBePaid() || !GrossPayroll.Passes(kGrossOfAPaymentOnOk) || !NumberOfEmployees.Passes(kEmployeesOnOk))
+    return;
+  ResumeNext::Run([&] { WriteRecords(); });
+  Accepted();
 }
 
-bool GOVSOURCEDEDUCTION::PaymentAmountPasses() {
-  const Money typed = AmountIn(TrimText(PaymentAmount));
-  if (!IsAmountText(PaymentAmount.Text()))
-    return Refuse(PaymentAmount);
-  ShowWithImplicitCents(PaymentAmount, typed);
-  const double amount = NumberIn(PaymentAmount.Text());
-  if (amount < 0)
-    return Refuse(PaymentAmount, "Amount of Payment cannot be less than 0.");
-  if (amount == 0 && AmountToBePaid() != 0)
-    return Refuse(PaymentAmount, "Please enter amount of payment.");
-  if (amount == 0)
-    PaymentAmount.Text(Format(0.0, kDollars));
-  if (AmountToBePaid() != NumberIn(PaymentAmount.Text()))
-    return Refuse(PaymentAmount, "Amount of Payment is not equal to amount to be paid.");
-  return true;
-}
-
-bool GOVSOURCEDEDUCTION::EndDatePasses() {
-  if (Trim(EndDate.Text()).empty())
-    return Refuse(EndDate, "Please enter the date for the end of remitting period.");
-  if (Trim(EndDate.Text()).size() != kDateLength)
-    return RefuseAndEmpty(EndDate, "Invalid date value.");
-  TrimText(EndDate);
-  if (!HoldsDate(EndDate)) {
-    EndDate.SelectAll();
-    return Refuse(EndDate, "Invalid date value.");
-  }
-  if (YearIsRefused(EndDate, "'" + WithoutColon(Label7) + "'"))
-    return Refuse(EndDate);
-  ShowDateDigits(EndDate);
-  return true;
-}
-
-bool GOVSOURCEDEDUCTION::GrossPayrollPasses() {
-  const Money gross = AmountIn(TrimText(GrossPayroll));
-  if (!IsAmountText(GrossPayroll.Text()))
-    return Refuse(GrossPayroll);
-  if (gross < Money())
-    return Refuse(GrossPayroll, " Amount of Gross Payroll in Remitting Period cannot be less than 0.");
-  if (AmountToBePaid() == 0)
+bool GOVSOURCEDEDUCTION::SomethingIsToBePaid() {
+  if (NumberIn(head.AmountPaid.Caption()) == 0)
     return Refuse(PaymentAmount, "Amount to be paid is equal to 0.");
-  if (gross == Money())
-    return Refuse(GrossPayroll, "Please enter Gross Payroll in Remitting Period.");
-  if (HasFraction(GrossPayroll.Text()))
-    return Refuse(GrossPayroll, "Amount of Gross Payroll in Remitting Period cannot have decimal value.",
-                  MessageStyle::Plain);
-  return true;
-}
-
-bool GOVSOURCEDEDUCTION::NumberOfEmployeesPasses() {
-  const double number = NumberIn(TrimText(NumberOfEmployees));
-  if (!IsAmountText(NumberOfEmployees.Text()))
-    return Refuse(NumberOfEmployees);
-  if (HasFraction(NumberOfEmployees.Text())) {
-    NumberOfEmployees.SelectAll();
-    return Refuse(NumberOfEmployees);
-  }
-  // What is shown counts from here on: less than half an employee is none.
-  NumberOfEmployees.Text(Format(number, kWholeNumber));
-  if (NumberIn(NumberOfEmployees.Text()) == 0 && AmountToBePaid() != 0)
-    return Refuse(NumberOfEmployees, "Please enter number of employees in latest pay period.");
-  if (number < 0)
-    return Refuse(NumberOfEmployees, "Number of employees in latest pay period cannot be less than 0.");
   return true;
 }
 
 void GOVSOURCEDEDUCTION::WriteRecords() {
   BeginRecords();
   SendRecord(GovernmentRecord());
-  SendRecord(FreeRecord({AmountSlot("01", PaymentAmount), TextSlot("02", EndDate), AmountSlot("03", GrossPayroll),
+  SendRecord(FreeRecord({CentsSlot("01", PaymentAmount), TextSlot("02", EndDate), CentsSlot("03", GrossPayroll),
                          NumberSlot("04", LeadingNumber(NumberOfEmployees.Text()))}));
   EndRecords();
 }

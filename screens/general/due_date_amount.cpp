@@ -7,19 +7,23 @@
 #include "core/value_routines.h"
 #include "core/values/calendar.h"
 #include "core/values/text.h"
+#include "screens/parts/moving_on.h"
+#include "screens/parts/refusal.h"
+#include "screens/parts/return_balance.h"
+#include "screens/parts/slots.h"
 
 namespace fiscalon {
 
 void frmDueDateAmount::SetupForm() {
-  ShowPayment(head.lblPayDate, head.lblAmountPaid);
+  head.Show(Payment());
   Caption(Payment().compName);
 }
 
 void frmDueDateAmount::txtRemittancePeriod_LostFocus() {
   const std::string& text = txtRemittancePeriod.Text();
-  if (Trim(text).empty() || FocusIsOn("cmdCancel"))
+  if (Trim(text).empty() || FocusIsOn(cmdCancel))
     return;
-  if (ResumeNext::Holds([&] { return !IsValidTaxationYear(text); }))
+  if (ResumeNext::Fails([&] { return IsValidTaxationYear(text); }))
     ResumeNext::Run([&] { txtRemittancePeriod.SetFocus(); });
 }
 
@@ -39,13 +43,11 @@ bool frmDueDateAmount::IsValidTaxationYear(std::string_view text) {
 }
 
 bool frmDueDateAmount::ValidateForm() {
-  if (ResumeNext::Holds([&] { return !IsValidTaxationYear(txtRemittancePeriod.Text()); }))
+  if (ResumeNext::Fails([&] { return IsValidTaxationYear(txtRemittancePeriod.Text()); }))
     return Refuse(txtRemittancePeriod);
-  if (ResumeNext::Holds([&] {
-        return CheckAmount(txtAmountPayable, "Amount payable", AmountRange::Positive) == AmountCheck::Refused;
-      }))
+  if (ResumeNext::Holds([&] { return txtAmountPayable.Check() == AmountCheck::Refused; }))
     return Refuse(txtAmountPayable);
-  if (ResumeNext::Holds([&] { return ToMoney(txtAmountPayable.Text()) != ToMoney(head.lblAmountPaid.Caption()); }))
+  if (!IsAmountToBePaid(txtAmountPayable, head))
     return Refuse(txtAmountPayable, "The Amount Payable must match the Amount to be paid.");
   return true;
 }

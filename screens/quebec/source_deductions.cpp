@@ -5,7 +5,10 @@
 #include "core/logging.h"
 #include "core/remittance_period.h"
 #include "core/resume_next.h"
-#include "core/user_locale.h"
+#include "screens/parts/moving_on.h"
+#include "screens/parts/refusal.h"
+#include "screens/parts/return_balance.h"
+#include "screens/parts/slots.h"
 
 namespace fiscalon {
 namespace {
@@ -21,6 +24,13 @@ void frmQue_Rev_SourceDeduct::Accessed(std::string_view access, std::string_view
   WritePlayByPlay(Name() + " - " + std::string(access) + " " + std::string(property));
 }
 
+void frmQue_Rev_SourceDeduct::Begins(std::string_view object, std::string_view event) {
+  // Every form is asked about these two; this one has no handlers for them.
+  if (object == "Form" && (event == "Activate" || event == "KeyPress"))
+    return;
+  Entered(std::string(object).append("_").append(event));
+}
+
 void frmQue_Rev_SourceDeduct::Entered(std::string_view routine) const {
   WritePlayByPlay(Name() + " - " + std::string(routine));
 }
@@ -34,64 +44,34 @@ void frmQue_Rev_SourceDeduct::Reported(std::string_view procedure, Routine&& rou
   }
 }
 
-void frmQue_Rev_SourceDeduct::Form_Load() {
-  Entered("Form_Load");
-  SetupForm();
-}
-
 void frmQue_Rev_SourceDeduct::SetupForm() {
   Entered("SetupForm");
-  ShowPayment(head.lblPayDate, head.lblAmountPaid);
+  head.Show(Payment());
   cmbRemittanceType.Clear();
   for (const std::string_view type : kRemittanceTypes) cmbRemittanceType.AddItem(type);
   lblRemittanceType.Visible(AsksForType());
   cmbRemittanceType.Visible(AsksForType());
 }
 
-void frmQue_Rev_SourceDeduct::Form_QueryUnload(bool& /*cancel*/, int reason) {
-  Entered("Form_QueryUnload");
-  CancelOnClosing(reason);
-}
-
 void frmQue_Rev_SourceDeduct::txtRemittancePeriod_LostFocus() {
-  Entered("txtRemittancePeriod_LostFocus");
-  if (FocusIsOn("cmdCancel"))
+  if (FocusIsOn(cmdCancel))
     return;
-  const bool failed = ResumeNext::Holds([&] {
+  const bool failed = ResumeNext::Fails([&] {
     std::string message;
-    return !IsValidRemittancePeriodQueRevSrcDeduct(txtRemittancePeriod.Text(), Payment().compCode, Batch::No, message);
+    return IsValidRemittancePeriodQueRevSrcDeduct(txtRemittancePeriod.Text(), Payment().compCode, Batch::No, message);
   });
   if (failed)
     ResumeNext::Run([&] { txtRemittancePeriod.SetFocus(); });
 }
 
-void frmQue_Rev_SourceDeduct::txtIncomeTaxWithheld_LostFocus() {
-  Entered("txtIncomeTaxWithheld_LostFocus");
-  // The user can step back to the period without any complaint.
-  if (!FocusIsOn("txtRemittancePeriod"))
-    CheckValues(txtIncomeTaxWithheld, "Income tax withheld and compensation tax");
-}
-
-void frmQue_Rev_SourceDeduct::txtQPIP_Change() {
-  Entered("txtQPIP_Change");
-  const bool csstTakesEntries = txtCSST.Enabled() && !txtCSST.Locked();
-  AmountChange(txtQPIP, csstTakesEntries ? static_cast<Control&>(txtCSST) : cmdOK);
-}
-
-void frmQue_Rev_SourceDeduct::txtCSST_Change() {
-  Entered("txtCSST_Change");
-  AmountChange(txtCSST, cmbRemittanceType.Visible() ? static_cast<Control&>(cmbRemittanceType) : cmdOK);
-}
-
 void frmQue_Rev_SourceDeduct::cmbRemittanceType_Click() {
-  Entered("cmbRemittanceType_Click");
   if (cmdOK.Enabled())
     cmdOK.SetFocus();
 }
 
-void frmQue_Rev_SourceDeduct::CheckValues(TextField& box, std::string_view name) {
+void frmQue_Rev_SourceDeduct::CheckValues(AmountEntry& box) {
   Entered("CheckValues");
-  Reported("CheckValues", [&] { NewerScreen::CheckValues(box, name); });
+  Reported("CheckValues", [&] { box.CheckValues(); });
 }
 
 void frmQue_Rev_SourceDeduct::RecalcForm() {
@@ -106,7 +86,7 @@ bool frmQue_Rev_SourceDeduct::ValidateForm() {
   if (AsksForType() && cmbRemittanceType.Text().empty())
     return Refuse(cmbRemittanceType, "Please select a Remittance Type.", MessageStyle::Information);
   ResumeNext::Run([&] { RecalcForm(); });
-  if (ResumeNext::Holds([&] { return ToMoney(txtAmountPayable.Text()) != ToMoney(head.lblAmountPaid.Caption()); }))
+  if (!IsAmountToBePaid(txtAmountPayable, head))
     return Refuse(txtIncomeTaxWithheld, "The Amount Payable must match the Amount to be paid.");
   return true;
 }

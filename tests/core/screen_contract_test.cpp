@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "core/platform/runtime_error.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/module_test.h"
 #include "tests/support/raises.h"
@@ -14,31 +15,37 @@ namespace {
 using testing::ElementsAre;
 
 class BareScreen : public Screen {
+  using Self = BareScreen;
+
  public:
   BareScreen() : Screen("frmBare", "A screen under test") {}
 
   // clang-format off
   TextField txtA      {*this, "txtA",      {.tabIndex = 0, .maxLength = 3}};
   TextField txtB      {*this, "txtB",      {.tabIndex = 1}};
+  Button    cmdOK     {*this, "cmdOK",     {.caption = "&OK"}, {.click = OnOk(&Self::IsValid, &Self::Write)}};
   Button    cmdCancel {*this, "cmdCancel", {.caption = "Cancel", .cancel = true}, {}};
   // clang-format on
 
   const Layout& FormLayout() const override { return layout_; }
 
+  using Screen::Accepted;
   using Screen::BeginRecords;
   using Screen::Cancelled;
   using Screen::CancelOnClosing;
   using Screen::Chosen;
   using Screen::EndRecords;
-  using Screen::FocusIsOn;
   using Screen::FreeRecord;
   using Screen::GovernmentRecord;
-  using Screen::MoveOnWhenFull;
-  using Screen::Refuse;
+  using Screen::Payment;
   using Screen::SendRecord;
-  using Screen::ShownPaidDate;
+
+  void Press(Button& button) { FormUser(*this).acts.Click(button); }
 
   mutable std::vector<std::string> accesses;
+  std::vector<std::string> calls;
+  bool isValid = true;
+  bool outputFails = false;
 
  protected:
   void Accessed(std::string_view access, std::string_view property) const override {
@@ -46,6 +53,16 @@ class BareScreen : public Screen {
   }
 
  private:
+  bool IsValid() {
+    calls.emplace_back("IsValid");
+    return isValid;
+  }
+  void Write() {
+    if (outputFails)
+      Raise(error_number::kDiskFull);
+    calls.emplace_back(Chosen() == kTrue ? "Write, chosen" : "Write, not chosen");
+  }
+
   Layout layout_;
 };
 
@@ -135,8 +152,51 @@ TEST_F(ScreenContract, PaidDateIsRearrangedWhateverIsThere) {
       {"061", "1/06/"},           {"06152", "15/06/2"}, {"abcdefghij", "cd/ab/efgh"}};
   for (const auto& [given, shown] : rows) {
     screen.PaidDate(given);
-    EXPECT_EQ(screen.ShownPaidDate(), shown);
+    EXPECT_EQ(screen.Payment().ShownDate(), shown);
   }
+}
+
+TEST_F(ScreenContract, PaymentIsHeldByAFlagOfOneAlone) {
+  const std::pair<uint8_t, bool> rows[] = {{uint8_t{0}, false}, {uint8_t{1}, true}, {uint8_t{2}, false}};
+  for (const auto& [flag, held] : rows) {
+    screen.APHoldFlg(flag);
+    EXPECT_EQ(screen.Payment().IsHeld(), held) << int{flag};
+  }
+}
+
+TEST_F(ScreenContract, AcceptanceAnswersTrueAndHides) {
+  WhileUp([&] {
+    screen.Accepted();
+    EXPECT_FALSE(screen.IsUp());
+  });
+  EXPECT_EQ(screen.Chosen(), kTrue);
+  EXPECT_TRUE(screen.IsLoaded());
+}
+
+TEST_F(ScreenContract, OkJudgesThenWritesThenAccepts) {
+  WhileUp([&] {
+    screen.Press(screen.cmdOK);
+    EXPECT_FALSE(screen.IsUp());
+  });
+  EXPECT_THAT(screen.calls, ElementsAre("IsValid", "Write, not chosen"));
+  EXPECT_EQ(screen.Chosen(), kTrue);
+}
+
+TEST_F(ScreenContract, OkDoesNothingMoreOnAFormThatIsRefused) {
+  screen.isValid = false;
+  WhileUp([&] {
+    screen.Press(screen.cmdOK);
+    EXPECT_TRUE(screen.IsUp());
+  });
+  EXPECT_THAT(screen.calls, ElementsAre("IsValid"));
+  EXPECT_EQ(screen.Chosen(), kFalse);
+}
+
+TEST_F(ScreenContract, OkLetsAFailedOutputOut) {
+  screen.outputFails = true;
+  EXPECT_EQ(ErrorOf([&] { WhileUp([&] { screen.Press(screen.cmdOK); }); }), 61);
+  EXPECT_EQ(screen.Chosen(), kFalse);
+  EXPECT_TRUE(screen.IsLoaded());
 }
 
 TEST_F(ScreenContract, CancelAnswersFalseAndHides) {
@@ -152,13 +212,13 @@ TEST_F(ScreenContract, CancelAnswersFalseAndHides) {
 TEST_F(ScreenContract, ClosingCancelsForTheWindowTheSystemAndTheTaskManager) {
   for (const int reason : {0, 2, 3}) {
     screen.Chosen(kTrue);
-    WhileUp([&] { screen.CancelOnClosing(reason); });
+    WhileUp([&] { screen.CancelOnClosing(static_cast<CloseReason>(reason)); });
     EXPECT_EQ(screen.Chosen(), kFalse) << reason;
   }
   for (const int reason : {1, 4, 5}) {
     screen.Chosen(kTrue);
     WhileUp([&] {
-      screen.CancelOnClosing(reason);
+      screen.CancelOnClosing(static_cast<CloseReason>(reason));
       EXPECT_TRUE(screen.IsUp());
     });
     EXPECT_EQ(screen.Chosen(), kTrue) << reason;
@@ -171,55 +231,6 @@ TEST_F(ScreenContract, ChosenIsNotResetByLoading) {
   screen.Unload();
   WhileUp([] {});
   EXPECT_EQ(screen.Chosen(), kTrue);
-}
-
-TEST_F(ScreenContract, FocusIsKnownByTheControlsName) {
-  EXPECT_FALSE(screen.FocusIsOn("txtA"));
-  WhileUp([&] {
-    EXPECT_TRUE(screen.FocusIsOn("txtA"));
-    screen.cmdCancel.SetFocus();
-    EXPECT_TRUE(screen.FocusIsOn("cmdCancel"));
-    EXPECT_FALSE(screen.FocusIsOn("Cancel"));
-  });
-}
-
-TEST_F(ScreenContract, FullFieldsMoveTheFocusOn) {
-  WhileUp([&] {
-    for (const char* notFull : {"12", "1234", "12 "}) {
-      screen.txtA.Text(notFull);
-      screen.MoveOnWhenFull(screen.txtA, screen.txtB);
-      EXPECT_TRUE(screen.FocusIsOn("txtA")) << notFull;
-    }
-    // Blanks around a text do not fill a field.
-    screen.txtA.Text(" 123 ");
-    screen.MoveOnWhenFull(screen.txtA, screen.txtB);
-    EXPECT_TRUE(screen.FocusIsOn("txtB"));
-  });
-}
-
-TEST_F(ScreenContract, FullFieldsStayWhereTheNextIsDisabled) {
-  WhileUp([&] {
-    screen.txtB.Enabled(false);
-    screen.txtA.Text("123");
-    screen.MoveOnWhenFull(screen.txtA, screen.txtB);
-    EXPECT_TRUE(screen.FocusIsOn("txtA"));
-  });
-}
-
-TEST_F(ScreenContract, RefusalShowsTheBoxAndThenMovesTheFocus) {
-  WhileUp([&] {
-    EXPECT_FALSE(screen.Refuse(screen.txtB, "No."));
-    EXPECT_TRUE(screen.FocusIsOn("txtB"));
-    EXPECT_FALSE(screen.Refuse(screen.txtA));
-    EXPECT_TRUE(screen.FocusIsOn("txtA"));
-    EXPECT_FALSE(screen.Refuse(screen.txtA, "Plain.", MessageStyle::Plain));
-  });
-  ASSERT_EQ(toolkit.boxes.size(), 2U);
-  EXPECT_EQ(toolkit.boxes[0].text, "No.");
-  EXPECT_EQ(toolkit.boxes[0].style, MessageStyle::Critical);
-  EXPECT_EQ(toolkit.boxes[0].title, "");
-  EXPECT_EQ(toolkit.boxes[1].text, "Plain.");
-  EXPECT_EQ(toolkit.boxes[1].style, MessageStyle::Plain);
 }
 
 TEST_F(ScreenContract, RecordsGoToTheFileInQuotedLines) {

@@ -1,24 +1,45 @@
 #include <algorithm>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "frontends/played/scenario.h"
+#include "frontends/played/scenario_grammar.h"
 #include "tests/fuzz/law.h"
 
 namespace fiscalon {
 namespace {
 
-/// A line as it would be written down from its words.
+/// A line as it would be written down from its verb and arguments.
 std::string Written(const ScenarioLine& line) {
-  std::string written = QuotedArgument(line.verb);
+  std::string written = line.verb;
   for (const std::string& argument : line.arguments) written += ' ' + QuotedArgument(argument);
   return written;
 }
 
+/// A scenario's lines as its numbers tell, each in the part of the file that is the scenario's.
+void CheckLines(const Scenario& scenario, long lines) {
+  Law(!scenario.lines.empty(), "a scenario says something");
+  int before = 0;
+  for (const ScenarioLine& line : scenario.lines) {
+    Law(line.number > before && line.number <= lines, "lines are numbered in order");
+    before = line.number;
+    const bool ahead = line.number >= scenario.ahead.from && line.number < scenario.ahead.to;
+    const bool own = line.number >= scenario.own.from && line.number < scenario.own.to;
+    Law(ahead || own, "a line is of the scenario or ahead of all");
+    Law(line.form != nullptr && line.form->play != nullptr, "a line can be played");
+    const Scenario again = ParseScenario("s", Written(line));
+    Law(again.lines.size() == 1, "a line written down is one line");
+    Law(again.lines[0].verb == line.verb && again.lines[0].arguments == line.arguments,
+        "a line written down is read as it was");
+  }
+}
+
 void CheckReading(std::string_view text) {
   const auto lines = std::count(text.begin(), text.end(), '\n') + 1;
-  Scenario scenario;
+  std::vector<Scenario> scenarios;
   try {
-    scenario = ParseScenario("s", text);
+    scenarios = ParseScenarios("s", text);
   } catch (const ScenarioError& error) {
     const std::string_view what = error.what();
     Law(what.starts_with("s:"), "a complaint names its file");
@@ -27,15 +48,12 @@ void CheckReading(std::string_view text) {
     Law(what.size() > what.find(": ") + 2, "a complaint gives its reason");
     return;
   }
-  Law(!scenario.lines.empty(), "a scenario says something");
-  int before = 0;
-  for (const ScenarioLine& line : scenario.lines) {
-    Law(line.number > before && line.number <= lines, "lines are numbered in order");
-    before = line.number;
-    const Scenario again = ParseScenario("s", Written(line));
-    Law(again.lines.size() == 1, "a line written down is one line");
-    Law(again.lines[0].verb == line.verb && again.lines[0].arguments == line.arguments,
-        "a line written down is read as it was");
+  Law(!scenarios.empty(), "a file holds a scenario");
+  std::set<std::string> names;
+  for (const Scenario& scenario : scenarios) {
+    Law(names.insert(scenario.name).second, "scenarios of a file have different names");
+    Law(scenarios.size() == 1 || !scenario.name.empty(), "one of several has a name");
+    CheckLines(scenario, lines);
   }
 }
 

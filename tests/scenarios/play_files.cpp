@@ -12,14 +12,26 @@ constexpr int kPassed = 0;
 constexpr int kFailed = 1;
 constexpr int kSenseless = 2;
 
-int PlayFile(DrivenToolkit& toolkit, const std::string& file) {
+int PlayOne(DrivenToolkit& toolkit, const Scenario& scenario) {
   try {
-    const PlayResult result = ScenarioPlayer(toolkit).Play(ReadScenario(file));
+    const PlayResult result = ScenarioPlayer(toolkit).Play(scenario);
     if (result.passed)
       return kPassed;
-    std::cerr << file << ':' << result.line << ": expected " << result.expected << "\n  but saw " << result.seen
-              << '\n';
+    std::cerr << scenario.Title() << '\n'
+              << scenario.file << ':' << result.line << ": expected " << result.expected << "\n  but saw "
+              << result.seen << '\n';
     return kFailed;
+  } catch (const ScenarioError& error) {
+    std::cerr << scenario.Title() << '\n' << error.what() << '\n';
+    return kSenseless;
+  }
+}
+
+int PlayFile(DrivenToolkit& toolkit, const std::string& file) {
+  try {
+    int status = kPassed;
+    for (const Scenario& scenario : ReadScenarios(file)) status = std::max(status, PlayOne(toolkit, scenario));
+    return status;
   } catch (const ScenarioError& error) {
     std::cerr << error.what() << '\n';
     return kSenseless;

@@ -53,7 +53,7 @@ class OkPathTest : public ScreenTest {
       std::vector<const Row*> wrong;
       for (size_t i = Rows().size(); i-- > mended;) wrong.push_back(&Rows()[i]);
       const Pressed pressed = PressOk(wrong);
-      for (const MessageBox& box : pressed.boxes) messages.push_back(box.text);
+      for (const BoxRequest& box : pressed.boxes) messages.push_back(box.text);
       if (pressed.boxes.empty() && pressed.stayedUp)
         messages.emplace_back();
     }
@@ -69,7 +69,7 @@ class OkPathTest : public ScreenTest {
 
  private:
   struct Pressed {
-    std::vector<MessageBox> boxes = {};
+    std::vector<BoxRequest> boxes = {};
     std::string focus = {};
     bool stayedUp = false;
     bool result = false;

@@ -78,8 +78,9 @@ class RandomUser {
   }
 
   void ChooseRow(Control& control, UserDriver& user) {
-    if (control.Kind() == ControlKind::DropDownList || control.Kind() == ControlKind::ListBox)
-      user.Choose(static_cast<ListControl&>(control), Below(20) - 1);
+    auto* list = dynamic_cast<ListControl*>(&control);
+    if (list != nullptr && list->ListCount() > 0)
+      user.Choose(*list, Below(list->ListCount()));
   }
 
   /// Puts a whole text into the field that has the focus, in the place of what is there.

@@ -17,7 +17,7 @@ class RecordingToolkit : public Toolkit {
  public:
   void ServeModal(Form&) override { throw std::logic_error("no form is expected here"); }
 
-  MessageAnswer ShowMessage(const MessageBox& box) override {
+  MessageAnswer ShowMessage(const BoxRequest& box) override {
     boxes.push_back(box);
     if (answers.empty())
       return box.DefaultAnswer();
@@ -30,7 +30,7 @@ class RecordingToolkit : public Toolkit {
   void OpenHelp(std::string_view file, int32_t context) override { help.emplace_back(file, context); }
 
   std::deque<MessageAnswer> answers;
-  std::vector<MessageBox> boxes;
+  std::vector<BoxRequest> boxes;
   std::vector<std::pair<std::string, int32_t>> help;
   int beeps = 0;
 };

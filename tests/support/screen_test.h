@@ -17,13 +17,13 @@ class ScreenTest : public ModuleTest {
  protected:
   ScreenTest() {
     UseToolkit(&frontEnd);
-    frontEnd.onMessage = [this](const MessageBox& box) {
+    frontEnd.onMessage = [this](const BoxRequest& box) {
       boxes_.push_back(box);
       return box.buttons == MessageButtons::YesNo ? yesOrNo : box.DefaultAnswer();
     };
   }
   ~ScreenTest() override {
-    for (const MessageBox& box : boxes_) ADD_FAILURE() << "a box that no line takes: " << box.text;
+    for (const BoxRequest& box : boxes_) ADD_FAILURE() << "a box that no line takes: " << box.text;
   }
 
   /// Shows the screen. `acts` runs once the form is up; a form that it leaves up is closed without a click.
@@ -37,7 +37,7 @@ class ScreenTest : public ModuleTest {
   }
 
   /// The boxes since they were last taken.
-  std::vector<MessageBox> TakeBoxes() { return std::exchange(boxes_, {}); }
+  std::vector<BoxRequest> TakeBoxes() { return std::exchange(boxes_, {}); }
 
   /// The records that the host finds in the collection.
   std::vector<std::string> Records() const {
@@ -53,7 +53,7 @@ class ScreenTest : public ModuleTest {
   MessageAnswer yesOrNo = MessageAnswer::Yes;
 
  private:
-  std::vector<MessageBox> boxes_;
+  std::vector<BoxRequest> boxes_;
 };
 
 /// Types a text key by key.

@@ -31,7 +31,7 @@ class TestForm : public Form {
   /// What a key handler does with the key code or the character.
   std::map<std::string, std::function<void(int& key)>> whenKey;
   /// What Form_QueryUnload does.
-  std::function<void(bool& cancel, int reason)> whenClosing;
+  std::function<void(bool& cancel, CloseReason reason)> whenClosing;
   /// Whether key handlers are noted too.
   bool notesKeys = false;
 
@@ -44,21 +44,51 @@ class TestForm : public Form {
 
  protected:
   /// Handlers for every event of a control.
-  Events Noted(const std::string& name) {
-    return {.change = Does(name + "_Change"),
-            .keyDown = [this, name](int& keyCode, int /*shift*/) { Key(name + "_KeyDown", keyCode); },
-            .keyPress = [this, name](int& character) { Key(name + "_KeyPress", character); },
-            .lostFocus = Does(name + "_LostFocus"),
-            .mouseDown = Does(name + "_MouseDown"),
-            .click = Does(name + "_Click")};
-  }
+  class NotedEvents {
+   public:
+    NotedEvents(TestForm& form, std::string name) : form_(form), name_(std::move(name)) {}
+
+    operator FieldEvents() const {
+      FieldEvents events = Common<FieldEvents>();
+      events.change = form_.Does(name_ + "_Change");
+      return events;
+    }
+    operator ButtonEvents() const {
+      ButtonEvents events = Common<ButtonEvents>();
+      events.click = form_.Does(name_ + "_Click");
+      return events;
+    }
+    operator ListEvents() const {
+      ListEvents events = Common<ListEvents>();
+      events.click = form_.Does(name_ + "_Click");
+      events.chosen = form_.Does(name_ + "_Chosen");
+      return events;
+    }
+
+   private:
+    template <class Events>
+    Events Common() const {
+      Events events;
+      events.keyDown = [&form = form_, name = name_](int& keyCode, int /*shift*/) {
+        form.Key(name + "_KeyDown", keyCode);
+      };
+      events.keyPress = [&form = form_, name = name_](int& character) { form.Key(name + "_KeyPress", character); };
+      events.lostFocus = form_.Does(name_ + "_LostFocus");
+      events.mouseDown = form_.Does(name_ + "_MouseDown");
+      return events;
+    }
+
+    TestForm& form_;
+    std::string name_;
+  };
+  NotedEvents Noted(const std::string& name) { return {*this, name}; }
 
   void Form_Load() override { Do("Form_Load"); }
   void Form_Activate() override { Do("Form_Activate"); }
   void Form_KeyDown(int& keyCode, int /*shift*/) override { Key("Form_KeyDown", keyCode); }
   void Form_KeyPress(int& character) override { Key("Form_KeyPress", character); }
-  void Form_QueryUnload(bool& cancel, int reason) override {
-    Note("Form_QueryUnload " + std::to_string(reason));
+  void Form_QueryUnload(bool& cancel, CloseReason reason) override {
+    Note("Form_QueryUnload " + std::to_string(static_cast<int>(reason)));
     if (whenClosing)
       whenClosing(cancel, reason);
   }
@@ -99,7 +129,7 @@ class TwoFieldForm : public TestForm {
 class ServingToolkit : public Toolkit {
  public:
   std::function<void()> serve;
-  std::function<void(const MessageBox& box)> whenBoxIsUp;
+  std::function<void(const BoxRequest& box)> whenBoxIsUp;
   FormObserver* observer = nullptr;
 
   void Opening(Form& form) override { form.Observe(observer); }
@@ -107,7 +137,7 @@ class ServingToolkit : public Toolkit {
     if (serve)
       serve();
   }
-  MessageAnswer ShowMessage(const MessageBox& box) override {
+  MessageAnswer ShowMessage(const BoxRequest& box) override {
     if (whenBoxIsUp)
       whenBoxIsUp(box);
     return box.DefaultAnswer();
@@ -119,9 +149,9 @@ class ServingToolkit : public Toolkit {
 /// A person at a form, with the editing of a plain text box in the fingers.
 class FormUser {
  public:
-  explicit FormUser(Form& form) : acts(form), form_(form) {}
+  explicit FormUser(Form& form) : acts(form.Acts()), form_(form) {}
 
-  UserActs acts;
+  UserActs& acts;
 
   void Type(std::string_view text) {
     for (const char character : text) Press(StrokeOf(character));

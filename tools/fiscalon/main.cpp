@@ -3,7 +3,7 @@
 #include <cstring>
 #include <iostream>
 
-#include "frontends/played/scenario_grammar.h"
+#include "frontends/played/argument_kinds.h"
 #include "tools/fiscalon/collect_command.h"
 #include "tools/fiscalon/generate_command.h"
 #include "tools/fiscalon/picture_command.h"

@@ -1,9 +1,9 @@
 #include "tools/fiscalon/narrator.h"
 
 #include <algorithm>
-#include <array>
 
 #include "core/launch.h"
+#include "frontends/played/scenario_grammar.h"
 #include "frontends/scripted/text_picture.h"
 #include "tools/fiscalon/shown_text.h"
 #include "tools/fiscalon/visible_text.h"
@@ -32,10 +32,8 @@ bool IsComment(std::string_view line) {
   return first != std::string_view::npos && line[first] == '#';
 }
 
-bool IsAct(const ScenarioLine& line) {
-  constexpr std::array<std::string_view, 8> kActs = {"type",   "key",   "focus",  "click",
-                                                     "choose", "paste", "answer", "close"};
-  return std::find(kActs.begin(), kActs.end(), line.verb) != kActs.end();
+bool IsUsers(const ScenarioLine& line) {
+  return line.form->turn == Turn::User || line.form->turn == Turn::Answer;
 }
 
 }  // namespace
@@ -46,7 +44,7 @@ Narrator::Narrator(const Scenario& scenario, std::string_view text, const Contex
 PlayWatcher Narrator::Watcher() {
   return {.lineBegins = [this](const ScenarioLine& line) { LineBegins(line); },
           .lineEnds = [this](const ScenarioLine& line, Form* form) { LineEnds(line, form); },
-          .boxAnswered = [this](const MessageBox& box, MessageAnswer answer,
+          .boxAnswered = [this](const BoxRequest& box, MessageAnswer answer,
                                 Form* form) { BoxAnswered(box, answer, form); },
           .noticed = [this](const std::string& what) { SetApart("    (" + what + ")\n"); },
           .showEnded = [this](const std::string& ending) { ShowEnded(ending); },
@@ -66,7 +64,7 @@ void Narrator::LineEnds(const ScenarioLine& line, Form* form) {
     DrawIfChanged(*form);
 }
 
-void Narrator::BoxAnswered(const MessageBox& box, MessageAnswer answer, Form* form) {
+void Narrator::BoxAnswered(const BoxRequest& box, MessageAnswer answer, Form* form) {
   if (form != nullptr)
     DrawIfChanged(*form);
   SetApart(DrawMessageBox(box, answer));
@@ -77,7 +75,9 @@ void Narrator::ShowEnded(const std::string& ending) {
 }
 
 void Narrator::Ended(const std::vector<std::string>& records) {
-  TellUpTo(lines_.size());
+  size_t end = lines_.size();
+  while (end > 0 && (!IsOwn(end) || IsBlank(lines_[end - 1]))) --end;
+  TellUpTo(end);
   SetApart(records.empty() ? std::string("The host finds no records.\n")
                            : "The host finds " + Counted(records.size(), "record") + ", here taken apart:\n");
   out_ << '\n';
@@ -89,11 +89,20 @@ void Narrator::Ended(const std::vector<std::string>& records) {
 void Narrator::TellUpTo(size_t line) {
   for (; told_ < std::min(line, lines_.size()); ++told_) {
     const std::string_view text = lines_[told_];
+    if (!IsOwn(told_ + 1))
+      continue;
     if (stoodApart_ && !IsBlank(text))
       out_ << '\n';
     stoodApart_ = false;
     out_ << (IsComment(text) ? context_.paint.Aside(text) : std::string(text)) << '\n';
   }
+}
+
+bool Narrator::IsOwn(size_t line) const {
+  const auto isIn = [line](const LineRange& range) {
+    return line >= static_cast<size_t>(range.from) && line < static_cast<size_t>(range.to);
+  };
+  return isIn(scenario_.ahead) || isIn(scenario_.own);
 }
 
 void Narrator::DrawIfChanged(Form& form) {
@@ -115,7 +124,7 @@ void Narrator::SetApart(std::string_view piece) {
 bool Narrator::ActsGoOn(const ScenarioLine& line) const {
   const auto next = std::find_if(scenario_.lines.begin(), scenario_.lines.end(),
                                  [&](const ScenarioLine& each) { return each.number == line.number + 1; });
-  return line.verb != "show" && next != scenario_.lines.end() && IsAct(*next);
+  return line.verb != "show" && next != scenario_.lines.end() && IsUsers(*next);
 }
 
 }  // namespace fiscalon

@@ -23,12 +23,13 @@ class Narrator {
  private:
   void LineBegins(const ScenarioLine& line);
   void LineEnds(const ScenarioLine& line, Form* form);
-  void BoxAnswered(const MessageBox& box, MessageAnswer answer, Form* form);
+  void BoxAnswered(const BoxRequest& box, MessageAnswer answer, Form* form);
   void ShowEnded(const std::string& ending);
   void Ended(const std::vector<std::string>& records);
 
-  /// Prints the lines of the file up to that one, comments too.
+  /// Prints the lines of the file that are the scenario's up to that one, comments too.
   void TellUpTo(size_t line);
+  bool IsOwn(size_t line) const;
   /// Draws the form if it looks different from when it was last drawn.
   void DrawIfChanged(Form& form);
   /// Prints a piece that stands apart from the lines around it.

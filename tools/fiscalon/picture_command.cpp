@@ -74,12 +74,12 @@ ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
   };
   const PlayResult result = ScenarioPlayer(toolkit->Toolkit(), settings, watcher).Play(scenario);
   if (!result.passed && !options.scenario.empty()) {
-    Complain(scenario.name + ":" + std::to_string(result.line) + ": expected " + result.expected + ", but saw " +
+    Complain(scenario.file + ":" + std::to_string(result.line) + ": expected " + result.expected + ", but saw " +
              result.seen);
     return ExitStatus::Invalid;
   }
   if (!taken)
-    throw CommandError(scenario.name + " never shows screen \"" + options.code + "\"");
+    throw CommandError(scenario.file + " never shows screen \"" + options.code + "\"");
   file.Write(toolkit->Picture());
   file.Commit();
   return ExitStatus::Done;

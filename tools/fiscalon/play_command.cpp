@@ -19,14 +19,17 @@ constexpr const char* kExamples = R"(Examples:
   fiscalon play examples/*.scenario
   fiscalon play --transcript my.scenario     every line, every handler, every box
   fiscalon play --narrate my.scenario        with pictures of the form, and the records
+  fiscalon play --only "an empty year" my.scenario
 
 Exit status: 0 all passed, 1 an expectation was not met, 2 a file can't be read or
-makes no sense (the others are played all the same). --today and --locale hold for
+makes no sense, or --only names none (the others are played all the same). --today and --locale hold for
 scenarios that say nothing else; without them: the real day, and en-CA.)";
 
 struct PlayOptions {
   std::vector<std::string> files = {};
   std::string toolkit = "scripted";
+  /// The name of the scenarios to play; empty for all.
+  std::string only = {};
   bool transcript = false;
   bool narrate = false;
 };
@@ -50,18 +53,19 @@ class Playing {
   void Play(const std::string& file) {
     try {
       const std::string text = TextOf(file);
-      const Scenario scenario = ParseScenario(file, text);
-      Report(scenario, PlayWatched(scenario, text));
-    } catch (const ScenarioError& error) {
-      Complain(error.what());
-      unplayable_ = true;
+      for (const Scenario& scenario : ParseScenarios(file, text))
+        if (options_.only.empty() || options_.only == scenario.name)
+          PlayOne(scenario, text);
     } catch (const std::exception& error) {
-      Complain(file + ":0: " + error.what());
-      unplayable_ = true;
+      ComplainOf(file, error);
     }
   }
 
-  ExitStatus Finish() const {
+  ExitStatus Finish() {
+    if (!options_.only.empty() && !found_) {
+      Complain("fiscalon: no scenario is named \"" + options_.only + "\"");
+      unplayable_ = true;
+    }
     std::cout << passed_ << " passed, " << failed_ << " failed\n";
     return unplayable_ ? ExitStatus::Unusable : failed_ > 0 ? ExitStatus::Invalid : ExitStatus::Done;
   }
@@ -79,12 +83,30 @@ class Playing {
     }
   }
 
+  /// A scenario that makes no sense for the form that is up leaves the others of its file to be played.
+  void PlayOne(const Scenario& scenario, const std::string& text) {
+    found_ = true;
+    try {
+      Report(scenario, PlayWatched(scenario, text));
+    } catch (const std::exception& error) {
+      ComplainOf(scenario.file, error);
+    }
+  }
+
+  void ComplainOf(const std::string& file, const std::exception& error) {
+    const bool hasPlace = dynamic_cast<const ScenarioError*>(&error) != nullptr;
+    Complain((hasPlace ? "" : file + ":0: ") + error.what());
+    unplayable_ = true;
+  }
+
   PlayResult PlayWatched(const Scenario& scenario, const std::string& text) {
     if (options_.transcript) {
-      std::cout << context_.paint.Heading("play " + scenario.name) << '\n';
+      std::cout << context_.paint.Heading("play " + scenario.Title()) << '\n';
       return ScenarioPlayer(*toolkit_, settings_, TranscriptTo(std::cout)).Play(scenario);
     }
     if (options_.narrate) {
+      if (!scenario.name.empty())
+        std::cout << context_.paint.Heading(scenario.Title()) << "\n\n";
       Narrator narrator(scenario, text, context_, std::cout);
       return ScenarioPlayer(*toolkit_, settings_, narrator.Watcher()).Play(scenario);
     }
@@ -94,12 +116,15 @@ class Playing {
   void Report(const Scenario& scenario, const PlayResult& result) {
     ++(result.passed ? passed_ : failed_);
     if (result.passed) {
-      std::cout << context_.paint.Good("ok  ") << ' ' << scenario.name << '\n';
+      std::cout << context_.paint.Good("ok  ") << ' ' << scenario.Title() << '\n';
       return;
     }
-    std::cout << context_.paint.Bad("FAIL") << ' ' << scenario.name << ':' << result.line << ": "
-              << SourceAt(result.line, scenario) << "\n     expected: " << Indented(result.expected)
-              << "\n     seen:     " << Indented(result.seen) << '\n';
+    std::cout << context_.paint.Bad("FAIL") << ' ';
+    if (!scenario.name.empty())
+      std::cout << scenario.Title() << "\n     ";
+    std::cout << scenario.file << ':' << result.line << ": " << SourceAt(result.line, scenario)
+              << "\n     expected: " << Indented(result.expected) << "\n     seen:     " << Indented(result.seen)
+              << '\n';
   }
 
   static std::string_view SourceAt(int number, const Scenario& scenario) {
@@ -123,6 +148,7 @@ class Playing {
   PlaySettings settings_;
   int passed_ = 0;
   int failed_ = 0;
+  bool found_ = false;
   bool unplayable_ = false;
 };
 
@@ -145,6 +171,7 @@ void AddPlayCommand(CLI::App& app, Context& context) {
   command->add_option("--toolkit", options->toolkit, "The front end that shows the forms")
       ->type_name("NAME")
       ->check(CLI::IsMember({"scripted", "qt"}));
+  command->add_option("--only", options->only, "Play the scenarios of that name alone")->type_name("NAME");
   CLI::Option* transcript =
       command->add_flag("--transcript", options->transcript, "Print every line and everything that happens");
   command->add_flag("--narrate", options->narrate, "Tell it with pictures of the form, the boxes and the records")

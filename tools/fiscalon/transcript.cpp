@@ -4,7 +4,7 @@
 #include <iomanip>
 #include <ostream>
 
-#include "frontends/played/scenario_grammar.h"
+#include "frontends/played/seen_things.h"
 
 namespace fiscalon {
 namespace {
@@ -39,7 +39,7 @@ PlayWatcher TranscriptTo(std::ostream& out) {
                 out << std::setw(kNumberWidth) << line.number << "  " << SourceOf(line) << '\n';
               },
           .handlerRuns = event,
-          .boxAnswered = [event](const MessageBox& box, MessageAnswer answer,
+          .boxAnswered = [event](const BoxRequest& box, MessageAnswer answer,
                                  Form*) { event(DescribedBox(box).append(", answered ").append(NameOf(answer))); },
           .noticed = event,
           .showEnded = event};

@@ -171,24 +171,6 @@ TEST(Frame, HidesAndDisablesWhatLiesInIt) {
   });
 }
 
-TEST(Frame, WithinAFrameHidesWithIt) {
-  class NestedForm : public TestForm {
-   public:
-    TextField txtOut{*this, "txtOut", {.tabIndex = 0}};
-    Frame fraOut{*this, "fraOut", {}};
-    Frame fraIn{*this, "fraIn", {.frame = &fraOut}};
-    TextField txtIn{*this, "txtIn", {.tabIndex = 1, .frame = &fraIn}};
-  };
-  NestedForm form;
-  Play(form, [&](FormUser& user) {
-    EXPECT_TRUE(form.txtIn.CanTakeFocus());
-    form.fraOut.Visible(false);
-    EXPECT_FALSE(form.txtIn.CanTakeFocus());
-    user.Key("Tab");
-    EXPECT_EQ(form.ActiveControl(), &form.txtOut);
-  });
-}
-
 TEST(DefaultValue, IsWhatAComparisonWithATextSees) {
   class ValuesForm : public TestForm {
    public:

@@ -12,9 +12,7 @@ class ArrayForm : public TestForm {
   using Self = ArrayForm;
 
  public:
-  static Design BoxDesign(int index) {
-    return {.caption = "Box " + std::to_string(index + 1), .tabIndex = 2 * index, .maxLength = 10 + index};
-  }
+  static FieldDesign BoxDesign(int index) { return {.tabIndex = 2 * index, .maxLength = 10 + index}; }
 
   ControlArray<TextField, 3> Box{*this,
                                  "Box",
@@ -24,12 +22,13 @@ class ArrayForm : public TestForm {
                                   .keyPress = On(&Self::Box_KeyPress),
                                   .lostFocus = [this](int index) { Note("LostFocus " + std::to_string(index)); },
                                   .mouseDown = [this](int index) { Note("MouseDown " + std::to_string(index)); }}};
-  ControlArray<CheckBox, 2> StatementOnly{*this,
-                                          "StatementOnly",
-                                          [](int index) { return Design{.tabIndex = 20 + index}; },
-                                          {.click = On(&Self::StatementOnly_Click)}};
+  ControlArray<CheckBox, 2> StatementOnly{
+      *this,
+      "StatementOnly",
+      [](int index) { return ToggleDesign{.caption = "Box " + std::to_string(index + 1), .tabIndex = 20 + index}; },
+      {.click = On(&Self::StatementOnly_Click)}};
   ControlArray<Label, 2> Caption{*this, "Caption",
-                                 [](int index) { return Design{.caption = index == 0 ? "First" : "Second"}; }};
+                                 [](int index) { return LabelDesign{.caption = index == 0 ? "First" : "Second"}; }};
 
  private:
   void Box_Change(int index) { Note("Change " + std::to_string(index)); }
@@ -60,7 +59,7 @@ TEST(ControlArray, DesignsEachMember) {
   for (const TextField& box : form.Box) limits.push_back(box.MaxLength());
   EXPECT_EQ(limits, (std::vector<int>{10, 11, 12}));
   EXPECT_EQ(form.Box[2].Designed().tabIndex, 4);
-  EXPECT_EQ(form.Box[2].Designed().caption, "Box 3");
+  EXPECT_EQ(form.StatementOnly[1].Caption(), "Box 2");
   EXPECT_EQ(form.Caption[0].Caption(), "First");
   EXPECT_EQ(form.Caption[1].Caption(), "Second");
 }
@@ -75,7 +74,7 @@ TEST(ControlArray, BelongsToTheFormLikeOtherControls) {
 TEST(ControlArray, StaysInOrderWithoutTabIndexes) {
   class LongForm : public TestForm {
    public:
-    ControlArray<TextField, 40> Line{*this, "Line", [](int /*index*/) { return Design{}; }};
+    ControlArray<TextField, 40> Line{*this, "Line", [](int /*index*/) { return FieldDesign{}; }};
   };
   LongForm form;
   std::vector<Control*> declared;

@@ -48,7 +48,7 @@ TEST(FormError, OfKeyHandlersComesOutToo) {
     TwoFieldForm form;
     form.whenKey[handler] = [](int&) { Raise(error_number::kTypeMismatch); };
     ServingToolkit toolkit;
-    toolkit.serve = [&] { EXPECT_FALSE(UserActs(form).Key(StrokeOf('x')).editing); };
+    toolkit.serve = [&] { EXPECT_FALSE(form.Acts().Key(StrokeOf('x')).editing); };
     EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), 13) << handler;
   }
 }
@@ -67,9 +67,9 @@ TEST(FormError, OfLoadAndActivateComesOutBeforeServing) {
 
 TEST(FormError, OfQueryUnloadLeavesTheFormLoaded) {
   TwoFieldForm form;
-  form.whenClosing = [](bool&, int) { Raise(error_number::kOverflow); };
+  form.whenClosing = [](bool&, CloseReason) { Raise(error_number::kOverflow); };
   ServingToolkit toolkit;
-  toolkit.serve = [&] { UserActs(form).Close(0); };
+  toolkit.serve = [&] { form.Acts().Close(CloseReason::CloseBox); };
   EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), 6);
   EXPECT_TRUE(form.IsLoaded());
 }
@@ -81,7 +81,7 @@ TEST(FormError, KeepsAFormUnloadedThatUnloadedItselfFirst) {
     Raise(error_number::kOverflow);
   };
   ServingToolkit toolkit;
-  toolkit.serve = [&] { UserActs(form).Click(form.cmdOK); };
+  toolkit.serve = [&] { form.Acts().Click(form.cmdOK); };
   EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), 6);
   EXPECT_FALSE(form.IsLoaded());
 }
@@ -94,7 +94,7 @@ TEST(FormError, SurvivesAFrontEndThatReadsTheUnloadedForm) {
   };
   ServingToolkit toolkit;
   toolkit.serve = [&] {
-    UserActs(form).Click(form.cmdOK);
+    form.Acts().Click(form.cmdOK);
     EXPECT_EQ(form.txtA.Text(), "");
   };
   EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), 6);
@@ -105,7 +105,7 @@ TEST(FormError, ComesOutBeforeAnErrorOfTheFrontEnd) {
   form.when["cmdOK_Click"] = [] { Raise(error_number::kOverflow); };
   ServingToolkit toolkit;
   toolkit.serve = [&] {
-    UserActs(form).Click(form.cmdOK);
+    form.Acts().Click(form.cmdOK);
     throw std::runtime_error("the window is gone");
   };
   EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), 6);
@@ -139,7 +139,7 @@ TEST(FormError, DropsWhatIsPosted) {
   toolkit.serve = [&] { FormUser(form).Type("x"); };
   EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), 6);
   form.TakeNotes();
-  Play(form, [&](FormUser& user) { user.acts.Close(0); });
+  Play(form, [&](FormUser& user) { user.acts.Close(CloseReason::CloseBox); });
   EXPECT_EQ(form.TakeNotes(), (Notes{"Form_QueryUnload 0", "Unloaded"}));
 }
 
@@ -159,7 +159,7 @@ TEST(FormObserver, HearsOnceThatTheShowIsOver) {
     form.Hide();
     form.Unload();
   };
-  toolkit.serve = [&] { UserActs(form).Click(form.cmdOK); };
+  toolkit.serve = [&] { form.Acts().Click(form.cmdOK); };
   form.ShowModal(toolkit);
   EXPECT_EQ(observer.ends, 1);
 }
@@ -171,7 +171,7 @@ TEST(FormObserver, HearsNothingAfterAShowHoweverItEnded) {
     form.when[failing] = [] { Raise(error_number::kOverflow); };
     ServingToolkit toolkit;
     toolkit.observer = &observer;
-    toolkit.serve = [&] { UserActs(form).Click(form.cmdOK); };
+    toolkit.serve = [&] { form.Acts().Click(form.cmdOK); };
     EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), *failing == '\0' ? 0 : 6) << failing;
     const int heard = observer.others;
     EXPECT_GT(heard, 0) << failing;

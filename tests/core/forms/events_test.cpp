@@ -157,7 +157,7 @@ TEST(DoEvents, WithNothingPostedDoesNothing) {
 TEST(MessageBoxes, DoNotRunWhatIsPosted) {
   TwoFieldForm form;
   ServingToolkit toolkit;
-  toolkit.whenBoxIsUp = [&](const MessageBox& box) {
+  toolkit.whenBoxIsUp = [&](const BoxRequest& box) {
     form.Note(box.text);
     EXPECT_EQ(form.ActiveControl(), &form.txtB);
   };
@@ -177,7 +177,7 @@ TEST(MessageBoxes, DoNotRunWhatIsPosted) {
 TEST(MessageBoxes, LetNoActReachTheFormBehindThem) {
   TwoFieldForm form;
   ServingToolkit toolkit;
-  toolkit.whenBoxIsUp = [&](const MessageBox& /*box*/) {
+  toolkit.whenBoxIsUp = [&](const BoxRequest& /*box*/) {
     FormUser user(form);
     user.Type("b");
     user.Key("Tab");
@@ -185,7 +185,7 @@ TEST(MessageBoxes, LetNoActReachTheFormBehindThem) {
     user.acts.Click(form.cmdOK);
     user.acts.EditText(form.txtB, "edited", {});
     user.acts.BringFocus(form.txtB);
-    user.acts.Close(0);
+    user.acts.Close(CloseReason::CloseBox);
   };
   form.when["txtA_Change"] = [&] {
     toolkit.ShowMessage({.text = "box"});
@@ -210,7 +210,7 @@ TEST(Forms, ShownFromAHandlerOfAnotherHaveTheirOwnEvents) {
   innerToolkit.serve = [&] {
     FormUser user(inner);
     user.Key("Tab");
-    user.acts.Close(0);
+    user.acts.Close(CloseReason::CloseBox);
   };
   outer.when["txtA_Change"] = [&] {
     outer.txtB.SetFocus();
@@ -248,6 +248,40 @@ TEST(FormObserver, HearsOfEachHandlerBeforeItRuns) {
   form.ShowModal(toolkit);
   EXPECT_EQ(form.TakeNotes(), (Notes{"hears cmdOK MouseDown", "cmdOK_MouseDown", "hears txtA LostFocus",
                                      "txtA_LostFocus", "hears cmdOK Click", "cmdOK_Click"}));
+}
+
+/// A form that writes down which handlers begin.
+class LoggingForm : public TwoFieldForm {
+ public:
+  LoggingForm() {
+    when["txtA_Change"] = [this] { Note("runs"); };
+  }
+  TextField txtSilent{*this, "txtSilent", {.tabIndex = 9}};
+
+ private:
+  void Begins(std::string_view object, std::string_view event) override {
+    Note("(" + std::string(object) + "_" + std::string(event) + ")");
+  }
+};
+
+TEST(Begins, IsCalledBeforeEachHandlerOfFormAndControlsByItsName) {
+  LoggingForm form;
+  form.Load();
+  EXPECT_EQ(form.TakeNotes(), (Notes{"(Form_Load)", "Form_Load"}));
+  Play(form, [&](FormUser& user) {
+    user.Type("x");
+    EXPECT_EQ(form.TakeNotes(), (Notes{"(Form_KeyDown)", "(txtA_KeyDown)", "(Form_KeyPress)", "(txtA_KeyPress)",
+                                       "(txtA_Change)", "txtA_Change", "runs"}));
+    user.acts.Click(form.cmdOK);
+    EXPECT_EQ(form.TakeNotes(), (Notes{"(cmdOK_MouseDown)", "cmdOK_MouseDown", "(txtA_LostFocus)", "txtA_LostFocus",
+                                       "(cmdOK_Click)", "cmdOK_Click"}));
+  });
+}
+
+TEST(Begins, IsNotCalledForAControlWithoutTheHandler) {
+  LoggingForm form;
+  form.txtSilent.Text("x");
+  EXPECT_EQ(form.TakeNotes(), (Notes{"(Form_Load)", "Form_Load"}));
 }
 
 }  // namespace

@@ -15,9 +15,9 @@ class MixedOrderForm : public TestForm {
   Button       cmdCancel {*this, "cmdCancel", {.caption = "Cancel", .cancel = true}, Noted("cmdCancel")};
   Button       cmdHelp   {*this, "cmdHelp",   {.caption = "&Help"}, Noted("cmdHelp")};
   TextField    txtLast   {*this, "txtLast",   {.tabIndex = 20, .locked = true}, Noted("txtLast")};
-  Label        lblFirst  {*this, "lblFirst",  {.tabIndex = 0}};
+  Label        lblFirst  {*this, "lblFirst",  {}};
   TextField    txtFirst  {*this, "txtFirst",  {.tabIndex = 1}, Noted("txtFirst")};
-  Frame        fraMiddle {*this, "fraMiddle", {.tabIndex = 2}};
+  Frame        fraMiddle {*this, "fraMiddle", {}};
   DropDownList cmbThird  {*this, "cmbThird",  {.tabIndex = 4, .frame = &fraMiddle}, Noted("cmbThird")};
   CheckBox     chkSecond {*this, "chkSecond", {.tabIndex = 3, .frame = &fraMiddle}, Noted("chkSecond")};
   TextField    txtNoStop {*this, "txtNoStop", {.tabIndex = 5, .tabStop = false}, Noted("txtNoStop")};
@@ -322,8 +322,8 @@ TEST(Escape, RunsNoFocusLossCheck) {
 
 TEST(Closing, RunsNoFocusLossCheck) {
   TwoFieldForm form;
-  form.whenClosing = [&](bool& /*cancel*/, int /*reason*/) { EXPECT_EQ(ActiveName(form), "txtA"); };
-  Play(form, [&](FormUser& user) { user.acts.Close(0); });
+  form.whenClosing = [&](bool& /*cancel*/, CloseReason /*reason*/) { EXPECT_EQ(ActiveName(form), "txtA"); };
+  Play(form, [&](FormUser& user) { user.acts.Close(CloseReason::CloseBox); });
   EXPECT_EQ(form.TakeNotes(), (Notes{"Form_QueryUnload 0", "Unloaded"}));
 }
 
@@ -404,8 +404,8 @@ TEST(FormObserver, HearsWhereTheFocusGoesAndHow) {
   ServingToolkit toolkit;
   toolkit.observer = &observer;
   toolkit.serve = [&] {
-    UserActs(form).Press(form.txtB);
-    UserActs(form).Key(*StrokeNamed("Tab"));
+    form.Acts().Press(form.txtB);
+    form.Acts().Key(*StrokeNamed("Tab"));
   };
   form.ShowModal(toolkit);
   EXPECT_EQ(observer.heard, (Notes{"txtA by keyboard or code", "txtB by mouse", "cmdOK by keyboard or code"}));

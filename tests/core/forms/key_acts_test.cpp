@@ -241,6 +241,79 @@ TEST(Escape, ClicksNoCancelButtonThatIsDisabledOrHidden) {
   });
 }
 
+// The form has a cancel button, so the key is the form's own.
+TEST(Escape, ReachesNoHandlerWhereTheCancelButtonIsDisabled) {
+  ButtonsForm form;
+  form.notesKeys = true;
+  form.cmdCancel.Enabled(false);
+  Play(form, [&](FormUser& user) {
+    user.Key("Escape");
+    EXPECT_EQ(form.TakeNotes(), Notes());
+  });
+}
+
+TEST(EditorCommands, ReachNoHandlerAndAreLeftToTheFieldsEditor) {
+  ButtonsForm form;
+  form.notesKeys = true;
+  Play(form, [&](FormUser& user) {
+    std::vector<KeyStroke> commands = {{.keyCode = key::kInsert, .shift = shift_state::kControl},
+                                       {.keyCode = key::kInsert, .shift = shift_state::kShift},
+                                       {.keyCode = key::kDelete, .shift = shift_state::kShift}};
+    for (const char letter : std::string("ACVXYZ"))
+      commands.push_back({.keyCode = letter, .shift = shift_state::kControl});
+    for (const KeyStroke& command : commands) {
+      const KeyOutcome outcome = user.acts.Key(command);
+      EXPECT_TRUE(outcome.editing) << command.keyCode;
+      EXPECT_EQ(outcome.character, 0) << command.keyCode;
+    }
+    user.acts.BringFocus(form.chkPaid);
+    form.TakeNotes();
+    for (const KeyStroke& command : commands) EXPECT_FALSE(user.acts.Key(command).editing) << command.keyCode;
+    EXPECT_EQ(form.TakeNotes(), Notes());
+  });
+}
+
+TEST(EditorCommands, ThatAlterDoNothingInALockedField) {
+  ButtonsForm form;
+  Play(form, [&](FormUser& user) {
+    user.acts.BringFocus(form.txtLocked);
+    EXPECT_TRUE(user.acts.Key({.keyCode = 'C', .shift = shift_state::kControl}).editing) << "a copy takes nothing away";
+    EXPECT_FALSE(user.acts.Key({.keyCode = key::kDelete, .shift = shift_state::kShift}).editing);
+    user.acts.EditText(form.txtLocked, "pasted", {.start = 6});
+    EXPECT_EQ(form.txtLocked.Text(), "");
+  });
+}
+
+TEST(ModifiersAlone, ReachNoHandler) {
+  ButtonsForm form;
+  form.notesKeys = true;
+  Play(form, [&](FormUser& user) {
+    for (const int keyCode : {key::kShift, key::kControl, key::kAlt, key::kCapsLock, key::kNumLock})
+      EXPECT_FALSE(user.acts.Key({.keyCode = keyCode}).editing) << keyCode;
+    EXPECT_EQ(form.TakeNotes(), Notes());
+  });
+}
+
+TEST(Enter, WithShiftOrCtrlReachesTheHandlersWithItsStateAndCharacter) {
+  ButtonsForm form;
+  form.notesKeys = true;
+  Play(form, [&](FormUser& user) {
+    user.Key("Shift+Enter");
+    EXPECT_EQ(form.TakeNotes(), (Notes{"Form_KeyDown 13", "txtA_KeyDown 13", "Form_KeyPress 13", "txtA_KeyPress 13"}));
+    user.Key("Ctrl+Enter");
+    EXPECT_EQ(form.TakeNotes(), (Notes{"Form_KeyDown 13", "txtA_KeyDown 13", "Form_KeyPress 10", "txtA_KeyPress 10"}));
+    EXPECT_EQ(form.txtA.Text(), "");
+  });
+}
+
+TEST(Enter, IsNoEditingInAFieldOfOneLine) {
+  ButtonsForm form;
+  Play(form, [&](FormUser& user) {
+    for (const char* name : {"Enter", "Shift+Enter", "Ctrl+Enter"})
+      EXPECT_FALSE(user.acts.Key(*StrokeNamed(name)).editing) << name;
+  });
+}
+
 TEST(Enter, OnACheckBoxOrFieldGoesToTheHandlers) {
   ButtonsForm form;
   form.notesKeys = true;

@@ -55,6 +55,8 @@ TEST(StrokeNamed, KnowsTheNamedKeys) {
       {"Tab", {.keyCode = 9, .character = 9}},
       {"Shift+Tab", {.keyCode = 9, .shift = shift_state::kShift, .character = 9}},
       {"Enter", {.keyCode = 13, .character = 13}},
+      {"Shift+Enter", {.keyCode = 13, .shift = shift_state::kShift, .character = 13}},
+      {"Ctrl+Enter", {.keyCode = 13, .shift = shift_state::kControl, .character = 10}},
       {"Escape", {.keyCode = 27, .character = 27}},
       {"Backspace", {.keyCode = 8, .character = 8}},
       {"Delete", {.keyCode = 46}},
@@ -75,8 +77,50 @@ TEST(StrokeNamed, KnowsTheNamedKeys) {
 }
 
 TEST(StrokeNamed, KnowsNoOther) {
-  for (const char* name : {"", "tab", "Tab ", "F1", "Alt+", "Alt+OK", "Alt+ ", "Alt+5", "Ctrl+C", "Shift+Enter", "a"})
+  for (const char* name : {"", "tab", "Tab ", "F1", "Alt+", "Alt+OK", "Alt+ ", "Alt+5", "Ctrl+C", "Shift+Space", "a"})
     EXPECT_FALSE(StrokeNamed(name)) << name;
+}
+
+constexpr int kShiftControl = shift_state::kShift | shift_state::kControl;
+
+TEST(EditorCommand, IsCopyCutPasteUndoRedoOrSelectAll) {
+  for (const char letter : std::string("ACVXYZ"))
+    for (const int shift : {int{shift_state::kControl}, kShiftControl})
+      EXPECT_TRUE(IsEditorCommand({.keyCode = letter, .shift = shift})) << letter << shift;
+  EXPECT_TRUE(IsEditorCommand({.keyCode = key::kInsert, .shift = shift_state::kControl}));
+  EXPECT_TRUE(IsEditorCommand({.keyCode = key::kInsert, .shift = shift_state::kShift}));
+  EXPECT_TRUE(IsEditorCommand({.keyCode = key::kDelete, .shift = shift_state::kShift}));
+}
+
+TEST(EditorCommand, IsNoPlainKeyNoCaretKeyAndNoCharacter) {
+  const std::vector<KeyStroke> strokes = {
+      {.keyCode = 'C', .character = 'c'},
+      {.keyCode = 'C', .shift = shift_state::kShift, .character = 'C'},
+      {.keyCode = 'C', .shift = shift_state::kAlt},
+      // AltGr and C make a character on some keyboards.
+      {.keyCode = 'C', .shift = shift_state::kControl | shift_state::kAlt, .character = 0xA9},
+      {.keyCode = 'B', .shift = shift_state::kControl},
+      {.keyCode = key::kHome, .shift = kShiftControl},
+      {.keyCode = key::kInsert},
+      {.keyCode = key::kDelete},
+      *StrokeNamed("Ctrl+Enter"),
+      *StrokeNamed("Shift+Enter"),
+      // Codes of keys that characters have by chance.
+      {.keyCode = key::kDelete, .shift = shift_state::kShift, .character = '.'},
+  };
+  for (const KeyStroke& stroke : strokes) {
+    EXPECT_FALSE(IsEditorCommand(stroke)) << stroke.keyCode;
+    EXPECT_TRUE(ReachesHandlers(stroke)) << stroke.keyCode;
+  }
+}
+
+TEST(ModifierAlone, IsAKeyThatOnlyChangesOthers) {
+  for (const int keyCode : {16, 17, 18, 20, 91, 92, 144, 145}) {
+    EXPECT_TRUE(IsModifierAlone(keyCode)) << keyCode;
+    EXPECT_FALSE(ReachesHandlers({.keyCode = keyCode})) << keyCode;
+  }
+  for (const int keyCode : {8, 9, 13, 19, 27, 32, 46, 65, 93, 112, 186, 255})
+    EXPECT_FALSE(IsModifierAlone(keyCode)) << keyCode;
 }
 
 TEST(AccessKey, IsTheCapitalBehindTheFirstSingleAmpersand) {

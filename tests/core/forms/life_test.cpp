@@ -205,7 +205,7 @@ TEST(FormShow, RefusesAFormThatItsOwnHandlerHasHidden) {
 TEST(FormShow, MayBeShownAgainAfterAnyEnd) {
   TwoFieldForm form;
   Play(form, [&](FormUser&) { form.Hide(); });
-  Play(form, [&](FormUser& user) { user.acts.Close(0); });
+  Play(form, [&](FormUser& user) { user.acts.Close(CloseReason::CloseBox); });
   int shows = 0;
   Play(form, [&](FormUser&) { ++shows; });
   EXPECT_EQ(shows, 1);
@@ -304,7 +304,7 @@ TEST(FormClose, AsksTheFormWithTheReasonThenUnloads) {
   for (const int reason : {0, 1, 2, 3, 4, 5}) {
     TwoFieldForm form;
     Play(form, [&](FormUser& user) {
-      user.acts.Close(reason);
+      user.acts.Close(static_cast<CloseReason>(reason));
       EXPECT_FALSE(form.IsUp());
     });
     EXPECT_FALSE(form.IsLoaded());
@@ -314,10 +314,10 @@ TEST(FormClose, AsksTheFormWithTheReasonThenUnloads) {
 
 TEST(FormClose, IsStoppedByTheCancelFlag) {
   TwoFieldForm form;
-  form.whenClosing = [](bool& cancel, int /*reason*/) { cancel = true; };
+  form.whenClosing = [](bool& cancel, CloseReason /*reason*/) { cancel = true; };
   Play(form, [&](FormUser& user) {
     user.Type("x");
-    user.acts.Close(0);
+    user.acts.Close(CloseReason::CloseBox);
     EXPECT_TRUE(form.IsUp());
     EXPECT_EQ(form.txtA.Text(), "x");
   });
@@ -325,8 +325,8 @@ TEST(FormClose, IsStoppedByTheCancelFlag) {
 
 TEST(FormClose, UnloadsAFormThatHidItself) {
   TwoFieldForm form;
-  form.whenClosing = [&](bool& /*cancel*/, int /*reason*/) { form.Hide(); };
-  Play(form, [&](FormUser& user) { user.acts.Close(2); });
+  form.whenClosing = [&](bool& /*cancel*/, CloseReason /*reason*/) { form.Hide(); };
+  Play(form, [&](FormUser& user) { user.acts.Close(CloseReason::SystemEnds); });
   EXPECT_FALSE(form.IsLoaded());
 }
 
@@ -341,7 +341,7 @@ TEST(FormClose, UnloadsAFormWithoutAHandler) {
   };
   PlainForm form;
   ServingToolkit toolkit;
-  toolkit.serve = [&] { UserActs(form).Close(0); };
+  toolkit.serve = [&] { form.Acts().Close(CloseReason::CloseBox); };
   form.ShowModal(toolkit);
   EXPECT_FALSE(form.IsLoaded());
 }
@@ -357,7 +357,7 @@ TEST(UserActs, DoNothingOnAFormThatIsNotUp) {
     user.acts.Click(form.cmdOK);
     user.acts.BringFocus(form.txtB);
     user.acts.SelectText(form.txtA, {.start = 1});
-    user.acts.Close(0);
+    user.acts.Close(CloseReason::CloseBox);
   };
   actEveryWay();
   EXPECT_FALSE(form.IsLoaded());

@@ -34,7 +34,7 @@ class UnrulyForm : public TestForm {
         DoSomething();
       };
     for (const char* event : {"Form_Load", "Form_Activate"}) when[event] = [this] { DoSomething(); };
-    whenClosing = [this](bool& cancel, int /*reason*/) { cancel = Below(4) == 0; };
+    whenClosing = [this](bool& cancel, CloseReason /*reason*/) { cancel = Below(4) == 0; };
   }
 
   int Below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
@@ -107,15 +107,17 @@ void ActSomehow(UnrulyForm& form, FormUser& user) {
     case 1:
       user.acts.Press(form.AnyControl());
       return;
-    case 2:
-      return user.acts.Choose(form.Below(2) == 0 ? static_cast<ListControl&>(form.cmbA) : form.lstA, form.Below(4) - 1);
+    case 2: {
+      ListControl& list = form.Below(2) == 0 ? static_cast<ListControl&>(form.cmbA) : form.lstA;
+      return list.ListCount() == 0 ? void() : user.acts.Choose(list, form.Below(list.ListCount()));
+    }
     case 3:
       return user.acts.EditText(form.txtA, std::to_string(form.Below(100'000'000)), {.start = form.Below(12) - 2});
     case 4:
       return user.acts.BringFocus(form.AnyControl());
     case 5:
       if (form.Below(50) == 0)
-        user.acts.Close(form.Below(6));
+        user.acts.Close(static_cast<CloseReason>(form.Below(6)));
       return;
     case 6:
       return user.Key(kKeys[static_cast<size_t>(form.Below(static_cast<int>(kKeys.size())))]);

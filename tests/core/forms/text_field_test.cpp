@@ -330,7 +330,7 @@ TEST(FormObserver, HearsWhatChangesOnAFieldWhileTheFormIsUp) {
     const std::vector<std::function<void()>> changes = {
         [&] { form.txtFree.Text("x"); },      [&] { form.txtFree.Locked(true); },
         [&] { form.txtFree.Enabled(false); }, [&] { form.txtFree.Visible(false); },
-        [&] { form.txtFree.SelectAll(); },    [&] { UserActs(form).EditText(form.txtSix, "typed", {}); },
+        [&] { form.txtFree.SelectAll(); },    [&] { form.Acts().EditText(form.txtSix, "typed", {}); },
     };
     for (size_t i = 0; i < changes.size(); ++i) {
       observer.changes = 0;

@@ -71,5 +71,17 @@ TEST(CodePage, AnEmptyTextStaysEmpty) {
   EXPECT_EQ(ToUtf8(""), "");
 }
 
+TEST(UpperCase, IsTheCapitalOfEachLetterOfTheCodePage) {
+  const std::string small = "az\xE0\xE9\xF4\xF6\xF8\xFE\x9A\x9C\x9E\xFF";
+  std::string capitals;
+  for (const char character : small) capitals += UpperCase(character);
+  EXPECT_EQ(capitals, "AZ\xC0\xC9\xD4\xD6\xD8\xDE\x8A\x8C\x8E\x9F");
+}
+
+TEST(UpperCase, LeavesCapitalsAndAllElseAsTheyAre) {
+  for (const char character : std::string("AZ09 @[`{\xC9\xDF\xD7\xF7\x80\x9F\x83"))
+    EXPECT_EQ(UpperCase(character), character);
+}
+
 }  // namespace
 }  // namespace fiscalon

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 namespace fiscalon {
 namespace {
 
@@ -24,6 +26,7 @@ TEST(ScenarioGrammar, KnowsEveryLineThatAScenarioCanSay) {
            "locale fr-CA",
            "locale system",
            "host CompName x",
+           "folder $TMP/a/b",
            "show 15",
            "type abc",
            "key Tab",
@@ -39,6 +42,8 @@ TEST(ScenarioGrammar, KnowsEveryLineThatAScenarioCanSay) {
            "key Down",
            "key Home",
            "key End",
+           "key Shift+Enter",
+           "key Ctrl+Enter",
            "key Alt+O",
            "key Alt+o",
            "focus txtA",
@@ -78,32 +83,57 @@ TEST(ScenarioGrammar, KnowsEveryLineThatAScenarioCanSay) {
            "expect length 1 160",
            "expect invoice 1 d a n",
            "expect file p yes",
+           "expect line p 1 x",
        })
     EXPECT_EQ(ComplaintOf(line), "") << line;
 }
 
 TEST(ScenarioGrammar, ComplainsOfWhatIsNoLine) {
-  EXPECT_EQ(ComplaintOf("shows 15"), "s:1: \"shows\" is nothing that a scenario can say");
-  EXPECT_EQ(ComplaintOf("Show 15"), "s:1: \"Show\" is nothing that a scenario can say");
   EXPECT_EQ(ComplaintOf("expect"), "s:1: \"expect\" needs to say what is expected");
-  EXPECT_EQ(ComplaintOf("expect luck"), "s:1: \"expect luck\" is nothing that a scenario can say");
+  const std::pair<const char*, const char*> rows[] = {{"shows", "show"},
+                                                      {"Show", "show"},
+                                                      {"CLICK", "click"},
+                                                      {"clik", "click"},
+                                                      {"foldr", "folder"},
+                                                      {"key:", "key"},
+                                                      {"press", "paste"},
+                                                      {"expct", "expect"},
+                                                      {"Scenario:", "scenario"},
+                                                      {"expect titel", "expect title"},
+                                                      {"expect Record", "expect record"},
+                                                      {"expect lines", "expect line"}};
+  for (const auto& [words, nearest] : rows)
+    EXPECT_EQ(
+        ComplaintOf(std::string(words) + " x"),
+        "s:1: \"" + std::string(words) + "\" is nothing that a scenario can say; did you mean \"" + nearest + "\"?");
+}
+
+TEST(ScenarioGrammar, NamesANearOneOfNothing) {
+  EXPECT_EQ(ComplaintOf("\"\" x"), "s:1: \"\" is nothing that a scenario can say; did you mean \"key\"?");
+}
+
+TEST(ScenarioGrammar, NamesANearOneHoweverLongTheWordIs) {
+  const std::string word = "type" + std::string(100'000, 'x');
+  EXPECT_EQ(ComplaintOf(word), "s:1: \"" + word + "\" is nothing that a scenario can say; did you mean \"type\"?");
 }
 
 TEST(ScenarioGrammar, ComplainsOfTheNumberOfArguments) {
-  EXPECT_EQ(ComplaintOf("show"), "s:1: \"show\" takes 1 argument, not 0");
-  EXPECT_EQ(ComplaintOf("show 15 16"), "s:1: \"show\" takes 1 argument, not 2");
-  EXPECT_EQ(ComplaintOf("host CompName"), "s:1: \"host\" takes 2 arguments, not 1");
-  EXPECT_EQ(ComplaintOf("host CompName Summit Levies"), "s:1: \"host\" takes 2 arguments, not 3");
-  EXPECT_EQ(ComplaintOf("today"), "s:1: \"today\" takes 1 or 2 arguments, not 0");
-  EXPECT_EQ(ComplaintOf("expect beep beep"), "s:1: \"expect beep\" takes 0 arguments, not 1");
-  EXPECT_EQ(ComplaintOf("expect error 5 s"), "s:1: \"expect error\" takes 3 arguments, not 2");
+  EXPECT_EQ(ComplaintOf("show"), "s:1: \"show\" takes 1 argument, CODE; here are 0");
+  EXPECT_EQ(ComplaintOf("show 15 16"), "s:1: \"show\" takes 1 argument, CODE; here are 2");
+  EXPECT_EQ(ComplaintOf("host CompName"), "s:1: \"host\" takes 2 arguments, PROPERTY VALUE; here are 1");
+  EXPECT_EQ(ComplaintOf("host CompName Summit Levies"), "s:1: \"host\" takes 2 arguments, PROPERTY VALUE; here are 3");
+  EXPECT_EQ(ComplaintOf("today"), "s:1: \"today\" takes 1 or 2 arguments, DATE [TIME]; here are 0");
+  EXPECT_EQ(ComplaintOf("expect beep beep"), "s:1: \"expect beep\" takes no arguments; here are 1");
+  EXPECT_EQ(ComplaintOf("expect error 5 s"),
+            "s:1: \"expect error\" takes 3 arguments, NUMBER SOURCE DESCRIPTION; here are 2");
 }
 
 TEST(ScenarioGrammar, ComplainsOfAMessageThatIsNotWhole) {
-  const std::string complaint = "\"expect message\" takes a style, a text, and perhaps title and a title, not ";
+  const std::string complaint = "\"expect message\" takes 2 or 4 arguments, STYLE TEXT [title TITLE]; here are ";
   EXPECT_EQ(ComplaintOf("expect message critical"), "s:1: " + complaint + "1");
   EXPECT_EQ(ComplaintOf("expect message critical x title"), "s:1: " + complaint + "3");
-  EXPECT_EQ(ComplaintOf("expect message critical x named y"), "s:1: expected the word title, not \"named\"");
+  EXPECT_EQ(ComplaintOf("expect message critical x named y"),
+            "s:1: \"expect message\": expected the word title, not \"named\"");
 }
 
 TEST(ScenarioGrammar, ComplainsOfArgumentsThatDoNotFit) {
@@ -112,8 +142,8 @@ TEST(ScenarioGrammar, ComplainsOfArgumentsThatDoNotFit) {
       {"today 2026-06-15 25:00", "expected a time such as 13:05:09, not \"25:00\""},
       {"locale de-DE", "expected a locale: en-CA, en-US, fr-CA or system, not \"de-DE\""},
       {"key F1",
-       "expected a key: Tab, Shift+Tab, Enter, Escape, Backspace, Delete, Space, Left, Right, Up, Down, Home, End or "
-       "Alt+LETTER, not \"F1\""},
+       "expected a key: Tab, Shift+Tab, Enter, Escape, Backspace, Delete, Space, Left, Right, Up, Down, Home, End, "
+       "Shift+Enter, Ctrl+Enter or Alt+LETTER, not \"F1\""},
       {"answer Maybe", "expected OK, Cancel, Yes or No, not \"Maybe\""},
       {"close 6", "expected a close reason from 0 to 5, not \"6\""},
       {"close -1", "expected a close reason from 0 to 5, not \"-1\""},
@@ -124,62 +154,27 @@ TEST(ScenarioGrammar, ComplainsOfArgumentsThatDoNotFit) {
       {"expect chosen 40000", "expected True or False, not \"40000\""},
       {"expect records two", "expected a number from 0 on, not \"two\""},
       {"expect records -1", "expected a number from 0 on, not \"-1\""},
+      {"expect line p -1 x", "expected a number from 0 on, not \"-1\""},
+      {"expect line p first x", "expected a number from 0 on, not \"first\""},
       {"expect help f x", "expected a number of 32 bits, not \"x\""},
       {"expect error five s d", "expected a number of 32 bits, not \"five\""},
       {"expect error 0x100000005 s d", "expected a number of 32 bits, not \"0x100000005\""},
       {"expect error -2147483649 s d", "expected a number of 32 bits, not \"-2147483649\""},
   };
-  for (const auto& [line, complaint] : rows) EXPECT_EQ(ComplaintOf(line), std::string("s:1: ") + complaint);
+  for (const auto& [line, complaint] : rows) {
+    std::istringstream words(line);
+    std::string verb, expected;
+    words >> verb >> expected;
+    if (verb == "expect")
+      verb += ' ' + expected;
+    EXPECT_EQ(ComplaintOf(line), "s:1: \"" + verb + "\": " + complaint);
+  }
 }
 
 TEST(ScenarioGrammar, ComplainsOfWhatNoHostCanSet) {
   EXPECT_EQ(ComplaintOf("host APHoldFlg 256"), "s:1: APHoldFlg takes a whole number from 0 to 255, not \"256\"");
   EXPECT_EQ(ComplaintOf("host WriteFile maybe"),
             "s:1: WriteFile takes True, False or a number from -32768 to 32767, not \"maybe\"");
-}
-
-TEST(ParseDateTime, ReadsRealDatesAndTimes) {
-  const auto day = ParseDateTime("2026-06-15", "");
-  ASSERT_TRUE(day);
-  EXPECT_EQ(day->date, (Date{2026, 6, 15}));
-  EXPECT_EQ(day->hour + day->minute + day->second, 0);
-  const auto moment = ParseDateTime("2028-02-29", "23:59:58");
-  ASSERT_TRUE(moment);
-  EXPECT_EQ(moment->hour, 23);
-  EXPECT_EQ(moment->minute, 59);
-  EXPECT_EQ(moment->second, 58);
-  const auto minute = ParseDateTime("2026-06-15", "13:05");
-  ASSERT_TRUE(minute);
-  EXPECT_EQ(minute->minute, 5);
-  EXPECT_EQ(minute->second, 0);
-}
-
-TEST(ParseDateTime, RefusesWhatIsNone) {
-  for (const char* date : {"", "2026-06-31", "2026-02-29", "2026-13-01", "2026-00-01", "2026-01-00", "0099-01-01",
-                           "26-01-01", "2026/06/15", "2026-06-155", "2026-+6-15", "2026-06-1x", "-026-06-15"})
-    EXPECT_FALSE(ParseDateTime(date, "")) << date;
-  for (const char* time :
-       {"1", "24:00", "13:60", "13:05:60", "13.05", "13:05-09", "1:05:09", "13:05:9", "-1:05", "ab:cd"})
-    EXPECT_FALSE(ParseDateTime("2026-06-15", time)) << time;
-}
-
-TEST(ParseNumber, ReadsDecimalAndHexadecimal) {
-  EXPECT_EQ(ParseNumber("0"), 0);
-  EXPECT_EQ(ParseNumber("-12"), -12);
-  EXPECT_EQ(ParseNumber("0x80040001"), 2147745793);
-  EXPECT_EQ(ParseNumber("0XfF"), 255);
-  EXPECT_EQ(ParseNumber("-0x10"), -16);
-  for (const char* text : {"", "-", "--1", "+1", "1.5", " 1", "1 ", "0x", "0x-1", "1e3", "ten", "99999999999999999999"})
-    EXPECT_FALSE(ParseNumber(text)) << text;
-}
-
-TEST(ParseBoolean, ReadsWordsAndNumbersOf16Bits) {
-  EXPECT_EQ(ParseBoolean("True"), -1);
-  EXPECT_EQ(ParseBoolean("true"), -1);
-  EXPECT_EQ(ParseBoolean("False"), 0);
-  EXPECT_EQ(ParseBoolean("1"), 1);
-  EXPECT_EQ(ParseBoolean("-32768"), -32768);
-  for (const char* text : {"", "yes", "32768", "-32769", "T"}) EXPECT_FALSE(ParseBoolean(text)) << text;
 }
 
 }  // namespace

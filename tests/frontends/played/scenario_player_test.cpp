@@ -6,6 +6,7 @@
 
 #include "core/module_state.h"
 #include "tests/frontends/played/play_scenario.h"
+#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -96,7 +97,7 @@ TEST(ScenarioPlayer, FormStillOpenAtTheEndFails) {
 }
 
 TEST(ScenarioPlayer, HostHasNoTurnWhileAFormIsUp) {
-  for (const char* line : {"today 2026-06-15", "locale fr-CA", "host CompName x", "show 15"}) {
+  for (const char* line : {"today 2026-06-15", "locale fr-CA", "host CompName x", "folder $TMP/a", "show 15"}) {
     const std::string verb(line, std::string_view(line).find(' '));
     ExpectFailed(std::string("show 15\n") + line + "\n", 2, "the form to be closed before \"" + verb + "\"",
                  "\"frmPlayed\" is still open");
@@ -198,6 +199,71 @@ TEST(ScenarioPlayer, TheFoldersNameMayStandInAnyArgument) {
                {});  // the first five characters of the folder's name
 }
 
+TEST(ScenarioPlayer, FoldersAreMadeWithThoseAboveThem) {
+  ExpectPassed("folder $TMP/a/b/c\nexpect file $TMP/a/b/c yes\nfolder $TMP/a\nexpect file $TMP/a/b/c yes\n");
+  ExpectPassed("show 15\n close 0\nfolder \"$TMP/two words\"\nexpect file \"$TMP/two words\" yes\nshow 15\n close 0\n");
+}
+
+TEST(ScenarioPlayer, FolderThatCannotBeMadeFailsTheScenario) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Write("file", "x");
+  const PlayResult inPlace = Play("host CompName x\nfolder " + file + "\n");
+  EXPECT_FALSE(inPlace.passed);
+  EXPECT_EQ(inPlace.line, 2);
+  EXPECT_EQ(inPlace.expected, "the folder " + file + " to be made");
+  EXPECT_FALSE(Play("folder " + file + "/below\n").passed);
+}
+
+TEST(ScenarioPlayer, EnterIsPressedWithShiftOrCtrlToo) {
+  ExpectPassed("show 15\n key Tab\n key Enter\n expect text lblKeys \"down 13+0 makes 13 \"\n close 0\n");
+  ExpectPassed("show 15\n key Tab\n key Shift+Enter\n expect text lblKeys \"down 13+1 makes 13 \"\n close 0\n");
+  ExpectPassed("show 15\n key Tab\n key Ctrl+Enter\n expect text lblKeys \"down 13+2 makes 10 \"\n close 0\n");
+}
+
+// Several scenarios in one file.
+
+std::vector<PlayResult> PlayAll(const std::string& text) {
+  std::vector<PlayResult> results;
+  ScriptedToolkit toolkit;
+  for (const Scenario& scenario : ParseScenarios("s", text)) results.push_back(ScenarioPlayer(toolkit).Play(scenario));
+  return results;
+}
+
+TEST(ScenarioPlayer, WhatStandsAheadIsPlayedForEachScenarioAfresh) {
+  const std::vector<PlayResult> results = PlayAll(
+      "host CompName Biller\nfolder $TMP/ahead\n"
+      "scenario \"it leaves much behind\"\nhost CompName Other\nhost EnterName x\nfolder $TMP/own\n"
+      "show 15\n type abc\n click cmdOK\nexpect chosen True\nexpect records 2\n"
+      "scenario \"none of it is found\"\nexpect file $TMP/ahead yes\nexpect file $TMP/own no\nexpect records 0\n"
+      "show 15\n expect title Biller\n expect text txtA \"\"\n expect chosen False\n click cmdOK\n"
+      "expect record 2 PC4\n");
+  ASSERT_EQ(results.size(), 2U);
+  for (const PlayResult& result : results)
+    EXPECT_TRUE(result.passed) << result.line << ": expected " << result.expected << ", saw " << result.seen;
+}
+
+TEST(ScenarioPlayer, WhatStandsAheadMayLeaveAFormUp) {
+  const std::vector<PlayResult> results = PlayAll(
+      "show 15\n type ab\n click cmdBox\n"
+      "scenario closed\n expect message critical \"A box.\\nTwo lines.\"\n expect text txtA ab\n close 0\n"
+      "scenario \"unclaimed\"\n close 0\n"
+      "scenario \"left up\"\n expect message critical \"A box.\\nTwo lines.\"\n");
+  ASSERT_EQ(results.size(), 3U);
+  EXPECT_TRUE(results[0].passed) << results[0].seen;
+  EXPECT_EQ(results[1].line, 3) << "the act stands ahead";
+  EXPECT_EQ(results[1].expected, "nothing that no line expects");
+  EXPECT_EQ(results[2].line, 11);
+  EXPECT_EQ(results[2].seen, kLeftOpen);
+}
+
+TEST(ScenarioPlayer, FailsWithTheLineOfTheFile) {
+  const std::vector<PlayResult> results = PlayAll(
+      "host CompName Biller\n\nscenario a\nshow 15\n close 0\n\nscenario b\nshow 15\n expect title x\n close 0\n");
+  ASSERT_EQ(results.size(), 2U);
+  EXPECT_TRUE(results[0].passed);
+  EXPECT_EQ(results[1].line, 9);
+}
+
 TEST(ScenarioPlayer, LocaleTakesEffectWhereverItStands) {
   const std::string seen = " expect text lblSeparator , \n close 0\n";
   ExpectPassed("locale fr-CA\nshow 15\n" + seen);
@@ -226,7 +292,7 @@ TEST(ScenarioPlayer, WatcherHearsWhatHappens) {
   PlayWatcher watcher;
   watcher.lineBegins = [&](const ScenarioLine& line) { heard.push_back("line " + std::to_string(line.number)); };
   watcher.handlerRuns = [&](const std::string& handler) { heard.push_back(handler); };
-  watcher.boxAnswered = [&](const MessageBox& box, MessageAnswer answer, Form* form) {
+  watcher.boxAnswered = [&](const BoxRequest& box, MessageAnswer answer, Form* form) {
     EXPECT_NE(form, nullptr);
     heard.push_back(box.text + (answer == MessageAnswer::No ? " No" : " other"));
   };

@@ -69,6 +69,37 @@ TEST(ScenarioRecords, InvoicesStandApartInThreeFields) {
   ExpectFailed("expect invoice 1 a b c\n", 1, "a member 1", "0 members");
 }
 
+TEST(ScenarioRecords, LinesOfATextFileStandWithoutTheirEnds) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Write("log.txt", "one\r\n\n two \nC\xf4t\xe9\r\nlast");
+  const std::string expect = "expect line " + file + " ";
+  ExpectPassed(expect + "1 one\n" + expect + "2 \"\"\n" + expect + "3 \" two \"\n" + expect + "4 Côté\n" + expect +
+               "0x5 last\n");
+  ExpectFailed(expect + "3 two\n", 1, "two", "\" two \"");
+}
+
+TEST(ScenarioRecords, LineThatIsNotThereSaysSo) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Write("log.txt", "one\ntwo\n");
+  const std::string wanted = " of " + file + ": x";
+  ExpectFailed("expect line " + file + " 3 x\n", 1, "line 3" + wanted, "the file has 2 lines");
+  ExpectFailed("expect line " + file + " 0 x\n", 1, "line 0" + wanted, "the file has 2 lines");
+  folder.Write("log.txt", "one");
+  ExpectFailed("expect line " + file + " 2 x\n", 1, "line 2" + wanted, "the file has 1 line");
+  folder.Write("log.txt", "");
+  ExpectFailed("expect line " + file + " 1 x\n", 1, "line 1" + wanted, "the file has 0 lines");
+}
+
+TEST(ScenarioRecords, LineOfAFileThatIsNotThereSaysSo) {
+  const TemporaryFolder folder;
+  for (const std::string& path : {folder.Path("missing"), folder.Path()})
+    ExpectFailed("expect line " + path + " 1 \"a b\"\n", 1, "line 1 of " + path + ": \"a b\"", "there is no such file");
+}
+
+TEST(ScenarioRecords, LineOfTheRecordFileHasItsQuotes) {
+  ExpectPassed(kToFile + "expect line $TMP/f.pc4 2 \"\\\"PC4Côté\\\"\"\n");
+}
+
 TEST(ScenarioRecords, FilesExistOrNot) {
   ExpectPassed("expect file $TMP yes\nexpect file $TMP/f.pc4 no\n" + kToFile + "expect file $TMP/f.pc4 yes\n");
   ExpectFailed("expect file $TMP/f.pc4 yes\n", 1, "yes", "no");

@@ -73,6 +73,24 @@ TEST_F(Accessibility, TellsWhichLabelIsWhose) {
   });
 }
 
+/// A list box read aloud row by row: its rows are children, and the one that the arrow keys came to has the focus.
+TEST_F(Accessibility, TellsEachRowOfAListBoxAsTheKeyboardComesToIt) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    form.lstInvoices.SetFocus();
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&dialog.WidgetOf(form.lstInvoices));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    ASSERT_EQ(list->childCount(), 3);
+    for (int row = 0; row < 3; ++row) {
+      Press(user, "Down");
+      EXPECT_EQ(form.lstInvoices.ListIndex(), row);
+      EXPECT_EQ(list->child(row)->text(QAccessible::Name).toStdString(), form.lstInvoices.List(row));
+      for (int other = 0; other < 3; ++other)
+        EXPECT_EQ(list->child(other)->state().selected, other == row) << row << " " << other;
+    }
+  });
+}
+
 /// The forms of all screens that there are, up in turn.
 TEST_F(Accessibility, NamesEveryFieldOfEveryScreen) {
   ResetModule();

@@ -26,7 +26,7 @@ class EveryKindForm : public TestForm {
   Label        lblProvince {*this, "lblProvince", {.caption = "Province:"}};
   DropDownList cmbProvince {*this, "cmbProvince", {.tabIndex = 6}, Noted("cmbProvince")};
   Label        lblInvoices {*this, "lblInvoices", {.caption = "Invoices"}};
-  ListBox      lstInvoices {*this, "lstInvoices", {.tabIndex = 7}, Noted("lstInvoices")};
+  ListBox      lstInvoices {*this, "lstInvoices", {.tabIndex = 7, .fixedPitch = true}, Noted("lstInvoices")};
   Button       cmdOK       {*this, "cmdOK",       {.caption = "&OK"}, Noted("cmdOK")};
   Button       cmdCancel   {*this, "cmdCancel",   {.caption = "Cancel", .cancel = true}, Noted("cmdCancel")};
   // clang-format on

@@ -130,5 +130,25 @@ TEST_F(DialogFocus, IsTheDialogsWhereNoControlCanTakeIt) {
   });
 }
 
+TEST_F(DialogFocus, TakesAGroupOfOptionsForOneTabStop) {
+  form.when["Form_Load"] = [this] { form.optSecond.Value(true); };
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    EXPECT_EQ(user.FocusName(), "optSecond") << "the option that is on";
+    Press(user, "Tab");
+    EXPECT_EQ(user.FocusName(), "txtPeriod");
+    Press(user, "Shift+Tab");
+    EXPECT_EQ(user.FocusName(), "optSecond");
+    Press(user, "Down");
+    EXPECT_EQ(user.FocusName(), "optFirst");
+    EXPECT_TRUE(In<QAbstractButton>(dialog, form.optFirst).isChecked());
+    EXPECT_FALSE(In<QAbstractButton>(dialog, form.optSecond).isChecked());
+    form.optFirst.Value(false);
+    Press(user, "Tab");
+    Press(user, "Shift+Tab");
+    EXPECT_EQ(user.FocusName(), "optFirst");
+    EXPECT_FALSE(In<QAbstractButton>(dialog, form.optFirst).isChecked()) << "the focus alone turns nothing on";
+  });
+}
+
 }  // namespace
 }  // namespace fiscalon

@@ -58,7 +58,8 @@ INSTANTIATE_TEST_SUITE_P(
                {.keyCode = 191, .shift = 0, .character = '?'}},
         KeyRow{"Enter", Qt::Key_Return, Qt::NoModifier, "\r", {.keyCode = 13, .shift = 0, .character = 13}},
         KeyRow{"KeypadEnter", Qt::Key_Enter, Qt::KeypadModifier, "\r", {.keyCode = 13, .shift = 0, .character = 13}},
-        KeyRow{"ControlEnter", Qt::Key_Return, Qt::ControlModifier, "\r", {.keyCode = 13, .shift = 2, .character = 0}},
+        KeyRow{"ControlEnter", Qt::Key_Return, Qt::ControlModifier, "\r", {.keyCode = 13, .shift = 2, .character = 10}},
+        KeyRow{"ShiftEnter", Qt::Key_Return, Qt::ShiftModifier, "\r", {.keyCode = 13, .shift = 1, .character = 13}},
         KeyRow{"Tab", Qt::Key_Tab, Qt::NoModifier, "\t", {.keyCode = 9, .shift = 0, .character = 9}},
         KeyRow{"ShiftTab", Qt::Key_Backtab, Qt::ShiftModifier, "", {.keyCode = 9, .shift = 1, .character = 9}},
         KeyRow{"Backspace", Qt::Key_Backspace, Qt::NoModifier, "\b", {.keyCode = 8, .shift = 0, .character = 8}},
@@ -76,8 +77,8 @@ TEST(StrokeOf, IsNothingForAKeyThatOnlyChangesOthers) {
 
 TEST(QtKeyOf, ComesBackAsTheSameStroke) {
   std::vector<KeyStroke> strokes;
-  for (const char* name : {"Tab", "Shift+Tab", "Enter", "Escape", "Backspace", "Delete", "Space", "Left", "Right", "Up",
-                           "Down", "Home", "End", "Alt+O", "Alt+C"})
+  for (const char* name : {"Tab", "Shift+Tab", "Enter", "Shift+Enter", "Ctrl+Enter", "Escape", "Backspace", "Delete",
+                           "Space", "Left", "Right", "Up", "Down", "Home", "End", "Alt+O", "Alt+C"})
     strokes.push_back(*StrokeNamed(name));
   for (int character = ' '; character < 256; ++character)
     if (ToQt(std::string(1, static_cast<char>(character))).front().isPrint())

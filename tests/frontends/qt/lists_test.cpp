@@ -39,14 +39,16 @@ TEST_F(Lists, AreChosenFromByMouse) {
   Show(form, [&](FormDialog& dialog, UserDriver& user) {
     form.TakeNotes();
     user.Choose(form.cmbProvince, 1);
-    EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Click");
+    EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Chosen");
     EXPECT_EQ(form.cmbProvince.Text(), "Manitoba");
     EXPECT_EQ(Provinces(dialog).currentText(), "Manitoba");
     EXPECT_FALSE(Provinces(dialog).view()->isVisible());
     user.Choose(form.cmbProvince, 1);
-    EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Click") << "the selected row clicks again";
+    EXPECT_EQ(form.TakeNotes(), (Notes{"cmbProvince_MouseDown", "cmbProvince_Click", "cmbProvince_Chosen"}))
+        << "the selected row is chosen again";
     user.Choose(form.lstInvoices, 2);
-    EXPECT_EQ(form.TakeNotes(), (Notes{"lstInvoices_MouseDown", "cmbProvince_LostFocus", "lstInvoices_Click"}));
+    EXPECT_EQ(form.TakeNotes(),
+              (Notes{"lstInvoices_MouseDown", "cmbProvince_LostFocus", "lstInvoices_Click", "lstInvoices_Chosen"}));
     EXPECT_EQ(form.lstInvoices.ListIndex(), 2);
     EXPECT_EQ(Invoices(dialog).currentRow(), 2);
   });
@@ -71,13 +73,15 @@ TEST_F(Lists, AreChosenFromAllTheSameWhereACheckShowsABox) {
     user.Click(form.txtPeriod);
     form.TakeNotes();
     user.Choose(form.cmbProvince, 1);
-    EXPECT_EQ(form.TakeNotes(), (Notes{"cmbProvince_MouseDown", "txtPeriod_LostFocus", "cmbProvince_Click"}));
+    EXPECT_EQ(form.TakeNotes(),
+              (Notes{"cmbProvince_MouseDown", "txtPeriod_LostFocus", "cmbProvince_Click", "cmbProvince_Chosen"}));
     EXPECT_EQ(Provinces(dialog).currentText(), "Manitoba");
     EXPECT_FALSE(Provinces(dialog).view()->isVisible());
     user.Click(form.txtPeriod);
     form.TakeNotes();
     user.Choose(form.lstInvoices, 2);
-    EXPECT_EQ(form.TakeNotes(), (Notes{"lstInvoices_MouseDown", "txtPeriod_LostFocus", "lstInvoices_Click"}));
+    EXPECT_EQ(form.TakeNotes(),
+              (Notes{"lstInvoices_MouseDown", "txtPeriod_LostFocus", "lstInvoices_Click", "lstInvoices_Chosen"}));
     EXPECT_EQ(form.lstInvoices.ListIndex(), 2);
   });
 }
@@ -127,7 +131,7 @@ TEST_F(Lists, DropDownByKeyboardToo) {
       EXPECT_EQ(form.cmbProvince.ListIndex(), 0) << "nothing is chosen yet";
       QTest::keyClick(popup, Qt::Key_Return);
       EXPECT_EQ(form.cmbProvince.ListIndex(), 1);
-      EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Click");
+      EXPECT_EQ(form.TakeNotes(), (Notes{"cmbProvince_Click", "cmbProvince_Chosen"}));
     }
   });
 }
@@ -150,7 +154,68 @@ TEST_F(Lists, AreChosenFromByAnAssistiveProgram) {
     form.TakeNotes();
     Invoices(dialog).setCurrentRow(1);
     EXPECT_EQ(form.lstInvoices.ListIndex(), 1);
-    EXPECT_EQ(form.TakeNotes().back(), "lstInvoices_Click");
+    EXPECT_EQ(form.TakeNotes().back(), "lstInvoices_Chosen");
+  });
+}
+
+TEST_F(Lists, ShowSeveralRowsAndScrollToTheOneThatTheKeyboardComesTo) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    for (int i = 0; i < 40; ++i) form.lstInvoices.AddItem("INV-" + std::to_string(i + 4));
+    form.lstInvoices.SetFocus();
+    const auto shows = [&](int row) {
+      QListWidget& list = Invoices(dialog);
+      return list.viewport()->rect().contains(list.visualItemRect(list.item(row)).center());
+    };
+    for (int row = 0; row < 5; ++row) EXPECT_TRUE(shows(row)) << row;
+    EXPECT_FALSE(shows(42));
+    Press(user, "End");
+    EXPECT_EQ(form.lstInvoices.ListIndex(), 42);
+    EXPECT_TRUE(shows(42));
+  });
+}
+
+TEST_F(Lists, AreOfFixedPitchWhereDesignedSo) {
+  class PlainForm : public TestForm {
+   public:
+    ListBox lst{*this, "lst", {}};
+  };
+  const auto isFixed = [](const QWidget& widget) {
+    const QFontMetrics metrics(widget.font());
+    return metrics.horizontalAdvance(u'i') == metrics.horizontalAdvance(u'W');
+  };
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    EXPECT_TRUE(isFixed(Invoices(dialog)));
+    EXPECT_FALSE(isFixed(Provinces(dialog)));
+  });
+  PlainForm plain;
+  Show(plain, [&](FormDialog& dialog, UserDriver&) { EXPECT_FALSE(isFixed(dialog.WidgetOf(plain.lst))); });
+}
+
+TEST_F(Lists, AreTypedInBlanksToo) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    form.cmbProvince.AddItem("Tobacco Tax");
+    form.cmbProvince.AddItem("Tourism Levy");
+    form.cmbProvince.SetFocus();
+    Type(user, "TOURISM LEVY");
+    EXPECT_EQ(Provinces(dialog).currentText(), "Tourism Levy");
+    EXPECT_FALSE(Provinces(dialog).view()->isVisible()) << "the space bar drops nothing down";
+  });
+}
+
+TEST_F(Lists, KeepTheirRowWhereEscapeClosesTheDroppedDownRows) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    user.Click(form.cmbProvince);
+    form.cmbProvince.ListIndex(0);
+    form.TakeNotes();
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_F4);
+    ASSERT_TRUE(Provinces(dialog).view()->isVisible());
+    QWindow* popup = Provinces(dialog).view()->window()->windowHandle();
+    QTest::keyClick(popup, Qt::Key_Down);
+    QTest::keyClick(popup, Qt::Key_Escape);
+    EXPECT_FALSE(Provinces(dialog).view()->isVisible());
+    EXPECT_EQ(form.cmbProvince.ListIndex(), 0);
+    EXPECT_EQ(Provinces(dialog).currentIndex(), 0);
+    EXPECT_EQ(form.TakeNotes(), Notes());
   });
 }
 

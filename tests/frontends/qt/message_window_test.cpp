@@ -49,10 +49,13 @@ TEST(MessageWindow, HasItsButtonsAndDefault) {
   const auto yesNo = NewMessageWindow({.text = "x", .buttons = MessageButtons::YesNo}, nullptr);
   EXPECT_EQ(yesNo->standardButtons(), QMessageBox::Yes | QMessageBox::No);
   EXPECT_EQ(defaultOf(*yesNo), QMessageBox::Yes);
+  const auto careful = NewMessageWindow(
+      {.text = "x", .buttons = MessageButtons::YesNo, .defaultButton = DefaultButton::Second}, nullptr);
+  EXPECT_EQ(defaultOf(*careful), QMessageBox::No);
 }
 
 TEST(MessageWindow, AnswersByTheButtonThatClosesIt) {
-  const MessageBox box{.text = "x", .buttons = MessageButtons::YesNo};
+  const BoxRequest box{.text = "x", .buttons = MessageButtons::YesNo};
   for (const MessageAnswer answer : {MessageAnswer::Yes, MessageAnswer::No}) {
     const auto window = NewMessageWindow(box, nullptr);
     window->show();
@@ -64,7 +67,7 @@ TEST(MessageWindow, AnswersByTheButtonThatClosesIt) {
 
 TEST(MessageWindow, AnswersWithCareWhenNoButtonClosesIt) {
   const auto answerOf = [](MessageButtons buttons) {
-    const MessageBox box{.text = "x", .buttons = buttons};
+    const BoxRequest box{.text = "x", .buttons = buttons};
     return AnswerOf(*NewMessageWindow(box, nullptr), box);
   };
   EXPECT_EQ(answerOf(MessageButtons::Ok), MessageAnswer::Ok);
@@ -73,14 +76,16 @@ TEST(MessageWindow, AnswersWithCareWhenNoButtonClosesIt) {
 }
 
 TEST(MessageWindow, ReadsBackWhatItShows) {
-  const MessageBox box{.text = "Is the year right?",
+  const BoxRequest box{.text = "Is the year right?",
                        .style = MessageStyle::Question,
                        .buttons = MessageButtons::YesNo,
+                       .defaultButton = DefaultButton::Second,
                        .title = "Date Warning"};
-  const MessageBox shown = ShownIn(*NewMessageWindow(box, nullptr));
+  const BoxRequest shown = ShownIn(*NewMessageWindow(box, nullptr));
   EXPECT_EQ(shown.text, box.text);
   EXPECT_EQ(shown.style, box.style);
   EXPECT_EQ(shown.buttons, box.buttons);
+  EXPECT_EQ(shown.defaultButton, box.defaultButton);
   EXPECT_EQ(shown.title, box.title);
 }
 

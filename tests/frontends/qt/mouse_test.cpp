@@ -139,7 +139,7 @@ TEST_F(Mouse, DoesNothingOnADisabledControl) {
 }
 
 TEST_F(Mouse, ClosesTheWindowForTheForm) {
-  form.whenClosing = [](bool& cancel, int /*reason*/) { cancel = true; };
+  form.whenClosing = [](bool& cancel, CloseReason /*reason*/) { cancel = true; };
   Show(form, [&](FormDialog& dialog, UserDriver& user) {
     form.TakeNotes();
     user.CloseWindow(0);

@@ -136,7 +136,7 @@ TEST_F(Recording, PutsAnUndoIntoKeys) {
 
 TEST_F(Recording, GivesAnAnswerBeforeTheLineThatAsks) {
   Record("03", [this](Form& form, UserDriver& user, FormDialog&) {
-    toolkit.onMessage = [](const MessageBox& box) {
+    toolkit.onMessage = [](const BoxRequest& box) {
       return box.buttons == MessageButtons::YesNo ? MessageAnswer::No : box.DefaultAnswer();
     };
     Type(user, "1000\t5\t20251231");

@@ -74,11 +74,16 @@ TEST_F(FieldEditing, TextBeyondTheLimitTakesNothingMore) {
   EXPECT_EQ(Inserted(form.txtFive, "|1|234567", "x"), "|1|234567");
 }
 
-TEST_F(FieldEditing, SingleLineTakesTheFirstLineOfAPaste) {
-  EXPECT_EQ(Inserted(form.txtFree, "|", "one\r\ntwo"), "one|");
-  EXPECT_EQ(Inserted(form.txtFree, "|", "one\ntwo"), "one|");
-  EXPECT_EQ(Inserted(form.txtFree, "a|b", "\ntwo"), "a|b");
-  EXPECT_EQ(Inserted(form.txtLines, "|", "one\r\ntwo"), "one\r\ntwo|");
+TEST_F(FieldEditing, TakesALineEndForOneCharacter) {
+  EXPECT_EQ(ByKey("a\r\n|b", key::kBackspace), "a|b");
+  EXPECT_EQ(ByKey("a|\r\nb", key::kDelete), "a|b");
+  EXPECT_EQ(ByKey("a\r\n|b", key::kLeft), "a|\r\nb");
+  EXPECT_EQ(ByKey("a|\r\nb", key::kRight), "a\r\n|b");
+}
+
+TEST_F(FieldEditing, GoesToTheEndsOfALine) {
+  EXPECT_EQ(ByKey("one\r\ntw|o\r\nsix", key::kHome), "one\r\n|two\r\nsix");
+  EXPECT_EQ(ByKey("one\r\ntw|o\r\nsix", key::kEnd), "one\r\ntwo|\r\nsix");
 }
 
 TEST_F(FieldEditing, NothingInsertedLeavesTheSelection) {

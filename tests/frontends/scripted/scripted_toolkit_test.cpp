@@ -4,7 +4,7 @@
 
 #include "core/session.h"
 #include "tests/frontends/played/play_scenario.h"
-#include "tests/frontends/played/played_form.h"
+#include "tests/frontends/played/played_screen.h"
 #include "tests/support/module_test.h"
 
 namespace fiscalon {
@@ -64,8 +64,9 @@ TEST(ScriptedUser, ChoosesRowsOfLists) {
       " expect focus cmb\n expect text lblSeen \"Picked two words\"\n type x\n choose cmb \"two words\"\n"
       " expect text lblSeen \"Picked two words\"\n choose lst First\n expect text lst First\n key Down\n"
       " expect text lst Second\n close 0\n");
-  ExpectFailed("show 15\n choose cmb first\n", 2, "a row \"first\" in cmb", "no such row");
-  EXPECT_EQ(SenselessReason("show 15\n choose txtA First\n"), "s:2: \"txtA\" is no list");
+  ExpectFailed("show 15\n choose cmb first\n", 2, "a row first in \"cmb\" of \"frmPlayed\"",
+               "the rows First, Second, \"two words\"");
+  EXPECT_EQ(SenselessReason("show 15\n choose txtA First\n"), "s:2: \"txtA\" of \"frmPlayed\" is no list");
 }
 
 TEST(ScriptedUser, UnknownControlIsToldWithTheKnownOnes) {
@@ -73,6 +74,11 @@ TEST(ScriptedUser, UnknownControlIsToldWithTheKnownOnes) {
   EXPECT_THAT(reason, HasSubstr("s:3: \"frmPlayed\" has no control \"txtB\"; it has txtA, txtLocked, chk, "));
   EXPECT_THAT(SenselessReason("show 15\n expect focus txta\n"), HasSubstr("no control \"txta\""));
   EXPECT_THAT(SenselessReason("show 15\n expect enabled x yes\n"), HasSubstr("no control \"x\""));
+}
+
+TEST(ScriptedUser, UnknownMemberIsToldWithTheKnownOnesOfItsArray) {
+  EXPECT_EQ(SenselessReason("show 15\n click lblRow(2)\n"),
+            "s:2: \"frmPlayed\" has no control \"lblRow(2)\"; it has lblRow(0), lblRow(1)");
 }
 
 TEST(ScriptedUser, SeesWhatTheUserSees) {
@@ -144,7 +150,7 @@ TEST_F(ScriptedToolkitTest, CallsWhoeverDrivesIt) {
     heard.push_back(user.Text(*form.FindControl("lblSeen")));
     user.Click(*form.FindControl("cmdOK"));
   };
-  scripted.onMessage = [&](const MessageBox& box) {
+  scripted.onMessage = [&](const BoxRequest& box) {
     heard.push_back(box.text);
     return MessageAnswer::No;
   };
@@ -170,7 +176,7 @@ TEST_F(ScriptedToolkitTest, WhatItsDriverThrowsComesOutOfTheShow) {
   scripted.onForm = [](Form&, UserDriver&) { throw std::logic_error("a failed test"); };
   EXPECT_THROW(session.ShowLevyraScreen("15"), std::logic_error);
   scripted.onForm = [](Form& form, UserDriver& user) { user.Click(*form.FindControl("cmdBox")); };
-  scripted.onMessage = [](const MessageBox&) -> MessageAnswer { throw std::logic_error("a failed test"); };
+  scripted.onMessage = [](const BoxRequest&) -> MessageAnswer { throw std::logic_error("a failed test"); };
   EXPECT_THROW(session.ShowLevyraScreen("15"), std::logic_error);
 }
 
@@ -187,7 +193,7 @@ TEST_F(SelfReplacing, CallbacksMayPutOthersInTheirPlace) {
     seen.push_back("form " + longEnoughForTheHeap);
     user.Click(*form.FindControl("cmdOK"));
   };
-  frontEnd.onMessage = [&frontEnd, &seen, longEnoughForTheHeap](const MessageBox& box) {
+  frontEnd.onMessage = [&frontEnd, &seen, longEnoughForTheHeap](const BoxRequest& box) {
     frontEnd.onMessage = nullptr;
     seen.push_back("box " + longEnoughForTheHeap);
     return box.DefaultAnswer();

@@ -125,9 +125,19 @@ TEST_F(TextPicture, ShowsEachKindOfControl) {
 │      First                              Name    [  ]                                 │
 │    * Second                                                                          │
 │                                                                                      │
+│    [                              ]                                                  │
+│                                                                                      │
 │    [ OK ]                                                                            │
 └──────────────────────────────────────────────────────────────────────────────────────┘
 )");
+}
+
+// The layout of the gallery has no place for its note.
+TEST_F(TextPicture, ShowsWhatTheLayoutForgetsAtTheEnd) {
+  GalleryForm form;
+  form.Load();
+  form.txtNote.Text("one\r\ntwo");
+  EXPECT_NE(Draw(form).find("[one\u21B5two                       ]"), std::string::npos) << Draw(form);
 }
 
 TEST_F(TextPicture, LeavesThePlaceOfWhatIsHiddenBlank) {
@@ -143,6 +153,8 @@ TEST_F(TextPicture, LeavesThePlaceOfWhatIsHiddenBlank) {
 │  Name    Second                                                                      │
 │      First                              Name                                         │
 │    * Second                                                                          │
+│                                                                                      │
+│    [                              ]                                                  │
 │                                                                                      │
 │    [ OK ]                                                                            │
 └──────────────────────────────────────────────────────────────────────────────────────┘

@@ -180,7 +180,7 @@ TEST_F(QuebecSourceDeductionsRecords, AreMissingForANameOf31WhichIsReported) {
   Levyra::SessionNumber(123456);
   session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
   EXPECT_TRUE(EnterAndPressOk());
-  const std::vector<MessageBox> boxes = TakeBoxes();
+  const std::vector<BoxRequest> boxes = TakeBoxes();
   ASSERT_EQ(boxes.size(), 1U);
   EXPECT_EQ(boxes[0].text,
             "The following error: 'Invalid procedure call or argument (Error 5)' occurred in procedure "
@@ -195,7 +195,7 @@ TEST_F(QuebecSourceDeductionsRecords, AreMissingForANameOf31WhichIsReported) {
 TEST_F(QuebecSourceDeductionsRecords, AreIncompleteOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
   files->printsLeft = 2;
   // By the time of the report, somebody has made room.
-  frontEnd.onMessage = [this](const MessageBox& box) {
+  frontEnd.onMessage = [this](const BoxRequest& box) {
     EXPECT_EQ(box.text,
               "The following error: 'Disk full (Error 61)' occurred in procedure 'frmQue_Rev_SourceDeduct.DoWrite'.");
     files->printsLeft = 10;
@@ -234,8 +234,9 @@ TEST_F(QuebecSourceDeductions, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight
   const frmQue_Rev_SourceDeduct form;
   EXPECT_EQ(form.txtRemittancePeriod.MaxLength(), 6);
   EXPECT_EQ(form.txtRemittancePeriod.Designed().alignment, Alignment::Left);
-  for (const TextField* amount : {&form.txtIncomeTaxWithheld, &form.txtQPP, &form.txtHealthFund, &form.txtQPIP,
-                                  &form.txtCSST, &form.txtAmountPayable}) {
+  for (const TextField* amount :
+       std::initializer_list<const TextField*>{&form.txtIncomeTaxWithheld, &form.txtQPP, &form.txtHealthFund,
+                                               &form.txtQPIP, &form.txtCSST, &form.txtAmountPayable}) {
     EXPECT_EQ(amount->MaxLength(), 12);
     EXPECT_EQ(amount->Designed().alignment, Alignment::Right);
   }
@@ -309,7 +310,7 @@ TEST_F(QuebecSourceDeductions, AmountBeyondAllNumbersIsReported) {
     Type(user, "202606\r");
     form.txtQPP.Text(std::string(400, '9'));
     user.Click(form.txtCSST);
-    const std::vector<MessageBox> boxes = TakeBoxes();
+    const std::vector<BoxRequest> boxes = TakeBoxes();
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].text,
               "The following error: 'Overflow (Error 6)' occurred in procedure 'frmQue_Rev_SourceDeduct.CheckValues'.");
@@ -329,7 +330,7 @@ TEST_F(QuebecSourceDeductions, TotalBeyondMoneyIsReportedAndStaysAsItWas) {
     EXPECT_EQ(form.txtAmountPayable.Text(), "1.00");
     form.txtQPP.Text("922337203685478.");
     user.PressMouse(form.txtCSST);
-    std::vector<MessageBox> boxes = TakeBoxes();
+    std::vector<BoxRequest> boxes = TakeBoxes();
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].text,
               "The following error: 'Overflow (Error 6)' occurred in procedure 'modLevyra.RecalcFormQueRevSrcDeduct'.");

@@ -86,6 +86,20 @@ TEST_F(Narrator, SaysWhereThereAreNoRecords) {
   EXPECT_THAT(Narrated("show 15\n  key Escape\n"), HasSubstr("\nThe host finds no records.\n"));
 }
 
+TEST_F(Narrator, TellsAScenarioOfAFileWithWhatStandsAhead) {
+  Write("a.scenario",
+        "# Ahead.\nhost CompName Summit\n\nscenario first\n# Of the first.\nshow 15\n  close 0\n\nscenario second\n"
+        "# Of the second.\nshow 15\n  close 1\n# At the end.\n");
+  const std::string told = Run("fiscalon play --narrate a.scenario").out;
+  EXPECT_THAT(told,
+              StartsWith("a.scenario: first\n\n# Ahead.\nhost CompName Summit\n\nscenario first\n# Of the first.\n"
+                         "show 15\n"));
+  EXPECT_THAT(told, HasSubstr("\na.scenario: second\n\n# Ahead.\nhost CompName Summit\n\nscenario second\n"
+                              "# Of the second.\nshow 15\n"));
+  EXPECT_EQ(told.find("Of the second"), told.rfind("Of the second"));
+  EXPECT_EQ(told.find("At the end"), told.rfind("At the end"));
+}
+
 TEST_F(Narrator, EndsWithTheFailure) {
   const std::string told = Narrated("show 15\n  expect focus cmdOK\n  key Escape\n");
   EXPECT_THAT(told, EndsWith("  expect focus cmdOK\n"

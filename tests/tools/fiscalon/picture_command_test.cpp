@@ -51,6 +51,13 @@ TEST_F(PictureCommand, IsLightOrDark) {
   EXPECT_LT(Background(Picture("15 --dark")).lightness(), 80);
 }
 
+TEST_F(PictureCommand, WantsOneScenario) {
+  Write("two.scenario", "scenario first\nshow 15\nclose 0\nscenario second\nshow 15\nclose 1\n");
+  const Outcome seen = Run("fiscalon picture 15 --out picture.png --scenario two.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_THAT(seen.err, EndsWith("two.scenario:4: one scenario is wanted, and here begins a second one, \"second\"\n"));
+}
+
 TEST_F(PictureCommand, ShowsTheFormAsAScenarioLeavesIt) {
   WriteScenario("202612");
   const QImage filled = Picture("15 --scenario fill.scenario");

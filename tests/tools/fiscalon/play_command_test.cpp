@@ -75,7 +75,7 @@ TEST_F(PlayCommand, PlaysTheOtherFilesWhereOneMakesNoSense) {
   const Outcome seen = Run("fiscalon play senseless.scenario good.scenario");
   EXPECT_EQ(seen.status, 2);
   EXPECT_EQ(seen.out, "ok   good.scenario\n1 passed, 0 failed\n");
-  EXPECT_EQ(seen.err, "senseless.scenario:2: \"press\" is nothing that a scenario can say\n");
+  EXPECT_EQ(seen.err, "senseless.scenario:2: \"press\" is nothing that a scenario can say; did you mean \"paste\"?\n");
 }
 
 TEST_F(PlayCommand, PlaysTheOtherFilesWhereOneMakesNoSenseForItsForm) {
@@ -137,6 +137,61 @@ TEST_F(PlayCommand, LeavesNoFolderBehind) {
       Run("mkdir tmp; TMPDIR=$PWD/tmp fiscalon play good.scenario bad.scenario senseless.scenario "
           ">played; ls tmp");
   EXPECT_THAT(seen.out, IsEmpty());
+}
+
+// Several scenarios in one file.
+
+TEST_F(PlayCommand, SaysByNameWhichScenariosOfAFilePassed) {
+  Write("two.scenario",
+        "host CompName x\nscenario \"the first\"\nshow 15\n  close 0\nscenario second\nshow 15\n  close 1\n");
+  const Outcome seen = Run("fiscalon play two.scenario good.scenario");
+  EXPECT_EQ(seen.status, 0);
+  EXPECT_EQ(seen.out,
+            "ok   two.scenario: the first\nok   two.scenario: second\nok   good.scenario\n3 passed, 0 failed\n");
+}
+
+TEST_F(PlayCommand, SaysWhichScenarioOfAFileFailedAndWhere) {
+  Write("two.scenario",
+        "scenario \"the first\"\nshow 15\n  expect focus cmdOK\n  close 0\nscenario second\nshow 15\n  close 1\n");
+  const Outcome seen = Run("fiscalon play two.scenario");
+  EXPECT_EQ(seen.status, 1);
+  EXPECT_EQ(seen.out,
+            "FAIL two.scenario: the first\n"
+            "     two.scenario:3: expect focus cmdOK\n"
+            "     expected: cmdOK\n"
+            "     seen:     txtRemittancePeriod\n"
+            "ok   two.scenario: second\n"
+            "1 passed, 1 failed\n");
+}
+
+TEST_F(PlayCommand, PlaysTheOthersOfAFileWhereOneMakesNoSenseForItsForm) {
+  Write("two.scenario", "scenario first\nshow 15\n  click cmdHelp\nscenario second\nshow 15\n  close 0\n");
+  const Outcome seen = Run("fiscalon play two.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.out, "ok   two.scenario: second\n1 passed, 0 failed\n");
+  EXPECT_THAT(seen.err, StartsWith("two.scenario:3: \"frmDueDateAmount\" has no control \"cmdHelp\"; it has "));
+}
+
+TEST_F(PlayCommand, StartsEachScenarioOfAFileAfresh) {
+  Write("two.scenario",
+        "today 2026-06-15\nhost PaidAmount 12345\n"
+        "scenario \"it leaves records\"\nshow 15\n  type 202612\n  type 12345\n  click cmdOK\nexpect chosen True\n"
+        "scenario \"there are none\"\nshow 15\n  close 0\nexpect chosen False\nexpect records 0\n");
+  EXPECT_EQ(Run("fiscalon play two.scenario").status, 0);
+}
+
+TEST_F(PlayCommand, PlaysOnlyWhatIsNamed) {
+  Write("two.scenario", "scenario \"the first\"\nshow 15\n  close 0\nscenario second\nshow 15\n  expect focus cmdOK\n");
+  const Outcome seen = Run("fiscalon play --only 'the first' two.scenario good.scenario");
+  EXPECT_EQ(seen.status, 0);
+  EXPECT_EQ(seen.out, "ok   two.scenario: the first\n1 passed, 0 failed\n");
+}
+
+TEST_F(PlayCommand, SaysWhereNoScenarioHasTheName) {
+  const Outcome seen = Run("fiscalon play --only first good.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.out, "0 passed, 0 failed\n");
+  EXPECT_EQ(seen.err, "fiscalon: no scenario is named \"first\"\n");
 }
 
 TEST_F(PlayCommand, SaysWhereTheBuildHasNoQtFrontEnd) {

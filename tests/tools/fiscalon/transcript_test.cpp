@@ -41,6 +41,21 @@ TEST_F(Transcript, PrintsEveryLineAndWhatHappensUnderIt) {
             "1 passed, 0 failed\n");
 }
 
+TEST_F(Transcript, NamesTheScenario) {
+  Write("a.scenario", "host CompName x\nscenario \"it closes\"\nshow 15\n  key Escape\n");
+  EXPECT_EQ(Run("fiscalon play --transcript a.scenario").out,
+            "play a.scenario: it closes\n"
+            "       1  host CompName x\n"
+            "       3  show 15\n"
+            "              Form_Load\n"
+            "              Form_Activate\n"
+            "       4  key Escape\n"
+            "              cmdCancel_Click\n"
+            "              result False\n"
+            "ok   a.scenario: it closes\n"
+            "1 passed, 0 failed\n");
+}
+
 TEST_F(Transcript, NamesTheAnswerOfABox) {
   // A date of another year asks whether to keep it.
   Write("a.scenario",

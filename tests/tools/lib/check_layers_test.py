@@ -16,7 +16,8 @@ SOUND_TREE = {
     "core/values/money.h": "#pragma once\n",
     "core/forms/form.h": '#include "core/platform/clock.h"\n',
     "core/session.h": '#include "core/forms/form.h"\n#include "core/values/money.h"\n',
-    "screens/general/due_date.h": '#include "core/session.h"\n#include "core/forms/form.h"\n',
+    "screens/parts/head.h": '#include "core/forms/form.h"\n',
+    "screens/general/due_date.h": '#include "core/session.h"\n#include "screens/parts/head.h"\n',
     "validation/rules.h": '#include "core/session.h"\n#include <string_view>\n',
     "frontends/played/player.h": '#include "screens/general/due_date.h"\n',
     "frontends/qt/dialog.h": '#include <QDialog>\n#include <QtWidgets/QLabel>\n#include "core/forms/form.h"\n',
@@ -54,6 +55,13 @@ class CheckLayers(unittest.TestCase):
             "core/session.h",
             '  #  include "screens/general/due_date.h"\n',
             'core/session.h:1: core may not include "screens/general/due_date.h" of screens',
+        )
+
+    def test_a_part_may_not_see_its_screens(self):
+        self.assert_one(
+            "screens/parts/head.h",
+            '#include "screens/general/due_date.h"\n',
+            'screens/parts/head.h:1: parts may not include "screens/general/due_date.h" of screens',
         )
 
     def test_siblings_may_not_see_each_other(self):

@@ -1,0 +1,103 @@
+#include "core/forms/laid_out.h"
+
+#include <set>
+
+#include "core/forms/button.h"
+#include "core/forms/form_misuse.h"
+#include "core/forms/label.h"
+
+namespace fiscalon {
+namespace {
+
+std::string WithoutBlanksAround(const std::string& text) {
+  const size_t first = text.find_first_not_of(' ');
+  return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(' ') + 1 - first);
+}
+
+/// The caption as it reads.
+std::string CaptionOf(const Control* control) {
+  const auto* captioned = dynamic_cast<const Captioned*>(control);
+  return captioned == nullptr ? std::string() : WithoutBlanksAround(captioned->PlainCaption());
+}
+
+std::string WithoutColon(std::string caption) {
+  while (caption.ends_with(':')) caption = WithoutBlanksAround(caption.substr(0, caption.size() - 1));
+  return caption;
+}
+
+const Frame* FrameOf(const Group& group) {
+  if (group.heading != nullptr) {
+    const auto* frame = dynamic_cast<const Frame*>(group.heading);
+    return frame != nullptr ? frame : group.heading->EnclosingFrame();
+  }
+  for (const Row& row : group.rows)
+    for (const Cell& cell : row.cells)
+      if (const Control* control = cell.field != nullptr ? cell.field : cell.caption)
+        return control->EnclosingFrame();
+  return nullptr;
+}
+
+bool IsBold(const Control* control) {
+  const auto* label = dynamic_cast<const Label*>(control);
+  return label != nullptr && label->Designed().bold;
+}
+
+LaidOutCell CellOf(const Cell& cell, const std::string& name) {
+  LaidOutCell result = {.caption = cell.caption, .field = cell.field, .hint = cell.hint};
+  result.standsOut = IsBold(cell.caption);
+  const bool captioned = !CaptionOf(cell.field).empty();
+  if (!captioned)
+    result.name = name;
+  result.description = CaptionOf(cell.hint);
+  if (result.description.empty() && captioned && cell.caption != nullptr)
+    result.description = name;
+  return result;
+}
+
+LaidOutGroup GroupOf(const Group& group) {
+  LaidOutGroup result = {.heading = group.heading, .frame = FrameOf(group), .column = group.column};
+  for (const Row& row : group.rows) {
+    std::string name = WithoutColon(CaptionOf(group.heading));
+    LaidOutRow& cells = result.rows.emplace_back();
+    for (const Cell& cell : row.cells) {
+      if (const std::string caption = WithoutColon(CaptionOf(cell.caption)); !caption.empty())
+        name = caption;
+      cells.push_back(CellOf(cell, name));
+    }
+  }
+  return result;
+}
+
+void RefuseFrameWithin(const Form& form, const Frame* outer, const Control* inner) {
+  if (outer != nullptr && inner != nullptr && inner != outer && inner->Kind() == ControlKind::Frame)
+    throw FormMisuse(form.Name(), inner->Name(), "is a frame within the frame " + outer->Name());
+}
+
+}  // namespace
+
+std::vector<LaidOutGroup> LaidOut(const Form& form) {
+  std::vector<LaidOutGroup> groups;
+  std::set<const Control*> placed(form.FormLayout().buttons.begin(), form.FormLayout().buttons.end());
+  for (const Group& group : form.FormLayout().groups) {
+    const LaidOutGroup& laidOut = groups.emplace_back(GroupOf(group));
+    placed.insert(group.heading);
+    for (const Row& row : group.rows)
+      for (const Cell& cell : row.cells)
+        for (const Control* control : {cell.caption, cell.field, cell.hint}) {
+          RefuseFrameWithin(form, laidOut.frame, control);
+          placed.insert(control);
+        }
+  }
+  Group forgotten;
+  // A frame without a place is no box: it only hides and disables what lies in it.
+  for (Control* control : form.Controls())
+    if (!placed.contains(control) && control->Kind() != ControlKind::Frame)
+      forgotten.rows.push_back({.cells = {{.field = control}}});
+  if (!forgotten.rows.empty()) {
+    LaidOutGroup& last = groups.emplace_back(GroupOf(forgotten));
+    last.frame = nullptr;
+  }
+  return groups;
+}
+
+}  // namespace fiscalon

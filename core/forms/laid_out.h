@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/forms/form.h"
+
+/// A form's layout as front ends show it, with what follows from it.
+namespace fiscalon {
+
+/// One field with what stands around it. Any of the three controls may be missing.
+struct LaidOutCell {
+  Control* caption = nullptr;
+  Control* field = nullptr;
+  Control* hint = nullptr;
+  /// Caption and field stand out, such as those of a total.
+  bool standsOut = false;
+  /// What a program that reads the form aloud calls the field: the caption before it, the last one in its row, or the
+  /// heading of its group. Empty where the field has a caption of its own.
+  std::string name = {};
+  /// What such a program says beside: the hint, or what stands before a field that has a caption of its own.
+  std::string description = {};
+};
+
+using LaidOutRow = std::vector<LaidOutCell>;
+
+/// Rows beneath each other. A heading that is no frame stands out.
+struct LaidOutGroup {
+  Control* heading = nullptr;
+  /// The frame that the group stands in: its heading, or that of its heading or fields; null for none.
+  const Frame* frame = nullptr;
+  int column = 0;
+  std::vector<LaidOutRow> rows = {};
+};
+
+/// The groups of a form, with captions as they read now. Controls that the layout forgets stand in a group at the end.
+/// Throws `FormMisuse` for a frame within a frame.
+std::vector<LaidOutGroup> LaidOut(const Form& form);
+
+}  // namespace fiscalon

@@ -1,0 +1,34 @@
+#include "core/platform/toolkit.h"
+
+namespace fiscalon {
+
+bool BoxRequest::Offers(MessageAnswer answer) const {
+  switch (answer) {
+    case MessageAnswer::Ok:
+      return buttons != MessageButtons::YesNo;
+    case MessageAnswer::Cancel:
+      return buttons == MessageButtons::OkCancel;
+    default:
+      return buttons == MessageButtons::YesNo;
+  }
+}
+
+MessageAnswer BoxRequest::DefaultAnswer() const {
+  // The second button is the careful one. A box of one button has no other.
+  if (defaultButton == DefaultButton::Second)
+    return ClosedAnswer();
+  return buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
+}
+
+MessageAnswer BoxRequest::ClosedAnswer() const {
+  switch (buttons) {
+    case MessageButtons::OkCancel:
+      return MessageAnswer::Cancel;
+    case MessageButtons::YesNo:
+      return MessageAnswer::No;
+    default:
+      return MessageAnswer::Ok;
+  }
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,51 @@
+#include "frontends/played/seen_things.h"
+
+#include "core/platform/code_page.h"
+#include "frontends/played/scenario.h"
+
+namespace fiscalon {
+namespace {
+
+std::string StyleName(MessageStyle style) {
+  switch (style) {
+    case MessageStyle::Critical:
+      return "critical";
+    case MessageStyle::Question:
+      return "question";
+    case MessageStyle::Exclamation:
+      return "exclamation";
+    case MessageStyle::Information:
+      return "information";
+    default:
+      return "plain";
+  }
+}
+
+}  // namespace
+
+std::string DescribedBox(const BoxRequest& box) {
+  std::string described = "message " + StyleName(box.style) + " " + QuotedArgument(WithPlainLineEnds(ToUtf8(box.text)));
+  if (!box.title.empty())
+    described += " title " + QuotedArgument(WithPlainLineEnds(ToUtf8(box.title)));
+  return described;
+}
+
+std::string DescribedHelp(const std::string& file, int32_t context) {
+  return "help " + QuotedArgument(file) + " " + std::to_string(context);
+}
+
+std::string Described(const SeenThing& thing) {
+  if (const auto* box = std::get_if<BoxRequest>(&thing))
+    return DescribedBox(*box);
+  if (const auto* help = std::get_if<SeenHelp>(&thing))
+    return DescribedHelp(ToUtf8(help->file), help->context);
+  return "beep";
+}
+
+std::string WithPlainLineEnds(std::string text) {
+  for (size_t at = text.find('\r'); at != std::string::npos; at = text.find('\r', at))
+    text.replace(at, at + 1 < text.size() && text[at + 1] == '\n' ? 2 : 1, "\n");
+  return text;
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,119 @@
+#include "core/forms/laid_out.h"
+
+#include <gtest/gtest.h>
+
+#include "core/forms/form_misuse.h"
+#include "tests/support/test_form.h"
+
+namespace fiscalon {
+namespace {
+
+class LaidOutForm : public TestForm {
+ public:
+  // clang-format off
+  Label        lblHead     {*this, "lblHead",     {.caption = " Period: "}};
+  Label        lblFrom     {*this, "lblFrom",     {.caption = "From::"}};
+  TextField    txtFrom     {*this, "txtFrom",     {}};
+  Label        lblHint     {*this, "lblHint",     {.caption = "YYYYMM"}};
+  TextField    txtTo       {*this, "txtTo",       {}};
+  Label        lblTotal    {*this, "lblTotal",    {.caption = "Total", .bold = true}};
+  TextField    txtTotal    {*this, "txtTotal",    {}};
+  CheckBox     chk         {*this, "chk",         {.caption = "&Final"}};
+  Frame        fra         {*this, "fra",         {.caption = "Kind"}};
+  OptionButton optA        {*this, "optA",        {.caption = "A", .frame = &fra}};
+  Frame        fraNoPlace  {*this, "fraNoPlace",  {}};
+  TextField    txtInside   {*this, "txtInside",   {.frame = &fraNoPlace}};
+  TextField    txtForgot   {*this, "txtForgot",   {}};
+  Button       cmdOK       {*this, "cmdOK",       {.caption = "&OK"}};
+  Button       cmdForgot   {*this, "cmdForgot",   {.caption = "Forgotten"}};
+  // clang-format on
+
+  const Layout& FormLayout() const override { return layout_; }
+
+ private:
+  const Layout layout_ = {.groups = {{.heading = &lblHead,
+                                      .column = 1,
+                                      .rows = {{{{&lblFrom, &txtFrom, &lblHint}, {nullptr, &txtTo}}},
+                                               {{{&lblTotal, &txtTotal}}},
+                                               {{{nullptr, &txtTo}}},
+                                               {{{&lblFrom, &chk}}}}},
+                                     {.heading = &fra, .rows = {{{{nullptr, &optA}}}}},
+                                     {.rows = {{{{nullptr, &txtInside}}}}}},
+                          .buttons = {&cmdOK}};
+};
+
+TEST(LaidOut, NamesAFieldByWhatTheEyeReadsBeforeIt) {
+  const LaidOutForm form;
+  const LaidOutGroup group = LaidOut(form)[0];
+  EXPECT_EQ(group.rows[0][0].name, "From") << "without the colons";
+  EXPECT_EQ(group.rows[0][1].name, "From") << "the last caption in its row";
+  EXPECT_EQ(group.rows[1][0].name, "Total");
+  EXPECT_EQ(group.rows[2][0].name, "Period") << "the heading of its group";
+}
+
+TEST(LaidOut, DescribesAFieldByItsHint) {
+  const LaidOutForm form;
+  const LaidOutGroup group = LaidOut(form)[0];
+  EXPECT_EQ(group.rows[0][0].description, "YYYYMM");
+  EXPECT_EQ(group.rows[0][1].description, "");
+}
+
+TEST(LaidOut, LeavesTheNameToAFieldWithACaptionOfItsOwn) {
+  const LaidOutForm form;
+  const LaidOutCell cell = LaidOut(form)[0].rows[3][0];
+  EXPECT_EQ(cell.name, "");
+  EXPECT_EQ(cell.description, "From") << "what stands before it says more";
+}
+
+TEST(LaidOut, ReadsCaptionsAsTheyAreNow) {
+  LaidOutForm form;
+  form.lblFrom.Caption("Since");
+  EXPECT_EQ(LaidOut(form)[0].rows[0][0].name, "Since");
+}
+
+TEST(LaidOut, SaysWhatStandsOut) {
+  const LaidOutForm form;
+  const LaidOutGroup group = LaidOut(form)[0];
+  EXPECT_FALSE(group.rows[0][0].standsOut);
+  EXPECT_TRUE(group.rows[1][0].standsOut);
+}
+
+TEST(LaidOut, SaysInWhichFrameAGroupStands) {
+  const LaidOutForm form;
+  const auto groups = LaidOut(form);
+  EXPECT_EQ(groups[0].frame, nullptr);
+  EXPECT_EQ(groups[0].column, 1);
+  EXPECT_EQ(groups[1].frame, &form.fra) << "its heading";
+  EXPECT_EQ(groups[2].frame, &form.fraNoPlace) << "that of its fields";
+}
+
+TEST(LaidOut, PutsForgottenControlsAtTheEndButNoForgottenFrame) {
+  const LaidOutForm form;
+  const LaidOutGroup last = LaidOut(form).back();
+  ASSERT_EQ(last.rows.size(), 2U);
+  EXPECT_EQ(last.rows[0][0].field, &form.txtForgot);
+  EXPECT_EQ(last.rows[1][0].field, &form.cmdForgot);
+  EXPECT_EQ(last.heading, nullptr);
+}
+
+TEST(LaidOut, RefusesAFrameWithinAFrame) {
+  class NestedForm : public TestForm {
+   public:
+    Frame fraOut{*this, "fraOut", {}};
+    Frame fraIn{*this, "fraIn", {}};
+    const Layout& FormLayout() const override { return layout_; }
+
+   private:
+    const Layout layout_ = {.groups = {{.heading = &fraOut, .rows = {{{{nullptr, &fraIn}}}}}}};
+  };
+  const NestedForm form;
+  try {
+    LaidOut(form);
+    ADD_FAILURE() << "a frame within a frame";
+  } catch (const FormMisuse& error) {
+    EXPECT_STREQ(error.what(), "frmTest.fraIn: is a frame within the frame fraOut");
+  }
+}
+
+}  // namespace
+}  // namespace fiscalon
