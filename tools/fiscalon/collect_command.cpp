@@ -15,6 +15,7 @@
 #include "frontends/played/host_properties.h"
 #include "frontends/played/session_recorder.h"
 #include "tools/fiscalon/option_names.h"
+#include "tools/fiscalon/payment_advice.h"
 #include "tools/fiscalon/qt_front_end.h"
 #include "tools/fiscalon/record_lines.h"
 #include "tools/fiscalon/screen_code.h"
@@ -160,8 +161,14 @@ class Collecting {
       recorder_.Error(error);
       Complain("fiscalon: error " + std::to_string(error.Number()) + " from " + ToUtf8(error.Source()) + ": " +
                ToUtf8(error.Description()));
+      Advise(error, session);
       return ExitStatus::Unusable;
     }
+  }
+
+  static void Advise(const RuntimeError& error, const Levyra& session) {
+    if (const std::string advice = AdviceOn(error, session); !advice.empty())
+      Complain("  " + advice);
   }
 
   void PrepareModule(Toolkit& toolkit) {
@@ -198,7 +205,11 @@ class Collecting {
     try {
       SetHostProperty(session, property, value);
     } catch (const RuntimeError& error) {
-      throw CommandError(FlagOf(property) + ": error " + std::to_string(error.Number()) + ", " + error.Description());
+      std::string complaint =
+          FlagOf(property) + ": error " + std::to_string(error.Number()) + ", " + error.Description();
+      if (const std::string advice = AdviceOn(error, session); !advice.empty())
+        complaint += "\n  " + advice;
+      throw CommandError(complaint);
     }
     recorder_.Host(property, value);
   }

@@ -66,7 +66,8 @@ TEST_F(CollectCommand, RefusesAValueThatThePropertyDoesNotTake) {
 TEST_F(CollectCommandWithQt, TellsWhatAPropertyRaises) {
   const Outcome seen = Collect("15 --paid-amount 1e999");
   EXPECT_EQ(seen.status, 2);
-  EXPECT_THAT(seen.err, HasSubstr("fiscalon: --paid-amount: error 6, Overflow\n"));
+  EXPECT_THAT(seen.err, HasSubstr("fiscalon: --paid-amount: error 6, Overflow\n"
+                                  "  PaidAmount takes cents as digits, such as 12345.\n"));
 }
 
 TEST_F(CollectCommandWithQt, WantsADisplay) {
