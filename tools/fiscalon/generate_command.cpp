@@ -119,7 +119,7 @@ void AddGenerateCommand(CLI::App& app, Context& context) {
   command->add_option("--screen", plan->screen, "Their screen")
       ->type_name("CODE")
       ->required()
-      ->check(CLI::IsMember({"03", "20"}));
+      ->check(OneOf({"03", "20"}));
   command->add_option("--bad", plan->badRate, "Which share of them is bad, from 0 to 1; without it none")
       ->type_name("RATE")
       ->check(Share);

@@ -170,8 +170,10 @@ void AddPlayCommand(CLI::App& app, Context& context) {
   command->add_option("FILE", options->files, "Scenario files")->required()->check(NameGiven);
   command->add_option("--toolkit", options->toolkit, "The front end that shows the forms")
       ->type_name("NAME")
-      ->check(CLI::IsMember({"scripted", "qt"}));
-  command->add_option("--only", options->only, "Play the scenarios of that name alone")->type_name("NAME");
+      ->check(OneOf({"scripted", "qt"}));
+  command->add_option("--only", options->only, "Play the scenarios of that name alone")
+      ->type_name("NAME")
+      ->check(NameGiven);
   CLI::Option* transcript =
       command->add_flag("--transcript", options->transcript, "Print every line and everything that happens");
   command->add_flag("--narrate", options->narrate, "Tell it with pictures of the form, the boxes and the records")

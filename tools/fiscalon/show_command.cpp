@@ -1,9 +1,11 @@
 #include "tools/fiscalon/show_command.h"
 
 #include <iostream>
+#include <optional>
 
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/option_names.h"
+#include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/shown_json.h"
 #include "tools/fiscalon/shown_text.h"
 #include "tools/fiscalon/visible_text.h"
@@ -22,19 +24,9 @@ Exit status: 0 all well, 1 something wrong in a record (all are printed all the 
 
 struct ShowOptions {
   std::string file = {};
-  std::string screen = {};
+  std::optional<std::string> screen = {};
   bool json = false;
 };
-
-const LaunchRow* ScreenOf(const std::string& code) {
-  if (code.empty())
-    return nullptr;
-  if (const LaunchRow* row = FindLaunchRow(code))
-    return row;
-  std::string codes;
-  for (const LaunchRow& row : LaunchTable()) codes.append(codes.empty() ? "" : ", ").append(row.code);
-  throw CommandError("there is no screen \"" + code + "\"; the codes are " + codes);
-}
 
 void PrintText(const std::string& name, const LaunchRow* screen, const std::vector<ShownRecord>& records,
                const Context& context) {
@@ -55,7 +47,7 @@ void PrintText(const std::string& name, const LaunchRow* screen, const std::vect
 }
 
 ExitStatus Show(const ShowOptions& options, const Context& context) {
-  const LaunchRow* screen = ScreenOf(options.screen);
+  const LaunchRow* screen = options.screen ? &ScreenOf(*options.screen) : nullptr;
   const std::string name = options.file == "-" ? "standard input" : options.file;
   std::string bytes;
   try {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <thread>
 
 #include "core/module_state.h"
@@ -12,6 +13,7 @@
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/progress_line.h"
 #include "tools/fiscalon/record_lines.h"
+#include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/visible_text.h"
 #include "tools/fiscalon/whole_file.h"
 #include "validation/batch.h"
@@ -36,8 +38,8 @@ line up; then there is no report. --today and --locale: see "fiscalon --help".)"
 
 struct ValidateOptions {
   std::string file = {};
-  std::string screen = {};
-  std::string amount = {};
+  std::optional<std::string> screen = {};
+  std::optional<std::string> amount = {};
   std::string biller = {};
   std::string payments = {};
   std::string records = {};
@@ -65,9 +67,10 @@ std::vector<std::string_view> RecordsOf(std::string_view bytes, const std::strin
 }
 
 ExitStatus ValidatePayment(const ValidateOptions& options, const Context& context) {
+  const std::string screen(ScreenOf(*options.screen).code);
   int64_t cents = 0;
-  if (const std::string problem = ReadCents(options.amount, cents); !problem.empty())
-    throw CommandError("--amount: " + problem);
+  if (const std::string problem = ReadCents(*options.amount, cents); !problem.empty())
+    throw UsageError("--amount: " + problem);
   const std::string name = options.file == "-" ? "standard input" : options.file;
   std::string bytes;
   try {
@@ -76,7 +79,6 @@ ExitStatus ValidatePayment(const ValidateOptions& options, const Context& contex
     throw CommandError(name + " can't be read: " + error.what());
   }
   const std::vector<std::string_view> records = RecordsOf(bytes, name);
-  const std::string screen = FromUtf8(options.screen);
   const std::string biller = FromUtf8(options.biller);
   std::string reason;
   const bool valid =
@@ -140,7 +142,7 @@ void PrintSummary(std::ostream& out, const BatchProgress& counts, const ReasonCo
 
 ExitStatus ValidateFiles(const ValidateOptions& options, const Context& context) {
   if (options.payments == "-" && options.records == "-")
-    throw CommandError("only one of --payments and --records can be standard input");
+    throw UsageError("only one of --payments and --records can be standard input");
   InterruptWatch watch;
   const auto payments = ByteSource::Open(options.payments);
   const auto records = ByteSource::Open(options.records);
@@ -168,13 +170,13 @@ ExitStatus ValidateFiles(const ValidateOptions& options, const Context& context)
 ExitStatus Validate(const ValidateOptions& options, const Context& context) {
   const bool isBatch = !options.payments.empty() || !options.records.empty();
   if (isBatch && (options.payments.empty() || options.records.empty()))
-    throw CommandError("a batch needs both --payments and --records");
-  if (isBatch && !(options.file + options.screen + options.amount + options.biller).empty())
-    throw CommandError("a batch names its payments in --payments: leave out FILE, --screen, --amount and --biller");
-  if (!isBatch && (options.file.empty() || options.screen.empty() || options.amount.empty()))
-    throw CommandError("a payment needs --screen, --amount and FILE; a batch --payments and --records");
+    throw UsageError("a batch needs both --payments and --records");
+  if (isBatch && (options.screen || options.amount || !(options.file + options.biller).empty()))
+    throw UsageError("a batch names its payments in --payments: leave out FILE, --screen, --amount and --biller");
+  if (!isBatch && (options.file.empty() || !options.screen || !options.amount))
+    throw UsageError("a payment needs --screen, --amount and FILE; a batch --payments and --records");
   if (!isBatch && !options.report.empty())
-    throw CommandError("--report goes with a batch");
+    throw UsageError("--report goes with a batch");
   TheModule().locale = context.SpokenLocale();
   if (context.today)
     TheModule().clock = std::make_shared<FixedClock>(*context.today);

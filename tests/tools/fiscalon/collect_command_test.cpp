@@ -45,7 +45,7 @@ TEST_F(CollectCommand, NamesTheScreensThereAre) {
   EXPECT_EQ(seen.status, 2);
   EXPECT_EQ(seen.err,
             "fiscalon: there is no screen \"99\"; the codes are 01, 02, 03, 04, 05, 06, 07, 08, 10, 11, 14, 15, 16, "
-            "17, 18, 19, 20, 25, 26, 27, 28\n");
+            "17, 18, 19, 20, 25, 26, 27, 28\nRun \"fiscalon collect --help\" for its options.\n");
 }
 
 TEST_F(CollectCommand, HasAnOptionForEachPropertyOfTheHost) {

@@ -178,7 +178,7 @@ TEST_F(OutputFiles, OfABatchGoBackWhereTheLastHasNoPlace) {
 TEST_F(OutputFiles, OfABatchAreNotThereAfterAnInterrupt) {
   for (const char* signal : {"INT", "TERM", "HUP"}) {
     // It would take hours. A shell has its background ignore SIGINT unless told otherwise.
-    const Outcome seen = Run(std::string("env --default-signal timeout 60 '" FISCALON_PROGRAM
+    const Outcome seen = Run(std::string("env --default-signal '" FISCALON_PROGRAM
                                          "' generate --payments 10000000000 --screen 03 --out long & program=$!\n"
                                          "until ls -A | grep -q '^.fiscalon-'; do :; done\n"
                                          "kill -") +
