@@ -1,32 +1,112 @@
-# What `cmake --install` puts in place: the library, its headers with the folders they have here, a CMake
-# package, a pkg-config file, man pages and shell completion. The program installs itself (tools/fiscalon).
+# What `cmake --install` puts in place, by components:
+#   runtime      the shared library
+#   tools        the program, its man pages and its shell completion
+#   qt           what shows windows: the program's twin with Qt, the payment desk, its desktop entry and icon
+#   development  headers, libraries to link, CMake packages, pkg-config files
+#   documents    README, LICENSE, guides, examples
 include(CMakePackageConfigHelpers)
 
 set(FISCALON_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/fiscalon)
 set(FISCALON_HEADER_DIR ${CMAKE_INSTALL_INCLUDEDIR}/fiscalon)
+set(FISCALON_PKGCONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-install(TARGETS fiscalon EXPORT fiscalonTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-
-install(DIRECTORY core screens validation DESTINATION ${FISCALON_HEADER_DIR} FILES_MATCHING PATTERN "*.h")
-install(DIRECTORY frontends/played frontends/scripted DESTINATION ${FISCALON_HEADER_DIR}/frontends FILES_MATCHING PATTERN "*.h")
-install(FILES include/fiscalon/fiscalon.h DESTINATION ${FISCALON_HEADER_DIR})
-
-install(EXPORT fiscalonTargets NAMESPACE fiscalon:: DESTINATION ${FISCALON_PACKAGE_DIR})
-configure_package_config_file(cmake/fiscalonConfig.cmake.in ${PROJECT_BINARY_DIR}/fiscalonConfig.cmake
-  INSTALL_DESTINATION ${FISCALON_PACKAGE_DIR})
-write_basic_package_version_file(${PROJECT_BINARY_DIR}/fiscalonConfigVersion.cmake COMPATIBILITY SameMinorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/fiscalonConfig.cmake ${PROJECT_BINARY_DIR}/fiscalonConfigVersion.cmake
-  DESTINATION ${FISCALON_PACKAGE_DIR})
+# fiscalon_install_library(TARGET EXPORT): a library, and the CMake package file that names it.
+function(fiscalon_install_library target export)
+  install(TARGETS ${target} EXPORT ${export}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+  install(EXPORT ${export} NAMESPACE fiscalon:: DESTINATION ${FISCALON_PACKAGE_DIR} COMPONENT development)
+endfunction()
 
 # The prefix is found from where the file itself lies, so that an installed tree can be moved.
 file(RELATIVE_PATH FISCALON_PREFIX_FROM_PKGCONFIG
   ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
-configure_file(cmake/fiscalon.pc.in ${PROJECT_BINARY_DIR}/fiscalon.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/fiscalon.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+function(fiscalon_install_pkgconfig name)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${FISCALON_PKGCONFIG_DIR} COMPONENT development)
+endfunction()
 
-file(GLOB FISCALON_MAN_PAGES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/man/*.1)
-install(FILES ${FISCALON_MAN_PAGES} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-file(GLOB FISCALON_COMPLETIONS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/completions/*)
-install(FILES ${FISCALON_COMPLETIONS} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+# The headers that hosts are promised. What they include comes with them, and everything else is the library's own.
+set(FISCALON_PROMISED_HEADERS
+  include/fiscalon/fiscalon.h
+  include/fiscalon/batch.h
+  include/fiscalon/front_end.h
+  include/fiscalon/scripted.h)
+if(TARGET fiscalon_qt)
+  list(APPEND FISCALON_PROMISED_HEADERS include/fiscalon/qt.h)
+endif()
+install(CODE "
+  execute_process(COMMAND \"${CMAKE_COMMAND}\" -D \"SOURCE_DIR=${PROJECT_SOURCE_DIR}\"
+    -D \"STAGE_DIR=${PROJECT_BINARY_DIR}/headers/fiscalon\" -D \"HEADERS=${FISCALON_PROMISED_HEADERS}\"
+    -P \"${PROJECT_SOURCE_DIR}/cmake/StageHeaders.cmake\" COMMAND_ERROR_IS_FATAL ANY)"
+  COMPONENT development)
+install(DIRECTORY ${PROJECT_BINARY_DIR}/headers/fiscalon/ DESTINATION ${FISCALON_HEADER_DIR} COMPONENT development)
+
+fiscalon_install_library(fiscalon fiscalonTargets)
+fiscalon_install_pkgconfig(fiscalon)
+if(TARGET fiscalon_qt)
+  fiscalon_install_library(fiscalon_qt fiscalonQtTargets)
+  # Who links the shared front end links no Qt for it.
+  get_target_property(kind fiscalon_qt TYPE)
+  set(FISCALON_QT_REQUIRES "fiscalon = ${PROJECT_VERSION}")
+  set(FISCALON_QT_REQUIRES_PRIVATE "Qt6Widgets >= 6.4")
+  if(kind STREQUAL "STATIC_LIBRARY")
+    string(APPEND FISCALON_QT_REQUIRES ", ${FISCALON_QT_REQUIRES_PRIVATE}")
+    set(FISCALON_QT_REQUIRES_PRIVATE "")
+  endif()
+  fiscalon_install_pkgconfig(fiscalon-qt)
+endif()
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/fiscalonConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/fiscalonConfig.cmake INSTALL_DESTINATION ${FISCALON_PACKAGE_DIR})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/fiscalonConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/fiscalonConfig.cmake ${PROJECT_BINARY_DIR}/fiscalonConfigVersion.cmake
+  DESTINATION ${FISCALON_PACKAGE_DIR} COMPONENT development)
+
+# fiscalon_install_man(COMPONENT page...): distributions want the pages compressed.
+function(fiscalon_install_man component)
+  foreach(page IN LISTS ARGN)
+    set(installed ${PROJECT_SOURCE_DIR}/man/${page})
+    if(FISCALON_COMPRESS_MAN)
+      set(installed ${PROJECT_BINARY_DIR}/man/${page}.gz)
+      fiscalon_compress(${PROJECT_SOURCE_DIR}/man/${page} ${installed})
+    endif()
+    install(FILES ${installed} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${component})
+  endforeach()
+endfunction()
+# fiscalon_compress(FROM TO): as small as it gets, the same at any time.
+function(fiscalon_compress from to)
+  cmake_path(GET to PARENT_PATH folder)
+  file(MAKE_DIRECTORY ${folder})
+  execute_process(COMMAND gzip -9nc ${from} OUTPUT_FILE ${to} COMMAND_ERROR_IS_FATAL ANY)
+  set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${from})
+endfunction()
+
+if(TARGET fiscalon_cli)
+  install(TARGETS fiscalon_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+  file(GLOB pages CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/man ${PROJECT_SOURCE_DIR}/man/*.1)
+  list(REMOVE_ITEM pages fiscalon-desk.1)
+  fiscalon_install_man(tools ${pages})
+  install(FILES ${PROJECT_SOURCE_DIR}/completions/fiscalon
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+  install(FILES ${PROJECT_SOURCE_DIR}/completions/_fiscalon
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT tools)
+  install(FILES ${PROJECT_SOURCE_DIR}/completions/fiscalon.fish
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT tools)
+endif()
+if(TARGET fiscalon_cli_qt)
+  install(TARGETS fiscalon_cli_qt RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/fiscalon COMPONENT qt)
+endif()
+if(TARGET fiscalon_desk)
+  install(TARGETS fiscalon_desk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT qt)
+  fiscalon_install_man(qt fiscalon-desk.1)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/desk/fiscalon-desk.desktop
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT qt)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/desk/fiscalon-desk.svg
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT qt)
+endif()
+
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documents)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documents
+  PATTERN CMakeLists.txt EXCLUDE)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documents)

@@ -10,16 +10,6 @@ ModuleState& TheModule() {
   return state;
 }
 
-void ResetModule() {
-  // Forms go before the services: one may still hold a file that a failed output left open.
-  TheModule().forms.clear();
-  TheModule() = ModuleState{};
-}
-
-void UseToolkit(Toolkit* toolkit) {
-  TheModule().toolkit = toolkit;
-}
-
 Toolkit& TheToolkit() {
   if (Toolkit* toolkit = TheModule().toolkit)
     return *toolkit;

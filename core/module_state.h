@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/host_setup.h"
 #include "core/platform/clock.h"
 #include "core/platform/files.h"
 #include "core/platform/locale.h"
@@ -44,12 +45,6 @@ struct ModuleState {
 
 /// The process's module state.
 ModuleState& TheModule();
-
-/// Puts the module back to how it is when the library has just been loaded: real services, no form made.
-void ResetModule();
-
-/// Installs the front end that shows forms, boxes and help; null takes it away.
-void UseToolkit(Toolkit* toolkit);
 
 /// The installed front end. Error 91 where a host has installed none, with the remedy in the description.
 Toolkit& TheToolkit();

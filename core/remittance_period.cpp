@@ -4,6 +4,7 @@
 #include "core/module_state.h"
 #include "core/platform/runtime_error.h"
 #include "core/user_locale.h"
+#include "core/value_routines.h"
 #include "core/values/calendar.h"
 #include "core/values/leading_number.h"
 
@@ -20,7 +21,7 @@ void Report(const RuntimeError& error, std::string_view procedure, Batch batch) 
 bool IsRemittancePeriodInRange(std::string_view period, const Date& today) {
   if (period.size() < 6)
     return false;
-  const Date date = DateFromParts(ToInt16(period.substr(0, 4)), ToInt16(period.substr(4, 2)), 1);
+  const Date date = DateFromTexts(period.substr(0, 4), period.substr(4, 2));
   if (FormatDate(date, "YYYYMMDD") != std::string(period) + "01")
     return false;
   const Date thisMonth = DateFromParts(today.year, today.month, 1);

@@ -25,7 +25,7 @@ struct GivenPayment {
   std::string ShownDate() const;
 
   std::string seqNumber = {};
-  int16_t writeFile = kFalse;
+  Boolean writeFile = {};
   std::string enterName = {};
   std::string enterTitle = {};
   std::string govFilename = {};
@@ -47,8 +47,8 @@ class Screen : public Form {
   const std::string& SeqNumber() const { return Get(given_.seqNumber, "SeqNumber"); }
   void SeqNumber(std::string_view text) { Let(given_.seqNumber, text, "SeqNumber"); }
   /// Exactly True: records go to the file `GovFilename`. Anything else: to `PC4Records`.
-  int16_t WriteFile() const { return Get(given_.writeFile, "WriteFile"); }
-  void WriteFile(int16_t value) { Let(given_.writeFile, value, "WriteFile"); }
+  Boolean WriteFile() const { return Get(given_.writeFile, "WriteFile"); }
+  void WriteFile(Boolean value) { Let(given_.writeFile, value, "WriteFile"); }
   /// The person entering; at most 30 characters fit a record.
   const std::string& EnterName() const { return Get(given_.enterName, "EnterName"); }
   void EnterName(std::string_view text) { Let(given_.enterName, text, "EnterName"); }
@@ -76,7 +76,7 @@ class Screen : public Form {
   /// The screen's own collection, made on first use. The next output of the screen empties it.
   std::shared_ptr<PC4s> PC4Records();
   /// True after OK, False after Cancel. Not reset when the form loads.
-  int16_t Chosen() const { return Get(chosen_, "Chosen"); }
+  Boolean Chosen() const { return Get(chosen_, "Chosen"); }
 
   // For the parts that the form is made of.
   using Form::DoEvents;
@@ -86,7 +86,7 @@ class Screen : public Form {
   /// What the launch has set. The form's own code reads it here: only the properties are accesses from outside.
   const GivenPayment& Payment() const { return given_; }
 
-  void Chosen(int16_t value) { chosen_ = value; }
+  void Chosen(Boolean value) { chosen_ = value; }
 
   /// A property is read ("Get") or written ("Let").
   virtual void Accessed(std::string_view /*access*/, std::string_view /*property*/) const {}
@@ -140,7 +140,7 @@ class Screen : public Form {
 
   GivenPayment given_;
   std::shared_ptr<PC4s> pc4Records_;
-  int16_t chosen_ = kFalse;
+  Boolean chosen_;
   std::unique_ptr<OutputFile> output_;
 };
 

@@ -18,14 +18,14 @@ constexpr auto kInvalidScreenType = static_cast<int32_t>(0x80040001);
 constexpr auto kScreenNotAvailable = static_cast<int32_t>(0x80040002);
 
 // The form's one instance, which lives as long as the library.
-Screen& InstanceOf(const LaunchRow& row) {
+std::shared_ptr<Form> InstanceOf(const LaunchRow& row) {
   if (row.make == nullptr)
     throw RuntimeError(kScreenNotAvailable, "Screen \"" + std::string(row.code) + "\" (" + std::string(row.form) +
                                                 ") is not part of this version");
   std::shared_ptr<Form>& instance = TheModule().forms[std::string(row.form)];
   if (!instance)
     instance = row.make();
-  return static_cast<Screen&>(*instance);
+  return instance;
 }
 
 }  // namespace
@@ -53,7 +53,7 @@ bool Levyra::ShowGST58() const {
   return TheModule().showGst58;
 }
 
-void Levyra::PlayByPlayEnabled(int16_t value) {
+void Levyra::PlayByPlayEnabled(Boolean value) {
   TheModule().playByPlayEnabled = value;
 }
 
@@ -79,7 +79,9 @@ bool Levyra::ShowLevyraScreen(std::string_view screenCode) {
 
 bool Levyra::Launch(const LaunchRow& row) {
   Toolkit& toolkit = TheToolkit();
-  Screen& screen = InstanceOf(row);
+  // Kept here too: a handler may reset the module, which forgets its forms.
+  const std::shared_ptr<Form> instance = InstanceOf(row);
+  auto& screen = static_cast<Screen&>(*instance);
   for (const LaunchProperty& property : row.properties) property.set(*this, row.code, screen);
   if (row.beforeShow != nullptr)
     row.beforeShow(screen);

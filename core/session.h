@@ -21,45 +21,45 @@ class Levyra {
   Levyra();
 
   /// The host's customer number. The error log names it from then on.
-  const std::string& ZelmorNumber() const { return zelmorNumber_; }
+  std::string ZelmorNumber() const { return zelmorNumber_; }
   void ZelmorNumber(std::string_view text);
   /// Biller code, such as "001052".
-  const std::string& CompCode() const { return compCode_; }
+  std::string CompCode() const { return compCode_; }
   void CompCode(std::string_view text) { compCode_ = text; }
   /// Biller name, shown on the screens.
-  const std::string& CompName() const { return compName_; }
+  std::string CompName() const { return compName_; }
   void CompName(std::string_view text) { compName_ = text; }
   /// Kept for the host; no screen receives it.
-  const std::string& AccountNumber() const { return accountNumber_; }
+  std::string AccountNumber() const { return accountNumber_; }
   void AccountNumber(std::string_view text) { accountNumber_ = text; }
   /// The amount of the payment. Written in cents ("12345"), read back in dollars ("123.45", ".05", "12"). A text
   /// that begins with no number is 0. Error 6 for a number beyond all floats.
-  const std::string& PaidAmount() const { return paidAmount_; }
+  std::string PaidAmount() const { return paidAmount_; }
   void PaidAmount(std::string_view cents);
   /// Payment date, 8 digits: month, day, year.
-  const std::string& PaidDate() const { return paidDate_; }
+  std::string PaidDate() const { return paidDate_; }
   void PaidDate(std::string_view text) { paidDate_ = text; }
   /// How many items the generic remittance screen collects, 1 to 12.
-  const std::string& NumberOfInfoCollect() const { return numberOfInfoCollect_; }
+  std::string NumberOfInfoCollect() const { return numberOfInfoCollect_; }
   void NumberOfInfoCollect(std::string_view text) { numberOfInfoCollect_ = text; }
   /// Full path of the record file.
-  const std::string& GovFilename() const { return govFilename_; }
+  std::string GovFilename() const { return govFilename_; }
   void GovFilename(std::string_view text) { govFilename_ = text; }
   /// The person entering: at most 30 characters fit a record, a longer name fails the output.
-  const std::string& EnterName() const { return enterName_; }
+  std::string EnterName() const { return enterName_; }
   void EnterName(std::string_view text) { enterName_ = text; }
   /// That person's title: at most 20 characters fit a record.
-  const std::string& EnterTitle() const { return enterTitle_; }
+  std::string EnterTitle() const { return enterTitle_; }
   void EnterTitle(std::string_view text) { enterTitle_ = text; }
   /// 1: the payment is on hold and has no fixed date.
   uint8_t APHoldFlg() const { return apHoldFlg_; }
   void APHoldFlg(uint8_t value) { apHoldFlg_ = value; }
   /// Four characters that head each record of the payment.
-  const std::string& SeqNumber() const { return seqNumber_; }
+  std::string SeqNumber() const { return seqNumber_; }
   void SeqNumber(std::string_view text) { seqNumber_ = text; }
   bool ShowGST58() const;
   /// Name offered on the donation screen.
-  const std::string& BusinessName() const { return businessName_; }
+  std::string BusinessName() const { return businessName_; }
   void BusinessName(std::string_view text) { businessName_ = text; }
 
   /// Shows the screen of a two-digit code and waits for the user. True: OK was chosen, and the records are in the
@@ -68,15 +68,16 @@ class Levyra {
   /// without a forms toolkit, and whatever left the form.
   bool ShowLevyraScreen(std::string_view screenCode);
 
-  int16_t WriteFile() const { return writeFile_; }
-  void WriteFile(int16_t value) { writeFile_ = value; }
+  /// True, and nothing else: records go to the file `GovFilename`. At first False.
+  Boolean WriteFile() const { return writeFile_; }
+  void WriteFile(Boolean value) { writeFile_ = value; }
   /// The records of the last screen that ended with OK and without a file. It is the screen's own collection:
   /// its next output empties it. Null where there was none.
-  const std::shared_ptr<PC4s>& PC4Records() const { return pc4Records_; }
+  std::shared_ptr<PC4s> PC4Records() const { return pc4Records_; }
   void PC4Records(std::shared_ptr<PC4s> records) { pc4Records_ = std::move(records); }
 
   /// Turns the play-by-play log on (any value but 0) or off, for the whole process.
-  static void PlayByPlayEnabled(int16_t value);
+  static void PlayByPlayEnabled(Boolean value);
   /// The folder of the logs, for the whole process.
   static void MainPath(std::string_view text);
   /// The host's session number; its last three digits stand in lines of the error log. Error 6 beyond 32 bits.
@@ -98,7 +99,7 @@ class Levyra {
   uint8_t apHoldFlg_ = 0;
   std::string seqNumber_;
   std::string businessName_;
-  int16_t writeFile_ = kFalse;
+  Boolean writeFile_;
   std::shared_ptr<PC4s> pc4Records_;
 };
 

@@ -64,11 +64,19 @@ bool IsWholeHundreds(std::string_view text) {
   return IsAllDigits(text) && ToInt32(LeadingNumber(text)) % 100 == 0;
 }
 
+Date DateFromTexts(std::string_view year, std::string_view month, std::string_view day) {
+  // One statement for each: the order in which a call's arguments are read is the compiler's.
+  const int16_t years = ToInt16(year);
+  const int16_t months = ToInt16(month);
+  const int16_t days = ToInt16(day);
+  return DateFromParts(years, months, days);
+}
+
 Date DateFromYYYYMMDD(std::string_view text) {
   const auto part = [&](size_t from, size_t length) {
-    return ToInt16(from < text.size() ? text.substr(from, length) : std::string_view{});
+    return from < text.size() ? text.substr(from, length) : std::string_view{};
   };
-  return DateFromParts(part(0, 4), part(4, 2), part(6, 2));
+  return DateFromTexts(part(0, 4), part(4, 2), part(6, 2));
 }
 
 bool IsValidYYYYMMDD(std::string_view text) {
@@ -78,9 +86,9 @@ bool IsValidYYYYMMDD(std::string_view text) {
 bool IsValidYYYYMMDD(std::string_view text, const Date& today) {
   if (text.size() < 8)
     return false;
-  const int16_t year = ToInt16(text.substr(0, 4));
   // The day is the last two characters, so the comparison refuses whatever is longer than a date.
-  const Date date = DateFromParts(year, ToInt16(text.substr(4, 2)), ToInt16(text.substr(text.size() - 2)));
+  const Date date = DateFromTexts(text.substr(0, 4), text.substr(4, 2), text.substr(text.size() - 2));
+  const int16_t year = ToInt16(text.substr(0, 4));
   return FormatDate(date, "YYYYMMDD") == text && year >= today.year - kYearsAround && year <= today.year + kYearsAround;
 }
 

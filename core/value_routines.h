@@ -38,6 +38,9 @@ bool IsWholeHundreds(std::string_view text);
 
 // Dates.
 
+/// The date of a year, a month and a day that are texts, which are read in this order: the first that fails decides the
+/// error, 13 for one that is no number, 6 for one beyond 16 bits.
+Date DateFromTexts(std::string_view year, std::string_view month, std::string_view day = "1");
 /// The date of characters 1-4, 5-6 and 7-8. Days and months beyond their range roll over: "20070230" is
 /// March 2, 2007. Error 13 for a part that is no number, 5 for a date beyond the year 9999.
 Date DateFromYYYYMMDD(std::string_view text);

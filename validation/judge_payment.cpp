@@ -4,6 +4,7 @@
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"
+#include "validation/rule_sets.h"
 
 namespace fiscalon {
 
@@ -18,12 +19,29 @@ Expectation PaymentJudge::ExpectAnyAmount(const PaymentFigures& payment) const {
           .day = &day_};
 }
 
-bool PaymentJudge::JudgeClosely(const RuleSet* rules, std::span<const std::string_view> records,
-                                const Expectation& expected, std::string& reason) {
+Expectation PaymentJudge::Expect(const PaymentFigures& payment) const {
+  // Amounts of up to 15 digits lose nothing as a text of dollars, so they read back as the quotient itself.
+  constexpr int64_t kFifteenDigits = 999'999'999'999'999;
+  const int64_t cents = payment.cents;
+  if (cents < 0 || cents > kFifteenDigits)
+    return ExpectAnyAmount(payment);
+  return {.paymentAmount = static_cast<double>(cents) / 100,
+          .paymentCents = static_cast<uint64_t>(cents),
+          .billerCode = payment.billerCode,
+          .day = &day_};
+}
+
+bool PaymentJudge::Judge(const PaymentFigures& payment, std::span<const std::string_view> records,
+                         std::string& reason) const {
+  reason.clear();
+  const RuleSet* const rules = RulesOf(payment.screenCode);
   if (rules == nullptr) {
     reason = kUnsupportedScreen;
     return false;
   }
+  const Expectation expected = Expect(payment);
+  if (PassesQuickly(*rules, records, expected))
+    return true;
   try {
     return JudgeRecords(*rules, records, expected, reason);
   } catch (const RuntimeError& error) {

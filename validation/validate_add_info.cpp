@@ -9,6 +9,7 @@
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"
+#include "validation/expectation.h"
 #include "validation/rule_sets.h"
 
 namespace fiscalon {
@@ -26,7 +27,7 @@ class RecordViews {
       views = many_.data();
     }
     views_ = {views, count};
-    for (const PC4& record : records) *views++ = record.Description();
+    for (const PC4& record : records) *views++ = record.DescriptionView();
   }
 
   std::span<const std::string_view> All() const { return views_; }
@@ -52,7 +53,7 @@ void clsValidateAddInfo::PaymentAmount(std::string_view cents) {
   cents_ = CentsOfDollars(dollars_);
 }
 
-void clsValidateAddInfo::PlayByPlayEnabled(int16_t value) {
+void clsValidateAddInfo::PlayByPlayEnabled(Boolean value) {
   TheModule().playByPlayEnabled = value;
 }
 

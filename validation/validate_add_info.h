@@ -6,9 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/platform/runtime_error.h"
+#include "core/boolean.h"
 #include "core/records/pc4_records.h"
-#include "validation/expectation.h"
 
 namespace fiscalon {
 
@@ -17,37 +16,37 @@ namespace fiscalon {
 /// Windows-1252. For whole batches see validation/batch.h.
 class clsValidateAddInfo {
  public:
-  const std::string& ScreenCode() const { return screenCode_; }
+  std::string ScreenCode() const { return screenCode_; }
   void ScreenCode(std::string_view text) { screenCode_ = text; }
   /// Kept for the host; no rule looks at it.
-  const std::string& NumberOfFields() const { return numberOfFields_; }
+  std::string NumberOfFields() const { return numberOfFields_; }
   void NumberOfFields(std::string_view text) { numberOfFields_ = text; }
   /// Screen "20" asks biller "001052" alone for a remittance type.
-  const std::string& BillerCode() const { return billerCode_; }
+  std::string BillerCode() const { return billerCode_; }
   void BillerCode(std::string_view text) { billerCode_ = text; }
   /// Kept for the host; no rule looks at it.
-  const std::string& BillerName() const { return billerName_; }
+  std::string BillerName() const { return billerName_; }
   void BillerName(std::string_view text) { billerName_ = text; }
   /// Kept for the host; no rule looks at it.
-  const std::string& PaymentDate() const { return paymentDate_; }
+  std::string PaymentDate() const { return paymentDate_; }
   void PaymentDate(std::string_view text) { paymentDate_ = text; }
   /// The amount to be paid. Written in cents ("12345"), read back in dollars ("123.45"). A text that begins
   /// with no number is 0. Error 6 for a number beyond all floats.
-  const std::string& PaymentAmount() const { return paymentAmount_; }
+  std::string PaymentAmount() const { return paymentAmount_; }
   void PaymentAmount(std::string_view cents);
   /// The records to check. Null until the host sets them, which `IsInfoValid` reports as error 91.
-  const std::shared_ptr<PC4s>& PC4Records() const { return pc4Records_; }
+  std::shared_ptr<PC4s> PC4Records() const { return pc4Records_; }
   void PC4Records(std::shared_ptr<PC4s> records) { pc4Records_ = std::move(records); }
   /// Turns the play-by-play log on (any value but 0) or off, for the whole process.
-  static void PlayByPlayEnabled(int16_t value);
+  static void PlayByPlayEnabled(Boolean value);
   /// Every failure that the last check found, ", " between them; empty where there was none.
-  const std::string& InvalidReason() const { return invalidReason_; }
+  std::string InvalidReason() const { return invalidReason_; }
   void InvalidReason(std::string_view text) { invalidReason_ = text; }
   /// The records as a check cuts them into fields. A check replaces what a host sets here, and leaves null,
   /// unless an error ended it: then they hold what had been cut.
-  const std::shared_ptr<clsPC4GovFormats>& PC4GovFormatRecords() const { return govFormatRecords_; }
+  std::shared_ptr<clsPC4GovFormats> PC4GovFormatRecords() const { return govFormatRecords_; }
   void PC4GovFormatRecords(std::shared_ptr<clsPC4GovFormats> records) { govFormatRecords_ = std::move(records); }
-  const std::shared_ptr<clsPC4FreeFormats>& PC4FreeFormatRecords() const { return freeFormatRecords_; }
+  std::shared_ptr<clsPC4FreeFormats> PC4FreeFormatRecords() const { return freeFormatRecords_; }
   void PC4FreeFormatRecords(std::shared_ptr<clsPC4FreeFormats> records) { freeFormatRecords_ = std::move(records); }
 
   /// Whether the records pass all rules of `ScreenCode`; `InvalidReason` tells the rest. A run-time error in a

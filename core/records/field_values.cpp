@@ -1,6 +1,7 @@
 #include "core/records/field_values.h"
 
 #include "core/platform/locale.h"
+#include "core/platform/runtime_error.h"
 #include "core/values/format.h"
 #include "core/values/leading_number.h"
 
@@ -33,6 +34,8 @@ std::string DigitsOf(Money value, std::string_view pattern) {
 }
 
 std::string PadRight(std::string_view text, int16_t width, std::string_view fill) {
+  if (width < 0 || fill.empty())
+    Raise(error_number::kInvalidProcedureCall);
   const auto columns = static_cast<size_t>(width);
   std::string padded(text.substr(0, columns));
   if (padded.size() < columns)

@@ -30,7 +30,7 @@ std::string DigitsOf(double value, std::string_view pattern = kZeroValue);
 std::string DigitsOf(Money value, std::string_view pattern = kZeroValue);
 
 /// The text with as many of the first character of `fill` behind it as `width` needs, or its first `width`
-/// characters.
+/// characters. Error 5 for a negative width, and for nothing to fill with.
 std::string PadRight(std::string_view text, int16_t width, std::string_view fill);
 
 }  // namespace fiscalon

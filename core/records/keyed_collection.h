@@ -1,7 +1,9 @@
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <string>
@@ -20,22 +22,48 @@ template <typename Member>
 class KeyedCollection {
   using Members = std::vector<std::unique_ptr<Member>>;
 
- public:
-  /// Walks the members in order, as references.
-  template <typename Base, typename Reference>
+  /// Walks the members in order, as references, with all that the standard algorithms want.
+  template <typename Reference>
   class Walk {
    public:
-    explicit Walk(Base at) : at_(at) {}
-    Reference& operator*() const { return **at_; }
-    Walk& operator++() {
-      ++at_;
+    using iterator_category = std::random_access_iterator_tag;
+    using value_type = Member;
+    using difference_type = std::ptrdiff_t;
+    using pointer = Reference*;
+    using reference = Reference&;
+
+    Walk() = default;
+    explicit Walk(const std::unique_ptr<Member>* at) : at_(at) {}
+    /// Whoever may change a member may read it.
+    operator Walk<const Member>() const { return Walk<const Member>(at_); }
+
+    reference operator*() const { return **at_; }
+    pointer operator->() const { return at_->get(); }
+    reference operator[](difference_type steps) const { return *at_[steps]; }
+
+    Walk& operator++() { return *this += 1; }
+    Walk& operator--() { return *this -= 1; }
+    Walk operator++(int) { return std::exchange(*this, *this + 1); }
+    Walk operator--(int) { return std::exchange(*this, *this - 1); }
+    Walk& operator+=(difference_type steps) {
+      at_ += steps;
       return *this;
     }
-    bool operator==(const Walk&) const = default;
+    Walk& operator-=(difference_type steps) { return *this += -steps; }
+    friend Walk operator+(Walk walk, difference_type steps) { return walk += steps; }
+    friend Walk operator+(difference_type steps, Walk walk) { return walk += steps; }
+    friend Walk operator-(Walk walk, difference_type steps) { return walk -= steps; }
+    friend difference_type operator-(const Walk& a, const Walk& b) { return a.at_ - b.at_; }
+    friend auto operator<=>(const Walk&, const Walk&) = default;
 
    private:
-    Base at_;
+    const std::unique_ptr<Member>* at_ = nullptr;
   };
+
+ public:
+  using value_type = Member;
+  using iterator = Walk<Member>;
+  using const_iterator = Walk<const Member>;
 
   Member& Item(int32_t position) { return *members_[Index(position)]; }
   const Member& Item(int32_t position) const { return *members_[Index(position)]; }
@@ -62,10 +90,10 @@ class KeyedCollection {
     keys_.reset();
   }
 
-  auto begin() { return Walk<typename Members::iterator, Member>(members_.begin()); }
-  auto end() { return Walk<typename Members::iterator, Member>(members_.end()); }
-  auto begin() const { return Walk<typename Members::const_iterator, const Member>(members_.begin()); }
-  auto end() const { return Walk<typename Members::const_iterator, const Member>(members_.end()); }
+  iterator begin() { return iterator(members_.data()); }
+  iterator end() { return iterator(members_.data() + members_.size()); }
+  const_iterator begin() const { return const_iterator(members_.data()); }
+  const_iterator end() const { return const_iterator(members_.data() + members_.size()); }
 
  protected:
   /// Appends a member; an empty key is no key. The members stay as they were where the key is taken.

@@ -16,12 +16,14 @@ class PC4s;
 /// quotes, and the other two are empty. Only `PC4s::Add` makes one.
 class PC4 {
  public:
-  const std::string& TheDate() const { return theDate_; }
+  std::string TheDate() const { return theDate_; }
   void TheDate(std::string text) { theDate_ = std::move(text); }
-  const std::string& Amount() const { return amount_; }
+  std::string Amount() const { return amount_; }
   void Amount(std::string text) { amount_ = std::move(text); }
-  const std::string& Description() const { return description_; }
+  std::string Description() const { return description_; }
   void Description(std::string text) { description_ = std::move(text); }
+  /// The description without a copy: it holds until the record changes or goes.
+  std::string_view DescriptionView() const { return description_; }
 
  private:
   friend class PC4s;
@@ -42,19 +44,19 @@ class PC4s : public KeyedCollection<PC4> {
 /// The fields of a "T" record, each at its width of 8, 8, 8, 8, 30, 20 and 10 characters.
 class clsPC4GovFormat {
  public:
-  const std::string& PeriodStartDate() const { return periodStartDate_; }
+  std::string PeriodStartDate() const { return periodStartDate_; }
   void PeriodStartDate(std::string text) { periodStartDate_ = std::move(text); }
-  const std::string& PeriodEndDate() const { return periodEndDate_; }
+  std::string PeriodEndDate() const { return periodEndDate_; }
   void PeriodEndDate(std::string text) { periodEndDate_ = std::move(text); }
-  const std::string& PeriodDueDate() const { return periodDueDate_; }
+  std::string PeriodDueDate() const { return periodDueDate_; }
   void PeriodDueDate(std::string text) { periodDueDate_ = std::move(text); }
-  const std::string& Filler1() const { return filler1_; }
+  std::string Filler1() const { return filler1_; }
   void Filler1(std::string text) { filler1_ = std::move(text); }
-  const std::string& ContactName() const { return contactName_; }
+  std::string ContactName() const { return contactName_; }
   void ContactName(std::string text) { contactName_ = std::move(text); }
-  const std::string& ContactTitle() const { return contactTitle_; }
+  std::string ContactTitle() const { return contactTitle_; }
   void ContactTitle(std::string text) { contactTitle_ = std::move(text); }
-  const std::string& Filler2() const { return filler2_; }
+  std::string Filler2() const { return filler2_; }
   void Filler2(std::string text) { filler2_ = std::move(text); }
 
  private:
@@ -78,9 +80,9 @@ class clsPC4GovFormats : public KeyedCollection<clsPC4GovFormat> {
 /// One slot of an "F" record: a two-character number and an 18-character value.
 class clsPC4FreeFormat {
  public:
-  const std::string& FieldNum() const { return fieldNum_; }
+  std::string FieldNum() const { return fieldNum_; }
   void FieldNum(std::string text) { fieldNum_ = std::move(text); }
-  const std::string& FieldValue() const { return fieldValue_; }
+  std::string FieldValue() const { return fieldValue_; }
   void FieldValue(std::string text) { fieldValue_ = std::move(text); }
 
  private:

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/forms/form.h"
 #include "core/forms/list_control.h"
@@ -51,6 +52,14 @@ class DrivenToolkit : public Toolkit {
   std::function<void(std::string_view file, int32_t context)> onHelp = {};
   /// A handler is about to run, such as "txtAmountPayable_Change".
   std::function<void(const std::string& handler)> onEvent = {};
+
+ protected:
+  /// Calls one of them, which may put another in its own place while it runs.
+  template <typename Result, typename... Arguments, typename... Given>
+  static Result Call(const std::function<Result(Arguments...)>& callback, Given&&... given) {
+    const auto running = callback;
+    return running(std::forward<Given>(given)...);
+  }
 };
 
 }  // namespace fiscalon

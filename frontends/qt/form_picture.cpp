@@ -1,6 +1,7 @@
 #include "frontends/qt/form_picture.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
@@ -79,8 +80,12 @@ void FormPicture::Take(FormDialog& dialog) {
   state_->image = image;
 }
 
-bool FormPicture::Save(const std::string& path) const {
-  return !state_->image.isNull() && state_->image.save(QString::fromStdString(path), "PNG");
+std::string FormPicture::Png() const {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  state_->image.save(&buffer, "PNG");
+  return bytes.toStdString();
 }
 
 }  // namespace fiscalon

@@ -20,8 +20,8 @@ class FormPicture {
   FormPicture& operator=(const FormPicture&) = delete;
 
   void Take(FormDialog& dialog);
-  /// Writes the last picture as PNG. False where there is none, or the file can't be written. The path is UTF-8.
-  bool Save(const std::string& path) const;
+  /// The last picture as the bytes of a PNG file; none where none was taken.
+  std::string Png() const;
 
  private:
   struct State;

@@ -50,14 +50,14 @@ void PlayedQtToolkit::ServeModal(Form& form) {
   QCoreApplication::processEvents();
   QtDriver user(dialog);
   if (onForm)
-    onForm(form, user);
+    Call(onForm, form, user);
 }
 
 MessageAnswer PlayedQtToolkit::ShowMessage(const BoxRequest& box) {
   const auto window = NewMessageWindow(box, Dialog());
   window->show();
   const BoxRequest shown = ShownIn(*window);
-  const MessageAnswer answer = onMessage ? onMessage(shown) : shown.DefaultAnswer();
+  const MessageAnswer answer = onMessage ? Call(onMessage, shown) : shown.DefaultAnswer();
   if (QAbstractButton* button = ButtonFor(*window, answer))
     button->click();
   // The window beneath is active again before its handler goes on, as after a box that a person has answered.
@@ -74,19 +74,19 @@ void PlayedQtToolkit::Beep() {
   if (watcher_ != nullptr)
     watcher_->Beeped();
   if (onBeep)
-    onBeep();
+    Call(onBeep);
 }
 
 void PlayedQtToolkit::OpenHelp(std::string_view file, int32_t context) {
   if (watcher_ != nullptr)
     watcher_->HelpOpened(file, context);
   if (onHelp)
-    onHelp(file, context);
+    Call(onHelp, file, context);
 }
 
 void PlayedQtToolkit::HandlerRuns(std::string_view object, std::string_view event) {
   if (onEvent)
-    onEvent(std::string(object).append("_").append(event));
+    Call(onEvent, std::string(object).append("_").append(event));
 }
 
 }  // namespace fiscalon

@@ -118,26 +118,26 @@ void ScriptedToolkit::Opening(Form& form) {
 void ScriptedToolkit::ServeModal(Form& form) {
   ScriptedUser user(form);
   if (onForm)
-    onForm(form, user);
+    Call(onForm, form, user);
 }
 
 MessageAnswer ScriptedToolkit::ShowMessage(const BoxRequest& box) {
-  return onMessage ? onMessage(box) : box.DefaultAnswer();
+  return onMessage ? Call(onMessage, box) : box.DefaultAnswer();
 }
 
 void ScriptedToolkit::Beep() {
   if (onBeep)
-    onBeep();
+    Call(onBeep);
 }
 
 void ScriptedToolkit::OpenHelp(std::string_view file, int32_t context) {
   if (onHelp)
-    onHelp(file, context);
+    Call(onHelp, file, context);
 }
 
 void ScriptedToolkit::HandlerRuns(std::string_view object, std::string_view event) {
   if (onEvent)
-    onEvent(std::string(object).append("_").append(event));
+    Call(onEvent, std::string(object).append("_").append(event));
 }
 
 }  // namespace fiscalon

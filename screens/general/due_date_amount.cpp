@@ -4,6 +4,7 @@
 
 #include "core/resume_next.h"
 #include "core/user_locale.h"
+#include "core/value_routines.h"
 #include "core/values/calendar.h"
 #include "core/values/text.h"
 #include "screens/parts/moving_on.h"
@@ -31,7 +32,7 @@ bool frmDueDateAmount::IsValidTaxationYear(std::string_view text) {
   const Date limit = DateFromParts(today.year + 1, today.month, 1);
   bool valid = text.size() >= 6;
   if (valid) {
-    const Date date = DateFromParts(ToInt16(text.substr(0, 4)), ToInt16(text.substr(4, 2)), 1);
+    const Date date = DateFromTexts(text.substr(0, 4), text.substr(4, 2));
     valid = FormatDate(date, "YYYYMMDD") == std::string(text) + "01" && date < limit && date.year >= 1990;
   }
   if (!valid)

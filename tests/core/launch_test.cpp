@@ -327,5 +327,16 @@ TEST_F(LaunchTest, ScreenThatIsUpCannotBeShownAgain) {
   EXPECT_EQ(inner, 400);
 }
 
+TEST_F(LaunchTest, ResetWhileAScreenIsUpLeavesItAndTheSessionUsable) {
+  frontEnd.serve = [&] {
+    Screen& screen = ScreenOf("frmPlain");
+    ResetModule();
+    screen.Hide();
+  };
+  EXPECT_FALSE(session.ShowLevyraScreen("01"));
+  UseToolkit(&frontEnd);
+  EXPECT_TRUE(PressOk());
+}
+
 }  // namespace
 }  // namespace fiscalon

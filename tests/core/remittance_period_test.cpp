@@ -119,6 +119,11 @@ TEST_F(RecalcForm, RoundsToTwoDecimals) {
   EXPECT_EQ(total, "-2.50");
 }
 
+TEST_F(RemittancePeriod, TheYearIsReadBeforeTheMonth) {
+  EXPECT_EQ(ErrorOf([] { IsRemittancePeriodInRange("2e97AB", {2026, 6, 15}); }), 6);
+  EXPECT_EQ(ErrorOf([] { IsRemittancePeriodInRange("2026AB", {2026, 6, 15}); }), 13);
+}
+
 TEST_F(RecalcForm, WritesTheUsersDecimalSeparatorAndReadsThePoint) {
   SetLocale(FrenchCanada());
   std::string total;

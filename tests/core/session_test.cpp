@@ -35,7 +35,7 @@ TEST_F(LevyraTest, BeginsEmpty) {
 }
 
 using TextLet = void (Levyra::*)(std::string_view);
-using TextGet = const std::string& (Levyra::*)() const;
+using TextGet = std::string (Levyra::*)() const;
 struct TextProperty {
   const char* name = nullptr;
   TextLet let = nullptr;
@@ -79,6 +79,22 @@ TEST_F(LevyraTest, NumbersAreKeptAsTheyAre) {
   EXPECT_EQ(session.WriteFile(), -1);
   session.WriteFile(1);
   EXPECT_EQ(session.WriteFile(), 1);
+}
+
+TEST_F(LevyraTest, BooleansAreTrueOrFalseAndNumbersStayNumbers) {
+  session.WriteFile(true);
+  EXPECT_EQ(session.WriteFile(), kTrue);
+  session.WriteFile(false);
+  EXPECT_EQ(session.WriteFile(), kFalse);
+  Levyra::PlayByPlayEnabled(true);
+  EXPECT_EQ(TheModule().playByPlayEnabled, -1);
+}
+
+TEST_F(LevyraTest, GetsReturnCopies) {
+  session.CompName("Summit Levies");
+  const auto& name = session.CompName();
+  session.CompName("Harbour Books");
+  EXPECT_EQ(name, "Summit Levies");
 }
 
 TEST_F(LevyraTest, PaidAmountIsWrittenInCentsAndReadInDollars) {

@@ -85,6 +85,20 @@ TEST_F(DateFromYYYYMMDDTest, RollsImpossibleDaysAndMonthsOver) {
   EXPECT_EQ(DateFromYYYYMMDD("20260600"), (Date{2026, 5, 31}));
 }
 
+TEST_F(DateFromYYYYMMDDTest, TheFirstPartThatFailsDecidesTheError) {
+  // 2e97 is a number, but no year of 16 bits; AB is no number.
+  EXPECT_EQ(ErrorOf([] { DateFromYYYYMMDD("2e97AB01"); }), 6);
+  EXPECT_EQ(ErrorOf([] { DateFromYYYYMMDD("2026AB2e"); }), 13);
+  EXPECT_EQ(ErrorOf([] { DateFromTexts("2e97", "AB", "CD"); }), 6);
+  EXPECT_EQ(ErrorOf([] { DateFromTexts("2026", "AB", "2e97"); }), 13);
+  EXPECT_EQ(ErrorOf([] { DateFromTexts("2026", "2e97", "AB"); }), 6);
+}
+
+TEST_F(DateFromYYYYMMDDTest, IsValidReadsThePartsInThatOrderToo) {
+  EXPECT_EQ(ErrorOf([] { IsValidYYYYMMDD("2e97AB01"); }), 6);
+  EXPECT_EQ(ErrorOf([] { IsValidYYYYMMDD("2026ABCD"); }), 13);
+}
+
 TEST_F(DateFromYYYYMMDDTest, PartsThatAreNoNumberAreError13) {
   for (const char* text : {"", "2026", "202606", "2026AB15", "abcdefgh"})
     EXPECT_EQ(ErrorOf([&] { DateFromYYYYMMDD(text); }), 13) << text;

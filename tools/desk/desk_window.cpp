@@ -8,27 +8,21 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
-#include <QVBoxLayout>
 
 #include "frontends/qt/qt_text.h"
 #include "tools/desk/payment_panel.h"
 #include "tools/desk/result_panel.h"
 #include "tools/desk/screen_list.h"
+#include "tools/fiscalon/payment_advice.h"
 
 namespace fiscalon {
 namespace {
 
 constexpr const char* kFirstScreen = "15";
+constexpr int kMargin = 9;
 
-/// A panel that scrolls up and down where the window is lower, and is never narrower than it needs.
-QScrollArea* Scrolling(QWidget* panel) {
-  auto* area = new QScrollArea;
-  area->setWidget(panel);
-  area->setWidgetResizable(true);
-  area->setFrameStyle(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setMinimumWidth(panel->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
-  return area;
+QString Advice(const RuntimeError& error, const Levyra& session) {
+  return QString::fromStdString(AdviceOn(error, session));
 }
 
 /// When the file was last written; invalid where there is none.
@@ -38,7 +32,12 @@ QDateTime LastWritten(const QString& name) {
 
 }  // namespace
 
-DeskWindow::DeskWindow() : payment_(new PaymentPanel), screens_(new ScreenList), result_(new ResultPanel) {
+DeskWindow::DeskWindow()
+    : payment_(new PaymentPanel),
+      screens_(new ScreenList),
+      result_(new ResultPanel),
+      above_(new QSplitter(Qt::Horizontal)),
+      whole_(new QSplitter(Qt::Vertical)) {
   setWindowTitle(tr("Payment desk"));
   Arrange();
   for (const auto key : {QKeySequence::Quit, QKeySequence::Close}) {
@@ -55,22 +54,32 @@ DeskWindow::DeskWindow() : payment_(new PaymentPanel), screens_(new ScreenList),
 }
 
 void DeskWindow::Arrange() {
-  auto* above = new QSplitter(Qt::Horizontal);
-  above->addWidget(Scrolling(payment_));
-  above->addWidget(screens_);
-  above->setStretchFactor(1, 1);
-  auto* whole = new QSplitter(Qt::Vertical);
-  whole->addWidget(above);
-  whole->addWidget(result_);
-  whole->setStretchFactor(1, 1);
-  for (QSplitter* splitter : {above, whole}) splitter->setChildrenCollapsible(false);
-  auto* margin = new QWidget;
-  auto* rows = new QVBoxLayout(margin);
-  rows->addWidget(whole);
-  setCentralWidget(margin);
+  above_->addWidget(payment_);
+  above_->addWidget(screens_);
+  above_->setStretchFactor(1, 1);
+  whole_->addWidget(above_);
+  whole_->addWidget(result_);
+  whole_->setStretchFactor(1, 1);
+  for (QSplitter* splitter : {above_, whole_}) splitter->setChildrenCollapsible(false);
+  sideBySide_ = whole_->minimumSizeHint().width();
+  // A screen may be smaller than what stands on the desk.
+  auto* area = new QScrollArea;
+  area->setObjectName(QStringLiteral("desk"));
+  area->setFrameStyle(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidgetResizable(true);
+  area->setWidget(whole_);
+  setCentralWidget(area);
+  setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   const int unit = fontMetrics().horizontalAdvance(u'0');
-  const QSize wanted = QSize(150 * unit, 90 * unit).expandedTo(minimumSizeHint());
+  const QSize wanted = QSize(150 * unit, 90 * unit).expandedTo(whole_->minimumSizeHint() + QSize(1, 1) * 2 * kMargin);
   resize(wanted.boundedTo(screen()->availableSize() * 19 / 20));
+}
+
+void DeskWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  const bool isNarrow = width() < sideBySide_ + (2 * kMargin);
+  above_->setOrientation(isNarrow ? Qt::Vertical : Qt::Horizontal);
 }
 
 void DeskWindow::ShowScreen(const std::string& code) {
@@ -79,7 +88,7 @@ void DeskWindow::ShowScreen(const std::string& code) {
   try {
     Give(payment_->Current(), session);
   } catch (const RuntimeError& error) {
-    result_->ShowError(tr("The payment can't be shown:"), error);
+    result_->ShowError(tr("The payment can't be shown:"), error, Advice(error, session));
     return;
   }
   result_->Say(tr("Screen %1 is open.").arg(ToQt(code)));
@@ -87,7 +96,8 @@ void DeskWindow::ShowScreen(const std::string& code) {
     Launch(session, *screen);
   } catch (const RuntimeError& error) {
     result_->ShowError(
-        tr("Screen %1 ended with an error. Shown again, it goes on with what was typed.").arg(ToQt(code)), error);
+        tr("Screen %1 ended with an error. Shown again, it goes on with what was typed.").arg(ToQt(code)), error,
+        Advice(error, session));
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QSplitter>
 #include <string>
 
 #include "core/launch.h"
@@ -20,6 +21,8 @@ class DeskWindow final : public QMainWindow {
 
  private:
   void Arrange();
+  /// Where the window is too narrow for both, the screens stand beneath the payment.
+  void resizeEvent(QResizeEvent* event) override;
   void ShowScreen(const std::string& code);
   void Launch(Levyra& session, const LaunchRow& screen);
   void ShowRecordsHandedBack(const Levyra& session, const LaunchRow& screen);
@@ -28,6 +31,10 @@ class DeskWindow final : public QMainWindow {
   PaymentPanel* payment_;
   ScreenList* screens_;
   ResultPanel* result_;
+  QSplitter* above_;
+  QSplitter* whole_;
+  /// How wide the window must be for payment and screens side by side.
+  int sideBySide_ = 0;
 };
 
 }  // namespace fiscalon

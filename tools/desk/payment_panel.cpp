@@ -4,6 +4,9 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include "frontends/qt/qt_text.h"
+#include "tools/fiscalon/payment_advice.h"
+
 namespace fiscalon {
 namespace {
 
@@ -48,7 +51,8 @@ PaymentPanel::PaymentPanel(QWidget* parent)
       toCollection_(new QRadioButton(tr("Hand them bac&k"), this)),
       toFile_(new QRadioButton(tr("&Write them to a file:"), this)),
       file_(NewLine("file", kNameCharacters)),
-      chooseFile_(new QPushButton(tr("Ch&oose..."), this)) {
+      chooseFile_(new QPushButton(tr("Ch&oose..."), this)),
+      doubts_(new QLabel(this)) {
   for (QLineEdit* narrow : {sequence_, billerCode_, cents_, dollars_}) narrow->setFixedWidth(narrow->minimumWidth());
   auto* grid = new QGridLayout(this);
   grid->setHorizontalSpacing(3 * grid->horizontalSpacing() / 2);
@@ -69,7 +73,27 @@ PaymentPanel::PaymentPanel(QWidget* parent)
   Add(*grid, 5, kLeft, tr("Business &name:"), businessName_, tr("Offered on screen 10"));
   Add(*grid, 5, kRight, tr("Number o&f items:"), items_, tr("How many screen 07 collects"));
   AddDestination(*grid, 6);
+  doubts_->setObjectName(QStringLiteral("doubts"));
+  doubts_->setWordWrap(true);
+  doubts_->hide();
+  grid->addWidget(doubts_, grid->rowCount(), kLeft, 1, -1);
   grid->setRowStretch(grid->rowCount(), 1);
+  for (QLineEdit* line : {sequence_, enteredBy_, title_, file_})
+    connect(line, &QLineEdit::textChanged, this, [this] { NameDoubts(); });
+  connect(toFile_, &QRadioButton::toggled, this, [this] { NameDoubts(); });
+}
+
+void PaymentPanel::NameDoubts() {
+  Levyra session;
+  session.SeqNumber(FromQt(sequence_->text()));
+  session.EnterName(FromQt(enteredBy_->text()));
+  session.EnterTitle(FromQt(title_->text()));
+  session.GovFilename(FromQt(file_->text()));
+  session.WriteFile(toFile_->isChecked());
+  QStringList doubts;
+  for (const std::string& doubt : DoubtsAbout(session)) doubts.append(QString::fromStdString(doubt));
+  doubts_->setText(doubts.join(u'\n'));
+  doubts_->setVisible(!doubts.isEmpty());
 }
 
 QLineEdit* PaymentPanel::NewLine(const char* name, int characters) {
@@ -113,7 +137,7 @@ void PaymentPanel::AddDestination(QGridLayout& grid, int row) {
   connect(file_, &QLineEdit::textEdited, toFile_, [this] { toFile_->setChecked(true); });
   connect(chooseFile_, &QPushButton::clicked, this, [this] { ChooseFile(); });
   grid.addWidget(new QLabel(tr("Records:")), row, kLeft);
-  grid.addWidget(toCollection_, row, kLeft + 1);
+  grid.addWidget(toCollection_, row, kLeft + 1, Qt::AlignLeft);
   auto* line = new QHBoxLayout;
   line->addWidget(toFile_);
   line->addWidget(file_, 1);

@@ -12,6 +12,7 @@
 #include "tools/desk/payment.h"
 
 class QGridLayout;
+class QLabel;
 
 namespace fiscalon {
 
@@ -32,6 +33,8 @@ class PaymentPanel final : public QGroupBox {
   void AddDate(QGridLayout& grid, int row);
   void AddDestination(QGridLayout& grid, int row);
   void ChooseFile();
+  /// Says beneath the entries which of them records do not bear, before a screen is shown.
+  void NameDoubts();
 
   QLineEdit* customerNumber_;
   QLineEdit* sequence_;
@@ -49,6 +52,7 @@ class PaymentPanel final : public QGroupBox {
   QRadioButton* toFile_;
   QLineEdit* file_;
   QPushButton* chooseFile_;
+  QLabel* doubts_;
 };
 
 }  // namespace fiscalon

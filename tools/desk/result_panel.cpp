@@ -1,7 +1,11 @@
 #include "tools/desk/result_panel.h"
 
 #include <QAccessible>
+#include <QAction>
+#include <QClipboard>
 #include <QFontDatabase>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QTextBlock>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -101,6 +105,15 @@ void ResultPanel::PrepareRecords() {
   fields_->setAlternatingRowColors(true);
   fields_->setAccessibleName(tr("Fields of the records"));
   connect(fields_, &QTreeWidget::currentItemChanged, this, [this] { MarkChosen(); });
+  auto* copy = new QAction(tr("Copy row"), fields_);
+  copy->setObjectName(QStringLiteral("copyRow"));
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WidgetShortcut);
+  connect(copy, &QAction::triggered, this, [this] { CopyRow(); });
+  // The view's own copying takes one cell.
+  fields_->installEventFilter(this);
+  fields_->addAction(copy);
+  fields_->setContextMenuPolicy(Qt::ActionsContextMenu);
   lines_->setObjectName(QStringLiteral("lines"));
   lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
   lines_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -122,9 +135,10 @@ void ResultPanel::Say(const QString& words) {
   QAccessible::updateAccessibility(&alert);
 }
 
-void ResultPanel::ShowError(const QString& words, const RuntimeError& error) {
-  Say(tr("%1\nNumber: %2\nSource: %3\nDescription: %4")
-          .arg(words, NumberOf(error), ToQt(error.Source()), ToQt(error.Description())));
+void ResultPanel::ShowError(const QString& words, const RuntimeError& error, const QString& advice) {
+  const QString what = tr("%1\nNumber: %2\nSource: %3\nDescription: %4")
+                           .arg(words, NumberOf(error), ToQt(error.Source()), ToQt(error.Description()));
+  Say(advice.isEmpty() ? what : what + u'\n' + advice);
 }
 
 void ResultPanel::ShowRecords(const QString& words, const std::vector<ShownRecord>& records) {
@@ -187,8 +201,26 @@ void ResultPanel::MarkChosen() {
   lines_->setExtraSelections(marks);
 }
 
+bool ResultPanel::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != fields_ || event->type() != QEvent::KeyPress ||
+      !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy))
+    return QGroupBox::eventFilter(watched, event);
+  CopyRow();
+  return true;
+}
+
+void ResultPanel::CopyRow() const {
+  const QTreeWidgetItem* row = fields_->currentItem();
+  if (row == nullptr)
+    return;
+  QStringList cells;
+  for (int column = 0; column < fields_->columnCount(); ++column) cells.append(row->text(column));
+  while (!cells.isEmpty() && cells.last().isEmpty()) cells.removeLast();
+  QGuiApplication::clipboard()->setText(cells.join(u'\t'));
+}
+
 void ResultPanel::FitWords() {
-  constexpr int kMostLines = 6;
+  constexpr int kMostLines = 7;
   // The document of a plain text counts its height in lines.
   const int lines = std::clamp(static_cast<int>(words_->document()->size().height()), 1, kMostLines);
   const int margins = 2 * static_cast<int>(words_->document()->documentMargin());

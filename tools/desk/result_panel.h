@@ -19,7 +19,8 @@ class ResultPanel final : public QGroupBox {
 
   /// Nothing but words.
   void Say(const QString& words);
-  void ShowError(const QString& words, const RuntimeError& error);
+  /// The advice says what the error is about and what to do; empty where nothing is known.
+  void ShowError(const QString& words, const RuntimeError& error, const QString& advice);
   void ShowRecords(const QString& words, const std::vector<ShownRecord>& records);
 
  private:
@@ -30,6 +31,9 @@ class ResultPanel final : public QGroupBox {
   void AddNote(QTreeWidgetItem& record, const QString& heading, const Note& note, int line);
   /// Marks the columns of the chosen field in the raw line.
   void MarkChosen();
+  /// All cells of the chosen row, with tabs between.
+  void CopyRow() const;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   /// The words take as many lines as they need, up to a few.
   void FitWords();
 

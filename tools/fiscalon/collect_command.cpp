@@ -13,9 +13,11 @@
 #include "core/session.h"
 #include "frontends/played/host_properties.h"
 #include "frontends/played/session_recorder.h"
+#include "tools/fiscalon/option_names.h"
+#include "tools/fiscalon/payment_advice.h"
 #include "tools/fiscalon/qt_front_end.h"
-#include "tools/fiscalon/report_file.h"
 #include "tools/fiscalon/screen_code.h"
+#include "tools/fiscalon/whole_file.h"
 
 namespace fiscalon {
 namespace {
@@ -64,6 +66,7 @@ std::string HelpOn(std::string_view property) {
 }
 
 constexpr std::string_view kGovFilename = "GovFilename";
+constexpr std::string_view kMainPath = "MainPath";
 constexpr std::string_view kWriteFile = "WriteFile";
 
 struct CollectOptions {
@@ -119,9 +122,9 @@ class Collecting {
   /// Finds out what would be in the way of writing before a user fills the form in vain.
   void CheckFiles() const {
     if (!options_.record.empty())
-      ReportFile(options_.record);
+      WholeFile::Try(options_.record);
     for (const auto& [property, path] : options_.host) {
-      if (property != kGovFilename || path.empty())
+      if (property != kGovFilename)
         continue;
       std::error_code ignored;
       const std::filesystem::path place = std::filesystem::absolute(path);
@@ -129,9 +132,7 @@ class Collecting {
         throw CommandError(path + " can't be written: it is a folder");
       if (!std::filesystem::is_directory(place.parent_path(), ignored))
         throw CommandError(path + " can't be written: there is no folder " + place.parent_path().string());
-      if (!options_.record.empty() &&
-          std::filesystem::weakly_canonical(place, ignored) ==
-              std::filesystem::weakly_canonical(std::filesystem::absolute(options_.record), ignored))
+      if (!options_.record.empty() && WholeFile::IsSamePlace(path, options_.record))
         throw CommandError("--gov-filename and --record name the same file");
     }
   }
@@ -152,8 +153,14 @@ class Collecting {
       recorder_.Error(error);
       Complain("fiscalon: error " + std::to_string(error.Number()) + " from " + ToUtf8(error.Source()) + ": " +
                ToUtf8(error.Description()));
+      Advise(error, session);
       return ExitStatus::Unusable;
     }
+  }
+
+  static void Advise(const RuntimeError& error, const Levyra& session) {
+    if (const std::string advice = AdviceOn(error, session); !advice.empty())
+      Complain("  " + advice);
   }
 
   void PrepareModule(Toolkit& toolkit) {
@@ -190,7 +197,11 @@ class Collecting {
     try {
       SetHostProperty(session, property, value);
     } catch (const RuntimeError& error) {
-      throw CommandError(FlagOf(property) + ": error " + std::to_string(error.Number()) + ", " + error.Description());
+      std::string complaint =
+          FlagOf(property) + ": error " + std::to_string(error.Number()) + ", " + error.Description();
+      if (const std::string advice = AdviceOn(error, session); !advice.empty())
+        complaint += "\n  " + advice;
+      throw CommandError(complaint);
     }
     recorder_.Host(property, value);
   }
@@ -211,7 +222,7 @@ class Collecting {
   void WriteRecording() {
     if (options_.record.empty())
       return;
-    ReportFile file(options_.record);
+    WholeFile file(options_.record);
     file.Write(recorder_.Text());
     file.Commit();
   }
@@ -233,13 +244,18 @@ void AddCollectCommand(CLI::App& app, Context& context) {
         ->add_option_function<std::string>(
             FlagOf(property),
             [options, property](const std::string& value) {
-              if (const std::string complaint = ComplaintAboutHostProperty(property, value); !complaint.empty())
+              std::string complaint = ComplaintAboutHostProperty(property, value);
+              if (property == kGovFilename || property == kMainPath)
+                complaint = NameGiven(value);
+              if (!complaint.empty())
                 throw CLI::ValidationError(FlagOf(property), complaint);
               options->host.emplace_back(property, value);
             },
             HelpOn(property))
         ->type_name("VALUE");
-  command->add_option("--record", options->record, "Write the session down as a scenario")->type_name("FILE");
+  command->add_option("--record", options->record, "Write the session down as a scenario")
+      ->type_name("FILE")
+      ->check(NameGiven);
   command->callback([options, &context] { context.status = Collecting(*options, context).Run(); });
 }
 

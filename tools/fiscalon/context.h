@@ -25,6 +25,12 @@ class CommandError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// A command line that its command can't be run by. The user is told of the command's help too.
+class UsageError : public CommandError {
+ public:
+  using CommandError::CommandError;
+};
+
 /// Colours for standard output. Without them every text comes back as it is.
 class Paint {
  public:

@@ -1,14 +1,15 @@
 #include "tools/fiscalon/generate_command.h"
 
-#include <cerrno>
 #include <charconv>
-#include <cstring>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <streambuf>
+#include <vector>
 
 #include "core/module_state.h"
+#include "tools/fiscalon/option_names.h"
+#include "tools/fiscalon/whole_file.h"
 #include "validation/generate_batch.h"
 
 namespace fiscalon {
@@ -20,36 +21,32 @@ constexpr const char* kExamples = R"(Examples:
   fiscalon validate --payments trial.csv --records trial.pc4
 
 Makes NAME.csv (the payments list), NAME.pc4 (the records) and NAME.planted.csv (each bad payment: its row, its
-sequence number, the defect, and the reason that "validate" gives). The payments are good as of --today.)";
+sequence number, the defect, and the reason that "validate" gives): all of them, or after a failure none. Files of
+these names are replaced with --force only. The payments are good as of --today.)";
 
-/// A file to write, with room for large writes.
-class OutputStream {
+/// Stands behind a stream into a file, with room for large writes.
+class FileBuffer final : public std::streambuf {
  public:
-  explicit OutputStream(std::string path) : path_(std::move(path)), buffer_(kBuffer) {
-    stream_.rdbuf()->pubsetbuf(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-    stream_.open(path_, std::ios::binary);
-    Check();
-    // So that making the rest ends with the first write that fails.
-    stream_.exceptions(std::ios::badbit | std::ios::failbit);
-  }
-  std::ostream& Stream() { return stream_; }
-  void Close() {
-    stream_.exceptions(std::ios::goodbit);
-    stream_.close();
-    Check();
+  explicit FileBuffer(WholeFile& file) : file_(file), buffer_(kBuffer) {
+    setp(buffer_.data(), buffer_.data() + buffer_.size());
   }
 
  private:
   static constexpr size_t kBuffer = size_t{1} << 20;
 
-  void Check() const {
-    if (!stream_)
-      throw CommandError(path_ + " can't be written: " + std::strerror(errno));
+  int_type overflow(int_type character) override {
+    sync();
+    return traits_type::eq_int_type(character, traits_type::eof()) ? traits_type::not_eof(character)
+                                                                   : sputc(traits_type::to_char_type(character));
+  }
+  int sync() override {
+    file_.Write({pbase(), static_cast<size_t>(pptr() - pbase())});
+    setp(buffer_.data(), buffer_.data() + buffer_.size());
+    return 0;
   }
 
-  std::string path_;
+  WholeFile& file_;
   std::vector<char> buffer_;
-  std::ofstream stream_;
 };
 
 /// CLI11 by itself takes "-1" for the largest number there is, and "nan" for a number in any range.
@@ -72,23 +69,40 @@ std::string Share(const std::string& text) {
   return share >= 0 && share <= 1 ? "" : "Value " + text + " not in range 0 to 1";
 }
 
-std::string FileName(const std::string& text) {
-  return text.empty() ? "a name is needed" : "";
-}
-
-void Generate(const BatchPlan& plan, const std::string& name) {
-  OutputStream payments(name + ".csv");
-  OutputStream records(name + ".pc4");
-  OutputStream planted(name + ".planted.csv");
-  try {
-    GenerateBatch(plan, payments.Stream(), records.Stream(), planted.Stream());
-  } catch (const std::ios::failure&) {
-    // Closing says of which file, and why.
+/// A file and the stream into it. What the file throws comes out of the stream.
+class StreamedFile {
+ public:
+  StreamedFile(const std::string& name, WholeFile::Older older) : file_(name, {}, older) {
+    stream_.exceptions(std::ios::badbit);
   }
-  payments.Close();
-  records.Close();
-  planted.Close();
-  std::cout << name << ".csv, " << name << ".pc4, " << name << ".planted.csv: " << plan.payments << " payments\n";
+  std::ostream& Stream() { return stream_; }
+  WholeFile* Whole() {
+    stream_.flush();
+    return &file_;
+  }
+
+ private:
+  WholeFile file_;
+  FileBuffer buffer_{file_};
+  std::ostream stream_{&buffer_};
+};
+
+struct GenerateOptions {
+  BatchPlan plan = {};
+  std::string name = "batch";
+  bool force = false;
+};
+
+void Generate(const GenerateOptions& options) {
+  const std::string& name = options.name;
+  const auto older = options.force ? WholeFile::Older::Replaced : WholeFile::Older::Refused;
+  StreamedFile payments(name + ".csv", older);
+  StreamedFile records(name + ".pc4", older);
+  StreamedFile planted(name + ".planted.csv", older);
+  GenerateBatch(options.plan, payments.Stream(), records.Stream(), planted.Stream());
+  WholeFile::Commit({payments.Whole(), records.Whole(), planted.Whole()});
+  std::cout << name << ".csv, " << name << ".pc4, " << name << ".planted.csv: " << options.plan.payments
+            << " payments\n";
 }
 
 }  // namespace
@@ -96,8 +110,8 @@ void Generate(const BatchPlan& plan, const std::string& name) {
 void AddGenerateCommand(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("generate", "Make a batch for trials, with planted defects");
   command->footer(kExamples);
-  const auto plan = std::make_shared<BatchPlan>();
-  const auto name = std::make_shared<std::string>("batch");
+  const auto options = std::make_shared<GenerateOptions>();
+  BatchPlan* const plan = &options->plan;
   command->add_option("--payments", plan->payments, "How many payments")
       ->type_name("N")
       ->required()
@@ -105,19 +119,20 @@ void AddGenerateCommand(CLI::App& app, Context& context) {
   command->add_option("--screen", plan->screen, "Their screen")
       ->type_name("CODE")
       ->required()
-      ->check(CLI::IsMember({"03", "20"}));
+      ->check(OneOf({"03", "20"}));
   command->add_option("--bad", plan->badRate, "Which share of them is bad, from 0 to 1; without it none")
       ->type_name("RATE")
       ->check(Share);
   command->add_option("--seed", plan->seed, "Another seed makes another batch; without it 1")
       ->type_name("S")
       ->check(WholeNumber);
-  command->add_option("--out", *name, "The files' name without its endings; without it \"batch\"")
+  command->add_option("--out", options->name, "The files' name without its endings; without it \"batch\"")
       ->type_name("NAME")
-      ->check(FileName);
-  command->callback([plan, name, &context] {
-    plan->today = context.today ? context.today->date : TheModule().clock->Today();
-    Generate(*plan, *name);
+      ->check(NameGiven);
+  command->add_flag("--force", options->force, "Replace files of these names");
+  command->callback([options, &context] {
+    options->plan.today = context.today ? context.today->date : TheModule().clock->Today();
+    Generate(*options);
   });
 }
 

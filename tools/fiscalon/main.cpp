@@ -6,6 +6,8 @@
 #include "frontends/played/argument_kinds.h"
 #include "tools/fiscalon/collect_command.h"
 #include "tools/fiscalon/generate_command.h"
+#include "tools/fiscalon/nearest.h"
+#include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/picture_command.h"
 #include "tools/fiscalon/play_command.h"
 #include "tools/fiscalon/screens_command.h"
@@ -40,9 +42,6 @@ void DefineCommandLine(CLI::App& app, Context& context) {
   app.footer(kExamples);
   app.set_version_flag("--version", "fiscalon " FISCALON_VERSION, "Print the version and exit");
   app.require_subcommand(1);
-  app.failure_message([](const CLI::App*, const CLI::Error& error) {
-    return std::string("fiscalon: ") + error.what() + "\nRun \"fiscalon --help\" for the commands.\n";
-  });
   // The global options may stand behind the command's name too.
   app.fallthrough();
   app.add_option_function<std::string>(
@@ -51,7 +50,7 @@ void DefineCommandLine(CLI::App& app, Context& context) {
       ->type_name("DATE");
   app.add_option("--locale", context.localeName, "How numbers, money and moments are written")
       ->type_name("NAME")
-      ->check(CLI::IsMember({"en-CA", "en-US", "fr-CA", "system"}));
+      ->check(OneOf({"en-CA", "en-US", "fr-CA", "system"}));
 
   AddScreensCommand(app, context);
   AddCollectCommand(app, context);
@@ -62,14 +61,74 @@ void DefineCommandLine(CLI::App& app, Context& context) {
   AddPictureCommand(app, context);
 }
 
+/// An option that ends with "=" would take the next argument for its value: a variable that is not set would make
+/// another file the report.
+void RefuseMissingValues(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "--")
+      return;
+    if (argument.starts_with("--") && argument.find('=') == argument.size() - 1)
+      throw CommandError(std::string(argument) + " has no value behind it");
+  }
+}
+
+/// Where to read on: the help of the command that was meant, if one was.
+std::string HelpToRead(const CLI::App& app) {
+  const auto meant = app.get_subcommands();
+  return meant.empty() ? std::string(R"(Run "fiscalon --help" for the commands.)")
+                       : "Run \"fiscalon " + meant.front()->get_name() + " --help\" for its options.";
+}
+
+std::vector<std::string> CommandsOf(CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands([](CLI::App*) { return true; }))
+    names.push_back(command->get_name());
+  return names;
+}
+
+/// The options of the program and of the command that was meant.
+std::vector<std::string> OptionsOf(CLI::App& app) {
+  std::vector<CLI::App*> meant = app.get_subcommands();
+  meant.push_back(&app);
+  std::vector<std::string> names;
+  for (CLI::App* each : meant)
+    for (const CLI::Option* option : each->get_options())
+      for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  return names;
+}
+
+/// What is wrong with a command line, with the word that it is about.
+std::string ComplaintAbout(CLI::App& app, const CLI::ParseError& error) {
+  const std::vector<std::string> unknown = app.remaining(true);
+  // Errors bear the name of the command, so their codes tell them apart.
+  const auto is = [&](CLI::ExitCodes code) { return error.get_exit_code() == static_cast<int>(code); };
+  const bool wantsCommand = app.get_subcommands().empty() && is(CLI::ExitCodes::RequiredError);
+  if (unknown.empty() || (!wantsCommand && !is(CLI::ExitCodes::ExtrasError)))
+    return error.what();
+  const std::string& word = unknown.front();
+  if (word.starts_with("-"))
+    return "there is no option \"" + word + "\"" + DidYouMean(word, OptionsOf(app));
+  if (!wantsCommand)
+    return "\"" + word + "\" is one argument too many";
+  return "there is no command \"" + word + "\"" + DidYouMean(word, CommandsOf(app));
+}
+
 ExitStatus RunProgram(int argc, char** argv) {
+  RefuseMissingValues(argc, argv);
   Context context{.arguments = argv, .paint = Paint(ColourIsWanted())};
   CLI::App app("", "fiscalon");
   DefineCommandLine(app, context);
   try {
     app.parse(argc, argv);
+  } catch (const CLI::Success& help) {
+    app.exit(help, std::cout, std::cerr);
   } catch (const CLI::ParseError& error) {
-    context.status = app.exit(error, std::cout, std::cerr) == 0 ? ExitStatus::Done : ExitStatus::Unusable;
+    Complain("fiscalon: " + ComplaintAbout(app, error) + '\n' + HelpToRead(app));
+    context.status = ExitStatus::Unusable;
+  } catch (const UsageError& error) {
+    Complain(std::string("fiscalon: ") + error.what() + '\n' + HelpToRead(app));
+    context.status = ExitStatus::Unusable;
   }
   std::cout.flush();
   return context.status;
@@ -94,6 +153,10 @@ int main(int argc, char** argv) {
 #ifdef SIGPIPE
   // A reader that goes away shows as a failed write.
   std::signal(SIGPIPE, SIG_IGN);
+#endif
+#ifdef SIGXFSZ
+  // So does a file that would grow over its owner's limit.
+  std::signal(SIGXFSZ, SIG_IGN);
 #endif
   fiscalon::StandardOutput output;
   return static_cast<int>(fiscalon::RunAndComplain(argc, argv));

@@ -2,8 +2,10 @@
 
 #include "frontends/played/scenario_player.h"
 #include "tools/fiscalon/input_file.h"
+#include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/qt_front_end.h"
 #include "tools/fiscalon/screen_code.h"
+#include "tools/fiscalon/whole_file.h"
 
 namespace fiscalon {
 namespace {
@@ -48,10 +50,15 @@ Scenario ScenarioOf(const PictureOptions& options) {
   }
 }
 
+std::vector<std::string> InputsOf(const PictureOptions& options) {
+  return options.scenario.empty() ? std::vector<std::string>{} : std::vector{options.scenario};
+}
+
 ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
   GoOnWithQt(context);
   const LaunchRow& screen = ScreenWithForm(options.code);
   const Scenario scenario = ScenarioOf(options);
+  WholeFile file(options.out, InputsOf(options));
   const auto toolkit = NewPhotographedToolkit(
       {.theme = options.dark ? PictureLook::Theme::Dark : PictureLook::Theme::Light, .scale = options.scale});
   PlaySettings settings{.today = context.today};
@@ -73,8 +80,8 @@ ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
   }
   if (!taken)
     throw CommandError(scenario.file + " never shows screen \"" + options.code + "\"");
-  if (!toolkit->SavePicture(options.out))
-    throw CommandError(options.out + " can't be written");
+  file.Write(toolkit->Picture());
+  file.Commit();
   return ExitStatus::Done;
 }
 
@@ -85,8 +92,10 @@ void AddPictureCommand(CLI::App& app, Context& context) {
   command->footer(kExamples);
   const auto options = std::make_shared<PictureOptions>();
   command->add_option("CODE", options->code, "The screen's code")->required();
-  command->add_option("--out", options->out, "The picture")->required()->type_name("FILE.png");
-  command->add_option("--scenario", options->scenario, "A scenario that fills the form")->type_name("FILE");
+  command->add_option("--out", options->out, "The picture")->required()->type_name("FILE.png")->check(NameGiven);
+  command->add_option("--scenario", options->scenario, "A scenario that fills the form")
+      ->type_name("FILE")
+      ->check(NameGiven);
   command->add_option("--scale", options->scale, "Pixels for each of a usual screen")
       ->type_name("FACTOR")
       ->check(CLI::Range(0.5, 4.0));

@@ -7,6 +7,7 @@
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/narrator.h"
+#include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/qt_front_end.h"
 #include "tools/fiscalon/transcript.h"
 #include "tools/fiscalon/visible_text.h"
@@ -166,11 +167,13 @@ void AddPlayCommand(CLI::App& app, Context& context) {
       app.add_subcommand("play", "Play scenarios: a host and a user at a screen, and what must be seen");
   command->footer(kExamples);
   const auto options = std::make_shared<PlayOptions>();
-  command->add_option("FILE", options->files, "Scenario files")->required();
+  command->add_option("FILE", options->files, "Scenario files")->required()->check(NameGiven);
   command->add_option("--toolkit", options->toolkit, "The front end that shows the forms")
       ->type_name("NAME")
-      ->check(CLI::IsMember({"scripted", "qt"}));
-  command->add_option("--only", options->only, "Play the scenarios of that name alone")->type_name("NAME");
+      ->check(OneOf({"scripted", "qt"}));
+  command->add_option("--only", options->only, "Play the scenarios of that name alone")
+      ->type_name("NAME")
+      ->check(NameGiven);
   CLI::Option* transcript =
       command->add_flag("--transcript", options->transcript, "Print every line and everything that happens");
   command->add_flag("--narrate", options->narrate, "Tell it with pictures of the form, the boxes and the records")

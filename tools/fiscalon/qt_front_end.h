@@ -40,8 +40,8 @@ class PhotographedToolkit {
   virtual DrivenToolkit& Toolkit() = 0;
   /// Takes a picture of the form that is up.
   virtual void TakePicture() = 0;
-  /// Writes the last picture as PNG. False where the file can't be written.
-  virtual bool SavePicture(const std::string& path) const = 0;
+  /// The last picture as the bytes of a PNG file.
+  virtual std::string Picture() const = 0;
 };
 
 std::unique_ptr<PhotographedToolkit> NewPhotographedToolkit(const PictureLook& look);

@@ -4,16 +4,21 @@
 
 namespace fiscalon {
 
+const LaunchRow& ScreenOf(const std::string& code) {
+  if (const LaunchRow* row = FindLaunchRow(code))
+    return *row;
+  std::string codes;
+  for (const LaunchRow& each : LaunchTable()) codes.append(codes.empty() ? "" : ", ").append(each.code);
+  // Most who leave a digit out leave the zero out.
+  const std::string meant = FindLaunchRow("0" + code) != nullptr ? "; did you mean \"0" + code + "\"?" : "";
+  throw UsageError("there is no screen \"" + code + "\"; the codes are " + codes + meant);
+}
+
 const LaunchRow& ScreenWithForm(const std::string& code) {
-  const LaunchRow* row = FindLaunchRow(code);
-  if (row == nullptr) {
-    std::string codes;
-    for (const LaunchRow& each : LaunchTable()) codes.append(codes.empty() ? "" : ", ").append(each.code);
-    throw CommandError("there is no screen \"" + code + "\"; the codes are " + codes);
-  }
-  if (row->make == nullptr)
+  const LaunchRow& row = ScreenOf(code);
+  if (row.make == nullptr)
     throw CommandError("this version does not have the form of screen \"" + code + "\" yet");
-  return *row;
+  return row;
 }
 
 }  // namespace fiscalon

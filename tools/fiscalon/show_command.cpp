@@ -1,8 +1,11 @@
 #include "tools/fiscalon/show_command.h"
 
 #include <iostream>
+#include <optional>
 
 #include "tools/fiscalon/input_file.h"
+#include "tools/fiscalon/option_names.h"
+#include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/shown_json.h"
 #include "tools/fiscalon/shown_text.h"
 #include "tools/fiscalon/visible_text.h"
@@ -22,19 +25,9 @@ Exit status: 0 nothing wrong, 1 something wrong in a record (all are printed all
 
 struct ShowOptions {
   std::string file = {};
-  std::string screen = {};
+  std::optional<std::string> screen = {};
   bool json = false;
 };
-
-const LaunchRow* ScreenOf(const std::string& code) {
-  if (code.empty())
-    return nullptr;
-  if (const LaunchRow* row = FindLaunchRow(code))
-    return row;
-  std::string codes;
-  for (const LaunchRow& row : LaunchTable()) codes.append(codes.empty() ? "" : ", ").append(row.code);
-  throw CommandError("there is no screen \"" + code + "\"; the codes are " + codes);
-}
 
 void PrintText(const std::string& name, const LaunchRow* screen, const std::vector<ShownRecord>& records,
                const Context& context) {
@@ -57,7 +50,7 @@ void PrintText(const std::string& name, const LaunchRow* screen, const std::vect
 }
 
 ExitStatus Show(const ShowOptions& options, const Context& context) {
-  const LaunchRow* screen = ScreenOf(options.screen);
+  const LaunchRow* screen = options.screen ? &ScreenOf(*options.screen) : nullptr;
   const std::string name = options.file == "-" ? "standard input" : options.file;
   std::string bytes;
   try {
@@ -80,7 +73,7 @@ void AddShowCommand(CLI::App& app, Context& context) {
       app.add_subcommand("show", "Print the records of a file taken apart, and what is wrong with them");
   command->footer(kExamples);
   const auto options = std::make_shared<ShowOptions>();
-  command->add_option("FILE", options->file, "A record file; - is standard input")->required();
+  command->add_option("FILE", options->file, "A record file; - is standard input")->required()->check(NameGiven);
   command->add_option("--screen", options->screen, "The screen that the records come from: names their fields")
       ->type_name("CODE");
   command->add_flag("--json", options->json, "Print one JSON document");

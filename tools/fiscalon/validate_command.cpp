@@ -1,18 +1,20 @@
 #include "tools/fiscalon/validate_command.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <thread>
 
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
 #include "core/records/record_line.h"
 #include "tools/fiscalon/input_file.h"
+#include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/progress_line.h"
-#include "tools/fiscalon/report_file.h"
+#include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/visible_text.h"
+#include "tools/fiscalon/whole_file.h"
 #include "validation/batch.h"
 #include "validation/batch_report.h"
 #include "validation/judge_payment.h"
@@ -35,8 +37,8 @@ line up; then there is no report. --today and --locale: see "fiscalon --help".)"
 
 struct ValidateOptions {
   std::string file = {};
-  std::string screen = {};
-  std::string amount = {};
+  std::optional<std::string> screen = {};
+  std::optional<std::string> amount = {};
   std::string biller = {};
   std::string payments = {};
   std::string records = {};
@@ -58,9 +60,10 @@ std::vector<std::string_view> RecordsOf(std::string_view bytes, const std::strin
 }
 
 ExitStatus ValidatePayment(const ValidateOptions& options, const Context& context) {
+  const std::string screen(ScreenOf(*options.screen).code);
   int64_t cents = 0;
-  if (const std::string problem = ReadCents(options.amount, cents); !problem.empty())
-    throw CommandError("--amount: " + problem);
+  if (const std::string problem = ReadCents(*options.amount, cents); !problem.empty())
+    throw UsageError("--amount: " + problem);
   const std::string name = options.file == "-" ? "standard input" : options.file;
   std::string bytes;
   try {
@@ -69,7 +72,6 @@ ExitStatus ValidatePayment(const ValidateOptions& options, const Context& contex
     throw CommandError(name + " can't be read: " + error.what());
   }
   const std::vector<std::string_view> records = RecordsOf(bytes, name);
-  const std::string screen = FromUtf8(options.screen);
   const std::string biller = FromUtf8(options.biller);
   std::string reason;
   const bool valid =
@@ -84,7 +86,7 @@ ExitStatus ValidatePayment(const ValidateOptions& options, const Context& contex
 /// Writes the report, counts the reasons and shows how far the batch is.
 class BatchDesk : public BatchListener {
  public:
-  explicit BatchDesk(ReportFile* report) : report_(report) {
+  explicit BatchDesk(WholeFile* report) : report_(report) {
     if (report_ != nullptr)
       rows_.append(kReportHeader).append("\n");
   }
@@ -114,19 +116,11 @@ class BatchDesk : public BatchListener {
   const ReasonCounts& Reasons() const { return reasons_; }
 
  private:
-  ReportFile* report_;
+  WholeFile* report_;
   std::string rows_;
   ReasonCounts reasons_;
   ProgressLine progressLine_;
 };
-
-void RefuseInputAsReport(const ValidateOptions& options) {
-  std::error_code ignored;
-  for (const std::string& input : {options.payments, options.records}) {
-    if (std::filesystem::equivalent(options.report, input, ignored))
-      throw CommandError("the report would take the place of " + input);
-  }
-}
 
 void PrintSummary(std::ostream& out, const BatchProgress& counts, const ReasonCounts& reasons, const Paint& paint) {
   out << counts.payments << " payments: ";
@@ -141,7 +135,7 @@ void PrintSummary(std::ostream& out, const BatchProgress& counts, const ReasonCo
 
 ExitStatus ValidateFiles(const ValidateOptions& options, const Context& context) {
   if (options.payments == "-" && options.records == "-")
-    throw CommandError("only one of --payments and --records can be standard input");
+    throw UsageError("only one of --payments and --records can be standard input");
   InterruptWatch watch;
   const auto payments = ByteSource::Open(options.payments);
   const auto records = ByteSource::Open(options.records);
@@ -149,11 +143,9 @@ ExitStatus ValidateFiles(const ValidateOptions& options, const Context& context)
     if (source->Stays())
       watch.Mapped(source->Name(), source->Peek(0));
   }
-  std::unique_ptr<ReportFile> report;
-  if (!options.report.empty()) {
-    RefuseInputAsReport(options);
-    report = std::make_unique<ReportFile>(options.report);
-  }
+  std::unique_ptr<WholeFile> report;
+  if (!options.report.empty())
+    report = std::make_unique<WholeFile>(options.report, std::vector{options.payments, options.records});
   BatchProgress counts;
   ReasonCounts reasons;
   {
@@ -164,20 +156,20 @@ ExitStatus ValidateFiles(const ValidateOptions& options, const Context& context)
   }
   if (report)
     report->Commit();
-  PrintSummary(options.report == "-" ? std::cerr : std::cout, counts, reasons, context.paint);
+  PrintSummary(report && report->IsStandardOutput() ? std::cerr : std::cout, counts, reasons, context.paint);
   return counts.invalid == 0 ? ExitStatus::Done : ExitStatus::Invalid;
 }
 
 ExitStatus Validate(const ValidateOptions& options, const Context& context) {
   const bool isBatch = !options.payments.empty() || !options.records.empty();
   if (isBatch && (options.payments.empty() || options.records.empty()))
-    throw CommandError("a batch needs both --payments and --records");
-  if (isBatch && !(options.file + options.screen + options.amount + options.biller).empty())
-    throw CommandError("a batch names its payments in --payments: leave out FILE, --screen, --amount and --biller");
-  if (!isBatch && (options.file.empty() || options.screen.empty() || options.amount.empty()))
-    throw CommandError("a payment needs --screen, --amount and FILE; a batch --payments and --records");
+    throw UsageError("a batch needs both --payments and --records");
+  if (isBatch && (options.screen || options.amount || !(options.file + options.biller).empty()))
+    throw UsageError("a batch names its payments in --payments: leave out FILE, --screen, --amount and --biller");
+  if (!isBatch && (options.file.empty() || !options.screen || !options.amount))
+    throw UsageError("a payment needs --screen, --amount and FILE; a batch --payments and --records");
   if (!isBatch && !options.report.empty())
-    throw CommandError("--report goes with a batch");
+    throw UsageError("--report goes with a batch");
   TheModule().locale = context.SpokenLocale();
   if (context.today)
     TheModule().clock = std::make_shared<FixedClock>(*context.today);
@@ -204,15 +196,19 @@ void AddValidateCommand(CLI::App& app, Context& context) {
   command->footer(kExamples);
   const auto options = std::make_shared<ValidateOptions>();
   options->jobs = std::max(1u, std::thread::hardware_concurrency());
-  command->add_option("FILE", options->file, "The records of one payment; - is standard input");
+  command->add_option("FILE", options->file, "The records of one payment; - is standard input")->check(NameGiven);
   command->add_option("--screen", options->screen, "The payment's screen: 03 or 20")->type_name("CODE");
   command->add_option("--amount", options->amount, "The payment's amount in cents")->type_name("CENTS");
   command->add_option("--biller", options->biller, "The payment's biller, such as 001052")->type_name("CODE");
   command->add_option("--payments", options->payments, "The payments list of a batch; - is standard input")
-      ->type_name("FILE");
-  command->add_option("--records", options->records, "The records of a batch; - is standard input")->type_name("FILE");
+      ->type_name("FILE")
+      ->check(NameGiven);
+  command->add_option("--records", options->records, "The records of a batch; - is standard input")
+      ->type_name("FILE")
+      ->check(NameGiven);
   command->add_option("--report", options->report, "Where to write a row for each payment; - is standard output")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(NameGiven);
   command->add_option("--jobs", options->jobs, "How many threads judge a batch; as many as there are cores")
       ->type_name("N")
       ->check(CLI::Range(1, 256));

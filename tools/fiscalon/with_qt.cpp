@@ -19,7 +19,7 @@ class PhotographedQt final : public PhotographedToolkit {
     if (FormDialog* dialog = toolkit_.Dialog())
       picture_.Take(*dialog);
   }
-  bool SavePicture(const std::string& path) const override { return picture_.Save(path); }
+  std::string Picture() const override { return picture_.Png(); }
 
  private:
   PlayedQtToolkit toolkit_;

@@ -21,6 +21,7 @@ tests | xdotool            | types and clicks in those tests
 check | clang-tidy         | lint
 check | cppcheck           | lint
 check | shellcheck         | lint of the shell scripts
+check | clang              | the other compiler, which runs the whole suite too
 bench | libbenchmark-dev   | the benchmarks
 fuzz  | clang              | compiles the fuzz targets
 fuzz  | libclang-rt-dev    | the fuzzing engine and the sanitizers of clang

@@ -34,6 +34,12 @@ TEST(AmountToField, IsReadBackByTheLeadingNumber) {
   }
 }
 
+TEST(PadRight, AWidthBelowNothingIsError5) {
+  for (const int16_t width : {int16_t{-1}, int16_t{-32768}})
+    EXPECT_EQ(ErrorOf([&] { PadRight("ab", width, " "); }), 5) << width;
+  EXPECT_EQ(ErrorOf([] { PadRight("ab", 5, ""); }), 5);
+}
+
 TEST(PadRight, FillsUpOrCuts) {
   EXPECT_EQ(PadRight("ab", 5, " "), "ab   ");
   EXPECT_EQ(PadRight("ab", 5, "0x"), "ab000");

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+#include <ranges>
+#include <vector>
+
 #include "core/records/pc4_records.h"
 #include "tests/support/raises.h"
 
@@ -24,6 +29,44 @@ std::string Descriptions(const PC4s& records) {
 
 TEST(KeyedCollection, KeepsTheOrderOfAdding) {
   EXPECT_EQ(Descriptions(ThreeRecords()), "first;second;third;");
+}
+
+using Iterator = PC4s::iterator;
+static_assert(std::random_access_iterator<Iterator> && std::random_access_iterator<PC4s::const_iterator>);
+static_assert(std::sized_sentinel_for<Iterator, Iterator> && std::ranges::random_access_range<const PC4s>);
+static_assert(std::convertible_to<Iterator, PC4s::const_iterator>);
+static_assert(!std::convertible_to<PC4s::const_iterator, Iterator>);
+
+TEST(KeyedCollection, IsWalkedByTheStandardAlgorithms) {
+  PC4s records = ThreeRecords();
+  const auto isSecond = [](const PC4& record) { return record.Description() == "second"; };
+  EXPECT_EQ(std::find_if(records.begin(), records.end(), isSecond) - records.begin(), 1);
+  EXPECT_EQ(std::ranges::count_if(records, isSecond), 1);
+  EXPECT_EQ(std::distance(records.begin(), records.end()), 3);
+  std::vector<std::string> descriptions;
+  std::transform(records.begin(), records.end(), std::back_inserter(descriptions),
+                 [](const PC4& record) { return record.Description(); });
+  EXPECT_EQ(descriptions, (std::vector<std::string>{"first", "second", "third"}));
+  EXPECT_EQ(std::prev(records.end())->Description(), "third");
+  EXPECT_EQ(std::make_reverse_iterator(records.end())->Description(), "third");
+}
+
+TEST(KeyedCollection, IsWalkedStepByStep) {
+  PC4s records = ThreeRecords();
+  PC4s::iterator at = records.begin();
+  EXPECT_EQ(at++->Description(), "first");
+  EXPECT_EQ((*at).Description(), "second");
+  at->Description("changed");
+  EXPECT_EQ(at--->Description(), "changed");
+  EXPECT_EQ(at[2].Description(), "third");
+  EXPECT_TRUE(records.begin() < records.end());
+  const PC4s::const_iterator constant = at;
+  EXPECT_TRUE(constant == at);
+}
+
+TEST(KeyedCollection, NothingIsWalkedWhereNothingIs) {
+  const PC4s records;
+  EXPECT_TRUE(records.begin() == records.end());
 }
 
 TEST(KeyedCollection, CountsPositionsFromOne) {

@@ -3,7 +3,8 @@
 cmake_minimum_required(VERSION 3.25)
 
 set(prefix ${WORK_DIR}/prefix)
-file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${WORK_DIR}/host ${WORK_DIR}/qt_host)
+file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${WORK_DIR}/host ${WORK_DIR}/qt_host ${WORK_DIR}/own
+  ${WORK_DIR}/guide ${WORK_DIR}/guide_host ${WORK_DIR}/guide_host_test ${WORK_DIR}/guide_qt_host)
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -40,16 +41,59 @@ if(HAS_PROGRAM)
   endif()
 endif()
 
-run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/host -B ${WORK_DIR}/host -G Ninja
-  -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS})
-run(${CMAKE_COMMAND} --build ${WORK_DIR}/host)
+# Headers: what hosts are promised, below one folder, and nothing that is the library's own.
+file(GLOB folders RELATIVE ${prefix}/include ${prefix}/include/*)
+if(NOT folders STREQUAL "fiscalon")
+  message(FATAL_ERROR "beside fiscalon/ there are headers: ${folders}")
+endif()
+foreach(private IN ITEMS core/logging.h core/module_state.h core/screen_contract.h screens validation/rule_sets.h)
+  if(EXISTS ${prefix}/include/fiscalon/${private})
+    message(FATAL_ERROR "${private} is installed, and is no business of hosts")
+  endif()
+endforeach()
+# A host has headers of the same names as the library's own, and meets each of the installed ones first.
+file(GLOB_RECURSE headers RELATIVE ${prefix}/include ${prefix}/include/*.h)
+file(GLOB promised RELATIVE ${prefix}/include ${prefix}/include/fiscalon/*.h)
+foreach(name IN ITEMS core/boolean.h core/logging.h core/session.h core/forms/form.h session.h boolean.h)
+  file(WRITE ${WORK_DIR}/own/${name} "#error a header of the host is taken for one of the library\n")
+endforeach()
+file(WRITE ${WORK_DIR}/own/everything.cpp "")
+foreach(header IN LISTS headers)
+  file(APPEND ${WORK_DIR}/own/everything.cpp "#include <${header}>\n")
+endforeach()
+foreach(header IN LISTS promised)
+  file(WRITE ${WORK_DIR}/own/alone.cpp "#include <${header}>\n")
+  run(${COMPILER} -std=c++20 -Wall -Wextra -Werror -fsyntax-only
+    -I ${WORK_DIR}/own -I ${prefix}/include ${WORK_DIR}/own/alone.cpp)
+endforeach()
+run(${COMPILER} -std=c++20 -fsyntax-only -I ${WORK_DIR}/own -I ${prefix}/include ${WORK_DIR}/own/everything.cpp)
+
+# build(FOLDER): a project of the guide or of the examples, against the library as it is installed.
+function(build source folder)
+  run(${CMAKE_COMMAND} -S ${source} -B ${WORK_DIR}/${folder} -G Ninja
+    -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS})
+  run(${CMAKE_COMMAND} --build ${WORK_DIR}/${folder})
+endfunction()
+
+build(${SOURCE_DIR}/examples/host host)
 expect_records(${WORK_DIR}/host/host)
 
-# The one with windows: it must find and link the front end; what it does is tried at a display elsewhere.
+# The listings of the host guide, word for word.
+set(guide ${WORK_DIR}/guide)
+run(python3 ${CMAKE_CURRENT_LIST_DIR}/listings.py ${SOURCE_DIR}/docs/host-guide.md ${guide})
+build(${guide}/host guide_host)
+expect_records(${WORK_DIR}/guide_host/host)
+file(READ ${guide}/host/CMakeLists.txt text)
+string(REPLACE "add_executable(host " "add_executable(host_test " text "${text}")
+string(REPLACE "target_link_libraries(host " "target_link_libraries(host_test " text "${text}")
+file(WRITE ${guide}/host_test/CMakeLists.txt "${text}")
+build(${guide}/host_test guide_host_test)
+run(${WORK_DIR}/guide_host_test/host_test)
+
+# Those with windows must find and link the front end; what they do is tried at a display elsewhere.
 if(HAS_QT)
-  run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/qt_host -B ${WORK_DIR}/qt_host -G Ninja
-    -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS})
-  run(${CMAKE_COMMAND} --build ${WORK_DIR}/qt_host)
+  build(${SOURCE_DIR}/examples/qt_host qt_host)
+  build(${guide}/qt_host guide_qt_host)
 endif()
 
 # Nothing but the environment tells this one where a shared library lies.

@@ -180,5 +180,45 @@ TEST_F(ScriptedToolkitTest, WhatItsDriverThrowsComesOutOfTheShow) {
   EXPECT_THROW(session.ShowLevyraScreen("15"), std::logic_error);
 }
 
+/// A screen whose host sets its callbacks anew while one of them runs.
+class SelfReplacing : public ModuleTest {};
+
+TEST_F(SelfReplacing, CallbacksMayPutOthersInTheirPlace) {
+  ScriptedToolkit frontEnd;
+  UseToolkit(&frontEnd);
+  std::vector<std::string> seen;
+  const std::string longEnoughForTheHeap(100, 'x');
+  frontEnd.onForm = [&frontEnd, &seen, longEnoughForTheHeap](Form& form, UserDriver& user) {
+    frontEnd.onForm = nullptr;
+    seen.push_back("form " + longEnoughForTheHeap);
+    user.Click(*form.FindControl("cmdOK"));
+  };
+  frontEnd.onMessage = [&frontEnd, &seen, longEnoughForTheHeap](const BoxRequest& box) {
+    frontEnd.onMessage = nullptr;
+    seen.push_back("box " + longEnoughForTheHeap);
+    return box.DefaultAnswer();
+  };
+  frontEnd.onEvent = [&frontEnd, &seen, longEnoughForTheHeap](const std::string& handler) {
+    frontEnd.onEvent = nullptr;
+    seen.push_back(handler + " " + longEnoughForTheHeap);
+  };
+  frontEnd.onBeep = [&frontEnd, &seen, longEnoughForTheHeap] {
+    frontEnd.onBeep = nullptr;
+    seen.push_back("beep " + longEnoughForTheHeap);
+  };
+  frontEnd.onHelp = [&frontEnd, &seen, longEnoughForTheHeap](std::string_view, int32_t) {
+    frontEnd.onHelp = nullptr;
+    seen.push_back("help " + longEnoughForTheHeap);
+  };
+  Levyra session;
+  EXPECT_TRUE(session.ShowLevyraScreen("15"));
+  frontEnd.Beep();
+  frontEnd.OpenHelp("help", 1);
+  frontEnd.ShowMessage({.text = "a box"});
+  EXPECT_EQ(seen, (std::vector<std::string>{"Form_Load " + longEnoughForTheHeap, "form " + longEnoughForTheHeap,
+                                            "beep " + longEnoughForTheHeap, "help " + longEnoughForTheHeap,
+                                            "box " + longEnoughForTheHeap}));
+}
+
 }  // namespace
 }  // namespace fiscalon

@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -11,6 +12,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>
 #include <map>
@@ -209,7 +212,8 @@ TEST_F(PaymentDesk, ShowsAnErrorWithNumberSourceAndDescription) {
             "Screen 15 ended with an error. Shown again, it goes on with what was typed.\n"
             "Number: 5\n"
             "Source: Fiscalon.ShowLevyraScreen\n"
-            "Description: Invalid procedure call or argument");
+            "Description: Invalid procedure call or argument\n"
+            "EnterName has 31 characters, and a record has room for 30: shorten it.");
   EXPECT_FALSE(ShowsRecords());
 }
 
@@ -217,7 +221,9 @@ TEST_F(PaymentDesk, ShowsWhatAPropertyOfThePaymentRaises) {
   Retype("cents", "1e400");
   toolkit_.onForm = [](Form&, UserDriver&) { FAIL() << "the screen was shown"; };
   Press("show");
-  EXPECT_EQ(Words(), "The payment can't be shown:\nNumber: 6\nSource: Fiscalon\nDescription: Overflow");
+  EXPECT_EQ(Words(),
+            "The payment can't be shown:\nNumber: 6\nSource: Fiscalon\nDescription: Overflow\n"
+            "PaidAmount takes cents as digits, such as 12345.");
 }
 
 TEST_F(PaymentDesk, WritesRecordsToAFile) {
@@ -261,7 +267,9 @@ TEST_F(PaymentDesk, ShowsTheErrorOfAFileThatCantBeWritten) {
             "Screen 15 ended with an error. Shown again, it goes on with what was typed.\n"
             "Number: 76\n"
             "Source: Fiscalon.ShowLevyraScreen\n"
-            "Description: Path not found");
+            "Description: Path not found\n"
+            "GovFilename is \"/nowhere/payment.pc4\", and there is no folder \"/nowhere\": make it, or name another "
+            "file.");
 }
 
 TEST_F(PaymentDesk, ShowsTheAmountBothWays) {
@@ -351,6 +359,49 @@ TEST_F(PaymentDesk, IsWalkedThroughByTab) {
 TEST_F(PaymentDesk, FitsASmallScreen) {
   EXPECT_LE(desk_->minimumSizeHint().width(), 1024);
   EXPECT_LE(desk_->minimumSizeHint().height(), 700);
+}
+
+// 1280 by 720 at scale 2.
+TEST_F(PaymentDesk, FitsASmallScreenOfLargePixels) {
+  toolkit_.onForm = Accept;
+  Press("show");
+  desk_->resize(640, 340);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(desk_->size(), QSize(640, 340));
+  auto& area = Find<QScrollArea>("desk");
+  EXPECT_EQ(area.horizontalScrollBar()->maximum(), 0) << "the desk is wider than the screen";
+  for (const char* name : {"customerNumber", "chooseFile", "show", "lines"}) {
+    auto& widget = Find<QWidget>(name);
+    area.ensureWidgetVisible(&widget);
+    EXPECT_FALSE(widget.visibleRegion().isEmpty()) << name;
+  }
+}
+
+TEST_F(PaymentDesk, NamesDoubtfulEntriesBeforeTheShow) {
+  auto& doubts = Find<QLabel>("doubts");
+  EXPECT_FALSE(doubts.isVisible());
+  Retype("sequence", "12345");
+  EXPECT_TRUE(doubts.isVisible());
+  EXPECT_EQ(doubts.text(), "SeqNumber has 5 characters instead of four, which shifts the columns of all records.");
+  Retype("enteredBy", QString(31, 'x'));
+  EXPECT_EQ(doubts.text().count('\n'), 1);
+  Retype("sequence", "1234");
+  EXPECT_EQ(doubts.text(), "EnterName has 31 characters, and a record has room for 30: shorten it.");
+  Retype("enteredBy", "A");
+  EXPECT_FALSE(doubts.isVisible());
+}
+
+TEST_F(PaymentDesk, CopiesAWholeRow) {
+  toolkit_.onForm = Accept;
+  Press("show");
+  auto& fields = Find<QTreeWidget>("fields");
+  QTreeWidgetItem* row = fields.topLevelItem(1)->child(0);
+  fields.setFocus();
+  fields.setCurrentItem(row, 2);
+  QTest::keyClick(&fields, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(),
+            QStringList({row->text(0), row->text(1), row->text(2), row->text(3)}).join('\t'));
+  EXPECT_NE(row->text(3), "");
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ TEST_F(CollectCommand, NamesTheScreensThereAre) {
   EXPECT_EQ(seen.status, 2);
   EXPECT_EQ(seen.err,
             "fiscalon: there is no screen \"99\"; the codes are 01, 02, 03, 04, 05, 06, 07, 08, 10, 11, 14, 15, 16, "
-            "17, 18, 19, 20, 25, 26, 27, 28\n");
+            "17, 18, 19, 20, 25, 26, 27, 28\nRun \"fiscalon collect --help\" for its options.\n");
 }
 
 TEST_F(CollectCommand, HasAnOptionForEachPropertyOfTheHost) {
@@ -66,7 +66,8 @@ TEST_F(CollectCommand, RefusesAValueThatThePropertyDoesNotTake) {
 TEST_F(CollectCommandWithQt, TellsWhatAPropertyRaises) {
   const Outcome seen = Collect("15 --paid-amount 1e999");
   EXPECT_EQ(seen.status, 2);
-  EXPECT_THAT(seen.err, HasSubstr("fiscalon: --paid-amount: error 6, Overflow\n"));
+  EXPECT_THAT(seen.err, HasSubstr("fiscalon: --paid-amount: error 6, Overflow\n"
+                                  "  PaidAmount takes cents as digits, such as 12345.\n"));
 }
 
 TEST_F(CollectCommandWithQt, WantsADisplay) {

@@ -66,6 +66,45 @@ TEST_F(Program, EndsWithTwoOnBadUsage) {
   }
 }
 
+TEST_F(Program, NamesWhatItDoesNotKnowAndTheNearestThatItDoes) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"vaildate", "there is no command \"vaildate\"; did you mean \"validate\"?"},
+      {"Show a.pc4", "there is no command \"Show\"; did you mean \"show\"?"},
+      {"--locale en-CA shw a.pc4", "there is no command \"shw\"; did you mean \"show\"?"},
+      {"zzzzzzzz", "there is no command \"zzzzzzzz\""},
+      {"--verison", "there is no option \"--verison\"; did you mean \"--version\"?"},
+      {"validate --reprot a.csv", "there is no option \"--reprot\"; did you mean \"--report\"?"},
+      {"show --locael en-CA a", "there is no option \"--locael\"; did you mean \"--locale\"?"},
+      {"show a b", "\"b\" is one argument too many"},
+      {"play --toolkit qtt a", "--toolkit: \"qtt\" is none of scripted, qt; did you mean \"qt\"?"},
+      {"screens --locale fr-ca", "--locale: \"fr-ca\" is none of en-CA, en-US, fr-CA, system; did you mean \"fr-CA\"?"},
+      {"generate --payments 1 --screen 3", "--screen: \"3\" is none of 03, 20; did you mean \"03\"?"},
+      {"show --screen 3 a",
+       "there is no screen \"3\"; the codes are 01, 02, 03, 04, 05, 06, 07, 08, 10, 11, 14, 15, 16, 17, 18, 19, 20, "
+       "25, 26, 27, 28; did you mean \"03\"?"},
+  };
+  for (const auto& [arguments, complaint] : rows) {
+    const Outcome seen = Run(std::string("fiscalon ") + arguments);
+    EXPECT_EQ(seen.status, 2) << arguments;
+    EXPECT_THAT(seen.err, StartsWith(std::string("fiscalon: ") + complaint + "\n")) << arguments;
+  }
+}
+
+TEST_F(Program, PointsToTheHelpOfTheCommandThatWasMeant) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"validate", "Run \"fiscalon validate --help\" for its options.\n"},
+      {"validate --payments a.csv", "Run \"fiscalon validate --help\" for its options.\n"},
+      {"play", "Run \"fiscalon play --help\" for its options.\n"},
+      {"show --nonsense a", "Run \"fiscalon show --help\" for its options.\n"},
+      {"generate --payments x --screen 03", "Run \"fiscalon generate --help\" for its options.\n"},
+      {"picture 99 --out a.png", "Run \"fiscalon picture --help\" for its options.\n"},
+      {"nonsense", "Run \"fiscalon --help\" for the commands.\n"},
+      {"", "Run \"fiscalon --help\" for the commands.\n"},
+  };
+  for (const auto& [arguments, help] : rows)
+    EXPECT_THAT(Run(std::string("fiscalon ") + arguments).err, testing::EndsWith(help)) << arguments;
+}
+
 TEST_F(Program, SaysWhatADateLooksLike) {
   EXPECT_THAT(Run("fiscalon --today tomorrow screens").err,
               HasSubstr("expected a date such as 2026-06-15 or \"2026-06-15 13:05:09\", not \"tomorrow\""));

@@ -87,12 +87,12 @@ TEST_F(PictureCommand, TellsOfFilesThatCantBeReadOrWritten) {
   EXPECT_EQ(seen.err, "fiscalon: missing.scenario can't be read: No such file or directory\n");
   seen = Run("fiscalon picture 15 --out nowhere/picture.png");
   EXPECT_EQ(seen.status, 2);
-  EXPECT_EQ(seen.err, "fiscalon: nowhere/picture.png can't be written\n");
+  EXPECT_EQ(seen.err, "fiscalon: nowhere/picture.png can't be written: No such file or directory\n");
 }
 
 TEST_F(PictureCommand, WantsAScreenWithAForm) {
   EXPECT_EQ(Run("fiscalon picture 99 --out picture.png").status, 2);
-  EXPECT_THAT(Run("fiscalon picture 99 --out picture.png").err, EndsWith("25, 26, 27, 28\n"));
+  EXPECT_THAT(Run("fiscalon picture 99 --out picture.png").err, testing::HasSubstr("25, 26, 27, 28\n"));
 }
 
 }  // namespace

@@ -78,7 +78,7 @@ TEST_F(ShowCommand, RefusesACodeThatIsNoScreen) {
   EXPECT_EQ(
       seen.err,
       "fiscalon: there is no screen \"12\"; the codes are 01, 02, 03, 04, 05, 06, 07, 08, 10, 11, 14, 15, 16, 17, "
-      "18, 19, 20, 25, 26, 27, 28\n");
+      "18, 19, 20, 25, 26, 27, 28\nRun \"fiscalon show --help\" for its options.\n");
 }
 
 TEST_F(ShowCommand, WritesDollarsAsTheUserDoes) {

@@ -1,0 +1,40 @@
+#include "core/host_setup.h"
+
+#include <memory>
+#include <optional>
+
+#include "core/forms/form.h"
+#include "core/module_state.h"
+#include "core/platform/runtime_error.h"
+
+namespace fiscalon {
+
+void UseToolkit(Toolkit* toolkit) {
+  TheModule().toolkit = toolkit;
+}
+
+void UseFixedClock(const DateTime& now) {
+  TheModule().clock = std::make_shared<FixedClock>(now);
+}
+
+void UseLocale(const Locale& locale) {
+  TheModule().locale = locale;
+  QueryDecimalSeparator();
+}
+
+void UseLocale(std::string_view name) {
+  const std::optional<Locale> locale = NamedLocale(name);
+  if (!locale)
+    Raise(error_number::kInvalidProcedureCall);
+  UseLocale(*locale);
+}
+
+void ResetModule() {
+  // Forms go before the services: one may still hold a file that a failed output left open.
+  TheModule().forms.clear();
+  TheModule() = ModuleState{};
+  // A host's session outlives this, and relies on what its construction has found.
+  QueryDecimalSeparator();
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace fiscalon {
+
+/// Whether the user has interrupted the program, as long as it watches out for that.
+bool IsInterrupted();
+
+/// Watches out for interrupts while it lives: they are noted, so that the program can end in order. A mapped file that
+/// shrinks ends the program with a message that names it. Watches may live within each other; the outermost counts.
+class InterruptWatch {
+ public:
+  InterruptWatch();
+  ~InterruptWatch();
+  InterruptWatch(const InterruptWatch&) = delete;
+  InterruptWatch& operator=(const InterruptWatch&) = delete;
+
+  /// Where the bytes of a mapped file lie. At most two files can be watched.
+  void Mapped(std::string file, std::string_view bytes);
+
+ private:
+  void Begin();
+  void End();
+};
+
+/// A file that is to be taken away whatever ends the program: by whoever made it or, for a signal that no program
+/// outlives, by the handler of that signal.
+class FleetingFile {
+ public:
+  explicit FleetingFile(std::string path);
+  ~FleetingFile();
+  FleetingFile(const FleetingFile&) = delete;
+  FleetingFile& operator=(const FleetingFile&) = delete;
+
+  const std::string& Path() const { return path_; }
+  /// It has another name now, and stays.
+  void Keep();
+
+ private:
+  std::string path_;
+  char* noted_ = nullptr;
+};
+
+}  // namespace fiscalon
