@@ -216,6 +216,19 @@ TEST_F(CorporateIncomeRecords, AreQuotedLinesInTheFile) {
   EXPECT_EQ(session.PC4Records(), nullptr);
 }
 
+TEST_F(CorporateIncomeRecords, LieInAClosedFileAsSoonAsTheFormHides) {
+  const auto files = std::make_shared<MemoryFiles>();
+  TheModule().files = files;
+  session.WriteFile(kTrue);
+  session.GovFilename("payment.pc4");
+  EXPECT_TRUE(Show<GOVCORPINCOME>("02", [&](GOVCORPINCOME& form, UserDriver& user) {
+    FillInInstalment(form, user);
+    user.Click(form.Command3D6);
+    EXPECT_FALSE(form.IsUp());
+    EXPECT_EQ(files->openFiles, 0);
+  }));
+}
+
 TEST_F(CorporateIncomeRecords, TakeANameOf30AndATitleOf20) {
   session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
   session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");

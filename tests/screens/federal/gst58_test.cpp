@@ -306,6 +306,19 @@ TEST_F(Gst58Records, AreQuotedLinesInTheFile) {
   EXPECT_EQ(session.PC4Records(), nullptr);
 }
 
+TEST_F(Gst58Records, LieInAClosedFileAsSoonAsTheFormHides) {
+  const auto files = std::make_shared<MemoryFiles>();
+  TheModule().files = files;
+  session.WriteFile(kTrue);
+  session.GovFilename("payment.pc4");
+  EXPECT_TRUE(Show<GOVGST58>("06", [&](GOVGST58& form, UserDriver& user) {
+    FillIn(form, user);
+    user.Click(form.Command3D6);
+    EXPECT_FALSE(form.IsUp());
+    EXPECT_EQ(files->openFiles, 0);
+  }));
+}
+
 TEST_F(Gst58Records, TakeANameOf30AndATitleOf20) {
   session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
   session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
