@@ -153,7 +153,9 @@ void SessionRecorder::ActBegins(const UserAct& act) {
                           text_.BeginInPlaceOf("focus " + name, "choose " + name + " " + row);
                         },
                         [this](const BringFocusAct& bring) { text_.Begin("focus " + NameOf(*bring.control)); },
-                        [this](const CloseAct& close) { text_.Begin("close " + std::to_string(static_cast<int>(close.reason))); }},
+                        [this](const CloseAct& close) {
+                          text_.Begin("close " + std::to_string(static_cast<int>(close.reason)));
+                        }},
              act);
 }
 
