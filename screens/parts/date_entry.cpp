@@ -7,6 +7,7 @@
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/text.h"
+#include "screens/parts/confirmation.h"
 #include "screens/parts/entered_text.h"
 #include "screens/parts/joined_events.h"
 #include "screens/parts/key_filter.h"
@@ -67,12 +68,8 @@ bool DateEntry::Passes(const DateRows& rows) {
 
 void DateEntry::KeyPressed(int& character) {
   FilterKey(*this, character, kDigitsAlone);
-  if (character != key::kEnter || !Passes(rules_.onEnter))
-    return;
-  if (rules_.confirmed)
-    Attempt(rules_.failures, rules_.confirmed);
-  if (Control* const next = rules_.next(); next != nullptr && next->Enabled())
-    Attempt(rules_.failures, [&] { next->SetFocus(); });
+  if (character == key::kEnter && Passes(rules_.onEnter))
+    Confirm(rules_.confirmed, rules_.next, rules_.failures);
 }
 
 void DateEntry::Left() {

@@ -7,6 +7,7 @@
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"
 #include "core/values/text.h"
+#include "screens/parts/confirmation.h"
 #include "screens/parts/entered_text.h"
 #include "screens/parts/joined_events.h"
 
@@ -147,12 +148,8 @@ bool TypedAmount::Passes(const AmountRows& rows) {
 
 void TypedAmount::KeyPressed(int& character) {
   FilterKey(*this, character, rules_.keys);
-  if (character != key::kEnter || !Passes(rules_.onEnter))
-    return;
-  if (rules_.confirmed)
-    Attempt(rules_.failures, rules_.confirmed);
-  if (Control* const next = rules_.next(); next != nullptr && next->Enabled())
-    Attempt(rules_.failures, [&] { next->SetFocus(); });
+  if (character == key::kEnter && Passes(rules_.onEnter))
+    Confirm(rules_.confirmed, rules_.next, rules_.failures);
 }
 
 void TypedAmount::Left() {
