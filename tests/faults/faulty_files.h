@@ -11,6 +11,7 @@
 
 #include "core/platform/files.h"
 #include "core/platform/runtime_error.h"
+#include "tests/faults/fault_lasts.h"
 
 namespace fiscalon {
 
@@ -24,8 +25,6 @@ struct FileFailure {
   /// A print leaves half of its bytes behind.
   bool tears = false;
 };
-
-enum class FaultLasts { Once, FromThenOn };
 
 /// Files in memory whose n-th step fails.
 class FaultyFiles : public Files {

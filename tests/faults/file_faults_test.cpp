@@ -76,14 +76,6 @@ class Host {
   Acts ConfirmAlone() const {
     return [this](Form& form, UserDriver& user) { Confirm(form, user); };
   }
-  static Acts Cancel() {
-    return [](Form& form, UserDriver& user) {
-      for (const char* name : {"cmdCancel", "Command3D5", "Command2"})
-        if (Control* const cancel = form.FindControl(name))
-          return user.Click(*cancel);
-    };
-  }
-
   FaultyFiles& Files() { return *files_; }
   /// How many records the host finds in its collection; 0 where it has none.
   int32_t MemberCount() const { return levyra.PC4Records() ? levyra.PC4Records()->Count() : 0; }
@@ -223,7 +215,7 @@ class DisturbedOutput {
     ExpectEnding(host, disturbance, disturbed);
     files.Mend();
     if (then == Then::Cancels) {
-      EXPECT_FALSE(host.Show(host.Cancel()).result);
+      EXPECT_FALSE(host.Show(Cancel).result);
       EXPECT_TRUE(files.open.empty());
       EXPECT_EQ(files.Content(kFile), ContentAfter(disturbance));
     }
@@ -241,7 +233,7 @@ class DisturbedOutput {
     if (then == Then::ConfirmsAgain)
       host.Confirm(form, user);
     else
-      host.Cancel()(form, user);
+      Cancel(form, user);
   }
 
   void ExpectEndOfFormThatStayedUp(Host& host, const Disturbance& disturbance, Then then, const Shown& shown) const {

@@ -71,4 +71,10 @@ void Confirm(const ScreenSession& session, Form& form, UserDriver& user) {
   }
 }
 
+void Cancel(Form& form, UserDriver& user) {
+  for (const char* name : {"cmdCancel", "Command3D5", "Command2"})
+    if (Control* const cancel = form.FindControl(name))
+      return user.Click(*cancel);
+}
+
 }  // namespace fiscalon

@@ -55,5 +55,6 @@ void SetPayment(Levyra& host, const ScreenSession& session);
 /// What the user does on the form.
 void FillIn(const ScreenSession& session, Form& form, UserDriver& user);
 void Confirm(const ScreenSession& session, Form& form, UserDriver& user);
+void Cancel(Form& form, UserDriver& user);
 
 }  // namespace fiscalon
