@@ -27,6 +27,8 @@ struct PlayWatcher {
   std::function<void(const BoxRequest& box, MessageAnswer answer, Form* form)> boxAnswered = {};
   /// A beep, or a help page, in the words of an `expect` line.
   std::function<void(const std::string& what)> noticed = {};
+  /// A line has given the form a status.
+  std::function<void(const std::string& status)> statusCame = {};
   /// `ShowLevyraScreen` has ended: "result True", or the error, in the words of an `expect` line.
   std::function<void(const std::string& ending)> showEnded = {};
   /// The scenario is over, and what it made is still there: the records, before they go.

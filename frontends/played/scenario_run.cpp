@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "core/forms/laid_out.h"
 #include "core/found_records.h"
 #include "core/launch.h"
 #include "core/module_state.h"
@@ -67,7 +68,10 @@ void ScenarioRun::PlayLine() {
   if (watcher_.lineBegins)
     watcher_.lineBegins(line);
   BeginTurn(line);
+  const std::string statusBefore = Status();
   line.form->play(*this, WithFolder(line.arguments));
+  if (const std::string status = Status(); watcher_.statusCame && !status.empty() && status != statusBefore)
+    watcher_.statusCame(status);
   if (watcher_.lineEnds)
     watcher_.lineEnds(line, FormIsUp() ? form_ : nullptr);
 }
@@ -148,6 +152,10 @@ void ScenarioRun::Notice(SeenThing thing) {
 
 bool ScenarioRun::FormIsUp() const {
   return form_ != nullptr && form_->IsUp();
+}
+
+std::string ScenarioRun::Status() const {
+  return FormIsUp() ? ToUtf8(StatusOf(*form_)) : std::string();
 }
 
 UserDriver& ScenarioRun::User() const {

@@ -38,6 +38,8 @@ class ScenarioRun {
   void Show(const std::string& code);
 
   bool FormIsUp() const;
+  /// What the form says without a box, in UTF-8; empty where none is up.
+  std::string Status() const;
   /// Of the form that was shown last, which may be closed by now; empty before.
   const std::string& NameOfForm() const { return shownForm_; }
   /// The user at the form that is up. Fails where none is.

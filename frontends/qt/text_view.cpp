@@ -190,10 +190,13 @@ LineView::LineView(TextField& field, QWidget& parent, WatchedActs& acts)
 void LineView::Restyle() {
   native_.setFont(Font());
   native_.setPalette(Shades());
+  native_.setFixedWidth(QFontMetrics(native_.font()).horizontalAdvance(u'0') * WidthInCharacters(Field()) + Chrome());
+  ShowBeginning();
+}
+
+int LineView::Chrome() const {
   constexpr int kCharactersOfHint = 17;
-  const QFontMetrics metrics(native_.font());
-  const int chrome = native_.sizeHint().width() - metrics.horizontalAdvance(u'x') * kCharactersOfHint;
-  native_.setFixedWidth(metrics.horizontalAdvance(u'0') * WidthInCharacters(Field()) + chrome);
+  return native_.sizeHint().width() - QFontMetrics(native_.font()).horizontalAdvance(u'x') * kCharactersOfHint;
 }
 
 void LineView::SetNativeText(const QString& text) {
@@ -201,6 +204,15 @@ void LineView::SetNativeText(const QString& text) {
   if (native_.maxLength() < text.size())
     native_.setMaxLength(static_cast<int>(text.size()));
   native_.setText(text);
+  ShowBeginning();
+}
+
+void LineView::ShowBeginning() {
+  const bool fits = QFontMetrics(native_.font()).horizontalAdvance(native_.text()) + Chrome() <= native_.maximumWidth();
+  const bool isCut = native_.isReadOnly() && !fits;
+  native_.setToolTip(isCut ? native_.text().toHtmlEscaped() : QString());
+  if (isCut && !IsActive())
+    native_.setCursorPosition(0);
 }
 
 Selection LineView::NativeSelection() const {
@@ -221,6 +233,7 @@ void LineView::SetLocked(bool locked) {
     return;
   native_.setReadOnly(locked);
   native_.setPalette(Shades());
+  ShowBeginning();
 }
 
 MultiLineView::MultiLineView(TextField& field, QWidget& parent, WatchedActs& acts)

@@ -18,6 +18,8 @@ tests | clang-format       | checks the formatting
 tests | python3            | runs the layering check
 tests | xvfb               | a display for the tests with a real user
 tests | xdotool            | types and clicks in those tests
+tests | zsh                | a shell whose completion is tested
+tests | fish               | another one
 check | clang-tidy         | lint
 check | cppcheck           | lint
 check | shellcheck         | lint of the shell scripts
