@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "core/found_records.h"
 #include "core/platform/date.h"
 #include "frontends/played/scenario.h"
 #include "frontends/played/user_driver.h"
@@ -32,7 +33,7 @@ struct PlayWatcher {
   /// `ShowLevyraScreen` has ended: "result True", or the error, in the words of an `expect` line.
   std::function<void(const std::string& ending)> showEnded = {};
   /// The scenario is over, and what it made is still there: the records, before they go.
-  std::function<void(const std::vector<std::string>& records)> ended = {};
+  std::function<void(const FoundRecords& found)> ended = {};
 };
 
 struct PlaySettings {

@@ -59,7 +59,7 @@ void ScenarioRun::Play() {
   if (error_)
     Fail("no error", Ending());
   if (watcher_.ended)
-    watcher_.ended(Records());
+    watcher_.ended(Found());
 }
 
 void ScenarioRun::PlayLine() {
@@ -193,12 +193,12 @@ std::string ScenarioRun::Ending() const {
   return result_ ? std::string("result ") + (*result_ ? "True" : "False") : "no screen was shown";
 }
 
-std::vector<std::string> ScenarioRun::Records() const {
+FoundRecords ScenarioRun::Found() const {
   FoundRecords found = FindRecords(*session_);
   if (found.foreignLine)
     Fail("each line of the record file in double quotes and ended by CR LF",
          QuotedArgument(ToUtf8(*found.foreignLine)));
-  return std::move(found.records);
+  return found;
 }
 
 void ScenarioRun::Compare(const std::string& expected, const std::string& seen) const {

@@ -56,7 +56,8 @@ class ScenarioRun {
   /// The error of the last show was expected.
   void ForgiveError() { error_.reset(); }
   /// The records that the host finds, in the code page.
-  std::vector<std::string> Records() const;
+  FoundRecords Found() const;
+  std::vector<std::string> Records() const { return Found().records; }
 
   void Compare(const std::string& expected, const std::string& seen) const;
   void CompareTexts(const std::string& expected, std::string_view seenInCodePage) const;

@@ -6,6 +6,7 @@
 #include "frontends/played/argument_kinds.h"
 #include "tools/fiscalon/collect_command.h"
 #include "tools/fiscalon/generate_command.h"
+#include "tools/fiscalon/interrupt_watch.h"
 #include "tools/fiscalon/nearest.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/picture_command.h"
@@ -138,7 +139,9 @@ ExitStatus RunAndComplain(int argc, char** argv) {
   try {
     return RunProgram(argc, argv);
   } catch (const OutputError& error) {
-    if (error.number != EPIPE)
+    if (IsInterrupted())
+      std::cerr << "fiscalon: interrupted\n";
+    else if (error.number != EPIPE)
       std::cerr << "fiscalon: standard output can't be written: " << std::strerror(error.number) << '\n';
   } catch (const std::exception& error) {
     Complain(std::string("fiscalon: ") + error.what());

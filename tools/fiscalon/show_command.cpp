@@ -1,69 +1,194 @@
 #include "tools/fiscalon/show_command.h"
 
-#include <iostream>
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <memory>
 #include <optional>
+#include <vector>
 
-#include "tools/fiscalon/input_file.h"
+#include "core/module_state.h"
+#include "core/platform/code_page.h"
+#include "tools/fiscalon/interrupt_watch.h"
+#include "tools/fiscalon/line_reader.h"
 #include "tools/fiscalon/option_names.h"
+#include "tools/fiscalon/progress_line.h"
+#include "tools/fiscalon/record_taker.h"
 #include "tools/fiscalon/screen_code.h"
-#include "tools/fiscalon/shown_json.h"
-#include "tools/fiscalon/shown_text.h"
-#include "tools/fiscalon/visible_text.h"
+#include "tools/fiscalon/shown_output.h"
 
 namespace fiscalon {
 namespace {
 
 constexpr const char* kExamples = R"(Examples:
   fiscalon show payment.pc4
-  fiscalon show payment.pc4 --screen 15      fields by their names on the screen
-  fiscalon show payment.pc4 --json           the same for machines
+  fiscalon show payment.pc4 --screen 15      fields by their names on the screen, read as what they are
+  fiscalon show payment.pc4 --json           the same for machines, as one document
+  fiscalon show batch.pc4 --json-lines       or a record on each line
+  fiscalon show batch.pc4 --line 2000-2010   some of the lines
   fiscalon show - < payment.pc4
 
 What is wrong is marked with "!"; what is odd, though screens write it so, with "~".
 Exit status: 0 nothing wrong, 1 something wrong in a record (all are printed all the same),
-2 the file can't be read. --today and --locale: see "fiscalon --help".)";
+2 the file can't be read, or holds no records. --today and --locale: see "fiscalon --help".)";
 
 struct ShowOptions {
   std::string file = {};
   std::optional<std::string> screen = {};
   bool json = false;
+  bool jsonLines = false;
+  std::vector<std::string> only = {};
+  std::optional<std::string> line = {};
+  std::optional<std::string> seq = {};
 };
 
-void PrintText(const std::string& name, const LaunchRow* screen, const std::vector<ShownRecord>& records,
-               const Context& context) {
-  if (records.empty()) {
-    std::cout << name << ": the file is empty, it holds no records\n";
-    return;
+/// Which of the lines are to be shown.
+class Picks {
+ public:
+  explicit Picks(const ShowOptions& options) {
+    for (const std::string& kind : options.only) kinds_ += kind;
+    if (options.line)
+      ReadLines(*options.line);
+    if (options.seq)
+      ReadSequence(*options.seq);
+    areAll_ = kinds_.empty() && !options.line && !options.seq;
   }
-  std::cout << name;
-  if (screen != nullptr)
-    std::cout << ", of screen " << screen->code << " (" << screen->form << ")";
-  std::cout << "\n\n";
-  PrintRecords(std::cout, records,
-               {.paint = context.paint, .locale = context.SpokenLocale(), .width = TerminalWidth()});
-  const size_t problems = ProblemsIn(records);
-  std::cout << Counted(records.size(), "line") << ", "
-            << (problems == 0 ? context.paint.Good("nothing wrong") : context.paint.Bad(Counted(problems, "problem")));
-  if (const size_t oddities = OdditiesIn(records); oddities != 0)
-    std::cout << ", " << oddities << " odd";
-  std::cout << '\n';
-}
 
-ExitStatus Show(const ShowOptions& options, const Context& context) {
-  const LaunchRow* screen = options.screen ? &ScreenOf(*options.screen) : nullptr;
-  const std::string name = options.file == "-" ? "standard input" : options.file;
-  std::string bytes;
-  try {
-    bytes = ReadInput(options.file);
-  } catch (const UnreadableFile& error) {
-    throw CommandError(name + " can't be read: " + error.what());
+  bool AreAll() const { return areAll_; }
+  bool EndBehind(uint64_t line) const { return line >= lastLine_; }
+  bool Hold(const ShownRecord& record) const {
+    return areAll_ || (record.number >= firstLine_ && record.number <= lastLine_ && HoldKind(record) &&
+                       (seq_.empty() || record.Seq() == seq_));
   }
-  const std::vector<ShownRecord> records = TakeApart(std::string_view(bytes), screen);
-  if (options.json)
-    PrintJson(std::cout, name, screen, records);
-  else
-    PrintText(name, screen, records, context);
-  return ProblemsIn(records) == 0 ? ExitStatus::Done : ExitStatus::Invalid;
+
+ private:
+  bool HoldKind(const ShownRecord& record) const {
+    return kinds_.empty() || (record.isRecord && kinds_.find(static_cast<char>(record.kind)) != std::string::npos);
+  }
+
+  /// "12", "12-20" or "12-".
+  void ReadLines(const std::string& text) {
+    const char* const end = text.data() + text.size();
+    const auto [dash, error] = std::from_chars(text.data(), end, firstLine_);
+    bool isRead = error == std::errc() && firstLine_ > 0;
+    if (isRead && dash == end) {
+      lastLine_ = firstLine_;
+    } else if (isRead && *dash == '-' && dash + 1 != end) {
+      const auto [stop, lastError] = std::from_chars(dash + 1, end, lastLine_);
+      isRead = lastError == std::errc() && stop == end && lastLine_ >= firstLine_;
+    } else {
+      isRead = isRead && *dash == '-';
+    }
+    if (!isRead)
+      throw UsageError("--line takes a line or a range of lines, such as 12, 12-20 or 12-, not \"" + text + "\"");
+  }
+
+  void ReadSequence(const std::string& text) {
+    constexpr size_t kCharacters = FieldNamed(kRecordHead, "SeqNumber").Width();
+    seq_ = FromUtf8(text);
+    if (seq_.size() != kCharacters)
+      throw UsageError("--seq takes a sequence number, which has four characters, not \"" + text + "\"");
+  }
+
+  std::string kinds_;
+  std::string seq_;
+  uint64_t firstLine_ = 1;
+  uint64_t lastLine_ = std::numeric_limits<uint64_t>::max();
+  bool areAll_ = true;
+};
+
+/// Takes a file from its lines to the output.
+class Show {
+ public:
+  Show(const ShowOptions& options, const LaunchRow* screen, const Context& context)
+      : picks_(options),
+        reader_(options.file, [this] { BeforeRead(); }),
+        output_(ShownOutput::Of(FormOf(options), reader_.Name(), screen, context)),
+        taker_(screen),
+        tellsProgress_(!TerminalWidth()) {
+    taker_.Judge();
+  }
+
+  ExitStatus Run() {
+    try {
+      ShowAll();
+    } catch (const CommandError&) {
+      output_->Flush();
+      throw;
+    }
+    output_->End(!picks_.AreAll());
+    return output_->Problems() == 0 ? ExitStatus::Done : ExitStatus::Invalid;
+  }
+
+ private:
+  static ShownAs FormOf(const ShowOptions& options) {
+    if (options.json && options.jsonLines)
+      throw UsageError("--json and --json-lines: only one of them");
+    return options.json ? ShownAs::Json : options.jsonLines ? ShownAs::JsonLines : ShownAs::Text;
+  }
+
+  void ShowAll() {
+    ReadLine line;
+    ShownRecord next;
+    while (!picks_.EndBehind(lines_) && reader_.Next(line)) {
+      if (++lines_ == 1)
+        output_->Begin();
+      taker_.Take(line.line, line.hidden, next);
+      if (taker_.Judges())
+        Hold(next);
+      else
+        Add(next);
+    }
+    if (lines_ == 0)
+      throw CommandError(reader_.Name() + ": " + std::string(kNoRecords));
+    if (isHeld_ && !picks_.EndBehind(lines_))
+      taker_.EndPayment(held_);
+    if (isHeld_)
+      Add(held_);
+  }
+
+  /// What a payment lacks is known when the next one begins.
+  void Hold(ShownRecord& next) {
+    if (isHeld_) {
+      if (held_.Seq() != next.Seq())
+        taker_.EndPayment(held_);
+      Add(held_);
+    }
+    std::swap(held_, next);
+    isHeld_ = true;
+  }
+
+  void Add(const ShownRecord& record) {
+    if (picks_.Hold(record))
+      output_->Add(record);
+  }
+
+  /// Nobody is to wait for records that have been read.
+  void BeforeRead() {
+    if (output_)
+      output_->Flush();
+    if (tellsProgress_ && lines_ > 0)
+      progress_.Show({lines_, "records", reader_.BytesRead(), reader_.Size()});
+  }
+
+  InterruptWatch watch_;
+  Picks picks_;
+  LineReader reader_;
+  std::unique_ptr<ShownOutput> output_;
+  RecordTaker taker_;
+  bool tellsProgress_;
+  ProgressLine progress_;
+  uint64_t lines_ = 0;
+  ShownRecord held_;
+  bool isHeld_ = false;
+};
+
+ExitStatus ShowFile(const ShowOptions& options, const Context& context) {
+  const LaunchRow* screen = options.screen ? &ScreenOf(*options.screen) : nullptr;
+  TheModule().locale = context.SpokenLocale();
+  if (context.today)
+    TheModule().clock = std::make_shared<FixedClock>(*context.today);
+  return Show(options, screen, context).Run();
 }
 
 }  // namespace
@@ -74,10 +199,17 @@ void AddShowCommand(CLI::App& app, Context& context) {
   command->footer(kExamples);
   const auto options = std::make_shared<ShowOptions>();
   command->add_option("FILE", options->file, "A record file; - is standard input")->required()->check(NameGiven);
-  command->add_option("--screen", options->screen, "The screen that the records come from: names their fields")
+  command->add_option("--screen", options->screen, "The screen that the records come from: tells what their fields are")
       ->type_name("CODE");
   command->add_flag("--json", options->json, "Print one JSON document");
-  command->callback([options, &context] { context.status = Show(*options, context); });
+  command->add_flag("--json-lines", options->jsonLines, "Print one line of JSON for each record");
+  command->add_option("--only", options->only, "Print the records of this kind only, or of these: T,F")
+      ->type_name("KIND")
+      ->delimiter(',')
+      ->check(OneOf({"T", "F", "G", "P", "R", "I"}));
+  command->add_option("--line", options->line, "Print these lines only: 12, 12-20 or 12-")->type_name("N-M");
+  command->add_option("--seq", options->seq, "Print the records of this sequence number only")->type_name("SEQ");
+  command->callback([options, &context] { context.status = ShowFile(*options, context); });
 }
 
 }  // namespace fiscalon

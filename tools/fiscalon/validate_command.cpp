@@ -9,7 +9,8 @@
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
 #include "core/records/record_line.h"
-#include "tools/fiscalon/input_file.h"
+#include "tools/fiscalon/interrupt_watch.h"
+#include "tools/fiscalon/line_reader.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/progress_line.h"
 #include "tools/fiscalon/screen_code.h"
@@ -19,6 +20,7 @@
 #include "validation/batch_report.h"
 #include "validation/judge_payment.h"
 #include "validation/payment_rows.h"
+#include "validation/record_block.h"
 
 namespace fiscalon {
 namespace {
@@ -46,17 +48,42 @@ struct ValidateOptions {
   unsigned jobs = 0;
 };
 
-/// The records of the file of one payment. They point into its bytes.
-std::vector<std::string_view> RecordsOf(std::string_view bytes, const std::string& name) {
-  std::vector<std::string_view> records;
-  size_t number = 0;
-  for (const RecordLine& line : RecordLinesOf(bytes)) {
-    ++number;
-    if (const std::string problem = WrongWith(line); !problem.empty())
-      throw CommandError(name + ":" + std::to_string(number) + ": " + problem);
-    records.push_back(line.record);
+/// The records of the file of one payment.
+std::vector<std::string> RecordsOf(LineReader& reader) {
+  constexpr size_t kLargestPayment = size_t{16} << 20;
+  std::vector<std::string> records;
+  size_t size = 0;
+  const auto fail = [&](const std::string& reason) {
+    throw CommandError(reader.Name() + ":" + std::to_string(records.size() + 1) + ": " + reason);
+  };
+  for (ReadLine line; reader.Next(line);) {
+    if (line.hidden != 0)
+      fail("a line of " + std::to_string(line.line.record.size() + line.hidden) + " characters; a record has " +
+           std::to_string(kRecordLength));
+    if (const std::string problem = WrongWith(line.line); !problem.empty())
+      fail(problem);
+    size += line.line.record.size();
+    if (size > kLargestPayment)
+      fail("the records of the payment take more than 16 MiB");
+    records.emplace_back(line.line.record);
   }
+  if (records.empty())
+    throw CommandError(reader.Name() + ": " + std::string(kNoRecords));
   return records;
+}
+
+/// A file of many payments is judged as one payment, which is seldom what was meant.
+void TellOfManyPayments(const std::string& name, const std::vector<std::string_view>& records) {
+  size_t payments = 0;
+  std::string_view last;
+  for (const std::string_view record : records) {
+    if (SequenceOf(record) != last)
+      ++payments;
+    last = SequenceOf(record);
+  }
+  if (payments > 1)
+    Complain("fiscalon: " + name + " holds the records of " + Counted(payments, "payment") +
+             ", judged here as one; to judge each of them, list them for --payments");
 }
 
 ExitStatus ValidatePayment(const ValidateOptions& options, const Context& context) {
@@ -64,14 +91,10 @@ ExitStatus ValidatePayment(const ValidateOptions& options, const Context& contex
   int64_t cents = 0;
   if (const std::string problem = ReadCents(*options.amount, cents); !problem.empty())
     throw UsageError("--amount: " + problem);
-  const std::string name = options.file == "-" ? "standard input" : options.file;
-  std::string bytes;
-  try {
-    bytes = ReadInput(options.file);
-  } catch (const UnreadableFile& error) {
-    throw CommandError(name + " can't be read: " + error.what());
-  }
-  const std::vector<std::string_view> records = RecordsOf(bytes, name);
+  const InterruptWatch watch;
+  LineReader reader(options.file, [] {});
+  const std::vector<std::string> lines = RecordsOf(reader);
+  const std::vector<std::string_view> records(lines.begin(), lines.end());
   const std::string biller = FromUtf8(options.biller);
   std::string reason;
   const bool valid =
@@ -80,6 +103,7 @@ ExitStatus ValidatePayment(const ValidateOptions& options, const Context& contex
     std::cout << context.paint.Good("valid") << '\n';
   else
     std::cout << context.paint.Bad("invalid") << ": " << ToUtf8(reason) << '\n';
+  TellOfManyPayments(reader.Name(), records);
   return valid ? ExitStatus::Done : ExitStatus::Invalid;
 }
 

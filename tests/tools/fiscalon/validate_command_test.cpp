@@ -90,11 +90,31 @@ TEST_F(ValidatePayment, TakesTheBillerAndStandardInput) {
             "invalid: Field 05 Remittance Type is invalid\n");
 }
 
-TEST_F(ValidatePayment, AnEmptyFileIsAPaymentWithoutRecords) {
+// `show` says the same: see `SaysThatAFileIsEmpty` in show_command_test.cpp.
+TEST_F(ValidatePayment, AnEmptyFileHoldsNoPayment) {
   folder.Write("empty.pc4", "");
   const Outcome outcome = Run("validate --screen 03 --amount 12345 empty.pc4");
-  EXPECT_EQ(outcome.out, "invalid: Record for required fields is missing\n");
-  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "fiscalon: empty.pc4: the file is empty, it holds no records\n");
+  EXPECT_EQ(outcome.status, 2);
+}
+
+TEST_F(ValidatePayment, TellsThatAFileHoldsManyPayments) {
+  folder.Write("many.pc4", Lines(AgencyPayment(GoodAgencyFields())) + Lines(AgencyPayment(GoodAgencyFields()), "0002") +
+                               Lines(AgencyPayment(GoodAgencyFields())));
+  const Outcome outcome = Run("validate --screen 03 --amount 12345 many.pc4");
+  EXPECT_EQ(outcome.out, "valid\n");
+  EXPECT_EQ(outcome.err,
+            "fiscalon: many.pc4 holds the records of 3 payments, judged here as one; to judge each of them, list them "
+            "for --payments\n");
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST_F(ValidatePayment, ALineThatIsTooLongForAnyRecordIsNamed) {
+  folder.Write("long.pc4", QuotedLine(Ruled("PC40001T")) + Ruled("PC40001F") + std::string(1'000'000, ' ') + "\r\n");
+  const Outcome outcome = Run("validate --screen 03 --amount 12345 long.pc4");
+  EXPECT_EQ(outcome.err, "fiscalon: long.pc4:2: a line of 1000160 characters; a record has 160\n");
+  EXPECT_EQ(outcome.status, 2);
 }
 
 TEST_F(ValidatePayment, AllLinesAreTheOnePaymentsQuotedOrBareLongOrShort) {
@@ -117,6 +137,7 @@ TEST_F(ValidatePayment, ALineThatIsFramedWronglyIsNamed) {
       {"PC40001T\"\n", "1: the quote behind has none in front"},
       {"PC40001T\n\nPC40001F\n", "2: an empty line"},
       {std::string("PC40001T\0\n", 10), "1: a NUL byte in column 9"},
+      {"PC40001T\r\nPC40001F\r", "2: half a line end, CR without LF; the file was cut off there"},
   };
   for (const auto& [bytes, problem] : rows) {
     folder.Write("framed.pc4", bytes);
@@ -177,6 +198,14 @@ TEST_F(ValidateBatchFiles, NamesProblemsAndLeavesNoReport) {
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(folder.Read("report.csv"), "older");
   EXPECT_TRUE(LeftNothingBehind());
+}
+
+TEST_F(ValidateBatchFiles, NamesHalfALineEnd) {
+  const std::string lines = folder.Read("batch.pc4");
+  folder.Write("batch.pc4", lines.substr(0, lines.size() - 1));
+  const Outcome outcome = Run("validate --payments batch.csv --records batch.pc4");
+  EXPECT_EQ(outcome.err, "fiscalon: batch.pc4:4: half a line end, CR without LF; the file was cut off there\n");
+  EXPECT_EQ(outcome.status, 2);
 }
 
 TEST_F(ValidateBatchFiles, ShowsControlCharactersAndAccentsOfTheFilesInMessages) {
