@@ -4,7 +4,24 @@
 #include <cstdio>
 #include <iostream>
 
+#if __has_include(<unistd.h>)
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 namespace fiscalon {
+
+void OccupyStandardDescriptors() {
+#if __has_include(<unistd.h>)
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(descriptor, F_GETFD) != -1)
+      continue;
+    // The lowest free descriptor is the one that is taken. The wrong direction makes every use fail.
+    if (::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0)
+      return;
+  }
+#endif
+}
 
 StandardOutput::StandardOutput() {
   setp(buffer_.data(), buffer_.data() + buffer_.size());
