@@ -8,6 +8,7 @@
 #include <cstring>
 #include <utility>
 
+#include "core/platform/input.h"
 #include "tools/fiscalon/context.h"
 #include "tools/fiscalon/interrupt_watch.h"
 #include "tools/fiscalon/shown_record.h"
@@ -39,7 +40,7 @@ void LineReader::Closer::operator()(std::FILE* file) const {
 LineReader::LineReader(const std::string& path, std::function<void()> beforeRead)
     : name_(path == "-" ? "standard input" : path),
       beforeRead_(std::move(beforeRead)),
-      file_(path == "-" ? stdin : std::fopen(path.c_str(), "rb")),
+      file_(path == "-" ? stdin : OpenInput(path)),
       buffer_(kBufferBytes) {
   if (!file_)
     Fail(std::string("can't be read: ") + std::strerror(errno));

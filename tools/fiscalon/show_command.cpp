@@ -16,6 +16,7 @@
 #include "tools/fiscalon/record_taker.h"
 #include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/shown_output.h"
+#include "tools/fiscalon/terminal.h"
 
 namespace fiscalon {
 namespace {
