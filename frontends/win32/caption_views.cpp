@@ -1,5 +1,8 @@
 #include "frontends/win32/caption_views.h"
 
+#include <algorithm>
+
+#include "core/forms/usual_sizes.h"
 #include "core/platform/windows/wide_text.h"
 
 namespace fiscalon {
@@ -31,7 +34,11 @@ ControlView::Design LabelView::Designed() const {
 }
 
 SIZE LabelView::Wanted(const DialogFonts& fonts) const {
-  return fonts.Extent(ToWide(label_.Caption()), Font());
+  SIZE wanted = fonts.Extent(ToWide(label_.Caption()), Font());
+  // A value at the right ends beneath those of fields.
+  if (label_.Designed().alignment == Alignment::Right)
+    wanted.cx = std::max<LONG>(wanted.cx, fonts.DigitsWidth(kCharactersOfAmount, Font()) + fonts.X(4));
+  return wanted;
 }
 
 void LabelView::Refresh() {

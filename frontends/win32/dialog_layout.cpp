@@ -6,7 +6,6 @@
 #include "core/forms/button.h"
 #include "core/forms/label.h"
 #include "core/forms/text_field.h"
-#include "core/forms/usual_sizes.h"
 
 namespace fiscalon {
 namespace {
@@ -40,12 +39,6 @@ bool IsTall(const Control& control) {
 
 bool IsToggle(const Control& control) {
   return control.Kind() == ControlKind::CheckBox || control.Kind() == ControlKind::OptionButton;
-}
-
-/// A value at the right, which stands under amounts.
-bool IsAmountShown(const Control& control) {
-  const auto* label = dynamic_cast<const Label*>(&control);
-  return label != nullptr && label->Designed().alignment == Alignment::Right;
 }
 
 RECT RectangleOf(int left, int top, SIZE size) {
