@@ -8,21 +8,16 @@
 namespace fiscalon {
 namespace {
 
-/// The screen's drawing surface with a font in it.
+/// A font on a surface, while texts are measured by it.
 class Ruler {
  public:
-  explicit Ruler(HFONT font) : screen_(::GetDC(nullptr)), before_(::SelectObject(screen_, font)) {}
-  ~Ruler() {
-    ::SelectObject(screen_, before_);
-    ::ReleaseDC(nullptr, screen_);
-  }
+  Ruler(HDC surface, HFONT font) : surface_(surface), before_(::SelectObject(surface, font)) {}
+  ~Ruler() { ::SelectObject(surface_, before_); }
   Ruler(const Ruler&) = delete;
   Ruler& operator=(const Ruler&) = delete;
 
-  HDC Surface() const { return screen_; }
-
  private:
-  HDC screen_;
+  HDC surface_;
   HGDIOBJ before_;
 };
 
@@ -36,7 +31,7 @@ HFONT NewFixedPitchFont(LOGFONTW font) {
 
 }  // namespace
 
-DialogFonts::DialogFonts(int dotsPerInch) : dotsPerInch_(dotsPerInch) {
+DialogFonts::DialogFonts(int dotsPerInch) : dotsPerInch_(dotsPerInch), surface_(::CreateCompatibleDC(nullptr)) {
   LOGFONTW font = FontsOfSystem(dotsPerInch).lfMessageFont;
   plain_.reset(::CreateFontIndirectW(&font));
   fixedPitch_.reset(NewFixedPitchFont(font));
@@ -54,16 +49,16 @@ HFONT DialogFonts::Font(FontKind kind) const {
 }
 
 SIZE DialogFonts::Extent(std::wstring_view text, FontKind kind) const {
-  const Ruler ruler(Font(kind));
+  const Ruler ruler(surface_.get(), Font(kind));
   RECT room = {};
-  ::DrawTextW(ruler.Surface(), text.data(), static_cast<int>(text.size()), &room, DT_CALCRECT | DT_NOPREFIX);
+  ::DrawTextW(surface_.get(), text.data(), static_cast<int>(text.size()), &room, DT_CALCRECT | DT_NOPREFIX);
   return {room.right, room.bottom};
 }
 
 int DialogFonts::LineHeight(FontKind kind) const {
-  const Ruler ruler(Font(kind));
+  const Ruler ruler(surface_.get(), Font(kind));
   TEXTMETRICW metrics = {};
-  ::GetTextMetricsW(ruler.Surface(), &metrics);
+  ::GetTextMetricsW(surface_.get(), &metrics);
   return metrics.tmHeight;
 }
 

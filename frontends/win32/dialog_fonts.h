@@ -35,7 +35,14 @@ class DialogFonts {
   };
   using OwnedFont = std::unique_ptr<HFONT, Deleter>;
 
+  struct Surface {
+    using pointer = HDC;
+    void operator()(HDC surface) const { ::DeleteDC(surface); }
+  };
+
   int dotsPerInch_;
+  /// What texts are measured on.
+  std::unique_ptr<HDC, Surface> surface_;
   OwnedFont plain_, bold_, fixedPitch_;
   SIZE base_ = {};
 };

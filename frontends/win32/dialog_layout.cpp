@@ -65,7 +65,12 @@ DialogLayout::DialogLayout(const Form& form, const DialogFonts& fonts, SizeOf si
 }
 
 SIZE DialogLayout::SizeOfVisible(const Control* control) const {
-  return IsShown(control) ? sizeOf_(*control) : SIZE{};
+  if (!IsShown(control))
+    return {};
+  const auto [size, isNew] = sizes_.try_emplace(control);
+  if (isNew)
+    size->second = sizeOf_(*control);
+  return size->second;
 }
 
 DialogLayout::Column DialogLayout::Measured(const std::vector<LaidOutGroup>& groups, int number) const {

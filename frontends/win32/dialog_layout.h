@@ -95,6 +95,7 @@ class DialogLayout {
   const Form& form_;
   const DialogFonts& fonts_;
   SizeOf sizeOf_;
+  mutable std::map<const Control*, SIZE> sizes_;
   std::map<const Control*, RECT> places_;
   std::vector<RECT> lines_;
   SIZE body_ = {};
