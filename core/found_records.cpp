@@ -1,18 +1,18 @@
 #include "core/found_records.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
 #include "core/boolean.h"
 #include "core/platform/code_page.h"
+#include "core/platform/utf8_path.h"
 #include "core/records/record_line.h"
 
 namespace fiscalon {
 namespace {
 
 std::string ContentOf(const std::string& name) {
-  std::ifstream file(std::filesystem::path(ToUtf8(name)), std::ios::binary);
+  std::ifstream file(Utf8Path(ToUtf8(name)), std::ios::binary);
   // A folder opens like a file, but nothing can be read of it.
   if (file.peek() == std::ifstream::traits_type::eof())
     return {};

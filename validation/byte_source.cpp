@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "core/platform/input.h"
 #include "core/platform/mapped_file.h"
 #include "validation/batch_error.h"
 
@@ -77,7 +78,7 @@ class Stream : public ByteSource {
 std::unique_ptr<ByteSource> ByteSource::Open(const std::string& path) {
   if (path == "-")
     return std::make_unique<Stream>(stdin, "standard input");
-  std::FILE* const file = std::fopen(path.c_str(), "rb");
+  std::FILE* const file = OpenInput(path);
   if (!file)
     Fail(path, "can't be opened");
   if (auto mapped = MappedFile::Of(file)) {

@@ -38,8 +38,8 @@ class Files {
   /// permission, 61 on a full disk.
   virtual std::unique_ptr<OutputFile> Open(std::string_view path, OpenMode mode) = 0;
 
-  /// The folder part of a path: "/a/b" of "/a/b/c", "/" of "/a", "" of "x" and of "/". Both "/" and "\" count
-  /// as separators.
+  /// The folder part of a path: "/a/b" of "/a/b/c", "/" of "/a", "C:\" of "C:\a", "" of "x" and of "/". Both "/" and
+  /// "\" count as separators.
   static std::string ParentFolder(std::string_view path);
 
   /// The folder that the process is in. Error 75 where it can't be told.

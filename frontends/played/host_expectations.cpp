@@ -5,6 +5,7 @@
 
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
+#include "core/platform/utf8_path.h"
 #include "core/screen_contract.h"
 #include "core/values/text.h"
 #include "frontends/played/scenario_run.h"
@@ -81,17 +82,18 @@ void ExpectInvoice(ScenarioRun& run, const Arguments& arguments) {
 
 void ExpectFile(ScenarioRun& run, const Arguments& arguments) {
   std::error_code unreachable;
-  run.Compare(arguments[1], std::filesystem::exists(arguments[0], unreachable) ? "yes" : "no");
+  run.Compare(arguments[1], std::filesystem::exists(Utf8Path(arguments[0]), unreachable) ? "yes" : "no");
 }
 
 /// What is written in files is in the code page, like records.
 void ExpectLine(ScenarioRun& run, const Arguments& arguments) {
-  const auto& [path, position, text] = std::tie(arguments[0], arguments[1], arguments[2]);
-  const std::string wanted = "line " + position + " of " + path + ": " + QuotedArgument(WithPlainLineEnds(text));
+  const auto& [name, position, text] = std::tie(arguments[0], arguments[1], arguments[2]);
+  const std::filesystem::path path = Utf8Path(name);
+  const std::string wanted = "line " + position + " of " + name + ": " + QuotedArgument(WithPlainLineEnds(text));
   std::error_code unreachable;
   if (!std::filesystem::is_regular_file(path, unreachable))
     run.Fail(wanted, "there is no such file");
-  std::ifstream file(std::filesystem::path(path), std::ios::binary);
+  std::ifstream file(path, std::ios::binary);
   const long long number = *ParseNumber(position);
   long long count = 0;
   for (std::string line; std::getline(file, line);) {

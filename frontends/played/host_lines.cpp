@@ -2,6 +2,7 @@
 #include <system_error>
 
 #include "core/module_state.h"
+#include "core/platform/utf8_path.h"
 #include "frontends/played/host_properties.h"
 #include "frontends/played/scenario_run.h"
 
@@ -33,8 +34,9 @@ void SetHost(ScenarioRun& run, const Arguments& arguments) {
 
 void MakeFolder(ScenarioRun& run, const Arguments& arguments) {
   std::error_code error;
-  std::filesystem::create_directories(arguments[0], error);
-  if (!std::filesystem::is_directory(arguments[0], error))
+  const std::filesystem::path folder = Utf8Path(arguments[0]);
+  std::filesystem::create_directories(folder, error);
+  if (!std::filesystem::is_directory(folder, error))
     run.Fail("the folder " + arguments[0] + " to be made", error ? error.message() : "a file is in its place");
 }
 

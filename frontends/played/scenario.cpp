@@ -5,6 +5,7 @@
 #include <map>
 #include <sstream>
 
+#include "core/platform/utf8_path.h"
 #include "frontends/played/scenario_grammar.h"
 
 namespace fiscalon {
@@ -146,7 +147,7 @@ Scenario ParseScenario(const std::string& file, std::string_view text) {
 }
 
 std::vector<Scenario> ReadScenarios(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(Utf8Path(path), std::ios::binary);
   std::ostringstream text;
   // A folder opens, and fails when it is read; an empty file gives nothing to copy.
   if (!file.is_open() || (file.peek() != std::ifstream::traits_type::eof() && !(text << file.rdbuf())) || file.bad())

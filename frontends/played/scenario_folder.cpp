@@ -1,18 +1,12 @@
 #include "frontends/played/scenario_folder.h"
 
-#include <stdlib.h>
-
-#include <string>
 #include <system_error>
+
+#include "core/platform/temporary_folder.h"
 
 namespace fiscalon {
 
-ScenarioFolder::ScenarioFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "fiscalon-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr)
-    throw std::system_error(errno, std::generic_category(), "no temporary folder could be made at " + name);
-  path_ = name;
-}
+ScenarioFolder::ScenarioFolder() : path_(MakeTemporaryFolder()) {}
 
 ScenarioFolder::~ScenarioFolder() {
   std::error_code ignored;

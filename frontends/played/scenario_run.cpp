@@ -6,6 +6,7 @@
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
+#include "core/platform/utf8_path.h"
 
 namespace fiscalon {
 namespace {
@@ -212,7 +213,7 @@ void ScenarioRun::Senseless(const std::string& reason) const {
 
 Arguments ScenarioRun::WithFolder(Arguments arguments) const {
   constexpr std::string_view kFolder = "$TMP";
-  const std::string folder = folder_.Path().string();
+  const std::string folder = Utf8Of(folder_.Path());
   for (std::string& argument : arguments)
     for (size_t at = argument.find(kFolder); at != std::string::npos; at = argument.find(kFolder, at + folder.size()))
       argument.replace(at, kFolder.size(), folder);

@@ -10,6 +10,7 @@
 #include "core/found_records.h"
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
+#include "core/platform/utf8_path.h"
 #include "core/session.h"
 #include "frontends/played/host_properties.h"
 #include "frontends/played/session_recorder.h"
@@ -127,11 +128,11 @@ class Collecting {
       if (property != kGovFilename)
         continue;
       std::error_code ignored;
-      const std::filesystem::path place = std::filesystem::absolute(path);
+      const std::filesystem::path place = std::filesystem::absolute(Utf8Path(path));
       if (std::filesystem::is_directory(place, ignored))
         throw CommandError(path + " can't be written: it is a folder");
       if (!std::filesystem::is_directory(place.parent_path(), ignored))
-        throw CommandError(path + " can't be written: there is no folder " + place.parent_path().string());
+        throw CommandError(path + " can't be written: there is no folder " + Utf8Of(place.parent_path()));
       if (!options_.record.empty() && WholeFile::IsSamePlace(path, options_.record))
         throw CommandError("--gov-filename and --record name the same file");
     }

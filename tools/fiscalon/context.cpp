@@ -3,10 +3,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#if __has_include(<unistd.h>)
-#include <sys/ioctl.h>
-#include <unistd.h>
-#endif
+#include "tools/fiscalon/terminal.h"
 
 namespace fiscalon {
 namespace {
@@ -30,19 +27,6 @@ Locale Context::SpokenLocale() const {
 
 bool ColourIsWanted() {
   return TerminalWidth().has_value() && Variable("NO_COLOR").empty() && Variable("TERM") != "dumb";
-}
-
-std::optional<size_t> TerminalWidth() {
-#if __has_include(<unistd.h>)
-  constexpr size_t kUsualWidth = 80;
-  if (::isatty(STDOUT_FILENO) == 0)
-    return std::nullopt;
-  winsize size = {};
-  const bool known = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-  return known ? size_t{size.ws_col} : kUsualWidth;
-#else
-  return std::nullopt;
-#endif
 }
 
 void Complain(std::string_view line) {

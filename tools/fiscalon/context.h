@@ -65,9 +65,6 @@ struct Context {
 /// Whether standard output is a terminal that is to be written to in colour. NO_COLOR, not empty, says no.
 bool ColourIsWanted();
 
-/// The columns of the terminal on standard output; nothing where it is none.
-std::optional<size_t> TerminalWidth();
-
 /// Writes a line to standard error, behind what standard output was given before.
 void Complain(std::string_view line);
 

@@ -6,12 +6,13 @@
 #include <cstring>
 #include <memory>
 
+#include "core/platform/input.h"
+
 namespace fiscalon {
 
 std::string ReadInput(const std::string& path) {
   const auto close = [](std::FILE* file) { return file == stdin ? 0 : std::fclose(file); };
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(path == "-" ? stdin : std::fopen(path.c_str(), "rb"),
-                                                             close);
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(path == "-" ? stdin : OpenInput(path), close);
   if (!file)
     throw UnreadableFile(std::strerror(errno));
   std::string bytes;

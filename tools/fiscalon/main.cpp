@@ -1,5 +1,4 @@
 #include <cerrno>
-#include <csignal>
 #include <cstring>
 #include <iostream>
 
@@ -10,6 +9,7 @@
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/picture_command.h"
 #include "tools/fiscalon/play_command.h"
+#include "tools/fiscalon/program_start.h"
 #include "tools/fiscalon/screens_command.h"
 #include "tools/fiscalon/show_command.h"
 #include "tools/fiscalon/standard_output.h"
@@ -150,14 +150,7 @@ ExitStatus RunAndComplain(int argc, char** argv) {
 }  // namespace fiscalon
 
 int main(int argc, char** argv) {
-#ifdef SIGPIPE
-  // A reader that goes away shows as a failed write.
-  std::signal(SIGPIPE, SIG_IGN);
-#endif
-#ifdef SIGXFSZ
-  // So does a file that would grow over its owner's limit.
-  std::signal(SIGXFSZ, SIG_IGN);
-#endif
+  fiscalon::ProgramStart start(argc, argv);
   fiscalon::StandardOutput output;
-  return static_cast<int>(fiscalon::RunAndComplain(argc, argv));
+  return static_cast<int>(fiscalon::RunAndComplain(start.Count(), start.Arguments()));
 }

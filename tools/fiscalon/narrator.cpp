@@ -6,6 +6,7 @@
 #include "frontends/played/scenario_grammar.h"
 #include "frontends/scripted/text_picture.h"
 #include "tools/fiscalon/shown_text.h"
+#include "tools/fiscalon/terminal.h"
 #include "tools/fiscalon/visible_text.h"
 
 namespace fiscalon {

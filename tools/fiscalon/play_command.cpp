@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "core/platform/utf8_path.h"
 #include "frontends/played/scenario_player.h"
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tools/fiscalon/input_file.h"
@@ -72,10 +73,9 @@ class Playing {
 
  private:
   static std::string TextOf(const std::string& file) {
-    if (std::error_code ignored; std::filesystem::is_directory(file, ignored))
-      throw ScenarioError(
-          file, 0,
-          "a folder; name the scenario files in it, such as " + (std::filesystem::path(file) / "*.scenario").string());
+    if (std::error_code ignored; std::filesystem::is_directory(Utf8Path(file), ignored))
+      throw ScenarioError(file, 0,
+                          "a folder; name the scenario files in it, such as " + Utf8Of(Utf8Path(file) / "*.scenario"));
     try {
       return ReadInput(file);
     } catch (const UnreadableFile& error) {

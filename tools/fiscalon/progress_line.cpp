@@ -4,20 +4,10 @@
 #include <cstdio>
 #include <iostream>
 
-#if __has_include(<unistd.h>)
-#include <unistd.h>
-#endif
+#include "tools/fiscalon/terminal.h"
 
 namespace fiscalon {
 namespace {
-
-bool IsTerminal() {
-#if __has_include(<unistd.h>)
-  return ::isatty(STDERR_FILENO) != 0;
-#else
-  return false;
-#endif
-}
 
 /// With commas between groups of three.
 std::string Grouped(uint64_t number) {
@@ -51,7 +41,7 @@ std::string ProgressText(const BatchProgress& progress, double seconds) {
   return text;
 }
 
-ProgressLine::ProgressLine() : isShown_(IsTerminal()) {}
+ProgressLine::ProgressLine() : isShown_(ComplaintsAreSeen()) {}
 
 ProgressLine::~ProgressLine() {
   if (isDirty_)

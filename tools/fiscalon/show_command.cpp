@@ -8,6 +8,7 @@
 #include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/shown_json.h"
 #include "tools/fiscalon/shown_text.h"
+#include "tools/fiscalon/terminal.h"
 #include "tools/fiscalon/visible_text.h"
 
 namespace fiscalon {

@@ -47,7 +47,7 @@ class WholeFile {
   };
 
   void RefuseInput(const std::string& input) const;
-  void OpenBeside();
+  void OpenBeside(bool hasOlder);
   void OpenInPlace();
   /// Has everything on the disk, under the name of this run.
   void Finish();

@@ -56,7 +56,7 @@ STANDARD = set(
     stdint.h stdio.h stdlib.h string.h time.h uchar.h wchar.h""".split()
 )
 # The platform layer holds the doors to the system.
-SYSTEM = re.compile(r"(sys/\w+|dirent|fcntl|langinfo|unistd|windows)\.h")
+SYSTEM = re.compile(r"(sys/\w+|dirent|fcntl|io|langinfo|unistd|windows)\.h")
 QT = re.compile(r"(Qt\w*/.*|Q[A-Z]\w*|q\w+\.h)")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]*)"|<([^>]*)>)')

@@ -4,9 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <filesystem>
 #include <utility>
 
 #include "core/platform/code_page.h"
@@ -16,13 +14,7 @@ namespace fiscalon {
 
 namespace {
 
-constexpr char kSeparator = '/';
-constexpr std::string_view kSeparators = "/\\";
 constexpr mode_t kNewFileMode = 0666;
-
-bool IsSeparator(char c) {
-  return kSeparators.find(c) != kSeparators.npos;
-}
 
 /// The path as the system takes it; a NUL inside would silently name another file.
 std::string SystemPath(std::string_view path) {
@@ -90,35 +82,6 @@ class SystemOutputFile : public OutputFile {
 
 }  // namespace
 
-std::string Files::ParentFolder(std::string_view path) {
-  while (!path.empty() && IsSeparator(path.back())) path.remove_suffix(1);
-  const size_t last = path.find_last_of(kSeparators);
-  if (last == path.npos)
-    return "";
-  std::string_view folder = path.substr(0, last);
-  while (!folder.empty() && IsSeparator(folder.back())) folder.remove_suffix(1);
-  // A path whose folder is nothing but separators lies in the root.
-  return std::string(folder.empty() ? path.substr(0, 1) : folder);
-}
-
-std::string Files::CurrentFolder() {
-  std::error_code failure;
-  const std::filesystem::path folder = std::filesystem::current_path(failure);
-  if (failure)
-    Raise(error_number::kPathFileAccessError);
-  return FromUtf8(folder.string());
-}
-
-std::string Files::JoinPath(std::string_view folder, std::string_view name) {
-  if (folder.empty())
-    return std::string(name);
-  while (!name.empty() && IsSeparator(name.front())) name.remove_prefix(1);
-  std::string path(folder);
-  if (!name.empty() && !IsSeparator(path.back()))
-    path += kSeparator;
-  return path.append(name);
-}
-
 bool SystemFiles::Exists(std::string_view path) const {
   if (path.find('\0') != path.npos)
     return false;
@@ -147,12 +110,6 @@ std::unique_ptr<OutputFile> SystemFiles::Open(std::string_view path, OpenMode mo
   if (descriptor < 0)
     RaiseOpenError(errno, path);
   return std::make_unique<SystemOutputFile>(descriptor);
-}
-
-std::string NativePath(std::string_view piece) {
-  std::string path(piece);
-  std::replace(path.begin(), path.end(), '\\', kSeparator);
-  return path;
 }
 
 }  // namespace fiscalon

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <optional>
+#include <string>
+
+/// What `WholeFile` asks of the system about names and what they stand for. Paths are UTF-8. What fails says so by
+/// its result and leaves the reason in `errno`.
+namespace fiscalon {
+
+enum class FileKind { None, File, Folder, Device };
+
+/// What a path stands for, and which of all files it is.
+struct SeenFile {
+  FileKind kind = FileKind::None;
+  uint64_t volume = 0;
+  uint64_t number = 0;
+
+  bool IsSameFile(const SeenFile& other) const { return volume == other.volume && number == other.number; }
+};
+
+/// Follows links. Nothing where it can't be told.
+std::optional<SeenFile> LookAt(const std::string& path);
+/// What is behind the stream that all programs are given.
+std::optional<SeenFile> LookAtStandardInput();
+std::optional<SeenFile> LookAtStandardOutput();
+
+/// Whether a path is the system's own name of standard output.
+bool NamesStandardOutput(const std::string& path);
+/// Where the links of a path lead: the place of a file that may not exist yet. Nothing where they lead in a circle.
+std::optional<std::string> PlaceOf(const std::string& path);
+/// Whether two paths, which may stand for nothing yet, mean the same place.
+bool IsSameName(const std::string& a, const std::string& b);
+
+bool MayBeWritten(const std::string& path);
+/// Makes a file for writing; fails with EEXIST where the name is taken.
+std::FILE* CreateNew(const std::string& path);
+/// Opens what is there for writing, and leaves it as long as it is.
+std::FILE* OpenThere(const std::string& path);
+/// Whoever could read the older file can read the new one, as far as this user may give it away.
+void GiveAccess(const std::string& older, std::FILE* newer);
+/// Has what was written on the disk.
+bool FlushToDisk(std::FILE* file);
+
+/// Gives one name to a file that has another, in the place of whatever has it.
+bool MoveOver(const std::string& from, const std::string& to);
+/// The same, unless that name is taken: then it fails with EEXIST.
+bool MoveUnlessTaken(const std::string& from, const std::string& to);
+/// Gives a file a second name, or where that is not possible another one.
+bool MoveAside(const std::string& from, const std::string& to);
+bool Remove(const std::string& path);
+
+}  // namespace fiscalon

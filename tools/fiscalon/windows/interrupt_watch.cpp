@@ -1,0 +1,63 @@
+#include "tools/fiscalon/interrupt_watch.h"
+
+#include <windows.h>
+
+#include <atomic>
+#include <utility>
+
+#include "tools/fiscalon/file_places.h"
+
+namespace fiscalon {
+namespace {
+
+std::atomic<bool> interrupted = false;
+int watches = 0;
+
+/// Runs on a thread of its own. Whoever presses Ctrl+C or Ctrl+Break waits for the program to end in order; where the
+/// console goes, the program goes when this returns, so it doesn't: the system allows some seconds.
+BOOL WINAPI NoteInterrupt(DWORD event) {
+  interrupted = true;
+  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT)
+    ::Sleep(INFINITE);
+  return TRUE;
+}
+
+}  // namespace
+
+bool IsInterrupted() {
+  return interrupted;
+}
+
+InterruptWatch::InterruptWatch() {
+  if (watches++ == 0)
+    Begin();
+}
+
+InterruptWatch::~InterruptWatch() {
+  if (--watches == 0)
+    End();
+}
+
+void InterruptWatch::Begin() {
+  ::SetConsoleCtrlHandler(NoteInterrupt, TRUE);
+}
+
+void InterruptWatch::End() {
+  ::SetConsoleCtrlHandler(NoteInterrupt, FALSE);
+}
+
+/// The system lets no mapped file shrink.
+void InterruptWatch::Mapped(std::string /*file*/, std::string_view /*bytes*/) {}
+
+FleetingFile::FleetingFile(std::string path) : path_(std::move(path)) {}
+
+FleetingFile::~FleetingFile() {
+  if (!path_.empty())
+    Remove(path_);
+}
+
+void FleetingFile::Keep() {
+  path_.clear();
+}
+
+}  // namespace fiscalon
