@@ -2,6 +2,7 @@
 #include <csignal>
 #include <cstring>
 #include <iostream>
+#include <new>
 
 #include "frontends/played/argument_kinds.h"
 #include "tools/fiscalon/collect_command.h"
@@ -137,11 +138,23 @@ ExitStatus RunProgram(int argc, char** argv) {
 ExitStatus RunAndComplain(int argc, char** argv) {
   try {
     return RunProgram(argc, argv);
+  } catch (const std::bad_alloc&) {
+    throw;
+  } catch (const std::exception& error) {
+    Complain(std::string("fiscalon: ") + error.what());
+  }
+  return ExitStatus::Unusable;
+}
+
+/// The same where even complaining has come to nothing: what is said here needs neither standard output nor memory.
+ExitStatus RunAtAll(int argc, char** argv) {
+  try {
+    return RunAndComplain(argc, argv);
   } catch (const OutputError& error) {
     if (error.number != EPIPE)
       std::cerr << "fiscalon: standard output can't be written: " << std::strerror(error.number) << '\n';
-  } catch (const std::exception& error) {
-    Complain(std::string("fiscalon: ") + error.what());
+  } catch (const std::bad_alloc&) {
+    std::cerr << "fiscalon: there is not enough memory\n";
   }
   return ExitStatus::Unusable;
 }
@@ -159,5 +172,5 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
   fiscalon::StandardOutput output;
-  return static_cast<int>(fiscalon::RunAndComplain(argc, argv));
+  return static_cast<int>(fiscalon::RunAtAll(argc, argv));
 }

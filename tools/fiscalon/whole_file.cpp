@@ -123,6 +123,7 @@ void WholeFile::OpenBeside() {
   // A file that may not be written to is not replaced either.
   if (exists && ::access(place_.c_str(), W_OK) != 0)
     Fail();
+  auto fleeting = std::make_unique<FleetingFile>();
   int descriptor = -1;
   std::string beside;
   do {
@@ -131,7 +132,8 @@ void WholeFile::OpenBeside() {
   } while (descriptor < 0 && errno == EEXIST);
   if (descriptor < 0)
     Fail();
-  beside_ = std::make_unique<FleetingFile>(beside);
+  fleeting->Become(std::move(beside));
+  beside_ = std::move(fleeting);
   file_.reset(::fdopen(descriptor, "wb"));
   if (!file_)
     Fail();
@@ -199,11 +201,14 @@ void WholeFile::TakePlace(Return way) {
 }
 
 void WholeFile::KeepOlder() {
+  auto fleeting = std::make_unique<FleetingFile>();
   std::string before = NameBeside(place_);
-  if (MoveAside(place_, before))
-    before_ = std::make_unique<FleetingFile>(std::move(before));
-  else if (errno != ENOENT)
+  if (MoveAside(place_, before)) {
+    fleeting->Become(std::move(before));
+    before_ = std::move(fleeting);
+  } else if (errno != ENOENT) {
     Fail();
+  }
 }
 
 void WholeFile::GiveBack() {
@@ -219,7 +224,7 @@ void WholeFile::Commit(std::initializer_list<WholeFile*> files) {
     throw CommandError("interrupted");
   try {
     for (WholeFile* const file : files) file->TakePlace(files.size() > 1 ? Return::Possible : Return::Unneeded);
-  } catch (const CommandError&) {
+  } catch (...) {
     for (WholeFile* const file : files) file->GiveBack();
     throw;
   }
