@@ -51,8 +51,8 @@ AllocationFault::~AllocationFault() {
   failing = 0;
 }
 
-bool AllocationFault::WasReached() const {
-  return made >= failing;
+size_t AllocationFault::Allocations() const {
+  return made;
 }
 
 bool AllocationFault::HasThrown() const {

@@ -18,8 +18,8 @@ class AllocationFault {
   AllocationFault(const AllocationFault&) = delete;
   AllocationFault& operator=(const AllocationFault&) = delete;
 
-  /// Whether there were so many allocations at all.
-  bool WasReached() const;
+  /// How many allocations were asked for since it stands, those that failed among them.
+  size_t Allocations() const;
   /// Whether one failed that throws. Those that only ask for memory have another way if they get none.
   bool HasThrown() const;
 };

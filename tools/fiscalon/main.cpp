@@ -1,6 +1,7 @@
 #include <cerrno>
 #include <cstring>
 #include <iostream>
+#include <new>
 
 #include "frontends/played/argument_kinds.h"
 #include "tools/fiscalon/collect_command.h"
@@ -138,13 +139,25 @@ ExitStatus RunProgram(int argc, char** argv) {
 ExitStatus RunAndComplain(int argc, char** argv) {
   try {
     return RunProgram(argc, argv);
+  } catch (const std::bad_alloc&) {
+    throw;
+  } catch (const std::exception& error) {
+    Complain(std::string("fiscalon: ") + error.what());
+  }
+  return ExitStatus::Unusable;
+}
+
+/// The same where even complaining has come to nothing: what is said here needs neither standard output nor memory.
+ExitStatus RunAtAll(int argc, char** argv) {
+  try {
+    return RunAndComplain(argc, argv);
   } catch (const OutputError& error) {
     if (IsInterrupted())
       std::cerr << "fiscalon: interrupted\n";
     else if (error.number != EPIPE)
       std::cerr << "fiscalon: standard output can't be written: " << std::strerror(error.number) << '\n';
-  } catch (const std::exception& error) {
-    Complain(std::string("fiscalon: ") + error.what());
+  } catch (const std::bad_alloc&) {
+    std::cerr << "fiscalon: there is not enough memory\n";
   }
   return ExitStatus::Unusable;
 }
@@ -155,5 +168,5 @@ ExitStatus RunAndComplain(int argc, char** argv) {
 int main(int argc, char** argv) {
   fiscalon::ProgramStart start(argc, argv);
   fiscalon::StandardOutput output;
-  return static_cast<int>(fiscalon::RunAndComplain(start.Count(), start.Arguments()));
+  return static_cast<int>(fiscalon::RunAtAll(start.Count(), start.Arguments()));
 }
