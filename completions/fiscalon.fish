@@ -52,6 +52,7 @@ complete -c fiscalon -n 'contains -- (__fiscalon_command) play' -l toolkit -x -a
 complete -c fiscalon -n 'contains -- (__fiscalon_command) show validate generate' -l screen -x -a '(__fiscalon_screens)'
 complete -c fiscalon -n 'contains -- (__fiscalon_command) collect' -l write-file -x -a 'True False'
 complete -c fiscalon -n 'contains -- (__fiscalon_command) collect' -l play-by-play-enabled -x -a 'True False'
-for option in payments records report out record scenario gov-filename main-path
+for option in payments records report faults good out record scenario gov-filename main-path
     complete -c fiscalon -n "string match -q -- --$option (commandline -opc)[-1]" -F
 end
+complete -c fiscalon -n 'contains -- (__fiscalon_command) validate; and string match -q -- --bad (commandline -opc)[-1]' -F

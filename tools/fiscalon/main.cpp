@@ -161,6 +161,7 @@ int main(int argc, char** argv) {
   // So does a file that would grow over its owner's limit.
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
+  fiscalon::OccupyStandardDescriptors();
   fiscalon::StandardOutput output;
   return static_cast<int>(fiscalon::RunAndComplain(argc, argv));
 }

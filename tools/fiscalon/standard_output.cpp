@@ -1,5 +1,6 @@
 #include "tools/fiscalon/standard_output.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,6 +11,18 @@
 #include "tools/fiscalon/interrupt_watch.h"
 
 namespace fiscalon {
+
+void OccupyStandardDescriptors() {
+#if __has_include(<unistd.h>)
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(descriptor, F_GETFD) != -1)
+      continue;
+    // The lowest free descriptor is the one that is taken. The wrong direction makes every use fail.
+    if (::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0)
+      return;
+  }
+#endif
+}
 
 StandardOutput::StandardOutput() {
   setp(buffer_.data(), buffer_.data() + buffer_.size());

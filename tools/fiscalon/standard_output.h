@@ -12,6 +12,10 @@ struct OutputError {
   int number = 0;
 };
 
+/// Sees to it that no file which is opened later gets the descriptor of a standard stream that was closed by whoever
+/// started the program: what is printed would go into that file. Using such a stream fails as before.
+void OccupyStandardDescriptors();
+
 /// Stands behind `std::cout` while it lives, so that a failed write is noticed when it happens: writing throws
 /// `OutputError`. What is written comes out in order with standard error after each `flush`.
 class StandardOutput final : public std::streambuf {

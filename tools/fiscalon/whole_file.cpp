@@ -213,7 +213,7 @@ void WholeFile::GiveBack() {
     ::unlink(place_.c_str());
 }
 
-void WholeFile::Commit(std::initializer_list<WholeFile*> files) {
+void WholeFile::Commit(const std::vector<WholeFile*>& files) {
   for (WholeFile* const file : files) file->Finish();
   if (IsInterrupted())
     throw CommandError("interrupted");

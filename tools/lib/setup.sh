@@ -16,6 +16,8 @@ tests | locales            | tests compile the user locales that they read
 tests | pkgconf            | a test compiles against the installed package through pkg-config
 tests | clang-format       | checks the formatting
 tests | python3            | runs the layering check
+tests | python3-distributed | a cluster judges a batch in parts
+tests | parallel           | so does GNU parallel
 tests | xvfb               | a display for the tests with a real user
 tests | xdotool            | types and clicks in those tests
 check | clang-tidy         | lint
