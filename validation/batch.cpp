@@ -246,11 +246,11 @@ class BatchRun {
   }
 
   void TellFailure(const Portion& portion, Portion::Failure& failure) {
-    if (!failure.faults.empty()) {
-      const uint64_t before = FirstLine() + portion.records.FirstLine(failure.payment) - 1;
-      for (Fault& fault : failure.faults) fault.line += before;
-    }
     PaymentVerdict verdict = VerdictOn(portion, failure.payment, failure.screen);
+    if (!failure.faults.empty()) {
+      verdict.line = FirstLine() + portion.records.FirstLine(failure.payment);
+      for (Fault& fault : failure.faults) fault.line += verdict.line - 1;
+    }
     verdict.reason = failure.reason;
     verdict.faults = failure.faults;
     listener_.OnPayment(verdict);

@@ -25,6 +25,8 @@ struct PaymentVerdict {
   std::span<const Fault> faults = {};
   /// The payment's lines as they lie in the record file, with what stands around the records.
   std::string_view lines = {};
+  /// The line that they begin with, from 1; 0 where `faults` is empty.
+  uint64_t line = 0;
   /// Its line in the payments list, from 1.
   uint64_t row = 0;
 

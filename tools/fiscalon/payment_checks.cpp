@@ -1,28 +1,48 @@
 #include "tools/fiscalon/payment_checks.h"
 
 #include <algorithm>
+#include <string>
 
-#include "core/logging.h"
 #include "core/platform/code_page.h"
-#include "core/records/field_names.h"
 #include "core/records/record_reader.h"
-#include "core/remittance_period.h"
-#include "core/resume_next.h"
 #include "core/user_locale.h"
-#include "core/values/leading_number.h"
-#include "core/values/text.h"
-#include "validation/quick_digits.h"
+#include "validation/quick_tests.h"
 
 namespace fiscalon {
 namespace {
 
 constexpr RecordField kPeriod = FieldNamed(kGovernmentLayout, "PeriodDueDate");
-constexpr std::string_view kNoPeriod = "Record for Remittance Period is missing";
 
-/// Says it beside what is said of the same columns already, or by itself.
-void Say(std::vector<Note>& problems, const RecordField& field, std::string_view reason) {
-  if (reason.empty())
-    return;
+// Codes of faults that a record by itself can't be told of.
+constexpr std::string_view kNoPeriod = "no-period";
+constexpr std::string_view kNoFields = "no-fields";
+constexpr std::string_view kOfWholePayments[] = {kNoPeriod, kNoFields, "not-the-amount", "not-the-total"};
+
+bool IsOfWholePayment(const Fault& fault) {
+  return std::find(std::begin(kOfWholePayments), std::end(kOfWholePayments), fault.code) != std::end(kOfWholePayments);
+}
+
+/// Says what the rules have against a record that holds nothing but this field.
+void SayOf(const RuleSet& rules, std::string_view record, const JudgingDay& day, const RecordField& field,
+           std::vector<Note>& problems) {
+  for (const Fault& fault : FaultsOfRecords(rules, {&record, 1}, {.day = &day}))
+    if (!IsOfWholePayment(fault))
+      AddValidatesWord(problems, field, fault.message);
+}
+
+/// Whether a slot passes for sure. A number is the amount to be paid for itself.
+bool PassesQuickly(const RuleSet& rules, const FreeFormatSlotView& slot, const JudgingDay& day) {
+  const char* const value = slot.fieldValue.data();
+  const Expectation expected{.paymentCents = EighteenDigits(value), .day = &day};
+  for (const FieldRule& rule : rules.fields)
+    if (rule.number == slot.fieldNum)
+      return !rule.onlyForBiller.empty() || rule.quickTest(value, expected) != kNoDigits;
+  return QuickUnused(value, expected) != kNoDigits;
+}
+
+}  // namespace
+
+void AddValidatesWord(std::vector<Note>& problems, const RecordField& field, std::string_view reason) {
   const std::string said = "validate says: " + ToUtf8(reason);
   const auto about =
       std::find_if(problems.begin(), problems.end(), [&](const Note& note) { return note.from == field.from; });
@@ -31,35 +51,6 @@ void Say(std::vector<Note>& problems, const RecordField& field, std::string_view
   else
     problems.push_back({.from = field.from, .to = field.to, .text = said});
 }
-
-std::string ReasonAgainst(const RuleSet& rules, const FieldRule* rule, const FreeFormatSlotView& slot,
-                          const JudgingDay& day) {
-  const auto against = [&](std::string_view predicate) {
-    return std::string("Field ")
-        .append(slot.fieldNum)
-        .append(" ")
-        .append(FieldNameOf(rules.screenCode, slot.fieldNum))
-        .append(predicate);
-  };
-  // A number is the amount to be paid for itself: what is to be paid is not known.
-  const Expectation expected{.paymentAmount = LeadingNumber(slot.fieldValue) / 100,
-                             .paymentCents = EighteenDigits(slot.fieldValue.data()),
-                             .day = &day};
-  try {
-    if (rule == nullptr)
-      return kUnused.passes(slot.fieldValue, expected) ? "" : against(kUnused.predicate);
-    if (rule->quickTest(slot.fieldValue.data(), expected) != kNoDigits)
-      return {};
-    for (const FieldTest& test : rule->tests)
-      if (!test.passes(slot.fieldValue, expected))
-        return against(test.predicate);
-    return {};
-  } catch (const RuntimeError& error) {
-    return ErrorReason(error);
-  }
-}
-
-}  // namespace
 
 std::optional<PaymentChecks> PaymentChecks::Of(const LaunchRow* screen) {
   const RuleSet* rules = screen == nullptr ? nullptr : RulesOf(screen->code);
@@ -75,35 +66,26 @@ void PaymentChecks::Follow(ShownRecord& record) {
   if (record.length != kRecordLength)
     return;
   if (record.kind == RecordKind::Government)
-    FollowPeriod(record);
+    SayOf(*rules_, record.record, day_, kPeriod, record.problems);
   else if (record.kind == RecordKind::FreeFormat)
-    FollowFields(record);
+    FollowSlots(record);
 }
 
-void PaymentChecks::FollowPeriod(ShownRecord& record) const {
-  const std::string_view period = Trim(TextIn(record.record, kPeriod));
-  // A period that can't be read passes.
-  if (rules_->periods == Periods::Tested &&
-      !ResumeNext::Holds([&] { return IsRemittancePeriodInRange(period, day_.today); }))
-    Say(record.problems, kPeriod, kRemittancePeriodMessage);
-}
-
-void PaymentChecks::FollowFields(ShownRecord& record) const {
+void PaymentChecks::FollowSlots(ShownRecord& record) const {
   const auto slots = CutFreeFormat(record.record);
   for (size_t i = 0; i < slots.size(); ++i) {
-    const auto rule = std::find_if(rules_->fields.begin(), rules_->fields.end(),
-                                   [&](const FieldRule& each) { return each.number == slots[i].fieldNum; });
-    const bool isUnused = rule == rules_->fields.end();
-    if (isUnused || rule->onlyForBiller.empty())
-      Say(record.problems, kSlotValues[i], ReasonAgainst(*rules_, isUnused ? nullptr : &*rule, slots[i], day_));
+    if (PassesQuickly(*rules_, slots[i], day_))
+      continue;
+    std::string alone = record.record.substr(0, kHeadLength);
+    alone.append(slots[i].fieldNum).append(slots[i].fieldValue).resize(kRecordLength, ' ');
+    SayOf(*rules_, alone, day_, kSlotValues[i], record.problems);
   }
 }
 
 void PaymentChecks::EndPayment(ShownRecord& last) {
-  if (rules_->periods == Periods::Tested && !hasPeriod_)
-    Say(last.problems, {}, kNoPeriod);
-  if (!hasFields_)
-    Say(last.problems, {}, rules_->noFieldsMessage);
+  for (const Fault& fault : FaultsOfRecords(*rules_, {}, {.day = &day_}))
+    if ((fault.code == kNoPeriod && !hasPeriod_) || (fault.code == kNoFields && !hasFields_))
+      AddValidatesWord(last.problems, {}, fault.message);
   hasPeriod_ = hasFields_ = false;
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
+#include <vector>
 
 #include "core/launch.h"
 #include "tools/fiscalon/shown_record.h"
@@ -8,6 +10,9 @@
 #include "validation/rule_sets.h"
 
 namespace fiscalon {
+
+/// Adds a reason of the judge to what is said of the same columns already, or by itself.
+void AddValidatesWord(std::vector<Note>& problems, const RecordField& field, std::string_view reason);
 
 /// What `validate` would say of the payments of a screen that it judges, as far as records alone tell: nothing is held
 /// against an amount to be paid or a biller. As of today by the module's clock, under the module's locale.
@@ -24,8 +29,7 @@ class PaymentChecks {
  private:
   explicit PaymentChecks(const RuleSet& rules);
 
-  void FollowPeriod(ShownRecord& record) const;
-  void FollowFields(ShownRecord& record) const;
+  void FollowSlots(ShownRecord& record) const;
 
   const RuleSet* rules_;
   JudgingDay day_;

@@ -41,7 +41,7 @@ void RecordTaker::Take(const PC4& member, ShownRecord& shown) {
 }
 
 void RecordTaker::Begin(std::string_view record, ShownRecord& shown) {
-  shown.number = ++count_;
+  shown.number = nextNumber_++;
   shown.record = record;
   shown.length = record.size();
   shown.isRecord = shown.isInvoice = false;

@@ -16,7 +16,7 @@ namespace fiscalon {
 class RecordTaker {
  public:
   /// `screen` tells what the fields are; it may be null.
-  explicit RecordTaker(const LaunchRow* screen) : screen_(screen) {}
+  explicit RecordTaker(const LaunchRow* screen, uint64_t firstNumber = 1) : screen_(screen), nextNumber_(firstNumber) {}
 
   /// From here on the records tell what `validate` would say too, if the screen is one that it judges.
   void Judge() { checks_ = PaymentChecks::Of(screen_); }
@@ -41,7 +41,7 @@ class RecordTaker {
   void TakeInvoice(const PC4& member, ShownRecord& shown);
 
   const LaunchRow* screen_;
-  uint64_t count_ = 0;
+  uint64_t nextNumber_;
   OrderCheck order_;
   std::optional<PaymentChecks> checks_;
 };

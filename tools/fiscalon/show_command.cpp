@@ -1,20 +1,18 @@
 #include "tools/fiscalon/show_command.h"
 
-#include <algorithm>
-#include <charconv>
-#include <limits>
 #include <memory>
 #include <optional>
-#include <vector>
+#include <utility>
 
 #include "core/module_state.h"
-#include "core/platform/code_page.h"
 #include "tools/fiscalon/interrupt_watch.h"
 #include "tools/fiscalon/line_reader.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/progress_line.h"
+#include "tools/fiscalon/record_picks.h"
 #include "tools/fiscalon/record_taker.h"
 #include "tools/fiscalon/screen_code.h"
+#include "tools/fiscalon/show_bad.h"
 #include "tools/fiscalon/shown_output.h"
 #include "tools/fiscalon/terminal.h"
 
@@ -27,6 +25,7 @@ constexpr const char* kExamples = R"(Examples:
   fiscalon show payment.pc4 --json           the same for machines, as one document
   fiscalon show batch.pc4 --json-lines       or a record on each line
   fiscalon show batch.pc4 --line 2000-2010   some of the lines
+  fiscalon show batch.pc4 --bad-only --payments batch.csv
   fiscalon show - < payment.pc4
 
 What is wrong is marked with "!"; what is odd, though screens write it so, with "~".
@@ -38,71 +37,22 @@ struct ShowOptions {
   std::optional<std::string> screen = {};
   bool json = false;
   bool jsonLines = false;
-  std::vector<std::string> only = {};
-  std::optional<std::string> line = {};
-  std::optional<std::string> seq = {};
+  PickOptions picks = {};
+  bool badOnly = false;
+  std::string payments = {};
 };
 
-/// Which of the lines are to be shown.
-class Picks {
- public:
-  explicit Picks(const ShowOptions& options) {
-    for (const std::string& kind : options.only) kinds_ += kind;
-    if (options.line)
-      ReadLines(*options.line);
-    if (options.seq)
-      ReadSequence(*options.seq);
-    areAll_ = kinds_.empty() && !options.line && !options.seq;
-  }
-
-  bool AreAll() const { return areAll_; }
-  bool EndBehind(uint64_t line) const { return line >= lastLine_; }
-  bool Hold(const ShownRecord& record) const {
-    return areAll_ || (record.number >= firstLine_ && record.number <= lastLine_ && HoldKind(record) &&
-                       (seq_.empty() || record.Seq() == seq_));
-  }
-
- private:
-  bool HoldKind(const ShownRecord& record) const {
-    return kinds_.empty() || (record.isRecord && kinds_.find(static_cast<char>(record.kind)) != std::string::npos);
-  }
-
-  /// "12", "12-20" or "12-".
-  void ReadLines(const std::string& text) {
-    const char* const end = text.data() + text.size();
-    const auto [dash, error] = std::from_chars(text.data(), end, firstLine_);
-    bool isRead = error == std::errc() && firstLine_ > 0;
-    if (isRead && dash == end) {
-      lastLine_ = firstLine_;
-    } else if (isRead && *dash == '-' && dash + 1 != end) {
-      const auto [stop, lastError] = std::from_chars(dash + 1, end, lastLine_);
-      isRead = lastError == std::errc() && stop == end && lastLine_ >= firstLine_;
-    } else {
-      isRead = isRead && *dash == '-';
-    }
-    if (!isRead)
-      throw UsageError("--line takes a line or a range of lines, such as 12, 12-20 or 12-, not \"" + text + "\"");
-  }
-
-  void ReadSequence(const std::string& text) {
-    constexpr size_t kCharacters = FieldNamed(kRecordHead, "SeqNumber").Width();
-    seq_ = FromUtf8(text);
-    if (seq_.size() != kCharacters)
-      throw UsageError("--seq takes a sequence number, which has four characters, not \"" + text + "\"");
-  }
-
-  std::string kinds_;
-  std::string seq_;
-  uint64_t firstLine_ = 1;
-  uint64_t lastLine_ = std::numeric_limits<uint64_t>::max();
-  bool areAll_ = true;
-};
+ShownAs FormOf(const ShowOptions& options) {
+  if (options.json && options.jsonLines)
+    throw UsageError("--json and --json-lines: only one of them");
+  return options.json ? ShownAs::Json : options.jsonLines ? ShownAs::JsonLines : ShownAs::Text;
+}
 
 /// Takes a file from its lines to the output.
 class Show {
  public:
   Show(const ShowOptions& options, const LaunchRow* screen, const Context& context)
-      : picks_(options),
+      : picks_(options.picks),
         reader_(options.file, [this] { BeforeRead(); }),
         output_(ShownOutput::Of(FormOf(options), reader_.Name(), screen, context)),
         taker_(screen),
@@ -117,17 +67,11 @@ class Show {
       output_->Flush();
       throw;
     }
-    output_->End(!picks_.AreAll());
+    output_->End(picks_.AreAll() ? ShownOutput::Picked::All : ShownOutput::Picked::Some);
     return output_->Problems() == 0 ? ExitStatus::Done : ExitStatus::Invalid;
   }
 
  private:
-  static ShownAs FormOf(const ShowOptions& options) {
-    if (options.json && options.jsonLines)
-      throw UsageError("--json and --json-lines: only one of them");
-    return options.json ? ShownAs::Json : options.jsonLines ? ShownAs::JsonLines : ShownAs::Text;
-  }
-
   void ShowAll() {
     ReadLine line;
     ShownRecord next;
@@ -173,7 +117,7 @@ class Show {
   }
 
   InterruptWatch watch_;
-  Picks picks_;
+  RecordPicks picks_;
   LineReader reader_;
   std::unique_ptr<ShownOutput> output_;
   RecordTaker taker_;
@@ -185,10 +129,16 @@ class Show {
 };
 
 ExitStatus ShowFile(const ShowOptions& options, const Context& context) {
+  if (options.badOnly == options.payments.empty())
+    throw UsageError("--bad-only needs the list of the payments, --payments, which goes with it alone");
+  if (options.badOnly && options.screen)
+    throw UsageError("--bad-only takes the screens from --payments: leave out --screen");
   const LaunchRow* screen = options.screen ? &ScreenOf(*options.screen) : nullptr;
   TheModule().locale = context.SpokenLocale();
   if (context.today)
     TheModule().clock = std::make_shared<FixedClock>(*context.today);
+  if (options.badOnly)
+    return ShowBadPayments({options.payments, options.file, FormOf(options), options.picks}, context);
   return Show(options, screen, context).Run();
 }
 
@@ -204,12 +154,16 @@ void AddShowCommand(CLI::App& app, Context& context) {
       ->type_name("CODE");
   command->add_flag("--json", options->json, "Print one JSON document");
   command->add_flag("--json-lines", options->jsonLines, "Print one line of JSON for each record");
-  command->add_option("--only", options->only, "Print the records of this kind only, or of these: T,F")
+  command->add_option("--only", options->picks.only, "Print the records of this kind only, or of these: T,F")
       ->type_name("KIND")
       ->delimiter(',')
       ->check(OneOf({"T", "F", "G", "P", "R", "I"}));
-  command->add_option("--line", options->line, "Print these lines only: 12, 12-20 or 12-")->type_name("N-M");
-  command->add_option("--seq", options->seq, "Print the records of this sequence number only")->type_name("SEQ");
+  command->add_option("--line", options->picks.line, "Print these lines only: 12, 12-20 or 12-")->type_name("N-M");
+  command->add_option("--seq", options->picks.seq, "Print the records of this sequence number only")->type_name("SEQ");
+  command->add_flag("--bad-only", options->badOnly, "Print the records of payments that fail only");
+  command->add_option("--payments", options->payments, "The payments list, for --bad-only; - is standard input")
+      ->type_name("FILE")
+      ->check(NameGiven);
   command->callback([options, &context] { context.status = ShowFile(*options, context); });
 }
 

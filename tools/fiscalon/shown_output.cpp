@@ -27,16 +27,14 @@ class TextOutput : public ShownOutput {
     printer_.Append(text, record);
   }
 
-  void AppendSaying(std::string& text, const std::string& line) override {
-    text.append(paint_.Bad(line)).append("\n\n");
-  }
+  void AppendSaying(std::string& text, const std::string& line) override { text.append(line).append("\n"); }
 
   void AppendEnd(std::string& text, const Counts& counts) override {
     if (counts.lines == 0) {
       text += "no line is picked\n";
       return;
     }
-    text.append(Counted(counts.lines, "line")).append(counts.picked ? " picked, " : ", ");
+    text.append(Counted(counts.lines, "line")).append(counts.picked == Picked::Some ? " picked, " : ", ");
     text += counts.problems == 0 ? paint_.Good("nothing wrong") : paint_.Bad(Counted(counts.problems, "problem"));
     if (counts.oddities != 0)
       text.append(", ").append(std::to_string(counts.oddities)).append(" odd");
@@ -120,7 +118,7 @@ void ShownOutput::Add(const ShownRecord& record) {
     Flush();
 }
 
-void ShownOutput::End(bool picked) {
+void ShownOutput::End(Picked picked) {
   AppendEnd(text_, {.lines = lines_, .problems = problems_, .oddities = oddities_, .picked = picked});
   Flush();
 }

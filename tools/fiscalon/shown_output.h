@@ -23,10 +23,11 @@ class ShownOutput {
 
   void Begin() { AppendBeginning(text_); }
   void Add(const ShownRecord& record);
-  /// A line of its own between records, where the form has room for it.
+  /// A line of its own behind the records, where the form has room for it.
   void Say(const std::string& line) { AppendSaying(text_, line); }
-  /// `picked` is whether only some of the lines were to be shown.
-  void End(bool picked);
+  /// Whether only some of the lines were to be shown.
+  enum class Picked { All, Some };
+  void End(Picked picked);
   /// Lets out what was written so far, which ends with a whole record.
   void Flush();
 
@@ -37,7 +38,7 @@ class ShownOutput {
     uint64_t lines = 0;
     uint64_t problems = 0;
     uint64_t oddities = 0;
-    bool picked = false;
+    Picked picked = Picked::All;
   };
 
   virtual void AppendBeginning(std::string& text) = 0;

@@ -1,5 +1,6 @@
 #include "tools/fiscalon/standard_output.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>

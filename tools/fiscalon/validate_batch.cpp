@@ -4,7 +4,9 @@
 #include <iostream>
 #include <memory>
 
+#include "core/records/record_line.h"
 #include "tools/fiscalon/visible_text.h"
+#include "validation/payment_rows.h"
 
 namespace fiscalon {
 namespace {
@@ -26,6 +28,17 @@ void PrintEnd(std::ostream& out, const BatchOptions& options, const EnoughBad& e
   out << paint.Bad(std::to_string(options.outputs.mostBad) + " invalid") << ", the last of them at " << options.payments
       << ":" << end.row << "; the payments behind it were not judged\n";
   reasons.Print(out);
+}
+
+/// A list or a file that holds nothing is no batch in which all is valid.
+void RefuseEmpty(ByteSource& payments, ByteSource& records) {
+  constexpr size_t kMoreThanAHeader = 100;
+  std::string list(payments.Peek(kMoreThanAHeader).substr(0, kMoreThanAHeader));
+  std::erase_if(list, [](char c) { return c == '"' || c == '\r' || c == '\n'; });
+  if (list == kPaymentsHeader)
+    throw BatchError(payments.Name(), "the list has no row, it names no payment");
+  if (records.Peek(1).empty())
+    throw BatchError(records.Name(), std::string(kNoRecords));
 }
 
 ExitStatus Judge(ByteSource& payments, ByteSource& records, const BatchOptions& options, const Context& context) {
@@ -56,18 +69,26 @@ ExitStatus Judge(ByteSource& payments, ByteSource& records, const BatchOptions& 
 }  // namespace
 
 ExitStatus ValidateBatchFiles(BatchOptions options, const Context& context) {
-  if (options.payments == "-" && options.records == "-")
-    throw UsageError("only one of --payments and --records can be standard input");
+  options.outputs.withHeader = options.part.number == 1;
+  return OnBatchFiles(options.payments, options.records, [&](ByteSource& payments, ByteSource& records) {
+    return Judge(payments, records, options, context);
+  });
+}
+
+ExitStatus OnBatchFiles(const std::string& paymentsName, const std::string& recordsName,
+                        const std::function<ExitStatus(ByteSource& payments, ByteSource& records)>& judge) {
+  if (paymentsName == "-" && recordsName == "-")
+    throw UsageError("only one of the payments and their records can be standard input");
   InterruptWatch watch;
   try {
-    const auto payments = ByteSource::Open(options.payments);
-    const auto records = ByteSource::Open(options.records);
+    const auto payments = ByteSource::Open(paymentsName);
+    const auto records = ByteSource::Open(recordsName);
     for (ByteSource* const source : {payments.get(), records.get()}) {
       if (source->Stays())
         watch.Mapped(source->Name(), source->Peek(0));
     }
-    options.outputs.withHeader = options.part.number == 1;
-    return Judge(*payments, *records, options, context);
+    RefuseEmpty(*payments, *records);
+    return judge(*payments, *records);
   } catch (const BatchError& error) {
     // A read that an interrupt ended is no fault of the file.
     if (IsInterrupted())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -20,6 +21,10 @@ struct BatchOptions {
 
 /// Judges a batch, writes what is wanted and prints the summary. What is wrong with the files is complained of.
 ExitStatus ValidateBatchFiles(BatchOptions options, const Context& context);
+
+/// Runs a judge on the two files of a batch, "-" for standard input. What is wrong with the files is complained of.
+ExitStatus OnBatchFiles(const std::string& payments, const std::string& records,
+                        const std::function<ExitStatus(ByteSource& payments, ByteSource& records)>& judge);
 
 /// Reads a part such as "2/8". Nothing where it is none.
 std::optional<BatchPart> PartOf(const std::string& text);

@@ -326,5 +326,75 @@ TEST_F(ShowScreen, AgreesWithValidate) {
   }
 }
 
+/// The payments of a batch that fail, with what the judge has against them.
+class ShowBadOnly : public CommandLine {
+ protected:
+  ShowBadOnly() {
+    const auto payment = [](const std::string& seq, const std::string& slots) {
+      return Line(Ruled("PC4" + seq + "T                202606")) + Line(Ruled("PC4" + seq + "F" + slots));
+    };
+    const std::string good = "010000000000000123450220260331          0300000000000500000004000000000000000012";
+    Write("b.pc4", payment("0001", good) + payment("0002", std::string(good).replace(62, 18, 18, ' ')) +
+                       payment("0003", good) + payment("0004", good));
+    Write("b.csv", "seq,screen,biller,amount\n0001,03,,12345\n0002,03,,12345\n0003,03,,12346\n0004,15,,12345\n");
+  }
+
+  Outcome Bad(const std::string& options = "") const {
+    return Run("fiscalon show b.pc4 --bad-only --payments b.csv --today 2026-06-15 " + options);
+  }
+};
+
+TEST_F(ShowBadOnly, PrintsTheRecordsOfPaymentsThatFail) {
+  const Outcome seen = Bad();
+  EXPECT_EQ(seen.status, 1);
+  EXPECT_EQ(seen.err, "");
+  EXPECT_THAT(seen.out, AllOf(HasSubstr("b.pc4\n\nline 3: T, government format, sequence \"0002\"\n"),
+                              HasSubstr("\nline 4: F, free format, sequence \"0002\"\n"),
+                              HasSubstr("\n4 payments, 3 invalid\n6 lines picked, 3 problems\n"),
+                              testing::Not(HasSubstr("\"0001\""))));
+  EXPECT_EQ(Bad("| grep '!'").out,
+            "    ! columns 71-88: validate says: Field 04 Number of Employees cannot be blank\n"
+            "    ! columns 11-28: validate says: Field 01 Amount of Payment is not equal to amount to be paid\n"
+            "    ! validate says: Invalid or not supported Screen Type\n");
+  // Each payment's fields are those of its own screen.
+  EXPECT_THAT(Bad("--seq 0004 --only F").out, HasSubstr("\"01\"                  Amount payable\n"));
+  EXPECT_EQ(Bad("--json-lines | wc -l").out, "6\n");
+}
+
+TEST_F(ShowBadOnly, PrintsNothingOfAGoodBatch) {
+  Write("b.csv", "seq,screen,biller,amount\n0001,03,,12345\n");
+  Write("b.pc4", Read("b.pc4").substr(0, 2 * 164));
+  const Outcome seen = Bad();
+  EXPECT_EQ(seen.status, 0);
+  EXPECT_EQ(seen.out, "b.pc4\n\n1 payment, 0 invalid\nno line is picked\n");
+}
+
+TEST_F(ShowBadOnly, ComplainsOfFilesAsValidateDoes) {
+  Write("empty", "");
+  Write("head.csv", "seq,screen,biller,amount\r\n");
+  Write("short.csv", "seq,screen,biller,amount\n0001,03,,12345\n0002,03,,1\n");
+  for (const std::string files : {"b.csv empty", "head.csv b.pc4", "head.csv empty", "short.csv b.pc4", "b.csv none"}) {
+    const size_t blank = files.find(' ');
+    const std::string payments = files.substr(0, blank), records = files.substr(blank + 1);
+    const Outcome shown = Run("fiscalon show --bad-only --payments " + payments + " " + records);
+    const Outcome judged = Run("fiscalon validate --payments " + payments + " --records " + records);
+    EXPECT_EQ(shown.status, 2) << files;
+    EXPECT_EQ(judged.status, 2) << files;
+    EXPECT_EQ(shown.err, judged.err) << files;
+    EXPECT_THAT(shown.out, testing::Not(HasSubstr("invalid"))) << files;
+  }
+  EXPECT_EQ(Run("fiscalon show --bad-only --payments b.csv empty").err,
+            "fiscalon: empty: the file is empty, it holds no records\n");
+  EXPECT_EQ(Run("fiscalon show --bad-only --payments head.csv b.pc4").err,
+            "fiscalon: head.csv: the list has no row, it names no payment\n");
+}
+
+TEST_F(ShowBadOnly, WantsAListAndNoScreen) {
+  EXPECT_EQ(Run("fiscalon show b.pc4 --bad-only").status, 2);
+  EXPECT_EQ(Run("fiscalon show b.pc4 --payments b.csv").status, 2);
+  EXPECT_EQ(Bad("--screen 03").status, 2);
+  EXPECT_EQ(Run("fiscalon show - --bad-only --payments -").status, 2);
+}
+
 }  // namespace
 }  // namespace fiscalon
