@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/forms/layout.h"
 #include "core/launch.h"
 #include "core/screen_contract.h"
 
@@ -80,6 +82,31 @@ TEST(TabOrder, IsToldOfEveryForm) {
   for (const LaunchRow& row : LaunchTable()) {
     const auto told = [&row](const TabOrder& order) { return FindLaunchRow(order.code)->form == row.form; };
     EXPECT_TRUE(std::any_of(kTabOrders.begin(), kTabOrders.end(), told)) << row.form;
+  }
+}
+
+std::set<const Control*> ControlsOf(const Layout& layout) {
+  std::set<const Control*> controls(layout.buttons.begin(), layout.buttons.end());
+  for (const Group& group : layout.groups) {
+    controls.insert(group.heading);
+    for (const Row& row : group.rows)
+      for (const Cell& cell : row.cells) controls.insert({cell.caption, cell.field, cell.hint});
+  }
+  return controls;
+}
+
+// What a layout forgets is shown behind all the rest.
+TEST(Layouts, TellWhereEachControlOfEveryFormStands) {
+  for (const LaunchRow& row : LaunchTable()) {
+    SCOPED_TRACE(row.code);
+    const std::shared_ptr<Screen> screen = row.make();
+    const std::set<const Control*> told = ControlsOf(screen->FormLayout());
+    for (const Control* control : screen->Controls()) {
+      // A frame around all of a group is told by what lies in it.
+      if (control->Kind() != ControlKind::Frame) {
+        EXPECT_TRUE(told.contains(control)) << control->Name();
+      }
+    }
   }
 }
 
