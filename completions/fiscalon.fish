@@ -50,6 +50,7 @@ complete -c fiscalon -n 'contains -- (__fiscalon_command) play show validate' -F
 complete -c fiscalon -l locale -x -a 'en-CA en-US fr-CA system'
 complete -c fiscalon -n 'contains -- (__fiscalon_command) play' -l toolkit -x -a 'scripted qt'
 complete -c fiscalon -n 'contains -- (__fiscalon_command) show validate generate' -l screen -x -a '(__fiscalon_screens)'
+complete -c fiscalon -n 'contains -- (__fiscalon_command) show' -l only -x -a 'T F G P R I'
 complete -c fiscalon -n 'contains -- (__fiscalon_command) collect' -l write-file -x -a 'True False'
 complete -c fiscalon -n 'contains -- (__fiscalon_command) collect' -l play-by-play-enabled -x -a 'True False'
 for option in payments records report faults good out record scenario gov-filename main-path
