@@ -81,6 +81,18 @@ TEST_F(ShowCommand, RefusesACodeThatIsNoScreen) {
       "18, 19, 20, 25, 26, 27, 28\nRun \"fiscalon show --help\" for its options.\n");
 }
 
+TEST_F(ShowCommand, RefusesAnEmptyCodeAsValidateDoes) {
+  Write("a.pc4", Line(government_));
+  const std::string shown = Run("fiscalon show a.pc4 --screen ''").err;
+  const std::string judged = Run("fiscalon validate a.pc4 --amount 1 --screen ''").err;
+  EXPECT_THAT(shown, testing::StartsWith("fiscalon: there is no screen \"\"; the codes are 01, 02,"));
+  EXPECT_EQ(shown.substr(0, shown.find('\n')), judged.substr(0, judged.find('\n')));
+}
+
+TEST_F(ShowCommand, ReadsFilesThatTheSystemMakesUp) {
+  EXPECT_THAT(Run("fiscalon show /proc/self/cmdline").out, HasSubstr("no record: the line begins with \""));
+}
+
 TEST_F(ShowCommand, WritesDollarsAsTheUserDoes) {
   Write("a.pc4",
         Line(government_) + Line(free_) + Line(Ruled("PC40002T")) + Line(Ruled("PC40002F01-00000000000123450")));
