@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "tests/support/ruled_record.h"
 #include "tests/tools/fiscalon/command_line.h"
 
 namespace fiscalon {
@@ -127,9 +128,9 @@ TEST_F(Program, TakesTheLocaleBeforeAndBehindTheCommand) {
 }
 
 TEST_F(Program, TakesGlobalOptionsOnEveryCommand) {
-  Write("empty.pc4", "");
+  Write("good.pc4", Line(Ruled("PC40001T")));
   EXPECT_EQ(Run("fiscalon screens --today 2026-06-15 --locale fr-CA").status, 0);
-  EXPECT_EQ(Run("fiscalon show --today 2026-06-15 --locale fr-CA empty.pc4").status, 0);
+  EXPECT_EQ(Run("fiscalon show --today 2026-06-15 --locale fr-CA good.pc4").status, 0);
 }
 
 }  // namespace
