@@ -2,6 +2,7 @@
 #include <csignal>
 #include <cstring>
 #include <iostream>
+#include <new>
 
 #include "frontends/played/argument_kinds.h"
 #include "tools/fiscalon/collect_command.h"
@@ -140,6 +141,8 @@ ExitStatus RunAndComplain(int argc, char** argv) {
   } catch (const OutputError& error) {
     if (error.number != EPIPE)
       std::cerr << "fiscalon: standard output can't be written: " << std::strerror(error.number) << '\n';
+  } catch (const std::bad_alloc&) {
+    std::cerr << "fiscalon: there is not enough memory for that\n";
   } catch (const std::exception& error) {
     Complain(std::string("fiscalon: ") + error.what());
   }
