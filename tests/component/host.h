@@ -45,7 +45,7 @@ class HostValue {
     if (object != nullptr)
       object->AddRef();
   }
-  HostValue(const HostValue& other) : HostValue() { VariantCopy(&value_, &other.value_); }
+  HostValue(const HostValue& other) : HostValue() { VariantCopy(&value_, const_cast<VARIANT*>(&other.value_)); }
   HostValue& operator=(const HostValue&) = delete;
   ~HostValue() { VariantClear(&value_); }
 
