@@ -4,6 +4,10 @@ set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_CXX_COMPILER ${FISCALON_WINDOWS_TRIPLET}-g++-posix)
 set(CMAKE_C_COMPILER ${FISCALON_WINDOWS_TRIPLET}-gcc-posix)
 set(CMAKE_RC_COMPILER ${FISCALON_WINDOWS_TRIPLET}-windres)
+# What is built runs under Wine, which has the 64-bit kind.
+if(FISCALON_WINDOWS_TRIPLET MATCHES "^x86_64")
+  set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/lib/wine.sh)
+endif()
 
 # Programs of the building system, libraries and headers of the other. Packages without code are found in both.
 set(CMAKE_FIND_ROOT_PATH /usr/${FISCALON_WINDOWS_TRIPLET})

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -31,6 +32,8 @@ struct PlayWatcher {
   std::function<void(const std::string& ending)> showEnded = {};
   /// The scenario is over, and what it made is still there: the records, before they go.
   std::function<void(const std::vector<std::string>& records)> ended = {};
+  /// The last that is heard: the folder behind `$TMP`, before it goes.
+  std::function<void(const std::filesystem::path& folder)> folderGoes = {};
 };
 
 struct PlaySettings {

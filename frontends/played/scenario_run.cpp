@@ -60,6 +60,8 @@ void ScenarioRun::Play() {
     Fail("no error", Ending());
   if (watcher_.ended)
     watcher_.ended(Records());
+  if (watcher_.folderGoes)
+    watcher_.folderGoes(folder_.Path());
 }
 
 void ScenarioRun::PlayLine() {

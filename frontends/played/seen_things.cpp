@@ -1,6 +1,7 @@
 #include "frontends/played/seen_things.h"
 
 #include "core/platform/code_page.h"
+#include "core/platform/utf8_path.h"
 #include "frontends/played/scenario.h"
 
 namespace fiscalon {
@@ -31,7 +32,9 @@ std::string DescribedBox(const BoxRequest& box) {
 }
 
 std::string DescribedHelp(const std::string& file, int32_t context) {
-  return "help " + QuotedArgument(file) + " " + std::to_string(context);
+  // A scenario's "/" stands for the system's own separator.
+  const std::string native = Utf8Of(Utf8Path(file).make_preferred());
+  return "help " + QuotedArgument(native) + " " + std::to_string(context);
 }
 
 std::string Described(const SeenThing& thing) {

@@ -8,6 +8,7 @@
 #include "core/platform/runtime_error.h"
 #include "tests/support/random_user.h"
 #include "tests/support/screen_test.h"
+#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 
@@ -22,6 +23,8 @@ struct RandomPayment {
 template <class FormClass>
 class RandomActsTest : public ScreenTest {
  protected:
+  RandomActsTest() { TheModule().mainPath = folder_.Path(); }
+
   virtual void ExpectRecordsOf(const std::string& seqNumber, const RandomPayment& payment) = 0;
   /// What else changes from launch to launch.
   virtual void BeforeLaunch(RandomUser& /*random*/) {}
@@ -77,6 +80,9 @@ class RandomActsTest : public ScreenTest {
     // Otherwise the acts would not come past the checks, and the test would say nothing.
     EXPECT_GT(outputs, RandomActs() / 2000);
   }
+
+ private:
+  TemporaryFolder folder_;
 };
 
 }  // namespace fiscalon

@@ -18,6 +18,13 @@ tests | clang-format       | checks the formatting
 tests | python3            | runs the layering check
 tests | xvfb               | a display for the tests with a real user
 tests | xdotool            | types and clicks in those tests
+windows | g++-mingw-w64-x86-64-posix | compiles for 64-bit Windows
+windows | g++-mingw-w64-i686-posix   | compiles for 32-bit Windows
+windows | mingw-w64-tools | compiles the interfaces of the component
+windows | libwine-dev | the declarations that those interfaces rest on
+windows | googletest | the test framework, to be compiled for Windows
+windows | wine | runs what was compiled for Windows
+windows | wine64 | the 64-bit kind of it
 check | clang-tidy         | lint
 check | cppcheck           | lint
 check | shellcheck         | lint of the shell scripts
@@ -26,6 +33,15 @@ bench | libbenchmark-dev   | the benchmarks
 fuzz  | clang              | compiles the fuzz targets
 fuzz  | libclang-rt-dev    | the fuzzing engine and the sanitizers of clang
 '
+
+# RunsWine: whether this machine can run what is built for 64-bit Windows.
+RunsWine() {
+  if command -v dpkg >/dev/null 2>&1; then
+    [[ "$(dpkg --print-architecture)" == amd64 ]]
+  else
+    command -v wine >/dev/null 2>&1 && command -v x86_64-w64-mingw32-g++-posix >/dev/null 2>&1
+  fi
+}
 
 # IsInstalled PACKAGE
 IsInstalled() {

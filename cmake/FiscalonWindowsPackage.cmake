@@ -1,0 +1,23 @@
+# The ZIP for Windows, and beside it the SHA-256 of its bytes: the program, and the component with its type library, its
+# manifest, its guide and its examples, all in one folder. `cpack --preset windows` makes it.
+set(architecture x86_64)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  set(architecture x86)
+endif()
+set(CPACK_GENERATOR ZIP)
+set(CPACK_PACKAGE_FILE_NAME fiscalon-${PROJECT_VERSION}-windows-${architecture})
+set(CPACK_PACKAGE_CHECKSUM SHA256)
+set(CPACK_STRIP_FILES ON)
+
+if(TARGET fiscalon_cli)
+  install(TARGETS fiscalon_cli RUNTIME DESTINATION .)
+endif()
+if(TARGET fiscalon_component)
+  get_target_property(folder fiscalon_component BINARY_DIR)
+  install(TARGETS fiscalon_component RUNTIME DESTINATION .)
+  install(FILES ${folder}/fiscalon.tlb ${folder}/fiscalon.manifest DESTINATION .)
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/windows-guide.md DESTINATION .)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/windows/ DESTINATION examples PATTERN CMakeLists.txt EXCLUDE)
+endif()
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION .)
+include(CPack)

@@ -1,0 +1,91 @@
+#!/usr/bin/env python3
+"""Checks the ZIP files for Windows: their checksums, what is in them, and what their library and program need.
+
+    check_windows_packages.py ZIP...
+
+Prints one line per offence and exits with 1 if there is any."""
+
+import hashlib
+import re
+import subprocess
+import sys
+import tempfile
+import zipfile
+from pathlib import Path
+
+FILES = {"CHANGELOG.md", "LICENSE", "fiscalon.dll", "fiscalon.exe", "fiscalon.manifest", "fiscalon.tlb", "windows-guide.md"}
+EXPORTS = {"DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer", "DllUnregisterServer"}
+# What every Windows has.
+SYSTEM_LIBRARIES = set(
+    """advapi32 comctl32 comdlg32 gdi32 kernel32 msvcrt ole32 oleaut32 oleacc shell32 shlwapi user32 uxtheme""".split()
+)
+MOST_BYTES = 4 * 1024 * 1024
+FORMATS = {"x86_64": "pei-x86-64", "x86": "pei-i386"}
+
+
+def headers_of(bytes_):
+    """What the tool for object files tells of a program or a library."""
+    with tempfile.NamedTemporaryFile() as file:
+        file.write(bytes_)
+        file.flush()
+        command = ["x86_64-w64-mingw32-objdump", "-p", file.name]
+        return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+
+
+def offences_of_binary(name, bytes_, wanted_format):
+    headers = headers_of(bytes_)
+    if f"file format {wanted_format}\n" not in headers:
+        yield f"{name} is not of the format {wanted_format}"
+    imports = {library.lower().removesuffix(".dll") for library in re.findall(r"DLL Name: (\S+)", headers)}
+    if not imports:
+        yield f"{name} imports nothing, which can't be"
+    for library in sorted(imports - SYSTEM_LIBRARIES):
+        yield f"{name} needs {library}.dll, which is not the system's"
+    if name.endswith(".dll"):
+        exports = set(re.findall(r"^\s*\[ *\d+\] (\S+)$", headers.partition("[Ordinal/Name Pointer] Table")[2], re.M))
+        if exports != EXPORTS:
+            yield f"{name} exports {sorted(exports)}, not {sorted(EXPORTS)}"
+        if len(bytes_) >= MOST_BYTES:
+            yield f"{name} has {len(bytes_)} bytes; {MOST_BYTES} are too many"
+
+
+def offences_of_checksum(path):
+    beside = Path(f"{path}.sha256")
+    if not beside.is_file():
+        return [f"there is no {beside.name}"]
+    told, _, name = beside.read_text().strip().partition("  ")
+    if (told, name) != (hashlib.sha256(path.read_bytes()).hexdigest(), path.name):
+        return [f"{beside.name} does not tell the file's checksum"]
+    return []
+
+
+def offences_of(path):
+    match = re.fullmatch(r"(fiscalon-[\d.]+-windows-(x86_64|x86))\.zip", path.name)
+    if not match:
+        yield "the name is not that of a package"
+        return
+    folder, architecture = match.groups()
+    yield from offences_of_checksum(path)
+    with zipfile.ZipFile(path) as package:
+        names = [name for name in package.namelist() if not name.endswith("/")]
+        inside = {name.removeprefix(f"{folder}/") for name in names if name.startswith(f"{folder}/")}
+        if len(inside) != len(names):
+            yield f"not all files lie in {folder}/"
+        for name in sorted(FILES - inside):
+            yield f"{name} is missing"
+        for name in sorted(name for name in inside - FILES if not name.startswith("examples/")):
+            yield f"{name} does not belong into it"
+        if not any(name.startswith("examples/") for name in inside):
+            yield "the examples are missing"
+        for name in sorted(name for name in inside & FILES if name.endswith((".dll", ".exe"))):
+            yield from offences_of_binary(name, package.read(f"{folder}/{name}"), FORMATS[architecture])
+
+
+def main(arguments):
+    found = [f"{path}: {offence}" for path in arguments for offence in offences_of(Path(path))]
+    print("\n".join(found or [f"{len(arguments)} packages are right"]))
+    return 1 if found or not arguments else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
