@@ -23,6 +23,9 @@ LAYERS = {
     "scripted": {"played", "core", "forms", "platform"},
     # What plays scenarios on widgets is part of the folder.
     "qt": {"played", "core", "forms", "platform"},
+    "win32": {"played", "core", "forms", "platform"},
+    # What hosts on Windows create by name: the library, and the forms that it shows there.
+    "component": {"win32", "validation", "core", "records", "platform"},
 }
 
 # The longest prefix that fits says which layer a file belongs to. What is not named here (tools, tests,
@@ -39,7 +42,11 @@ FOLDERS = {
     "frontends/played/": "played",
     "frontends/scripted/": "scripted",
     "frontends/qt/": "qt",
+    "frontends/win32/": "win32",
+    "component/": "component",
 }
+# Those that are made of the toolkit's or the system's own headers.
+OF_THE_SYSTEM = ("qt", "win32", "component")
 TOP = ("tools/", "tests/", "examples/", "bench/", "include/")
 QT_FOLDERS = ("frontends/qt/", "tools/desk/", "examples/qt_host/", "tests/")
 
@@ -85,7 +92,7 @@ def offence_of_angled(path, included):
     if QT.fullmatch(included):
         return None if path.startswith(QT_FOLDERS) else f"<{included}>: Qt belongs into {' and '.join(QT_FOLDERS[:2])}"
     layer = layer_of(path)
-    if layer is None or layer == "qt" or included in STANDARD:
+    if layer is None or layer in OF_THE_SYSTEM or included in STANDARD:
         return None
     if layer == "platform" and SYSTEM.fullmatch(included):
         return None
