@@ -17,7 +17,17 @@ class ListControl;
 
 // The acts of a user as a front end passes them on to `UserActs`.
 struct KeyAct {
+  /// Some front ends get a key and its character apart.
+  enum class Half {
+    Both,
+    /// The stroke has no character yet; one may follow.
+    Key,
+    /// Of the key before.
+    Character,
+  };
+
   KeyStroke stroke = {};
+  Half half = Half::Both;
 };
 /// The front end's editing has made this of a field's text.
 struct EditAct {

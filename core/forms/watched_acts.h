@@ -28,6 +28,19 @@ class WatchedActs {
     Do(KeyAct{stroke}, [&] { outcome = acts_.Key(stroke); });
     return outcome;
   }
+  // The same for a key and its character that came apart.
+  KeyOutcome KeyDown(int keyCode, int shift) {
+    KeyOutcome outcome;
+    const KeyStroke stroke = {.keyCode = keyCode, .shift = shift};
+    Do(KeyAct{stroke, KeyAct::Half::Key}, [&] { outcome = acts_.KeyDown(keyCode, shift); });
+    return outcome;
+  }
+  KeyOutcome Character(int character) {
+    KeyOutcome outcome;
+    const KeyStroke stroke = StrokeOf(static_cast<char>(character));
+    Do(KeyAct{stroke, KeyAct::Half::Character}, [&] { outcome = acts_.Character(character); });
+    return outcome;
+  }
   void EditText(const EditAct& edit) {
     Do(edit, [&] { acts_.EditText(*edit.field, edit.text, edit.selection); });
   }

@@ -135,7 +135,7 @@ void SessionRecorder::Opened(Form& form) {
 void SessionRecorder::ActBegins(const UserAct& act) {
   SettleLastKey();
   caret_.ActBegins(ActiveField());
-  std::visit(Overloaded{[this](const KeyAct& key) { Key(key.stroke); }, [this](const EditAct& edit) { Edit(edit); },
+  std::visit(Overloaded{[this](const KeyAct& key) { Key(key); }, [this](const EditAct& edit) { Edit(edit); },
                         [this](const PressAct& press) {
                           // Labels can be pressed too, and nothing comes of it.
                           if (press.control->CanTakeFocus())
@@ -163,7 +163,24 @@ void SessionRecorder::ActEnded() {
   caret_.ActEnded(ActiveField());
 }
 
-void SessionRecorder::Key(KeyStroke stroke) {
+void SessionRecorder::Key(const KeyAct& act) {
+  KeyStroke stroke = act.stroke;
+  if (act.half == KeyAct::Half::Key) {
+    // Of a key that types a scenario knows the character alone.
+    halfKey_ = stroke;
+    if (NameOf(stroke).empty() || stroke.keyCode == key::kSpace)
+      return;
+    stroke.character = StrokeNamed(NameOf(stroke))->character;
+  } else if (const auto half = std::exchange(halfKey_, std::nullopt); act.half == KeyAct::Half::Character && half) {
+    // Enter and its kin were recorded by their names already.
+    if (stroke.character < ' ' && !NameOf(*half).empty())
+      return;
+    stroke.shift = half->shift;
+  }
+  Stroke(stroke);
+}
+
+void SessionRecorder::Stroke(KeyStroke stroke) {
   lastKey_ = {};
   const TextField* field = ActiveField();
   if (MovesCaret(stroke.keyCode)) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -42,7 +43,8 @@ class SessionRecorder final : public ActWatcher {
   void HelpOpened(std::string_view file, int32_t context) override;
 
  private:
-  void Key(KeyStroke stroke);
+  void Key(const KeyAct& act);
+  void Stroke(KeyStroke stroke);
   void Edit(const EditAct& act);
   /// Brings a player's caret to the end of a selection in that text and takes so many characters before it away.
   void Erase(std::string_view text, Selection selection, int characters);
@@ -68,6 +70,8 @@ class SessionRecorder final : public ActWatcher {
     Selection selection = {};
   };
   LastKey lastKey_ = {};
+  /// The character of this key, if it makes one, is part of what was recorded for the key.
+  std::optional<KeyStroke> halfKey_ = {};
 };
 
 }  // namespace fiscalon

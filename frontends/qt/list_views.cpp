@@ -9,6 +9,7 @@
 
 #include "core/forms/form.h"
 #include "core/forms/scoped_value.h"
+#include "core/forms/usual_sizes.h"
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
@@ -116,14 +117,12 @@ void ListBoxView::ShowRow(int row) {
 }
 
 void ListBoxView::Restyle() {
-  constexpr int kWidth = 66;
-  constexpr int kRows = 8;
   native_.setFont(FontOfRows(list_, Font()));
   const QFontMetrics metrics(native_.font());
   const int frame = 2 * native_.frameWidth();
   native_.setMinimumSize(
-      metrics.horizontalAdvance(u'0') * kWidth + frame + native_.verticalScrollBar()->sizeHint().width(),
-      metrics.lineSpacing() * kRows + frame);
+      metrics.horizontalAdvance(u'0') * kCharactersOfList + frame + native_.verticalScrollBar()->sizeHint().width(),
+      metrics.lineSpacing() * kRowsOfList + frame);
 }
 
 bool ListBoxView::MousePressed(QMouseEvent& event) {

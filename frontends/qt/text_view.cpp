@@ -10,25 +10,12 @@
 
 #include "core/forms/form.h"
 #include "core/forms/scoped_value.h"
+#include "core/forms/usual_sizes.h"
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
 namespace fiscalon {
 namespace {
-
-constexpr int kUnlimitedWidth = 34;
-constexpr int kWidest = 44;
-/// Amounts stand beneath each other in fields of one width, wherever their limits lie. Limits hold back what is typed:
-/// a locked field has what code puts into it.
-constexpr int kAmountWidth = 14;
-
-int WidthInCharacters(const TextField& field) {
-  if (field.MaxLength() == FieldDesign::kNoLimit)
-    return kUnlimitedWidth;
-  const FieldDesign& design = field.Designed();
-  const int least = design.alignment == Alignment::Right || design.locked ? kAmountWidth : 0;
-  return std::clamp(field.MaxLength() + 1, least, kWidest);
-}
 
 bool IsPair(const std::string& text, size_t i) {
   return text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
@@ -193,7 +180,7 @@ void LineView::Restyle() {
   constexpr int kCharactersOfHint = 17;
   const QFontMetrics metrics(native_.font());
   const int chrome = native_.sizeHint().width() - metrics.horizontalAdvance(u'x') * kCharactersOfHint;
-  native_.setFixedWidth(metrics.horizontalAdvance(u'0') * WidthInCharacters(Field()) + chrome);
+  native_.setFixedWidth(metrics.horizontalAdvance(u'0') * CharactersOf(Field()) + chrome);
 }
 
 void LineView::SetNativeText(const QString& text) {
@@ -233,12 +220,12 @@ MultiLineView::MultiLineView(TextField& field, QWidget& parent, WatchedActs& act
 }
 
 void MultiLineView::Restyle() {
-  constexpr int kLines = 4;
   native_.setFont(Font());
   native_.setPalette(Shades());
   const QFontMetrics metrics(native_.font());
   const int chrome = 2 * (native_.frameWidth() + static_cast<int>(native_.document()->documentMargin()));
-  const QSize size(metrics.horizontalAdvance(u'0') * kUnlimitedWidth + chrome, metrics.lineSpacing() * kLines + chrome);
+  const QSize size(metrics.horizontalAdvance(u'0') * CharactersOf(Field()) + chrome,
+                   metrics.lineSpacing() * kLinesOfText + chrome);
   native_.setFixedSize(size.expandedTo(native_.minimumSizeHint()));
 }
 

@@ -1,0 +1,62 @@
+#include "frontends/win32/caption_views.h"
+
+#include <algorithm>
+
+#include "core/forms/usual_sizes.h"
+#include "core/platform/windows/wide_text.h"
+
+namespace fiscalon {
+
+std::wstring AsShown(std::wstring_view caption) {
+  std::wstring shown;
+  for (const wchar_t character : caption) shown.append(character == L'&' ? 2 : 1, character);
+  return shown;
+}
+
+std::wstring AsCaption(std::wstring_view shown) {
+  std::wstring caption;
+  for (size_t i = 0; i < shown.size(); ++i) {
+    if (shown[i] == L'&' && i + 1 < shown.size())
+      ++i;
+    caption += shown[i];
+  }
+  return caption;
+}
+
+LabelView::LabelView(Label& label, WatchedActs& acts) : ControlView(label, acts), label_(label) {
+  if (label.Designed().bold)
+    StandOut();
+}
+
+ControlView::Design LabelView::Designed() const {
+  const bool right = label_.Designed().alignment == Alignment::Right;
+  return {.windowClass = L"STATIC", .style = SS_NOPREFIX | static_cast<DWORD>(right ? SS_RIGHT : SS_LEFTNOWORDWRAP)};
+}
+
+SIZE LabelView::Wanted(const DialogFonts& fonts) const {
+  SIZE wanted = fonts.Extent(ToWide(label_.Caption()), Font());
+  // A value at the right ends beneath those of fields.
+  if (label_.Designed().alignment == Alignment::Right)
+    wanted.cx = std::max<LONG>(wanted.cx, fonts.DigitsWidth(kCharactersOfAmount, Font()) + fonts.X(4));
+  return wanted;
+}
+
+void LabelView::Refresh() {
+  ControlView::Refresh();
+  ShowText(ToWide(label_.Caption()));
+}
+
+ControlView::Design FrameView::Designed() const {
+  return {.windowClass = L"BUTTON", .style = BS_GROUPBOX};
+}
+
+SIZE FrameView::Wanted(const DialogFonts& fonts) const {
+  return fonts.Extent(ToWide(frame_.Caption()), Font());
+}
+
+void FrameView::Refresh() {
+  ControlView::Refresh();
+  ShowText(AsShown(ToWide(frame_.Caption())));
+}
+
+}  // namespace fiscalon

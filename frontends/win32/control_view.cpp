@@ -1,0 +1,109 @@
+#include "frontends/win32/control_view.h"
+
+#include "core/forms/form.h"
+#include "core/forms/watched_acts.h"
+#include "frontends/win32/button_views.h"
+#include "frontends/win32/caption_views.h"
+#include "frontends/win32/form_window.h"
+#include "frontends/win32/list_views.h"
+#include "frontends/win32/text_view.h"
+
+namespace fiscalon {
+namespace {
+
+int WidthOf(const RECT& place) {
+  return place.right - place.left;
+}
+
+int HeightOf(const RECT& place) {
+  return place.bottom - place.top;
+}
+
+}  // namespace
+
+void ControlView::Create(HWND parent, const RECT& place, const DialogFonts& fonts, FormWindow& owner) {
+  const Design design = Designed();
+  window_ = ::CreateWindowExW(design.extendedStyle, design.windowClass, L"", WS_CHILD | design.style, place.left,
+                              place.top, WidthOf(place), HeightOf(place), parent, nullptr, OwnModule(), nullptr);
+  if (window_ == nullptr)
+    ThrowLastError("a control of the form can't be shown");
+  owner_ = &owner;
+  ::SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  native_ = reinterpret_cast<WNDPROC>(
+      ::SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlView::Procedure)));
+  Restyle(fonts);
+}
+
+LRESULT CALLBACK ControlView::Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra) {
+  auto& view = *reinterpret_cast<ControlView*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+  return view.owner_->Hear(view, message, wide, extra);
+}
+
+void ControlView::Place(const RECT& place) {
+  ::SetWindowPos(window_, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+}
+
+void ControlView::Restyle(const DialogFonts& fonts) {
+  ::SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Font(Font())), TRUE);
+}
+
+void ControlView::Refresh() {
+  const auto style = static_cast<DWORD>(::GetWindowLongPtrW(window_, GWL_STYLE));
+  const bool enabled = control_.EnabledInFrames();
+  if (enabled == ((style & WS_DISABLED) != 0))
+    ::EnableWindow(window_, enabled ? TRUE : FALSE);
+  const bool visible = control_.VisibleInFrames();
+  if (visible != ((style & WS_VISIBLE) != 0))
+    ::ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+LRESULT ControlView::Native(UINT message, WPARAM wide, LPARAM extra) {
+  return ::CallWindowProcW(native_, window_, message, wide, extra);
+}
+
+bool ControlView::MousePressed(UINT message, POINT /*place*/) {
+  const bool left = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+  return !left || Press() == AfterPress::Over;
+}
+
+ControlView::AfterPress ControlView::Press() {
+  const int before = acts_.Interruptions();
+  if (!acts_.Press(control_))
+    return AfterPress::Over;
+  // Where the button is still down the window goes on as if nothing had been between.
+  const bool isOver = acts_.Interruptions() != before && ::GetKeyState(VK_LBUTTON) >= 0;
+  return isOver ? AfterPress::Interrupted : AfterPress::Goes;
+}
+
+bool ControlView::IsActive() const {
+  return control_.Owner().IsUp() && control_.Owner().ActiveControl() == &control_;
+}
+
+void ControlView::ShowText(const std::wstring& text) {
+  if (TextOfWindow(window_) != text)
+    ::SetWindowTextW(window_, text.c_str());
+}
+
+std::unique_ptr<ControlView> MakeView(Control& control, WatchedActs& acts) {
+  switch (control.Kind()) {
+    case ControlKind::Label:
+      return std::make_unique<LabelView>(static_cast<Label&>(control), acts);
+    case ControlKind::Frame:
+      return std::make_unique<FrameView>(static_cast<Frame&>(control), acts);
+    case ControlKind::Button:
+      return std::make_unique<ButtonView>(static_cast<Button&>(control), acts);
+    case ControlKind::CheckBox:
+    case ControlKind::OptionButton:
+      return std::make_unique<ToggleView>(static_cast<ToggleButton&>(control), acts);
+    case ControlKind::DropDownList:
+      return std::make_unique<DropDownView>(static_cast<DropDownList&>(control), acts);
+    case ControlKind::ListBox:
+      return std::make_unique<ListBoxView>(static_cast<ListBox&>(control), acts);
+    case ControlKind::TextField:
+      break;
+  }
+  return std::make_unique<TextView>(static_cast<TextField&>(control), acts);
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <memory>
+
+#include "core/forms/control.h"
+#include "core/forms/user_acts.h"
+#include "frontends/win32/dialog_fonts.h"
+
+namespace fiscalon {
+
+class WatchedActs;
+class FormWindow;
+
+/// One control of a form as a window: shows what the control holds, and makes acts of what the user does to it. The
+/// form's window hears the control's messages first and asks the view.
+class ControlView {
+ public:
+  ControlView(Control& control, WatchedActs& acts) : control_(control), acts_(acts) {}
+  ControlView(const ControlView&) = delete;
+  ControlView& operator=(const ControlView&) = delete;
+  virtual ~ControlView() = default;
+
+  Control& Model() const { return control_; }
+  HWND Window() const { return window_; }
+
+  /// How much room the control takes. Needs no window.
+  virtual SIZE Wanted(const DialogFonts& fonts) const = 0;
+  /// Makes the window, hidden: it shows itself with the first `Refresh`. Its messages come to the owner first.
+  void Create(HWND parent, const RECT& place, const DialogFonts& fonts, FormWindow& owner);
+  virtual void Place(const RECT& place);
+  /// Takes the font of another scale.
+  virtual void Restyle(const DialogFonts& fonts);
+
+  /// Brings the window in line with the control. The form must be up.
+  virtual void Refresh();
+  /// For headings, and for the field of a caption that stands out, such as a total. Before the window is made.
+  void StandOut() { bold_ = true; }
+
+  /// The window's own procedure.
+  LRESULT Native(UINT message, WPARAM wide, LPARAM extra);
+  /// A message that is no key and no press.
+  virtual LRESULT Message(UINT message, WPARAM wide, LPARAM extra) { return Native(message, wide, extra); }
+  /// What the window tells its parent.
+  virtual void Notified(int /*code*/) {}
+
+  /// Keys that belong to the window alone, such as those that drop a list down.
+  virtual bool KeepsKey(int /*keyCode*/, int /*shift*/) const { return false; }
+  /// The native editing of a key that the form has let through.
+  virtual void Edit(const KeyOutcome& /*outcome*/, const KeyStroke& /*stroke*/, LPARAM /*extra*/) {}
+
+  /// A mouse button goes down or comes up. True: nothing is left for the window to do.
+  virtual bool MousePressed(UINT message, POINT place);
+  virtual bool MouseReleased(POINT /*place*/) { return false; }
+  /// The wheel turns over the control. False: the form scrolls.
+  virtual bool TurnsByWheel() const { return false; }
+
+ protected:
+  struct Design {
+    const wchar_t* windowClass;
+    DWORD style = 0;
+    DWORD extendedStyle = 0;
+  };
+  virtual Design Designed() const = 0;
+  virtual FontKind Font() const { return bold_ ? FontKind::Bold : FontKind::Plain; }
+
+  WatchedActs& Acts() const { return acts_; }
+  bool IsActive() const;
+  void ShowText(const std::wstring& text);
+  /// What became of a press that the form has dealt with.
+  enum class AfterPress {
+    /// The focus is elsewhere: nothing more comes of it.
+    Over,
+    /// The window may go on with it.
+    Goes,
+    /// Another window was up meanwhile, and the button came up there.
+    Interrupted,
+  };
+  AfterPress Press();
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra);
+
+  Control& control_;
+  WatchedActs& acts_;
+  FormWindow* owner_ = nullptr;
+  HWND window_ = nullptr;
+  WNDPROC native_ = nullptr;
+  bool bold_ = false;
+};
+
+std::unique_ptr<ControlView> MakeView(Control& control, WatchedActs& acts);
+
+}  // namespace fiscalon

@@ -1,0 +1,216 @@
+#include "frontends/win32/list_views.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/forms/form.h"
+#include "core/forms/scoped_value.h"
+#include "core/forms/usual_sizes.h"
+#include "core/forms/watched_acts.h"
+#include "core/platform/windows/wide_text.h"
+
+namespace fiscalon {
+namespace {
+
+/// Posted by a drop-down list to itself: a row was picked, and Windows is done with the list.
+constexpr UINT kPicked = WM_APP + 1;
+
+/// The messages of a kind of list.
+struct ListMessages {
+  UINT count, length, text, add, clear, selected, select;
+};
+constexpr ListMessages kOfDropDown = {CB_GETCOUNT,     CB_GETLBTEXTLEN, CB_GETLBTEXT, CB_ADDSTRING,
+                                      CB_RESETCONTENT, CB_GETCURSEL,    CB_SETCURSEL};
+constexpr ListMessages kOfListBox = {LB_GETCOUNT,     LB_GETTEXTLEN, LB_GETTEXT,  LB_ADDSTRING,
+                                     LB_RESETCONTENT, LB_GETCURSEL,  LB_SETCURSEL};
+
+std::vector<std::wstring> RowsOf(const ListControl& list) {
+  std::vector<std::wstring> rows;
+  for (int row = 0; row < list.ListCount(); ++row) rows.push_back(ToWide(list.List(row)));
+  return rows;
+}
+
+std::vector<std::wstring> RowsShown(HWND window, const ListMessages& messages) {
+  std::vector<std::wstring> rows;
+  const auto count = static_cast<WPARAM>(::SendMessageW(window, messages.count, 0, 0));
+  for (WPARAM row = 0; row < count; ++row) {
+    std::wstring text(static_cast<size_t>(::SendMessageW(window, messages.length, row, 0)) + 1, L'\0');
+    ::SendMessageW(window, messages.text, row, reinterpret_cast<LPARAM>(text.data()));
+    text.pop_back();
+    rows.push_back(std::move(text));
+  }
+  return rows;
+}
+
+void ShowRows(HWND window, const ListControl& list, const ListMessages& messages) {
+  const std::vector<std::wstring> rows = RowsOf(list);
+  if (rows != RowsShown(window, messages)) {
+    ::SendMessageW(window, messages.clear, 0, 0);
+    for (const std::wstring& row : rows)
+      ::SendMessageW(window, messages.add, 0, reinterpret_cast<LPARAM>(row.c_str()));
+  }
+  if (::SendMessageW(window, messages.selected, 0, 0) != list.ListIndex())
+    ::SendMessageW(window, messages.select, static_cast<WPARAM>(list.ListIndex()), 0);
+}
+
+FontKind FontOfRows(const ListControl& list, FontKind otherwise) {
+  return list.Designed().fixedPitch ? FontKind::FixedPitch : otherwise;
+}
+
+}  // namespace
+
+ControlView::Design DropDownView::Designed() const {
+  return {.windowClass = L"COMBOBOX", .style = CBS_DROPDOWNLIST | WS_VSCROLL};
+}
+
+FontKind DropDownView::Font() const {
+  return FontOfRows(list_, ControlView::Font());
+}
+
+SIZE DropDownView::Wanted(const DialogFonts& fonts) const {
+  constexpr int kLeast = 60, kBesideText = 8, kHeight = 14;
+  LONG widest = 0;
+  for (const std::wstring& row : RowsOf(list_)) widest = std::max(widest, fonts.Extent(row, Font()).cx);
+  return {std::max<LONG>(fonts.X(kLeast), widest + ::GetSystemMetrics(SM_CXVSCROLL) + fonts.X(kBesideText)),
+          fonts.Y(kHeight)};
+}
+
+void DropDownView::Place(const RECT& place) {
+  constexpr int kRowsDropped = 2 * kRowsOfList;
+  RECT whole = place;
+  whole.bottom += static_cast<LONG>(Native(CB_GETITEMHEIGHT, 0, 0)) * kRowsDropped;
+  ControlView::Place(whole);
+}
+
+void DropDownView::Restyle(const DialogFonts& fonts) {
+  ControlView::Restyle(fonts);
+  // As high as a text field; without this a drop-down list has a height of its own.
+  constexpr auto kClosed = static_cast<WPARAM>(-1);
+  constexpr int kEdges = 6;
+  Native(CB_SETITEMHEIGHT, kClosed, Wanted(fonts).cy - kEdges);
+}
+
+void DropDownView::Refresh() {
+  const ScopedValue refreshing(refreshing_, true);
+  ControlView::Refresh();
+  ShowRows(Window(), list_, kOfDropDown);
+}
+
+bool DropDownView::IsOpen() const {
+  return ::SendMessageW(Window(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+bool DropDownView::KeepsKey(int keyCode, int shift) const {
+  if (IsOpen())
+    return keyCode != key::kTab;
+  const bool arrow = keyCode == key::kDown || keyCode == key::kUp;
+  return keyCode == VK_F4 || (arrow && (shift & shift_state::kAlt) != 0);
+}
+
+bool DropDownView::MousePressed(UINT message, POINT /*place*/) {
+  if (IsOpen())
+    return false;
+  const bool left = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+  const AfterPress after = left ? Press() : AfterPress::Over;
+  // A check has shown a box and let the focus go: the user has asked for the rows and gets them.
+  if (after == AfterPress::Interrupted)
+    Native(CB_SHOWDROPDOWN, TRUE, 0);
+  return after != AfterPress::Goes;
+}
+
+void DropDownView::Notified(int code) {
+  if (refreshing_)
+    return;
+  // The form hears of it when the list has closed: a handler may show a box, or hide the list. A row that is gone to
+  // in a closed list was set by an assistive program.
+  if (code == CBN_SELENDOK || (code == CBN_SELCHANGE && !IsOpen()))
+    ::PostMessageW(Window(), kPicked, 0, 0);
+  else if (code == CBN_SELENDCANCEL && list_.Owner().IsUp())
+    Refresh();
+}
+
+LRESULT DropDownView::Message(UINT message, WPARAM wide, LPARAM extra) {
+  if (message != kPicked)
+    return Native(message, wide, extra);
+  // Windows may tell the same row twice.
+  MSG same = {};
+  while (::PeekMessageW(&same, Window(), kPicked, kPicked, PM_REMOVE) != FALSE) continue;
+  const auto row = static_cast<int>(Native(CB_GETCURSEL, 0, 0));
+  if (!list_.Owner().IsUp() || row < 0)
+    return 0;
+  if (IsActive())
+    Acts().Pick(list_, row);
+  else
+    Acts().Choose(list_, row);
+  if (list_.Owner().IsUp())
+    Refresh();
+  return 0;
+}
+
+ControlView::Design ListBoxView::Designed() const {
+  return {.windowClass = L"LISTBOX",
+          .style = LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL,
+          .extendedStyle = WS_EX_CLIENTEDGE};
+}
+
+FontKind ListBoxView::Font() const {
+  return FontOfRows(list_, ControlView::Font());
+}
+
+SIZE ListBoxView::Wanted(const DialogFonts& fonts) const {
+  const int edges = 2 * ::GetSystemMetrics(SM_CXEDGE);
+  return {fonts.DigitsWidth(kCharactersOfList, Font()) + ::GetSystemMetrics(SM_CXVSCROLL) + edges,
+          fonts.LineHeight(Font()) * kRowsOfList + edges};
+}
+
+void ListBoxView::Refresh() {
+  const ScopedValue refreshing(refreshing_, true);
+  ControlView::Refresh();
+  ShowRows(Window(), list_, kOfListBox);
+}
+
+int ListBoxView::RowAt(POINT place) {
+  const LRESULT row = Native(LB_ITEMFROMPOINT, 0, MAKELPARAM(place.x, place.y));
+  const bool outside = HIWORD(row) != 0;
+  return outside || LOWORD(row) >= list_.ListCount() ? ListControl::kNothingSelected : LOWORD(row);
+}
+
+bool ListBoxView::MousePressed(UINT message, POINT place) {
+  pressedRow_ = ListControl::kNothingSelected;
+  const bool left = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+  const AfterPress after = left ? Press() : AfterPress::Over;
+  if (after == AfterPress::Over)
+    return true;
+  pressedRow_ = RowAt(place);
+  if (pressedRow_ >= 0)
+    Native(LB_SETCURSEL, static_cast<WPARAM>(pressedRow_), 0);
+  if (after == AfterPress::Interrupted)
+    return MouseReleased(place);
+  ::SetCapture(Window());
+  return true;
+}
+
+bool ListBoxView::MouseReleased(POINT place) {
+  if (::GetCapture() == Window())
+    ::ReleaseCapture();
+  const int pressed = std::exchange(pressedRow_, ListControl::kNothingSelected);
+  if (pressed >= 0 && pressed == RowAt(place))
+    Acts().Pick(list_, pressed);
+  if (list_.Owner().IsUp())
+    Refresh();
+  return true;
+}
+
+void ListBoxView::Notified(int code) {
+  // The mouse and the keyboard go past the window: what is left is an assistive program.
+  const auto row = static_cast<int>(Native(LB_GETCURSEL, 0, 0));
+  if (refreshing_ || code != LBN_SELCHANGE || row < 0 || !list_.Owner().IsUp())
+    return;
+  Acts().Choose(list_, row);
+  if (list_.Owner().IsUp())
+    Refresh();
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,140 @@
+#include "frontends/win32/played_win32_toolkit.h"
+
+#include <exception>
+#include <utility>
+
+#include "frontends/win32/form_window.h"
+#include "frontends/win32/message_window.h"
+#include "frontends/win32/win32_driver.h"
+
+namespace fiscalon {
+namespace {
+
+/// A window in the list of those that are up, while it is.
+class Listed {
+ public:
+  Listed(std::vector<FormWindow*>& windows, FormWindow& window) : windows_(windows) { windows_.push_back(&window); }
+  ~Listed() { windows_.pop_back(); }
+  Listed(const Listed&) = delete;
+  Listed& operator=(const Listed&) = delete;
+
+ private:
+  std::vector<FormWindow*>& windows_;
+};
+
+/// Reads the next box of the thread when it comes up, and presses the button that somebody says.
+class BoxUser {
+ public:
+  using Answers = std::function<MessageAnswer(const BoxRequest& shown)>;
+
+  explicit BoxUser(Answers answers) : answers_(std::move(answers)), before_(std::exchange(current_, this)) {
+    hook_ = ::SetWindowsHookExW(WH_CBT, &BoxUser::Hook, nullptr, ::GetCurrentThreadId());
+  }
+  ~BoxUser() {
+    Unhook();
+    current_ = before_;
+  }
+  BoxUser(const BoxUser&) = delete;
+  BoxUser& operator=(const BoxUser&) = delete;
+
+  /// What left the answers: no exception may cross the box itself.
+  void Rethrow() const {
+    if (failure_)
+      std::rethrow_exception(failure_);
+  }
+
+ private:
+  static LRESULT CALLBACK Hook(int code, WPARAM wide, LPARAM extra) {
+    BoxUser* user = current_;
+    if (code != HCBT_ACTIVATE || user == nullptr || user->hook_ == nullptr)
+      return ::CallNextHookEx(nullptr, code, wide, extra);
+    user->Unhook();
+    user->Answer(reinterpret_cast<HWND>(wide));
+    return 0;
+  }
+
+  void Unhook() {
+    if (const HHOOK hook = std::exchange(hook_, nullptr))
+      ::UnhookWindowsHookEx(hook);
+  }
+
+  void Answer(HWND box) {
+    const BoxRequest shown = ShownIn(box);
+    MessageAnswer answer = shown.DefaultAnswer();
+    try {
+      answer = answers_(shown);
+    } catch (...) {
+      failure_ = std::current_exception();
+    }
+    const int id = ButtonIdOf(answer);
+    ::PostMessageW(box, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(::GetDlgItem(box, id)));
+  }
+
+  static inline BoxUser* current_ = nullptr;
+
+  Answers answers_;
+  BoxUser* before_;
+  HHOOK hook_ = nullptr;
+  std::exception_ptr failure_;
+};
+
+}  // namespace
+
+PlayedWin32Toolkit::PlayedWin32Toolkit(int dotsPerInch) : dotsPerInch_(dotsPerInch) {
+  // Strokes are those of a North American keyboard.
+  ::LoadKeyboardLayoutW(L"00000409", KLF_ACTIVATE);
+}
+
+void PlayedWin32Toolkit::Opening(Form& form) {
+  form.Observe(this);
+}
+
+void PlayedWin32Toolkit::ServeModal(Form& form) {
+  if (watcher_ != nullptr)
+    watcher_->Opened(form);
+  FormWindow window(form, windows_.empty() ? nullptr : Window()->Window(), watcher_, dotsPerInch_);
+  const Listed listed(windows_, window);
+  window.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
+  window.Present();
+  Win32Driver user(window);
+  user.ServeMessages();
+  if (onForm)
+    Call(onForm, form, user);
+}
+
+MessageAnswer PlayedWin32Toolkit::ShowMessage(const BoxRequest& box) {
+  if (Window() != nullptr)
+    Window()->Settle();
+  const BoxUser user(
+      [this](const BoxRequest& shown) { return onMessage ? Call(onMessage, shown) : shown.DefaultAnswer(); });
+  BoxRequest asked = box;
+  // Whatever program plays, the host's name is this one.
+  if (asked.title.empty())
+    asked.title = "Fiscalon";
+  const MessageAnswer given = AskByBox(asked, Window() == nullptr ? nullptr : Window()->Window());
+  user.Rethrow();
+  if (watcher_ != nullptr)
+    watcher_->BoxAnswered(box, given);
+  return given;
+}
+
+void PlayedWin32Toolkit::Beep() {
+  if (watcher_ != nullptr)
+    watcher_->Beeped();
+  if (onBeep)
+    Call(onBeep);
+}
+
+void PlayedWin32Toolkit::OpenHelp(std::string_view file, int32_t context) {
+  if (watcher_ != nullptr)
+    watcher_->HelpOpened(file, context);
+  if (onHelp)
+    Call(onHelp, file, context);
+}
+
+void PlayedWin32Toolkit::HandlerRuns(std::string_view object, std::string_view event) {
+  if (onEvent)
+    Call(onEvent, std::string(object).append("_").append(event));
+}
+
+}  // namespace fiscalon

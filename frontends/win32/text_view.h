@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "core/forms/act_watcher.h"
+#include "core/forms/text_field.h"
+#include "frontends/win32/control_view.h"
+
+namespace fiscalon {
+
+/// A text field, of one line or several. The editor is native; the form hears what it makes of the text, and may change
+/// that.
+class TextView final : public ControlView {
+ public:
+  TextView(TextField& field, WatchedActs& acts) : ControlView(field, acts), field_(field) {}
+
+  SIZE Wanted(const DialogFonts& fonts) const override;
+  void Refresh() override;
+  LRESULT Message(UINT message, WPARAM wide, LPARAM extra) override;
+  void Notified(int code) override;
+  void Edit(const KeyOutcome& outcome, const KeyStroke& stroke, LPARAM extra) override;
+  bool MousePressed(UINT message, POINT place) override;
+
+ private:
+  Design Designed() const override;
+
+  /// A command of the editor's own, such as a copy. False for any other key.
+  bool DoCommand(const KeyStroke& stroke);
+  /// Left and Right leave a selection at its end, as on every desktop.
+  bool CollapseSelection(const KeyStroke& stroke);
+  /// Runs native editing, and tells the form what came of it afterwards.
+  template <class Editing>
+  void EditWith(EditAct::Origin origin, Editing&& editing);
+  void SelectionMoved();
+
+  /// The text as the editor has it: its line ends are all of one kind.
+  std::wstring Shown() const;
+  bool IsAligned() const { return TextOfWindow(Window()) == Shown(); }
+  // What the editor holds, as a field holds it.
+  std::string FieldText() const;
+  Selection FieldSelection() const;
+  // Positions in the editor.
+  Selection NativeSelection() const;
+  void SetNativeSelection(Selection selection);
+  void SetLimit();
+
+  TextField& field_;
+  bool refreshing_ = false;
+  int editing_ = 0;
+  bool edited_ = false;
+};
+
+}  // namespace fiscalon

@@ -1,0 +1,96 @@
+#include "frontends/win32/win32_toolkit.h"
+
+#include <vector>
+
+#include "core/platform/windows/wide_text.h"
+#include "frontends/win32/form_window.h"
+#include "frontends/win32/message_window.h"
+
+namespace fiscalon {
+namespace {
+
+enum class HelpResult { Opened, FileIsMissing, NoViewer };
+
+/// The help viewer is loaded when it is first needed: most hosts never do.
+HelpResult ShowHelp(const std::wstring& file, const std::wstring& path, int32_t context, HWND owner) {
+  if (::GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES)
+    return HelpResult::FileIsMissing;
+  using HtmlHelp = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
+  static const HMODULE viewer = ::LoadLibraryW(L"hhctrl.ocx");
+  static const auto show =
+      viewer == nullptr ? nullptr
+                        : reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(::GetProcAddress(viewer, "HtmlHelpW")));
+  constexpr UINT kContext = 0x000F;
+  if (show == nullptr || show(owner, file.c_str(), kContext, static_cast<DWORD>(context)) == nullptr)
+    return HelpResult::NoViewer;
+  return HelpResult::Opened;
+}
+
+}  // namespace
+
+struct Win32Toolkit::State {
+  std::vector<FormWindow*> windows;
+  ActWatcher* watcher = nullptr;
+
+  HWND TopWindow() const { return windows.empty() ? ::GetActiveWindow() : windows.back()->Window(); }
+
+  MessageAnswer Ask(const BoxRequest& box) const {
+    // What the handler has changed so far is seen behind the box.
+    if (!windows.empty())
+      windows.back()->Settle();
+    return AskByBox(box, TopWindow());
+  }
+};
+
+Win32Toolkit::Win32Toolkit() : state_(std::make_unique<State>()) {}
+Win32Toolkit::~Win32Toolkit() = default;
+
+void Win32Toolkit::Watch(ActWatcher* watcher) {
+  state_->watcher = watcher;
+}
+
+void Win32Toolkit::ServeModal(Form& form) {
+  if (state_->watcher != nullptr)
+    state_->watcher->Opened(form);
+  FormWindow window(form, state_->TopWindow(), state_->watcher);
+  state_->windows.push_back(&window);
+  try {
+    window.Serve();
+  } catch (...) {
+    state_->windows.pop_back();
+    throw;
+  }
+  state_->windows.pop_back();
+}
+
+MessageAnswer Win32Toolkit::ShowMessage(const BoxRequest& box) {
+  const MessageAnswer answer = state_->Ask(box);
+  if (state_->watcher != nullptr)
+    state_->watcher->BoxAnswered(box, answer);
+  return answer;
+}
+
+void Win32Toolkit::Beep() {
+  if (state_->watcher != nullptr)
+    state_->watcher->Beeped();
+  ::MessageBeep(MB_OK);
+}
+
+void Win32Toolkit::OpenHelp(std::string_view file, int32_t context) {
+  if (state_->watcher != nullptr)
+    state_->watcher->HelpOpened(file, context);
+  const std::string path(file.substr(0, file.find('>')));
+  switch (ShowHelp(ToWide(file), ToWide(path), context, state_->TopWindow())) {
+    case HelpResult::Opened:
+      return;
+    case HelpResult::FileIsMissing:
+      state_->Ask({.text = "The help file " + path + " is missing.", .style = MessageStyle::Exclamation});
+      return;
+    case HelpResult::NoViewer:
+      state_->Ask({.text = "No program on this computer opens the help file " + path + ".",
+                   .style = MessageStyle::Exclamation});
+      return;
+  }
+}
+
+}  // namespace fiscalon
