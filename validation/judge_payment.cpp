@@ -50,4 +50,11 @@ bool PaymentJudge::Judge(const PaymentFigures& payment, std::span<const std::str
   }
 }
 
+std::vector<Fault> PaymentJudge::FaultsOf(const PaymentFigures& payment,
+                                          std::span<const std::string_view> records) const {
+  if (const RuleSet* const rules = RulesOf(payment.screenCode))
+    return FaultsOfRecords(*rules, records, Expect(payment));
+  return {{.code = std::string(kUnsupportedScreenCode), .message = std::string(kUnsupportedScreen)}};
+}
+
 }  // namespace fiscalon

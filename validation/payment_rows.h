@@ -35,6 +35,9 @@ class RowReader {
   /// Reads the next row. What is wrong with it, empty where nothing is; an amount that can't be read is 0.
   std::string Next(PaymentRow& row);
 
+  /// What is left of the stretch.
+  std::string_view Rest() const { return rest_; }
+
  private:
   std::string_view rest_;
   /// Texts that do not stand in the list as they are.
@@ -44,7 +47,10 @@ class RowReader {
 /// Hands out the rows of a payments list, in order.
 class RowFeed {
  public:
-  explicit RowFeed(ByteSource& source) : source_(source) {}
+  explicit RowFeed(ByteSource& source) : source_(source), line_(source.LinesBefore() + 1) {}
+
+  /// Whether the list's header comes next.
+  bool IsAtStart() const { return source_.IsFromTheStart() && line_ == 1; }
 
   /// Takes the header. Throws `BatchError` where the list has another one.
   void TakeHeader();
@@ -58,7 +64,7 @@ class RowFeed {
 
  private:
   ByteSource& source_;
-  uint64_t line_ = 1;
+  uint64_t line_;
 };
 
 }  // namespace fiscalon

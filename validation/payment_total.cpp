@@ -13,9 +13,9 @@ void PaymentTotal::Keep(int addend, std::string_view value) {
   texts_[static_cast<size_t>(addend)] = NumberText(LeadingNumber(value) / 100);
 }
 
-bool PaymentTotal::Makes(const Expectation& expected) const {
+bool PaymentTotal::Makes(const Expectation& expected, std::string& total) const {
   const auto& [a, b, c, d, e] = texts_;
-  std::string total;
+  total.clear();
   if (expected.logging != Logging::None)
     RecalcFormQueRevSrcDeduct(total, a, b, c, d, e, Batch::Yes);
   else

@@ -19,8 +19,9 @@ class PaymentTotal {
   void Keep(int addend, std::string_view value);
 
   /// Whether the total, written by "0.00" under the user's locale and read back with "." as its point, is the
-  /// amount to be paid, both as `Money`. Error 6 where the amount to be paid is beyond `Money`.
-  bool Makes(const Expectation& expected) const;
+  /// amount to be paid, both as `Money`. `total` becomes what was written: empty where it is beyond `Money`. Error 6
+  /// where the amount to be paid is.
+  bool Makes(const Expectation& expected, std::string& total) const;
 
  private:
   /// Dollars, with "." as the point.

@@ -119,6 +119,19 @@ void RecordBlock::Cut(std::string_view bytes) {
   starts_[paymentCount_].line = static_cast<uint32_t>(lineCount_);
 }
 
+std::string_view RecordBlock::LinesOf(size_t payment, std::string_view bytes) const {
+  const auto start = [&](size_t which) -> size_t {
+    if (which == 0)
+      return 0;
+    if (which == paymentCount_)
+      return bytes.size();
+    // A payment begins with a record, in quotes or bare.
+    const auto at = static_cast<size_t>(lines_[starts_[which].line].data() - bytes.data());
+    return at - (bytes[at - 1] == kRecordQuote ? 1 : 0);
+  };
+  return bytes.substr(start(payment), start(payment + 1) - start(payment));
+}
+
 std::string_view RecordFeed::Next(std::string& storage) {
   std::string_view bytes = source_.Peek(kBlockBytes + 1);
   if (bytes.size() > kBlockBytes) {
@@ -154,8 +167,6 @@ std::string_view RecordFeed::LineAt(size_t start) {
   }
 }
 
-/// Where a payment ends, at or behind an offset: before the first record whose sequence number differs from
-/// the record before it.
 size_t RecordFeed::EndOfPayment(size_t from) {
   std::string sequence;
   size_t start = from + LineAt(from).size();

@@ -43,6 +43,8 @@ class RecordBlock {
   bool IsSequence(size_t payment, std::string_view seq) const {
     return seq.size() == sizeof(uint32_t) && std::memcmp(seq.data(), &starts_[payment].sequence, sizeof(uint32_t)) == 0;
   }
+  /// The payment's lines with all that stands around its records, out of the bytes that were cut.
+  std::string_view LinesOf(size_t payment, std::string_view bytes) const;
   const std::vector<LineProblem>& Problems() const { return problems_; }
 
  private:
@@ -82,8 +84,12 @@ class RecordFeed {
   /// with the line counted from the first of these bytes.
   std::string_view Next(std::string& storage);
 
- private:
+  /// Where a payment ends, at or behind an offset from what was handed out last: before the first record whose sequence
+  /// number differs from that of the record before it, or at the end of the file. An offset within a line counts as the
+  /// next line's. Throws as `Next`.
   size_t EndOfPayment(size_t from);
+
+ private:
   std::string_view LineAt(size_t start);
   [[noreturn]] void Fail(size_t start, std::string reason);
 

@@ -250,5 +250,23 @@ TEST_F(Dialog, PlacesEveryControlOfEveryScreenWhole) {
   ResetModule();
 }
 
+TEST_F(Dialog, ShowsHowALongLockedTextBeginsAndAllOfItAsAHint) {
+  const std::string longName = "Workers' Compensation Board of the Northwest Territories and Nunavut, <Yellowknife>";
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    const auto& payee = In<QLineEdit>(dialog, form.txtPayee);
+    EXPECT_EQ(payee.toolTip(), "") << "all of it is seen";
+    form.txtPayee.Text(longName);
+    EXPECT_EQ(payee.cursorPosition(), 0);
+    EXPECT_EQ(payee.toolTip(), QString::fromStdString(longName).toHtmlEscaped());
+    form.txtPayee.Text("Summit Levies");
+    EXPECT_EQ(payee.toolTip(), "");
+    // A field that can be edited shows where it is edited.
+    form.txtPurpose.Text(longName);
+    form.txtTotal.Text(longName);
+    EXPECT_EQ(In<QLineEdit>(dialog, form.txtTotal).toolTip(), "");
+    Press(user, "Escape");
+  });
+}
+
 }  // namespace
 }  // namespace fiscalon
