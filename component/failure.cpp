@@ -3,8 +3,8 @@
 #include <new>
 
 #include "component/reference.h"
-#include "component/texts.h"
 #include "core/platform/runtime_error.h"
+#include "core/platform/windows/wide_text.h"
 
 namespace fiscalon::component {
 
@@ -23,8 +23,8 @@ void SetInformation(REFIID interfaceId, std::string_view source, std::string_vie
   if (FAILED(CreateErrorInfo(made.Place())))
     return;
   made->SetGUID(interfaceId);
-  made->SetSource(Wide(source).data());
-  made->SetDescription(Wide(description).data());
+  made->SetSource(ToWide(source).data());
+  made->SetDescription(ToWide(description).data());
   Reference<IErrorInfo> information;
   if (SUCCEEDED(made->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(information.Place()))))
     SetErrorInfo(0, information.Get());

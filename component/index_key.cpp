@@ -43,6 +43,9 @@ bool IsNumber(VARTYPE type) {
 
 IndexKey ReadIndexKey(const VARIANT& given) {
   Value value;
+  // The system follows a reference without a look at it.
+  if ((given.vt & VT_BYREF) != 0 && given.byref == nullptr)
+    Raise(error_number::kTypeMismatch);
   if (FAILED(VariantCopyInd(&value, const_cast<VARIANT*>(&given))))
     Raise(error_number::kTypeMismatch);
   if (value.vt == VT_BSTR)

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <fiscalon_component.h>
+
 #include "component/collection_object.h"
 #include "component/text_property.h"
 #include "core/records/pc4_records.h"
-#include "fiscalon_component.h"
 
 /// The carriers of records as hosts hold them.
 namespace fiscalon::component {

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "component/failure.h"
-#include "component/texts.h"
+#include "core/platform/windows/wide_text.h"
 
 namespace fiscalon::component {
 
@@ -24,7 +24,7 @@ std::string ReasonOf(LSTATUS status) {
   const DWORD length =
       FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
                      nullptr, static_cast<DWORD>(status), 0, reinterpret_cast<LPWSTR>(&text), 0, nullptr);
-  std::string reason = FromHost(text, length);
+  std::string reason = FromWide({text, length});
   LocalFree(text);
   while (!reason.empty() && (reason.back() == '\n' || reason.back() == '\r' || reason.back() == ' ')) reason.pop_back();
   return reason.empty() ? "error " + std::to_string(status) : reason;
@@ -36,7 +36,7 @@ void Registry::Check(LSTATUS status, const char* what, const std::wstring& path)
   if (status == ERROR_SUCCESS)
     return;
   const std::wstring place = name_ + L"\\" + path;
-  std::string description = std::string(what) + " " + FromHost(place.data(), place.size()) + ": " + ReasonOf(status);
+  std::string description = std::string(what) + " " + FromWide(place) + ": " + ReasonOf(status);
   if (status == ERROR_ACCESS_DENIED)
     description += " Register as an administrator, or for one user: regsvr32 /n /i:user fiscalon.dll";
   throw ComponentError(HRESULT_FROM_WIN32(static_cast<DWORD>(status)), description);

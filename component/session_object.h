@@ -1,9 +1,10 @@
 #pragma once
 
+#include <fiscalon_component.h>
+
 #include "component/automation.h"
 #include "component/text_property.h"
 #include "core/session.h"
-#include "fiscalon_component.h"
 
 namespace fiscalon::component {
 

@@ -9,11 +9,9 @@
 namespace fiscalon::component {
 
 /// The text of a host; NULL is the empty text. A character that the code page lacks becomes "?".
-std::string FromHost(const OLECHAR* text, size_t length);
 std::string FromHost(BSTR text);
 
 /// A text for a host, which frees it.
 BSTR ToHost(std::string_view text);
-std::wstring Wide(std::string_view text);
 
 }  // namespace fiscalon::component

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <fiscalon_component.h>
+
 #include "component/automation.h"
 #include "component/text_property.h"
-#include "fiscalon_component.h"
 #include "validation/validate_add_info.h"
 
 namespace fiscalon::component {

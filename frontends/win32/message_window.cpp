@@ -108,14 +108,12 @@ BoxRequest ShownIn(HWND window) {
     else if (std::wstring text = TextOfWindow(part); !text.empty())
       shown.text = FromWide(text);
   }
-  const auto has = [&](int id) {
-    const HWND button = ::GetDlgItem(window, id);
-    return button != nullptr && (::GetWindowLongPtrW(button, GWL_STYLE) & WS_VISIBLE) != 0;
-  };
+  const auto styleOf = [&](int id) { return ::GetWindowLongPtrW(::GetDlgItem(window, id), GWL_STYLE); };
+  const auto has = [&](int id) { return (styleOf(id) & WS_VISIBLE) != 0; };
   shown.buttons = has(IDYES)      ? MessageButtons::YesNo
                   : has(IDCANCEL) ? MessageButtons::OkCancel
                                   : MessageButtons::Ok;
-  if (LOWORD(::SendMessageW(window, DM_GETDEFID, 0, 0)) != ButtonIdOf(shown.DefaultAnswer()))
+  if ((styleOf(ButtonIdOf(shown.DefaultAnswer())) & BS_TYPEMASK) != BS_DEFPUSHBUTTON)
     shown.defaultButton = DefaultButton::Second;
   return shown;
 }

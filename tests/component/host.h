@@ -1,5 +1,6 @@
 #pragma once
 
+#include <fiscalon_component.h>
 #include <gtest/gtest.h>
 #include <ole2.h>
 
@@ -9,7 +10,6 @@
 #include <vector>
 
 #include "component/reference.h"
-#include "fiscalon_component.h"
 
 /// What a host on Windows has at hand: texts, values, calls by name, and the error information of a failed call.
 namespace fiscalon::component {
@@ -45,7 +45,7 @@ class HostValue {
     if (object != nullptr)
       object->AddRef();
   }
-  HostValue(const HostValue& other) : HostValue() { VariantCopy(&value_, &other.value_); }
+  HostValue(const HostValue& other) : HostValue() { VariantCopy(&value_, const_cast<VARIANT*>(&other.value_)); }
   HostValue& operator=(const HostValue&) = delete;
   ~HostValue() { VariantClear(&value_); }
 

@@ -16,7 +16,7 @@
 #include "frontends/played/session_recorder.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/payment_advice.h"
-#include "tools/fiscalon/qt_front_end.h"
+#include "tools/fiscalon/forms_front_end.h"
 #include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/whole_file.h"
 
@@ -110,8 +110,8 @@ class Collecting {
   ExitStatus Run() {
     const std::string code(ScreenWithForm(options_.code).code);
     CheckFiles();
-    GoOnWithQt(context_);
-    const auto toolkit = NewQtToolkit(&recorder_);
+    GoOnWithForms(context_);
+    const auto toolkit = NewForms(&recorder_);
     PrepareModule(*toolkit);
     const ExitStatus status = Show(code);
     UseToolkit(nullptr);

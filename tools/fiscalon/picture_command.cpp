@@ -3,7 +3,7 @@
 #include "frontends/played/scenario_player.h"
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/option_names.h"
-#include "tools/fiscalon/qt_front_end.h"
+#include "tools/fiscalon/forms_front_end.h"
 #include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/whole_file.h"
 
@@ -55,11 +55,11 @@ std::vector<std::string> InputsOf(const PictureOptions& options) {
 }
 
 ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
-  GoOnWithQt(context);
+  GoOnWithForms(context);
   const LaunchRow& screen = ScreenWithForm(options.code);
   const Scenario scenario = ScenarioOf(options);
   WholeFile file(options.out, InputsOf(options));
-  const auto toolkit = NewPhotographedToolkit(
+  const auto toolkit = NewPhotographedForms(
       {.theme = options.dark ? PictureLook::Theme::Dark : PictureLook::Theme::Light, .scale = options.scale});
   PlaySettings settings{.today = context.today};
   if (!context.localeName.empty())

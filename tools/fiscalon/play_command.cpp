@@ -9,7 +9,7 @@
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/narrator.h"
 #include "tools/fiscalon/option_names.h"
-#include "tools/fiscalon/qt_front_end.h"
+#include "tools/fiscalon/forms_front_end.h"
 #include "tools/fiscalon/transcript.h"
 #include "tools/fiscalon/visible_text.h"
 
@@ -36,8 +36,8 @@ struct PlayOptions {
 };
 
 std::unique_ptr<DrivenToolkit> MakeToolkit(const std::string& name) {
-  if (name == "qt")
-    return NewPlayedQtToolkit();
+  if (name == kFormsToolkit)
+    return NewPlayedForms();
   return std::make_unique<ScriptedToolkit>();
 }
 
@@ -153,8 +153,8 @@ class Playing {
 };
 
 ExitStatus PlayFiles(const PlayOptions& options, const Context& context) {
-  if (options.toolkit == "qt")
-    GoOnWithQt(context);
+  if (options.toolkit == kFormsToolkit)
+    GoOnWithForms(context);
   Playing playing(options, context);
   for (const std::string& file : options.files) playing.Play(file);
   return playing.Finish();
@@ -170,7 +170,7 @@ void AddPlayCommand(CLI::App& app, Context& context) {
   command->add_option("FILE", options->files, "Scenario files")->required()->check(NameGiven);
   command->add_option("--toolkit", options->toolkit, "The front end that shows the forms")
       ->type_name("NAME")
-      ->check(OneOf({"scripted", "qt"}));
+      ->check(OneOf({"scripted", kFormsToolkit}));
   command->add_option("--only", options->only, "Play the scenarios of that name alone")
       ->type_name("NAME")
       ->check(NameGiven);

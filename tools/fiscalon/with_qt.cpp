@@ -3,7 +3,7 @@
 #include "frontends/qt/program_messages.h"
 #include "frontends/qt/qt_toolkit.h"
 #include "tools/fiscalon/context.h"
-#include "tools/fiscalon/qt_front_end.h"
+#include "tools/fiscalon/forms_front_end.h"
 
 namespace fiscalon {
 namespace {
@@ -28,13 +28,15 @@ class PhotographedQt final : public PhotographedToolkit {
 
 }  // namespace
 
-void GoOnWithQt(const Context& /*context*/) {}
+const char* const kFormsToolkit = "qt";
 
-std::unique_ptr<DrivenToolkit> NewPlayedQtToolkit() {
+void GoOnWithForms(const Context& /*context*/) {}
+
+std::unique_ptr<DrivenToolkit> NewPlayedForms() {
   return std::make_unique<PlayedQtToolkit>();
 }
 
-std::unique_ptr<Toolkit> NewQtToolkit(ActWatcher* watcher) {
+std::unique_ptr<Toolkit> NewForms(ActWatcher* watcher) {
   if (!QtToolkit::HasDisplay())
     throw CommandError("there is no display to show the form on; set DISPLAY or WAYLAND_DISPLAY");
   InstallProgramMessages("fiscalon");
@@ -43,7 +45,7 @@ std::unique_ptr<Toolkit> NewQtToolkit(ActWatcher* watcher) {
   return toolkit;
 }
 
-std::unique_ptr<PhotographedToolkit> NewPhotographedToolkit(const PictureLook& look) {
+std::unique_ptr<PhotographedToolkit> NewPhotographedForms(const PictureLook& look) {
   return std::make_unique<PhotographedQt>(look);
 }
 

@@ -13,7 +13,10 @@ import tempfile
 import zipfile
 from pathlib import Path
 
-FILES = {"CHANGELOG.md", "LICENSE", "fiscalon.dll", "fiscalon.exe", "fiscalon.manifest", "fiscalon.tlb", "windows-guide.md"}
+FILES = set(
+    """CHANGELOG.md LICENSE fiscalon.dll fiscalon.exe fiscalon.manifest fiscalon.tlb fiscalon_component.h
+    windows-guide.md""".split()
+)
 EXPORTS = {"DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer", "DllUnregisterServer"}
 # What every Windows has.
 SYSTEM_LIBRARIES = set(

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "tools/fiscalon/context.h"
-#include "tools/fiscalon/qt_front_end.h"
+#include "tools/fiscalon/forms_front_end.h"
 
 namespace fiscalon {
 namespace {
@@ -23,7 +23,9 @@ constexpr std::string_view kTwin = FISCALON_QT_TWIN;
 
 }  // namespace
 
-void GoOnWithQt(const Context& context) {
+const char* const kFormsToolkit = "qt";
+
+void GoOnWithForms(const Context& context) {
   if (kTwin.empty())
     throw CommandError("this build has no Qt front end; build it with FISCALON_QT=ON");
   std::error_code error;
@@ -34,15 +36,15 @@ void GoOnWithQt(const Context& context) {
   throw CommandError("the Qt front end " + twin.string() + " can't be started: " + std::strerror(errno) + remedy);
 }
 
-std::unique_ptr<DrivenToolkit> NewPlayedQtToolkit() {
+std::unique_ptr<DrivenToolkit> NewPlayedForms() {
   MissesItsTwin();
 }
 
-std::unique_ptr<Toolkit> NewQtToolkit(ActWatcher* /*watcher*/) {
+std::unique_ptr<Toolkit> NewForms(ActWatcher* /*watcher*/) {
   MissesItsTwin();
 }
 
-std::unique_ptr<PhotographedToolkit> NewPhotographedToolkit(const PictureLook& /*look*/) {
+std::unique_ptr<PhotographedToolkit> NewPhotographedForms(const PictureLook& /*look*/) {
   MissesItsTwin();
 }
 

@@ -6,23 +6,26 @@
 #include "core/forms/act_watcher.h"
 #include "frontends/played/user_driver.h"
 
-/// What the commands want of the Qt front end. Loading Qt takes longer than many a command does, so the program itself
-/// has none: it has a twin that does.
+/// What the commands want of the front end that shows forms: Qt's, or on Windows the system's own. Loading Qt takes longer
+/// than many a command does, so the program itself has none there: it has a twin that does.
 namespace fiscalon {
 
 struct Context;
 
-/// To be called by a command that wants the front end, before it reads input or writes output: a program without Qt
+/// What `play --toolkit` calls it.
+extern const char* const kFormsToolkit;
+
+/// To be called by a command that wants the front end, before it reads input or writes output: a program without it
 /// starts its twin in its own place, with the same arguments. A `CommandError` where the build has no twin or it can't
 /// be started.
-void GoOnWithQt(const Context& context);
+void GoOnWithForms(const Context& context);
 
-/// Plays scenarios on real widgets. Needs no display.
-std::unique_ptr<DrivenToolkit> NewPlayedQtToolkit();
+/// Plays scenarios on real controls. Needs no display.
+std::unique_ptr<DrivenToolkit> NewPlayedForms();
 
 /// Shows forms to the user; the watcher, if any, hears of all that the user does. A `CommandError` where there is no
 /// display to show them on.
-std::unique_ptr<Toolkit> NewQtToolkit(ActWatcher* watcher);
+std::unique_ptr<Toolkit> NewForms(ActWatcher* watcher);
 
 /// How a picture looks.
 struct PictureLook {
@@ -44,6 +47,6 @@ class PhotographedToolkit {
   virtual std::string Picture() const = 0;
 };
 
-std::unique_ptr<PhotographedToolkit> NewPhotographedToolkit(const PictureLook& look);
+std::unique_ptr<PhotographedToolkit> NewPhotographedForms(const PictureLook& look);
 
 }  // namespace fiscalon
