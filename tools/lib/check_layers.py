@@ -23,6 +23,7 @@ LAYERS = {
     "scripted": {"played", "core", "forms", "platform"},
     # What plays scenarios on widgets is part of the folder.
     "qt": {"played", "core", "forms", "platform"},
+    "win32": {"played", "core", "forms", "platform"},
 }
 
 # The longest prefix that fits says which layer a file belongs to. What is not named here (tools, tests,
@@ -39,6 +40,7 @@ FOLDERS = {
     "frontends/played/": "played",
     "frontends/scripted/": "scripted",
     "frontends/qt/": "qt",
+    "frontends/win32/": "win32",
 }
 TOP = ("tools/", "tests/", "examples/", "bench/", "include/")
 QT_FOLDERS = ("frontends/qt/", "tools/desk/", "examples/qt_host/", "tests/")
@@ -57,6 +59,7 @@ STANDARD = set(
 )
 # The platform layer holds the doors to the system.
 SYSTEM = re.compile(r"(sys/\w+|dirent|fcntl|io|langinfo|unistd|windows)\.h")
+WINDOWS = re.compile(r"(gdiplus|objidl|windows)\.h")
 QT = re.compile(r"(Qt\w*/.*|Q[A-Z]\w*|q\w+\.h)")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]*)"|<([^>]*)>)')
@@ -88,6 +91,8 @@ def offence_of_angled(path, included):
     if layer is None or layer == "qt" or included in STANDARD:
         return None
     if layer == "platform" and SYSTEM.fullmatch(included):
+        return None
+    if layer == "win32" and WINDOWS.fullmatch(included):
         return None
     return f"{layer} may not include <{included}>, which is not of the standard library"
 
