@@ -74,5 +74,7 @@ complete -c fiscalon -n '__fiscalon_after screen' -a '(__fiscalon_screens)'
 complete -c fiscalon -n '__fiscalon_after write-file play-by-play-enabled' -a 'True False'
 complete -c fiscalon -n '__fiscalon_after scenario' -a '(__fiscalon_scenarios)'
 complete -c fiscalon -n '__fiscalon_after records report faults good out record gov-filename main-path' -F
+complete -c fiscalon -n '__fiscalon_after only; and test "$(__fiscalon_command)" = show' -a 'T F G P R I'
+complete -c fiscalon -n '__fiscalon_after payments; and test "$(__fiscalon_command)" = show' -F
 # A file for validate, a number for generate.
 complete -c fiscalon -n '__fiscalon_after payments bad; and test "$(__fiscalon_command)" = validate' -F

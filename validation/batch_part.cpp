@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <cmath>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -234,13 +234,17 @@ class Cutter {
     RecordFeed feed(*source);
     RecordBlock block;
     std::string storage;
-    for (;;) {
-      const std::string_view bytes = feed.Next(storage);
-      if (bytes.empty())
-        break;
-      block.Cut(bytes);
-      counted_ += block.PaymentCount();
-      listener_.OnProgress({});
+    try {
+      for (std::string_view bytes = feed.Next(storage); !bytes.empty(); bytes = feed.Next(storage)) {
+        block.Cut(bytes);
+        counted_ += block.PaymentCount();
+        linesCounted_ += block.LineCount();
+        listener_.OnProgress({});
+      }
+    } catch (const BatchError& error) {
+      BatchProblem problem = error.Problems().front();
+      problem.line += linesCounted_;
+      throw BatchError({problem});
     }
     countedTo_ = end;
     return counted_;
@@ -264,6 +268,7 @@ class Cutter {
   PerScreen rowsInAll_ = {};
   size_t countedTo_ = 0;
   uint64_t counted_ = 0;
+  uint64_t linesCounted_ = 0;
 };
 
 }  // namespace

@@ -36,6 +36,9 @@ class PaymentJudge {
   /// by test, so it is for the few that are bad.
   std::vector<Fault> FaultsOf(const PaymentFigures& payment, std::span<const std::string_view> records) const;
 
+  /// The day as of which it judges.
+  const JudgingDay& Day() const { return day_; }
+
  private:
   Expectation Expect(const PaymentFigures& payment) const;
   Expectation ExpectAnyAmount(const PaymentFigures& payment) const;

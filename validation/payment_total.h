@@ -34,9 +34,19 @@ class QuickTotal {
   void Keep(int addend, uint64_t cents) { cents_[static_cast<size_t>(addend)] = cents; }
 
   /// Whether the total makes the amount to be paid for sure. False says nothing.
-  bool Makes(const Expectation& expected) const;
+  bool Makes(const Expectation& expected) const {
+    uint64_t total = 0;
+    for (const uint64_t cents : cents_) total += cents;
+    return total == expected.paymentCents && total <= kLargestExact && IsReadBackAsWritten();
+  }
 
  private:
+  /// Totals up to 10 billion dollars are added, written and read back without any loss.
+  static constexpr uint64_t kLargestExact = 1'000'000'000'000;
+
+  /// Whether totals are written with the point that they are read with.
+  static bool IsReadBackAsWritten();
+
   std::array<uint64_t, kAddends> cents_ = {};
 };
 

@@ -54,7 +54,10 @@ class RecordBlock {
     size_t end = 2;
   };
 
-  const char* TakeRecord(const char* at, const char* end);
+  void MakeRoom(size_t bytes);
+  const char* TakeLines(const char* at, const char* end);
+  template <size_t kQuote, size_t kEnd>
+  const char* TakeAlike(const char* at, const char* end);
   const char* TakeAnyLine(const char* at, const char* end);
   void AddLine(std::string_view line);
   void AddRecord(std::string_view line, uint32_t sequence);

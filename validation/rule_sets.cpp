@@ -1,6 +1,7 @@
 #include "validation/rule_sets.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "core/logging.h"
@@ -80,13 +81,10 @@ constexpr size_t kSlotWidth = FieldNamed(kFreeFormatLayout, "FieldNum", 1).Offse
 constexpr size_t kSlotsEnd = kNumberOffset + kSlotsPerRecord * kSlotWidth;
 constexpr size_t kPeriodOffset = FieldNamed(kGovernmentLayout, "PeriodDueDate").Offset();
 
-/// The rule of a number that a rule set does not have, as a table of its own.
-constexpr std::array kUnusedFields = {kUnusedField};
-
 /// The quick test of a rule that is known when this is compiled.
 template <const auto& kFields, size_t kAt>
 inline bool FieldPassesQuickly(const char* value, const Expectation& expected, QuickTotal& total) {
-  constexpr const FieldRule& kRule = kFields[kAt];
+  constexpr const FieldRule& kRule = kAt < std::size(kFields) ? kFields[kAt] : kUnusedField;
   if constexpr (!kRule.onlyForBiller.empty()) {
     if (kRule.onlyForBiller != expected.billerCode)
       return true;
@@ -107,7 +105,38 @@ inline bool SlotPassesQuickly(size_t row, const char* value, const Expectation& 
   bool passes = false;
   const bool found =
       ((row == kRow && (passes = FieldPassesQuickly<kFields, kRow>(value, expected, total), true)) || ...);
-  return found ? passes : FieldPassesQuickly<kUnusedFields, 0>(value, expected, total);
+  return found ? passes : FieldPassesQuickly<kFields, std::size(kFields)>(value, expected, total);
+}
+
+/// The quick tests of an "F" record whose numbers stand in any order.
+template <const auto& kFields>
+bool AnySlotsPassQuickly(const char* record, const Expectation& expected, QuickTotal& total) {
+  const char* const last = record + kSlotsPerRecord * kSlotWidth;
+  for (const char* slot = record; slot != last; slot += kSlotWidth) {
+    if (!SlotPassesQuickly<kFields>(IndexOf(slot + kNumberOffset), slot + kValueOffset, expected, total,
+                                    std::make_index_sequence<std::size(kFields)>()))
+      return false;
+  }
+  return true;
+}
+
+/// Whether a slot has the number of a row, from 0, as screens number their fields.
+template <size_t kRow>
+inline bool HasNumberOf(const char* slot) {
+  static_assert(kRow < 9);
+  constexpr char kNumber[] = {'0', static_cast<char>('1' + kRow)};
+  return std::memcmp(slot + kNumberOffset, kNumber, sizeof kNumber) == 0;
+}
+
+/// The quick tests of an "F" record, which nearly always holds the rows from `kFirst` on, in their order. Then nothing
+/// is sought: each slot goes to the test of its row.
+template <const auto& kFields, size_t kFirst, size_t... kSlot>
+inline bool SlotsPassQuickly(const char* record, const Expectation& expected, QuickTotal& total,
+                             std::index_sequence<kSlot...>) {
+  if ((HasNumberOf<kFirst + kSlot>(record + kSlot * kSlotWidth) && ...))
+    return (FieldPassesQuickly<kFields, kFirst + kSlot>(record + kSlot * kSlotWidth + kValueOffset, expected, total) &&
+            ...);
+  return AnySlotsPassQuickly<kFields>(record, expected, total);
 }
 
 /// Whether a payment passes by quick tests alone. False says nothing.
@@ -127,13 +156,12 @@ bool RecordsPassQuickly(std::span<const std::string_view> records, const Expecta
       if (kPeriods == Periods::Tested && !IsQuickPeriod(record.data() + kPeriodOffset, *expected.day))
         return false;
     } else if (kind == RecordKind::FreeFormat) {
-      ++fields;
-      const char* const last = record.data() + kSlotsPerRecord * kSlotWidth;
-      for (const char* slot = record.data(); slot != last; slot += kSlotWidth) {
-        if (!SlotPassesQuickly<kFields>(IndexOf(slot + kNumberOffset), slot + kValueOffset, expected, total,
-                                        std::make_index_sequence<std::size(kFields)>()))
-          return false;
-      }
+      constexpr auto kSlots = std::make_index_sequence<kSlotsPerRecord>();
+      const bool passes = fields++ == 0
+                              ? SlotsPassQuickly<kFields, 0>(record.data(), expected, total, kSlots)
+                              : SlotsPassQuickly<kFields, kSlotsPerRecord>(record.data(), expected, total, kSlots);
+      if (!passes)
+        return false;
     }
   }
   return fields > 0 && (kPeriods == Periods::Ignored || periods > 0) &&

@@ -20,7 +20,7 @@ Function CollectRecords(code)
   payment.CompName = "Summit Levies"
   payment.PaidAmount = "12345" ' cents
   payment.PaidDate = "06152026" ' month, day, year
-  payment.EnterName = "H" & ChrW(233) & "l" & ChrW(232) & "ne C" & ChrW(244) & "t" & ChrW(233)
+  payment.EnterName = "Ann Walker"
   payment.EnterTitle = "Clerk"
   payment.SeqNumber = "0001"
   If WScript.Arguments.Count = 2 Then
@@ -52,15 +52,14 @@ End Function
 
 ' A row for each payment, with its number, screen, biller and amount in cents; the records of all payments, a line each.
 Function CheckBatch(rowsName, recordsName)
-  Dim files, lines, rows, fields, check, index, allValid
+  Dim files, lines, rows, row, fields, check, index, allValid
   Set files = CreateObject("Scripting.FileSystemObject")
   lines = Split(files.OpenTextFile(recordsName).ReadAll, vbCrLf)
-  Set rows = files.OpenTextFile(rowsName)
-  rows.SkipLine ' the headings
+  rows = Split(files.OpenTextFile(rowsName).ReadAll, vbCrLf)
   Set check = CreateObject("Fiscalon.clsValidateAddInfo")
   allValid = True
-  Do Until rows.AtEndOfStream
-    fields = Split(rows.ReadLine, ",")
+  For row = 1 To UBound(rows) - 1 ' behind the headings, up to the last line's end
+    fields = Split(rows(row), ",")
     check.ScreenCode = fields(1)
     check.BillerCode = fields(2)
     check.PaymentAmount = fields(3)
@@ -74,8 +73,7 @@ Function CheckBatch(rowsName, recordsName)
       WScript.Echo fields(0) & ": invalid: " & check.InvalidReason
       allValid = False
     End If
-  Loop
-  rows.Close
+  Next
   CheckBatch = 1
   If allValid Then CheckBatch = 0
 End Function

@@ -306,7 +306,10 @@ void FormDialog::ControlChanged(const Control& control) {
         view->Refresh();
   if (control.Kind() == ControlKind::Label)
     NameFields(form_, [this](const Control& each) -> QWidget& { return WidgetOf(each); });
-  if (wasHidden != ViewOf(control).Widget().isHidden() || control.Kind() == ControlKind::Label)
+  const bool isHidden = ViewOf(control).Widget().isHidden();
+  if (wasHidden && !isHidden)
+    layout_->AlignCaptions();
+  if (wasHidden != isHidden || control.Kind() == ControlKind::Label)
     GrowToFit();
 }
 

@@ -35,7 +35,6 @@ Const KeyTaken = "This key is already associated with an element of this collect
 Dim payment, check, records, record, fields, formats, slot, slots, key, walked, index, name
 
 Set payment = CreateObject("Fiscalon.Levyra")
-Same "TypeName", TypeName(payment), "Levyra"
 Same "ZelmorNumber", payment.ZelmorNumber, ""
 payment.ZelmorNumber = "ZelmorNumber!"
 Same "ZelmorNumber", payment.ZelmorNumber, "ZelmorNumber!"
@@ -122,7 +121,6 @@ Same "PC4s Count", records.Count, 0
 records.Clear
 Same "PC4s Clear of nothing", records.Count, 0
 Set record = records.Add("TheDate", "Amount", "Description", "key")
-Same "PC4s TypeName", TypeName(record), "PC4"
 Same "PC4 TheDate", record.TheDate, "TheDate"
 record.TheDate = "TheDate now"
 Same "PC4 TheDate", record.TheDate, "TheDate now"
@@ -187,7 +185,6 @@ Same "clsPC4GovFormats Count", formats.Count, 0
 formats.Clear
 Same "clsPC4GovFormats Clear of nothing", formats.Count, 0
 Set fields = formats.Add("PeriodStartDate", "PeriodEndDate", "PeriodDueDate", "Filler1", "ContactName", "ContactTitle", "Filler2", "key")
-Same "clsPC4GovFormats TypeName", TypeName(fields), "clsPC4GovFormat"
 Same "clsPC4GovFormat PeriodStartDate", fields.PeriodStartDate, "PeriodStartDate"
 fields.PeriodStartDate = "PeriodStartDate now"
 Same "clsPC4GovFormat PeriodStartDate", fields.PeriodStartDate, "PeriodStartDate now"
@@ -264,7 +261,6 @@ Same "clsPC4FreeFormats Count", slots.Count, 0
 slots.Clear
 Same "clsPC4FreeFormats Clear of nothing", slots.Count, 0
 Set slot = slots.Add("FieldNum", "FieldValue", "key")
-Same "clsPC4FreeFormats TypeName", TypeName(slot), "clsPC4FreeFormat"
 Same "clsPC4FreeFormat FieldNum", slot.FieldNum, "FieldNum"
 slot.FieldNum = "FieldNum now"
 Same "clsPC4FreeFormat FieldNum", slot.FieldNum, "FieldNum now"
@@ -389,6 +385,7 @@ Same "InvalidReason", check.InvalidReason, ""
 Same "PC4GovFormatRecords after a check", check.PC4GovFormatRecords Is Nothing, True
 Same "PC4FreeFormatRecords after a check", check.PC4FreeFormatRecords Is Nothing, True
 check.PlayByPlayEnabled = True
+Set check.PC4Records = Nothing
 payment.MainPath = "C:\no such folder"
 index = check.IsInfoValid
 Raised "a log that cannot be written", 76, "Fiscalon", "Path not found"

@@ -43,16 +43,18 @@ class Outcome : public BatchListener {
   void OnPayment(const PaymentVerdict& verdict) override {
     AppendReportRow(report, verdict);
     AppendFaultRows(faults, verdict);
+    rows += std::to_string(verdict.row) + " ";
     (verdict.IsValid() ? good : bad) += verdict.lines;
   }
   void OnProgress(const BatchProgress& progress) override { blocksCounted += progress.bytes == 0 ? 1 : 0; }
 
   friend bool operator==(const Outcome& a, const Outcome& b) {
-    return a.report == b.report && a.faults == b.faults && a.good == b.good && a.bad == b.bad;
+    return a.report == b.report && a.faults == b.faults && a.good == b.good && a.bad == b.bad && a.rows == b.rows;
   }
 
   std::string report;
   std::string faults;
+  std::string rows;
   std::string good;
   std::string bad;
   int blocksCounted = 0;
@@ -117,6 +119,7 @@ TEST_F(BatchParts, MakeTheWholeOfASmallBatch) {
   EXPECT_EQ(whole.faults,
             "1003,03,11,01,Amount of Payment,000000000000012345,not-the-amount,"
             "Field 01 Amount of Payment is not equal to amount to be paid\n");
+  EXPECT_EQ(whole.rows, "2 3 4 5 6 ");
   for (const uint64_t parts : {1, 2, 3, 4, 5, 6, 100}) EXPECT_TRUE(Joined(batch, parts) == whole) << parts;
 }
 
@@ -247,6 +250,21 @@ TEST_F(BatchParts, DoNotAllSucceedWhereARowOrAPaymentIsMissing) {
   round.records.erase(300 * 2 * 164, 250 * 2 * 164);
   for (const Batch* batch : {&row, &payment, &round}) {
     for (const uint64_t parts : {2, 3, 8}) EXPECT_FALSE(ProblemsOf(*batch, parts).empty()) << parts;
+  }
+}
+
+TEST_F(BatchParts, NameALineThatNeverEndsWhereItKeepsThemFromBeingCounted) {
+  // Two numbers in turns, so that what stands before a part must be counted.
+  Batch batch;
+  for (int payment = 0; payment < 9000; ++payment) batch.Add(payment % 2 == 0 ? "0001" : "0002");
+  // In the third of the blocks that are counted.
+  batch.records.insert(8000 * 2 * 164, std::string(size_t{17} << 20, 'a') + "\n");
+  Outcome outcome;
+  try {
+    Judge(batch, {1000, 1000}, outcome);
+    ADD_FAILURE();
+  } catch (const BatchError& error) {
+    EXPECT_STREQ(error.what(), "batch.pc4:16001: a line of more than 16 MiB");
   }
 }
 

@@ -123,6 +123,8 @@ TEST_F(ShortCut, TakesCountsFromOneAndTypesFromOneToSix) {
 TEST_F(ShortCut, TakesWholeDollarsThatFitTheirTest) {
   EXPECT_TRUE(TakesAgency("03", Digits(0)));
   EXPECT_TRUE(TakesAgency("03", Digits(2'147'483'600)));
+  EXPECT_FALSE(TakesAgency("03", Digits(10'000'000'000)));
+  EXPECT_FALSE(TakesAgency("03", Digits(110)));
   EXPECT_FALSE(TakesAgency("03", Digits(2'147'483'700)));
   EXPECT_FALSE(TakesAgency("03", Digits(150)));
   EXPECT_FALSE(TakesAgency("03", Digits(201)));
@@ -164,13 +166,28 @@ TEST_F(ShortCut, TakesAFieldThatIsNotRequiredBlankOrZero) {
   EXPECT_FALSE(TakesQuebec("07", "100000000000000000"));
 }
 
-TEST_F(ShortCut, TakesTotalsOfAmountsUpToTenBillionDollars) {
-  // 12345 without the 113.45 dollars of field "06".
+TEST_F(ShortCut, TakesTotalsUpToTenBillionDollars) {
+  // The other fields make 10 dollars.
   constexpr uint64_t kOthers = 1000;
   constexpr uint64_t kLargest = 1'000'000'000'000;
-  EXPECT_TRUE(TakesQuebec("06", Digits(kLargest), kLargest + kOthers));
-  EXPECT_FALSE(TakesQuebec("06", Digits(kLargest + 1), kLargest + kOthers + 1));
+  EXPECT_TRUE(TakesQuebec("06", Digits(kLargest - kOthers), kLargest));
+  EXPECT_FALSE(TakesQuebec("06", Digits(kLargest - kOthers + 1), kLargest + 1));
   EXPECT_FALSE(TakesQuebec("06", Digits(11346)));
+}
+
+TEST_F(ShortCut, TakesFieldsInAnyOrder) {
+  BulkPayment payment = AgencyPayment({{"04", Digits(12)}, {"01", Digits(12345)}, {"09", ""}, {"03", Digits(200)}});
+  EXPECT_TRUE(Takes(kAgencyRules, payment, Expecting(12345)));
+  EXPECT_FALSE(Takes(kAgencyRules, payment, Expecting(12346)));
+  payment = AgencyPayment({{"01", Digits(12345)}, {"02", "20260531"}, {"03", Digits(200)}, {"05", Digits(12)}});
+  EXPECT_FALSE(Takes(kAgencyRules, payment, Expecting(12345)));
+  // A third "F" record begins as the first one does.
+  Fields fields = GoodQuebecFields();
+  for (const FreeFormatSlot& field : {fields[0], fields[1], fields[2], fields[3]}) fields.push_back(field);
+  EXPECT_TRUE(Takes(kQuebecRules, QuebecPayment(fields), Expecting(12345)));
+  fields[8].fieldValue = Digits(101);
+  EXPECT_TRUE(Takes(kQuebecRules, QuebecPayment(fields), Expecting(12346)));
+  EXPECT_FALSE(Takes(kQuebecRules, QuebecPayment(fields), Expecting(12345)));
 }
 
 TEST_F(ShortCut, TakesNoTotalUnderAComma) {

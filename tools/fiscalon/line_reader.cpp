@@ -20,11 +20,12 @@ namespace {
 constexpr size_t kBufferBytes = size_t{128} << 10;
 static_assert(kBufferBytes > 2 * kLongestLine);
 
-/// How many bytes of a file are still to be read; nothing for what is no plain file.
+/// How many bytes of a file are still to be read; nothing for what is no plain file. Files that the system makes up
+/// while they are read have no length.
 std::optional<uint64_t> BytesLeft(std::FILE* file) {
   struct stat found = {};
   const int descriptor = ::fileno(file);
-  if (::fstat(descriptor, &found) != 0 || !S_ISREG(found.st_mode))
+  if (::fstat(descriptor, &found) != 0 || !S_ISREG(found.st_mode) || found.st_size == 0)
     return std::nullopt;
   const off_t at = ::lseek(descriptor, 0, SEEK_CUR);
   return static_cast<uint64_t>(std::max<off_t>(found.st_size - std::max<off_t>(at, 0), 0));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "core/platform/code_page.h"
 #include "core/records/record_reader.h"
@@ -60,8 +61,15 @@ std::optional<PaymentChecks> PaymentChecks::Of(const LaunchRow* screen) {
 PaymentChecks::PaymentChecks(const RuleSet& rules) : rules_(&rules), day_(JudgingDayOf(Today())) {}
 
 void PaymentChecks::Follow(ShownRecord& record) {
-  hasPeriod_ = hasPeriod_ || record.kind == RecordKind::Government;
-  hasFields_ = hasFields_ || record.kind == RecordKind::FreeFormat;
+  began_ = record.isRecord && now_.anything && record.Seq() != seq_;
+  if (!record.isRecord)
+    return;
+  if (began_)
+    before_ = std::exchange(now_, {});
+  seq_ = record.Seq();
+  now_.anything = true;
+  now_.period = now_.period || record.kind == RecordKind::Government;
+  now_.fields = now_.fields || record.kind == RecordKind::FreeFormat;
   // The fields of longer records do not stand where the rules look for them, and batches refuse those.
   if (record.length != kRecordLength)
     return;
@@ -82,11 +90,12 @@ void PaymentChecks::FollowSlots(ShownRecord& record) const {
   }
 }
 
-void PaymentChecks::EndPayment(ShownRecord& last) {
+void PaymentChecks::SayWhatLacks(const Found& found, ShownRecord& last) const {
+  if (!found.anything || (found.period && found.fields))
+    return;
   for (const Fault& fault : FaultsOfRecords(*rules_, {}, {.day = &day_}))
-    if ((fault.code == kNoPeriod && !hasPeriod_) || (fault.code == kNoFields && !hasFields_))
+    if ((fault.code == kNoPeriod && !found.period) || (fault.code == kNoFields && !found.fields))
       AddValidatesWord(last.problems, {}, fault.message);
-  hasPeriod_ = hasFields_ = false;
 }
 
 }  // namespace fiscalon

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -23,18 +24,31 @@ class PaymentChecks {
 
   /// Adds to a record's problems what the rules say of its fields.
   void Follow(ShownRecord& record);
-  /// Adds what they say of the payment that ends with this record.
-  void EndPayment(ShownRecord& last);
+  /// Whether the last one began another payment than the one before it.
+  bool BeganPayment() const { return began_; }
+  /// Adds to the last line of the payment that ended there, or of the last one of all, what the payment lacks.
+  void SayWhatEndedLacks(ShownRecord& last) const { SayWhatLacks(before_, last); }
+  void SayWhatLastLacks(ShownRecord& last) const { SayWhatLacks(now_, last); }
 
  private:
   explicit PaymentChecks(const RuleSet& rules);
 
+  /// What was found of a payment.
+  struct Found {
+    bool anything = false;
+    bool period = false;
+    bool fields = false;
+  };
+
   void FollowSlots(ShownRecord& record) const;
+  void SayWhatLacks(const Found& found, ShownRecord& last) const;
 
   const RuleSet* rules_;
   JudgingDay day_;
-  bool hasPeriod_ = false;
-  bool hasFields_ = false;
+  std::string seq_;
+  bool began_ = false;
+  Found now_;
+  Found before_;
 };
 
 }  // namespace fiscalon

@@ -65,9 +65,8 @@ void RecordTaker::TakeRecord(ShownRecord& shown) {
     TakeFields(placed.fields, shown);
     for (const Overrun& overrun : placed.overruns) shown.oddities.push_back(NoteOf(overrun));
   }
-  if (!shown.isRecord)
-    return;
-  order_.Follow(shown);
+  if (shown.isRecord)
+    order_.Follow(shown);
   if (checks_)
     checks_->Follow(shown);
 }

@@ -20,12 +20,8 @@ class RecordTaker {
 
   /// From here on the records tell what `validate` would say too, if the screen is one that it judges.
   void Judge() { checks_ = PaymentChecks::Of(screen_); }
-  bool Judges() const { return checks_.has_value(); }
-  /// What a payment lacks is said of its last record.
-  void EndPayment(ShownRecord& last) {
-    if (checks_)
-      checks_->EndPayment(last);
-  }
+  /// What it knows of payments as wholes; nothing where none are judged.
+  const std::optional<PaymentChecks>& Checks() const { return checks_; }
 
   /// A line of a file. `hidden` is how many characters of it are left out.
   void Take(const RecordLine& line, uint64_t hidden, ShownRecord& shown);

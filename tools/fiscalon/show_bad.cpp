@@ -11,6 +11,7 @@
 #include "tools/fiscalon/progress_line.h"
 #include "tools/fiscalon/record_taker.h"
 #include "tools/fiscalon/validate_batch.h"
+#include "tools/fiscalon/terminal.h"
 #include "tools/fiscalon/visible_text.h"
 #include "validation/batch.h"
 

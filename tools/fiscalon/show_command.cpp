@@ -79,7 +79,7 @@ class Show {
       if (++lines_ == 1)
         output_->Begin();
       taker_.Take(line.line, line.hidden, next);
-      if (taker_.Judges())
+      if (taker_.Checks())
         Hold(next);
       else
         Add(next);
@@ -87,7 +87,7 @@ class Show {
     if (lines_ == 0)
       throw CommandError(reader_.Name() + ": " + std::string(kNoRecords));
     if (isHeld_ && !picks_.EndBehind(lines_))
-      taker_.EndPayment(held_);
+      taker_.Checks()->SayWhatLastLacks(held_);
     if (isHeld_)
       Add(held_);
   }
@@ -95,8 +95,8 @@ class Show {
   /// What a payment lacks is known when the next one begins.
   void Hold(ShownRecord& next) {
     if (isHeld_) {
-      if (held_.Seq() != next.Seq())
-        taker_.EndPayment(held_);
+      if (taker_.Checks()->BeganPayment())
+        taker_.Checks()->SayWhatEndedLacks(held_);
       Add(held_);
     }
     std::swap(held_, next);

@@ -139,6 +139,18 @@ TEST_F(Dialog, AlignsLaterCaptionsAmongRowsOfAsManyCells) {
   });
 }
 
+TEST_F(Dialog, MakesNoRoomForCaptionsThatAreHidden) {
+  PeriodAndPairForm pair;
+  pair.lblNumber.Visible(false);
+  Show(pair, [&](FormDialog& dialog, UserDriver&) {
+    EXPECT_LT(Place(dialog, pair.txtFrom).left() - Place(dialog, pair.lblFrom).right(), 20);
+    pair.lblNumber.Visible(true);
+    QCoreApplication::processEvents();
+    EXPECT_GT(Place(dialog, pair.txtFrom).left(), Place(dialog, pair.lblNumber).right()) << "it has appeared";
+    EXPECT_EQ(Place(dialog, pair.txtFrom).left(), Place(dialog, pair.txtNumber).left());
+  });
+}
+
 TEST_F(Dialog, PutsAHintRightBesideItsField) {
   Show(form, [&](FormDialog& dialog, UserDriver&) {
     const QRect field = Place(dialog, form.txtPeriod), hint = Place(dialog, form.lblHint);

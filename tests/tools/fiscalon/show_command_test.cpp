@@ -81,6 +81,18 @@ TEST_F(ShowCommand, RefusesACodeThatIsNoScreen) {
       "18, 19, 20, 25, 26, 27, 28\nRun \"fiscalon show --help\" for its options.\n");
 }
 
+TEST_F(ShowCommand, RefusesAnEmptyCodeAsValidateDoes) {
+  Write("a.pc4", Line(government_));
+  const std::string shown = Run("fiscalon show a.pc4 --screen ''").err;
+  const std::string judged = Run("fiscalon validate a.pc4 --amount 1 --screen ''").err;
+  EXPECT_THAT(shown, testing::StartsWith("fiscalon: there is no screen \"\"; the codes are 01, 02,"));
+  EXPECT_EQ(shown.substr(0, shown.find('\n')), judged.substr(0, judged.find('\n')));
+}
+
+TEST_F(ShowCommand, ReadsFilesThatTheSystemMakesUp) {
+  EXPECT_THAT(Run("fiscalon show /proc/self/cmdline").out, HasSubstr("no record: the line begins with \""));
+}
+
 TEST_F(ShowCommand, WritesDollarsAsTheUserDoes) {
   Write("a.pc4",
         Line(government_) + Line(free_) + Line(Ruled("PC40002T")) + Line(Ruled("PC40002F01-00000000000123450")));
@@ -214,7 +226,7 @@ TEST_F(ShowCommand, NamesALineThatIsTooLongForAnyRecord) {
   EXPECT_EQ(seen.status, 1);
   EXPECT_THAT(seen.out,
               AllOf(HasSubstr("    ... and 4999760 more characters\n"),
-                    HasSubstr("\n    ! a line of 5000160 characters; only the first 4096 are looked at\n"),
+                    HasSubstr("\n    ! a line of 5000160 characters; only the first 4095 are looked at\n"),
                     HasSubstr("\nline 2: F, free format, sequence \"0001\"\n"), HasSubstr("2 lines, 1 problem\n")));
 }
 
@@ -231,7 +243,7 @@ TEST_F(ShowScreen, ReadsFieldsAsWhatTheyAre) {
   EXPECT_THAT(Shown("03", "010000000000000123450220260331          0300000000000500000004000000000000000012"),
               AllOf(HasSubstr("  FieldValue  \"000000000000012345\"  $123.45\n"),
                     HasSubstr("  FieldValue  \"20260331··········\"  2026-03-31\n"),
-                    HasSubstr("  FieldValue  \"000000000000500000\"  $5,000.00\n"),
+                    HasSubstr("  FieldValue  \"000000000005000000\"  $50,000.00\n"),
                     HasSubstr("  FieldValue  \"000000000000000012\"  12\n"), HasSubstr("nothing wrong")));
   EXPECT_THAT(Shown("04", "012026              02000000000000012345"),
               AllOf(HasSubstr("  FieldValue  \"2026··············\"  2026\n"), HasSubstr("nothing wrong")));
@@ -335,7 +347,7 @@ class ShowBadOnly : public CommandLine {
     };
     const std::string good = "010000000000000123450220260331          0300000000000500000004000000000000000012";
     Write("b.pc4", payment("0001", good) + payment("0002", std::string(good).replace(62, 18, 18, ' ')) +
-                       payment("0003", good) + payment("0004", good));
+                       payment("0003", good) + payment("0004", "01000000000000012345"));
     Write("b.csv", "seq,screen,biller,amount\n0001,03,,12345\n0002,03,,12345\n0003,03,,12346\n0004,15,,12345\n");
   }
 

@@ -172,7 +172,7 @@ TEST_F(ShowStreams, NameAFileThatShrinksAndLeaveItsTornLineOut) {
 }
 
 TEST_F(ShowStreams, DoNotFollowTheirOwnOutput) {
-  Write("a.pc4", Line(Ruled("PC40001T")));
+  Write("a.pc4", ManyLines());
   const Outcome seen = Run("fiscalon show a.pc4 --json-lines >>a.pc4");
   EXPECT_EQ(seen.status, 2);
   EXPECT_THAT(seen.err, HasSubstr("the file became longer"));

@@ -74,7 +74,7 @@ TEST_F(ShownJson, MeansWhatTheFieldsOfTheScreenAre) {
     return told;
   };
   EXPECT_EQ(values("010000000000000123450220260331          0300000000000500000004000000000000000012", "03"),
-            "cents 123.45; date 2026-03-31; dollars 5000.00; count 12; ");
+            "cents 123.45; date 2026-03-31; dollars 50000.00; count 12; ");
   EXPECT_EQ(values("012026              02-00000000000000001", "04"), "year 2026; cents -0.01; blank ; blank ; ");
   EXPECT_EQ(values("01202612            ", "27"), "month 2026-12; blank ; blank ; blank ; ");
   EXPECT_EQ(values("0100000000000000000002000000000000000000", "14"), "count 0; count 0; blank ; blank ; ");

@@ -477,10 +477,12 @@ TEST_F(Generate, RefusesWhatMakesNoSense) {
        {"generate", "generate --payments 5 --screen 15", "generate --payments x --screen 03",
         "generate --payments 5 --screen 03 --bad 2", "generate --payments 5 --screen 03 --bad nan",
         "generate --payments 5 --screen 03 --out nowhere/batch", "generate --payments 5 --screen 03 --out ''",
+        "generate --payments 5 --screen 03 --out .", "generate --payments 5 --screen 03 --out ./",
         "generate --payments -1 --screen 03", "generate --payments 99999999999999999999 --screen 03",
         "generate --payments 5 --screen 03 --seed -1"})
     EXPECT_EQ(Run(arguments).status, 2) << arguments;
   EXPECT_FALSE(Exists(".csv"));
+  EXPECT_FALSE(Exists("..csv"));
 }
 
 TEST_F(Generate, EndsAtTheFirstWriteThatFails) {
