@@ -1,5 +1,5 @@
 # The ZIP for Windows, and beside it the SHA-256 of its bytes: the program, and the component with its type library, its
-# manifest, its guide and its examples, all in one folder. `cpack --preset windows` makes it.
+# header, its manifest, its guide and its examples, all in one folder. `cpack --preset windows` makes it.
 set(architecture x86_64)
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   set(architecture x86)
@@ -15,7 +15,7 @@ endif()
 if(TARGET fiscalon_component)
   get_target_property(folder fiscalon_component BINARY_DIR)
   install(TARGETS fiscalon_component RUNTIME DESTINATION .)
-  install(FILES ${folder}/fiscalon.tlb ${folder}/fiscalon.manifest DESTINATION .)
+  install(FILES ${folder}/fiscalon.tlb ${folder}/fiscalon.manifest ${folder}/fiscalon_component.h DESTINATION .)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/windows-guide.md DESTINATION .)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/windows/ DESTINATION examples PATTERN CMakeLists.txt EXCLUDE)
 endif()

@@ -20,7 +20,7 @@ namespace fiscalon {
 /// Errors: 9 for an unknown position, 5 for an unknown key, 457 for a key that is taken.
 template <typename Member>
 class KeyedCollection {
-  using Members = std::vector<std::unique_ptr<Member>>;
+  using Members = std::vector<std::shared_ptr<Member>>;
 
   /// Walks the members in order, as references, with all that the standard algorithms want.
   template <typename Reference>
@@ -33,7 +33,7 @@ class KeyedCollection {
     using reference = Reference&;
 
     Walk() = default;
-    explicit Walk(const std::unique_ptr<Member>* at) : at_(at) {}
+    explicit Walk(const std::shared_ptr<Member>* at) : at_(at) {}
     /// Whoever may change a member may read it.
     operator Walk<const Member>() const { return Walk<const Member>(at_); }
 
@@ -57,7 +57,7 @@ class KeyedCollection {
     friend auto operator<=>(const Walk&, const Walk&) = default;
 
    private:
-    const std::unique_ptr<Member>* at_ = nullptr;
+    const std::shared_ptr<Member>* at_ = nullptr;
   };
 
  public:
@@ -67,22 +67,26 @@ class KeyedCollection {
 
   Member& Item(int32_t position) { return *members_[Index(position)]; }
   const Member& Item(int32_t position) const { return *members_[Index(position)]; }
-  Member& Item(std::string_view key) { return *Find(key); }
-  const Member& Item(std::string_view key) const { return *Find(key); }
+  Member& Item(std::string_view key) { return *Find(key)->second; }
+  const Member& Item(std::string_view key) const { return *Find(key)->second; }
+
+  /// A member that whoever takes it may keep: it stays what it is when the collection lets it go.
+  std::shared_ptr<Member> Kept(int32_t position) const { return members_[Index(position)]; }
+  std::shared_ptr<Member> Kept(std::string_view key) const { return Find(key)->second; }
 
   int32_t Count() const { return static_cast<int32_t>(members_.size()); }
 
   void Remove(int32_t position) {
     const size_t index = Index(position);
     if (keys_)
-      std::erase_if(*keys_, [&](const auto& entry) { return entry.second == members_[index].get(); });
+      std::erase_if(*keys_, [&](const auto& entry) { return entry.second == members_[index]; });
     members_.erase(members_.begin() + static_cast<std::ptrdiff_t>(index));
   }
 
   void Remove(std::string_view key) {
-    const Member* const gone = Find(key);
-    keys_->erase(keys_->find(key));
-    std::erase_if(members_, [&](const auto& member) { return member.get() == gone; });
+    const auto found = Find(key);
+    std::erase(members_, found->second);
+    keys_->erase(found);
   }
 
   void Clear() {
@@ -97,7 +101,7 @@ class KeyedCollection {
 
  protected:
   /// Appends a member; an empty key is no key. The members stay as they were where the key is taken.
-  Member& Add(std::unique_ptr<Member> member, std::string_view key) {
+  Member& Add(std::shared_ptr<Member> member, std::string_view key) {
     if (members_.empty())
       members_.reserve(kUsualCount);
     if (key.empty())
@@ -106,13 +110,13 @@ class KeyedCollection {
       keys_ = std::make_unique<Keys>();
     if (keys_->contains(key))
       Raise(error_number::kDuplicateKey);
-    Member& added = *members_.emplace_back(std::move(member));
-    keys_->emplace(key, &added);
-    return added;
+    const std::shared_ptr<Member>& added = members_.emplace_back(std::move(member));
+    keys_->emplace(key, added);
+    return *added;
   }
 
  private:
-  using Keys = std::map<std::string, Member*, std::less<>>;
+  using Keys = std::map<std::string, std::shared_ptr<Member>, std::less<>>;
 
   /// A payment has two to five records.
   static constexpr size_t kUsualCount = 4;
@@ -123,10 +127,10 @@ class KeyedCollection {
     return static_cast<size_t>(position) - 1;
   }
 
-  Member* Find(std::string_view key) const {
+  typename Keys::iterator Find(std::string_view key) const {
     if (keys_) {
       if (const auto found = keys_->find(key); found != keys_->end())
-        return found->second;
+        return found;
     }
     Raise(error_number::kInvalidProcedureCall);
   }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <ranges>
 #include <vector>
 
@@ -137,6 +138,18 @@ TEST(KeyedCollection, MembersKeepTheirAddressWhileOthersComeAndGo) {
   records.Remove(50);
   first.Description("changed");
   EXPECT_EQ(records.Item(1).Description(), "changed");
+}
+
+TEST(KeyedCollection, AKeptMemberOutlivesItsPlace) {
+  PC4s records = ThreeRecords();
+  const std::shared_ptr<PC4> first = records.Kept(1);
+  const std::shared_ptr<PC4> second = records.Kept("key");
+  EXPECT_EQ(first.get(), &records.Item(1));
+  EXPECT_EQ(second.get(), &records.Item(2));
+  records.Clear();
+  EXPECT_EQ(first->Description(), "first");
+  EXPECT_EQ(second->Description(), "second");
+  EXPECT_EQ(second.use_count(), 1);
 }
 
 TEST(KeyedCollection, ClearForgetsMembersAndKeys) {

@@ -1,0 +1,107 @@
+#!/usr/bin/env bash
+# The component as hosts meet it: registered and not, from a script and from C++, with a user at the form.
+#   hosts_test.sh COMPONENT_FOLDER HOST FILL_FORM
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+# shellcheck source=tools/lib/wine.sh
+source "$root/tools/lib/wine.sh"
+
+readonly component=$1 host=$2 fillForm=$3
+folder=$(mktemp -d)
+cd "$folder"
+cp "$component/fiscalon.dll" "$component/fiscalon.manifest" .
+cp "$root"/examples/windows/{payment.vbs,payment.exe.manifest,batch.csv,batch.pc4} "$root/tests/component/every_member.vbs" .
+cp "$host" payment.exe
+cp "$fillForm" fill_form.exe
+End() {
+  Wine regsvr32 /s /u fiscalon.dll || true
+  rm -rf "$folder"
+}
+trap End EXIT
+
+# Expect STATUS COMMAND...: runs it; what it prints is in out, without carriage returns.
+Expect() {
+  local wanted=$1 status=0
+  shift
+  Wine "$@" >printed 2>errors || status=$?
+  tr -d '\r' <printed >out
+  if [[ "$status" != "$wanted" ]]; then
+    echo "$*: status $status, not $wanted" && cat out errors
+    exit 1
+  fi
+}
+
+# ExpectLines LINE...: all that was printed.
+ExpectLines() {
+  printf '%s\n' "$@" >wanted
+  diff wanted out
+}
+
+# Classes FILE: the classes' part of the registry, of the machine and of the user.
+Classes() {
+  Expect 0 reg export 'HKLM\Software\Classes' machine.reg /y
+  Expect 0 reg export 'HKCU\Software' user.reg /y
+  cat machine.reg user.reg >"$1"
+}
+
+# What screen "15" makes of the payment, typed in the order of its fields.
+blanks() { printf "%$1s" ''; }
+zeros=$(printf '%018d' 0)
+period="PC40001T$(blanks 16)202412$(blanks 10)"
+amounts="PC40001F01$(printf '%018d' 12345)02${zeros}03${zeros}04${zeros}$(blanks 72)"
+typed=20241212345
+readonly zeros period amounts typed
+unknown='Error -2147221503 from Fiscalon.ShowLevyraScreen: Invalid Screen Type'
+batch=(
+  '0001: valid'
+  "0002: invalid: Field 01 Amount of Payment is not equal to amount to be paid, Field 03 Gross Payroll in Remitting \
+Period cannot have decimal value or invalid"
+  '0003: invalid: Invalid or not supported Screen Type')
+readonly unknown batch
+
+# UseHost NAME COMMAND...: all that the two example hosts do alike. The name is that of who enters, in the code page.
+UseHost() {
+  local name
+  name=$(printf "$1%s" "$(blanks 30)" | LC_ALL=C cut -c -30)
+  shift
+  rm -f records.pc4
+  Expect 0 fill_form.exe "$typed" '&OK' "$@" 15 records.pc4
+  ExpectLines 'Written to records.pc4'
+  printf '"%s%sClerk%s"\r\n"%s"\r\n' "$period" "$name" "$(blanks 85)" "$amounts" >wanted
+  cmp wanted records.pc4
+  Expect 1 fill_form.exe "$typed" '&Cancel' "$@" 15
+  ExpectLines 'Cancelled.'
+  Expect 2 "$@" 12
+  ExpectLines "$unknown"
+  Expect 1 "$@" batch.csv batch.pc4
+  ExpectLines "${batch[@]}"
+}
+
+Classes before
+Expect 0 regsvr32 /s fiscalon.dll
+UseHost 'Ann Walker' cscript //nologo payment.vbs
+Expect 0 cscript //nologo every_member.vbs "$(winepath -w .)"
+ExpectLines '197 looked at, 0 wrong'
+Expect 0 regsvr32 /s /u fiscalon.dll
+Classes after
+cmp before after
+
+# By the manifests beside it, the other host needs no registration.
+UseHost 'H\xe9l\xe8ne C\xf4t\xe9' payment.exe
+Expect 0 fill_form.exe "$typed" '&OK' payment.exe 15
+ExpectLines "${period}Hélène Côté$(blanks 19)Clerk$(blanks 85)" "$amounts"
+rm payment.exe.manifest
+Expect 2 payment.exe 12
+
+# For one user: nothing of the machine's changes.
+Expect 0 regsvr32 /s /n /i:user fiscalon.dll
+Expect 0 reg export 'HKLM\Software\Classes' machine.reg /y
+cmp <(head -c "$(stat -c %s machine.reg)" before) machine.reg
+Expect 0 reg query 'HKCU\Software\Classes\Fiscalon.Levyra\CLSID'
+Expect 0 regsvr32 /s /u /n /i:user fiscalon.dll
+Classes after
+cmp before after
+# What is not registered is taken away without a word.
+Expect 0 regsvr32 /s /u fiscalon.dll
+Classes after
+cmp before after
