@@ -41,17 +41,40 @@ function __fiscalon_screens
     fiscalon screens 2>/dev/null | awk -v form="$argv[1]" 'NR > 1 && (form == "" || $3 == form) { code = $1; $1 = $2 = $3 = ""; sub(/^ +/, ""); print code "\t" $0 }'
 end
 
-complete -c fiscalon -f
-complete -c fiscalon -n 'not __fiscalon_command >/dev/null' -a '(__fiscalon_commands)'
-complete -c fiscalon -n 'string match -q -- "-*" (commandline -ct)' -a '(__fiscalon_options)'
-complete -c fiscalon -n 'contains -- (__fiscalon_command) collect picture' -a '(__fiscalon_screens yes)'
-complete -c fiscalon -n 'contains -- (__fiscalon_command) play show validate' -F
-
-complete -c fiscalon -l locale -x -a 'en-CA en-US fr-CA system'
-complete -c fiscalon -n 'contains -- (__fiscalon_command) play' -l toolkit -x -a 'scripted qt'
-complete -c fiscalon -n 'contains -- (__fiscalon_command) show validate generate' -l screen -x -a '(__fiscalon_screens)'
-complete -c fiscalon -n 'contains -- (__fiscalon_command) collect' -l write-file -x -a 'True False'
-complete -c fiscalon -n 'contains -- (__fiscalon_command) collect' -l play-by-play-enabled -x -a 'True False'
-for option in payments records report out record scenario gov-filename main-path
-    complete -c fiscalon -n "string match -q -- --$option (commandline -opc)[-1]" -F
+function __fiscalon_scenarios
+    complete -C "'' "(commandline -ct) | string match -r '.*(?:\.scenario|/)$'
 end
+
+function __fiscalon_after
+    set -l before (commandline -opc)[-1]
+    contains -- $before --$argv
+end
+
+# The next word is an operand: the one before is no option that takes a value.
+function __fiscalon_operand
+    set -l before (string escape --style=regex -- (commandline -opc)[-1])
+    not begin; fiscalon --help; fiscalon (__fiscalon_command) --help; end 2>/dev/null |
+        string match -qr -- "^  $before [A-Z]"
+end
+
+function __fiscalon_operand_of
+    contains -- "$(__fiscalon_command)" $argv; and __fiscalon_operand
+end
+
+complete -c fiscalon -f
+complete -c fiscalon -n 'not __fiscalon_command >/dev/null; and __fiscalon_operand' -a '(__fiscalon_commands)'
+complete -c fiscalon -n 'string match -q -- "-*" (commandline -ct)' -a '(__fiscalon_options)'
+complete -c fiscalon -n '__fiscalon_operand_of collect picture' -a '(__fiscalon_screens yes)'
+complete -c fiscalon -n '__fiscalon_operand_of play' -a '(__fiscalon_scenarios)'
+complete -c fiscalon -n '__fiscalon_operand_of show validate' -F
+
+complete -c fiscalon -n '__fiscalon_after locale' -a 'en-CA en-US fr-CA system'
+complete -c fiscalon -n '__fiscalon_after toolkit' -a 'scripted qt'
+complete -c fiscalon -n '__fiscalon_after screen' -a '(__fiscalon_screens)'
+complete -c fiscalon -n '__fiscalon_after write-file play-by-play-enabled' -a 'True False'
+complete -c fiscalon -n '__fiscalon_after scenario' -a '(__fiscalon_scenarios)'
+complete -c fiscalon -n '__fiscalon_after records report faults good out record gov-filename main-path' -F
+complete -c fiscalon -n '__fiscalon_after only; and test "$(__fiscalon_command)" = show' -a 'T F G P R I'
+complete -c fiscalon -n '__fiscalon_after payments; and test "$(__fiscalon_command)" = show' -F
+# A file for validate, a number for generate.
+complete -c fiscalon -n '__fiscalon_after payments bad; and test "$(__fiscalon_command)" = validate' -F

@@ -24,8 +24,9 @@ std::string ContentOf(const std::string& name) {
 FoundRecords FindRecords(const Levyra& session) {
   FoundRecords found;
   if (session.WriteFile() != kTrue) {
-    if (session.PC4Records() != nullptr)
-      for (const PC4& member : *session.PC4Records()) found.records.push_back(member.Description());
+    found.collection = session.PC4Records();
+    if (found.collection != nullptr)
+      for (const PC4& member : *found.collection) found.records.push_back(member.Description());
     return found;
   }
   const std::string content = ContentOf(session.GovFilename());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,6 +13,8 @@ namespace fiscalon {
 /// is the description.
 struct FoundRecords {
   std::vector<std::string> records = {};
+  /// The collection that they stand in; null where they stand in a file.
+  std::shared_ptr<PC4s> collection = {};
   /// The first line of the file that is not framed as screens write it, without CR LF. What can be read of it stands
   /// among the records.
   std::optional<std::string> foreignLine = {};

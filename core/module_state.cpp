@@ -18,7 +18,7 @@ Toolkit& TheToolkit() {
 }
 
 MessageAnswer ShowMessage(std::string_view text, MessageStyle style) {
-  return TheToolkit().ShowMessage({.text = std::string(text), .style = style});
+  return TheToolkit().Ask({.text = std::string(text), .style = style});
 }
 
 void QueryDecimalSeparator() {

@@ -22,10 +22,30 @@ std::shared_ptr<Form> InstanceOf(const LaunchRow& row) {
   if (row.make == nullptr)
     throw RuntimeError(kScreenNotAvailable, "Screen \"" + std::string(row.code) + "\" (" + std::string(row.form) +
                                                 ") is not part of this version");
-  std::shared_ptr<Form>& instance = TheModule().forms[std::string(row.form)];
-  if (!instance)
-    instance = row.make();
-  return instance;
+  auto& forms = TheModule().forms;
+  const auto made = forms.find(row.form);
+  return made != forms.end() ? made->second : forms.emplace(row.form, row.make()).first->second;
+}
+
+// The next launch makes another one.
+void ForgetInstanceOf(const LaunchRow& row) {
+  auto& forms = TheModule().forms;
+  if (const auto made = forms.find(row.form); made != forms.end())
+    forms.erase(made);
+}
+
+/// Sets a host's payment on its screen, shows it, and hands over what the user has confirmed.
+bool Show(const LaunchRow& row, Levyra& host, Screen& screen, Toolkit& toolkit) {
+  for (const LaunchProperty& property : row.properties) property.set(host, row.code, screen);
+  if (row.beforeShow != nullptr)
+    row.beforeShow(screen);
+  screen.ShowModal(toolkit);
+  const bool chosen = screen.Chosen() == kTrue;
+  // A file takes the records only with WriteFile exactly True, so any other value hands over the collection.
+  if (chosen && host.WriteFile() != kTrue)
+    host.PC4Records(screen.PC4Records());
+  screen.Unload();
+  return chosen;
 }
 
 }  // namespace
@@ -81,17 +101,16 @@ bool Levyra::Launch(const LaunchRow& row) {
   Toolkit& toolkit = TheToolkit();
   // Kept here too: a handler may reset the module, which forgets its forms.
   const std::shared_ptr<Form> instance = InstanceOf(row);
-  auto& screen = static_cast<Screen&>(*instance);
-  for (const LaunchProperty& property : row.properties) property.set(*this, row.code, screen);
-  if (row.beforeShow != nullptr)
-    row.beforeShow(screen);
-  screen.ShowModal(toolkit);
-  const bool chosen = screen.Chosen() == kTrue;
-  // A file takes the records only with WriteFile exactly True, so any other value hands over the collection.
-  if (chosen && writeFile_ != kTrue)
-    pc4Records_ = screen.PC4Records();
-  screen.Unload();
-  return chosen;
+  try {
+    return Show(row, *this, static_cast<Screen&>(*instance), toolkit);
+  } catch (const RuntimeError&) {
+    throw;
+  } catch (...) {
+    // No failure that the form's code reckons with, such as memory that ran out: what it left half done would show in
+    // the next launch.
+    ForgetInstanceOf(row);
+    throw;
+  }
 }
 
 }  // namespace fiscalon

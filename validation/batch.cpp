@@ -9,6 +9,7 @@
 
 #include "validation/judge_payment.h"
 #include "validation/payment_rows.h"
+#include "validation/quick_judge.h"
 #include "validation/record_block.h"
 #include "validation/turnstile.h"
 
@@ -36,6 +37,8 @@ struct Portion {
     size_t payment = 0;
     std::string screen;
     std::string reason;
+    /// Their lines count from the first of the payment; where the listener wants none, there are none.
+    std::vector<Fault> faults;
   };
   std::vector<Failure> failures;
   size_t judged = 0;
@@ -56,13 +59,16 @@ class BatchRun {
         recordsName_(records.Name()),
         recordFeed_(records),
         rowFeed_(payments),
+        records_(records),
         listener_(listener),
-        wantsAll_(listener.WantsValidPayments()) {
+        wantsAll_(listener.WantsValidPayments()),
+        wantsFaults_(listener.WantsFaults()) {
     progress_.totalBytes = records.Size();
   }
 
   BatchProgress Run(unsigned jobs) {
-    rowFeed_.TakeHeader();
+    if (rowFeed_.IsAtStart())
+      rowFeed_.TakeHeader();
     std::vector<std::jthread> threads;
     for (unsigned extra = 1; extra < jobs; ++extra) threads.emplace_back([this] { Work(); });
     Work();
@@ -148,8 +154,12 @@ class BatchRun {
         Part(portion, i, row.seq);
         return;
       }
-      if (!judge_.Judge({row.screen, row.biller, row.cents}, portion.records.Records(i), reason))
-        portion.failures.push_back({i, std::string(row.screen), reason});
+      const PaymentFigures figures{row.screen, row.biller, row.cents};
+      if (!IsGoodQuickly(figures, portion.records.Records(i), judge_.Day()) &&
+          !judge_.Judge(figures, portion.records.Records(i), reason))
+        portion.failures.push_back(
+            {i, std::string(row.screen), reason,
+             wantsFaults_ ? judge_.FaultsOf(figures, portion.records.Records(i)) : std::vector<Fault>()});
       if (wantsAll_)
         portion.screens[i] = row.screen;
     }
@@ -189,7 +199,7 @@ class BatchRun {
     Note(portion);
     if (problems_.empty())
       Tell(portion);
-    lines_ += portion.records.LineCount();
+    linesDone_ += portion.records.LineCount();
     const bool goesOn = !portion.IsLast() && problems_.size() < kMostProblems;
     if (!goesOn)
       Stop(nullptr);
@@ -202,31 +212,57 @@ class BatchRun {
       if (problems_.size() < kMostProblems)
         problems_.push_back({file, firstLine + problem.line, problem.reason});
     };
-    for (const LineProblem& problem : portion.records.Problems()) note(recordsName_, lines_ + 1, problem);
+    for (const LineProblem& problem : portion.records.Problems()) note(recordsName_, FirstLine(), problem);
     for (const LineProblem& problem : portion.rowProblems) note(paymentsName_, portion.firstRow, problem);
     if (portion.partingRecord)
-      note(recordsName_, lines_ + 1, *portion.partingRecord);
+      note(recordsName_, FirstLine(), *portion.partingRecord);
     if (portion.partingRow)
       note(paymentsName_, portion.firstRow, *portion.partingRow);
     if (portion.unreadable)
-      note(recordsName_, portion.unreadable->line == 0 ? 0 : lines_,
+      note(recordsName_, portion.unreadable->line == 0 ? 0 : FirstLine() - 1,
            {portion.unreadable->line, portion.unreadable->reason});
   }
 
-  void Tell(const Portion& portion) {
+  /// The line that the portion whose turn it is begins with, from 1. What stands before a stretch of a file is counted
+  /// only when this is asked for the first time, since a good stretch never asks.
+  uint64_t FirstLine() {
+    if (!linesBefore_)
+      linesBefore_ = records_.LinesBefore();
+    return *linesBefore_ + linesDone_ + 1;
+  }
+
+  void Tell(Portion& portion) {
     auto failure = portion.failures.begin();
     for (size_t i = 0; wantsAll_ && i < portion.judged; ++i) {
       const bool failed = failure != portion.failures.end() && failure->payment == i;
-      listener_.OnPayment({portion.records.Sequence(i), portion.screens[i],
-                           failed ? std::string_view(failure->reason) : std::string_view{}});
-      failure += failed ? 1 : 0;
+      if (failed)
+        TellFailure(portion, *failure++);
+      else
+        listener_.OnPayment(VerdictOn(portion, i, portion.screens[i]));
     }
-    for (; failure != portion.failures.end(); ++failure)
-      listener_.OnPayment({portion.records.Sequence(failure->payment), failure->screen, failure->reason});
+    for (; failure != portion.failures.end(); ++failure) TellFailure(portion, *failure);
     progress_.payments += portion.judged;
     progress_.invalid += portion.failures.size();
     progress_.bytes += portion.recordBytes.size();
     listener_.OnProgress(progress_);
+  }
+
+  void TellFailure(const Portion& portion, Portion::Failure& failure) {
+    PaymentVerdict verdict = VerdictOn(portion, failure.payment, failure.screen);
+    if (!failure.faults.empty()) {
+      verdict.line = FirstLine() + portion.records.FirstLine(failure.payment);
+      for (Fault& fault : failure.faults) fault.line += verdict.line - 1;
+    }
+    verdict.reason = failure.reason;
+    verdict.faults = failure.faults;
+    listener_.OnPayment(verdict);
+  }
+
+  static PaymentVerdict VerdictOn(const Portion& portion, size_t payment, std::string_view screen) {
+    return {.seq = portion.records.Sequence(payment),
+            .screen = screen,
+            .lines = portion.records.LinesOf(payment, portion.recordBytes),
+            .row = portion.firstRow + payment};
   }
 
   const std::string paymentsName_;
@@ -243,9 +279,13 @@ class BatchRun {
   RowFeed rowFeed_;
 
   Turnstile handing_;
+  const ByteSource& records_;
   BatchListener& listener_;
   const bool wantsAll_;
-  uint64_t lines_ = 0;
+  const bool wantsFaults_;
+  /// How many lines of the records were told of.
+  uint64_t linesDone_ = 0;
+  std::optional<uint64_t> linesBefore_;
   std::vector<BatchProblem> problems_;
   BatchProgress progress_;
 };

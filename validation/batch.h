@@ -3,11 +3,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "core/platform/date.h"
 #include "validation/batch_error.h"
 #include "validation/byte_source.h"
+#include "validation/fault.h"
 
 /// Judges whole batches: a payments list and a file with the records of its payments, in the same order. Both
 /// are read once, from start to end, in a memory that does not grow with them.
@@ -19,6 +21,14 @@ struct PaymentVerdict {
   std::string_view screen = {};
   /// Empty where the payment is good.
   std::string_view reason = {};
+  /// Where each part of the reason lies, if the listener wants to know.
+  std::span<const Fault> faults = {};
+  /// The payment's lines as they lie in the record file, with what stands around the records.
+  std::string_view lines = {};
+  /// The line that they begin with, from 1; 0 where `faults` is empty.
+  uint64_t line = 0;
+  /// Its line in the payments list, from 1.
+  uint64_t row = 0;
 
   bool IsValid() const { return reason.empty(); }
 };
@@ -39,6 +49,8 @@ class BatchListener {
 
   /// Whether `OnPayment` is to be told of good payments too.
   virtual bool WantsValidPayments() const = 0;
+  /// Whether the verdicts on bad payments are to tell where their faults lie.
+  virtual bool WantsFaults() const { return false; }
   virtual void OnPayment(const PaymentVerdict& verdict) = 0;
   /// Called every few thousand payments.
   virtual void OnProgress(const BatchProgress& /*progress*/) {}
@@ -48,6 +60,9 @@ class BatchListener {
 /// returns the counts. The listener's calls are the same for any number of threads. Throws `BatchError` where
 /// a file can't be read, a line is no record or row, or the two files do not line up; it names the first
 /// twenty such problems, up to the first place where the files part.
+///
+/// The sources may be stretches of the two files, as validation/batch_part.h cuts them: lines count from the start of
+/// the files then, and a header stands at the start of the payments list alone.
 BatchProgress ValidateBatch(ByteSource& payments, ByteSource& records, unsigned jobs, BatchListener& listener);
 
 }  // namespace fiscalon

@@ -36,6 +36,27 @@ void AppendText(std::string& row, std::string_view text) {
     AppendCsvField(row, ToUtf8(text));
 }
 
+/// A text as JSON has it, in quotes. Everything but quotes, backslashes and control characters stands as it is.
+void AppendJsonText(std::string& line, std::string_view text) {
+  constexpr std::string_view kHex = "0123456789abcdef";
+  line += '"';
+  for (const char c : IsAscii(text) ? std::string(text) : ToUtf8(text)) {
+    if (c == '"' || c == '\\')
+      line.append(1, '\\').append(1, c);
+    else if (static_cast<unsigned char>(c) < 0x20)
+      line.append("\\u00").append(1, kHex[static_cast<size_t>(c) / 16]).append(1, kHex[static_cast<size_t>(c) % 16]);
+    else
+      line += c;
+  }
+  line += '"';
+}
+
+/// One member of an object, with what separates it from those before it.
+void AppendMember(std::string& line, std::string_view key, std::string_view text) {
+  line.append(line.empty() || line.back() == '\n' ? "{\"" : ",\"").append(key).append("\":");
+  AppendJsonText(line, text);
+}
+
 }  // namespace
 
 std::string CsvField(std::string_view text) {
@@ -51,6 +72,43 @@ void AppendReportRow(std::string& report, const PaymentVerdict& verdict) {
   report += verdict.IsValid() ? ",yes," : ",no,";
   AppendText(report, verdict.reason);
   report += '\n';
+}
+
+void AppendFaultRows(std::string& rows, const PaymentVerdict& verdict) {
+  for (const Fault& fault : verdict.faults) {
+    AppendText(rows, verdict.seq);
+    rows += ',';
+    AppendText(rows, verdict.screen);
+    rows.append(",").append(std::to_string(fault.line));
+    for (const std::string_view text : {std::string_view(fault.field), fault.name, std::string_view(fault.value),
+                                        std::string_view(fault.code), std::string_view(fault.message)}) {
+      rows += ',';
+      AppendText(rows, text);
+    }
+    rows += '\n';
+  }
+}
+
+void AppendReportJson(std::string& report, const PaymentVerdict& verdict) {
+  AppendMember(report, "seq", verdict.seq);
+  AppendMember(report, "screen", verdict.screen);
+  report.append(",\"valid\":").append(verdict.IsValid() ? "true" : "false");
+  AppendMember(report, "reason", verdict.reason);
+  report += "}\n";
+}
+
+void AppendFaultJson(std::string& lines, const PaymentVerdict& verdict) {
+  for (const Fault& fault : verdict.faults) {
+    AppendMember(lines, "seq", verdict.seq);
+    AppendMember(lines, "screen", verdict.screen);
+    lines.append(",\"line\":").append(std::to_string(fault.line));
+    AppendMember(lines, "field", fault.field);
+    AppendMember(lines, "name", fault.name);
+    AppendMember(lines, "value", fault.value);
+    AppendMember(lines, "code", fault.code);
+    AppendMember(lines, "message", fault.message);
+    lines += "}\n";
+  }
 }
 
 void ReasonCounts::Add(std::string_view reason) {

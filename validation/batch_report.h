@@ -11,12 +11,20 @@
 namespace fiscalon {
 
 inline constexpr std::string_view kReportHeader = "seq,screen,valid,reason";
+inline constexpr std::string_view kFaultsHeader = "seq,screen,line,field,name,value,code,message";
 
 /// A field of a CSV row, in quotes where it must be.
 std::string CsvField(std::string_view text);
 
 /// Appends a verdict as a row of the report, in UTF-8: "0001,03,no,Field 02 End of Remitting Period is invalid".
 void AppendReportRow(std::string& report, const PaymentVerdict& verdict);
+
+/// Appends a row for each fault of a verdict: "0001,03,12,02,End of Remitting Period,2026053,not-a-date,Field 02 ...".
+void AppendFaultRows(std::string& rows, const PaymentVerdict& verdict);
+
+/// The same as JSON, an object a line, with the header's names as keys.
+void AppendReportJson(std::string& report, const PaymentVerdict& verdict);
+void AppendFaultJson(std::string& lines, const PaymentVerdict& verdict);
 
 /// How often each reason was given.
 class ReasonCounts {

@@ -37,6 +37,21 @@ class Memory : public ByteSource {
   std::string_view rest_;
 };
 
+/// Bytes that lie behind others of the same file.
+class MiddleOfMemory : public Memory {
+ public:
+  MiddleOfMemory(std::string_view before, std::string_view bytes, std::string name)
+      : Memory(bytes, std::move(name)), before_(before) {}
+
+  bool IsFromTheStart() const override { return before_.empty(); }
+  uint64_t LinesBefore() const override {
+    return static_cast<uint64_t>(std::count(before_.begin(), before_.end(), '\n'));
+  }
+
+ private:
+  std::string_view before_;
+};
+
 /// Bytes that come through a pipe.
 class Stream : public ByteSource {
  public:
@@ -90,6 +105,10 @@ std::unique_ptr<ByteSource> ByteSource::Open(const std::string& path) {
 
 std::unique_ptr<ByteSource> ByteSource::Of(std::string_view bytes, std::string name) {
   return std::make_unique<Memory>(bytes, std::move(name));
+}
+
+std::unique_ptr<ByteSource> ByteSource::Stretch(std::string_view before, std::string_view bytes, std::string name) {
+  return std::make_unique<MiddleOfMemory>(before, bytes, std::move(name));
 }
 
 }  // namespace fiscalon

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,6 +19,9 @@ class ByteSource {
   /// A buffer that stays where it is. The name stands in messages.
   static std::unique_ptr<ByteSource> Of(std::string_view bytes, std::string name);
 
+  /// A stretch of a file of which this stands before it. Both stay where they are.
+  static std::unique_ptr<ByteSource> Stretch(std::string_view before, std::string_view bytes, std::string name);
+
   virtual ~ByteSource() = default;
 
   /// How messages call it.
@@ -30,6 +34,10 @@ class ByteSource {
   virtual bool Stays() const = 0;
   /// How many bytes there are in all, where that is known.
   virtual std::optional<size_t> Size() const = 0;
+  /// Whether a file starts here, rather than a stretch of it.
+  virtual bool IsFromTheStart() const { return true; }
+  /// How many lines the file has before these bytes. They are counted when this is asked.
+  virtual uint64_t LinesBefore() const { return 0; }
 
  protected:
   explicit ByteSource(std::string name) : name_(std::move(name)) {}

@@ -26,19 +26,21 @@ struct FieldTest {
   bool (*passes)(std::string_view value, const Expectation& expected) = nullptr;
   /// What is wrong, behind the field's label.
   std::string_view predicate = {};
+  /// The same as a fault's code.
+  std::string_view code = {};
 };
 
-inline constexpr FieldTest kFilled{IsFilled, " cannot be blank"};
-inline constexpr FieldTest kFullLength{HasFullLength, " is invalid"};
-inline constexpr FieldTest kNumeric{IsNumber, " is invalid"};
-inline constexpr FieldTest kNotNegative{IsNotNegative, " cannot be less than 0"};
-inline constexpr FieldTest kDigits{HoldsDigits, " is invalid"};
-inline constexpr FieldTest kPayment{EqualsPayment, " is not equal to amount to be paid"};
-inline constexpr FieldTest kDate{IsDateInRange, " is invalid"};
-inline constexpr FieldTest kWholeDollars{IsWholeDollars, " cannot have decimal value or invalid"};
-inline constexpr FieldTest kAtLeastOne{IsAtLeastOne, " is invalid"};
-inline constexpr FieldTest kRemittanceType{IsRemittanceType, " is invalid"};
+inline constexpr FieldTest kFilled{IsFilled, " cannot be blank", "blank"};
+inline constexpr FieldTest kFullLength{HasFullLength, " is invalid", "short"};
+inline constexpr FieldTest kNumeric{IsNumber, " is invalid", "not-a-number"};
+inline constexpr FieldTest kNotNegative{IsNotNegative, " cannot be less than 0", "negative"};
+inline constexpr FieldTest kDigits{HoldsDigits, " is invalid", "not-digits"};
+inline constexpr FieldTest kPayment{EqualsPayment, " is not equal to amount to be paid", "not-the-amount"};
+inline constexpr FieldTest kDate{IsDateInRange, " is invalid", "not-a-date"};
+inline constexpr FieldTest kWholeDollars{IsWholeDollars, " cannot have decimal value or invalid", "has-cents"};
+inline constexpr FieldTest kAtLeastOne{IsAtLeastOne, " is invalid", "below-one"};
+inline constexpr FieldTest kRemittanceType{IsRemittanceType, " is invalid", "not-a-type"};
 /// For a number that the screen does not use: its label ends with a blank.
-inline constexpr FieldTest kUnused{IsBlankOrZero, "is not required"};
+inline constexpr FieldTest kUnused{IsBlankOrZero, "is not required", "not-required"};
 
 }  // namespace fiscalon

@@ -4,6 +4,7 @@
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"
+#include "validation/quick_judge.h"
 #include "validation/rule_sets.h"
 
 namespace fiscalon {
@@ -20,10 +21,8 @@ Expectation PaymentJudge::ExpectAnyAmount(const PaymentFigures& payment) const {
 }
 
 Expectation PaymentJudge::Expect(const PaymentFigures& payment) const {
-  // Amounts of up to 15 digits lose nothing as a text of dollars, so they read back as the quotient itself.
-  constexpr int64_t kFifteenDigits = 999'999'999'999'999;
   const int64_t cents = payment.cents;
-  if (cents < 0 || cents > kFifteenDigits)
+  if (!ReadsBackAsItIs(cents))
     return ExpectAnyAmount(payment);
   return {.paymentAmount = static_cast<double>(cents) / 100,
           .paymentCents = static_cast<uint64_t>(cents),
@@ -34,20 +33,26 @@ Expectation PaymentJudge::Expect(const PaymentFigures& payment) const {
 bool PaymentJudge::Judge(const PaymentFigures& payment, std::span<const std::string_view> records,
                          std::string& reason) const {
   reason.clear();
+  if (IsGoodQuickly(payment, records, day_))
+    return true;
   const RuleSet* const rules = RulesOf(payment.screenCode);
   if (rules == nullptr) {
     reason = kUnsupportedScreen;
     return false;
   }
-  const Expectation expected = Expect(payment);
-  if (PassesQuickly(*rules, records, expected))
-    return true;
   try {
-    return JudgeRecords(*rules, records, expected, reason);
+    return JudgeRecords(*rules, records, Expect(payment), reason);
   } catch (const RuntimeError& error) {
     reason = ErrorReason(error);
     return false;
   }
+}
+
+std::vector<Fault> PaymentJudge::FaultsOf(const PaymentFigures& payment,
+                                          std::span<const std::string_view> records) const {
+  if (const RuleSet* const rules = RulesOf(payment.screenCode))
+    return FaultsOfRecords(*rules, records, Expect(payment));
+  return {{.code = std::string(kUnsupportedScreenCode), .message = std::string(kUnsupportedScreen)}};
 }
 
 }  // namespace fiscalon

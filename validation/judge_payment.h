@@ -4,8 +4,10 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "validation/expectation.h"
+#include "validation/fault.h"
 
 namespace fiscalon {
 
@@ -29,6 +31,13 @@ class PaymentJudge {
   /// Whether a payment's records, without quotes, meet the rules of its screen. `reason` becomes what
   /// `InvalidReason` would be: empty for a good payment.
   bool Judge(const PaymentFigures& payment, std::span<const std::string_view> records, std::string& reason) const;
+
+  /// Where each part of that reason lies, in its order; empty for a good payment. Judges the payment over again, test
+  /// by test, so it is for the few that are bad.
+  std::vector<Fault> FaultsOf(const PaymentFigures& payment, std::span<const std::string_view> records) const;
+
+  /// The day as of which it judges.
+  const JudgingDay& Day() const { return day_; }
 
  private:
   Expectation Expect(const PaymentFigures& payment) const;

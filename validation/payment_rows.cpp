@@ -1,13 +1,11 @@
 #include "validation/payment_rows.h"
 
 #include <algorithm>
-#include <bit>
 #include <charconv>
 #include <vector>
 
 #include "core/platform/code_page.h"
 #include "validation/batch_error.h"
-#include "validation/quick_digits.h"
 
 namespace fiscalon {
 
@@ -17,8 +15,6 @@ constexpr size_t kFields = 4;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// The largest amount that `Money` holds.
 constexpr int64_t kLargestAmount = 92'233'720'368'547'758;
-
-constexpr int64_t kPowersOfTen[] = {1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000};
 
 bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -113,30 +109,6 @@ size_t LengthOfLines(std::string_view bytes, size_t& count, bool isWhole) {
   return at;
 }
 
-/// Takes a number of 1 to 15 digits; sixteen characters may be read from there.
-bool TakeDigits(const char*& at, int64_t& number) {
-  number = 0;
-  for (int eights = 0; eights < 2; ++eights) {
-    const uint64_t eight = LoadEight(at);
-    const uint64_t other = OtherThanDigits(eight);
-    if (other == 0) {
-      number = static_cast<int64_t>(DigitsValue(eight));
-      at += 8;
-      continue;
-    }
-    const int digits = std::countr_zero(other) / 8;
-    if (digits > 0) {
-      // The digits move to the end of the eight; zeros fill the front.
-      const int shift = 8 * (8 - digits);
-      const uint64_t filled = eight << shift | InAllEight('0') >> (64 - shift);
-      number = number * kPowersOfTen[digits] + static_cast<int64_t>(DigitsValue(filled));
-      at += digits;
-    }
-    return eights > 0 || digits > 0;
-  }
-  return false;
-}
-
 }  // namespace
 
 std::string ReadCents(std::string_view text, int64_t& cents) {
@@ -157,40 +129,6 @@ std::string ReadCents(std::string_view text, int64_t& cents) {
 void RowReader::Read(std::string_view bytes) {
   rest_ = bytes;
   texts_.clear();
-}
-
-bool RowReader::NextQuickly(PaymentRow& row) {
-  // "0001,03," is eight characters; so much as a biller and an amount take must follow, or else the end is near.
-  constexpr size_t kRoom = 40;
-  if (rest_.size() < kRoom)
-    return false;
-  const char* const start = rest_.data();
-  const char* at = start + 8;
-  constexpr uint64_t kSeparators = uint64_t{0xFF} << 32 | uint64_t{0xFF} << 56;
-  const uint64_t head = LoadEight(start);
-  if ((head & kSeparators) != (InAllEight(',') & kSeparators) ||
-      !AreDigits((head & ~kSeparators) | (InAllEight('0') & kSeparators)))
-    return false;
-  row.seq = {start, 4};
-  row.screen = {start + 5, 2};
-  // The biller is empty or six digits and a comma.
-  const char* const biller = at;
-  if (*at != ',') {
-    if (at[6] != ',' || !AreDigits((LoadEight(at) & 0x0000FFFFFFFFFFFFu) | (InAllEight('0') & ~0x0000FFFFFFFFFFFFu)))
-      return false;
-    at += 6;
-  }
-  row.biller = {biller, static_cast<size_t>(at - biller)};
-  ++at;
-  int64_t cents = 0;
-  if (!TakeDigits(at, cents))
-    return false;
-  row.cents = cents;
-  at += *at == '\r' ? 1 : 0;
-  if (*at++ != '\n')
-    return false;
-  rest_.remove_prefix(static_cast<size_t>(at - start));
-  return true;
 }
 
 std::string RowReader::Next(PaymentRow& row) {

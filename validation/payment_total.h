@@ -19,8 +19,9 @@ class PaymentTotal {
   void Keep(int addend, std::string_view value);
 
   /// Whether the total, written by "0.00" under the user's locale and read back with "." as its point, is the
-  /// amount to be paid, both as `Money`. Error 6 where the amount to be paid is beyond `Money`.
-  bool Makes(const Expectation& expected) const;
+  /// amount to be paid, both as `Money`. `total` becomes what was written: empty where it is beyond `Money`. Error 6
+  /// where the amount to be paid is.
+  bool Makes(const Expectation& expected, std::string& total) const;
 
  private:
   /// Dollars, with "." as the point.
@@ -33,9 +34,19 @@ class QuickTotal {
   void Keep(int addend, uint64_t cents) { cents_[static_cast<size_t>(addend)] = cents; }
 
   /// Whether the total makes the amount to be paid for sure. False says nothing.
-  bool Makes(const Expectation& expected) const;
+  bool Makes(const Expectation& expected) const {
+    uint64_t total = 0;
+    for (const uint64_t cents : cents_) total += cents;
+    return total == expected.paymentCents && total <= kLargestExact && IsReadBackAsWritten();
+  }
 
  private:
+  /// Totals up to 10 billion dollars are added, written and read back without any loss.
+  static constexpr uint64_t kLargestExact = 1'000'000'000'000;
+
+  /// Whether totals are written with the point that they are read with.
+  static bool IsReadBackAsWritten();
+
   std::array<uint64_t, kAddends> cents_ = {};
 };
 

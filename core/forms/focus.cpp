@@ -18,7 +18,22 @@ std::vector<Control*> Focus::Order() const {
   return order;
 }
 
+void Focus::ActBegins() {
+  before_ = active_;
+  isAskedFor_ = false;
+  given_ = nullptr;
+}
+
+void Focus::ActEnds(bool toldByBox) {
+  if (toldByBox || waiting_ != active_)
+    waiting_ = nullptr;
+  if (!toldByBox && isAskedFor_ && active_ != nullptr && active_ == before_ && active_ == given_)
+    waiting_ = active_;
+}
+
 void Focus::Set(Control& control) {
+  if (form_.IsUp())
+    given_ = &control;
   if (form_.phase_ == Form::Phase::Loaded || &control == active_)
     return;
   if (!control.CanTakeFocus())

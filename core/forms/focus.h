@@ -17,7 +17,16 @@ class Focus {
   /// The control that has the focus, or null.
   Control* Active() const { return active_; }
   /// No control has it, and none hears of that: the form is opened or unloaded.
-  void Forget() { active_ = nullptr; }
+  void Forget() { active_ = waiting_ = nullptr; }
+
+  /// The control that a handler kept the focus on, or gave it back to, though the user asked to go on, while no box
+  /// said why; null for none. It stands until the focus is elsewhere, or a box tells more.
+  Control* Waiting() const { return waiting_; }
+  // An act of the user from its begin to its end, and within it that the user asks the focus to go on: to a control,
+  // or wherever an entry that is confirmed leads.
+  void ActBegins();
+  void UserGoesOn(const Control* to = nullptr) { isAskedFor_ = isAskedFor_ || to != active_; }
+  void ActEnds(bool toldByBox);
 
   /// All controls that take keys, by tab index; those without one come last, as they are declared.
   std::vector<Control*> Order() const;
@@ -36,6 +45,11 @@ class Focus {
  private:
   Form& form_;
   Control* active_ = nullptr;
+  Control* waiting_ = nullptr;
+  /// Of the act that is under way: who had the focus, whether the user asked to go on, and whom code gave it to last.
+  Control* before_ = nullptr;
+  bool isAskedFor_ = false;
+  const Control* given_ = nullptr;
 };
 
 }  // namespace fiscalon

@@ -57,6 +57,10 @@ class Form {
   /// The control that has the focus, or null. Inside a `LostFocus` handler that is the control which took it.
   Control* ActiveControl() const { return focus_.Active(); }
 
+  /// The control that keeps the focus in silence: a handler holds the user there who asked to go on, and no box says
+  /// why. Null for none. Front ends tell it in their own way, by the text of `StatusOf` (laid_out.h).
+  Control* WaitingControl() const { return focus_.Waiting(); }
+
   /// The controls that Tab stops at and others that take the focus, in tab order.
   std::vector<Control*> TabOrder() const { return focus_.Order(); }
 
@@ -124,6 +128,8 @@ class Form {
   bool showing_ = false;
   std::exception_ptr failure_;
   FormObserver* observer_ = nullptr;
+  /// Of the show that is on.
+  const Toolkit* toolkit_ = nullptr;
 };
 
 }  // namespace fiscalon

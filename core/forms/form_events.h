@@ -29,14 +29,18 @@ void UserActs::Act(ActPart part, Call&& call) {
   const ScopedValue acting(acting_, true);
   editingFollows_ = false;
   characterFollows_ = false;
-  if (part == ActPart::First)
+  if (part == ActPart::First) {
     form_.queue_.BeginAct();
+    form_.focus_.ActBegins();
+  }
+  const int boxesBefore = form_.toolkit_->BoxesShown();
   try {
     call();
     form_.RunPosted();
   } catch (...) {
     form_.Fail(std::current_exception());
   }
+  form_.focus_.ActEnds(form_.toolkit_->BoxesShown() != boxesBefore);
 }
 
 }  // namespace fiscalon

@@ -74,6 +74,16 @@ void RefuseFrameWithin(const Form& form, const Frame* outer, const Control* inne
     throw FormMisuse(form.Name(), inner->Name(), "is a frame within the frame " + outer->Name());
 }
 
+/// What the form calls a control that takes entries, with its hint.
+std::string NameOf(const Control& control, const Form& form) {
+  for (const LaidOutGroup& group : LaidOut(form))
+    for (const LaidOutRow& row : group.rows)
+      for (const LaidOutCell& cell : row)
+        if (cell.field == &control && !cell.name.empty())
+          return cell.description.empty() ? cell.name : cell.name + " (" + cell.description + ")";
+  return CaptionOf(&control);
+}
+
 }  // namespace
 
 std::vector<LaidOutGroup> LaidOut(const Form& form) {
@@ -99,6 +109,14 @@ std::vector<LaidOutGroup> LaidOut(const Form& form) {
     last.frame = nullptr;
   }
   return groups;
+}
+
+std::string StatusOf(const Form& form) {
+  const Control* const waiting = form.WaitingControl();
+  if (waiting == nullptr)
+    return {};
+  const std::string name = NameOf(*waiting, form);
+  return "Please correct this entry" + (name.empty() ? std::string(".") : ": " + name);
 }
 
 }  // namespace fiscalon

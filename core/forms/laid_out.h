@@ -39,4 +39,7 @@ struct LaidOutGroup {
 /// Throws `FormMisuse` for a frame within a frame.
 std::vector<LaidOutGroup> LaidOut(const Form& form);
 
+/// What a form that is up says without a box, for a status line: which entry keeps the focus in silence. Empty mostly.
+std::string StatusOf(const Form& form);
+
 }  // namespace fiscalon

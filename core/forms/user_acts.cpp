@@ -64,6 +64,9 @@ bool UserActs::KeyGoesOn(Control* control, const KeyStroke& stroke, int& keyCode
 }
 
 KeyOutcome UserActs::Typed(Control* control, int keyCode, int character) {
+  // Enter confirms an entry, and its handler may go on from it.
+  if (character == key::kEnter)
+    form_.focus_.UserGoesOn();
   form_.Run("Form", "KeyPress", [&] { form_.Form_KeyPress(character); });
   if (character != 0 && control != nullptr && control->events_.keyPress && form_.IsUp())
     form_.Run(control->Name(), "KeyPress", [&] { control->events_.keyPress(character); });
@@ -83,6 +86,7 @@ bool UserActs::DialogKey(const KeyStroke& stroke) {
     return AccessKeyPressed(stroke);
   switch (stroke.keyCode) {
     case key::kTab:
+      form_.focus_.UserGoesOn();
       form_.focus_.MoveToNext((stroke.shift & shift_state::kShift) != 0 ? -1 : +1);
       return true;
     case key::kEscape:
@@ -153,6 +157,7 @@ bool UserActs::PressAndFocus(Control& control) {
   control.Fire("MouseDown", control.events_.mouseDown);
   if (!form_.IsUp())
     return false;
+  form_.focus_.UserGoesOn(&control);
   if (control.CanTakeFocus())
     form_.focus_.Move(control, FocusBy::Mouse);
   form_.RunPosted();
@@ -174,6 +179,7 @@ void UserActs::ClickIfFocused(Control& control) {
 }
 
 void UserActs::GoAndClick(Control& control, FocusBy by) {
+  form_.focus_.UserGoesOn(&control);
   form_.focus_.Move(control, by);
   form_.RunPosted();
   ClickIfFocused(control);
@@ -205,6 +211,7 @@ void UserActs::Choose(ListControl& list, int row) {
 void UserActs::BringFocus(Control& control) {
   Act(ActPart::First, [&] {
     ExpectOwn(control);
+    form_.focus_.UserGoesOn(&control);
     if (control.CanTakeFocus())
       form_.focus_.Move(control, FocusBy::KeyboardOrCode);
   });

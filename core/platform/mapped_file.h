@@ -11,7 +11,7 @@ namespace fiscalon {
 class MappedFile {
  public:
   /// Maps an open file, which may be closed afterwards. Null for what can't be mapped: a pipe, a folder, an
-  /// empty file, a system that maps none. It is then still where it was and can be read.
+  /// empty file, one too large for the addresses there are. It is then still where it was and can be read.
   static std::unique_ptr<MappedFile> Of(std::FILE* file);
 
   ~MappedFile();

@@ -1,5 +1,7 @@
 #include "core/records/record_line.h"
 
+#include <utility>
+
 namespace fiscalon {
 
 RecordLine TakeRecordLine(std::string_view& bytes) {
@@ -12,6 +14,8 @@ RecordLine TakeRecordLine(std::string_view& bytes) {
     line.record.remove_suffix(1);
   if (ends)
     line.end = hasCr ? LineEnd::CrLf : LineEnd::Lf;
+  else if (hasCr)
+    line.end = LineEnd::Cr;
   line.hasByteOrderMark = line.record.starts_with(kByteOrderMark);
   if (line.hasByteOrderMark)
     line.record.remove_prefix(kByteOrderMark.size());
@@ -31,14 +35,23 @@ std::vector<RecordLine> RecordLinesOf(std::string_view bytes) {
   return lines;
 }
 
-std::string WrongWith(const RecordLine& line) {
+std::vector<std::string> WrongAround(const RecordLine& line) {
+  std::vector<std::string> wrong;
   if (line.hasByteOrderMark)
-    return "a byte-order mark; record files have none";
+    wrong.emplace_back("a byte-order mark; record files have none");
   if (line.opensWithQuote && !line.closesWithQuote)
-    return "the quote in front has none behind; the line has " + std::to_string(line.record.size()) +
-           " more characters";
+    wrong.push_back("the quote in front has none behind; the line has " + std::to_string(line.record.size()) +
+                    " more characters");
   if (line.closesWithQuote && !line.opensWithQuote)
-    return "the quote behind has none in front";
+    wrong.emplace_back("the quote behind has none in front");
+  if (line.end == LineEnd::Cr)
+    wrong.emplace_back("half a line end, CR without LF; the file was cut off there");
+  return wrong;
+}
+
+std::string WrongWith(const RecordLine& line) {
+  if (std::vector<std::string> around = WrongAround(line); !around.empty())
+    return std::move(around.front());
   if (line.record.empty())
     return "an empty line";
   if (const size_t nul = line.record.find('\0'); nul != line.record.npos)

@@ -14,8 +14,12 @@ inline constexpr char kRecordQuote = '"';
 /// What editors put in front of UTF-8, and record files, which are Windows-1252, never have.
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// What ends a line; only the last one can lack it, or have no more of it than a CR, which is taken off too.
-enum class LineEnd { None, Lf, CrLf };
+/// What a file is told that holds no line, wherever records are to be read from it.
+inline constexpr std::string_view kNoRecords = "the file is empty, it holds no records";
+
+/// What ends a line. Only the last one can lack it, which is nothing wrong, or have the first half of it, a CR, which
+/// shows that the file was cut off there. The CR is taken off too.
+enum class LineEnd { None, Cr, Lf, CrLf };
 
 /// One line as it lies in the file.
 struct RecordLine {
@@ -46,8 +50,12 @@ constexpr bool HasRecordHead(std::string_view record) {
   return record.size() >= kHeadLength && record.starts_with(kRecordMark);
 }
 
-/// Why a line can't be read as a record, in words for the user; empty where it can. Lengths are not judged: records of
-/// other lengths can be read as far as they go.
+/// Everything that is wrong around a record, in words for the user: byte-order mark, quotes, line end. Whoever reads
+/// records goes by it.
+std::vector<std::string> WrongAround(const RecordLine& line);
+
+/// Why a line can't be read as a record, in words for the user; empty where it can. What is wrong around the record
+/// comes first. Lengths are not judged: records of other lengths can be read as far as they go.
 std::string WrongWith(const RecordLine& line);
 
 }  // namespace fiscalon

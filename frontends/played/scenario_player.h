@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "core/found_records.h"
 #include "core/platform/date.h"
 #include "frontends/played/scenario.h"
 #include "frontends/played/user_driver.h"
@@ -28,10 +29,12 @@ struct PlayWatcher {
   std::function<void(const BoxRequest& box, MessageAnswer answer, Form* form)> boxAnswered = {};
   /// A beep, or a help page, in the words of an `expect` line.
   std::function<void(const std::string& what)> noticed = {};
+  /// A line has given the form a status.
+  std::function<void(const std::string& status)> statusCame = {};
   /// `ShowLevyraScreen` has ended: "result True", or the error, in the words of an `expect` line.
   std::function<void(const std::string& ending)> showEnded = {};
   /// The scenario is over, and what it made is still there: the records, before they go.
-  std::function<void(const std::vector<std::string>& records)> ended = {};
+  std::function<void(const FoundRecords& found)> ended = {};
   /// The last that is heard: the folder behind `$TMP`, before it goes.
   std::function<void(const std::filesystem::path& folder)> folderGoes = {};
 };

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "core/forms/laid_out.h"
 #include "core/found_records.h"
 #include "core/launch.h"
 #include "core/module_state.h"
@@ -59,7 +60,7 @@ void ScenarioRun::Play() {
   if (error_)
     Fail("no error", Ending());
   if (watcher_.ended)
-    watcher_.ended(Records());
+    watcher_.ended(Found());
   if (watcher_.folderGoes)
     watcher_.folderGoes(folder_.Path());
 }
@@ -70,7 +71,10 @@ void ScenarioRun::PlayLine() {
   if (watcher_.lineBegins)
     watcher_.lineBegins(line);
   BeginTurn(line);
+  const std::string statusBefore = Status();
   line.form->play(*this, WithFolder(line.arguments));
+  if (const std::string status = Status(); watcher_.statusCame && !status.empty() && status != statusBefore)
+    watcher_.statusCame(status);
   if (watcher_.lineEnds)
     watcher_.lineEnds(line, FormIsUp() ? form_ : nullptr);
 }
@@ -153,6 +157,10 @@ bool ScenarioRun::FormIsUp() const {
   return form_ != nullptr && form_->IsUp();
 }
 
+std::string ScenarioRun::Status() const {
+  return FormIsUp() ? ToUtf8(StatusOf(*form_)) : std::string();
+}
+
 UserDriver& ScenarioRun::User() const {
   if (!FormIsUp())
     Fail("a form to be open", "no form is open");
@@ -188,12 +196,12 @@ std::string ScenarioRun::Ending() const {
   return result_ ? std::string("result ") + (*result_ ? "True" : "False") : "no screen was shown";
 }
 
-std::vector<std::string> ScenarioRun::Records() const {
+FoundRecords ScenarioRun::Found() const {
   FoundRecords found = FindRecords(*session_);
   if (found.foreignLine)
     Fail("each line of the record file in double quotes and ended by CR LF",
          QuotedArgument(ToUtf8(*found.foreignLine)));
-  return std::move(found.records);
+  return found;
 }
 
 void ScenarioRun::Compare(const std::string& expected, const std::string& seen) const {

@@ -38,6 +38,8 @@ class ScenarioRun {
   void Show(const std::string& code);
 
   bool FormIsUp() const;
+  /// What the form says without a box, in UTF-8; empty where none is up.
+  std::string Status() const;
   /// Of the form that was shown last, which may be closed by now; empty before.
   const std::string& NameOfForm() const { return shownForm_; }
   /// The user at the form that is up. Fails where none is.
@@ -54,7 +56,8 @@ class ScenarioRun {
   /// The error of the last show was expected.
   void ForgiveError() { error_.reset(); }
   /// The records that the host finds, in the code page.
-  std::vector<std::string> Records() const;
+  FoundRecords Found() const;
+  std::vector<std::string> Records() const { return Found().records; }
 
   void Compare(const std::string& expected, const std::string& seen) const;
   void CompareTexts(const std::string& expected, std::string_view seenInCodePage) const;

@@ -12,7 +12,8 @@ void NameFields(const Form& form, const std::function<QWidget&(const Control&)>&
           continue;
         QWidget& field = widgetOf(*cell.field);
         field.setAccessibleName(ToQt(cell.name));
-        field.setAccessibleDescription(ToQt(cell.description));
+        const std::string status = cell.field == form.WaitingControl() ? StatusOf(form) : std::string();
+        field.setAccessibleDescription(ToQt(status.empty() ? cell.description : status));
       }
 }
 

@@ -25,12 +25,14 @@ QFrame* NewLine(QWidget& parent) {
   return line;
 }
 
-/// The widest caption in one column of a grid. What spans the fields too is no caption.
+/// The widest caption in one column of a grid. What spans the fields too is no caption, and what is hidden makes no
+/// room.
 int CaptionWidth(const QGridLayout& grid, int column) {
   int width = 0;
   for (int row = 0; row < grid.rowCount(); ++row) {
     const QLayoutItem* item = grid.itemAtPosition(row, column);
-    if (item != nullptr && item->widget() != nullptr && item != grid.itemAtPosition(row, column + 1))
+    if (item != nullptr && item->widget() != nullptr && !item->widget()->isHidden() &&
+        item != grid.itemAtPosition(row, column + 1))
       width = std::max(width, item->widget()->sizeHint().width());
   }
   return width;
@@ -69,7 +71,6 @@ DialogLayout::DialogLayout(const Form& form, WidgetOf widgetOf, QWidget& body)
   }
   for (const LaidOutGroup& group : groups) AddGroup(columns_[group.column], group);
   for (auto& [number, column] : columns_) column.sections->addStretch(1);
-  AlignCaptions();
 }
 
 QWidget& DialogLayout::Place(const Control& control) {

@@ -22,7 +22,8 @@ class DialogLayout {
 
   /// The row of buttons, to stand under the body.
   QLayout* Buttons();
-  /// Gives the captions of a column one width. To be called again when fonts have changed.
+  /// Gives the captions of a column one width: that of the widest that is shown. To be called when it is known what is
+  /// shown, and again when something appears or fonts have changed.
   void AlignCaptions();
 
  private:

@@ -1,5 +1,6 @@
 #include "frontends/qt/form_dialog.h"
 
+#include <QAccessible>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QFocusEvent>
@@ -39,7 +40,10 @@ void ForgetOldSizes(const QWidget& widget) {
 FormDialog::FormDialog(Form& form, QWidget* parent, ActWatcher* watcher)
     : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
       form_(form),
-      acts_(form, watcher, [this] { AlignFocus(); }) {
+      acts_(form, watcher, [this] {
+        AlignFocus();
+        ShowStatus();
+      }) {
   setWindowModality(Qt::ApplicationModal);
   // The host's application does not end with its last form.
   setAttribute(Qt::WA_QuitOnClose, false);
@@ -90,6 +94,12 @@ void FormDialog::LayOut() {
   whole->addWidget(scroller_, 1);
   whole->addSpacing(whole->spacing());
   whole->addLayout(layout_->Buttons());
+  status_ = new QLabel(this);
+  status_->setObjectName(QStringLiteral("status"));
+  status_->setTextFormat(Qt::PlainText);
+  status_->setWordWrap(true);
+  status_->hide();
+  whole->addWidget(status_);
   for (const auto& [control, view] : views_) {
     // A frame without a place in the layout is no box, it only hides and disables with what it holds.
     if (view->Widget().parentWidget() == this && control->Kind() == ControlKind::Frame)
@@ -149,7 +159,8 @@ QSize FormDialog::sizeHint() const {
   const QSize room = seen ? screen()->availableSize() * 9 / 10 : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
   const int scrollBar =
       wanted.height() + around.height() > room.height() ? scroller_->verticalScrollBar()->sizeHint().width() : 0;
-  const QSize buttons = layout()->itemAt(layout()->count() - 1)->sizeHint() + QSize(around.width(), 0);
+  // The status stands below the buttons.
+  const QSize buttons = layout()->itemAt(layout()->count() - 2)->sizeHint() + QSize(around.width(), 0);
   const QSize whole(std::max(wanted.width() + around.width() + scrollBar, buttons.width()),
                     wanted.height() + around.height());
   return whole.boundedTo(room);
@@ -265,6 +276,27 @@ void FormDialog::AlignFocus() {
     scroller_->ensureWidgetVisible(wanted);
 }
 
+void FormDialog::ShowStatus() {
+  if (!form_.IsUp())
+    return;
+  const QString text = ToQt(StatusOf(form_));
+  if (status_->text() == text)
+    return;
+  status_->setText(text);
+  // Its place stays: buttons must not move under a mouse that is down.
+  if (!text.isEmpty()) {
+    status_->show();
+    status_->setMinimumHeight(QFontMetrics(status_->font()).height());
+  }
+  NameFields(form_, [this](const Control& each) -> QWidget& { return WidgetOf(each); });
+  GrowToFit();
+  // For users who do not see the line.
+  if (!text.isEmpty()) {
+    QAccessibleEvent told(status_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&told);
+  }
+}
+
 void FormDialog::ControlChanged(const Control& control) {
   const bool wasHidden = ViewOf(control).Widget().isHidden();
   ViewOf(control).Refresh();
@@ -274,7 +306,10 @@ void FormDialog::ControlChanged(const Control& control) {
         view->Refresh();
   if (control.Kind() == ControlKind::Label)
     NameFields(form_, [this](const Control& each) -> QWidget& { return WidgetOf(each); });
-  if (wasHidden != ViewOf(control).Widget().isHidden() || control.Kind() == ControlKind::Label)
+  const bool isHidden = ViewOf(control).Widget().isHidden();
+  if (wasHidden && !isHidden)
+    layout_->AlignCaptions();
+  if (wasHidden != isHidden || control.Kind() == ControlKind::Label)
     GrowToFit();
 }
 

@@ -14,6 +14,7 @@
 #include "frontends/qt/dialog_layout.h"
 
 class QEventLoop;
+class QLabel;
 class QScrollArea;
 
 namespace fiscalon {
@@ -69,6 +70,8 @@ class FormDialog final : public QDialog, private FormObserver {
   void FocusArrived(const ControlView& view, const QFocusEvent& event);
   /// The focus is where the form has it, whatever Qt made of it meanwhile.
   void AlignFocus();
+  /// The status line below all, which is there from the first time that it says something.
+  void ShowStatus();
   void GrowToFit();
 
   ControlView& ViewOf(const Control& control) const { return *views_.at(&control); }
@@ -80,6 +83,7 @@ class FormDialog final : public QDialog, private FormObserver {
   std::map<const QObject*, ControlView*> watched_;
   QScrollArea* scroller_ = nullptr;
   std::optional<DialogLayout> layout_;
+  QLabel* status_ = nullptr;
   QEventLoop* loop_ = nullptr;
   bool movingFocus_ = false;
 };

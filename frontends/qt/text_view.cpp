@@ -177,10 +177,13 @@ LineView::LineView(TextField& field, QWidget& parent, WatchedActs& acts)
 void LineView::Restyle() {
   native_.setFont(Font());
   native_.setPalette(Shades());
+  native_.setFixedWidth(QFontMetrics(native_.font()).horizontalAdvance(u'0') * CharactersOf(Field()) + Chrome());
+  ShowBeginning();
+}
+
+int LineView::Chrome() const {
   constexpr int kCharactersOfHint = 17;
-  const QFontMetrics metrics(native_.font());
-  const int chrome = native_.sizeHint().width() - metrics.horizontalAdvance(u'x') * kCharactersOfHint;
-  native_.setFixedWidth(metrics.horizontalAdvance(u'0') * CharactersOf(Field()) + chrome);
+  return native_.sizeHint().width() - QFontMetrics(native_.font()).horizontalAdvance(u'x') * kCharactersOfHint;
 }
 
 void LineView::SetNativeText(const QString& text) {
@@ -188,6 +191,15 @@ void LineView::SetNativeText(const QString& text) {
   if (native_.maxLength() < text.size())
     native_.setMaxLength(static_cast<int>(text.size()));
   native_.setText(text);
+  ShowBeginning();
+}
+
+void LineView::ShowBeginning() {
+  const bool fits = QFontMetrics(native_.font()).horizontalAdvance(native_.text()) + Chrome() <= native_.maximumWidth();
+  const bool isCut = native_.isReadOnly() && !fits;
+  native_.setToolTip(isCut ? native_.text().toHtmlEscaped() : QString());
+  if (isCut && !IsActive())
+    native_.setCursorPosition(0);
 }
 
 Selection LineView::NativeSelection() const {
@@ -208,6 +220,7 @@ void LineView::SetLocked(bool locked) {
     return;
   native_.setReadOnly(locked);
   native_.setPalette(Shades());
+  ShowBeginning();
 }
 
 MultiLineView::MultiLineView(TextField& field, QWidget& parent, WatchedActs& acts)

@@ -66,6 +66,10 @@ class LineView final : public TextView {
   void SetNativeSelection(Selection selection) override;
   void InsertNatively(const QString& text) override { native_.insert(text); }
   void SetLocked(bool locked) override;
+  /// A text that is too long for a field that can't be edited: how it begins, and all of it as a hint.
+  void ShowBeginning();
+  /// What stands around the text.
+  int Chrome() const;
 
   QLineEdit& native_;
 };

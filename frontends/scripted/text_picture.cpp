@@ -95,6 +95,8 @@ class FormPicture {
     std::vector<std::string> lines = SideBySide(columns);
     lines.emplace_back();
     lines.push_back(DrawButtons());
+    if (const std::string status = ToUtf8(StatusOf(form_)); !status.empty())
+      lines.push_back(status);
     return Framed(lines);
   }
 

@@ -55,8 +55,8 @@ ControlView::Design ButtonView::Designed() const {
 }
 
 SIZE ButtonView::Wanted(const DialogFonts& fonts) const {
-  constexpr int kLeast = 50, kHeight = 14, kAroundCaption = 12;
-  return {std::max<LONG>(fonts.X(kLeast), ExtentOfCaption(fonts).cx + fonts.X(kAroundCaption)), fonts.Y(kHeight)};
+  constexpr int kLeast = 50, kAroundCaption = 12;
+  return {std::max<LONG>(fonts.X(kLeast), ExtentOfCaption(fonts).cx + fonts.X(kAroundCaption)), fonts.FieldHeight()};
 }
 
 LRESULT ButtonView::Message(UINT message, WPARAM wide, LPARAM extra) {

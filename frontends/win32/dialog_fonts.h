@@ -25,6 +25,8 @@ class DialogFonts {
   /// How much room a text takes, of several lines perhaps.
   SIZE Extent(std::wstring_view text, FontKind kind) const;
   int LineHeight(FontKind kind) const;
+  /// Of a field of one line, and of what stands beside it.
+  int FieldHeight() const { return LineHeight(FontKind::Plain) + Y(4); }
   /// Of so many digits.
   int DigitsWidth(int digits, FontKind kind) const;
 

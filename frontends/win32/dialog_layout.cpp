@@ -21,7 +21,6 @@ constexpr int kUnderHeading = 4;
 constexpr int kFrameTop = 12;
 constexpr int kFrameBottom = 7;
 constexpr int kBetweenButtons = 4;
-constexpr int kFieldHeight = 14;
 
 bool IsShown(const Control* control) {
   return control != nullptr && control->VisibleInFrames();
@@ -127,8 +126,7 @@ DialogLayout::Slot DialogLayout::Measured(std::vector<LaidOutCell>::const_iterat
   if (slot.caption != nullptr && !slot.isCaptionAlone)
     slot.captionWidth = SizeOfVisible(slot.caption).cx;
   // Nothing before a wide field, and nothing before a toggle: they begin at the left.
-  slot.fromLeft =
-      cell.caption == nullptr && cell.field != nullptr && (IsToggle(*cell.field) || GrowsWide(*cell.field));
+  slot.fromLeft = cell.caption == nullptr && cell.field != nullptr && (IsToggle(*cell.field) || GrowsWide(*cell.field));
   slot.isTall = IsShown(cell.field) && IsTall(*cell.field);
   for (auto each = first; each != end; ++each) {
     if (each != first)
@@ -188,8 +186,8 @@ int DialogLayout::WidthOf(const Block& block) const {
     for (size_t i = 0; i < line.slots.size(); ++i) {
       const Slot& slot = line.slots[i];
       const int captions = block.captionWidths[i] > 0 ? block.captionWidths[i] + fonts_.X(kBesideCaption) : 0;
-      const int own = slot.isCaptionAlone ? SizeOfVisible(slot.caption).cx
-                                          : (slot.fromLeft ? 0 : captions) + slot.partsWidth;
+      const int own =
+          slot.isCaptionAlone ? SizeOfVisible(slot.caption).cx : (slot.fromLeft ? 0 : captions) + slot.partsWidth;
       width = std::max(width, XOf(block, i) + own);
     }
   if (block.frame != nullptr)
@@ -253,7 +251,7 @@ void DialogLayout::PlaceSlot(const Slot& slot, const Block& block, size_t number
   const int begin = XOf(block, number);
   if (slot.caption != nullptr) {
     SIZE size = SizeOfVisible(slot.caption);
-    const int height = slot.isTall ? fonts_.Y(kFieldHeight) : line.height;
+    const int height = slot.isTall ? fonts_.FieldHeight() : line.height;
     places_[slot.caption] = RectangleOf(corner.x + begin, corner.y + (height - size.cy) / 2, size);
   }
   int x = begin;
@@ -265,7 +263,7 @@ void DialogLayout::PlaceSlot(const Slot& slot, const Block& block, size_t number
     if (GrowsWide(*part.control))
       size.cx = std::max<LONG>(size.cx, width - x);
     // Beside a tall field stands what belongs to its first line.
-    const int height = slot.isTall && !IsTall(*part.control) ? fonts_.Y(kFieldHeight) : line.height;
+    const int height = slot.isTall && !IsTall(*part.control) ? fonts_.FieldHeight() : line.height;
     places_[part.control] = RectangleOf(corner.x + x, corner.y + (height - size.cy) / 2, size);
     x += size.cx;
   }

@@ -77,6 +77,8 @@ class FormWindow final : private FormObserver {
 
   /// Whether a key that comes to a control is the form's. One that comes to a control without the focus brings it.
   bool GoesToForm(ControlView*& view);
+  /// Whether a key is Windows' own, or the control's.
+  bool IsForSystem(const ControlView* view, int keyCode) const;
   /// A key of the message loop, which makes its characters at once.
   void PressKey(ControlView* view, const MSG& message);
   std::vector<wchar_t> CharactersMadeBy(const MSG& message) const;

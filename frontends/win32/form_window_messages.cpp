@@ -1,5 +1,7 @@
 // What a form's window makes of Windows' messages.
 
+#include <utility>
+
 #include "core/forms/scoped_value.h"
 #include "frontends/win32/form_window.h"
 #include "frontends/win32/key_strokes.h"
@@ -62,12 +64,12 @@ std::vector<wchar_t> FormWindow::CharactersMadeBy(const MSG& message) const {
 
 void FormWindow::PressKey(ControlView* view, const MSG& message) {
   const auto keyCode = static_cast<int>(message.wParam);
-  const int shift = ShiftStateNow();
   follows_ = Follows::Nothing;
-  if (IsSystemKey(keyCode, shift) || HasNoCode(keyCode) || (view != nullptr && view->KeepsKey(keyCode, shift))) {
+  if (IsForSystem(view, keyCode)) {
     const ScopedValue passing(letsPass_, true);
     return LetPass(message);
   }
+  const int shift = ShiftStateNow();
   const std::vector<wchar_t> units = CharactersMadeBy(message);
   if (!GoesToForm(view))
     return;
@@ -110,19 +112,22 @@ void FormWindow::CharacterWasSent(ControlView* view, wchar_t unit, LPARAM extra)
     view->Edit(outcome, stroke, extra);
 }
 
-bool FormWindow::HearKey(ControlView* view, UINT message, WPARAM wide, LPARAM extra) {
-  const auto keyCode = static_cast<int>(wide);
+bool FormWindow::IsForSystem(const ControlView* view, int keyCode) const {
   const int shift = ShiftStateNow();
+  return IsSystemKey(keyCode, shift) || HasNoCode(keyCode) || (view != nullptr && view->KeepsKey(keyCode, shift));
+}
+
+bool FormWindow::HearKey(ControlView* view, UINT message, WPARAM wide, LPARAM extra) {
   switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-      if (letsPass_ || IsSystemKey(keyCode, shift) || HasNoCode(keyCode) ||
-          (view != nullptr && view->KeepsKey(keyCode, shift)))
+      if (letsPass_ || IsForSystem(view, static_cast<int>(wide)))
         return false;
-      KeyWasSent(view, keyCode, extra);
+      KeyWasSent(view, static_cast<int>(wide), extra);
       return true;
     case WM_CHAR:
-      if (view != nullptr && view->KeepsKey(0, shift))
+      // An open list has its keys for itself, and what they type.
+      if (view != nullptr && view->KeepsKey(0, shift_state::kNone))
         return false;
       CharacterWasSent(view, static_cast<wchar_t>(wide), extra);
       return true;
@@ -210,8 +215,8 @@ LRESULT FormWindow::HearOwn(HWND window, UINT message, WPARAM wide, LPARAM extra
       ScrollBy(LOWORD(wide));
       return 0;
     case WM_MOUSEWHEEL:
-      ScrollTo(scrolled_ - ::MulDiv(static_cast<short>(HIWORD(wide)), 3 * fonts_->LineHeight(FontKind::Plain),
-                                    WHEEL_DELTA));
+      ScrollTo(scrolled_ -
+               ::MulDiv(static_cast<short>(HIWORD(wide)), 3 * fonts_->LineHeight(FontKind::Plain), WHEEL_DELTA));
       return 0;
     case WM_SYSCOMMAND:
       if (constexpr WPARAM kCommand = 0xFFF0; (wide & kCommand) == SC_CLOSE) {

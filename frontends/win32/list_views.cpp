@@ -48,8 +48,7 @@ void ShowRows(HWND window, const ListControl& list, const ListMessages& messages
   const std::vector<std::wstring> rows = RowsOf(list);
   if (rows != RowsShown(window, messages)) {
     ::SendMessageW(window, messages.clear, 0, 0);
-    for (const std::wstring& row : rows)
-      ::SendMessageW(window, messages.add, 0, reinterpret_cast<LPARAM>(row.c_str()));
+    for (const std::wstring& row : rows) ::SendMessageW(window, messages.add, 0, reinterpret_cast<LPARAM>(row.c_str()));
   }
   if (::SendMessageW(window, messages.selected, 0, 0) != list.ListIndex())
     ::SendMessageW(window, messages.select, static_cast<WPARAM>(list.ListIndex()), 0);
@@ -70,11 +69,11 @@ FontKind DropDownView::Font() const {
 }
 
 SIZE DropDownView::Wanted(const DialogFonts& fonts) const {
-  constexpr int kLeast = 60, kBesideText = 8, kHeight = 14;
+  constexpr int kLeast = 60, kBesideText = 8;
   LONG widest = 0;
   for (const std::wstring& row : RowsOf(list_)) widest = std::max(widest, fonts.Extent(row, Font()).cx);
   return {std::max<LONG>(fonts.X(kLeast), widest + ::GetSystemMetrics(SM_CXVSCROLL) + fonts.X(kBesideText)),
-          fonts.Y(kHeight)};
+          fonts.FieldHeight()};
 }
 
 void DropDownView::Place(const RECT& place) {

@@ -58,7 +58,8 @@ UINT FlagsOf(const BoxRequest& box) {
 bool IsOfClass(HWND window, std::wstring_view wanted) {
   std::array<wchar_t, 16> name = {};
   const int length = ::GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-  return ::CompareStringOrdinal(name.data(), length, wanted.data(), static_cast<int>(wanted.size()), TRUE) == CSTR_EQUAL;
+  return ::CompareStringOrdinal(name.data(), length, wanted.data(), static_cast<int>(wanted.size()), TRUE) ==
+         CSTR_EQUAL;
 }
 
 MessageStyle StyleOf(HWND icon) {
@@ -110,9 +111,7 @@ BoxRequest ShownIn(HWND window) {
   }
   const auto styleOf = [&](int id) { return ::GetWindowLongPtrW(::GetDlgItem(window, id), GWL_STYLE); };
   const auto has = [&](int id) { return (styleOf(id) & WS_VISIBLE) != 0; };
-  shown.buttons = has(IDYES)      ? MessageButtons::YesNo
-                  : has(IDCANCEL) ? MessageButtons::OkCancel
-                                  : MessageButtons::Ok;
+  shown.buttons = has(IDYES) ? MessageButtons::YesNo : has(IDCANCEL) ? MessageButtons::OkCancel : MessageButtons::Ok;
   if ((styleOf(ButtonIdOf(shown.DefaultAnswer())) & BS_TYPEMASK) != BS_DEFPUSHBUTTON)
     shown.defaultButton = DefaultButton::Second;
   return shown;

@@ -20,9 +20,12 @@ struct Command {
   UINT message;
 };
 constexpr std::array kCommands = {
-    Command{shift_state::kControl, 'C', WM_COPY},          Command{shift_state::kControl, key::kInsert, WM_COPY},
-    Command{shift_state::kControl, 'X', WM_CUT},           Command{shift_state::kShift, key::kDelete, WM_CUT},
-    Command{shift_state::kControl, 'V', WM_PASTE},         Command{shift_state::kShift, key::kInsert, WM_PASTE},
+    Command{shift_state::kControl, 'C', WM_COPY},
+    Command{shift_state::kControl, key::kInsert, WM_COPY},
+    Command{shift_state::kControl, 'X', WM_CUT},
+    Command{shift_state::kShift, key::kDelete, WM_CUT},
+    Command{shift_state::kControl, 'V', WM_PASTE},
+    Command{shift_state::kShift, key::kInsert, WM_PASTE},
     Command{shift_state::kControl, 'Z', static_cast<UINT>(EM_UNDO)},
 };
 
@@ -63,11 +66,22 @@ int PositionAmongWhole(std::string_view text, int inText) {
 
 /// Whether the editor may have another text or selection after a message.
 bool MayEdit(UINT message, WPARAM wide) {
-  constexpr std::array kMessages = {
-      WM_SETTEXT,     WM_KEYDOWN,   WM_CHAR,        WM_LBUTTONDOWN,           WM_LBUTTONDBLCLK,
-      WM_LBUTTONUP,   WM_RBUTTONUP, WM_CONTEXTMENU, WM_CUT,                   WM_PASTE,
-      WM_CLEAR,       WM_UNDO,      WM_IME_CHAR,    static_cast<int>(EM_UNDO), static_cast<int>(EM_SETSEL),
-      static_cast<int>(EM_REPLACESEL)};
+  constexpr std::array kMessages = {WM_SETTEXT,
+                                    WM_KEYDOWN,
+                                    WM_CHAR,
+                                    WM_LBUTTONDOWN,
+                                    WM_LBUTTONDBLCLK,
+                                    WM_LBUTTONUP,
+                                    WM_RBUTTONUP,
+                                    WM_CONTEXTMENU,
+                                    WM_CUT,
+                                    WM_PASTE,
+                                    WM_CLEAR,
+                                    WM_UNDO,
+                                    WM_IME_CHAR,
+                                    static_cast<int>(EM_UNDO),
+                                    static_cast<int>(EM_SETSEL),
+                                    static_cast<int>(EM_REPLACESEL)};
   if (message == WM_MOUSEMOVE)
     return (wide & MK_LBUTTON) != 0;
   return std::find(kMessages.begin(), kMessages.end(), static_cast<int>(message)) != kMessages.end();
@@ -98,12 +112,12 @@ ControlView::Design TextView::Designed() const {
 }
 
 SIZE TextView::Wanted(const DialogFonts& fonts) const {
-  constexpr int kBesideText = 6, kHeight = 14, kAroundLines = 5;
-  const int width = fonts.DigitsWidth(CharactersOf(field_), Font()) + fonts.X(kBesideText);
+  constexpr int kBesideText = 6, kAroundLines = 4;
+  // A total is as wide as the amounts above it, though it stands out.
+  const int width = fonts.DigitsWidth(CharactersOf(field_), FontKind::Plain) + fonts.X(kBesideText);
   if (!field_.IsMultiLine())
-    return {width, fonts.Y(kHeight)};
-  return {width + ::GetSystemMetrics(SM_CXVSCROLL),
-          fonts.LineHeight(Font()) * kLinesOfText + fonts.Y(kAroundLines)};
+    return {width, fonts.FieldHeight()};
+  return {width + ::GetSystemMetrics(SM_CXVSCROLL), fonts.LineHeight(Font()) * kLinesOfText + fonts.Y(kAroundLines)};
 }
 
 void TextView::SetLimit() {

@@ -91,6 +91,11 @@ HWND Win32Driver::WindowOf(const Control& control) const {
   return window_.ViewOf(control).Window();
 }
 
+void Win32Driver::ComeToFront() const {
+  if (::GetActiveWindow() != window_.Window() && ::IsWindowEnabled(window_.Window()) != FALSE)
+    ::SetActiveWindow(window_.Window());
+}
+
 void Win32Driver::ServeMessages() {
   constexpr UINT kAllButPainting = PM_REMOVE | PM_QS_INPUT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
   MSG message = {};
@@ -102,6 +107,7 @@ void Win32Driver::Type(char character) {
 }
 
 void Win32Driver::PressKey(const KeyStroke& stroke) {
+  ComeToFront();
   HWND focus = ::GetFocus();
   if (focus == nullptr)
     focus = window_.Window();
@@ -138,6 +144,7 @@ std::optional<POINT> Win32Driver::Point(const Control& control) const {
 void Win32Driver::PressAndRelease(const Control& control, POINT place, Release release) {
   const HWND window = WindowOf(control);
   const bool isField = control.Kind() == ControlKind::TextField;
+  ComeToFront();
   const bool hadFocus = ::GetFocus() == window;
   const Span before = isField ? SpanOf(window) : Span{};
   {
@@ -148,7 +155,7 @@ void Win32Driver::PressAndRelease(const Control& control, POINT place, Release r
   constexpr POINT kBeside = {-100, -100};
   ::PostMessageW(window, WM_LBUTTONUP, 0, PlaceIn(release == Release::Within || isField ? place : kBeside));
   ServeMessages();
-  if (!isField || ::GetFocus() != window)
+  if (!isField || FocusName() != control.Name())
     return;
   // Where a check has shown a box, the mouse selects nothing any more.
   if (const Span after = SpanOf(window); after.start != after.end)
@@ -234,6 +241,7 @@ std::string Win32Driver::Title() {
 }
 
 std::string Win32Driver::FocusName() {
+  ComeToFront();
   const Control* control = window_.ControlOf(::GetFocus());
   return control == nullptr ? std::string() : control->Name();
 }

@@ -39,6 +39,8 @@ class Win32Driver final : public UserDriver {
 
  private:
   HWND WindowOf(const Control& control) const;
+  /// Another program may have come to the front meanwhile: a user goes back before anything else.
+  void ComeToFront() const;
   /// The mouse button goes down at a place of the control, and comes up there or beside it.
   enum class Release { Within, Beside };
   void PressAndRelease(const Control& control, POINT place, Release release);

@@ -41,7 +41,7 @@ const DateRows kEndInOrderOnOk = {{date::YearIsRefused}};
 const AmountRows kInstalmentOnOk = {{amount::Trim},
                                     {amount::ReadNumber},
                                     {amount::IsNegative, kInstalmentBelowZero},
-                                    {amount::IsZero, "", Reaction::Passes},
+                                    {amount::IsZero, {}, Reaction::Passes},
                                     {amount::IsNoAmount},
                                     {amount::ShowInCents}};
 

@@ -11,6 +11,8 @@ namespace fiscalon {
 ///
 ///     .next = &txtQPP
 ///     .next = [this]() -> Control* { return cmbRemittanceType.Visible() ? &cmbRemittanceType : &cmdOK; }
+///
+/// A control inside a part that stands further down in the table is asked for too: the part is not made yet.
 template <class T>
 class Asked {
  public:

@@ -26,13 +26,15 @@ class frmQue_Rev_QSTGSTComb final : public Screen {
 
   PaymentHead      head                {*this};
   Label            lblGSTAccountNumber {*this, "lblGSTAccountNumber", {.caption = "GST account number:"}};
-  AccountNumber    txtGSTAccountNumber {*this, "txtGSTAccountNumber", {.tabIndex = 0, .maxLength = 15}, inValidation, &gstPeriod.From};
+  AccountNumber    txtGSTAccountNumber {*this, "txtGSTAccountNumber", {.tabIndex = 0, .maxLength = 15}, inValidation,
+                                        [this] { return &gstPeriod.From; }};
   Label            Label4              {*this, "Label4",              {.caption = "Reporting Period"}};
   PeriodPair       gstPeriod           {*this, inValidation, {.caption = "GST/HST From:", .tabIndex = 1,
-                                        .limit = PeriodLimit::OneYearLessADay, .next = &qstPeriod.From, .tax = "GST",
+                                        .limit = PeriodLimit::OneYearLessADay,
+                                        .next = [this] { return &qstPeriod.From; }, .tax = "GST",
                                         .from = "txtGSTPeriodFrom", .to = "txtGSTPeriodTo"}};
   PeriodPair       qstPeriod           {*this, inValidation, {.caption = "QST From:", .tabIndex = 3,
-                                        .limit = PeriodLimit::OneYear, .next = &gst.Collectible, .tax = "QST",
+                                        .limit = PeriodLimit::OneYear, .next = [this] { return &gst.Collectible; }, .tax = "QST",
                                         .fromCaptionName = "Label2", .from = "txtQSTPeriodFrom",
                                         .toCaptionName = "Label3", .to = "txtQSTPeriodTo", .fromHint = "", .toHint = ""}};
   TaxLines         gst                 {*this, amounts,
@@ -44,7 +46,8 @@ class frmQue_Rev_QSTGSTComb final : public Screen {
                                          .tabIndex = 5, .payableTabIndex = 29, .next = &txtNewHousingRebate}};
   Label            lblNewHousingRebate {*this, "lblNewHousingRebate", {.caption = "New Housing Rebate Included in the ITCs (135)"}};
   AmountEntry      txtNewHousingRebate {*this, "txtNewHousingRebate", amounts,
-                                        {.tabIndex = 9, .name = CaptionOf(lblNewHousingRebate), .next = &qst.Collectible}};
+                                        {.tabIndex = 9, .name = CaptionOf(lblNewHousingRebate),
+                                         .next = [this] { return &qst.Collectible; }}};
   TaxLines         qst                 {*this, amounts,
                                         {.collectible = {"QSTCollectible",     "QST collectible and adjustments (205):"},
                                          .credits     = {"QSTITRs",            "ITRs payable and adjustments (208):"},

@@ -28,7 +28,8 @@ class frmQue_Rev_GST final : public Screen {
                                               .limit = PeriodLimit::OneYearLessADay, .next = &txtSupplies}};
   Label            lblSupplies               {*this, "lblSupplies", {.caption = "Supplies (sales figure) (101)"}};
   AmountEntry      txtSupplies               {*this, "txtSupplies", amounts,
-                                              {.tabIndex = 2, .name = CaptionOf(lblSupplies), .next = &tax.Collectible, .back = &period.To}};
+                                              {.tabIndex = 2, .name = CaptionOf(lblSupplies),
+                                               .next = [this] { return &tax.Collectible; }, .back = &period.To}};
   TaxLines         tax                       {*this, amounts,
                                               {.collectible = {"TaxCollectible", "GST/HST collectible and adjustments (105)"},
                                                .credits     = {"ITRs",           "ITCs and adjustments (108)"},

@@ -29,7 +29,8 @@ class frmQue_Rev_QST final : public Screen {
                                          .limit = [this] { return LastPeriod(); }, .next = &txtSupplies}};
   Label            lblSupplies          {*this, "lblSupplies", {.caption = "Supplies (sales figure) (201)"}};
   AmountEntry      txtSupplies          {*this, "txtSupplies", amounts,
-                                         {.tabIndex = 2, .name = CaptionOf(lblSupplies), .next = &tax.Collectible, .back = &period.To}};
+                                         {.tabIndex = 2, .name = CaptionOf(lblSupplies),
+                                          .next = [this] { return &tax.Collectible; }, .back = &period.To}};
   TaxLines         tax                  {*this, amounts,
                                          {.collectible = {"TaxCollectible", "QST collectible and adjustments (205)"},
                                           .credits     = {"ITRs",           "ITRs and adjustments (208)"},

@@ -227,6 +227,82 @@ TEST_F(ValidateBatchTest, GivesTheSameReportForAnyNumberOfJobs) {
   for (const unsigned jobs : {1u, 2u, 3u, 8u}) EXPECT_TRUE(Validate(batch, jobs) == expected) << jobs;
 }
 
+/// Holds what verdicts say of places against the files.
+class Places : public BatchListener {
+ public:
+  explicit Places(const Batch& batch) : rows_(LinesOf(batch.payments)), lines_(LinesOf(batch.records)) {}
+  bool WantsValidPayments() const override { return true; }
+  bool WantsFaults() const override { return true; }
+  void OnPayment(const PaymentVerdict& verdict) override {
+    records += verdict.lines;
+    ASSERT_EQ(rows_.at(verdict.row - 1).substr(0, 4), verdict.seq);
+    ASSERT_EQ(verdict.faults.empty(), verdict.IsValid());
+    for (const Fault& fault : verdict.faults) {
+      const std::string& line = lines_.at(fault.line - 1);
+      ASSERT_EQ(line.substr(line.find("PC4") + 3, 4), verdict.seq);
+      // A total stands in no line.
+      if (!fault.name.empty() || !fault.field.empty()) {
+        ASSERT_NE(line.find(fault.field + fault.value), line.npos) << fault.message;
+        ++found;
+      }
+    }
+  }
+
+  std::string records;
+  int found = 0;
+
+ private:
+  static std::vector<std::string> LinesOf(const std::string& bytes) {
+    std::vector<std::string> lines;
+    std::istringstream in(bytes);
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+  }
+
+  std::vector<std::string> rows_;
+  std::vector<std::string> lines_;
+};
+
+TEST_F(ValidateBatchTest, TellsWherePaymentsAndFaultsLie) {
+  std::string expected;
+  const Batch batch = RandomBatch(8000, expected);
+  for (const unsigned jobs : {1u, 3u}) {
+    const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+    const auto records = ByteSource::Of(batch.records, "batch.pc4");
+    Places places(batch);
+    ValidateBatch(*payments, *records, jobs, places);
+    EXPECT_TRUE(places.records == batch.records);
+    EXPECT_GT(places.found, 2000);
+  }
+}
+
+TEST(BatchReport, WritesFaultsAsCsv) {
+  const Fault faults[] = {{.line = 12, .field = "0\xE9", .value = "1,\"2", .code = "not-required", .message = "a"},
+                          {.line = 13, .code = "no-fields", .message = "b, c"}};
+  std::string rows;
+  AppendFaultRows(rows, {.seq = "0001", .screen = "03", .reason = "a, b, c", .faults = faults});
+  EXPECT_EQ(rows,
+            "0001,03,12,0\xC3\xA9,,\"1,\"\"2\",not-required,a\n"
+            "0001,03,13,,,,no-fields,\"b, c\"\n");
+}
+
+TEST(BatchReport, WritesJsonLines) {
+  const Fault faults[] = {
+      {.line = 12, .field = "02", .name = "End", .value = "\"\\\t\x1F\xE9", .code = "short", .message = "a"}};
+  const PaymentVerdict bad{.seq = "0001", .screen = "03", .reason = "a", .faults = faults};
+  std::string lines;
+  AppendReportJson(lines, {.seq = "0000", .screen = "20"});
+  AppendReportJson(lines, bad);
+  EXPECT_EQ(lines,
+            "{\"seq\":\"0000\",\"screen\":\"20\",\"valid\":true,\"reason\":\"\"}\n"
+            "{\"seq\":\"0001\",\"screen\":\"03\",\"valid\":false,\"reason\":\"a\"}\n");
+  lines.clear();
+  AppendFaultJson(lines, bad);
+  EXPECT_EQ(lines,
+            "{\"seq\":\"0001\",\"screen\":\"03\",\"line\":12,\"field\":\"02\",\"name\":\"End\","
+            "\"value\":\"\\\"\\\\\\u0009\\u001f\xC3\xA9\",\"code\":\"short\",\"message\":\"a\"}\n");
+}
+
 TEST_F(ValidateBatchTest, NamesTheSameProblemsForAnyNumberOfJobs) {
   std::string expected;
   Batch batch = RandomBatch(8000, expected);

@@ -30,9 +30,12 @@ class ThreeJudges : public LoggedTest {
       const BulkPayment payment = random.Next();
       const std::string expected = ReasonInPlainWords(payment);
       reason.clear();
-      const bool passes =
-          judge.Judge({payment.screen, payment.biller, std::atoll(payment.amount.c_str())}, payment.Views(), reason);
+      const PaymentFigures figures{payment.screen, payment.biller, std::atoll(payment.amount.c_str())};
+      const bool passes = judge.Judge(figures, payment.Views(), reason);
       ASSERT_EQ(reason, expected) << Told(payment);
+      if (i % 4 == 0) {
+        ASSERT_EQ(MessagesOf(judge.FaultsOf(figures, payment.Views())), expected) << Told(payment);
+      }
       ASSERT_EQ(passes, expected.empty()) << Told(payment);
       validator.ScreenCode(payment.screen);
       validator.BillerCode(payment.biller);
@@ -45,6 +48,12 @@ class ThreeJudges : public LoggedTest {
     // Not all of one kind, or nothing was compared.
     EXPECT_GT(valid, payments / 10);
     EXPECT_LT(valid, payments * 9 / 10);
+  }
+
+  static std::string MessagesOf(const std::vector<Fault>& faults) {
+    std::string messages;
+    for (const Fault& fault : faults) messages += (messages.empty() ? "" : ", ") + fault.message;
+    return messages;
   }
 
   static std::string Told(const BulkPayment& payment) {

@@ -54,7 +54,7 @@ QString HeadingOf(const ShownRecord& record) {
   const std::string_view name = NameOf(record.kind);
   return QObject::tr("Record %1: %2, sequence %3")
       .arg(record.number)
-      .arg(Plain(name.empty() ? VisibleText({&letter, 1}) : std::string(name)), Plain(DottedText(record.seq)));
+      .arg(Plain(name.empty() ? VisibleText({&letter, 1}) : std::string(name)), Plain(DottedText(record.Seq())));
 }
 
 /// Numbers of library errors are negative; people know them in hexadecimal.
@@ -166,14 +166,14 @@ void ResultPanel::AddRecord(const ShownRecord& record) {
   top->setFirstColumnSpanned(true);
   for (const ShownField& field : record.fields)
     if (IsWorthALine(field))
-      AddField(*top, field, line);
+      AddField(*top, record, field, line);
   for (const Note& problem : record.problems) AddNote(*top, tr("Wrong"), problem, line);
   for (const Note& oddity : record.oddities) AddNote(*top, tr("Odd"), oddity, line);
 }
 
-void ResultPanel::AddField(QTreeWidgetItem& record, const ShownField& field, int line) {
-  auto* row = new QTreeWidgetItem(&record, {ToQt(field.name), QString(), Plain(DottedText(field.text)),
-                                            Plain(RemarkOn(field, TheModule().locale))});
+void ResultPanel::AddField(QTreeWidgetItem& top, const ShownRecord& record, const ShownField& field, int line) {
+  auto* row = new QTreeWidgetItem(&top, {ToQt(field.name), QString(), Plain(DottedText(record.TextOf(field))),
+                                         Plain(RemarkOn(record, field, TheModule().locale))});
   row->setFont(kText, lines_->font());
   SetPlace(*row, line, field.from, field.to);
 }

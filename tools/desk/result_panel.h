@@ -27,7 +27,7 @@ class ResultPanel final : public QGroupBox {
   void PrepareWords();
   void PrepareRecords();
   void AddRecord(const ShownRecord& record);
-  void AddField(QTreeWidgetItem& record, const ShownField& field, int line);
+  void AddField(QTreeWidgetItem& top, const ShownRecord& record, const ShownField& field, int line);
   void AddNote(QTreeWidgetItem& record, const QString& heading, const Note& note, int line);
   /// Marks the columns of the chosen field in the raw line.
   void MarkChosen();

@@ -1,63 +1,104 @@
 #include "tools/fiscalon/field_remark.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdint>
 
 #include "core/platform/code_page.h"
-#include "core/values/format.h"
 #include "core/values/text.h"
 #include "tools/fiscalon/visible_text.h"
 
 namespace fiscalon {
 namespace {
 
-/// 12345 of "123.45": what fits neither `Money` nor a number stays as it is.
-std::string InCurrency(const std::string& dollars, const Locale& locale) {
-  constexpr int64_t kUnitsInCent = Money::FromUnits(100).Units();
-  std::string digits = dollars;
-  std::erase(digits, '.');
-  int64_t cents = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), cents);
-  if (error != std::errc() || cents > INT64_MAX / kUnitsInCent || cents < INT64_MIN / kUnitsInCent)
-    return dollars;
-  return ToUtf8(Format(Money::FromUnits(cents * kUnitsInCent), "Currency", locale));
+std::string_view WithoutZeros(std::string_view digits) {
+  digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
+  return digits;
 }
 
-/// "000000000000012345" as 12345.
-std::string WithoutZeros(std::string_view digits) {
-  const std::string_view sign = digits.find('-') != std::string_view::npos ? "-" : "";
-  const size_t first = std::min(digits.find_first_of("123456789"), digits.size());
-  std::string number(digits.substr(first));
-  std::erase(number, '-');
-  return number.empty() ? "0" : std::string(sign) + number;
-}
-
-std::string RemarkOnDigits(const ShownField& field, const Locale& locale) {
-  const std::string number = WithoutZeros(field.text);
-  return number == "0" ? number : number + ", as cents " + InCurrency(field.meaning, locale);
+/// "12345, as cents $123.45"
+void AppendOnDigits(std::string& out, const SignedDigits& number, const MoneyWords& money) {
+  const std::string_view digits = WithoutZeros(number.digits);
+  if (digits.empty()) {
+    out += '0';
+    return;
+  }
+  if (number.isNegative)
+    out += '-';
+  out.append(digits).append(", as cents ");
+  money.Append(out, number);
 }
 
 }  // namespace
 
-std::string RemarkOn(const ShownField& field, const Locale& locale) {
+MoneyWords::MoneyWords(const Locale& locale)
+    : decimal_(ToUtf8(locale.decimal)),
+      group_(ToUtf8(locale.group)),
+      positivePrefix_(ToUtf8(locale.positivePrefix)),
+      positiveSuffix_(ToUtf8(locale.positiveSuffix)),
+      negativePrefix_(ToUtf8(locale.negativePrefix)),
+      negativeSuffix_(ToUtf8(locale.negativeSuffix)) {}
+
+void MoneyWords::Append(std::string& out, const SignedDigits& cents) const {
+  constexpr std::string_view kLargest = "92233720368547758";
+  constexpr std::string_view kSmall = "000";
+  constexpr size_t kGroup = 3;
+  std::string_view digits = WithoutZeros(cents.digits);
+  const bool isNegative = cents.isNegative && !digits.empty();
+  if (digits.size() > kLargest.size() || (digits.size() == kLargest.size() && digits > kLargest)) {
+    out.append(isNegative ? "-" : "")
+        .append(digits, 0, digits.size() - 2)
+        .append(".")
+        .append(digits, digits.size() - 2);
+    return;
+  }
+  char small[] = {'0', '0', '0'};
+  if (digits.size() < kSmall.size()) {
+    std::copy(digits.begin(), digits.end(), std::end(small) - digits.size());
+    digits = {small, kSmall.size()};
+  }
+  out += isNegative ? negativePrefix_ : positivePrefix_;
+  const size_t whole = digits.size() - 2;
+  size_t at = (whole - 1) % kGroup + 1;
+  out.append(digits, 0, at);
+  for (; at < whole; at += kGroup) out.append(group_).append(digits, at, kGroup);
+  out.append(decimal_).append(digits, whole);
+  out += isNegative ? negativeSuffix_ : positiveSuffix_;
+}
+
+void AppendRemark(std::string& out, const ShownField& field, std::string_view text, const MoneyWords& money) {
   switch (field.sense) {
     case Sense::Blank:
-      return "blank";
+      out += "blank";
+      return;
     case Sense::Text:
-      return std::to_string(Trim(field.text).size()) + " of " + std::to_string(field.to - field.from + 1) +
-             " characters";
+      AppendNumber(out, Trim(text).size());
+      out += " of ";
+      AppendNumber(out, static_cast<uint64_t>(field.to - field.from + 1));
+      out += " characters";
+      return;
     case Sense::Cents:
-      return InCurrency(field.meaning, locale);
+    case Sense::Dollars:
+      return money.Append(out, SignedDigitsIn(TrimLeft(text)));
     case Sense::Digits:
-      return RemarkOnDigits(field, locale);
+      return AppendOnDigits(out, SignedDigitsIn(text), money);
     case Sense::Missing:
-      return field.text.empty() ? "missing" : "cut off";
+      out += text.empty() ? "missing" : "cut off";
+      return;
     case Sense::Wrong:
-      return "!";
-    default:
-      return field.meaning;
+      out += '!';
+      return;
+    case Sense::Count:
+    case Sense::Date:
+    case Sense::Month:
+    case Sense::Year:
+    case Sense::FieldNumber:
+      return AppendMeaning(out, field, text);
   }
+}
+
+std::string RemarkOn(const ShownRecord& record, const ShownField& field, const Locale& locale) {
+  std::string remark;
+  AppendRemark(remark, field, record.TextOf(field), MoneyWords(locale));
+  return remark;
 }
 
 bool IsWorthALine(const ShownField& field) {

@@ -6,8 +6,8 @@
 #include "core/forms/act_watcher.h"
 #include "frontends/played/user_driver.h"
 
-/// What the commands want of the front end that shows forms: Qt's, or on Windows the system's own. Loading Qt takes longer
-/// than many a command does, so the program itself has none there: it has a twin that does.
+/// What the commands want of the front end that shows forms: Qt's, or on Windows the system's own. Loading Qt takes
+/// longer than many a command does, so the program itself has none there: it has a twin that does.
 namespace fiscalon {
 
 struct Context;

@@ -128,7 +128,7 @@ void AddGenerateCommand(CLI::App& app, Context& context) {
       ->check(WholeNumber);
   command->add_option("--out", options->name, "The files' name without its endings; without it \"batch\"")
       ->type_name("NAME")
-      ->check(NameGiven);
+      ->check(NameStemGiven);
   command->add_flag("--force", options->force, "Replace files of these names");
   command->callback([options, &context] {
     options->plan.today = context.today ? context.today->date : TheModule().clock->Today();

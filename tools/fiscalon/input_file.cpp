@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <new>
 
 #include "core/platform/input.h"
 
@@ -17,7 +18,12 @@ std::string ReadInput(const std::string& path) {
     throw UnreadableFile(std::strerror(errno));
   std::string bytes;
   std::array<char, 65536> piece;
-  while (const size_t count = std::fread(piece.data(), 1, piece.size(), file.get())) bytes.append(piece.data(), count);
+  try {
+    while (const size_t count = std::fread(piece.data(), 1, piece.size(), file.get()))
+      bytes.append(piece.data(), count);
+  } catch (const std::bad_alloc&) {
+    throw UnreadableFile("it is too large for the memory there is");
+  }
   if (std::ferror(file.get()) != 0)
     throw UnreadableFile(std::strerror(errno));
   return bytes;

@@ -29,11 +29,14 @@ class InterruptWatch {
 /// outlives, by the handler of that signal.
 class FleetingFile {
  public:
-  explicit FleetingFile(std::string path);
+  /// None yet.
+  FleetingFile() = default;
   ~FleetingFile();
   FleetingFile(const FleetingFile&) = delete;
   FleetingFile& operator=(const FleetingFile&) = delete;
 
+  /// The file that it is, now that it has been made. Nothing can fail here that would leave it behind.
+  void Become(std::string path) noexcept;
   const std::string& Path() const { return path_; }
   /// It has another name now, and stays.
   void Keep();

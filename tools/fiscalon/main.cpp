@@ -1,10 +1,12 @@
 #include <cerrno>
 #include <cstring>
 #include <iostream>
+#include <new>
 
 #include "frontends/played/argument_kinds.h"
 #include "tools/fiscalon/collect_command.h"
 #include "tools/fiscalon/generate_command.h"
+#include "tools/fiscalon/interrupt_watch.h"
 #include "tools/fiscalon/nearest.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/picture_command.h"
@@ -137,11 +139,25 @@ ExitStatus RunProgram(int argc, char** argv) {
 ExitStatus RunAndComplain(int argc, char** argv) {
   try {
     return RunProgram(argc, argv);
-  } catch (const OutputError& error) {
-    if (error.number != EPIPE)
-      std::cerr << "fiscalon: standard output can't be written: " << std::strerror(error.number) << '\n';
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception& error) {
     Complain(std::string("fiscalon: ") + error.what());
+  }
+  return ExitStatus::Unusable;
+}
+
+/// The same where even complaining has come to nothing: what is said here needs neither standard output nor memory.
+ExitStatus RunAtAll(int argc, char** argv) {
+  try {
+    return RunAndComplain(argc, argv);
+  } catch (const OutputError& error) {
+    if (IsInterrupted())
+      std::cerr << "fiscalon: interrupted\n";
+    else if (error.number != EPIPE)
+      std::cerr << "fiscalon: standard output can't be written: " << std::strerror(error.number) << '\n';
+  } catch (const std::bad_alloc&) {
+    std::cerr << "fiscalon: there is not enough memory\n";
   }
   return ExitStatus::Unusable;
 }
@@ -152,5 +168,5 @@ ExitStatus RunAndComplain(int argc, char** argv) {
 int main(int argc, char** argv) {
   fiscalon::ProgramStart start(argc, argv);
   fiscalon::StandardOutput output;
-  return static_cast<int>(fiscalon::RunAndComplain(start.Count(), start.Arguments()));
+  return static_cast<int>(fiscalon::RunAtAll(start.Count(), start.Arguments()));
 }

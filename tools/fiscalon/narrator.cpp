@@ -49,7 +49,7 @@ PlayWatcher Narrator::Watcher() {
                                 Form* form) { BoxAnswered(box, answer, form); },
           .noticed = [this](const std::string& what) { SetApart("    (" + what + ")\n"); },
           .showEnded = [this](const std::string& ending) { ShowEnded(ending); },
-          .ended = [this](const std::vector<std::string>& records) { Ended(records); }};
+          .ended = [this](const FoundRecords& found) { Ended(found); }};
 }
 
 void Narrator::LineBegins(const ScenarioLine& line) {
@@ -75,15 +75,18 @@ void Narrator::ShowEnded(const std::string& ending) {
   SetApart("    The screen is closed, and the host gets: " + ending + "\n");
 }
 
-void Narrator::Ended(const std::vector<std::string>& records) {
+void Narrator::Ended(const FoundRecords& found) {
   size_t end = lines_.size();
   while (end > 0 && (!IsOwn(end) || IsBlank(lines_[end - 1]))) --end;
   TellUpTo(end);
-  SetApart(records.empty() ? std::string("The host finds no records.\n")
-                           : "The host finds " + Counted(records.size(), "record") + ", here taken apart:\n");
+  SetApart(found.records.empty()
+               ? std::string("The host finds no records.\n")
+               : "The host finds " + Counted(found.records.size(), "record") + ", here taken apart:\n");
   out_ << '\n';
+  // An invoice of a collection stands in three texts.
+  const LaunchRow* screen = FindLaunchRow(screen_);
   PrintRecords(
-      out_, TakeApart(records, FindLaunchRow(screen_)),
+      out_, found.collection != nullptr ? TakeApart(*found.collection, screen) : TakeApart(found.records, screen),
       {.paint = context_.paint, .locale = context_.SpokenLocale(), .countedAs = "record", .width = TerminalWidth()});
 }
 

@@ -25,7 +25,7 @@ class Narrator {
   void LineEnds(const ScenarioLine& line, Form* form);
   void BoxAnswered(const BoxRequest& box, MessageAnswer answer, Form* form);
   void ShowEnded(const std::string& ending);
-  void Ended(const std::vector<std::string>& records);
+  void Ended(const FoundRecords& found);
 
   /// Prints the lines of the file that are the scenario's up to that one, comments too.
   void TellUpTo(size_t line);

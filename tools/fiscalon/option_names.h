@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,14 @@ namespace fiscalon {
 /// Of options that name a file or a folder: an empty name, as an unset variable gives, is none.
 inline std::string NameGiven(const std::string& name) {
   return name.empty() ? "a name is needed, and it is empty" : "";
+}
+
+/// Of options that name files without their endings: a folder alone would make hidden files of these.
+inline std::string NameStemGiven(const std::string& name) {
+  const std::string last = std::filesystem::path(name).filename().string();
+  if (!name.empty() && (last.empty() || last == "." || last == ".."))
+    return "a name is needed behind the folder \"" + name + "\"";
+  return NameGiven(name);
 }
 
 /// Of options that take one of a few words.

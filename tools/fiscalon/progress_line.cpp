@@ -25,15 +25,15 @@ std::string Printed(const char* pattern, Values... values) {
 
 }  // namespace
 
-std::string ProgressText(const BatchProgress& progress, double seconds) {
-  std::string text = Grouped(progress.payments) + " payments";
+std::string ProgressText(const Progress& progress, double seconds) {
+  std::string text = Grouped(progress.count).append(" ").append(progress.things);
   const double share = progress.totalBytes.value_or(0) == 0
                            ? 0
                            : static_cast<double>(progress.bytes) / static_cast<double>(*progress.totalBytes);
   if (share > 0)
     text += Printed("  %.0f %%", share * 100);
   if (seconds > 0)
-    text += Printed("  %.1f million a second", static_cast<double>(progress.payments) / seconds / 1e6);
+    text += Printed("  %.1f million a second", static_cast<double>(progress.count) / seconds / 1e6);
   if (share > 0) {
     const auto left = std::lround(seconds / share - seconds);
     text += Printed("  %ld:%02ld left", left / 60, left % 60);
@@ -48,7 +48,7 @@ ProgressLine::~ProgressLine() {
     std::cerr << "\r\x1B[K" << std::flush;
 }
 
-void ProgressLine::Show(const BatchProgress& progress) {
+void ProgressLine::Show(const Progress& progress) {
   constexpr auto kPause = std::chrono::milliseconds(200);
   if (!isShown_)
     return;

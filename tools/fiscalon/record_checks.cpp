@@ -1,6 +1,7 @@
 #include "tools/fiscalon/record_checks.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/records/record_reader.h"
 #include "core/values/text.h"
@@ -27,7 +28,7 @@ bool HoldsUtf8(std::string_view text) {
 std::string NameOfControl(char character) {
   constexpr std::string_view kHexDigits = "0123456789ABCDEF";
   if (character == '\0')
-    return "NUL";
+    return "a NUL byte";
   if (character == '\t')
     return "a tab";
   if (character == '\r')
@@ -36,19 +37,22 @@ std::string NameOfControl(char character) {
   return std::string("control character 0x") + kHexDigits[code >> 4] + kHexDigits[code & 0xF];
 }
 
-void CheckLength(std::string_view record, const PlacedFields& placed, std::vector<Note>& problems) {
-  if (record.size() == kRecordLength || record.size() == placed.Length())
+void CheckLength(const ShownRecord& shown, size_t lengthOfFields, std::vector<Note>& problems) {
+  const bool isCut = shown.length != shown.record.size();
+  if (shown.length == kRecordLength || shown.length == lengthOfFields || isCut)
     return;
-  const std::string is = std::to_string(record.size()) + " characters long, not " + std::to_string(kRecordLength);
-  if (record.size() < kRecordLength)
-    problems.push_back({.text = is + ": " + std::to_string(kRecordLength - record.size()) + " short"});
+  const std::string is = std::to_string(shown.length) + " characters long, not " + std::to_string(kRecordLength);
+  if (shown.length < kRecordLength)
+    problems.push_back({.text = is + ": " + std::to_string(kRecordLength - shown.length) + " short"});
   else
-    problems.push_back({.text = is + ": " + std::to_string(record.size() - kRecordLength) + " too many" +
-                                (HoldsUtf8(record) ? "; it holds UTF-8, and records are in Windows-1252" : "")});
+    problems.push_back({.text = is + ": " + std::to_string(shown.length - kRecordLength) + " too many" +
+                                (HoldsUtf8(shown.record) ? "; it holds UTF-8, and records are in Windows-1252" : "")});
 }
 
 void CheckControlCharacters(std::string_view record, std::vector<Note>& problems) {
   constexpr size_t kMostNamed = 5;
+  if (IsPlain(record))
+    return;
   size_t found = 0;
   for (size_t i = 0; i < record.size(); ++i) {
     if (!IsControlCharacter(record[i]))
@@ -75,10 +79,11 @@ void CheckHead(std::string_view record, std::vector<Note>& problems) {
          .text = "unknown record kind " + DottedText(TextIn(record, kind)) + "; the kinds are T, F, G, P, R and I"});
 }
 
-void SayWhatForeignLineIs(std::string_view record, std::vector<Note>& problems) {
+void SayWhatForeignLineIs(const ShownRecord& shown, std::vector<Note>& problems) {
   constexpr size_t kMostQuoted = 20;
+  const std::string_view record = shown.record;
   if (record.empty())
-    problems.push_back({.text = "the line is empty"});
+    problems.push_back({.text = "an empty line"});
   else if (record.starts_with(kRecordMark))
     problems.push_back({.text = "no record: " + Counted(record.size(), "character") + ", and the head alone takes " +
                                 std::to_string(kHeadLength)});
@@ -99,23 +104,18 @@ bool LooksLikeRecord(std::string_view record) {
   return HasRecordHead(record) || (record.size() == kRecordLength && HasKnownKind(record));
 }
 
-void CheckLine(const RecordLine& line, std::vector<Note>& problems) {
-  if (line.hasByteOrderMark)
-    problems.push_back({.text = "a byte-order mark stands in front; record files are plain Windows-1252"});
-  if (line.opensWithQuote && !line.closesWithQuote)
-    problems.push_back({.text = "no closing quote; a line end inside the record would cut it in two"});
-  if (line.closesWithQuote && !line.opensWithQuote)
-    problems.push_back({.text = "no opening quote"});
+void CheckLine(const RecordLine& line, ShownRecord& shown) {
+  for (std::string& what : WrongAround(line)) shown.problems.push_back({.text = std::move(what)});
   if (line.opensWithQuote && line.end == LineEnd::None)
-    problems.push_back({.text = "no CR LF behind it; the file may have been cut off"});
+    shown.oddities.push_back({.text = "no CR LF behind it, as screens write it; more may have stood there"});
 }
 
-void CheckRecord(std::string_view record, const PlacedFields& placed, std::vector<Note>& problems) {
-  if (!LooksLikeRecord(record))
-    return SayWhatForeignLineIs(record, problems);
-  CheckLength(record, placed, problems);
-  CheckHead(record, problems);
-  CheckControlCharacters(record, problems);
+void CheckRecord(ShownRecord& shown, size_t lengthOfFields) {
+  if (!LooksLikeRecord(shown.record))
+    return SayWhatForeignLineIs(shown, shown.problems);
+  CheckLength(shown, lengthOfFields, shown.problems);
+  CheckHead(shown.record, shown.problems);
+  CheckControlCharacters(shown.record, shown.problems);
 }
 
 Note NoteOf(const Overrun& overrun) {
@@ -136,11 +136,12 @@ Note NoteOf(const Overrun& overrun) {
 }
 
 void OrderCheck::Follow(ShownRecord& record) {
-  if (!inPayment_ || record.seq != seq_)
+  const bool first = !inPayment_ || record.Seq() != seq_;
+  if (first) {
     *this = OrderCheck();
-  const bool first = !inPayment_;
-  inPayment_ = true;
-  seq_ = record.seq;
+    inPayment_ = true;
+    seq_ = record.Seq();
+  }
   if (record.kind == RecordKind::Government) {
     if (!first)
       record.problems.push_back({.text = hasGovernment_ ? "a second T record in the payment; there is one, and first"
@@ -164,19 +165,21 @@ void OrderCheck::Follow(ShownRecord& record) {
 
 void OrderCheck::CheckFieldNumbers(ShownRecord& record) {
   constexpr std::string_view kNoNumber = "00";
-  std::string number;
   bool numberIsBlank = false;
   for (const ShownField& field : record.fields) {
     if (field.name == "FieldNum") {
-      number = field.sense == Sense::FieldNumber && field.text != kNoNumber ? field.text : "";
       numberIsBlank = field.sense == Sense::Blank;
-      if (number.empty())
+      const std::string_view number = record.TextOf(field);
+      if (field.sense != Sense::FieldNumber || number == kNoNumber)
         continue;
       if (number <= lastNumber_)
-        record.problems.push_back(
-            {.from = field.from,
-             .to = field.to,
-             .text = "field number " + number + " behind " + lastNumber_ + "; a payment's field numbers go up"});
+        record.problems.push_back({.from = field.from,
+                                   .to = field.to,
+                                   .text = std::string("field number ")
+                                               .append(number)
+                                               .append(" behind ")
+                                               .append(lastNumber_)
+                                               .append("; a payment's field numbers go up")});
       lastNumber_ = number;
     } else if (field.name == "FieldValue" && numberIsBlank && field.sense != Sense::Blank &&
                field.sense != Sense::Missing) {

@@ -9,12 +9,12 @@ namespace fiscalon {
 /// Whether the line is to be read as a record: it has a record's head, or all the look of a record but for it.
 bool LooksLikeRecord(std::string_view record);
 
-/// What is wrong with the line around the record: quotes, line end, byte-order mark.
-void CheckLine(const RecordLine& line, std::vector<Note>& problems);
+/// What is wrong with the line around the record, and what is odd about it: quotes, line end, byte-order mark.
+void CheckLine(const RecordLine& line, ShownRecord& shown);
 
 /// What is wrong with the record as a whole: its length, which is that of its fields, its head, control characters. For
 /// a line that is no record, what it is instead.
-void CheckRecord(std::string_view record, const PlacedFields& placed, std::vector<Note>& problems);
+void CheckRecord(ShownRecord& shown, size_t lengthOfFields);
 
 /// What is odd about a record that is longer than others of its kind.
 Note NoteOf(const Overrun& overrun);

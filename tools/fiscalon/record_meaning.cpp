@@ -4,10 +4,7 @@
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <optional>
 
-#include "core/platform/code_page.h"
-#include "core/records/field_names.h"
 #include "core/values/text.h"
 #include "tools/fiscalon/visible_text.h"
 
@@ -24,27 +21,37 @@ struct RoleRow {
 
 // clang-format off
 constexpr std::array kRoles = {
+    RoleRow{"FieldNum",        Role::FieldNumber},
+    RoleRow{"FieldValue",      Role::FieldValue},
     RoleRow{"",                Role::AlwaysBlank},
     RoleRow{"PeriodStartDate", Role::Period},
     RoleRow{"PeriodEndDate",   Role::Period},
     RoleRow{"PeriodDueDate",   Role::Period},
     RoleRow{"Filler1",         Role::AlwaysBlank},
     RoleRow{"Filler2",         Role::AlwaysBlank},
-    RoleRow{"FieldNum",        Role::FieldNumber},
-    RoleRow{"FieldValue",      Role::FieldValue},
     RoleRow{"Amount",          Role::Cents},
     RoleRow{"InvoiceAmount",   Role::InvoiceCents},
     RoleRow{"InvoiceDate",     Role::Date},
 };
 // clang-format on
 
+constexpr std::string_view kUnusedNumber = "00";
+
 Role RoleOf(std::string_view name) {
   const auto row = std::find_if(kRoles.begin(), kRoles.end(), [&](const RoleRow& each) { return each.name == name; });
   return row == kRoles.end() ? Role::Text : row->role;
 }
 
+bool AreBlanks(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c == ' '; });
+}
+
 bool AreDigits(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+bool AreZeros(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c == '0'; });
 }
 
 int NumberIn(std::string_view digits) {
@@ -53,110 +60,132 @@ int NumberIn(std::string_view digits) {
   return number;
 }
 
-/// "2026-12-31" of "20261231"; nothing for a day that does not exist.
-std::optional<std::string> DayIn(std::string_view text) {
+/// The day of digits YYYYMMDD exists.
+bool IsDay(std::string_view text, unsigned day) {
   constexpr int kFirstYear = 100;
-  if (text.size() != 8 || !AreDigits(text))
-    return std::nullopt;
   const int year = NumberIn(text.substr(0, 4));
-  const std::chrono::year_month_day day{std::chrono::year(year),
-                                        std::chrono::month(static_cast<unsigned>(NumberIn(text.substr(4, 2)))),
-                                        std::chrono::day(static_cast<unsigned>(NumberIn(text.substr(6, 2))))};
-  if (year < kFirstYear || !day.ok())
-    return std::nullopt;
-  return std::string(text).insert(6, "-").insert(4, "-");
+  return year >= kFirstYear &&
+         std::chrono::year_month_day{std::chrono::year(year),
+                                     std::chrono::month(static_cast<unsigned>(NumberIn(text.substr(4, 2)))),
+                                     std::chrono::day(day)}
+             .ok();
 }
 
-/// "2026-12" of "202612  "; nothing for a month that does not exist.
-std::optional<std::string> MonthIn(std::string_view text) {
-  const std::string_view digits = TrimRight(text);
-  const auto day = digits.size() == 6 ? DayIn(std::string(digits).append("01")) : std::nullopt;
-  return day ? std::optional(day->substr(0, 7)) : std::nullopt;
+bool IsDay(std::string_view text) {
+  return text.size() == 8 && AreDigits(text) && IsDay(text, static_cast<unsigned>(NumberIn(text.substr(6, 2))));
 }
 
-/// The digits of an amount that fills its columns, behind its minus. It stands before them, in one return's field
-/// behind them. Nothing for what is no amount.
-std::optional<std::string> SignedDigitsIn(std::string_view text) {
-  const bool negative = text.starts_with('-') || text.ends_with('-');
-  if (text.starts_with('-'))
-    text.remove_prefix(1);
-  else if (text.ends_with('-'))
-    text.remove_suffix(1);
-  if (!AreDigits(text))
-    return std::nullopt;
-  return std::string(negative ? "-" : "").append(text);
+bool IsMonth(std::string_view text) {
+  return text.size() == 6 && AreDigits(text) && IsDay(text, 1);
 }
 
-/// "123.45" of "000000000000012345", however large.
-std::string DollarsOf(std::string_view signedDigits) {
-  constexpr size_t kLeastDigits = 3;
-  const std::string_view sign = signedDigits.starts_with('-') ? "-" : "";
-  std::string digits(signedDigits.substr(sign.size()));
-  digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size()));
-  digits.insert(0, kLeastDigits - std::min(kLeastDigits, digits.size()), '0');
-  return std::string(sign) + digits.insert(digits.size() - 2, ".");
+bool IsYear(std::string_view text) {
+  return text.size() == 4 && AreDigits(text);
 }
 
 class FieldReader {
  public:
-  FieldReader(ShownField& field, std::vector<Note>& problems) : field_(field), problems_(problems) {}
+  FieldReader(ShownField& field, std::string_view text, std::vector<Note>& problems)
+      : field_(field), text_(text), problems_(problems) {}
 
-  void Understand(Role role, const LaunchRow* screen) {
-    if (role == Role::AlwaysBlank)
-      return Wrong("columns that are always blank hold " + DottedText(field_.text));
-    if (role == Role::FieldNumber)
-      return UnderstandNumber(screen);
-    if (role == Role::FieldValue)
-      return UnderstandValue();
-    if (role == Role::Cents || role == Role::InvoiceCents)
-      return UnderstandCents(Sense::Cents, role);
-    if (role == Role::Period || role == Role::Date)
-      return UnderstandDate(role);
-    Means(Sense::Text, ToUtf8(Trim(field_.text)));
+  void Read(Role role, const LaunchRow* screen, SlotBefore& slot) {
+    switch (role) {
+      case Role::AlwaysBlank:
+        return Wrong("columns that are always blank hold " + DottedText(text_));
+      case Role::FieldNumber:
+        return ReadNumber(screen, slot);
+      case Role::FieldValue:
+        return screen == nullptr || slot.number.empty() ? ReadValue() : ReadValueOf(*screen, slot);
+      case Role::Cents:
+        return ReadCents(Sense::Cents, text_);
+      case Role::InvoiceCents:
+        // The first column of an invoice's amount is that of its sign.
+        return ReadCents(Sense::Cents, text_.substr(text_.front() == ' ' ? 1 : 0));
+      case Role::Period:
+        return ReadPeriod();
+      case Role::Date:
+        return IsDay(text_) ? Is(Sense::Date) : Wrong(DottedText(text_) + " is no date YYYYMMDD");
+      case Role::Text:
+        return Is(Sense::Text);
+    }
   }
 
  private:
-  void UnderstandNumber(const LaunchRow* screen) {
-    if (!AreDigits(field_.text))
-      return Wrong(DottedText(field_.text) + " is no field number of two digits");
-    Means(Sense::FieldNumber, "");
-    if (screen == nullptr)
+  void ReadNumber(const LaunchRow* screen, SlotBefore& slot) {
+    if (!AreDigits(text_))
+      return Wrong(DottedText(text_) + " is no field number of two digits");
+    Is(Sense::FieldNumber);
+    if (text_ == kUnusedNumber)
       return;
-    field_.meaning = ToUtf8(FieldNameOf(screen->code, field_.text));
+    slot.number = text_;
+    if (screen != nullptr)
+      slot.field = FindField(screen->code, text_);
+    if (slot.field != nullptr)
+      field_.nameOnScreen = slot.field->name;
   }
 
-  void UnderstandValue() {
-    const std::string_view text = field_.text;
-    if (text.front() == ' ')
-      return Wrong("the value " + DottedText(text) + " begins with blanks");
+  /// A value of a screen that is not known.
+  void ReadValue() {
+    if (text_.front() == ' ')
+      return Wrong("the value " + DottedText(text_) + " begins with blanks");
     // Amounts fill their columns from the left with zeros, or with a minus; texts leave blanks behind them.
-    const bool fillsColumns = text.back() != ' ';
-    if (fillsColumns && (SignedDigitsIn(text) || text.front() == '0' || text.front() == '-'))
-      return UnderstandCents(Sense::Digits, Role::FieldValue);
-    Means(Sense::Text, ToUtf8(Trim(text)));
+    const bool fillsColumns = text_.back() != ' ';
+    if (fillsColumns && (text_.front() == '0' || text_.front() == '-' || !SignedDigitsIn(text_).digits.empty()))
+      return ReadCents(Sense::Digits, text_);
+    Is(Sense::Text);
   }
 
-  void UnderstandCents(Sense sense, Role role) {
-    // The first column of an invoice's amount is that of its sign.
-    const bool unsignedInvoice = role == Role::InvoiceCents && field_.text.front() == ' ';
-    const auto digits = SignedDigitsIn(std::string_view(field_.text).substr(unsignedInvoice ? 1 : 0));
-    if (!digits)
-      return Wrong("the amount " + DottedText(field_.text) + " is not made of digits");
-    Means(sense, DollarsOf(*digits));
+  void ReadValueOf(const LaunchRow& screen, const SlotBefore& slot) {
+    if (slot.field != nullptr)
+      return ReadValueAs(slot.field->kind);
+    ReadValue();
+    if (!AreZeros(text_))
+      Wrong("screen " + std::string(screen.code) + " has no field " + std::string(slot.number) + ", and it holds " +
+            DottedText(text_));
   }
 
-  void UnderstandDate(Role role) {
-    if (const auto day = DayIn(field_.text))
-      return Means(Sense::Date, *day);
-    if (const auto month = role == Role::Period ? MonthIn(field_.text) : std::nullopt)
-      return Means(Sense::Month, *month);
-    Wrong(DottedText(field_.text) + " is no date" + (role == Role::Period ? " YYYYMMDD or YYYYMM" : " YYYYMMDD"));
+  void ReadValueAs(FieldKind kind) {
+    switch (kind) {
+      case FieldKind::Amount:
+        return ReadCents(Sense::Cents, text_);
+      case FieldKind::WholeDollars:
+        return ReadWholeDollars();
+      case FieldKind::Count:
+        return AreDigits(text_) ? Is(Sense::Count)
+                                : Wrong("the number " + DottedText(text_) + " is not made of digits");
+      case FieldKind::Date:
+        return IsDay(TrimRight(text_)) ? Is(Sense::Date) : Wrong(DottedText(text_) + " is no date YYYYMMDD");
+      case FieldKind::Month:
+        return IsMonth(TrimRight(text_)) ? Is(Sense::Month) : Wrong(DottedText(text_) + " is no month YYYYMM");
+      case FieldKind::Year:
+        return IsYear(TrimRight(text_)) ? Is(Sense::Year) : Wrong(DottedText(text_) + " is no year YYYY");
+      case FieldKind::Text:
+        return text_.front() == ' ' ? Wrong("the value " + DottedText(text_) + " begins with blanks") : Is(Sense::Text);
+    }
   }
 
-  void Means(Sense sense, const std::string& meaning) {
-    field_.sense = sense;
-    field_.meaning = meaning;
+  void ReadCents(Sense sense, std::string_view amount) {
+    if (SignedDigitsIn(amount).digits.empty())
+      return Wrong("the amount " + DottedText(text_) + " is not made of digits");
+    Is(sense);
   }
+
+  void ReadWholeDollars() {
+    ReadCents(Sense::Dollars, text_);
+    const std::string_view digits = SignedDigitsIn(text_).digits;
+    if (!digits.empty() && !AreZeros(digits.substr(digits.size() - std::min<size_t>(digits.size(), 2))))
+      Wrong("the amount " + DottedText(text_) + " has cents, and is one of whole dollars");
+  }
+
+  void ReadPeriod() {
+    if (IsDay(text_))
+      return Is(Sense::Date);
+    if (IsMonth(TrimRight(text_)))
+      return Is(Sense::Month);
+    Wrong(DottedText(text_) + " is no date YYYYMMDD or YYYYMM");
+  }
+
+  void Is(Sense sense) { field_.sense = sense; }
 
   void Wrong(const std::string& what) {
     field_.sense = Sense::Wrong;
@@ -165,18 +194,80 @@ class FieldReader {
   }
 
   ShownField& field_;
+  std::string_view text_;
   std::vector<Note>& problems_;
 };
 
+/// "123.45" of "000000000000012345", however large.
+void AppendDollars(std::string& out, const SignedDigits& cents) {
+  constexpr size_t kDecimals = 2;
+  const std::string_view digits = cents.digits;
+  const size_t whole = digits.size() - std::min(digits.size(), kDecimals);
+  const size_t first = std::min(digits.find_first_not_of('0'), whole);
+  if (cents.isNegative)
+    out += '-';
+  if (first == whole)
+    out += '0';
+  out.append(digits, first, whole - first);
+  out += '.';
+  out.append(kDecimals - (digits.size() - whole), '0');
+  out.append(digits, whole);
+}
+
 }  // namespace
 
-ShownField UnderstandField(std::string_view record, const RecordField& field, const LaunchRow* screen,
+SignedDigits SignedDigitsIn(std::string_view text) {
+  const bool isNegative = text.starts_with('-') || text.ends_with('-');
+  if (text.starts_with('-'))
+    text.remove_prefix(1);
+  else if (text.ends_with('-'))
+    text.remove_suffix(1);
+  if (!AreDigits(text))
+    return {};
+  return {isNegative, text};
+}
+
+void AppendMeaning(std::string& out, const ShownField& field, std::string_view text) {
+  switch (field.sense) {
+    case Sense::Text:
+      return AppendUtf8(out, Trim(text));
+    case Sense::Cents:
+    case Sense::Dollars:
+    case Sense::Digits:
+      return AppendDollars(out, SignedDigitsIn(TrimLeft(text)));
+    case Sense::Count:
+      out.append(text, std::min(text.find_first_not_of('0'), text.size() - 1));
+      return;
+    case Sense::Date:
+      out.append(text, 0, 4).append("-").append(text, 4, 2).append("-").append(text, 6, 2);
+      return;
+    case Sense::Month:
+      out.append(text, 0, 4).append("-").append(text, 4, 2);
+      return;
+    case Sense::Year:
+      out.append(text, 0, 4);
+      return;
+    case Sense::FieldNumber:
+      out.append(field.nameOnScreen);
+      return;
+    case Sense::Blank:
+    case Sense::Missing:
+    case Sense::Wrong:
+      return;
+  }
+}
+
+ShownField UnderstandField(std::string_view record, const RecordField& field, const LaunchRow* screen, SlotBefore& slot,
                            std::vector<Note>& problems) {
-  ShownField shown{.name = field.name, .from = field.from, .to = field.to, .text = std::string(TextIn(record, field))};
-  if (shown.text.size() < field.Width())
+  ShownField shown{.name = field.name, .from = field.from, .to = field.to, .sense = {}, .nameOnScreen = {}};
+  const std::string_view text = TextIn(record, field);
+  const Role role = RoleOf(field.name);
+  if (role == Role::FieldNumber)
+    slot = {};
+  if (text.size() < field.Width())
     shown.sense = Sense::Missing;
-  else if (!Trim(shown.text).empty())
-    FieldReader(shown, problems).Understand(RoleOf(field.name), screen);
+  else if (!AreBlanks(text))
+    FieldReader(shown, text, problems).Read(role, screen, slot);
   return shown;
 }
 

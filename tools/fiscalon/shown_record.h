@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -7,6 +8,7 @@
 #include "core/launch.h"
 #include "core/records/pc4_records.h"
 #include "core/records/record_layout.h"
+#include "core/records/record_line.h"
 
 namespace fiscalon {
 
@@ -17,12 +19,19 @@ enum class Sense {
   Text,
   /// An amount in cents; its meaning is dollars, "123.45".
   Cents,
-  /// A free-format value of digits: cents in most fields, a plain count in some. Its meaning is that of cents.
+  /// The same of an amount that has no cents.
+  Dollars,
+  /// A free-format value of digits, on a screen that is not known: cents in most fields, a plain count in some. Its
+  /// meaning is that of cents.
   Digits,
+  /// A whole number that is no amount; its meaning has no zeros in front.
+  Count,
   /// "2026-12-31"
   Date,
   /// "2026-12"
   Month,
+  /// "2026"
+  Year,
   /// A free-format field number; its meaning is the field's name on the screen, where that is known.
   FieldNumber,
   /// The record ends before the field, or inside it.
@@ -36,11 +45,9 @@ struct ShownField {
   std::string_view name = {};
   int from = 0;
   int to = 0;
-  /// In the code page.
-  std::string text = {};
   Sense sense = Sense::Blank;
-  /// UTF-8, the same under any locale; empty where there is none.
-  std::string meaning = {};
+  /// What a field number stands for on the screen; empty where that is not known.
+  std::string_view nameOnScreen = {};
 };
 
 /// Something to be said of a record, in words for the user (UTF-8). Columns 0 mean the record as a whole.
@@ -50,36 +57,43 @@ struct Note {
   std::string text = {};
 };
 
+/// The longest line that is held whole. No record comes near it.
+inline constexpr size_t kLongestLine = 4096;
+
 /// One record, one line that is none, or one invoice of a collection, taken apart.
 struct ShownRecord {
-  size_t number = 0;
-  /// In the code page.
+  uint64_t number = 0;
+  /// In the code page; only its beginning where the line is too long to be held.
   std::string record = {};
+  /// How many characters it has in truth.
+  uint64_t length = 0;
   /// Whether it is a record at all; the rest stays empty for a line that is none.
   bool isRecord = false;
   /// Whether it is an invoice, which a collection holds in three texts, without head or kind. They are its fields, and
   /// its columns count from the date's.
   bool isInvoice = false;
-  /// What stands in column 8 and in columns 4-7.
+  /// What stands in column 8.
   RecordKind kind = {};
-  std::string seq = {};
   /// What lies behind the head, in order.
   std::vector<ShownField> fields = {};
   std::vector<Note> problems = {};
   /// What is out of the common, though screens write it so: nothing is wrong with it.
   std::vector<Note> oddities = {};
+
+  /// What stands in columns 4-7; empty for a line that is no record.
+  std::string_view Seq() const;
+  /// In the code page.
+  std::string_view TextOf(const ShownField& field) const {
+    return TextIn(record, {.from = field.from, .to = field.to, .name = {}, .fill = Fill::Blank});
+  }
 };
 
-/// Takes the lines of a record file apart. `screen` names the fields; it may be null.
+/// Takes the lines of a record file apart. `screen` tells what the fields are; it may be null.
 std::vector<ShownRecord> TakeApart(std::string_view bytes, const LaunchRow* screen);
 
 /// The same for whole records without quotes, and for what a screen hands back.
 std::vector<ShownRecord> TakeApart(const std::vector<std::string>& records, const LaunchRow* screen);
 std::vector<ShownRecord> TakeApart(const PC4s& records, const LaunchRow* screen);
-
-/// How many problems, and how many oddities, there are.
-size_t ProblemsIn(const std::vector<ShownRecord>& records);
-size_t OdditiesIn(const std::vector<ShownRecord>& records);
 
 /// "government format" for "T"; empty for an unknown letter.
 std::string_view NameOf(RecordKind kind);

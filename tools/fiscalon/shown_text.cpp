@@ -1,11 +1,9 @@
 #include "tools/fiscalon/shown_text.h"
 
 #include <algorithm>
-#include <array>
 #include <ostream>
 
 #include "core/values/text.h"
-#include "tools/fiscalon/field_remark.h"
 #include "tools/fiscalon/visible_text.h"
 
 namespace fiscalon {
@@ -24,107 +22,132 @@ void Mark(std::string& marks, const std::vector<Note>& notes, char mark) {
 /// A line of as many columns as the record shows, with a mark under each column that something is odd about or wrong
 /// with.
 std::string MarksOf(const ShownRecord& record, size_t columns) {
+  if (record.oddities.empty() && record.problems.empty())
+    return {};
   std::string marks(columns, ' ');
   Mark(marks, record.oddities, '~');
   Mark(marks, record.problems, '^');
   return std::string(TrimRight(marks));
 }
 
-class RecordPrinter {
- public:
-  RecordPrinter(std::ostream& out, const ShownStyle& style) : out_(out), style_(style) {}
+std::string PlaceOf(const Note& note) {
+  if (note.from == 0)
+    return "";
+  if (note.from == note.to)
+    return "column " + std::to_string(note.from) + ": ";
+  return "columns " + std::to_string(note.from) + "-" + std::to_string(note.to) + ": ";
+}
 
-  void Print(const ShownRecord& record) {
-    PrintHeading(record);
-    PrintRuled(record);
-    PrintFields(record);
-    for (const Note& problem : record.problems)
-      out_ << style_.paint.Bad(std::string(kMargin) + "! " + PlaceOf(problem) + problem.text) << '\n';
-    for (const Note& oddity : record.oddities)
-      out_ << style_.paint.Aside(std::string(kMargin) + "~ " + PlaceOf(oddity) + oddity.text) << '\n';
-    out_ << '\n';
-  }
+std::string_view RulerTo(size_t columns) {
+  static const std::string ruler = Ruler(kMostShown);
+  return std::string_view(ruler).substr(0, columns);
+}
 
- private:
-  void PrintHeading(const ShownRecord& record) {
-    std::string heading = std::string(style_.countedAs) + " " + std::to_string(record.number) + ": ";
-    if (!record.isRecord) {
-      heading += "no record";
-    } else {
-      const char letter = static_cast<char>(record.kind);
-      heading += VisibleText(std::string_view(&letter, 1));
-      heading += LayoutOf(record.kind).empty() ? "" : ", " + std::string(NameOf(record.kind));
-      heading += ", sequence " + DottedText(record.seq);
-    }
-    out_ << style_.paint.Heading(heading) << '\n';
-  }
+/// A whole number of tens, so that each piece of the ruler ends with its label.
+size_t FoldAt(const std::optional<size_t>& width) {
+  constexpr size_t kStep = 10;
+  if (!width)
+    return kMostShown;
+  const size_t taken = kMargin.size() + 2;
+  return std::max(*width - std::min(*width, taken), kStep) / kStep * kStep;
+}
 
-  void PrintRuled(const ShownRecord& record) {
-    const std::string_view text = std::string_view(record.record).substr(0, kMostShown);
-    const std::string ruler = Ruler(text.size());
-    const std::string marks = MarksOf(record, text.size());
-    const size_t fold = FoldAt();
-    for (size_t from = 0; from < text.size(); from += std::min(fold, text.size())) {
-      out_ << style_.paint.Aside(std::string(kMargin) + " " + ruler.substr(from, fold)) << '\n';
-      out_ << kMargin << '|' << VisibleText(text.substr(from, fold)) << "|\n";
-      if (from < marks.size() && marks.find_first_not_of(' ', from) < from + fold)
-        out_ << PaintMarks(std::string(kMargin) + " " + marks.substr(from, fold)) << '\n';
-    }
-    if (record.record.size() > kMostShown)
-      out_ << kMargin << "... and " << Counted(record.record.size() - kMostShown, "more character") << '\n';
-  }
-
-  std::string PaintMarks(const std::string& marks) const {
-    return marks.find('^') == std::string::npos ? style_.paint.Aside(marks) : style_.paint.Bad(marks);
-  }
-
-  /// A whole number of tens, so that each piece of the ruler ends with its label.
-  size_t FoldAt() const {
-    constexpr size_t kStep = 10;
-    if (!style_.width)
-      return kMostShown;
-    const size_t taken = kMargin.size() + 2;
-    return std::max(*style_.width - std::min(*style_.width, taken), kStep) / kStep * kStep;
-  }
-
-  void PrintFields(const ShownRecord& record) {
-    size_t nameWidth = 0, textWidth = 0;
-    for (const ShownField& field : record.fields) {
-      if (!IsWorthALine(field))
-        continue;
-      nameWidth = std::max(nameWidth, field.name.size());
-      textWidth = std::max(textWidth, ColumnsOf(DottedText(field.text)));
-    }
-    for (const ShownField& field : record.fields) {
-      if (!IsWorthALine(field))
-        continue;
-      const std::string columns = std::to_string(field.from) + "-" + std::to_string(field.to);
-      constexpr size_t kColumnsWidth = 7;
-      const std::string line = std::string(kMargin) +
-                               std::string(kColumnsWidth - std::min(kColumnsWidth, columns.size()), ' ') + columns +
-                               "  " + PaddedTo(nameWidth, field.name) + "  " +
-                               PaddedTo(textWidth, DottedText(field.text)) + "  " + RemarkOn(field, style_.locale);
-      out_ << TrimRight(line) << '\n';
-    }
-  }
-
-  static std::string PlaceOf(const Note& note) {
-    if (note.from == 0)
-      return "";
-    if (note.from == note.to)
-      return "column " + std::to_string(note.from) + ": ";
-    return "columns " + std::to_string(note.from) + "-" + std::to_string(note.to) + ": ";
-  }
-
-  std::ostream& out_;
-  const ShownStyle& style_;
-};
+/// "  11-28", at the right of seven columns.
+void AppendPlace(std::string& out, const ShownField& field) {
+  constexpr size_t kPlaceWidth = 7;
+  const size_t start = out.size();
+  AppendNumber(out, static_cast<uint64_t>(field.from));
+  out += '-';
+  AppendNumber(out, static_cast<uint64_t>(field.to));
+  const size_t width = out.size() - start;
+  out.insert(start, kPlaceWidth - std::min(kPlaceWidth, width), ' ');
+}
 
 }  // namespace
 
+RecordPrinter::RecordPrinter(const ShownStyle& style)
+    : style_(style), money_(style.locale), fold_(FoldAt(style.width)) {}
+
+void RecordPrinter::Append(std::string& out, const ShownRecord& record) const {
+  AppendHeading(out, record);
+  AppendRuled(out, record);
+  AppendFields(out, record);
+  for (const Note& problem : record.problems)
+    out.append(style_.paint.Bad(std::string(kMargin) + "! " + PlaceOf(problem) + problem.text)).append("\n");
+  for (const Note& oddity : record.oddities)
+    out.append(style_.paint.Aside(std::string(kMargin) + "~ " + PlaceOf(oddity) + oddity.text)).append("\n");
+  out += '\n';
+}
+
+void RecordPrinter::AppendHeading(std::string& out, const ShownRecord& record) const {
+  std::string heading(style_.countedAs);
+  heading += ' ';
+  AppendNumber(heading, record.number);
+  heading += ": ";
+  if (record.isInvoice) {
+    heading += "invoice";
+  } else if (!record.isRecord) {
+    heading += "no record";
+  } else {
+    const char letter = static_cast<char>(record.kind);
+    AppendVisible(heading, std::string_view(&letter, 1));
+    if (const std::string_view name = NameOf(record.kind); !name.empty())
+      heading.append(", ").append(name);
+    heading += ", sequence ";
+    AppendDotted(heading, record.Seq());
+  }
+  out.append(style_.paint.Heading(heading)).append("\n");
+}
+
+void RecordPrinter::AppendRuled(std::string& out, const ShownRecord& record) const {
+  const std::string_view text = std::string_view(record.record).substr(0, kMostShown);
+  const std::string_view ruler = RulerTo(text.size());
+  const std::string marks = MarksOf(record, text.size());
+  for (size_t from = 0; from < text.size(); from += std::min(fold_, text.size())) {
+    out.append(style_.paint.Aside(std::string(kMargin).append(" ").append(ruler.substr(from, fold_)))).append("\n");
+    out.append(kMargin).append("|");
+    AppendVisible(out, text.substr(from, fold_));
+    out += "|\n";
+    if (from < marks.size() && marks.find_first_not_of(' ', from) < from + fold_)
+      out.append(PaintMarks(std::string(kMargin) + " " + marks.substr(from, fold_))).append("\n");
+  }
+  if (record.length > kMostShown)
+    out.append(kMargin).append("... and ").append(Counted(record.length - kMostShown, "more character")).append("\n");
+}
+
+std::string RecordPrinter::PaintMarks(const std::string& marks) const {
+  return marks.find('^') == std::string::npos ? style_.paint.Aside(marks) : style_.paint.Bad(marks);
+}
+
+void RecordPrinter::AppendFields(std::string& out, const ShownRecord& record) const {
+  constexpr size_t kQuotes = 2;
+  size_t nameWidth = 0, textWidth = 0;
+  for (const ShownField& field : record.fields) {
+    if (!IsWorthALine(field))
+      continue;
+    nameWidth = std::max(nameWidth, field.name.size());
+    textWidth = std::max(textWidth, record.TextOf(field).size() + kQuotes);
+  }
+  for (const ShownField& field : record.fields) {
+    if (!IsWorthALine(field))
+      continue;
+    const std::string_view text = record.TextOf(field);
+    out += kMargin;
+    AppendPlace(out, field);
+    out.append("  ").append(field.name).append(nameWidth - field.name.size() + 2, ' ');
+    AppendDotted(out, text);
+    out.append(textWidth - text.size() - kQuotes + 2, ' ');
+    AppendRemark(out, field, text, money_);
+    out.resize(TrimRight(out).size());
+    out += '\n';
+  }
+}
+
 void PrintRecords(std::ostream& out, const std::vector<ShownRecord>& records, const ShownStyle& style) {
-  RecordPrinter printer(out, style);
-  for (const ShownRecord& record : records) printer.Print(record);
+  const RecordPrinter printer(style);
+  std::string text;
+  for (const ShownRecord& record : records) printer.Append(text, record);
+  out << text;
 }
 
 }  // namespace fiscalon

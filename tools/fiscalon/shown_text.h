@@ -2,10 +2,12 @@
 
 #include <iosfwd>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "tools/fiscalon/context.h"
+#include "tools/fiscalon/field_remark.h"
 #include "tools/fiscalon/shown_record.h"
 
 namespace fiscalon {
@@ -21,7 +23,25 @@ struct ShownStyle {
   std::optional<size_t> width = {};
 };
 
-/// Each record under a ruler, its fields by name, what is wrong with it and what is odd about it.
+/// Prints records: each under a ruler, its fields by name, what is wrong with it and what is odd about it.
+class RecordPrinter {
+ public:
+  explicit RecordPrinter(const ShownStyle& style);
+
+  void Append(std::string& out, const ShownRecord& record) const;
+
+ private:
+  void AppendHeading(std::string& out, const ShownRecord& record) const;
+  void AppendRuled(std::string& out, const ShownRecord& record) const;
+  void AppendFields(std::string& out, const ShownRecord& record) const;
+  std::string PaintMarks(const std::string& marks) const;
+
+  ShownStyle style_;
+  MoneyWords money_;
+  size_t fold_;
+};
+
+/// Each of them, one behind the other.
 void PrintRecords(std::ostream& out, const std::vector<ShownRecord>& records, const ShownStyle& style);
 
 }  // namespace fiscalon

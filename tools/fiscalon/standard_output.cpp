@@ -1,8 +1,14 @@
 #include "tools/fiscalon/standard_output.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <iostream>
+
+#include "tools/fiscalon/interrupt_watch.h"
 
 namespace fiscalon {
 
@@ -29,10 +35,34 @@ StandardOutput::int_type StandardOutput::overflow(int_type character) {
 int StandardOutput::sync() {
   const auto size = static_cast<size_t>(pptr() - pbase());
   setp(buffer_.data(), buffer_.data() + buffer_.size());
-  errno = 0;
-  if (std::fwrite(buffer_.data(), 1, size, stdout) != size || std::fflush(stdout) != 0)
-    throw OutputError{.number = errno};
+  Write(buffer_.data(), size);
   return 0;
+}
+
+std::streamsize StandardOutput::xsputn(const char* text, std::streamsize size) {
+  if (size < epptr() - pptr())
+    return std::streambuf::xsputn(text, size);
+  sync();
+  Write(text, static_cast<size_t>(size));
+  return size;
+}
+
+/// Past the C library, which would take up a write again that an interrupt has ended, and wait for a reader that never
+/// comes.
+void StandardOutput::Write(const char* text, size_t size) {
+  errno = 0;
+  if (std::fflush(stdout) != 0)
+    throw OutputError{.number = errno};
+  while (size > 0) {
+    const ssize_t written = ::write(STDOUT_FILENO, text, size);
+    if (IsInterrupted() && (written < 0 || static_cast<size_t>(written) < size))
+      throw OutputError{.number = EINTR};
+    if (written < 0 && errno != EINTR)
+      throw OutputError{.number = errno};
+    const auto count = static_cast<size_t>(std::max<ssize_t>(written, 0));
+    text += count;
+    size -= count;
+  }
 }
 
 }  // namespace fiscalon

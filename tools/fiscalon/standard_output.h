@@ -24,8 +24,11 @@ class StandardOutput final : public std::streambuf {
  protected:
   int_type overflow(int_type character) override;
   int sync() override;
+  std::streamsize xsputn(const char* text, std::streamsize size) override;
 
  private:
+  static void Write(const char* text, size_t size);
+
   std::array<char, 16384> buffer_ = {};
   std::streambuf* before_ = nullptr;
 };

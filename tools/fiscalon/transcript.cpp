@@ -42,6 +42,7 @@ PlayWatcher TranscriptTo(std::ostream& out) {
           .boxAnswered = [event](const BoxRequest& box, MessageAnswer answer,
                                  Form*) { event(DescribedBox(box).append(", answered ").append(NameOf(answer))); },
           .noticed = event,
+          .statusCame = [event](const std::string& status) { event("status \"" + status + "\""); },
           .showEnded = event};
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 #include "core/platform/code_page.h"
 #include "core/values/text.h"
@@ -9,12 +10,13 @@
 namespace fiscalon {
 namespace {
 
-constexpr std::string_view kMiddleDot = "\u00B7";
+/// Ten middle dots.
+constexpr std::string_view kDots = "\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7";
 
-std::string Repeated(std::string_view mark, size_t times) {
-  std::string repeated;
-  for (size_t i = 0; i < times; ++i) repeated += mark;
-  return repeated;
+void AppendDots(std::string& out, size_t count) {
+  constexpr size_t kBytes = kDots.size() / 10;
+  for (; count > 10; count -= 10) out += kDots;
+  out += kDots.substr(0, count * kBytes);
 }
 
 std::string VisibleCharacter(char character) {
@@ -34,17 +36,57 @@ bool IsControlCharacter(char character) {
   return code < ' ' || std::find(kOthers.begin(), kOthers.end(), code) != kOthers.end();
 }
 
+bool IsPlain(std::string_view text) {
+  // Every character is looked at, whatever was found before: compilers then take many at once.
+  bool plain = true;
+  for (const char character : text) {
+    const auto code = static_cast<unsigned char>(character);
+    plain &= code >= ' ' && code < 0x7F;
+  }
+  return plain;
+}
+
+void AppendVisible(std::string& out, std::string_view text) {
+  if (IsPlain(text)) {
+    out += text;
+    return;
+  }
+  for (const char character : text) out += VisibleCharacter(character);
+}
+
 std::string VisibleText(std::string_view text) {
   std::string visible;
-  for (const char character : text) visible += VisibleCharacter(character);
+  AppendVisible(visible, text);
   return visible;
 }
 
-std::string DottedText(std::string_view text) {
+void AppendDotted(std::string& out, std::string_view text) {
   const std::string_view withoutTail = TrimRight(text);
   const std::string_view middle = TrimLeft(withoutTail);
-  return '"' + Repeated(kMiddleDot, withoutTail.size() - middle.size()) + VisibleText(middle) +
-         Repeated(kMiddleDot, text.size() - withoutTail.size()) + '"';
+  out += '"';
+  AppendDots(out, withoutTail.size() - middle.size());
+  AppendVisible(out, middle);
+  AppendDots(out, text.size() - withoutTail.size());
+  out += '"';
+}
+
+std::string DottedText(std::string_view text) {
+  std::string dotted;
+  AppendDotted(dotted, text);
+  return dotted;
+}
+
+void AppendUtf8(std::string& out, std::string_view text) {
+  if (IsPlain(text))
+    out += text;
+  else
+    out += ToUtf8(text);
+}
+
+void AppendNumber(std::string& out, uint64_t number) {
+  std::array<char, 20> digits = {};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  out.append(digits.data(), end);
 }
 
 size_t ColumnsOf(std::string_view utf8) {
@@ -65,7 +107,7 @@ std::string Ruler(size_t columns) {
   return ruler.substr(0, columns);
 }
 
-std::string Counted(size_t count, std::string_view thing) {
+std::string Counted(uint64_t count, std::string_view thing) {
   return std::to_string(count).append(" ").append(thing).append(count == 1 ? "" : "s");
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,8 +10,21 @@ namespace fiscalon {
 /// Control characters become their pictures, such as "␀"; everything else stands as it is.
 std::string VisibleText(std::string_view text);
 
-/// In quotes, the blanks at either end as "·".
+void AppendVisible(std::string& out, std::string_view text);
+
+/// In quotes, the blanks at either end as "·". It takes two columns more than the text.
 std::string DottedText(std::string_view text);
+void AppendDotted(std::string& out, std::string_view text);
+
+/// Whether the text holds printable ASCII alone, as nearly all records do: it looks the same in the code page, in UTF-8
+/// and to the eye.
+bool IsPlain(std::string_view text);
+
+/// Appends a text of the code page, in UTF-8.
+void AppendUtf8(std::string& out, std::string_view text);
+
+/// Appends a number in digits.
+void AppendNumber(std::string& out, uint64_t number);
 
 /// Whether the byte is no character of a text: a control character, or a place that the code page leaves open.
 bool IsControlCharacter(char character);
@@ -25,6 +39,6 @@ std::string PaddedTo(size_t columns, std::string_view utf8);
 std::string Ruler(size_t columns);
 
 /// "1 record", "2 records"
-std::string Counted(size_t count, std::string_view thing);
+std::string Counted(uint64_t count, std::string_view thing);
 
 }  // namespace fiscalon

@@ -69,6 +69,7 @@ void WholeFile::OpenBeside(bool hasOlder) {
   // A file that may not be written to is not replaced either.
   if (hasOlder && !MayBeWritten(place_))
     Fail();
+  auto fleeting = std::make_unique<FleetingFile>();
   std::string beside;
   do {
     beside = NameBeside(place_);
@@ -76,7 +77,8 @@ void WholeFile::OpenBeside(bool hasOlder) {
   } while (!file_ && errno == EEXIST);
   if (!file_)
     Fail();
-  beside_ = std::make_unique<FleetingFile>(beside);
+  fleeting->Become(std::move(beside));
+  beside_ = std::move(fleeting);
   if (hasOlder)
     GiveAccess(place_, file_.get());
 }
@@ -137,11 +139,14 @@ void WholeFile::TakePlace(Return way) {
 }
 
 void WholeFile::KeepOlder() {
+  auto fleeting = std::make_unique<FleetingFile>();
   std::string before = NameBeside(place_);
-  if (MoveAside(place_, before))
-    before_ = std::make_unique<FleetingFile>(std::move(before));
-  else if (errno != ENOENT)
+  if (MoveAside(place_, before)) {
+    fleeting->Become(std::move(before));
+    before_ = std::move(fleeting);
+  } else if (errno != ENOENT) {
     Fail();
+  }
 }
 
 void WholeFile::GiveBack() {
@@ -151,13 +156,13 @@ void WholeFile::GiveBack() {
     Remove(place_);
 }
 
-void WholeFile::Commit(std::initializer_list<WholeFile*> files) {
+void WholeFile::Commit(const std::vector<WholeFile*>& files) {
   for (WholeFile* const file : files) file->Finish();
   if (IsInterrupted())
     throw CommandError("interrupted");
   try {
     for (WholeFile* const file : files) file->TakePlace(files.size() > 1 ? Return::Possible : Return::Unneeded);
-  } catch (const CommandError&) {
+  } catch (...) {
     for (WholeFile* const file : files) file->GiveBack();
     throw;
   }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdio>
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -32,9 +31,9 @@ class WholeFile {
   bool IsStandardOutput() const { return isStandardOutput_; }
   void Write(std::string_view bytes);
   /// Puts the file into its place.
-  void Commit() { Commit({this}); }
+  void Commit() { Commit(std::vector<WholeFile*>{this}); }
   /// Puts all files into their places, or none: where one fails the others are as they were.
-  static void Commit(std::initializer_list<WholeFile*> files);
+  static void Commit(const std::vector<WholeFile*>& files);
 
   /// Finds out whether a file could be written there, and leaves nothing.
   static void Try(const std::string& name);

@@ -62,8 +62,15 @@ STANDARD = set(
     assert.h ctype.h errno.h float.h inttypes.h limits.h locale.h math.h setjmp.h signal.h stdarg.h stddef.h
     stdint.h stdio.h stdlib.h string.h time.h uchar.h wchar.h""".split()
 )
-# The platform layer holds the doors to the system.
-SYSTEM = re.compile(r"(sys/\w+|dirent|fcntl|io|langinfo|unistd|windows)\.h")
+# What differs between systems lies in folders of one system each. Nothing else calls a system, takes from such a folder,
+# or asks which system it is on: CMake takes the right one.
+POSIX_FOLDERS = ("core/platform/posix/", "tools/fiscalon/posix/")
+WINDOWS_FOLDERS = ("core/platform/windows/", "tools/fiscalon/windows/", "frontends/win32/", "component/")
+POSIX = re.compile(r"(sys/\w+|dirent|fcntl|langinfo|unistd)\.h")
+WINDOWS = re.compile(r"(sys/\w+|fcntl|io|windows)\.h")
+ASKS_WHICH_SYSTEM = re.compile(r"^\s*#\s*(?:el)?if.*(?:\b_?WIN(?:32|64)\b|__linux|__unix|__APPLE__|__MINGW|__has_include)")
+# Made by the build.
+GENERATED = ("fiscalon_component.h",)
 QT = re.compile(r"(Qt\w*/.*|Q[A-Z]\w*|q\w+\.h)")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]*)"|<([^>]*)>)')
@@ -77,8 +84,13 @@ def layer_of(path):
 
 def offence_of_quoted(tree, path, included):
     layer, other = layer_of(path), layer_of(included)
+    if included in GENERATED:
+        return None if path.startswith(("component/",) + TOP) else f'"{included}" belongs into component/'
     if included.startswith(("./", "../")) or not ((tree / included).is_file() or (tree / "include" / included).is_file()):
         return f'"{included}" is no file of the project, seen from its root'
+    for folders in (POSIX_FOLDERS, WINDOWS_FOLDERS):
+        if included.startswith(folders) and not path.startswith(folders + ("tests/", "examples/windows/")):
+            return f'"{included}" is of one system'
     if layer is None or other == layer:
         return None
     if other is None:
@@ -94,7 +106,9 @@ def offence_of_angled(path, included):
     layer = layer_of(path)
     if layer is None or layer in OF_THE_SYSTEM or included in STANDARD:
         return None
-    if layer == "platform" and SYSTEM.fullmatch(included):
+    if path.startswith(POSIX_FOLDERS) and POSIX.fullmatch(included):
+        return None
+    if path.startswith(WINDOWS_FOLDERS) and WINDOWS.fullmatch(included):
         return None
     return f"{layer} may not include <{included}>, which is not of the standard library"
 
@@ -102,6 +116,8 @@ def offence_of_angled(path, included):
 def source_offences(tree, path):
     text = (tree / path).read_text(encoding="utf-8", errors="replace")
     for number, line in enumerate(text.splitlines(), start=1):
+        if ASKS_WHICH_SYSTEM.match(line) and not path.startswith(POSIX_FOLDERS + WINDOWS_FOLDERS + ("tests/", "bench/")):
+            yield f"{path}:{number}: what differs between systems belongs into a folder of one system"
         match = INCLUDE.match(line)
         if not match:
             continue

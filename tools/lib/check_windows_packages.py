@@ -20,7 +20,7 @@ FILES = set(
 EXPORTS = {"DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer", "DllUnregisterServer"}
 # What every Windows has.
 SYSTEM_LIBRARIES = set(
-    """advapi32 comctl32 comdlg32 gdi32 kernel32 msvcrt ole32 oleaut32 oleacc shell32 shlwapi user32 uxtheme""".split()
+    """advapi32 comctl32 comdlg32 gdi32 gdiplus kernel32 msvcrt ole32 oleaut32 oleacc shell32 shlwapi user32 uxtheme""".split()
 )
 MOST_BYTES = 4 * 1024 * 1024
 FORMATS = {"x86_64": "pei-x86-64", "x86": "pei-i386"}

@@ -16,8 +16,12 @@ tests | locales            | tests compile the user locales that they read
 tests | pkgconf            | a test compiles against the installed package through pkg-config
 tests | clang-format       | checks the formatting
 tests | python3            | runs the layering check
+tests | python3-distributed | a cluster judges a batch in parts
+tests | parallel           | so does GNU parallel
 tests | xvfb               | a display for the tests with a real user
 tests | xdotool            | types and clicks in those tests
+tests | zsh                | a shell whose completion is tested
+tests | fish               | another one
 windows | g++-mingw-w64-x86-64-posix | compiles for 64-bit Windows
 windows | g++-mingw-w64-i686-posix   | compiles for 32-bit Windows
 windows | mingw-w64-tools | compiles the interfaces of the component

@@ -1,14 +1,10 @@
 #include "core/platform/mapped_file.h"
 
-#if __has_include(<sys/mman.h>)
 #include <stdio.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
-#endif
 
 namespace fiscalon {
-
-#if __has_include(<sys/mman.h>)
 
 std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
   const int descriptor = ::fileno(file);
@@ -26,15 +22,5 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
 MappedFile::~MappedFile() {
   ::munmap(const_cast<char*>(bytes_.data()), bytes_.size());
 }
-
-#else
-
-std::unique_ptr<MappedFile> MappedFile::Of(std::FILE*) {
-  return nullptr;
-}
-
-MappedFile::~MappedFile() = default;
-
-#endif
 
 }  // namespace fiscalon

@@ -9,7 +9,11 @@
 namespace fiscalon {
 
 std::filesystem::path MakeTemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "fiscalon-XXXXXX").string();
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  if (error)
+    throw std::system_error(error, "no temporary folder can be made where TMPDIR says");
+  std::string name = (folder / "fiscalon-XXXXXX").string();
   if (::mkdtemp(name.data()) == nullptr)
     throw std::system_error(errno, std::generic_category(), "no temporary folder could be made at " + name);
   return name;

@@ -11,7 +11,10 @@ namespace fiscalon {
 std::filesystem::path MakeTemporaryFolder() {
   constexpr std::string_view kLetters = "0123456789abcdefghijklmnopqrstuvwxyz";
   constexpr int kLength = 12;
-  const std::filesystem::path folder = std::filesystem::temp_directory_path();
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  if (error)
+    throw std::system_error(error, "no temporary folder can be made where TMP says");
   std::random_device random;
   for (;;) {
     std::string name = "fiscalon-";

@@ -411,5 +411,101 @@ TEST(FormObserver, HearsWhereTheFocusGoesAndHow) {
   EXPECT_EQ(observer.heard, (Notes{"txtA by keyboard or code", "txtB by mouse", "cmdOK by keyboard or code"}));
 }
 
+/// The name of the control that keeps the focus in silence.
+std::string WaitingName(const Form& form) {
+  return form.WaitingControl() == nullptr ? "" : form.WaitingControl()->Name();
+}
+
+TEST(WaitingControl, IsTheOneThatTakesTheFocusBackInSilence) {
+  for (const char* way : {"Tab", "Shift+Tab", "mouse", "assistive program", "Alt+O"}) {
+    TwoFieldForm form;
+    form.when["txtA_LostFocus"] = [&] { form.txtA.SetFocus(); };
+    Play(form, [&](FormUser& user) {
+      EXPECT_EQ(WaitingName(form), "") << "nobody has asked to go on yet";
+      if (way == std::string("mouse"))
+        user.acts.Click(form.cmdOK);
+      else if (way == std::string("assistive program"))
+        user.acts.BringFocus(form.txtB);
+      else
+        user.Key(way);
+      EXPECT_EQ(ActiveName(form), "txtA") << way;
+      EXPECT_EQ(WaitingName(form), "txtA") << way;
+    });
+  }
+}
+
+TEST(WaitingControl, StandsWhileTheUserTypesAndGoesWithTheFocus) {
+  TwoFieldForm form;
+  form.when["txtA_LostFocus"] = [&] {
+    if (form.txtA.Text() != "right")
+      form.txtA.SetFocus();
+  };
+  Play(form, [&](FormUser& user) {
+    user.Type("wrong\t");
+    EXPECT_EQ(WaitingName(form), "txtA");
+    user.Type("right");
+    EXPECT_EQ(WaitingName(form), "txtA");
+    user.Key("Tab");
+    EXPECT_EQ(ActiveName(form), "txtB");
+    EXPECT_EQ(WaitingName(form), "");
+  });
+}
+
+TEST(WaitingControl, IsNoneWhereABoxTellsWhy) {
+  TwoFieldForm form;
+  ServingToolkit toolkit;
+  bool isSilent = true;
+  form.when["txtA_LostFocus"] = [&] {
+    if (!isSilent)
+      toolkit.Ask({.text = "Invalid date value."});
+    form.txtA.SetFocus();
+  };
+  toolkit.serve = [&] {
+    form.Acts().Key(*StrokeNamed("Tab"));
+    EXPECT_EQ(WaitingName(form), "txtA");
+    isSilent = false;
+    form.Acts().Key(*StrokeNamed("Tab"));
+    EXPECT_EQ(ActiveName(form), "txtA");
+    EXPECT_EQ(WaitingName(form), "");
+  };
+  form.ShowModal(toolkit);
+}
+
+TEST(WaitingControl, IsTheOneWhereEnterIsRefusedInSilence) {
+  TwoFieldForm form;
+  form.whenKey["txtA_KeyPress"] = [&](int&) { form.txtA.SetFocus(); };
+  Play(form, [&](FormUser& user) {
+    user.Type("x");
+    EXPECT_EQ(WaitingName(form), "") << "a character that the field does not take asks for nothing";
+    user.Key("Enter");
+    EXPECT_EQ(WaitingName(form), "txtA");
+  });
+}
+
+TEST(WaitingControl, IsNoneWhereAHandlerLeadsOn) {
+  TwoFieldForm form;
+  form.when["txtA_LostFocus"] = [&] { form.cmdCancel.SetFocus(); };
+  form.when["cmdOK_Click"] = [&] { form.cmdOK.SetFocus(); };
+  Play(form, [&](FormUser& user) {
+    user.Key("Tab");
+    EXPECT_EQ(ActiveName(form), "cmdCancel");
+    EXPECT_EQ(WaitingName(form), "");
+    user.acts.Click(form.cmdOK);
+    user.acts.Click(form.cmdOK);
+    EXPECT_EQ(WaitingName(form), "") << "who clicks what has the focus does not ask to go on";
+  });
+}
+
+TEST(WaitingControl, IsForgottenWhenTheFormIsShownAgain) {
+  TwoFieldForm form;
+  form.when["txtA_LostFocus"] = [&] { form.txtA.SetFocus(); };
+  Play(form, [&](FormUser& user) {
+    user.Key("Tab");
+    form.Hide();
+  });
+  form.when.clear();
+  Play(form, [&](FormUser&) { EXPECT_EQ(WaitingName(form), ""); });
+}
+
 }  // namespace
 }  // namespace fiscalon

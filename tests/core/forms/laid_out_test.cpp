@@ -13,24 +13,34 @@ class LaidOutForm : public TestForm {
   // clang-format off
   Label        lblHead     {*this, "lblHead",     {.caption = " Period: "}};
   Label        lblFrom     {*this, "lblFrom",     {.caption = "From::"}};
-  TextField    txtFrom     {*this, "txtFrom",     {}};
+  TextField    txtFrom     {*this, "txtFrom",     {}, Keeping(txtFrom)};
   Label        lblHint     {*this, "lblHint",     {.caption = "YYYYMM"}};
   TextField    txtTo       {*this, "txtTo",       {}};
   Label        lblTotal    {*this, "lblTotal",    {.caption = "Total", .bold = true}};
-  TextField    txtTotal    {*this, "txtTotal",    {}};
+  TextField    txtTotal    {*this, "txtTotal",    {}, Keeping(txtTotal)};
   CheckBox     chk         {*this, "chk",         {.caption = "&Final"}};
   Frame        fra         {*this, "fra",         {.caption = "Kind"}};
   OptionButton optA        {*this, "optA",        {.caption = "A", .frame = &fra}};
   Frame        fraNoPlace  {*this, "fraNoPlace",  {}};
   TextField    txtInside   {*this, "txtInside",   {.frame = &fraNoPlace}};
-  TextField    txtForgot   {*this, "txtForgot",   {}};
+  TextField    txtForgot   {*this, "txtForgot",   {}, Keeping(txtForgot)};
   Button       cmdOK       {*this, "cmdOK",       {.caption = "&OK"}};
   Button       cmdForgot   {*this, "cmdForgot",   {.caption = "Forgotten"}};
   // clang-format on
 
   const Layout& FormLayout() const override { return layout_; }
 
+  /// The field that takes the focus back when it is left.
+  TextField* keeps = nullptr;
+
  private:
+  FieldEvents Keeping(TextField& field) {
+    return {.lostFocus = [this, &field] {
+      if (keeps == &field)
+        field.SetFocus();
+    }};
+  }
+
   const Layout layout_ = {
       .groups = {{.heading = &lblHead,
                   .column = 1,
@@ -123,6 +133,24 @@ TEST(LaidOut, RefusesAFrameWithinAFrame) {
   } catch (const FormMisuse& error) {
     EXPECT_STREQ(error.what(), "frmTest.fraIn: is a frame within the frame fraOut");
   }
+}
+
+TEST(StatusOf, NamesTheEntryThatKeepsTheFocusInSilence) {
+  LaidOutForm form;
+  std::vector<std::string> seen;
+  for (TextField* field : {&form.txtFrom, &form.txtTotal, &form.txtForgot}) {
+    Play(form, [&](FormUser& user) {
+      field->SetFocus();
+      seen.push_back(StatusOf(form));
+      form.keeps = field;
+      user.Key("Tab");
+      form.keeps = nullptr;
+      seen.push_back(StatusOf(form));
+    });
+    form.Unload();
+  }
+  EXPECT_EQ(seen, (std::vector<std::string>{"", "Please correct this entry: From (YYYYMM)", "",
+                                            "Please correct this entry: Total", "", "Please correct this entry."}));
 }
 
 }  // namespace

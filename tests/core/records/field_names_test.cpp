@@ -21,6 +21,36 @@ TEST(FieldNames, AreEmptyForWhatAScreenDoesNotUse) {
   EXPECT_TRUE(FieldNamesOf("26").empty());
 }
 
+TEST(FieldNames, TellWhatTheValuesAre) {
+  const auto kind = [](std::string_view screen, std::string_view number) { return FindField(screen, number)->kind; };
+  EXPECT_EQ(kind("01", "11"), FieldKind::Text);
+  EXPECT_EQ(kind("01", "12"), FieldKind::Amount);
+  EXPECT_EQ(kind("02", "02"), FieldKind::Date);
+  EXPECT_EQ(kind("03", "01"), FieldKind::Amount);
+  EXPECT_EQ(kind("03", "03"), FieldKind::WholeDollars);
+  EXPECT_EQ(kind("03", "04"), FieldKind::Count);
+  EXPECT_EQ(kind("04", "01"), FieldKind::Year);
+  EXPECT_EQ(kind("05", "01"), FieldKind::WholeDollars);
+  EXPECT_EQ(kind("05", "06"), FieldKind::Amount);
+  EXPECT_EQ(kind("07", "12"), FieldKind::Text);
+  EXPECT_EQ(kind("14", "01"), FieldKind::Count);
+  EXPECT_EQ(kind("14", "02"), FieldKind::Count);
+  EXPECT_EQ(kind("18", "09"), FieldKind::Amount);
+  EXPECT_EQ(kind("18", "10"), FieldKind::Text);
+  EXPECT_EQ(kind("18", "11"), FieldKind::Date);
+  EXPECT_EQ(kind("18", "12"), FieldKind::Date);
+  EXPECT_EQ(kind("20", "05"), FieldKind::Count);
+  EXPECT_EQ(kind("27", "01"), FieldKind::Month);
+  EXPECT_EQ(FindField("03", "05"), nullptr);
+}
+
+// The rest of the screens collect nothing but amounts.
+TEST(FieldNames, AreAmountsOnTheOtherScreens) {
+  for (const std::string_view code : {"06", "15", "16", "17", "19", "25", "28"})
+    for (const FieldName& field : FieldNamesOf(code))
+      EXPECT_EQ(field.kind, FieldKind::Amount) << code << ' ' << field.number;
+}
+
 TEST(FieldNames, StandInTheOrderOfTheirNumbers) {
   for (const std::string_view code :
        {"01", "02", "03", "04", "05", "06", "07", "14", "15", "16", "17", "18", "19", "20", "25", "27", "28"}) {

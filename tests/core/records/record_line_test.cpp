@@ -1,6 +1,6 @@
 #include "core/records/record_line.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "core/records/record_composer.h"
 #include "tests/support/ruled_record.h"
@@ -30,9 +30,11 @@ TEST(RecordLine, MayBeBareAndEndWithLfOrNotAtAll) {
   const struct {
     std::string bytes;
     LineEnd end;
-  } rows[] = {
-      {kRecord + "\r\n", LineEnd::CrLf}, {kRecord + "\n", LineEnd::Lf},         {kRecord, LineEnd::None},
-      {kRecord + "\r", LineEnd::None},   {'"' + kRecord + "\"\n", LineEnd::Lf}, {'"' + kRecord + '"', LineEnd::None}};
+  } rows[] = {{kRecord + "\r\n", LineEnd::CrLf},
+              {kRecord + "\n", LineEnd::Lf},
+              {kRecord, LineEnd::None},
+              {'"' + kRecord + "\"\n", LineEnd::Lf},
+              {'"' + kRecord + '"', LineEnd::None}};
   for (const auto& row : rows) {
     const RecordLine line = Only(row.bytes);
     EXPECT_EQ(line.record, kRecord) << row.bytes;
@@ -40,6 +42,16 @@ TEST(RecordLine, MayBeBareAndEndWithLfOrNotAtAll) {
     EXPECT_FALSE(line.IsAsWritten()) << row.bytes;
     EXPECT_EQ(WrongWith(line), "") << row.bytes;
   }
+}
+
+TEST(RecordLine, LosesHalfALineEnd) {
+  for (const std::string& bytes : {kRecord + "\r", '"' + kRecord + "\"\r"}) {
+    const RecordLine line = Only(bytes);
+    EXPECT_EQ(line.record, kRecord) << bytes;
+    EXPECT_EQ(line.end, LineEnd::Cr) << bytes;
+  }
+  // In front of LF it is half of one end, and elsewhere a character.
+  EXPECT_EQ(Only("PC40001T\r\r\n").record, "PC40001T\r");
 }
 
 TEST(RecordLine, KeepsQuotesInside) {
@@ -79,6 +91,8 @@ TEST(WrongWith, NamesWhatKeepsALineFromBeingRead) {
       {"\"PC40001T\r\n", "the quote in front has none behind; the line has 8 more characters"},
       {"\"", "the quote in front has none behind; the line has 0 more characters"},
       {"PC40001T\"\r\n", "the quote behind has none in front"},
+      {"PC40001T\r", "half a line end, CR without LF; the file was cut off there"},
+      {"\"PC40001T\"\r", "half a line end, CR without LF; the file was cut off there"},
       {"\r\n", "an empty line"},
       {"\"\"\r\n", "an empty line"},
       {std::string("PC40001T\0", 9) + "\n", "a NUL byte in column 9"},
@@ -86,6 +100,17 @@ TEST(WrongWith, NamesWhatKeepsALineFromBeingRead) {
       {"pc40001T\n", "no record: a record begins with PC4, a sequence number and a kind"},
   };
   for (const auto& row : rows) EXPECT_EQ(WrongWith(Only(row.bytes)), row.problem) << row.bytes;
+}
+
+TEST(WrongAround, NamesEverything) {
+  using testing::ElementsAre;
+  EXPECT_THAT(WrongAround(Only("\xEF\xBB\xBF\"PC40001T\r")),
+              ElementsAre("a byte-order mark; record files have none",
+                          "the quote in front has none behind; the line has 8 more characters",
+                          "half a line end, CR without LF; the file was cut off there"));
+  EXPECT_THAT(WrongAround(Only("PC40001T\"")), ElementsAre("the quote behind has none in front"));
+  // What stands in between is the reader's own matter.
+  EXPECT_THAT(WrongAround(Only("\r\n")), testing::IsEmpty());
 }
 
 TEST(WrongWith, DoesNotJudgeLengths) {

@@ -298,8 +298,8 @@ TEST(ScenarioPlayer, WatcherHearsWhatHappens) {
   };
   watcher.noticed = [&](const std::string& what) { heard.push_back(what); };
   watcher.showEnded = [&](const std::string& ending) { heard.push_back(ending); };
-  watcher.ended = [&](const std::vector<std::string>& records) {
-    heard.push_back(std::to_string(records.size()) + " records");
+  watcher.ended = [&](const FoundRecords& found) {
+    heard.push_back(std::to_string(found.records.size()) + " records");
   };
   EXPECT_TRUE(Play("show 15\n answer No\n click cmdAsk\n expect message question Sure?\n click cmdBeep\n expect beep\n"
                    " click cmdOK\n",

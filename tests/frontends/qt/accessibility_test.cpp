@@ -158,5 +158,33 @@ TEST_F(Accessibility, NamesEveryFieldOfEveryScreen) {
   ResetModule();
 }
 
+/// No box says why the focus stays: a line below the buttons does, and the field's description for who does not see it.
+TEST_F(Accessibility, TellsWhichEntryKeepsTheFocus) {
+  form.when["txtPeriod_LostFocus"] = [&] {
+    if (form.txtPeriod.Text().empty())
+      form.txtPeriod.SetFocus();
+  };
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    const auto& status = *dialog.findChild<QLabel*>("status");
+    EXPECT_FALSE(status.isVisible());
+    user.Click(form.txtPeriod);
+    const int height = dialog.height();
+    Press(user, "Tab");
+    EXPECT_EQ(user.FocusName(), "txtPeriod");
+    EXPECT_TRUE(status.isVisible());
+    EXPECT_EQ(status.text(), "Please correct this entry: Period ends on (YYYYMM)");
+    EXPECT_GT(dialog.height(), height);
+    EXPECT_GT(status.y(), dialog.WidgetOf(form.cmdOK).y());
+    EXPECT_LE(status.heightForWidth(status.width()), status.height()) << "it is seen whole";
+    EXPECT_EQ(Read(dialog, form.txtPeriod, QAccessible::Description),
+              "Please correct this entry: Period ends on (YYYYMM)");
+    const int place = dialog.WidgetOf(form.cmdOK).y();
+    Type(user, "202606\t");
+    EXPECT_EQ(status.text(), "");
+    EXPECT_EQ(dialog.WidgetOf(form.cmdOK).y(), place) << "a button would move under the mouse that presses it";
+    EXPECT_EQ(Read(dialog, form.txtPeriod, QAccessible::Description), "YYYYMM");
+  });
+}
+
 }  // namespace
 }  // namespace fiscalon

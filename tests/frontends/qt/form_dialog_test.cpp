@@ -139,6 +139,18 @@ TEST_F(Dialog, AlignsLaterCaptionsAmongRowsOfAsManyCells) {
   });
 }
 
+TEST_F(Dialog, MakesNoRoomForCaptionsThatAreHidden) {
+  PeriodAndPairForm pair;
+  pair.lblNumber.Visible(false);
+  Show(pair, [&](FormDialog& dialog, UserDriver&) {
+    EXPECT_LT(Place(dialog, pair.txtFrom).left() - Place(dialog, pair.lblFrom).right(), 20);
+    pair.lblNumber.Visible(true);
+    QCoreApplication::processEvents();
+    EXPECT_GT(Place(dialog, pair.txtFrom).left(), Place(dialog, pair.lblNumber).right()) << "it has appeared";
+    EXPECT_EQ(Place(dialog, pair.txtFrom).left(), Place(dialog, pair.txtNumber).left());
+  });
+}
+
 TEST_F(Dialog, PutsAHintRightBesideItsField) {
   Show(form, [&](FormDialog& dialog, UserDriver&) {
     const QRect field = Place(dialog, form.txtPeriod), hint = Place(dialog, form.lblHint);
@@ -248,6 +260,24 @@ TEST_F(Dialog, PlacesEveryControlOfEveryScreenWhole) {
   }
   EXPECT_GE(screens, 3);
   ResetModule();
+}
+
+TEST_F(Dialog, ShowsHowALongLockedTextBeginsAndAllOfItAsAHint) {
+  const std::string longName = "Workers' Compensation Board of the Northwest Territories and Nunavut, <Yellowknife>";
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    const auto& payee = In<QLineEdit>(dialog, form.txtPayee);
+    EXPECT_EQ(payee.toolTip(), "") << "all of it is seen";
+    form.txtPayee.Text(longName);
+    EXPECT_EQ(payee.cursorPosition(), 0);
+    EXPECT_EQ(payee.toolTip(), QString::fromStdString(longName).toHtmlEscaped());
+    form.txtPayee.Text("Summit Levies");
+    EXPECT_EQ(payee.toolTip(), "");
+    // A field that can be edited shows where it is edited.
+    form.txtPurpose.Text(longName);
+    form.txtTotal.Text(longName);
+    EXPECT_EQ(In<QLineEdit>(dialog, form.txtTotal).toolTip(), "");
+    Press(user, "Escape");
+  });
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 
 #include "frontends/qt/form_dialog.h"
 #include "frontends/qt/played_qt_toolkit.h"
-#include "tests/frontends/qt/every_kind_form.h"
+#include "tests/support/every_kind_form.h"
 
 namespace fiscalon {
 

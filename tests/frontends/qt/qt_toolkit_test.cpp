@@ -14,7 +14,7 @@
 #include "core/platform/runtime_error.h"
 #include "core/session.h"
 #include "frontends/qt/form_dialog.h"
-#include "tests/frontends/qt/every_kind_form.h"
+#include "tests/support/every_kind_form.h"
 #include "tests/support/temporary_folder.h"
 
 namespace fiscalon {

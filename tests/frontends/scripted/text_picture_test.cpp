@@ -222,5 +222,14 @@ TEST_F(TextPicture, ShowsABoxWithItsIconAndTheAnsweredButton) {
 )");
 }
 
+TEST_F(TextPicture, SaysBelowTheButtonsWhichEntryKeepsTheFocus) {
+  TwoFieldForm form;
+  form.when["txtA_LostFocus"] = [&] { form.txtA.SetFocus(); };
+  const std::string kept = Draw(form, [](FormUser& user) { user.Key("Tab"); });
+  EXPECT_NE(kept.find("│  Please correct this entry.  "), std::string::npos) << kept;
+  form.Unload();
+  EXPECT_EQ(Draw(form).find("Please"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace fiscalon

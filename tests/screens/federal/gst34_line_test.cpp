@@ -100,6 +100,24 @@ TEST_F(Gst34Lines, DigitsUnderAPartSelectionCountAsIfTheyStayed) {
   });
 }
 
+TEST_F(Gst34Lines, LimitOfDigitsDropsKeysAndLeavesThoseOfNoNumberAlone) {
+  Show<GOVGST34>("05", [&](GOVGST34& form, UserDriver& user) {
+    user.PressMouse(form.Rebates);
+    Type(user, "1.50");
+    // Two decimals stand before the caret already.
+    const auto limited = [&](int key) {
+      LimitAmountKey(form.Rebates, key, 11);
+      return key;
+    };
+    EXPECT_EQ(limited('5'), 0);
+    EXPECT_EQ(beeps, 1);
+    EXPECT_EQ(limited('.'), 0);
+    for (const int other : {int{'/'}, int{':'}, int{'a'}, int{','}, key::kBackspace, key::kEnter})
+      EXPECT_EQ(limited(other), other);
+    EXPECT_EQ(beeps, 1);
+  });
+}
+
 TEST_F(Gst34Lines, RefundAndPaymentTakeAnyNumberOnBeingLeftAndAreCalculatedAnew) {
   Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) {
     user.PressMouse(form.TotalGST);

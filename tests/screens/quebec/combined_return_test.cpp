@@ -205,16 +205,6 @@ TEST_F(CombinedReturn, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
   EXPECT_FALSE(form.cmdOK.Designed().cancel);
 }
 
-TEST_F(CombinedReturn, ControlsHaveTheirPlacesInTheTabOrder) {
-  const frmQue_Rev_QSTGSTComb form;
-  EXPECT_THAT(
-      NamesInTabOrder(form),
-      ElementsAre("txtGSTAccountNumber", "txtGSTPeriodFrom", "txtGSTPeriodTo", "txtQSTPeriodFrom", "txtQSTPeriodTo",
-                  "txtGSTCollectible", "txtGSTITCs", "txtGSTInstalment", "txtOtherGSTHSTRebates", "txtNewHousingRebate",
-                  "txtQSTCollectible", "txtQSTITRs", "txtQSTInstalment", "txtOtherQSTRebates", "txtSupplies", "cmdOK",
-                  "cmdCancel", "txtGSTPayable", "txtQSTPayable", "txtAmountPayable"));
-}
-
 TEST_F(CombinedReturn, TheAccountNumbersKeyFilterPassesDigitsAndLettersAsCapitals) {
   Show<frmQue_Rev_QSTGSTComb>("18", [](frmQue_Rev_QSTGSTComb& form, UserDriver& user) {
     TextField& account = form.txtGSTAccountNumber;

@@ -214,14 +214,6 @@ TEST_F(CsstPayments, FieldsAreAsLongAsTheirEntriesAndTheAmountStandsRight) {
   EXPECT_FALSE(form.cmdOK.Designed().cancel);
 }
 
-TEST_F(CsstPayments, ControlsHaveTheirPlacesInTheTabOrder) {
-  const frmQue_Rev_CSST_Payments form;
-  std::vector<std::string> names;
-  for (const Control* control : form.TabOrder()) names.push_back(control->Name());
-  EXPECT_THAT(names,
-              ElementsAre("txtRemittancePeriod", "cmdOK", "cmdCancel", "txtYear", "txtMonth", "txtAmountPayable"));
-}
-
 TEST_F(CsstPayments, TheFrameWithoutACaptionHoldsYearAndMonth) {
   frmQue_Rev_CSST_Payments form;
   for (const Control* held : std::initializer_list<const Control*>{&form.lblMonthWithheld, &form.txtYear, &form.Label3,

@@ -208,14 +208,6 @@ TEST_F(GstReturn, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
   EXPECT_FALSE(form.cmdOK.Designed().cancel);
 }
 
-TEST_F(GstReturn, ControlsHaveTheirPlacesInTheTabOrder) {
-  const frmQue_Rev_GST form;
-  EXPECT_THAT(NamesInTabOrder(form), ElementsAre("txtPeriodFrom", "txtPeriodTo", "txtSupplies", "txtTaxCollectible",
-                                                 "txtITRs", "txtInstalments", "txtOtherRebates", "txtNewHousingRebates",
-                                                 "txtExemptSupplies", "txtAssociatesTaxableSales",
-                                                 "txtPensionPlanRebate", "cmdOK", "cmdCancel", "txtAmountPayable"));
-}
-
 TEST_F(GstReturn, NoCodeLoadsTheForm) {
   frmQue_Rev_GST form;
   for (const char* code : {"001055", "001053", ""}) {

@@ -261,14 +261,6 @@ TEST_F(QstGstInstalment, TheTotalIsNoTabStopButNotLocked) {
   EXPECT_FALSE(form.txtAmountPayable.Designed().locked);
 }
 
-TEST_F(QstGstInstalment, ControlsHaveTheirPlacesInTheTabOrder) {
-  const frmQue_Rev_QSTGSTInst form;
-  std::vector<std::string> names;
-  for (const Control* control : form.TabOrder()) names.push_back(control->Name());
-  EXPECT_THAT(names, ElementsAre("txtPeriodFrom", "txtPeriodTo", "txtGSTInstalment", "txtQSTInstalment", "cmdOK",
-                                 "cmdCancel", "txtAmountPayable"));
-}
-
 TEST_F(QstGstInstalment, AmountsAreRefusedByTheCaptionAsItStands) {
   Show<frmQue_Rev_QSTGSTInst>("19", [&](frmQue_Rev_QSTGSTInst& form, UserDriver& user) {
     Type(user, "20260401");

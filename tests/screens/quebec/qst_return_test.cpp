@@ -182,13 +182,6 @@ TEST_F(QstReturn, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
   EXPECT_FALSE(form.cmdOK.Designed().cancel);
 }
 
-TEST_F(QstReturn, ControlsHaveTheirPlacesInTheTabOrder) {
-  const frmQue_Rev_QST form;
-  EXPECT_THAT(NamesInTabOrder(form), ElementsAre("txtPeriodFrom", "txtPeriodTo", "txtSupplies", "txtTaxCollectible",
-                                                 "txtITRs", "txtInstalments", "txtOtherRebates", "txtNewHousingRebates",
-                                                 "cmdOK", "cmdCancel", "txtAmountPayable"));
-}
-
 TEST_F(QstReturn, TheGstBillersCodeLoadsTheForm) {
   frmQue_Rev_QST form;
   form.PaidAmount("500");

@@ -33,12 +33,6 @@ inline Label& LabelOf(const Form& form, std::string_view name) {
   return dynamic_cast<Label&>(form.ControlNamed(name));
 }
 
-inline std::vector<std::string> NamesInTabOrder(const Form& form) {
-  std::vector<std::string> names;
-  for (const Control* control : form.TabOrder()) names.push_back(control->Name());
-  return names;
-}
-
 inline void ExpectDates(const Form& form, const std::vector<std::string>& names) {
   for (const std::string& name : names) {
     EXPECT_EQ(Field(form, name).MaxLength(), 8) << name;

@@ -57,17 +57,44 @@ TEST_F(CollectCommand, HasAnOptionForEachPropertyOfTheHost) {
     EXPECT_THAT(help, HasSubstr(std::string(option) + " VALUE"));
 }
 
-TEST_F(CollectCommand, RefusesAValueThatThePropertyDoesNotTake) {
-  const Outcome seen = Collect("15 --ap-hold-flg 300");
-  EXPECT_EQ(seen.status, 2);
-  EXPECT_THAT(seen.err, HasSubstr("--ap-hold-flg: APHoldFlg takes a whole number from 0 to 255, not \"300\""));
+/// A value that an option refuses, and the whole complaint. Options that take any text are those of the next test.
+TEST_F(CollectCommandWithQt, NamesTheOptionAndWhatItTakes) {
+  struct Row {
+    const char* given;
+    const char* complaint;
+  };
+  constexpr Row kRows[] = {
+      {"--paid-amount 1e999", "--paid-amount: error 6, Overflow\n  PaidAmount takes cents as digits, such as 12345.\n"},
+      {"--gov-filename ''", "--gov-filename: a name is needed, and it is empty\n"},
+      {"--gov-filename .", ". can't be written: it is a folder\n"},
+      {"--ap-hold-flg 300", "--ap-hold-flg: APHoldFlg takes a whole number from 0 to 255, not \"300\"\n"},
+      {"--ap-hold-flg -1", "--ap-hold-flg: APHoldFlg takes a whole number from 0 to 255, not \"-1\"\n"},
+      {"--write-file yes", "--write-file: WriteFile takes True, False or a number from -32768 to 32767, not \"yes\"\n"},
+      {"--write-file 32768",
+       "--write-file: WriteFile takes True, False or a number from -32768 to 32767, not \"32768\"\n"},
+      {"--play-by-play-enabled ''",
+       "--play-by-play-enabled: PlayByPlayEnabled takes True, False or a number from -32768 to 32767, not \"\"\n"},
+      {"--main-path ''", "--main-path: a name is needed, and it is empty\n"},
+      {"--session-number one", "--session-number: SessionNumber takes a number, not \"one\"\n"},
+      {"--session-number inf", "--session-number: SessionNumber takes a number, not \"inf\"\n"},
+      {"--record ''", "--record: a name is needed, and it is empty\n"},
+  };
+  for (const Row& row : kRows) {
+    const Outcome seen = Collect(std::string("15 ") + row.given);
+    EXPECT_EQ(seen.status, 2) << row.given;
+    EXPECT_EQ(seen.err.substr(0, seen.err.find("Run \"fiscalon")), std::string("fiscalon: ") + row.complaint);
+  }
 }
 
-TEST_F(CollectCommandWithQt, TellsWhatAPropertyRaises) {
-  const Outcome seen = Collect("15 --paid-amount 1e999");
-  EXPECT_EQ(seen.status, 2);
-  EXPECT_THAT(seen.err, HasSubstr("fiscalon: --paid-amount: error 6, Overflow\n"
-                                  "  PaidAmount takes cents as digits, such as 12345.\n"));
+TEST_F(CollectCommandWithQt, TakesAnyTextWhereALevyraDoes) {
+  for (const char* option :
+       {"--zelmor-number", "--comp-code", "--comp-name", "--account-number", "--paid-amount", "--paid-date",
+        "--number-of-info-collect", "--enter-name", "--enter-title", "--seq-number", "--business-name"})
+    for (const char* text : {"''", "'Hélène \"Côté\"'", "-1"}) {
+      const Outcome seen = Run("unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM && fiscalon collect 15 " +
+                               std::string(option) + " " + text);
+      EXPECT_THAT(seen.err, HasSubstr("there is no display")) << option << " " << text;
+    }
 }
 
 TEST_F(CollectCommandWithQt, WantsADisplay) {

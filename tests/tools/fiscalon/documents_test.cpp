@@ -11,11 +11,10 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// Man pages and completion beside the program that they describe.
+/// Man pages beside the program that they describe.
 class Documents : public CommandLine {
  protected:
   static constexpr std::string_view kMan = FISCALON_SOURCE_DIR "/man/";
-  static constexpr std::string_view kCompletion = FISCALON_SOURCE_DIR "/completions/fiscalon";
 
   std::set<std::string> Commands() const {
     std::set<std::string> commands;
@@ -31,19 +30,6 @@ class Documents : public CommandLine {
     for (std::sregex_iterator each(help.begin(), help.end(), option), end; each != end; ++each)
       options.insert((*each)[3]);
     return options;
-  }
-
-  /// What completion offers behind these words.
-  std::set<std::string> Offered(const std::string& words) const {
-    Write("complete", "source '" + std::string(kCompletion) + "'\nCOMP_WORDS=(" + words +
-                          ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_fiscalon\n"
-                          "printf '%s\\n' \"${COMPREPLY[@]}\"\n");
-    std::istringstream offered(Run("PATH=$(dirname '" FISCALON_PROGRAM "'):$PATH bash complete").out);
-    std::set<std::string> all;
-    for (std::string each; std::getline(offered, each);)
-      if (!each.empty())
-        all.insert(each);
-    return all;
   }
 
   std::string ManPage(const std::string& name) const {
@@ -83,11 +69,50 @@ TEST_F(Documents, ManPagesBearTheVersion) {
     EXPECT_THAT(ManPage(page), HasSubstr("\"" + version.substr(0, version.size() - 1) + "\"")) << page;
 }
 
-TEST_F(Documents, CompletionOffersEveryCommand) {
+/// A shell, and a script that prints what its completion offers behind the words that stand for @.
+struct Shell {
+  const char* name;
+  const char* script;
+};
+
+constexpr Shell kShells[] = {
+    {"bash", "source " FISCALON_SOURCE_DIR "/completions/fiscalon\n"
+             "COMP_WORDS=(@)\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_fiscalon\n"
+             "printf '%s\\n' \"${COMPREPLY[@]}\"\n"},
+    // Beside the line editor zsh's own routines are missing: these stand in for them.
+    {"zsh",
+     "setopt null_glob\nwords=(@)\nCURRENT=$#words\n"
+     "Offer() { print -rl -- ${(M)@:#$words[CURRENT]*} }\n"
+     "compadd() { shift; Offer $@ }\n_describe() { Offer ${(P)2%%:*} }\n"
+     "_files() { if [[ $1 == -g ]]; then Offer ${~2}; else Offer *; fi }\n"
+     "source " FISCALON_SOURCE_DIR "/completions/_fiscalon\n"},
+    {"fish", "source " FISCALON_SOURCE_DIR "/completions/fiscalon.fish\n"
+             "complete -C (string replace \"''\" '' -- \"@\") | string split -f 1 \\t\n"},
+};
+
+class Completion : public Documents, public testing::WithParamInterface<Shell> {
+ protected:
+  std::set<std::string> Offered(const std::string& words) const {
+    std::string script = GetParam().script;
+    script.replace(script.find('@'), 1, words);
+    Write("complete", script);
+    const Outcome outcome = Run("PATH=$(dirname '" FISCALON_PROGRAM "'):$PATH " + std::string(GetParam().name) +
+                                (GetParam().name == std::string("bash") ? " --norc" : "") + " ./complete");
+    EXPECT_THAT(outcome.err, IsEmpty()) << words;
+    std::istringstream offered(outcome.out);
+    std::set<std::string> all;
+    for (std::string each; std::getline(offered, each);)
+      if (!each.empty())
+        all.insert(each);
+    return all;
+  }
+};
+
+TEST_P(Completion, OffersEveryCommand) {
   EXPECT_EQ(Offered("fiscalon ''"), Commands());
 }
 
-TEST_F(Documents, CompletionOffersEveryOption) {
+TEST_P(Completion, OffersEveryOption) {
   for (const std::string& command : Commands()) {
     std::set<std::string> options = OptionsOf(command);
     options.insert({"--today", "--locale"});
@@ -96,22 +121,36 @@ TEST_F(Documents, CompletionOffersEveryOption) {
   EXPECT_EQ(Offered("fiscalon --"), OptionsOf(""));
 }
 
-TEST_F(Documents, CompletionOffersWhatAnOptionTakes) {
+TEST_P(Completion, OffersWhatAnOptionTakes) {
   EXPECT_EQ(Offered("fiscalon --locale en"), (std::set<std::string>{"en-CA", "en-US"}));
   EXPECT_EQ(Offered("fiscalon play --toolkit q"), (std::set<std::string>{"qt"}));
   EXPECT_EQ(Offered("fiscalon show --screen 2"), (std::set<std::string>{"20", "25", "26", "27", "28"}));
+  EXPECT_EQ(Offered("fiscalon collect 15 --write-file ''"), (std::set<std::string>{"False", "True"}));
 }
 
-TEST_F(Documents, CompletionOffersScreensWithAForm) {
+TEST_P(Completion, OffersScreensWithAForm) {
   for (const char* command : {"collect", "picture"})
     EXPECT_THAT(Offered(std::string("fiscalon ") + command + " ''"), testing::IsSupersetOf({"03", "15", "20"}));
 }
 
-TEST_F(Documents, CompletionOffersScenariosToPlay) {
+TEST_P(Completion, OffersScenariosToPlay) {
   Write("a.scenario", "");
   Write("a.txt", "");
   EXPECT_EQ(Offered("fiscalon play a"), (std::set<std::string>{"a.scenario"}));
 }
+
+TEST_P(Completion, OffersFilesWhereTheyBelong) {
+  Write("a.csv", "");
+  const std::set<std::string> file = {"a.csv"};
+  EXPECT_EQ(Offered("fiscalon show a"), file);
+  EXPECT_EQ(Offered("fiscalon validate --payments a"), file);
+  EXPECT_EQ(Offered("fiscalon validate --report a"), file);
+  for (const char* number : {"generate --payments a", "validate --amount a", "--today a", "play --only a"})
+    EXPECT_THAT(Offered("fiscalon " + std::string(number)), IsEmpty()) << number;
+}
+
+INSTANTIATE_TEST_SUITE_P(Shells, Completion, testing::ValuesIn(kShells),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace
 }  // namespace fiscalon

@@ -44,7 +44,7 @@ TEST_F(Examples, TourShowsFormBoxAndRecords) {
   const Outcome seen = Run("fiscalon play --narrate '" FISCALON_SOURCE_DIR "/examples/due_date_amount.scenario'");
   EXPECT_EQ(seen.status, 0);
   for (const char* each : {"┌─ Summit Levies ", "(x) 'Taxation year ends on' must be", "the host gets: result True",
-                           "The host finds 2 records", "as cents $123.45", "1 passed, 0 failed"})
+                           "The host finds 2 records", "\"000000000000012345\"  $123.45", "1 passed, 0 failed"})
     EXPECT_THAT(seen.out, HasSubstr(each));
   EXPECT_THAT(seen.out, testing::Not(HasSubstr("    ! ")));
 }

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "tests/support/ruled_record.h"
 #include "tests/tools/fiscalon/command_line.h"
 
 namespace fiscalon {
@@ -127,9 +128,18 @@ TEST_F(Program, TakesTheLocaleBeforeAndBehindTheCommand) {
 }
 
 TEST_F(Program, TakesGlobalOptionsOnEveryCommand) {
-  Write("empty.pc4", "");
+  Write("good.pc4", Line(Ruled("PC40001T")));
   EXPECT_EQ(Run("fiscalon screens --today 2026-06-15 --locale fr-CA").status, 0);
-  EXPECT_EQ(Run("fiscalon show --today 2026-06-15 --locale fr-CA empty.pc4").status, 0);
+  EXPECT_EQ(Run("fiscalon show --today 2026-06-15 --locale fr-CA good.pc4").status, 0);
+}
+
+TEST_F(Program, SaysWhereMemoryDoesNotDo) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the sanitizer wants more addresses than a poor user has";
+#endif
+  // A file of a terabyte that takes no place on the disk, and a user with 100 MB of memory.
+  const std::string poor = "truncate -s 1T huge && ulimit -v 100000 && fiscalon ";
+  EXPECT_EQ(Run(poor + "play huge").err, "huge:0: the file can't be read: it is too large for the memory there is\n");
 }
 
 }  // namespace

@@ -78,8 +78,19 @@ TEST_F(Narrator, TakesTheRecordsApartAtTheEnd) {
                               "sequence \"0001\"\n"));
   EXPECT_THAT(told, HasSubstr("\n      25-32  PeriodDueDate    \"202612··\"                        2026-12\n"));
   EXPECT_THAT(told, HasSubstr("\n       9-10  FieldNum    \"01\"                  Amount payable\n"
-                              "      11-28  FieldValue  \"000000000000012345\"  12345, as cents $123.45\n"));
+                              "      11-28  FieldValue  \"000000000000012345\"  $123.45\n"));
   EXPECT_THAT(told, EndsWith("\n\nok   a.scenario\n1 passed, 0 failed\n"));
+}
+
+TEST_F(Narrator, TakesInvoicesOfACollectionApart) {
+  const std::string told = Narrated(
+      "show 08\n  click InvoiceStatementOnly(1)\n  type 20260601\n  key Enter\n  type INV-100\n  key Enter\n"
+      "  type 123.45\n  key Enter\n  click cmdOK\n");
+  EXPECT_THAT(told, HasSubstr("\nThe host finds 1 record, here taken apart:\n\nrecord 1: invoice\n"));
+  EXPECT_THAT(told, HasSubstr("\n        1-8  InvoiceDate    \"20260601\"                     2026-06-01\n"
+                              "       9-18  InvoiceAmount  \"·000012345\"                   $123.45\n"
+                              "      19-45  InvoiceNumber  \"INV-100····················\"  7 of 27 characters\n"));
+  EXPECT_THAT(told, Not(HasSubstr("no record")));
 }
 
 TEST_F(Narrator, SaysWhereThereAreNoRecords) {

@@ -36,7 +36,7 @@ TEST_F(Overruns, ShowARefundInColumnsOfItsOwn) {
   // clang-format off
   EXPECT_THAT(seen.out,
               AllOf(HasSubstr("      69-70  FieldNum    \"08\"                   Refund claimed (114)\n"
-                              "      71-89  FieldValue  \"-000000000000005000\"  -5000, as cents -$50.00\n"),
+                              "      71-89  FieldValue  \"-000000000000005000\"  -$50.00\n"),
                     HasSubstr("    ~ columns 71-89: FieldValue: a minus sign and 18 digits take 1 column more than the field has; "
                               "what follows stands as much further right\n"),
                     HasSubstr("\n" + Blanks(75) + "~~~~~~~~~~~~~~~~~~~\n"),

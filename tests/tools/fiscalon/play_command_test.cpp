@@ -139,6 +139,15 @@ TEST_F(PlayCommand, LeavesNoFolderBehind) {
   EXPECT_THAT(seen.out, IsEmpty());
 }
 
+TEST_F(PlayCommand, NamesWhatSaysWhereTemporaryFoldersGo) {
+  for (const char* folder : {"/nowhere", ""}) {
+    const Outcome seen = Run("TMPDIR='" + std::string(folder) + "' fiscalon play good.scenario");
+    EXPECT_EQ(seen.status, 2);
+    EXPECT_EQ(seen.err,
+              "good.scenario:0: no temporary folder can be made where TMPDIR says: No such file or directory\n");
+  }
+}
+
 // Several scenarios in one file.
 
 TEST_F(PlayCommand, SaysByNameWhichScenariosOfAFilePassed) {
@@ -210,7 +219,8 @@ TEST_F(PlayCommand, NamesTheFrontEndThatIsNotWhereItWasInstalled) {
   const Outcome seen = Run("bin/fiscalon play --toolkit qt good.scenario");
   EXPECT_EQ(seen.status, 2);
   EXPECT_THAT(seen.out, IsEmpty());
-  EXPECT_THAT(seen.err, HasSubstr("fiscalon-qt can't be started: No such file or directory\n"));
+  EXPECT_THAT(seen.err, HasSubstr("fiscalon-qt can't be started: No such file or directory; it is "
+                                  "installed with the payment desk, fiscalon-desk\n"));
 }
 
 TEST_F(PlayCommand, TakesTheFrontEndByName) {

@@ -55,7 +55,7 @@ TEST_F(RecordChecks, FindsNulAndControlCharacters) {
   record[54] = '\r';
   record[55] = '\x01';
   EXPECT_EQ(Problems(Line(record)),
-            "column 45: NUL\n"
+            "column 45: a NUL byte\n"
             "column 49: a tab\n"
             "column 52: control character 0x1B\n"
             "column 53: control character 0x7F\n"

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "tests/support/ruled_record.h"
 #include "tests/tools/fiscalon/command_line.h"
@@ -55,9 +56,28 @@ TEST_F(ShownJson, NamesPlacesTextsAndMeanings) {
   EXPECT_EQ(free.at(0), Json::parse(R"({"name": "FieldNum", "from": 9, "to": 10, "text": "01",
                                         "sense": "number", "meaning": "Amount payable"})"));
   EXPECT_EQ(free.at(1), Json::parse(R"({"name": "FieldValue", "from": 11, "to": 28, "text": "000000000000012345",
-                                        "sense": "digits", "meaning": "123.45"})"));
-  EXPECT_EQ(free.at(3), Json::parse(R"({"name": "FieldValue", "from": 31, "to": 48, "text": "2026              ",
-                                        "sense": "text", "meaning": "2026"})"));
+                                        "sense": "cents", "meaning": "123.45"})"));
+  const Json unknown = Shown(Line(government_) + Line(free_)).at("records").at(1).at("fields");
+  EXPECT_EQ(unknown.at(1).at("sense"), "digits");
+  EXPECT_EQ(unknown.at(3), Json::parse(R"({"name": "FieldValue", "from": 31, "to": 48, "text": "2026              ",
+                                           "sense": "text", "meaning": "2026"})"));
+}
+
+TEST_F(ShownJson, MeansWhatTheFieldsOfTheScreenAre) {
+  const auto values = [&](const std::string& slots, const std::string& screen) {
+    std::string told;
+    const Json record =
+        Shown(Line(government_) + Line(Ruled("PC40001F" + slots)), "--screen " + screen).at("records").at(1);
+    for (const Json& field : record.at("fields"))
+      if (field.at("name") == "FieldValue")
+        told += field.at("sense").get<std::string>() + " " + field.at("meaning").get<std::string>() + "; ";
+    return told;
+  };
+  EXPECT_EQ(values("010000000000000123450220260331          0300000000000500000004000000000000000012", "03"),
+            "cents 123.45; date 2026-03-31; dollars 50000.00; count 12; ");
+  EXPECT_EQ(values("012026              02-00000000000000001", "04"), "year 2026; cents -0.01; blank ; blank ; ");
+  EXPECT_EQ(values("01202612            ", "27"), "month 2026-12; blank ; blank ; blank ; ");
+  EXPECT_EQ(values("0100000000000000000002000000000000000000", "14"), "count 0; count 0; blank ; blank ; ");
 }
 
 TEST_F(ShownJson, MeansTheSameUnderAnyLocale) {
@@ -133,9 +153,48 @@ TEST_F(ShownJson, EndsAsThePrintedFormDoes) {
   EXPECT_EQ(Run("fiscalon show --json good.pc4").status, 0);
   EXPECT_EQ(Run("fiscalon show --json bad.pc4").status, 1);
   EXPECT_EQ(Run("fiscalon show --json nowhere.pc4").status, 2);
-  const Outcome empty = Run("fiscalon show --json empty.pc4");
-  EXPECT_EQ(empty.status, 0);
-  EXPECT_EQ(Json::parse(empty.out).at("records"), Json::array());
+  EXPECT_EQ(Run("fiscalon show --json empty.pc4").status, 2);
+}
+
+TEST_F(ShownJson, IsOneLineForEachRecordOrADocument) {
+  const std::string bytes = Line(government_) + "hello\n" + Line(free_);
+  const Json records = Shown(bytes).at("records");
+  const std::string lines = Run("fiscalon show --json-lines a.pc4").out;
+  std::istringstream rest(lines);
+  std::vector<Json> read;
+  for (std::string line; std::getline(rest, line);) read.push_back(Json::parse(line));
+  EXPECT_EQ(Json(read), records);
+  EXPECT_TRUE(lines.ends_with("}\n"));
+  EXPECT_EQ(Shown(bytes, "--seq 9999").at("records"), Json::array());
+}
+
+TEST_F(ShownJson, IsJsonWhateverTheBytesAre) {
+  // Every byte but LF, in texts that are quoted as such, as records and as none; in a name that is no UTF-8.
+  std::string every;
+  for (int byte = 255; byte >= 0; --byte)
+    if (byte != '\n')
+      every += static_cast<char>(byte);
+  const std::string name = "a\"\\\xE9.pc4";
+  Write(name, every + "\n" + Line("PC40001T" + every) + Line("PC4" + every.substr(0, 157)) +
+                  Line(Ruled("PC4\"\\\x01\xFF"
+                             "F")) +
+                  Line("PC40001" + std::string(1, '\0') + every) + "\xEF\xBB\xBF\n");
+  for (const std::string form : {"--json", "--json-lines"}) {
+    const Outcome seen = Run("fiscalon show " + form + " a*.pc4");
+    EXPECT_EQ(seen.status, 1) << seen.err;
+    std::istringstream rest(seen.out);
+    if (form == "--json") {
+      const Json document = Json::parse(seen.out);
+      EXPECT_EQ(document.at("file"), "a\"\\\uFFFD.pc4");
+      EXPECT_EQ(document.at("records").at(1).at("length"), 263);
+      EXPECT_EQ(document.at("records").at(3).at("seq"), "\"\\\x01\u00FF");
+      EXPECT_EQ(document.at("records").size(), 6U);
+    } else {
+      size_t lines = 0;
+      for (std::string line; std::getline(rest, line); ++lines) EXPECT_TRUE(Json::accept(line)) << line;
+      EXPECT_EQ(lines, 6U);
+    }
+  }
 }
 
 TEST_F(ShownJson, HasNoColoursAndNoRuler) {

@@ -99,6 +99,19 @@ TEST_F(StandardOutput, HasNoColoursOnATerminalThatWantsNone) {
   }
 }
 
+TEST_F(StandardOutput, LeavesATerminalOfItsOwnToProgress) {
+  // More than is read at once.
+  std::string lines;
+  for (int i = 0; i < 30'000; ++i) lines += "hello\n";
+  Write("a.pc4", lines);
+  const Terminal terminal;
+  EXPECT_EQ(Run("fiscalon show a.pc4 >out 2>" + terminal.Path()).status, 1);
+  EXPECT_THAT(terminal.Shown(), testing::AllOf(HasSubstr("\r21,845 records  73 %"), testing::EndsWith("\r\x1B[K")));
+  const Terminal both;
+  EXPECT_EQ(Run("export NO_COLOR=1; fiscalon show a.pc4 --line 21900 >" + both.Path() + " 2>" + both.Path()).status, 1);
+  EXPECT_THAT(both.Shown(), testing::AllOf(HasSubstr("line 21900: no record"), Not(HasSubstr("records  "))));
+}
+
 TEST_F(StandardOutput, FoldsRecordsToTheTerminal) {
   Write("a.pc4", "hello\n" + std::string(100, 'x') + "\n");
   const Terminal terminal;

@@ -56,6 +56,29 @@ TEST_F(Transcript, NamesTheScenario) {
             "1 passed, 0 failed\n");
 }
 
+TEST_F(Transcript, TellsWhichEntryKeepsTheFocusInSilence) {
+  Write("a.scenario",
+        "host PaidDate 06152026\n"
+        "show 01\n"
+        "  focus WCBperiodfrommm\n"
+        "  type 13\n"
+        "  key Tab\n"
+        "  key Tab\n"
+        "  expect focus WCBperiodfrommm\n"
+        "  click Command3D5\n"
+        "expect result False\n");
+  const std::string told = Run("fiscalon play --transcript a.scenario").out;
+  EXPECT_THAT(told, HasSubstr("       5  key Tab\n"
+                              "              WCBperiodfrommm_LostFocus\n"
+                              "              WCBperiodtomm_LostFocus\n"
+                              "              status \"Please correct this entry: For the period from (MM)\"\n"
+                              "       6  key Tab\n"
+                              "              WCBperiodfrommm_LostFocus\n"
+                              "              WCBperiodtomm_LostFocus\n"
+                              "       7  expect focus WCBperiodfrommm\n"));
+  EXPECT_THAT(told, HasSubstr("1 passed, 0 failed"));
+}
+
 TEST_F(Transcript, NamesTheAnswerOfABox) {
   // A date of another year asks whether to keep it.
   Write("a.scenario",

@@ -52,6 +52,13 @@ class Program : public testing::Test {
     return {WEXITSTATUS(status), folder.Read("out"), folder.Read("err")};
   }
 
+  /// The exit status of a command line of the shell, in the test's folder. Its output goes where it says.
+  int Shell(const std::string& commandLine) const {
+    return WEXITSTATUS(std::system(
+        ("cd '" + folder.Path() + "' && fiscalon() { '" FISCALON_PROGRAM "' \"$@\"; } && { " + commandLine + "\n}")
+            .c_str()));
+  }
+
   bool Exists(std::string_view name) const { return std::filesystem::exists(folder.Path(name)); }
 
   /// Whether all files are ones that somebody has named.
@@ -90,11 +97,31 @@ TEST_F(ValidatePayment, TakesTheBillerAndStandardInput) {
             "invalid: Field 05 Remittance Type is invalid\n");
 }
 
-TEST_F(ValidatePayment, AnEmptyFileIsAPaymentWithoutRecords) {
+// `show` says the same: see `SaysThatAFileIsEmpty` in show_command_test.cpp.
+TEST_F(ValidatePayment, AnEmptyFileHoldsNoPayment) {
   folder.Write("empty.pc4", "");
   const Outcome outcome = Run("validate --screen 03 --amount 12345 empty.pc4");
-  EXPECT_EQ(outcome.out, "invalid: Record for required fields is missing\n");
-  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "fiscalon: empty.pc4: the file is empty, it holds no records\n");
+  EXPECT_EQ(outcome.status, 2);
+}
+
+TEST_F(ValidatePayment, TellsThatAFileHoldsManyPayments) {
+  folder.Write("many.pc4", Lines(AgencyPayment(GoodAgencyFields())) + Lines(AgencyPayment(GoodAgencyFields()), "0002") +
+                               Lines(AgencyPayment(GoodAgencyFields())));
+  const Outcome outcome = Run("validate --screen 03 --amount 12345 many.pc4");
+  EXPECT_EQ(outcome.out, "valid\n");
+  EXPECT_EQ(outcome.err,
+            "fiscalon: many.pc4 holds the records of 3 payments, judged here as one; to judge each of them, list them "
+            "for --payments\n");
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST_F(ValidatePayment, ALineThatIsTooLongForAnyRecordIsNamed) {
+  folder.Write("long.pc4", QuotedLine(Ruled("PC40001T")) + Ruled("PC40001F") + std::string(1'000'000, ' ') + "\r\n");
+  const Outcome outcome = Run("validate --screen 03 --amount 12345 long.pc4");
+  EXPECT_EQ(outcome.err, "fiscalon: long.pc4:2: a line of 1000160 characters; a record has 160\n");
+  EXPECT_EQ(outcome.status, 2);
 }
 
 TEST_F(ValidatePayment, AllLinesAreTheOnePaymentsQuotedOrBareLongOrShort) {
@@ -117,6 +144,7 @@ TEST_F(ValidatePayment, ALineThatIsFramedWronglyIsNamed) {
       {"PC40001T\"\n", "1: the quote behind has none in front"},
       {"PC40001T\n\nPC40001F\n", "2: an empty line"},
       {std::string("PC40001T\0\n", 10), "1: a NUL byte in column 9"},
+      {"PC40001T\r\nPC40001F\r", "2: half a line end, CR without LF; the file was cut off there"},
   };
   for (const auto& [bytes, problem] : rows) {
     folder.Write("framed.pc4", bytes);
@@ -179,6 +207,14 @@ TEST_F(ValidateBatchFiles, NamesProblemsAndLeavesNoReport) {
   EXPECT_TRUE(LeftNothingBehind());
 }
 
+TEST_F(ValidateBatchFiles, NamesHalfALineEnd) {
+  const std::string lines = folder.Read("batch.pc4");
+  folder.Write("batch.pc4", lines.substr(0, lines.size() - 1));
+  const Outcome outcome = Run("validate --payments batch.csv --records batch.pc4");
+  EXPECT_EQ(outcome.err, "fiscalon: batch.pc4:4: half a line end, CR without LF; the file was cut off there\n");
+  EXPECT_EQ(outcome.status, 2);
+}
+
 TEST_F(ValidateBatchFiles, ShowsControlCharactersAndAccentsOfTheFilesInMessages) {
   folder.Write("batch.csv", "seq,screen,biller,amount\n0001,03,,\x1B[1m\xC3\xA9\n0002,03,,12345\n");
   EXPECT_EQ(Run("validate --payments batch.csv --records batch.pc4").err,
@@ -212,13 +248,137 @@ TEST_F(ValidateBatchFiles, AReportThatCannotBeWrittenIsStatus2) {
   }
 }
 
+TEST_F(ValidateBatchFiles, SaysWhereEachFaultLies) {
+  EXPECT_EQ(Run("validate --payments batch.csv --records batch.pc4 --faults faults.csv").status, 1);
+  EXPECT_EQ(folder.Read("faults.csv"),
+            "seq,screen,line,field,name,value,code,message\n"
+            "0002,03,4,04,Number of Employees,,blank,Field 04 Number of Employees cannot be blank\n");
+  const Outcome asJson =
+      Run("validate --payments batch.csv --records batch.pc4 --faults - --json-lines --report r.json");
+  EXPECT_EQ(asJson.out,
+            "{\"seq\":\"0002\",\"screen\":\"03\",\"line\":4,\"field\":\"04\",\"name\":\"Number of Employees\","
+            "\"value\":\"\",\"code\":\"blank\",\"message\":\"Field 04 Number of Employees cannot be blank\"}\n");
+  EXPECT_EQ(folder.Read("r.json"),
+            "{\"seq\":\"0001\",\"screen\":\"03\",\"valid\":true,\"reason\":\"\"}\n"
+            "{\"seq\":\"0002\",\"screen\":\"03\",\"valid\":false,"
+            "\"reason\":\"Field 04 Number of Employees cannot be blank\"}\n");
+}
+
+TEST_F(ValidateBatchFiles, SplitsTheRecords) {
+  EXPECT_EQ(Run("validate --payments batch.csv --records - --good good --bad bad <batch.pc4").status, 1);
+  EXPECT_EQ(folder.Read("good"), Lines(AgencyPayment(GoodAgencyFields())));
+  EXPECT_EQ(folder.Read("bad"), Lines(AgencyPayment(With(GoodAgencyFields(), "04", "")), "0002"));
+}
+
+TEST_F(ValidateBatchFiles, WritesAllOrNothing) {
+  folder.Write("good", "older");
+  // The device is full when the first of the bad records is written; the others could have been.
+  const Outcome outcome =
+      Run("validate --payments batch.csv --records batch.pc4 --report report.csv --good good --bad /dev/full");
+  EXPECT_EQ(outcome.err, "fiscalon: /dev/full can't be written: No space left on device\n");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(folder.Read("good"), "older");
+  EXPECT_FALSE(Exists("report.csv"));
+  EXPECT_TRUE(LeftNothingBehind());
+}
+
+TEST_F(ValidateBatchFiles, EndsAtTheNthBadPayment) {
+  folder.Write("batch.csv", "seq,screen,biller,amount\n0001,03,,12345\n0002,03,,12345\n0003,03,,1\n");
+  folder.Write("batch.pc4", folder.Read("batch.pc4") + Lines(AgencyPayment(GoodAgencyFields()), "0003"));
+  const std::string validate = "validate --payments batch.csv --records batch.pc4 --report report.csv --good good ";
+  const Outcome outcome = Run(validate + "--faults faults.csv --max-bad 1");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out,
+            "1 invalid, the last of them at batch.csv:3; the payments behind it were not judged\n"
+            "           1   100 %  Field 04 Number of Employees cannot be blank\n");
+  EXPECT_EQ(outcome.err, "fiscalon: not written, since they tell of the whole batch: report.csv, good\n");
+  EXPECT_EQ(folder.Read("faults.csv"),
+            "seq,screen,line,field,name,value,code,message\n"
+            "0002,03,4,04,Number of Employees,,blank,Field 04 Number of Employees cannot be blank\n");
+  EXPECT_FALSE(Exists("report.csv") || Exists("good"));
+  EXPECT_TRUE(LeftNothingBehind());
+  EXPECT_TRUE(Run(validate + "--max-bad 3").out.starts_with("3 payments: 1 valid, 2 invalid\n"));
+  EXPECT_TRUE(Exists("report.csv") && Exists("good"));
+}
+
+TEST_F(ValidateBatchFiles, JudgesPartsWhoseFilesJoined) {
+  ASSERT_EQ(Run("generate --payments 500 --screen 20 --bad 0.1 --out big").status, 0);
+  const std::string validate = "validate --payments big.csv --records big.pc4 --report r --faults f --good g --bad b ";
+  Run(validate);
+  std::string whole;
+  for (const char* name : {"r", "f", "g", "b"}) whole += folder.Read(name);
+  std::string report, faults, good, bad;
+  for (const char* part : {"1/3", "2/3", "3/3"}) {
+    EXPECT_EQ(Run(validate + "--part " + part).status, 1);
+    report += folder.Read("r");
+    faults += folder.Read("f");
+    good += folder.Read("g");
+    bad += folder.Read("b");
+  }
+  EXPECT_TRUE(report + faults + good + bad == whole);
+}
+
+TEST_F(ValidateBatchFiles, RefusesOptionsThatMakeNoSense) {
+  const std::string batch = "validate --payments batch.csv --records batch.pc4 ";
+  const std::string original = folder.Read("batch.pc4");
+  const std::pair<std::string, std::string> rows[] = {
+      {"--part 0/3", "--part: \"0/3\" is no part: 2/8 is the second of eight, and there are a million at most"},
+      {"--part 4/3", "--part: \"4/3\" is no part: 2/8 is the second of eight, and there are a million at most"},
+      {"--part 1/1000001",
+       "--part: \"1/1000001\" is no part: 2/8 is the second of eight, and there are a million at most"},
+      {"--part x", "--part: \"x\" is no part: 2/8 is the second of eight, and there are a million at most"},
+      {"--part 1", "--part: \"1\" is no part: 2/8 is the second of eight, and there are a million at most"},
+      {"--part 1/2x", "--part: \"1/2x\" is no part: 2/8 is the second of eight, and there are a million at most"},
+      {"--max-bad 0", "--max-bad: \"0\" is no whole number from 1"},
+      {"--max-bad -1", "--max-bad: \"-1\" is no whole number from 1"},
+      {"--max-bad abc", "--max-bad: \"abc\" is no whole number from 1"},
+      {"--good batch.pc4", "batch.pc4 would take the place of batch.pc4, which is read"},
+      {"--bad ./batch.csv", "./batch.csv would take the place of batch.csv, which is read"},
+      {"--good x --bad ./x", "--good and --bad name one file"},
+      {"--report - --faults -", "--report and --faults name one file"},
+      {"--json-lines", "--json-lines says how --report and --faults are written: give one of them"},
+  };
+  for (const auto& [options, complaint] : rows) {
+    const Outcome outcome = Run(batch + options);
+    EXPECT_EQ(outcome.err.substr(0, outcome.err.find('\n')), "fiscalon: " + complaint) << options;
+    EXPECT_EQ(outcome.status, 2) << options;
+    EXPECT_EQ(outcome.out, "") << options;
+  }
+  EXPECT_EQ(folder.Read("batch.pc4"), original);
+  EXPECT_TRUE(Run(batch + "--good /dev/null --bad /dev/null").status == 1);
+  const Outcome single = Run("validate --screen 03 --amount 12345 --faults f good.pc4");
+  EXPECT_TRUE(
+      single.err.starts_with("fiscalon: --report, --faults, --good, --bad, --json-lines, --max-bad and --part "
+                             "go with a batch\n"));
+}
+
+TEST_F(ValidateBatchFiles, CutsNoPartOutOfAPipe) {
+  EXPECT_EQ(Shell("cat batch.pc4 | fiscalon validate --payments batch.csv --records - --part 1/2 2>err"), 2);
+  EXPECT_EQ(folder.Read("err"),
+            "fiscalon: standard input: parts are cut out of files, and this is a pipe or a device\n");
+}
+
+TEST_F(ValidateBatchFiles, AClosedStandardOutputIsStatus2AndNoFileTakesItsPlace) {
+  // The next file that is opened would get its descriptor, and the report would stand among the faults.
+  EXPECT_EQ(
+      Shell("fiscalon validate --payments batch.csv --records batch.pc4 --report - --faults faults.csv >&- 2>err"), 2);
+  EXPECT_EQ(folder.Read("err"), "fiscalon: standard output can't be written: Bad file descriptor\n");
+  EXPECT_FALSE(Exists("faults.csv"));
+  EXPECT_TRUE(LeftNothingBehind());
+}
+
+TEST_F(ValidateBatchFiles, AFolderIsNoBatch) {
+  const Outcome outcome = Run("validate --payments batch.csv --records . --good good");
+  EXPECT_EQ(outcome.err, "fiscalon: .: can't be read: Is a directory\n");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_FALSE(Exists("good"));
+}
+
 TEST_F(ValidateBatchFiles, AReaderThatGoesAwayIsStatus2) {
   ASSERT_EQ(Run("generate --payments 20000 --screen 03 --out big").status, 0);
-  const std::string command = "cd '" + folder.Path() +
-                              "' && ('" FISCALON_PROGRAM
-                              "' validate --payments big.csv --records big.pc4 --report - 2>err; echo $? >status) | "
-                              "head -n 1 >out";
-  ASSERT_EQ(std::system(command.c_str()), 0);
+  ASSERT_EQ(Shell("(fiscalon validate --payments big.csv --records big.pc4 --report - 2>err; echo $? >status) | "
+                  "head -n 1 >out"),
+            0);
   EXPECT_EQ(folder.Read("out"), "seq,screen,valid,reason\n");
   EXPECT_EQ(folder.Read("status"), "2\n");
 }
@@ -283,6 +443,15 @@ TEST_F(WaitingProgram, AFileThatShrinksIsNamedAndLeavesNoReport) {
   EXPECT_TRUE(LeftNothingBehind());
 }
 
+TEST_F(WaitingProgram, AFileThatGrowsIsJudgedAsItWas) {
+  EXPECT_EQ(RunWhile([](pid_t, const TemporaryFolder& place) {
+              std::ofstream(place.Path("batch.pc4"), std::ios::app) << "\"PC40003T";
+            }),
+            1);
+  const std::string report = folder.Read("report.csv");
+  EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 3);
+}
+
 TEST_F(WaitingProgram, AFileThatIsRemovedIsReadToItsEnd) {
   EXPECT_EQ(RunWhile([](pid_t, const TemporaryFolder& place) { std::filesystem::remove(place.Path("batch.pc4")); }), 1);
   EXPECT_TRUE(Exists("report.csv"));
@@ -308,10 +477,12 @@ TEST_F(Generate, RefusesWhatMakesNoSense) {
        {"generate", "generate --payments 5 --screen 15", "generate --payments x --screen 03",
         "generate --payments 5 --screen 03 --bad 2", "generate --payments 5 --screen 03 --bad nan",
         "generate --payments 5 --screen 03 --out nowhere/batch", "generate --payments 5 --screen 03 --out ''",
+        "generate --payments 5 --screen 03 --out .", "generate --payments 5 --screen 03 --out ./",
         "generate --payments -1 --screen 03", "generate --payments 99999999999999999999 --screen 03",
         "generate --payments 5 --screen 03 --seed -1"})
     EXPECT_EQ(Run(arguments).status, 2) << arguments;
   EXPECT_FALSE(Exists(".csv"));
+  EXPECT_FALSE(Exists("..csv"));
 }
 
 TEST_F(Generate, EndsAtTheFirstWriteThatFails) {

@@ -12,7 +12,11 @@ import check_layers  # noqa: E402
 
 SOUND_TREE = {
     "core/platform/clock.h": "#pragma once\n#include <compare>\n",
-    "core/platform/files.cpp": "#include <sys/stat.h>\n#include <string>\n",
+    "core/platform/posix/files.cpp": "#include <sys/stat.h>\n#include <string>\n",
+    "core/platform/windows/files.cpp": "#include <windows.h>\n#ifdef WIN32\n#endif\n",
+    "core/platform/windows/wide_text.h": "#pragma once\n",
+    "frontends/win32/dialog.h": '#include <windows.h>\n#include "core/platform/windows/wide_text.h"\n',
+    "component/session.cpp": '#include <ole2.h>\n#include "fiscalon_component.h"\n#include "frontends/win32/dialog.h"\n',
     "core/values/money.h": "#pragma once\n",
     "core/forms/form.h": '#include "core/platform/clock.h"\n',
     "core/session.h": '#include "core/forms/form.h"\n#include "core/values/money.h"\n',
@@ -105,6 +109,32 @@ class CheckLayers(unittest.TestCase):
             "#include <unistd.h>\n",
             "core/session.h:1: core may not include <unistd.h>, which is not of the standard library",
         )
+
+    def test_each_system_has_folders_of_its_own(self):
+        self.assert_one(
+            "core/platform/files.cpp",
+            "#include <sys/stat.h>\n",
+            "core/platform/files.cpp:1: platform may not include <sys/stat.h>, which is not of the standard library",
+        )
+        self.assert_one(
+            "core/platform/posix/clock.cpp",
+            "#include <windows.h>\n",
+            "core/platform/posix/clock.cpp:1: platform may not include <windows.h>, which is not of the standard library",
+        )
+        for path in ("core/platform/locale.cpp", "tools/fiscalon/main.cpp"):
+            self.assert_one(
+                path,
+                '#include "core/platform/windows/wide_text.h"\n',
+                f'{path}:1: "core/platform/windows/wide_text.h" is of one system',
+            )
+
+    def test_nothing_else_asks_which_system_it_is_on(self):
+        for line in ("#ifdef _WIN32", "#if defined(__linux__)", "# elif __has_include(<unistd.h>)", "#ifndef WIN32"):
+            self.assert_one(
+                "tools/fiscalon/main.cpp",
+                f"{line}\n",
+                "tools/fiscalon/main.cpp:1: what differs between systems belongs into a folder of one system",
+            )
 
     def test_includes_start_at_the_root(self):
         self.assert_one(

@@ -111,7 +111,8 @@ void InterruptWatch::Mapped(std::string file, std::string_view bytes) {
   place = {std::move(file), bytes};
 }
 
-FleetingFile::FleetingFile(std::string path) : path_(std::move(path)) {
+void FleetingFile::Become(std::string path) noexcept {
+  path_ = std::move(path);
   const auto free =
       std::find_if(fleetingFiles.begin(), fleetingFiles.end(), [](const auto& file) { return file[0] == '\0'; });
   if (free == fleetingFiles.end() || path_.size() >= free->size())

@@ -32,7 +32,8 @@ void GoOnWithForms(const Context& context) {
   const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
   const auto twin = (program.parent_path() / kTwin).lexically_normal();
   ::execv(twin.c_str(), context.arguments);
-  throw CommandError("the Qt front end " + twin.string() + " can't be started: " + std::strerror(errno));
+  const std::string remedy = errno == ENOENT ? "; it is installed with the payment desk, fiscalon-desk" : "";
+  throw CommandError("the Qt front end " + twin.string() + " can't be started: " + std::strerror(errno) + remedy);
 }
 
 std::unique_ptr<DrivenToolkit> NewPlayedForms() {

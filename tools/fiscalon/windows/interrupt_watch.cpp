@@ -49,7 +49,9 @@ void InterruptWatch::End() {
 /// The system lets no mapped file shrink.
 void InterruptWatch::Mapped(std::string /*file*/, std::string_view /*bytes*/) {}
 
-FleetingFile::FleetingFile(std::string path) : path_(std::move(path)) {}
+void FleetingFile::Become(std::string path) noexcept {
+  path_ = std::move(path);
+}
 
 FleetingFile::~FleetingFile() {
   if (!path_.empty())

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/forms/control_array.h"
-#include "tests/frontends/qt/every_kind_form.h"
+#include "tests/support/every_kind_form.h"
 
 namespace fiscalon {
 

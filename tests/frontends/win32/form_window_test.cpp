@@ -1,0 +1,208 @@
+#include "frontends/win32/form_window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/frontends/win32/played_form.h"
+
+namespace fiscalon {
+namespace {
+
+bool HasStyle(HWND window, LONG_PTR style) {
+  return (::GetWindowLongPtrW(window, GWL_STYLE) & style) != 0;
+}
+
+class Windows : public testing::Test, protected PlayedForm {
+ protected:
+  EveryKindForm form;
+};
+
+TEST_F(Windows, AreTheSystemsOwnControls) {
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    const auto classOf = [&](const Control& control) {
+      std::wstring name(32, L'\0');
+      name.resize(static_cast<size_t>(::GetClassNameW(In(window, control), name.data(), 32)));
+      return name;
+    };
+    EXPECT_EQ(classOf(form.lblPayee), L"Static");
+    EXPECT_EQ(classOf(form.txtPeriod), L"Edit");
+    EXPECT_EQ(classOf(form.cmdOK), L"Button");
+    EXPECT_EQ(classOf(form.chkFinal), L"Button");
+    EXPECT_EQ(classOf(form.fraKind), L"Button");
+    EXPECT_EQ(classOf(form.cmbProvince), L"ComboBox");
+    EXPECT_EQ(classOf(form.lstInvoices), L"ListBox");
+    EXPECT_TRUE(HasStyle(In(window, form.txtTotal), ES_RIGHT));
+    EXPECT_FALSE(HasStyle(In(window, form.txtPeriod), ES_RIGHT));
+  });
+}
+
+TEST_F(Windows, HoldTheirTextsWhole) {
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    const DialogFonts fonts(DotsPerInchOf(window.Window()));
+    for (const Control* control : form.Controls()) {
+      const auto* captioned = dynamic_cast<const Captioned*>(control);
+      if (captioned == nullptr)
+        continue;
+      RECT area = {};
+      ::GetClientRect(In(window, *control), &area);
+      const SIZE text = fonts.Extent(std::wstring(captioned->PlainCaption().begin(), captioned->PlainCaption().end()),
+                                     FontKind::Plain);
+      EXPECT_GE(area.right, text.cx) << control->Name();
+      EXPECT_GE(area.bottom, text.cy) << control->Name();
+    }
+  });
+}
+
+TEST_F(Windows, HaveScaleAndMeasuresOfTheirOwn) {
+  SIZE usual = {};
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    RECT area = {};
+    ::GetClientRect(In(window, form.txtPeriod), &area);
+    usual = {area.right, area.bottom};
+  });
+  PlayedWin32Toolkit large(144);
+  large.onForm = [&](Form&, UserDriver&) {
+    RECT area = {};
+    ::GetClientRect(In(*large.Window(), form.txtPeriod), &area);
+    // Fonts have whole pixels: half as much again, more or less.
+    EXPECT_NEAR(area.right, usual.cx * 1.5, usual.cx * 0.2);
+    EXPECT_NEAR(area.bottom, usual.cy * 1.5, usual.cy * 0.2);
+  };
+  form.ShowModal(large);
+}
+
+TEST_F(Windows, ShadeAndLockWhatTheFormLocks) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    EXPECT_TRUE(HasStyle(In(window, form.txtPayee), ES_READONLY));
+    form.txtTotal.Locked(true);
+    EXPECT_TRUE(user.Locked(form.txtTotal));
+    form.txtTotal.Locked(false);
+    EXPECT_FALSE(user.Locked(form.txtTotal));
+  });
+}
+
+TEST_F(Windows, MakeRoomForWhatAppearsAndNotForWhatIsHidden) {
+  form.when["Form_Load"] = [this] { form.fraKind.Visible(false); };
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    const auto topOf = [&](const Control& control) {
+      RECT place = {};
+      ::GetWindowRect(In(window, control), &place);
+      ::MapWindowPoints(nullptr, window.Window(), reinterpret_cast<POINT*>(&place), 2);
+      return place.top;
+    };
+    EXPECT_FALSE(user.Visible(form.optFirst));
+    const LONG before = topOf(form.txtPeriod);
+    form.fraKind.Visible(true);
+    EXPECT_TRUE(user.Visible(form.optFirst));
+    EXPECT_GT(topOf(form.txtPeriod), before);
+    EXPECT_GT(topOf(form.optFirst), topOf(form.fraKind));
+  });
+}
+
+TEST_F(Windows, TellWhichButtonEnterPresses) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    const auto isDefault = [&](const Control& control) {
+      return (::GetWindowLongPtrW(In(window, control), GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+    };
+    user.PressMouse(form.cmdCancel);
+    EXPECT_TRUE(isDefault(form.cmdCancel));
+    Press(user, "Shift+Tab");
+    EXPECT_TRUE(isDefault(form.cmdOK));
+    EXPECT_FALSE(isDefault(form.cmdCancel));
+  });
+}
+
+TEST_F(Windows, LetTheEditorCopyCutPasteAndUndo) {
+  const auto control = [](UserDriver& user, int key) {
+    user.PressKey({.keyCode = key, .shift = shift_state::kControl});
+  };
+  form.notesKeys = true;
+  Show(form, [&](FormWindow&, UserDriver& user) {
+    user.PressMouse(form.txtPeriod);
+    Type(user, "2026");
+    form.TakeNotes();
+    control(user, 'A');
+    EXPECT_EQ(user.SelectedText(form.txtPeriod), "2026");
+    control(user, 'C');
+    control(user, 'X');
+    EXPECT_EQ(user.Text(form.txtPeriod), "");
+    control(user, 'V');
+    EXPECT_EQ(form.txtPeriod.Text(), "2026");
+    // No handler hears of such keys.
+    EXPECT_THAT(form.TakeNotes(), testing::ElementsAre("txtPeriod_Change", "txtPeriod_Change"));
+    control(user, 'Z');
+    EXPECT_EQ(form.txtPeriod.Text(), "");
+    EXPECT_EQ(user.Text(form.txtPeriod), "");
+  });
+}
+
+TEST_F(Windows, KeepTheCaretWhereAFilterWorksInTheMiddle) {
+  form.when["txtPurpose_Change"] = [this] {
+    std::string kept = form.txtPurpose.Text();
+    std::erase(kept, 'x');
+    form.txtPurpose.Text(kept);
+  };
+  Show(form, [&](FormWindow&, UserDriver& user) {
+    user.PressMouse(form.txtPurpose);
+    Type(user, "acd");
+    Press(user, "Left");
+    Press(user, "Left");
+    Type(user, "xbx");
+    EXPECT_EQ(user.Text(form.txtPurpose), "abcd");
+  });
+}
+
+TEST_F(Windows, EndWithAnErrorThatLeavesAHandler) {
+  form.when["chkFinal_Click"] = [] { throw RuntimeError(13, "Type mismatch"); };
+  EXPECT_THROW(Show(form, [&](FormWindow&, UserDriver& user) { user.Click(form.chkFinal); }), RuntimeError);
+  EXPECT_EQ(toolkit.Window(), nullptr);
+}
+
+TEST_F(Windows, StandOverEachOther) {
+  TwoFieldForm inner;
+  HWND outerWindow = nullptr;
+  form.when["cmdOK_Click"] = [&] {
+    outerWindow = toolkit.Window()->Window();
+    inner.ShowModal(toolkit);
+    EXPECT_NE(::IsWindowEnabled(outerWindow), FALSE);
+  };
+  bool seen = false;
+  toolkit.onForm = [&](Form& shown, UserDriver& user) {
+    if (&shown == &form)
+      return user.Click(form.cmdOK);
+    seen = true;
+    EXPECT_EQ(::IsWindowEnabled(outerWindow), FALSE);
+    EXPECT_EQ(::GetWindow(toolkit.Window()->Window(), GW_OWNER), outerWindow);
+  };
+  form.ShowModal(toolkit);
+  EXPECT_TRUE(seen);
+}
+
+TEST_F(Windows, ShowABoxWithItsTitleIconAndButtons) {
+  const BoxRequest asked = {.text = "Really?\r\nThe balance is 5.00.",
+                            .style = MessageStyle::Question,
+                            .buttons = MessageButtons::YesNo,
+                            .defaultButton = DefaultButton::Second,
+                            .title = "Date Warning"};
+  BoxRequest shown;
+  MessageAnswer answer = MessageAnswer::Ok;
+  toolkit.onMessage = [&](const BoxRequest& box) {
+    shown = box;
+    return MessageAnswer::Yes;
+  };
+  form.when["chkFinal_Click"] = [&] { answer = toolkit.ShowMessage(asked); };
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    user.Click(form.chkFinal);
+    EXPECT_EQ(user.FocusName(), "chkFinal");
+    EXPECT_NE(::IsWindowEnabled(window.Window()), FALSE);
+  });
+  EXPECT_EQ(shown.text, asked.text);
+  EXPECT_EQ(shown.style, asked.style);
+  EXPECT_EQ(shown.buttons, asked.buttons);
+  EXPECT_EQ(shown.defaultButton, asked.defaultButton);
+  EXPECT_EQ(shown.title, asked.title);
+  EXPECT_EQ(answer, MessageAnswer::Yes);
+}
+
+}  // namespace
+}  // namespace fiscalon

@@ -1,0 +1,113 @@
+#include "frontends/win32/win32_toolkit.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "frontends/win32/windows_api.h"
+#include "tests/support/test_form.h"
+
+namespace fiscalon {
+namespace {
+
+/// A window of the host's own, the active one of the thread.
+class HostWindow {
+ public:
+  HostWindow()
+      : window_(::CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300, nullptr,
+                                  nullptr, OwnModule(), nullptr)) {
+    ::SetActiveWindow(window_);
+  }
+  ~HostWindow() { ::DestroyWindow(window_); }
+  HostWindow(const HostWindow&) = delete;
+  HostWindow& operator=(const HostWindow&) = delete;
+
+  HWND Window() const { return window_; }
+
+ private:
+  HWND window_;
+};
+
+/// What happens when the message loop of a form is first idle: posted to the thread, which serves it there.
+class WhenServed {
+ public:
+  explicit WhenServed(std::function<void()> act) {
+    act_ = std::move(act);
+    ::SetTimer(nullptr, 0, 0, [](HWND, UINT, UINT_PTR timer, DWORD) {
+      ::KillTimer(nullptr, timer);
+      std::exchange(act_, nullptr)();
+    });
+  }
+  ~WhenServed() { EXPECT_FALSE(act_) << "the loop never served the thread's messages"; }
+  WhenServed(const WhenServed&) = delete;
+  WhenServed& operator=(const WhenServed&) = delete;
+
+ private:
+  static inline std::function<void()> act_;
+};
+
+TEST(Win32Toolkit, DisablesTheOwnerAndGivesItTheKeyboardBack) {
+  const HostWindow host;
+  Win32Toolkit toolkit;
+  TwoFieldForm form;
+  const WhenServed served([&] {
+    EXPECT_EQ(::IsWindowEnabled(host.Window()), FALSE);
+    EXPECT_EQ(::GetWindow(::GetActiveWindow(), GW_OWNER), host.Window());
+    form.Hide();
+  });
+  form.ShowModal(toolkit);
+  EXPECT_NE(::IsWindowEnabled(host.Window()), FALSE);
+  EXPECT_EQ(::GetActiveWindow(), host.Window());
+}
+
+TEST(Win32Toolkit, LeavesAnOwnerDisabledThatWas) {
+  const HostWindow host;
+  ::EnableWindow(host.Window(), FALSE);
+  Win32Toolkit toolkit;
+  TwoFieldForm form;
+  const WhenServed served([&] { form.Hide(); });
+  form.ShowModal(toolkit);
+  EXPECT_EQ(::IsWindowEnabled(host.Window()), FALSE);
+}
+
+TEST(Win32Toolkit, EnablesTheOwnerAfterAnError) {
+  const HostWindow host;
+  Win32Toolkit toolkit;
+  TwoFieldForm form;
+  form.when["txtA_Change"] = [] { throw RuntimeError(6, "Overflow"); };
+  const WhenServed served([&] { form.Acts().EditText(form.txtA, "1", {.start = 1}); });
+  EXPECT_THROW(form.ShowModal(toolkit), RuntimeError);
+  EXPECT_NE(::IsWindowEnabled(host.Window()), FALSE);
+}
+
+TEST(Win32Toolkit, PassesTheEndOfTheHostOn) {
+  Win32Toolkit toolkit;
+  TwoFieldForm form;
+  const WhenServed served([] { ::PostQuitMessage(42); });
+  form.ShowModal(toolkit);
+  EXPECT_FALSE(form.IsUp());
+  MSG message = {};
+  while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && message.message != WM_QUIT) continue;
+  EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+  EXPECT_EQ(message.wParam, WPARAM{42});
+}
+
+TEST(Win32Toolkit, ServesTheHostsWindowsMeanwhile) {
+  const HostWindow host;
+  ::SetWindowTextW(host.Window(), L"before");
+  Win32Toolkit toolkit;
+  TwoFieldForm form;
+  static TwoFieldForm* shown = nullptr;
+  shown = &form;
+  ::SetTimer(host.Window(), 1, 0, [](HWND window, UINT, UINT_PTR timer, DWORD) {
+    ::KillTimer(window, timer);
+    ::SetWindowTextW(window, L"served");
+    shown->Hide();
+  });
+  form.ShowModal(toolkit);
+  EXPECT_EQ(TextOfWindow(host.Window()), L"served");
+}
+
+}  // namespace
+}  // namespace fiscalon

@@ -1,0 +1,83 @@
+#!/usr/bin/env python3
+"""The check of the ZIP files for Windows finds what is missing, foreign or wrong in packages of its own."""
+
+import hashlib
+import sys
+import tempfile
+import unittest
+import zipfile
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[3] / "tools" / "lib"))
+sys.dont_write_bytecode = True
+import check_windows_packages  # noqa: E402
+
+FOLDER = "fiscalon-1.2.3-windows-x86"
+SOUND = {name: b"" for name in check_windows_packages.FILES} | {"examples/host.vbs": b""}
+
+PROGRAM = "file format pei-i386\n\tDLL Name: KERNEL32.dll\n\tDLL Name: msvcrt.dll\n"
+LIBRARY = (
+    PROGRAM
+    + """[Ordinal/Name Pointer] Table
+\t[   0] DllCanUnloadNow
+\t[   1] DllGetClassObject
+\t[   2] DllInstall
+\t[   3] DllRegisterServer
+\t[   4] DllUnregisterServer
+
+The Function Table
+"""
+)
+
+
+class CheckWindowsPackages(unittest.TestCase):
+    def offences_of(self, files, name=f"{FOLDER}.zip", checksum=None, library=LIBRARY):
+        # What the tool for object files tells stands in for the library and the program.
+        check_windows_packages.headers_of = lambda bytes_: library if bytes_ == b"library" else PROGRAM
+        with tempfile.TemporaryDirectory() as folder:
+            path = Path(folder) / name
+            with zipfile.ZipFile(path, "w") as package:
+                for inside, bytes_ in files.items():
+                    package.writestr(f"{FOLDER}/{inside}", b"library" if inside == "fiscalon.dll" else bytes_)
+            right = hashlib.sha256(path.read_bytes()).hexdigest()
+            Path(f"{path}.sha256").write_text(f"{checksum or right}  {name}\n")
+            return list(check_windows_packages.offences_of(path))
+
+    def test_a_sound_package_passes(self):
+        self.assertEqual(self.offences_of(SOUND), [])
+
+    def test_each_missing_file_is_told(self):
+        for name in check_windows_packages.FILES:
+            without = {inside: bytes_ for inside, bytes_ in SOUND.items() if inside != name}
+            self.assertEqual(self.offences_of(without), [f"{name} is missing"])
+        without = {inside: bytes_ for inside, bytes_ in SOUND.items() if not inside.startswith("examples/")}
+        self.assertEqual(self.offences_of(without), ["the examples are missing"])
+
+    def test_a_foreign_file_is_told(self):
+        self.assertEqual(self.offences_of(SOUND | {"gtest.lib": b""}), ["gtest.lib does not belong into it"])
+
+    def test_a_wrong_checksum_is_told(self):
+        told = self.offences_of(SOUND, checksum="0" * 64)
+        self.assertEqual(told, [f"{FOLDER}.zip.sha256 does not tell the file's checksum"])
+
+    def test_a_wrong_name_is_told(self):
+        self.assertEqual(self.offences_of(SOUND, name="fiscalon.zip"), ["the name is not that of a package"])
+
+    def test_a_library_of_the_compiler_is_told(self):
+        library = LIBRARY.replace("msvcrt", "libstdc++-6")
+        told = self.offences_of(SOUND, library=library)
+        self.assertEqual(told, ["fiscalon.dll needs libstdc++-6.dll, which is not the system's"])
+
+    def test_a_decorated_or_missing_export_is_told(self):
+        for library in (LIBRARY.replace("DllInstall", "DllInstall@8"), LIBRARY.replace("\t[   2] DllInstall\n", "")):
+            told = self.offences_of(SOUND, library=library)
+            self.assertEqual(len(told), 1)
+            self.assertTrue(told[0].startswith("fiscalon.dll exports "), told)
+
+    def test_another_machine_is_told(self):
+        library = LIBRARY.replace("pei-i386", "pei-x86-64")
+        self.assertEqual(self.offences_of(SOUND, library=library), ["fiscalon.dll is not of the format pei-i386"])
+
+
+if __name__ == "__main__":
+    unittest.main()

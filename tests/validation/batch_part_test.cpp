@@ -1,0 +1,287 @@
+// A batch judged in parts: the parts' reports one after the other are that of the whole, and a part reads little more
+// than its own.
+
+#include "validation/batch_part.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "core/records/record_composer.h"
+#include "tests/support/bulk_payment.h"
+#include "tests/support/module_test.h"
+#include "tests/support/ruled_record.h"
+#include "validation/batch_report.h"
+#include "validation/generate_batch.h"
+
+namespace fiscalon {
+namespace {
+
+struct Batch {
+  std::string payments = "seq,screen,biller,amount\n";
+  std::string records = {};
+
+  /// A payment with so many records beside its "T" record.
+  void Add(const std::string& seq, const std::string& amount = "12345", int more = 1) {
+    payments += seq + ",03,," + amount + "\n";
+    records += QuotedLine(Ruled("PC4" + seq + "T"));
+    for (int record = 0; record < more; ++record)
+      records += QuotedLine(ComposeFreeFormat(seq, {{"01", "000000000000012345"}}));
+  }
+  void Append(const Batch& other) {
+    payments += other.payments.substr(other.payments.find('\n') + 1);
+    records += other.records;
+  }
+};
+
+/// Keeps the report, the faults and the split records, and counts how often it was told that payments are counted.
+class Outcome : public BatchListener {
+ public:
+  bool WantsValidPayments() const override { return true; }
+  bool WantsFaults() const override { return true; }
+  void OnPayment(const PaymentVerdict& verdict) override {
+    AppendReportRow(report, verdict);
+    AppendFaultRows(faults, verdict);
+    rows += std::to_string(verdict.row) + " ";
+    (verdict.IsValid() ? good : bad) += verdict.lines;
+  }
+  void OnProgress(const BatchProgress& progress) override { blocksCounted += progress.bytes == 0 ? 1 : 0; }
+
+  friend bool operator==(const Outcome& a, const Outcome& b) {
+    return a.report == b.report && a.faults == b.faults && a.good == b.good && a.bad == b.bad && a.rows == b.rows;
+  }
+
+  std::string report;
+  std::string faults;
+  std::string rows;
+  std::string good;
+  std::string bad;
+  int blocksCounted = 0;
+};
+
+class BatchParts : public ModuleTest {
+ protected:
+  static BatchStretches Cut(const Batch& batch, const BatchPart& part, BatchListener& listener) {
+    const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+    const auto records = ByteSource::Of(batch.records, "batch.pc4");
+    return CutPart(*payments, *records, part, listener);
+  }
+
+  static void Judge(const Batch& batch, const BatchPart& part, Outcome& outcome) {
+    const BatchStretches stretches = Cut(batch, part, outcome);
+    ValidateBatch(*stretches.payments, *stretches.records, 1, outcome);
+  }
+
+  static Outcome Whole(const Batch& batch) {
+    Outcome whole;
+    const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+    const auto records = ByteSource::Of(batch.records, "batch.pc4");
+    ValidateBatch(*payments, *records, 1, whole);
+    return whole;
+  }
+
+  /// The outcomes of all parts, one behind the other.
+  static Outcome Joined(const Batch& batch, uint64_t parts) {
+    Outcome joined;
+    for (uint64_t part = 1; part <= parts; ++part) Judge(batch, {part, parts}, joined);
+    return joined;
+  }
+
+  /// The problems of all parts.
+  static std::vector<std::string> ProblemsOf(const Batch& batch, uint64_t parts) {
+    std::vector<std::string> problems;
+    for (uint64_t part = 1; part <= parts; ++part) {
+      Outcome outcome;
+      try {
+        Judge(batch, {part, parts}, outcome);
+      } catch (const BatchError& error) {
+        for (const BatchProblem& problem : error.Problems()) problems.push_back(problem.Text());
+      }
+    }
+    return problems;
+  }
+
+  static Batch Generated(const std::string& screen, uint64_t payments, double badRate) {
+    std::ostringstream list, records, planted;
+    GenerateBatch({.payments = payments, .screen = screen, .badRate = badRate, .today = {2026, 6, 15}}, list, records,
+                  planted);
+    return {list.str(), records.str()};
+  }
+
+  static std::string Seq(int number) { return std::to_string(1000 + number % 9000); }
+};
+
+TEST_F(BatchParts, MakeTheWholeOfASmallBatch) {
+  Batch batch;
+  for (int payment = 0; payment < 5; ++payment) batch.Add(Seq(payment), payment == 3 ? "1" : "12345", 1 + payment % 3);
+  const Outcome whole = Whole(batch);
+  EXPECT_EQ(whole.faults,
+            "1003,03,11,01,Amount of Payment,000000000000012345,not-the-amount,"
+            "Field 01 Amount of Payment is not equal to amount to be paid\n");
+  EXPECT_EQ(whole.rows, "2 3 4 5 6 ");
+  for (const uint64_t parts : {1, 2, 3, 4, 5, 6, 100}) EXPECT_TRUE(Joined(batch, parts) == whole) << parts;
+}
+
+TEST_F(BatchParts, MakeTheWholeWhereNumbersComeAgainAndScreensAreMixed) {
+  // Two screens one after the other, whose payments differ in length: the middle of the records is not that of the
+  // list.
+  Batch batch = Generated("20", 10'500, 0.05);
+  batch.Append(Generated("03", 10'500, 0.05));
+  const Outcome whole = Whole(batch);
+  EXPECT_GT(whole.bad.size(), 100'000u);
+  for (const uint64_t parts : {2, 5}) {
+    const Outcome joined = Joined(batch, parts);
+    EXPECT_TRUE(joined == whole) << parts;
+    EXPECT_EQ(joined.blocksCounted, 0) << parts;
+  }
+}
+
+TEST_F(BatchParts, AreFoundByNumbersThatComeOnceWhateverElseIsWrong) {
+  Batch batch;
+  for (int payment = 0; payment < 2000; ++payment) batch.Add(Seq(payment), "1", payment < 300 ? 7 : 1);
+  const Outcome whole = Whole(batch);
+  const Outcome joined = Joined(batch, 6);
+  EXPECT_TRUE(joined == whole);
+  EXPECT_EQ(joined.blocksCounted, 0);
+}
+
+TEST_F(BatchParts, AreCountedWhereNothingTellsTheRow) {
+  // Two numbers in turns, all amounts the same.
+  Batch alike;
+  for (int payment = 0; payment < 3000; ++payment)
+    alike.Add(payment % 2 == 0 ? "0001" : "0002", "12345", payment < 500 ? 3 : 1);
+  const Outcome joined = Joined(alike, 3);
+  EXPECT_TRUE(joined == Whole(alike));
+  EXPECT_GT(joined.blocksCounted, 0);
+
+  // The same numbers again and again, and no payment is good.
+  Batch bad;
+  for (int payment = 0; payment < 3000; ++payment) bad.Add(Seq(payment % 500), "1", payment < 500 ? 3 : 1);
+  EXPECT_TRUE(Joined(bad, 4) == Whole(bad));
+}
+
+TEST_F(BatchParts, AreCountedWhereTheWitnessesDisagree) {
+  // The amounts are those of a list that begins one round of numbers later: all rows are wrong, but none in a way that
+  // the numbers tell.
+  constexpr int kRound = 400;
+  constexpr int kPayments = 2000;
+  Batch batch;
+  for (int payment = 0; payment < kPayments; ++payment) {
+    const std::string amount = std::to_string(10'000 + payment);
+    const std::string seq = Seq(payment % kRound);
+    batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+    batch.payments += seq + ",03,," + std::to_string(10'000 + (payment + kRound) % kPayments) + "\n";
+  }
+  const Outcome whole = Whole(batch);
+  EXPECT_TRUE(whole.good.empty());
+  const Outcome joined = Joined(batch, 3);
+  EXPECT_TRUE(joined == whole);
+  EXPECT_GT(joined.blocksCounted, 0);
+}
+
+TEST_F(BatchParts, TakeRowsInQuotesAndLinesInAnyFrame) {
+  Batch batch;
+  for (int payment = 0; payment < 1500; ++payment) {
+    const std::string seq = payment % 5 == 0 ? "\xE9" + Seq(payment).substr(1) : Seq(payment);
+    const std::string written = payment % 5 == 0 ? "\xC3\xA9" + Seq(payment).substr(1) : Seq(payment);
+    const std::string record = ComposeFreeFormat(seq, {{"01", "000000000000012345"}});
+    batch.records += payment % 3 == 0 ? record + "\n" : QuotedLine(record);
+    batch.payments += payment % 2 == 0 ? "\"" + written + "\",\"03\",,12346\r\n" : written + ",03,,12345\n";
+  }
+  // The last line may lack its end.
+  batch.records.resize(batch.records.size() - 2);
+  batch.payments.pop_back();
+  const Outcome whole = Whole(batch);
+  for (const uint64_t parts : {2, 7}) EXPECT_TRUE(Joined(batch, parts) == whole) << parts;
+}
+
+TEST_F(BatchParts, AreEmptyWhereThereIsNothingLeft) {
+  EXPECT_EQ(Joined(Batch{}, 4).report, "");
+  Batch one;
+  one.Add("0001");
+  EXPECT_EQ(Joined(one, 4).report, "0001,03,yes,\n");
+}
+
+TEST_F(BatchParts, AreAboutEquallyLong) {
+  const Batch batch = Generated("03", 1000, 0);
+  constexpr uint64_t kParts = 7;
+  // Two records of 164 characters, for the payment in which the cut is wanted and the one behind it.
+  constexpr size_t kSlack = 4 * 164;
+  std::string records;
+  std::string rows;
+  for (uint64_t part = 1; part <= kParts; ++part) {
+    Outcome outcome;
+    const BatchStretches stretches = Cut(batch, {part, kParts}, outcome);
+    EXPECT_NEAR(static_cast<double>(stretches.records->Peek(0).size()),
+                static_cast<double>(batch.records.size()) / kParts, kSlack);
+    records += stretches.records->Peek(0);
+    rows += stretches.payments->Peek(0);
+  }
+  EXPECT_TRUE(records == batch.records);
+  EXPECT_TRUE(rows == batch.payments);
+}
+
+TEST_F(BatchParts, NameProblemsByTheLinesOfTheWholeFiles) {
+  Batch batch;
+  for (int payment = 0; payment < 1000; ++payment) batch.Add(Seq(payment));
+  // Behind 600 payments of two lines each; behind the header and 700 rows.
+  batch.records.insert(600 * 2 * 164, "hello\n");
+  batch.payments.insert(25 + 700 * 15, "9999\n");
+  for (const uint64_t parts : {4, 5}) {
+    const std::vector<std::string> problems = ProblemsOf(batch, parts);
+    EXPECT_EQ(std::count(problems.begin(), problems.end(),
+                         "batch.pc4:1201: no record: a record begins with PC4, a sequence number and a kind"),
+              1);
+    EXPECT_EQ(std::count(problems.begin(), problems.end(),
+                         "batch.csv:702: a row of 1 fields; it has seq,screen,biller,amount"),
+              1);
+  }
+}
+
+TEST_F(BatchParts, DoNotAllSucceedWhereARowOrAPaymentIsMissing) {
+  Batch whole;
+  for (int payment = 0; payment < 1000; ++payment) whole.Add(Seq(payment % 250));
+  Batch row = whole;
+  row.payments.erase(25 + 300 * 15, 15);
+  Batch payment = whole;
+  payment.records.erase(700 * 2 * 164, 2 * 164);
+  Batch round = whole;
+  round.records.erase(300 * 2 * 164, 250 * 2 * 164);
+  for (const Batch* batch : {&row, &payment, &round}) {
+    for (const uint64_t parts : {2, 3, 8}) EXPECT_FALSE(ProblemsOf(*batch, parts).empty()) << parts;
+  }
+}
+
+TEST_F(BatchParts, NameALineThatNeverEndsWhereItKeepsThemFromBeingCounted) {
+  // Two numbers in turns, so that what stands before a part must be counted.
+  Batch batch;
+  for (int payment = 0; payment < 9000; ++payment) batch.Add(payment % 2 == 0 ? "0001" : "0002");
+  // In the third of the blocks that are counted.
+  batch.records.insert(8000 * 2 * 164, std::string(size_t{17} << 20, 'a') + "\n");
+  Outcome outcome;
+  try {
+    Judge(batch, {1000, 1000}, outcome);
+    ADD_FAILURE();
+  } catch (const BatchError& error) {
+    EXPECT_STREQ(error.what(), "batch.pc4:16001: a line of more than 16 MiB");
+  }
+}
+
+TEST_F(BatchParts, NeedAList) {
+  Batch batch;
+  batch.Add("0001");
+  batch.payments = "0001,03,,12345\n";
+  for (const uint64_t part : {1, 2}) {
+    Outcome outcome;
+    try {
+      Judge(batch, {part, 2}, outcome);
+      ADD_FAILURE() << "part " << part;
+    } catch (const BatchError& error) {
+      EXPECT_STREQ(error.what(), "batch.csv:1: the first line is not seq,screen,biller,amount");
+    }
+  }
+}
+
+}  // namespace
+}  // namespace fiscalon
