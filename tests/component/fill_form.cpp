@@ -1,6 +1,6 @@
 // Runs a host and is its user: fill_form TEXT BUTTON HOST ARGUMENT...
 // When the host shows a form, types the text into whatever has the focus and presses the button with that caption. Ends
-// with the host's status; 99 when the host could not be run.
+// with the host's status; 99 when the host could not be run, or its form has no such button.
 
 #include <windows.h>
 
@@ -47,12 +47,12 @@ BOOL CALLBACK FindButton(HWND window, LPARAM parameter) {
   return wanted.button == nullptr;
 }
 
-void Fill(HWND form, const std::wstring& text, const std::wstring& caption) {
+bool Fill(HWND form, const std::wstring& text, const std::wstring& caption) {
   // The form moves the focus on when a field is full.
   for (const wchar_t character : text) SendMessageW(FocusOf(form), WM_CHAR, static_cast<WPARAM>(character), 1);
   Wanted wanted{.caption = caption};
   EnumChildWindows(form, FindButton, reinterpret_cast<LPARAM>(&wanted));
-  PostMessageW(wanted.button, BM_CLICK, 0, 0);
+  return wanted.button != nullptr && PostMessageW(wanted.button, BM_CLICK, 0, 0);
 }
 
 }  // namespace
@@ -76,8 +76,11 @@ int wmain(int count, wchar_t** arguments) {
     if (!filled)
       EnumWindows(FindForm, reinterpret_cast<LPARAM>(&search));
     if (search.form != nullptr && FocusOf(search.form) != nullptr) {
-      Fill(search.form, arguments[1], arguments[2]);
       filled = true;
+      if (!Fill(search.form, arguments[1], arguments[2])) {
+        std::cerr << "the form has no such button\n";
+        TerminateProcess(host.hProcess, 99);
+      }
     }
   }
   DWORD status = 99;

@@ -69,7 +69,7 @@ UseHost() {
   ExpectLines 'Written to records.pc4'
   printf '"%s%sClerk%s"\r\n"%s"\r\n' "$period" "$name" "$(blanks 85)" "$amounts" >wanted
   cmp wanted records.pc4
-  Expect 1 fill_form.exe "$typed" '&Cancel' "$@" 15
+  Expect 1 fill_form.exe "$typed" Cancel "$@" 15
   ExpectLines 'Cancelled.'
   Expect 2 "$@" 12
   ExpectLines "$unknown"

@@ -1,6 +1,8 @@
 #include <ocidl.h>
 #include <olectl.h>
 
+#include <thread>
+
 #include "tests/component/host.h"
 
 namespace fiscalon::component {
@@ -188,6 +190,53 @@ TEST_F(ModuleTest, CallsByNameMindWhatTheyAreAsked) {
   HostValue code = L"12";
   DISPPARAMS one = {&code.Raw(), nullptr, 1, 0};
   EXPECT_EQ(session->Invoke(15, IID_NULL, 0, DISPATCH_METHOD, &one, nullptr, nullptr, nullptr), DISP_E_EXCEPTION);
+}
+
+/// Closes the next form that a thread shows.
+void CloseFormOf(DWORD thread) {
+  HWND form = nullptr;
+  while (form == nullptr) {
+    EnumThreadWindows(
+        thread,
+        [](HWND window, LPARAM found) {
+          wchar_t kind[32] = {};
+          GetClassNameW(window, kind, 32);
+          if (std::wstring(kind) == L"FiscalonForm" && IsWindowVisible(window))
+            *reinterpret_cast<HWND*>(found) = window;
+          return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&form));
+    Sleep(1);
+  }
+  PostMessageW(form, WM_CLOSE, 0, 0);
+}
+
+TEST_F(ModuleTest, GoesAndComesAgainAfterItHasShownAForm) {
+  using FindFactoryExport = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+  using MayGoExport = HRESULT(STDAPICALLTYPE*)();
+  for (int round = 0; round < 2; ++round) {
+    const HMODULE module = LoadLibraryW(FISCALON_COMPONENT);
+    ASSERT_NE(module, nullptr);
+    const auto find =
+        reinterpret_cast<FindFactoryExport>(reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
+    const auto mayGo =
+        reinterpret_cast<MayGoExport>(reinterpret_cast<void*>(GetProcAddress(module, "DllCanUnloadNow")));
+    {
+      Reference<IClassFactory> factory;
+      ASSERT_EQ(find(__uuidof(Levyra), IID_IClassFactory, reinterpret_cast<void**>(factory.Place())), S_OK);
+      Reference<_Levyra> session;
+      ASSERT_EQ(factory->CreateInstance(nullptr, __uuidof(_Levyra), reinterpret_cast<void**>(session.Place())), S_OK);
+      std::thread user(CloseFormOf, GetCurrentThreadId());
+      VARIANT_BOOL chosen = VARIANT_TRUE;
+      EXPECT_EQ(session->ShowLevyraScreen(HostText(L"15"), &chosen), S_OK);
+      EXPECT_EQ(chosen, VARIANT_FALSE);
+      user.join();
+      EXPECT_EQ(mayGo(), S_FALSE);
+    }
+    EXPECT_EQ(mayGo(), S_OK);
+    FreeLibrary(module);
+    EXPECT_EQ(GetModuleHandleW(L"fiscalon.dll"), nullptr);
+  }
 }
 
 TEST_F(ModuleTest, OnlyTheRecordIsMadeByNobodyElse) {
