@@ -455,6 +455,19 @@ TEST(ReasonCounts, ShowsTheMostFrequentFirst) {
   EXPECT_EQ(out.str(), "           3    75 %  b\n           1    25 %  a\n");
 }
 
+TEST(ReasonCounts, RoundsShares) {
+  // 18 of 125 are 14.4 percent, 29 of 200 are 14.5.
+  const auto share = [](int few, int all) {
+    ReasonCounts counts;
+    for (int i = 0; i < all; ++i) counts.Add(i < few ? "few" : "many");
+    std::ostringstream out;
+    counts.Print(out);
+    return out.str().substr(out.str().find('\n') + 1);
+  };
+  EXPECT_EQ(share(18, 125), "          18    14 %  few\n");
+  EXPECT_EQ(share(29, 200), "          29    15 %  few\n");
+}
+
 TEST(ReasonCounts, SumsUpWhatIsLeftOver) {
   ReasonCounts counts;
   for (int i = 0; i < 25; ++i) counts.Add("reason " + std::to_string(100 + i));
