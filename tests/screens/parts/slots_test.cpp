@@ -57,6 +57,8 @@ TEST_F(Slots, RefuseATextThatIsNoNumberUnderTheLocale) {
   EXPECT_EQ(ErrorOf([&] { LocaleCentsSlot("01", Holding("")); }), 13);
   EXPECT_EQ(ErrorOf([&] { LocaleCentsSlot("01", Holding("12x")); }), 13);
   EXPECT_EQ(ErrorOf([&] { LocaleCentsSlot("01", Holding("1E20")); }), 6);
+  // Beyond all numbers, and not only beyond money.
+  EXPECT_EQ(ErrorOf([&] { LocaleCentsSlot("01", Holding("1E400")); }), 6);
 }
 
 }  // namespace
