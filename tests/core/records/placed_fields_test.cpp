@@ -109,6 +109,15 @@ TEST(PlaceFields, MoveBehindInvoiceAmountsOfManyDigits) {
   EXPECT_EQ(Texts(record, "InvoiceNumber"), (std::vector<std::string>{Filled("7 UP", 27), Filled("B", 27)}));
 }
 
+TEST(PlaceFields, FindACreditThatFitsBehindAnInvoiceAmountThatDoesNot) {
+  const InvoiceEntry entries[] = {MakeInvoiceEntry("20260615", "-12345678.90", "A"),
+                                  MakeInvoiceEntry("20260616", "-12.34", "B")};
+  const std::string record = ComposeInvoiceRow("0001", entries);
+  ASSERT_EQ(record.size(), 161U);
+  EXPECT_EQ(LongNumbersOf(record), "InvoiceAmount 17-27 +1; ");
+  EXPECT_EQ(Texts(record, "InvoiceAmount"), (std::vector<std::string>{"-1234567890", "-000001234"}));
+}
+
 TEST(PlaceFields, MoveBehindANegativeStatementAmount) {
   const StatementEntry entries[] = {MakeStatementEntry("20260615", "-5", "A-17")};
   const std::string record = ComposeStatementRow("0001", entries);
