@@ -91,8 +91,8 @@ class Commands(unittest.TestCase):
         seen = 0
         for command in COMMANDS:
             for preset, inside in re.findall(r"build/(\w+)(?:/(\S+))?", command.line):
-                if preset in ("check", "run") and "." in command.line:
-                    continue  # logs
+                if not inside and command.name != "cmake":
+                    continue  # logs, and what tools put beside the builds
                 seen += 1
                 self.assertIn(preset, preset_names("configurePresets"), command)
                 if inside:
