@@ -7,7 +7,8 @@
 namespace fiscalon {
 
 std::wstring ToWide(std::string_view text) {
-  return Utf8ToWide(ToUtf8(text));
+  const std::string utf8 = ToUtf8(text);
+  return Utf8ToWide(utf8);
 }
 
 std::string FromWide(std::wstring_view wide) {
