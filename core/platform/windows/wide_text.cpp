@@ -7,8 +7,7 @@
 namespace fiscalon {
 
 std::wstring ToWide(std::string_view text) {
-  const std::string utf8 = ToUtf8(text);
-  return Utf8ToWide(utf8);
+  return Utf8ToWide(ToUtf8(text));
 }
 
 std::string FromWide(std::wstring_view wide) {
