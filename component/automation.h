@@ -54,9 +54,6 @@ class Automation : public Counted<Interface, ISupportErrorInfo, IProvideClassInf
   void* Find(REFIID id) override {
     if (id == IID_IDispatch)
       return static_cast<IDispatch*>(this);
-    // Nobody else's object answers to the identifier of a class of ours: see `CarriedBy`.
-    if (id == __uuidof(CoClass))
-      return static_cast<Interface*>(this);
     return Counted<Interface, ISupportErrorInfo, IProvideClassInfo>::Find(id);
   }
 };

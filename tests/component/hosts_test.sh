@@ -80,6 +80,9 @@ UseHost() {
 Classes before
 Expect 0 regsvr32 /s fiscalon.dll
 UseHost 'Ann Walker' cscript //nologo payment.vbs
+# There is no such drive.
+Expect 2 fill_form.exe "$typed" '&OK' cscript //nologo payment.vbs 15 'Q:\records.pc4'
+ExpectLines 'Error 76 from Fiscalon.ShowLevyraScreen: Path not found'
 Expect 0 cscript //nologo every_member.vbs "$(winepath -w .)"
 ExpectLines '197 looked at, 0 wrong'
 Expect 0 regsvr32 /s /u fiscalon.dll
