@@ -38,16 +38,23 @@ def run(command):
 
 
 def largest_memory(command):
-    """The largest resident memory of a command in MiB."""
-    process = subprocess.Popen(command, stdout=subprocess.DEVNULL)
-    _, _, usage = os.wait4(process.pid, 0)
-    return usage.ru_maxrss / 1024
+    """The largest resident memory of a command in MiB, asked for as long as it prints."""
+    process = subprocess.Popen(command, stdout=subprocess.PIPE, bufsize=0)
+    piece = bytearray(1 << 20)
+    largest = 0
+    while process.stdout.readinto(piece):
+        with open(f"/proc/{process.pid}/status", encoding="ascii") as status:
+            for line in status:
+                if line.startswith("VmHWM:"):
+                    largest = int(line.split()[1])
+    process.wait()
+    return largest / 1024
 
 
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("program")
-    parser.add_argument("--payments", type=int, default=500_000)
+    parser.add_argument("--payments", type=int, default=100_000)
     parser.add_argument("--runs", type=int, default=7)
     parser.add_argument("--jq-runs", type=int, default=1)
     arguments = parser.parse_args()

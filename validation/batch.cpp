@@ -220,7 +220,7 @@ class BatchRun {
       note(paymentsName_, portion.firstRow, *portion.partingRow);
     if (portion.unreadable)
       note(recordsName_, portion.unreadable->line == 0 ? 0 : FirstLine() - 1,
-           {portion.unreadable->line, portion.unreadable->reason});
+           {static_cast<size_t>(portion.unreadable->line), portion.unreadable->reason});
   }
 
   /// The line that the portion whose turn it is begins with, from 1. What stands before a stretch of a file is counted

@@ -105,7 +105,7 @@ class Cutter {
       return {};
     if (part == of || lines_.empty())
       return {list_.size(), lines_.size()};
-    const size_t wanted = lines_.size() / of * part + lines_.size() % of * part / of;
+    const auto wanted = static_cast<size_t>(lines_.size() / of * part + lines_.size() % of * part / of);
     const size_t start = RecordFeed(*lineSource_).EndOfPayment(wanted);
     return {start == lines_.size() ? list_.size() : RowOf(start), start};
   }

@@ -219,7 +219,7 @@ void GenerateBatch(const BatchPlan& plan, std::ostream& payments, std::ostream& 
     const std::string seq = Digits((row - 1) % kSequences + 1).substr(14);
     Draft payment = plan.screen == "03" ? GoodAgencyPayment(dice, plan.today) : GoodQuebecPayment(dice, plan.today);
     if (dice.Chance(plan.badRate)) {
-      const Defect& defect = defects[dice.Below(defects.size())];
+      const Defect& defect = defects[static_cast<size_t>(dice.Below(defects.size()))];
       Plant(defect, payment);
       planted << row << ',' << seq << ',' << defect.name << ',' << CsvField(defect.reason) << '\n';
     }

@@ -23,8 +23,11 @@ int HeightOf(const RECT& place) {
 
 void ControlView::Create(HWND parent, const RECT& place, const DialogFonts& fonts, FormWindow& owner) {
   const Design design = Designed();
-  window_ = ::CreateWindowExW(design.extendedStyle, design.windowClass, L"", WS_CHILD | design.style, place.left,
-                              place.top, WidthOf(place), HeightOf(place), parent, nullptr, OwnModule(), nullptr);
+  const RECT room = RoomFor(place, fonts);
+  // What is right from the beginning needs no second message.
+  const DWORD state = (control_.VisibleInFrames() ? WS_VISIBLE : 0) | (control_.EnabledInFrames() ? 0 : WS_DISABLED);
+  window_ = ::CreateWindowExW(design.extendedStyle, design.windowClass, L"", WS_CHILD | state | design.style, room.left,
+                              room.top, WidthOf(room), HeightOf(room), parent, nullptr, OwnModule(), nullptr);
   if (window_ == nullptr)
     ThrowLastError("a control of the form can't be shown");
   owner_ = &owner;
@@ -39,13 +42,14 @@ LRESULT CALLBACK ControlView::Procedure(HWND window, UINT message, WPARAM wide, 
   return view.owner_->Hear(view, message, wide, extra);
 }
 
-void ControlView::Place(const RECT& place) {
-  ::SetWindowPos(window_, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
+void ControlView::Place(const RECT& place, const DialogFonts& fonts) {
+  const RECT room = RoomFor(place, fonts);
+  ::SetWindowPos(window_, nullptr, room.left, room.top, WidthOf(room), HeightOf(room),
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
 }
 
 void ControlView::Restyle(const DialogFonts& fonts) {
-  ::SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Font(Font())), TRUE);
+  ::SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Font(Font())), FALSE);
 }
 
 void ControlView::Refresh() {

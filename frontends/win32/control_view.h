@@ -25,9 +25,10 @@ class ControlView {
 
   /// How much room the control takes. Needs no window.
   virtual SIZE Wanted(const DialogFonts& fonts) const = 0;
-  /// Makes the window, hidden: it shows itself with the first `Refresh`. Its messages come to the owner first.
+  /// Makes the window, which shows what the control holds with the next `Refresh`. Its messages come to the owner
+  /// first.
   void Create(HWND parent, const RECT& place, const DialogFonts& fonts, FormWindow& owner);
-  virtual void Place(const RECT& place);
+  void Place(const RECT& place, const DialogFonts& fonts);
   /// Takes the font of another scale.
   virtual void Restyle(const DialogFonts& fonts);
 
@@ -61,6 +62,8 @@ class ControlView {
     DWORD extendedStyle = 0;
   };
   virtual Design Designed() const = 0;
+  /// The room that the window must be given to be seen at its place.
+  virtual RECT RoomFor(const RECT& place, const DialogFonts& /*fonts*/) const { return place; }
   virtual FontKind Font() const { return bold_ ? FontKind::Bold : FontKind::Plain; }
 
   WatchedActs& Acts() const { return acts_; }

@@ -80,14 +80,15 @@ void FormWindow::MakeWindows(HWND owner) {
 void FormWindow::MakeViews() {
   for (Control* control : form_.Controls()) views_[control] = MakeView(*control, acts_);
   StandOut();
+  // Places first: windows are made where they stand.
+  LayOut();
   const CommonControls look;
   const auto& buttons = form_.FormLayout().buttons;
   for (Control* control : InReadingOrder()) {
     const bool isInRow = std::find(buttons.begin(), buttons.end(), control) != buttons.end();
-    ViewOf(*control).Create(isInRow ? window_ : body_, {}, *fonts_, *this);
+    ViewOf(*control).Create(isInRow ? window_ : body_, places_[control], *fonts_, *this);
+    ViewOf(*control).Refresh();
   }
-  LayOut();
-  for (const auto& [control, view] : views_) view->Refresh();
 }
 
 void FormWindow::StandOut() {
@@ -190,7 +191,8 @@ void FormWindow::PlaceControls(const std::map<const Control*, RECT>& places, POI
     if (IsSame(current, moved))
       continue;
     current = moved;
-    ViewOf(*control).Place(moved);
+    if (ViewOf(*control).Window() != nullptr)
+      ViewOf(*control).Place(moved, *fonts_);
   }
 }
 

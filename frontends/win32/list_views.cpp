@@ -76,11 +76,11 @@ SIZE DropDownView::Wanted(const DialogFonts& fonts) const {
           fonts.FieldHeight()};
 }
 
-void DropDownView::Place(const RECT& place) {
+RECT DropDownView::RoomFor(const RECT& place, const DialogFonts& fonts) const {
   constexpr int kRowsDropped = 2 * kRowsOfList;
-  RECT whole = place;
-  whole.bottom += static_cast<LONG>(Native(CB_GETITEMHEIGHT, 0, 0)) * kRowsDropped;
-  ControlView::Place(whole);
+  RECT room = place;
+  room.bottom += fonts.LineHeight(Font()) * kRowsDropped;
+  return room;
 }
 
 void DropDownView::Restyle(const DialogFonts& fonts) {

@@ -11,8 +11,6 @@ class DropDownView final : public ControlView {
   DropDownView(DropDownList& list, WatchedActs& acts) : ControlView(list, acts), list_(list) {}
 
   SIZE Wanted(const DialogFonts& fonts) const override;
-  /// With room for the rows, which drop down over what lies beneath.
-  void Place(const RECT& place) override;
   void Restyle(const DialogFonts& fonts) override;
   void Refresh() override;
   bool KeepsKey(int keyCode, int shift) const override;
@@ -24,6 +22,8 @@ class DropDownView final : public ControlView {
 
  private:
   Design Designed() const override;
+  /// With room for the rows, which drop down over what lies beneath.
+  RECT RoomFor(const RECT& place, const DialogFonts& fonts) const override;
   FontKind Font() const override;
   bool IsOpen() const;
 

@@ -87,16 +87,17 @@ bool MayEdit(UINT message, WPARAM wide) {
   return std::find(kMessages.begin(), kMessages.end(), static_cast<int>(message)) != kMessages.end();
 }
 
-bool ClipboardHoldsText() {
+/// The first character of the text on the clipboard, or 0.
+wchar_t FirstOnClipboard() {
   if (::IsClipboardFormatAvailable(CF_UNICODETEXT) == FALSE || ::OpenClipboard(nullptr) == FALSE)
-    return false;
+    return L'\0';
   const HANDLE handle = ::GetClipboardData(CF_UNICODETEXT);
   const auto* text = handle == nullptr ? nullptr : static_cast<const wchar_t*>(::GlobalLock(handle));
-  const bool holds = text != nullptr && *text != L'\0';
+  const wchar_t first = text == nullptr ? L'\0' : *text;
   if (text != nullptr)
     ::GlobalUnlock(handle);
   ::CloseClipboard();
-  return holds;
+  return first;
 }
 
 }  // namespace
@@ -108,6 +109,8 @@ ControlView::Design TextView::Designed() const {
     style = ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL;
   if (design.alignment == Alignment::Right)
     style |= ES_RIGHT;
+  if (field_.Locked())
+    style |= ES_READONLY;
   return {.windowClass = L"EDIT", .style = style, .extendedStyle = WS_EX_CLIENTEDGE};
 }
 
@@ -122,8 +125,10 @@ SIZE TextView::Wanted(const DialogFonts& fonts) const {
 
 void TextView::SetLimit() {
   // Code may set a longer text than can be typed.
-  const size_t limit = std::max(static_cast<size_t>(field_.MaxLength()), Shown().size());
-  Native(EM_SETLIMITTEXT, field_.MaxLength() == FieldDesign::kNoLimit ? 0 : limit, 0);
+  const size_t least = std::max(static_cast<size_t>(field_.MaxLength()), Shown().size());
+  const size_t limit = field_.MaxLength() == FieldDesign::kNoLimit ? 0 : least;
+  if (std::exchange(limit_, limit) != limit)
+    Native(EM_SETLIMITTEXT, limit, 0);
 }
 
 void TextView::Refresh() {
@@ -164,8 +169,9 @@ bool TextView::CollapseSelection(const KeyStroke& stroke) {
 }
 
 void TextView::Edit(const KeyOutcome& outcome, const KeyStroke& stroke, LPARAM extra) {
-  // Alt makes commands of keys, never text.
-  if (outcome.character == 0 && (stroke.shift & shift_state::kAlt) != 0)
+  // Alt makes commands of keys, never text. Up and Down would go to the left and right in a field of one line.
+  const bool upOrDown = stroke.keyCode == key::kUp || stroke.keyCode == key::kDown;
+  if (outcome.character == 0 && ((stroke.shift & shift_state::kAlt) != 0 || (upOrDown && !field_.IsMultiLine())))
     return;
   EditWith(EditAct::Origin::Key, [&] {
     if (outcome.character == 0 && (DoCommand(stroke) || CollapseSelection(stroke)))
@@ -197,17 +203,25 @@ void TextView::EditWith(EditAct::Origin origin, Editing&& editing) {
 LRESULT TextView::Message(UINT message, WPARAM wide, LPARAM extra) {
   if (!MayEdit(message, wide))
     return Native(message, wide, extra);
-  // A paste of nothing takes nothing away.
-  if (message == WM_PASTE && !ClipboardHoldsText())
+  if (message == WM_PASTE && PastesNothing())
     return 0;
   LRESULT result = 0;
   EditWith(EditAct::Origin::Elsewhere, [&] {
     result = Native(message, wide, extra);
-    // An editor of several lines does not tell of this one.
-    if (message == WM_SETTEXT && !refreshing_)
+    // An editor of several lines does not tell of this one. What was put in ends at the caret.
+    if (message == WM_SETTEXT && !refreshing_) {
       edited_ = true;
+      const WPARAM end = TextOfWindow(Window()).size();
+      Native(EM_SETSEL, end, static_cast<LPARAM>(end));
+    }
   });
   return result;
+}
+
+bool TextView::PastesNothing() const {
+  // A line is pasted up to its first end. The editor would take the selection away all the same.
+  const wchar_t first = FirstOnClipboard();
+  return first == L'\0' || (!field_.IsMultiLine() && (first == L'\r' || first == L'\n'));
 }
 
 void TextView::Notified(int code) {

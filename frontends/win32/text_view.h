@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/forms/act_watcher.h"
@@ -26,6 +27,7 @@ class TextView final : public ControlView {
 
   /// A command of the editor's own, such as a copy. False for any other key.
   bool DoCommand(const KeyStroke& stroke);
+  bool PastesNothing() const;
   /// Left and Right leave a selection at its end, as on every desktop.
   bool CollapseSelection(const KeyStroke& stroke);
   /// Runs native editing, and tells the form what came of it afterwards.
@@ -45,6 +47,8 @@ class TextView final : public ControlView {
   void SetLimit();
 
   TextField& field_;
+  /// As the editor has it.
+  std::optional<size_t> limit_ = {};
   bool refreshing_ = false;
   int editing_ = 0;
   bool edited_ = false;

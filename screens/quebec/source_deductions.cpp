@@ -36,7 +36,7 @@ void frmQue_Rev_SourceDeduct::Entered(std::string_view routine) const {
 }
 
 template <class Routine>
-void frmQue_Rev_SourceDeduct::Reported(std::string_view procedure, Routine&& routine) {
+void frmQue_Rev_SourceDeduct::RunReporting(std::string_view procedure, Routine&& routine) {
   try {
     routine();
   } catch (const RuntimeError& error) {
@@ -71,7 +71,7 @@ void frmQue_Rev_SourceDeduct::cmbRemittanceType_Click() {
 
 void frmQue_Rev_SourceDeduct::CheckValues(AmountEntry& box) {
   Entered("CheckValues");
-  Reported("CheckValues", [&] { box.CheckValues(); });
+  RunReporting("CheckValues", [&] { box.CheckValues(); });
 }
 
 void frmQue_Rev_SourceDeduct::RecalcForm() {
@@ -93,7 +93,7 @@ bool frmQue_Rev_SourceDeduct::ValidateForm() {
 
 void frmQue_Rev_SourceDeduct::DoWrite() {
   Entered("DoWrite");
-  Reported("DoWrite", [&] {
+  RunReporting("DoWrite", [&] {
     BeginRecords();
     SendRecord(GovernmentRecord({.periodDueDate = txtRemittancePeriod.Text()}));
     SendRecord(FreeRecord({AmountSlot("01", txtIncomeTaxWithheld), AmountSlot("02", txtQPP),

@@ -80,7 +80,7 @@ class frmQue_Rev_SourceDeduct final : public Screen {
 
   /// Runs a routine that reports its run-time errors to the user and the error log, and then goes on.
   template <class Routine>
-  void Reported(std::string_view procedure, Routine&& routine);
+  void RunReporting(std::string_view procedure, Routine&& routine);
   /// Only one of the billers asks for the kind of remittance.
   bool AsksForType() const { return Payment().compCode == "001052"; }
   FreeFormatSlot TypeSlot() const;

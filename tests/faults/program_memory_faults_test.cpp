@@ -55,21 +55,9 @@ class ProgramMemoryFaults : public testing::Test {
     const std::string output = folder.Path("output"), complaint = folder.Path("complaint");
     const pid_t child = ::fork();
     if (child == 0) {
-      // Nothing below may come back: the child is a copy of the test.
       SendTo(STDOUT_FILENO, output);
       SendTo(STDERR_FILENO, complaint);
-      std::vector<char*> argv;
-      for (std::string& argument : arguments) argv.push_back(argument.data());
-      argv.push_back(nullptr);
-      const auto argc = static_cast<int>(arguments.size());
-      int status = 0;
-      {
-        const AllocationFault fault(failing, lasts);
-        status = __real_main(argc, argv.data());
-        *allocations_ = fault.Allocations();
-      }
-      std::fflush(nullptr);
-      ::_exit(status);
+      BeTheProgram(std::move(arguments), failing, lasts);
     }
     Ending run;
     int ending = 0;
@@ -121,6 +109,21 @@ class ProgramMemoryFaults : public testing::Test {
     ::dup2(::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666), descriptor);
   }
 
+  /// The child is a copy of the test: nothing may come back from here, what the program throws neither.
+  [[noreturn]] void BeTheProgram(std::vector<std::string> arguments, size_t failing, FaultLasts lasts) noexcept {
+    std::vector<char*> argv;
+    for (std::string& argument : arguments) argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    int status = 0;
+    {
+      const AllocationFault fault(failing, lasts);
+      status = __real_main(static_cast<int>(arguments.size()), argv.data());
+      *allocations_ = fault.Allocations();
+    }
+    std::fflush(nullptr);
+    ::_exit(status);
+  }
+
   size_t NamesInFolder() const {
     const std::filesystem::directory_iterator names(folder.Path()), none;
     return static_cast<size_t>(std::distance(names, none));
@@ -132,17 +135,19 @@ class ProgramMemoryFaults : public testing::Test {
 
 std::string TwoRecords() {
   return QuotedLine(ComposeGovernmentFormat("0001", {.periodDueDate = "202606", .contactName = "Jane Doe"})) +
-         QuotedLine(ComposeFreeFormat("0001", {{"01", "000000000000012345"}, {"02", "x"}}));
+         QuotedLine(ComposeFreeFormat("0001", {{"01", "000000000000012345"}}));
 }
 
 TEST_F(ProgramMemoryFaults, ShowSaysSo) {
   const std::string file = folder.Write("payment.pc4", TwoRecords());
   ExpectWithstands({"fiscalon", "show", file, "--screen", "15"}, 0);
+  ExpectWithstands({"fiscalon", "show", file, "--json"}, 0);
+  ExpectWithstands({"fiscalon", "show", file, "--json-lines"}, 0);
 }
 
 TEST_F(ProgramMemoryFaults, ValidateOfAPaymentSaysSo) {
   const std::string file = folder.Write("payment.pc4", TwoRecords());
-  ExpectWithstands({"fiscalon", "validate", "--screen", "03", "--amount", "12345", file}, 1);
+  ExpectWithstands({"fiscalon", "validate", "--screen", "03", "--amount", "999", file}, 1);
 }
 
 TEST_F(ProgramMemoryFaults, ValidateOfABatchLeavesNoReport) {

@@ -146,6 +146,16 @@ TEST_F(BatchParts, AreFoundByNumbersThatComeOnceWhateverElseIsWrong) {
   EXPECT_EQ(joined.blocksCounted, 0);
 }
 
+TEST_F(BatchParts, AreFoundByTheEndOfTheList) {
+  // Nothing tells the payments apart, but behind the cut all that is left of the records is looked at.
+  Batch batch;
+  for (int payment = 0; payment < 60; ++payment)
+    batch.Add(payment % 2 == 0 ? "0001" : "0002", "1", payment < 20 ? 4 : 1);
+  const Outcome joined = Joined(batch, 2);
+  EXPECT_TRUE(joined == Whole(batch));
+  EXPECT_EQ(joined.blocksCounted, 0);
+}
+
 TEST_F(BatchParts, AreCountedWhereNothingTellsTheRow) {
   // Two numbers in turns, all amounts the same.
   Batch alike;

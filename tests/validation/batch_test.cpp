@@ -464,5 +464,16 @@ TEST(ReasonCounts, SumsUpWhatIsLeftOver) {
   EXPECT_NE(out.str().find("           5    20 %  other reasons\n"), std::string::npos);
 }
 
+TEST(ReasonCounts, CountsReasonsWithoutEnd) {
+  // More different ones than are kept: all count, and one that was kept still goes by its name.
+  ReasonCounts counts;
+  for (int i = 0; i < 10'005; ++i) counts.Add("reason " + std::to_string(i));
+  counts.Add("reason 7");
+  std::ostringstream out;
+  counts.Print(out);
+  EXPECT_TRUE(out.str().starts_with("           2     0 %  reason 7\n")) << out.str();
+  EXPECT_NE(out.str().find("        9985   100 %  other reasons\n"), std::string::npos) << out.str();
+}
+
 }  // namespace
 }  // namespace fiscalon

@@ -59,6 +59,8 @@ TEST(RowReader, NamesWhatIsWrongWithARow) {
   EXPECT_EQ(Read("0001,03,, 12"), "the amount ' 12' is no whole number of cents");
   EXPECT_EQ(Read("0001,03,,+12"), "the amount '+12' is no whole number of cents");
   EXPECT_EQ(Read("0001,03,,92233720368547758"), "0001|03||92233720368547758");
+  EXPECT_EQ(Read("0001,03,,-92233720368547758"), "0001|03||-92233720368547758");
+  EXPECT_EQ(Read("0001,03,,-92233720368547759"), "the amount '-92233720368547759' is out of range");
   EXPECT_EQ(Read("0001,03,,92233720368547759"), "the amount '92233720368547759' is out of range");
   EXPECT_EQ(Read("0001,03,,99999999999999999999"), "the amount '99999999999999999999' is out of range");
   EXPECT_EQ(Read("0001,03,,1234567890123456789012345678901234567890x"),
@@ -115,6 +117,39 @@ TEST(RowFeed, CountsLinesOverManyChunks) {
     ASSERT_EQ(count, wanted);
     ASSERT_EQ(bytes.substr(0, bytes.find('\n')), std::string(static_cast<size_t>(row % 37), 'x'));
     row += static_cast<int>(count);
+  }
+}
+
+/// A pipe that gives one letter again and again, and never ends.
+class Endless : public ByteSource {
+ public:
+  explicit Endless(std::string start) : ByteSource("batch.csv"), bytes_(std::move(start)) {}
+
+  std::string_view Peek(size_t atLeast) override {
+    if (bytes_.size() < atLeast)
+      bytes_.resize(atLeast, 'x');
+    return bytes_;
+  }
+  void Skip(size_t count) override { bytes_.erase(0, count); }
+  bool Stays() const override { return false; }
+  std::optional<size_t> Size() const override { return std::nullopt; }
+
+ private:
+  std::string bytes_;
+};
+
+TEST(RowFeed, NamesARowThatNeverEnds) {
+  Endless source("seq,screen,biller,amount\n0001,03,,1\n");
+  RowFeed feed(source);
+  feed.TakeHeader();
+  std::string storage;
+  size_t count = 1;
+  EXPECT_EQ(feed.Take(count, storage), "0001,03,,1\n");
+  try {
+    feed.Take(count, storage);
+    ADD_FAILURE() << "a row of " << storage.size() << " characters";
+  } catch (const BatchError& error) {
+    EXPECT_STREQ(error.what(), "batch.csv:3: the row never ends");
   }
 }
 

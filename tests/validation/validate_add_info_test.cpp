@@ -40,6 +40,18 @@ TEST_F(ClsValidateAddInfo, StartsEmpty) {
   EXPECT_EQ(validator.PC4FreeFormatRecords(), nullptr);
 }
 
+TEST_F(ClsValidateAddInfo, JudgesEachOfManyRecords) {
+  // One "T" record and from one to twelve "F" records, the last of which holds what is not required.
+  Fields fields = GoodAgencyFields();
+  for (int records = 1; records <= 12; ++records) {
+    EXPECT_EQ(Check(AgencyPayment(fields)), "valid") << records;
+    Fields spoilt = fields;
+    spoilt.push_back({"09", "1"});
+    EXPECT_EQ(Check(AgencyPayment(spoilt)), "Field 09 is not required") << records;
+    for (int slot = 0; slot < 4; ++slot) fields.push_back({"09", ""});
+  }
+}
+
 TEST_F(ClsValidateAddInfo, KeepsWhatAHostSets) {
   validator.ScreenCode("03");
   validator.NumberOfFields("4");

@@ -150,7 +150,9 @@ ExitStatus RunAndComplain(int argc, char** argv) {
 /// The same where even complaining has come to nothing: what is said here needs neither standard output nor memory.
 ExitStatus RunAtAll(int argc, char** argv) {
   try {
-    return RunAndComplain(argc, argv);
+    ProgramStart start(argc, argv);
+    StandardOutput output;
+    return RunAndComplain(start.Count(), start.Arguments());
   } catch (const OutputError& error) {
     if (IsInterrupted())
       std::cerr << "fiscalon: interrupted\n";
@@ -166,7 +168,5 @@ ExitStatus RunAtAll(int argc, char** argv) {
 }  // namespace fiscalon
 
 int main(int argc, char** argv) {
-  fiscalon::ProgramStart start(argc, argv);
-  fiscalon::StandardOutput output;
-  return static_cast<int>(fiscalon::RunAtAll(start.Count(), start.Arguments()));
+  return static_cast<int>(fiscalon::RunAtAll(argc, argv));
 }

@@ -10,6 +10,7 @@
 #include "tools/fiscalon/interrupt_watch.h"
 #include "tools/fiscalon/progress_line.h"
 #include "tools/fiscalon/record_taker.h"
+#include "tools/fiscalon/terminal.h"
 #include "tools/fiscalon/validate_batch.h"
 #include "tools/fiscalon/terminal.h"
 #include "tools/fiscalon/visible_text.h"

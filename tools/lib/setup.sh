@@ -33,6 +33,12 @@ check | clang-tidy         | lint
 check | cppcheck           | lint
 check | shellcheck         | lint of the shell scripts
 check | clang              | the other compiler, which runs the whole suite too
+check | dpkg-dev           | finds what the packages depend on
+check | file               | tells programs from other files when packages are made
+check | lintian            | checks the Debian packages
+long  | abigail-tools      | compares the interface of the library with that of the last tag
+long  | debootstrap        | a bare system to install the packages on
+long  | git                | finds the last tag
 bench | libbenchmark-dev   | the benchmarks
 fuzz  | clang              | compiles the fuzz targets
 fuzz  | libclang-rt-dev    | the fuzzing engine and the sanitizers of clang

@@ -1,146 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <memory>
 
-#include "core/launch.h"
-#include "core/module_state.h"
-#include "core/session.h"
 #include "frontends/qt/form_dialog.h"
 #include "frontends/qt/played_qt_toolkit.h"
-#include "frontends/scripted/scripted_toolkit.h"
-#include "tests/frontends/qt/busy_form.h"
-#include "tests/support/arbitrary_user.h"
-#include "tests/support/memory_files.h"
+#include "tests/support/walk.h"
 
 namespace fiscalon {
 namespace {
-
-/// A walk over a form, by choices, and a protocol of what was done and what was seen.
-class Walk {
- public:
-  Walk(unsigned seed, size_t choices) : bytes_(RandomBytes(seed, choices)) {}
-  Walk(const Walk&) = delete;
-  Walk& operator=(const Walk&) = delete;
-
-  /// Over a screen that a host shows.
-  std::vector<std::string> At(DrivenToolkit& toolkit, const GoodSession& screen) {
-    const auto files = std::make_shared<MemoryFiles>();
-    ResetModule();
-    TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {.year = 2026, .month = 6, .day = 15}});
-    TheModule().locale = EnglishCanada();
-    TheModule().files = files;
-    UseToolkit(&toolkit);
-    Levyra session;
-    SetUpSomehow(choices_, screen, session);
-    Attend(toolkit, [&](Form& form, UserDriver& user) { walker_.Begin(screen, form, user); });
-    try {
-      Note(session.ShowLevyraScreen(screen.code) ? "True" : "False");
-    } catch (const RuntimeError& error) {
-      Note("error: " + error.Description());
-    }
-    if (const std::shared_ptr<PC4s> records = session.PC4Records())
-      for (const PC4& record : *records) Note(record.TheDate() + record.Amount() + record.Description());
-    for (const auto& [name, content] : files->contents) Note(name + ": " + content);
-    ResetModule();
-    return protocol_;
-  }
-
-  /// Over a form of its own.
-  std::vector<std::string> At(DrivenToolkit& toolkit, Form& form) {
-    Attend(toolkit, [](Form&, UserDriver&) {});
-    form.ShowModal(toolkit);
-    return protocol_;
-  }
-
- private:
-  void Attend(DrivenToolkit& toolkit, const std::function<void(Form& form, UserDriver& user)>& begin) {
-    toolkit.onMessage = [this](const BoxRequest& box) {
-      Note("box: " + box.text);
-      return box.buttons == MessageButtons::YesNo && choices_.Below(2) == 0 ? MessageAnswer::No : box.DefaultAnswer();
-    };
-    toolkit.onEvent = [this](const std::string& handler) { Note("  " + handler); };
-    toolkit.onHelp = [this](std::string_view file, int32_t) { Note("help: " + std::string(file)); };
-    toolkit.onForm = [this, &toolkit, begin](Form& form, UserDriver& user) {
-      // Nobody watches, so nothing need be painted.
-      if (auto* const played = dynamic_cast<PlayedQtToolkit*>(&toolkit))
-        played->Dialog()->setUpdatesEnabled(false);
-      begin(form, user);
-      while (form.IsUp() && !choices_.AreUsedUp()) {
-        Look(form, user);
-        walker_.Act(form, user);
-      }
-      if (!form.IsUp())
-        return;
-      Look(form, user);
-      user.CloseWindow(0);
-    };
-  }
-
-  void Note(const std::string& line) { protocol_.push_back(line); }
-
-  void Look(const Form& form, UserDriver& user) {
-    const std::string focus = user.FocusName();
-    std::string seen = "focus " + focus;
-    for (Control* control : form.Controls()) {
-      seen.append(" | ").append(control->Name()).append(" ").append(user.Text(*control));
-      if (!user.Enabled(*control))
-        seen += " disabled";
-      if (!user.Visible(*control))
-        seen += " hidden";
-      if (user.Checked(*control))
-        seen += " checked";
-      if (user.Locked(*control))
-        seen += " locked";
-      if (const int rows = user.Items(*control); rows != 0)
-        seen.append(" rows ").append(std::to_string(rows));
-      if (focus == control->Name())
-        seen.append(" <").append(user.SelectedText(*control)).append(">");
-    }
-    Note(WithPlainLineEnds(seen));
-  }
-
-  /// Widgets know one kind of line end.
-  static std::string WithPlainLineEnds(std::string text) {
-    for (size_t at = text.find('\r'); at != std::string::npos; at = text.find('\r', at))
-      text.replace(at, text.compare(at, 2, "\r\n") == 0 ? 2 : 1, "\n");
-    return text;
-  }
-
-  const std::string bytes_;
-  Choices choices_{bytes_};
-  ArbitraryUser walker_{choices_, [this](const std::string& act) { Note(act); }};
-  std::vector<std::string> protocol_;
-};
-
-/// Where two protocols part, with what led there.
-std::string Difference(const std::vector<std::string>& scripted, const std::vector<std::string>& shown) {
-  size_t i = 0;
-  while (i < scripted.size() && i < shown.size() && scripted[i] == shown[i]) ++i;
-  if (i == scripted.size() && i == shown.size())
-    return {};
-  std::string story;
-  for (size_t before = i - std::min<size_t>(i, 30); before < i; ++before) story += scripted[before] + "\n";
-  return story + "scripted: " + (i < scripted.size() ? scripted[i] : "(end)") +
-         "\nQt:       " + (i < shown.size() ? shown[i] : "(end)");
-}
-
-/// A form's walks start from the screens that it serves, in turns.
-std::vector<GoodSession> ScreensOf(std::string_view form) {
-  std::vector<GoodSession> screens;
-  for (const GoodSession& screen : kGoodSessions)
-    if (FindLaunchRow(screen.code)->form == form)
-      screens.push_back(screen);
-  return screens;
-}
-
-std::vector<std::string> AllForms() {
-  std::vector<std::string> forms;
-  for (const LaunchRow& row : LaunchTable())
-    if (std::find(forms.begin(), forms.end(), row.form) == forms.end())
-      forms.emplace_back(row.form);
-  return forms;
-}
 
 bool IsLong() {
   return std::getenv("FISCALON_LONG") != nullptr;
@@ -149,47 +16,17 @@ bool IsLong() {
 class QtFrontEndOnEachForm : public testing::TestWithParam<std::string> {};
 
 TEST_P(QtFrontEndOnEachForm, DoesWhatTheScriptedOneDoes) {
-  const unsigned walks = IsLong() ? 20'000 : 300;
-  constexpr size_t kChoices = 90;
-  const std::vector<GoodSession> screens = ScreensOf(GetParam());
-  ASSERT_FALSE(screens.empty());
-  ScriptedToolkit scripted;
   PlayedQtToolkit played;
-  unsigned accepted = 0;
-  for (unsigned seed = 1; seed <= walks; ++seed) {
-    const GoodSession& screen = screens[seed % screens.size()];
-    const std::vector<std::string> protocol = Walk(seed, kChoices).At(scripted, screen);
-    const std::string difference = Difference(protocol, Walk(seed, kChoices).At(played, screen));
-    ASSERT_TRUE(difference.empty()) << difference << "\nscreen " << screen.code << ", seed " << seed;
-    accepted += std::find(protocol.begin(), protocol.end(), "True") == protocol.end() ? 0 : 1;
-  }
-  // Otherwise the walks would hardly compare records.
-  EXPECT_GT(accepted, walks / 50);
+  // Nobody watches, so nothing need be painted.
+  WalkOverForm(played, GetParam(), IsLong() ? 20'000 : 300, [&] { played.Dialog()->setUpdatesEnabled(false); });
 }
 
 INSTANTIATE_TEST_SUITE_P(AllForms, QtFrontEndOnEachForm, testing::ValuesIn(AllForms()),
                          [](const auto& form) { return form.param; });
 
 TEST(QtFrontEnd, DoesWhatTheScriptedOneDoesWithEveryKindOfControl) {
-  const unsigned walks = IsLong() ? 20'000 : 100;
-  constexpr size_t kChoices = 240;
-  ScriptedToolkit scripted;
   PlayedQtToolkit played;
-  std::string everything;
-  for (unsigned seed = 1; seed <= walks; ++seed) {
-    BusyForm form;
-    const std::vector<std::string> protocol = Walk(seed, kChoices).At(scripted, form);
-    BusyForm shown;
-    const std::string difference = Difference(protocol, Walk(seed, kChoices).At(played, shown));
-    ASSERT_TRUE(difference.empty()) << difference << "\nseed " << seed;
-    if (seed <= 100)
-      for (const std::string& line : protocol) everything += line + "\n";
-  }
-  // Otherwise the walks would say nothing of these.
-  for (const char* handler :
-       {"optSecond_Click", "StatementOnly(0)_Click", "chkFinal_Click", "cmbProvince_Chosen", "lstInvoices_Chosen",
-        "cmbProvince_Click", "txtPurpose_Change", "txtPeriod_LostFocus", "Form_QueryUnload"})
-    EXPECT_NE(everything.find(std::string("  ") + handler + "\n"), std::string::npos) << handler;
+  WalkOverEveryKind(played, IsLong() ? 20'000 : 100);
 }
 
 }  // namespace

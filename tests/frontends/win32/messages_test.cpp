@@ -119,8 +119,8 @@ TEST_F(SentMessages, AreWrittenDownAsKeys) {
   Show(form, [&](FormWindow& window, UserDriver& user) {
     user.PressMouse(form.txtPurpose);
     const HWND purpose = In(window, form.txtPurpose);
-    for (const auto& [key, character] :
-         {std::pair{'A', L'a'}, std::pair{VK_RETURN, L'\r'}, std::pair{VK_BACK, L'\b'}}) {
+    const std::vector<std::pair<int, wchar_t>> keys = {{'A', L'a'}, {VK_RETURN, L'\r'}, {VK_BACK, L'\b'}};
+    for (const auto& [key, character] : keys) {
       ::SendMessageW(purpose, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
       ::SendMessageW(purpose, WM_CHAR, character, 1);
     }

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <utility>
 
+#include "core/platform/runtime_error.h"
 #include "frontends/win32/windows_api.h"
 #include "tests/support/test_form.h"
 

@@ -427,6 +427,16 @@ TEST_F(WaitingProgram, ATerminalThatGoesAwayLeavesNoReport) {
   EXPECT_TRUE(LeftNothingBehind());
 }
 
+TEST_F(WaitingProgram, EveryWayToEndItLeavesNoReport) {
+  EXPECT_EQ(RunWhile([](pid_t program, const TemporaryFolder&) { ::kill(program, SIGQUIT); }), 2);
+  std::filesystem::remove(folder.Path("pipe"));
+  EXPECT_EQ(RunWhile([](pid_t program, const TemporaryFolder&) { ::kill(program, SIGXCPU); }), 2);
+  std::filesystem::remove(folder.Path("pipe"));
+  EXPECT_EQ(RunWhile([](pid_t program, const TemporaryFolder&) { ::kill(program, SIGTERM); }), 2);
+  EXPECT_FALSE(Exists("report.csv"));
+  EXPECT_TRUE(LeftNothingBehind());
+}
+
 TEST_F(WaitingProgram, AnInterruptThatIsToBeIgnoredIsIgnored) {
   ::signal(SIGHUP, SIG_IGN);
   EXPECT_EQ(RunWhile([](pid_t program, const TemporaryFolder&) { ::kill(program, SIGHUP); }), 1);

@@ -56,7 +56,8 @@ void EndForShrunkenFile(int, siginfo_t* fault, void*) {
   ::_exit(static_cast<int>(ExitStatus::Unusable));
 }
 
-constexpr std::array kInterrupts = {SIGINT, SIGTERM, SIGHUP};
+/// The ways to end a program that a person, a terminal or a limit of time has.
+constexpr std::array kInterrupts = {SIGINT, SIGQUIT, SIGTERM, SIGHUP, SIGXCPU};
 
 /// Has an interrupt noted, unless whoever started the program wanted it ignored, as `nohup` does.
 void Watch(int signal) {

@@ -3,10 +3,27 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <iterator>
+
 #include "core/platform/windows/locale_services.h"
 
 namespace fiscalon {
 namespace {
+
+/// Another decimal separator in the user's settings, which all programs see, for as long as the object lives.
+class UserDecimal {
+ public:
+  explicit UserDecimal(const wchar_t* separator) {
+    ::GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, before_, static_cast<int>(std::size(before_)));
+    ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator);
+  }
+  ~UserDecimal() { ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, before_); }
+  UserDecimal(const UserDecimal&) = delete;
+  UserDecimal& operator=(const UserDecimal&) = delete;
+
+ private:
+  wchar_t before_[16] = {};
+};
 
 /// Separators, then both forms of an amount, then the form of a moment.
 std::string Described(const Locale& locale) {
@@ -38,11 +55,8 @@ TEST(SystemLocale, IsTheUsersOwn) {
 }
 
 TEST(SystemLocale, FollowsTheUsersSettings) {
-  wchar_t before[16] = {};
-  ASSERT_GT(::GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, before, 16), 0);
-  ASSERT_TRUE(::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L";"));
+  const UserDecimal now(L";");
   EXPECT_EQ(SystemLocale().decimal, ";");
-  ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, before);
   EXPECT_EQ(LocaleFromServices(L"fr-CA").decimal, ",");
 }
 

@@ -1,0 +1,103 @@
+# Debian packages of what is installed: cmake --preset package && cmake --build --preset package, then cpack in
+# build/package. That preset has the choices that distributions want: a shared library, the folders of /usr, no path to
+# a library in a program, man pages compressed.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME fiscalon)
+set(CPACK_PACKAGE_VENDOR Fiscalon)
+set(CPACK_PACKAGE_CONTACT "Fiscalon contributors <fiscalon@fiscalon.example>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
+set(CPACK_COMPONENTS_ALL runtime tools qt development documents)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+# The programs need this version of the library, which says so itself; what else they need is read from them.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
+set(interface ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+set(library libfiscalon${interface})
+set(same_library "${library} (= ${PROJECT_VERSION})")
+
+# The papers that each package must bear.
+set(papers ${PROJECT_BINARY_DIR}/debian)
+file(READ ${PROJECT_SOURCE_DIR}/LICENSE license)
+string(REGEX MATCH "Copyright \\(c\\) ([^\n]*)" owner "${license}")
+set(owner ${CMAKE_MATCH_1})
+string(REGEX REPLACE "\n(\n+)" "\n.\\1" license "${license}")
+string(REGEX REPLACE "\n([^\n])" "\n \\1" license "${license}")
+file(CONFIGURE OUTPUT ${papers}/copyright @ONLY CONTENT
+"Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/
+Upstream-Name: fiscalon
+
+Files: *
+Copyright: @owner@
+License: Expat
+ @license@")
+file(CONFIGURE OUTPUT ${papers}/changelog @ONLY CONTENT
+"fiscalon (@PROJECT_VERSION@) unstable; urgency=medium
+
+  * Version @PROJECT_VERSION@; CHANGELOG.md, in libfiscalon-dev, tells what is new.
+
+ -- @CPACK_PACKAGE_CONTACT@  Thu, 01 Jan 2026 00:00:00 +0000
+")
+fiscalon_compress(${papers}/changelog ${papers}/changelog.gz)
+
+# fiscalon_package(GROUP COMPONENT NAME SECTION SUMMARY TEXT): one Debian package.
+function(fiscalon_package group component name section summary text)
+  string(TOUPPER ${group} key)
+  set(CPACK_DEBIAN_${key}_PACKAGE_NAME ${name} PARENT_SCOPE)
+  set(CPACK_DEBIAN_${key}_PACKAGE_SECTION ${section} PARENT_SCOPE)
+  set(CPACK_DEBIAN_${key}_DESCRIPTION "${summary}\n${text}" PARENT_SCOPE)
+  install(FILES ${papers}/copyright ${papers}/changelog.gz DESTINATION share/doc/${name} COMPONENT ${component})
+endfunction()
+
+fiscalon_package(library runtime ${library} libs "collects the details of government remittances"
+"Forms that ask for what a remittance to a Canadian authority needs beside the
+payment, and the check of such records. This is the library that programs load.")
+# CPack would write maintainer scripts that call ldconfig, where the policy wants a trigger. It writes none if it does
+# not look into the library, so what the library needs and offers is stated here.
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_SHLIBDEPS OFF)
+file(CONFIGURE OUTPUT ${papers}/triggers CONTENT "activate-noawait ldconfig\n")
+file(CONFIGURE OUTPUT ${papers}/shlibs @ONLY CONTENT "libfiscalon @interface@ @library@ (>= @PROJECT_VERSION@)\n")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${papers}/triggers ${papers}/shlibs)
+file(CONFIGURE OUTPUT ${papers}/control @ONLY CONTENT "Source: fiscalon\n\nPackage: @library@\nArchitecture: any\n")
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/LibraryNeeds.cmake @ONLY CONTENT [[
+execute_process(COMMAND dpkg-shlibdeps -O "@PROJECT_BINARY_DIR@/libfiscalon.so.@PROJECT_VERSION@"
+  WORKING_DIRECTORY "@PROJECT_BINARY_DIR@" OUTPUT_VARIABLE needs COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX REPLACE "^shlibs:Depends=([^\n]*).*" "\\1" CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS "${needs}")
+]])
+set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/LibraryNeeds.cmake)
+
+fiscalon_package(development development libfiscalon-dev libdevel
+"collects the details of government remittances - development"
+"Headers, CMake packages and pkg-config files for programs that show forms of
+government remittances, with guides and examples. The front end with windows is
+linked into the program, which needs Qt 6.")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${same_library}")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "qt6-base-dev, fiscalon-tools")
+
+fiscalon_package(tools tools fiscalon-tools utils "checks and shows records of government remittances"
+"The program fiscalon takes record files apart, judges single payments and whole
+batches, and plays scenarios of forms without a display.")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${same_library}")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS fiscalon-desk)
+
+fiscalon_package(desk qt fiscalon-desk misc "shows the forms of government remittances"
+"The payment desk, a small host program for trying the forms out, and what the
+program fiscalon needs for commands that show windows.")
+set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same_library}")
+set(CPACK_DEBIAN_DESK_PACKAGE_RECOMMENDS fiscalon-tools)
+
+include(CPack)
+foreach(group IN ITEMS library development tools desk)
+  cpack_add_component_group(${group})
+endforeach()
+cpack_add_component(runtime GROUP library)
+cpack_add_component(development GROUP development)
+cpack_add_component(documents GROUP development)
+cpack_add_component(tools GROUP tools)
+cpack_add_component(qt GROUP desk)
