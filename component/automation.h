@@ -47,7 +47,7 @@ class Automation : public Counted<Interface, ISupportErrorInfo, IProvideClassInf
     return component::Answer(__uuidof(Interface), act);
   }
   template <typename Result, typename Act>
-  static HRESULT Answer(Result* place, Act&& act) noexcept {
+  static HRESULT Answer(Result* place, Act&& act) {
     return component::Answer(__uuidof(Interface), place, act);
   }
 
