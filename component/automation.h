@@ -47,16 +47,13 @@ class Automation : public Counted<Interface, ISupportErrorInfo, IProvideClassInf
     return component::Answer(__uuidof(Interface), act);
   }
   template <typename Result, typename Act>
-  static HRESULT Answer(Result* place, Act&& act) noexcept {
+  static HRESULT Answer(Result* place, Act&& act) {
     return component::Answer(__uuidof(Interface), place, act);
   }
 
   void* Find(REFIID id) override {
     if (id == IID_IDispatch)
       return static_cast<IDispatch*>(this);
-    // Nobody else's object answers to the identifier of a class of ours: see `CarriedBy`.
-    if (id == __uuidof(CoClass))
-      return static_cast<Interface*>(this);
     return Counted<Interface, ISupportErrorInfo, IProvideClassInfo>::Find(id);
   }
 };

@@ -57,7 +57,7 @@ class ClassFactory final : public Counted<IClassFactory> {
 
 }  // namespace
 
-HRESULT FindClassFactory(REFCLSID classId, REFIID interfaceId, void** factory) noexcept {
+HRESULT FindClassFactory(REFCLSID classId, REFIID interfaceId, void** factory) {
   HRESULT found = CLASS_E_CLASSNOTAVAILABLE;
   const HRESULT made = Answer(IID_IClassFactory, factory, [&] {
     void* wanted = nullptr;

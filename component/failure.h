@@ -47,7 +47,7 @@ HRESULT Answer(REFIID interfaceId, Act&& act) noexcept {
 /// The same for a call that returns a value, at a place that stays empty where it fails. E_POINTER where a host gives
 /// no place.
 template <typename Result, typename Act>
-HRESULT Answer(REFIID interfaceId, Result* place, Act&& act) noexcept {
+HRESULT Answer(REFIID interfaceId, Result* place, Act&& act) {
   return Answer(interfaceId, [&] {
     if (place == nullptr)
       throw ComponentError(E_POINTER, "The call returns a value, and NULL was given for its place.");

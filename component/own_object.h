@@ -3,7 +3,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
-#include <type_traits>
+#include <set>
 #include <utility>
 
 #include "component/automation.h"
@@ -22,20 +22,32 @@ class Carrier : public Automation<CoClass, Interface> {
       return {};
     const std::lock_guard lock(lock_);
     Object*& known = all_[core.get()];
-    if (known == nullptr || !known->AddRefIfAlive())
+    if (known == nullptr || !known->AddRefIfAlive()) {
       known = new Object(std::move(core));
+      ours_.insert(known);
+    }
     return Reference<Object>::Adopt(known);
   }
 
   /// A new one.
   static Reference<Object> Make() { return Of(std::make_shared<Core>()); }
 
-  const std::shared_ptr<Core>& Carried() const { return core_; }
+  /// What one of ours, given back by a host, stands for; none for NULL. Error 13 for an object of somebody else's,
+  /// whatever interfaces it claims to have.
+  static std::shared_ptr<Core> CarriedBy(Interface* given) {
+    if (given == nullptr)
+      return nullptr;
+    const std::lock_guard lock(lock_);
+    if (!ours_.contains(given))
+      Raise(error_number::kTypeMismatch);
+    return static_cast<Object*>(given)->core_;
+  }
 
  protected:
   explicit Carrier(std::shared_ptr<Core> core) : core_(std::move(core)) {}
   ~Carrier() override {
     const std::lock_guard lock(lock_);
+    ours_.erase(this);
     // Another one may have taken its place since its last reference went.
     if (const auto known = all_.find(core_.get()); known != all_.end() && known->second == this)
       all_.erase(known);
@@ -46,22 +58,9 @@ class Carrier : public Automation<CoClass, Interface> {
  private:
   inline static std::mutex lock_;
   inline static std::map<const Core*, Object*> all_;
+  inline static std::set<const Interface*> ours_;
 
   const std::shared_ptr<Core> core_;
 };
-
-/// What one of our objects, given back by a host, stands for; none for NULL. Error 13 for an object of somebody else's,
-/// whatever interfaces it has.
-template <typename Object, typename CoClass, typename Interface>
-auto CarriedBy(Interface* given) {
-  using Carried = std::remove_cvref_t<decltype(std::declval<Object>().Carried())>;
-  if (given == nullptr)
-    return Carried();
-  void* ours = nullptr;
-  if (FAILED(given->QueryInterface(__uuidof(CoClass), &ours)))
-    Raise(error_number::kTypeMismatch);
-  const auto object = Reference<Interface>::Adopt(static_cast<Interface*>(ours));
-  return static_cast<Object*>(object.Get())->Carried();
-}
 
 }  // namespace fiscalon::component

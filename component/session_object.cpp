@@ -72,7 +72,7 @@ HRESULT SessionObject::get_PC4Records(::_PC4s** records) {
 }
 
 HRESULT SessionObject::putref_PC4Records(::_PC4s* records) {
-  return Answer([&] { session_.PC4Records(CarriedBy<Pc4sObject, ::PC4s>(records)); });
+  return Answer([&] { session_.PC4Records(Pc4sObject::CarriedBy(records)); });
 }
 
 HRESULT SessionObject::put_PlayByPlayEnabled(VARIANT_BOOL flag) {

@@ -21,7 +21,7 @@ HRESULT ValidatorObject::get_PC4Records(::_PC4s** records) {
 }
 
 HRESULT ValidatorObject::putref_PC4Records(::_PC4s* records) {
-  return Answer([&] { check_.PC4Records(CarriedBy<Pc4sObject, ::PC4s>(records)); });
+  return Answer([&] { check_.PC4Records(Pc4sObject::CarriedBy(records)); });
 }
 
 HRESULT ValidatorObject::put_PlayByPlayEnabled(VARIANT_BOOL flag) {
@@ -33,7 +33,7 @@ HRESULT ValidatorObject::get_PC4GovFormatRecords(::_clsPC4GovFormats** records) 
 }
 
 HRESULT ValidatorObject::putref_PC4GovFormatRecords(::_clsPC4GovFormats* records) {
-  return Answer([&] { check_.PC4GovFormatRecords(CarriedBy<GovFormatsObject, ::clsPC4GovFormats>(records)); });
+  return Answer([&] { check_.PC4GovFormatRecords(GovFormatsObject::CarriedBy(records)); });
 }
 
 HRESULT ValidatorObject::get_PC4FreeFormatRecords(::_clsPC4FreeFormats** records) {
@@ -41,7 +41,7 @@ HRESULT ValidatorObject::get_PC4FreeFormatRecords(::_clsPC4FreeFormats** records
 }
 
 HRESULT ValidatorObject::putref_PC4FreeFormatRecords(::_clsPC4FreeFormats* records) {
-  return Answer([&] { check_.PC4FreeFormatRecords(CarriedBy<FreeFormatsObject, ::clsPC4FreeFormats>(records)); });
+  return Answer([&] { check_.PC4FreeFormatRecords(FreeFormatsObject::CarriedBy(records)); });
 }
 
 HRESULT ValidatorObject::IsInfoValid(VARIANT_BOOL* valid) {

@@ -66,7 +66,7 @@ Called Put(IDispatch* object, const wchar_t* name, HostValue value, WORD flags) 
 }
 
 HRESULT ForeignObject::QueryInterface(REFIID id, void** object) {
-  const bool has = id == IID_IUnknown || id == IID_IDispatch || id == alsoHas;
+  const bool has = id == IID_IUnknown || id == IID_IDispatch || claimsAll;
   *object = has ? this : nullptr;
   if (has)
     AddRef();

@@ -130,7 +130,7 @@ std::wstring TextOf(Interface* object, HRESULT (STDMETHODCALLTYPE Interface::*ge
   return std::wstring(text.View());
 }
 
-/// An object of somebody else's that claims to be whatever it is asked for.
+/// An object of somebody else's.
 class ForeignObject final : public IDispatch {
  public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
@@ -144,8 +144,8 @@ class ForeignObject final : public IDispatch {
   }
 
   ULONG references = 1;
-  /// The interface beside the common two that it has too.
-  IID alsoHas = IID_NULL;
+  /// Whether it has the common two interfaces or whatever it is asked for.
+  bool claimsAll = false;
 };
 
 /// Nothing of a test may still need the component when it ends.

@@ -299,8 +299,8 @@ TEST_F(SessionTest, AnObjectOfSomebodyElsesIsAMismatch) {
   const Reference<_Levyra> session = NewSession();
   ForeignObject foreign;
   EXPECT_EQ(Put(session.Get(), L"PC4Records", &foreign, DISPATCH_PROPERTYPUTREF).code, DISP_E_TYPEMISMATCH);
-  // Also one that claims to have the interface, and one of ours of another class.
-  foreign.alsoHas = __uuidof(_PC4s);
+  // Also one that claims to have every interface, and one of ours of another class.
+  foreign.claimsAll = true;
   EXPECT_EQ(FailureOf(session->putref_PC4Records(reinterpret_cast<_PC4s*>(&foreign))),
             RunTimeError(13, L"Type mismatch"));
   EXPECT_EQ(Put(session.Get(), L"PC4Records", session.Get(), DISPATCH_PROPERTYPUTREF).code, DISP_E_TYPEMISMATCH);

@@ -1,4 +1,5 @@
-#include "core/host_setup.h"
+#include <filesystem>
+
 #include "core/module_state.h"
 #include "tests/component/host.h"
 
@@ -7,8 +8,14 @@ namespace {
 
 class ValidatorTest : public Component {
  protected:
+  void SetUp() override {
+    Component::SetUp();
+    std::filesystem::create_directory(logs_);
+    TheModule().mainPath = logs_.string();
+  }
   void TearDown() override {
     check_ = {};
+    std::filesystem::remove_all(logs_);
     Component::TearDown();
   }
   VARIANT_BOOL IsValid() {
@@ -18,6 +25,7 @@ class ValidatorTest : public Component {
   }
   std::wstring Reason() { return TextOf(check_.Get(), &_clsValidateAddInfo::get_InvalidReason); }
 
+  const std::filesystem::path logs_ = std::filesystem::temp_directory_path() / "fiscalon component test";
   Reference<_clsValidateAddInfo> check_ = NewCheck();
 };
 
@@ -64,12 +72,13 @@ TEST_F(ValidatorTest, WithoutRecordsTheErrorIsTheReason) {
   check_->put_ScreenCode(HostText(L"03"));
   EXPECT_EQ(IsValid(), VARIANT_FALSE);
   EXPECT_EQ(Reason(), L"Error 91 - Object variable or With block variable not set");
+  EXPECT_TRUE(std::filesystem::exists(logs_ / "error.log"));
 }
 
 TEST_F(ValidatorTest, ALogThatCannotBeWrittenIsTheHostsError) {
   check_->put_PlayByPlayEnabled(VARIANT_TRUE);
   EXPECT_EQ(TheModule().playByPlayEnabled, -1);
-  TheModule().mainPath = "C:\\no such folder";
+  TheModule().mainPath = (logs_ / "none").string();
   VARIANT_BOOL valid = VARIANT_TRUE;
   const HRESULT code = check_->IsInfoValid(&valid);
   EXPECT_EQ(FailureOf(code), RunTimeError(76, L"Path not found"));
