@@ -1,5 +1,7 @@
 #include <array>
 
+#include "core/platform/code_page.h"
+#include "core/platform/utf8_path.h"
 #include "frontends/played/scenario_run.h"
 
 /// What a user must see.
@@ -11,6 +13,11 @@ constexpr std::string_view kDefaultTitle = "Fiscalon";
 
 std::string YesNo(bool value) {
   return value ? "yes" : "no";
+}
+
+/// Where a system has two separators of folders, either stands for the other.
+std::string WithOwnSeparators(const std::string& file) {
+  return Utf8Of(Utf8Path(file).make_preferred());
 }
 
 void ExpectMessage(ScenarioRun& run, const Arguments& arguments) {
@@ -35,8 +42,12 @@ void ExpectBeep(ScenarioRun& run, const Arguments& /*arguments*/) {
 
 void ExpectHelp(ScenarioRun& run, const Arguments& arguments) {
   // Numbers above the range of 31 bits are the same number without a sign.
-  const std::string expected = DescribedHelp(arguments[0], static_cast<int32_t>(*ParseNumber(arguments[1])));
-  run.Compare(expected, Described(run.Claim(expected)));
+  const auto context = static_cast<int32_t>(*ParseNumber(arguments[1]));
+  const std::string expected = DescribedHelp(WithOwnSeparators(arguments[0]), context);
+  SeenThing seen = run.Claim(expected);
+  if (auto* help = std::get_if<SeenHelp>(&seen))
+    help->file = FromUtf8(WithOwnSeparators(ToUtf8(help->file)));
+  run.Compare(expected, Described(seen));
 }
 
 void ExpectFocus(ScenarioRun& run, const Arguments& arguments) {

@@ -49,7 +49,18 @@ class BoxUser {
     if (code != HCBT_ACTIVATE || user == nullptr || user->hook_ == nullptr)
       return ::CallNextHookEx(nullptr, code, wide, extra);
     user->Unhook();
-    user->Answer(reinterpret_cast<HWND>(wide));
+    // The box comes up before it is complete: its default button is marked last.
+    const auto box = reinterpret_cast<HWND>(wide);
+    user->native_ = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrW(box, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&BoxUser::Procedure)));
+    ::PostMessageW(box, kIsUp, 0, 0);
+    return 0;
+  }
+
+  static LRESULT CALLBACK Procedure(HWND box, UINT message, WPARAM wide, LPARAM extra) {
+    if (message != kIsUp)
+      return ::CallWindowProcW(current_->native_, box, message, wide, extra);
+    current_->Answer(box);
     return 0;
   }
 
@@ -70,11 +81,13 @@ class BoxUser {
     ::PostMessageW(box, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(::GetDlgItem(box, id)));
   }
 
+  static constexpr UINT kIsUp = WM_APP + 1;
   static inline BoxUser* current_ = nullptr;
 
   Answers answers_;
   BoxUser* before_;
   HHOOK hook_ = nullptr;
+  WNDPROC native_ = nullptr;
   std::exception_ptr failure_;
 };
 

@@ -181,12 +181,8 @@ TEST_F(Windows, StandOverEachOther) {
   EXPECT_TRUE(seen);
 }
 
-TEST_F(Windows, ShowABoxWithItsTitleIconAndButtons) {
-  const BoxRequest asked = {.text = "Really?\r\nThe balance is 5.00.",
-                            .style = MessageStyle::Question,
-                            .buttons = MessageButtons::YesNo,
-                            .defaultButton = DefaultButton::Second,
-                            .title = "Date Warning"};
+TEST_F(Windows, ShowBoxesWithTitleIconAndButtons) {
+  BoxRequest asked;
   BoxRequest shown;
   MessageAnswer answer = MessageAnswer::Ok;
   toolkit.onMessage = [&](const BoxRequest& box) {
@@ -194,17 +190,26 @@ TEST_F(Windows, ShowABoxWithItsTitleIconAndButtons) {
     return MessageAnswer::Yes;
   };
   form.when["chkFinal_Click"] = [&] { answer = toolkit.ShowMessage(asked); };
-  Show(form, [&](FormWindow& window, UserDriver& user) {
-    user.Click(form.chkFinal);
-    EXPECT_EQ(user.FocusName(), "chkFinal");
-    EXPECT_NE(::IsWindowEnabled(window.Window()), FALSE);
-  });
-  EXPECT_EQ(shown.text, asked.text);
-  EXPECT_EQ(shown.style, asked.style);
-  EXPECT_EQ(shown.buttons, asked.buttons);
-  EXPECT_EQ(shown.defaultButton, asked.defaultButton);
-  EXPECT_EQ(shown.title, asked.title);
-  EXPECT_EQ(answer, MessageAnswer::Yes);
+  for (const MessageStyle style : {MessageStyle::Critical, MessageStyle::Question, MessageStyle::Exclamation,
+                                   MessageStyle::Information, MessageStyle::Plain})
+    for (const DefaultButton button : {DefaultButton::First, DefaultButton::Second}) {
+      asked = {.text = "Really?\r\nThe balance is 5.00.",
+               .style = style,
+               .buttons = MessageButtons::YesNo,
+               .defaultButton = button,
+               .title = "Date Warning"};
+      Show(form, [&](FormWindow& window, UserDriver& user) {
+        user.Click(form.chkFinal);
+        EXPECT_EQ(user.FocusName(), "chkFinal");
+        EXPECT_NE(::IsWindowEnabled(window.Window()), FALSE);
+      });
+      EXPECT_EQ(shown.text, asked.text);
+      EXPECT_EQ(shown.style, asked.style);
+      EXPECT_EQ(shown.buttons, asked.buttons);
+      EXPECT_EQ(shown.defaultButton, asked.defaultButton);
+      EXPECT_EQ(shown.title, asked.title);
+      EXPECT_EQ(answer, MessageAnswer::Yes);
+    }
 }
 
 }  // namespace
