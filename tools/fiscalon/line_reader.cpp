@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <limits>
 #include <utility>
 
 #include "core/platform/input.h"
@@ -125,7 +126,8 @@ size_t LineReader::Read(char* place, size_t count) {
   beforeRead_();
   if (IsInterrupted())
     throw CommandError("interrupted");
-  const ssize_t read = ::read(::fileno(file_.get()), place, count);
+  static_assert(kBufferBytes <= std::numeric_limits<unsigned>::max());
+  const auto read = ::read(::fileno(file_.get()), place, static_cast<unsigned>(count));
   if (read >= 0)
     return static_cast<size_t>(read);
   if (IsInterrupted())

@@ -54,12 +54,14 @@ void StandardOutput::Write(const char* text, size_t size) {
   if (std::fflush(stdout) != 0)
     throw OutputError{.number = errno};
   while (size > 0) {
-    const ssize_t written = ::write(STDOUT_FILENO, text, size);
+    // Systems differ in how much they take at once.
+    constexpr size_t kMostAtOnce = size_t{1} << 30;
+    const auto written = ::write(STDOUT_FILENO, text, static_cast<unsigned>(std::min(size, kMostAtOnce)));
     if (IsInterrupted() && (written < 0 || static_cast<size_t>(written) < size))
       throw OutputError{.number = EINTR};
     if (written < 0 && errno != EINTR)
       throw OutputError{.number = errno};
-    const auto count = static_cast<size_t>(std::max<ssize_t>(written, 0));
+    const auto count = static_cast<size_t>(std::max<decltype(written)>(written, 0));
     text += count;
     size -= count;
   }
