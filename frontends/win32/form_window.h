@@ -67,6 +67,10 @@ class FormWindow final : private FormObserver {
   /// The controls as a reader meets them: captions before their fields.
   std::vector<Control*> InReadingOrder() const;
   void LayOut();
+  /// The status line below all, which is there from the first time that it says something.
+  void ShowStatus();
+  /// What the status line takes of the height, where it is that wide.
+  int RoomOfStatus(int width);
   void FitWindow(SIZE client);
   void PlaceControls(const std::map<const Control*, RECT>& places, POINT corner);
   void PlaceLines(const std::vector<RECT>& lines);
@@ -103,6 +107,10 @@ class FormWindow final : private FormObserver {
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<const Control*, RECT> places_;
   std::vector<HWND> lines_;
+  HWND status_ = nullptr;
+  int heightOfStatus_ = 0;
+  /// Its height and its distance to the buttons, as they are laid out.
+  int roomOfStatus_ = 0;
   SIZE client_ = {};
   int scrolled_ = 0;
   bool layoutIsOld_ = false;

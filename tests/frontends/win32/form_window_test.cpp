@@ -181,6 +181,43 @@ TEST_F(Windows, StandOverEachOther) {
   EXPECT_TRUE(seen);
 }
 
+TEST_F(Windows, NameTheEntryThatKeepsTheFocusInSilence) {
+  form.when["txtPeriod_LostFocus"] = [this] {
+    if (form.txtPeriod.Text().empty())
+      form.txtPeriod.SetFocus();
+  };
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    // Of the window itself only buttons, the body and the line are children.
+    const HWND status = ::FindWindowExW(window.Window(), nullptr, L"Static", nullptr);
+    ASSERT_NE(status, nullptr);
+    EXPECT_FALSE(HasStyle(status, WS_VISIBLE));
+    const auto placeOf = [&](HWND control) {
+      RECT place = {};
+      ::GetWindowRect(control, &place);
+      return place;
+    };
+    user.PressMouse(form.txtPeriod);
+    const RECT before = placeOf(window.Window()), button = placeOf(In(window, form.cmdOK));
+    Press(user, "Tab");
+    EXPECT_EQ(user.FocusName(), "txtPeriod");
+    EXPECT_TRUE(HasStyle(status, WS_VISIBLE));
+    EXPECT_EQ(TextOfWindow(status), L"Please correct this entry: Period ends on (YYYYMM)");
+    EXPECT_GT(placeOf(window.Window()).bottom, before.bottom);
+    EXPECT_GT(placeOf(status).top, button.bottom);
+    EXPECT_GT(placeOf(status).bottom, placeOf(status).top);
+    EXPECT_LT(placeOf(status).bottom, placeOf(window.Window()).bottom);
+    const auto staysInPlace = [&] {
+      const RECT now = placeOf(In(window, form.cmdOK));
+      return ::EqualRect(&now, &button) != FALSE;
+    };
+    EXPECT_TRUE(staysInPlace()) << "a button would move under the mouse that presses it";
+    Type(user, "202606");
+    Press(user, "Tab");
+    EXPECT_EQ(TextOfWindow(status), L"");
+    EXPECT_TRUE(staysInPlace());
+  });
+}
+
 TEST_F(Windows, ShowBoxesWithTitleIconAndButtons) {
   BoxRequest asked;
   BoxRequest shown;
