@@ -190,6 +190,11 @@ void FormWindow::ShowStatus() {
   ::NotifyWinEvent(EVENT_SYSTEM_ALERT, status_, OBJID_CLIENT, CHILDID_SELF);
 }
 
+void FormWindow::SetHint(const ControlView& view, const std::wstring& text) {
+  constexpr int kWidestHint = 200;
+  hints_.Set(window_, view.Window(), text, fonts_->X(kWidestHint));
+}
+
 void FormWindow::FitWindow(SIZE client) {
   const RECT before = {0, 0, client_.cx, client_.cy};
   const RECT wanted = {0, 0, client.cx, client.cy};
@@ -247,6 +252,8 @@ void FormWindow::Rescale(int dotsPerInch) {
   client_ = {};
   heightOfStatus_ = roomOfStatus_ = 0;
   LayOut();
+  // What fits into its field may be another.
+  for (const auto& [control, view] : views_) view->Refresh();
   ::InvalidateRect(window_, nullptr, TRUE);
 }
 
