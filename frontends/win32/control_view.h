@@ -67,6 +67,8 @@ class ControlView {
   virtual FontKind Font() const { return bold_ ? FontKind::Bold : FontKind::Plain; }
 
   WatchedActs& Acts() const { return acts_; }
+  /// Once the window is made.
+  FormWindow& Owner() const { return *owner_; }
   bool IsActive() const;
   void ShowText(const std::wstring& text);
   /// What became of a press that the form has dealt with.

@@ -55,6 +55,14 @@ SIZE DialogFonts::Extent(std::wstring_view text, FontKind kind) const {
   return {room.right, room.bottom};
 }
 
+int DialogFonts::HeightWithin(int width, std::wstring_view text) const {
+  const Ruler ruler(surface_.get(), Font(FontKind::Plain));
+  RECT room = {0, 0, width, 0};
+  ::DrawTextW(surface_.get(), text.data(), static_cast<int>(text.size()), &room,
+              DT_CALCRECT | DT_NOPREFIX | DT_WORDBREAK | DT_EXPANDTABS);
+  return room.bottom;
+}
+
 int DialogFonts::LineHeight(FontKind kind) const {
   const Ruler ruler(surface_.get(), Font(kind));
   TEXTMETRICW metrics = {};

@@ -24,6 +24,8 @@ class DialogFonts {
 
   /// How much room a text takes, of several lines perhaps.
   SIZE Extent(std::wstring_view text, FontKind kind) const;
+  /// How high a plain text is whose lines are broken at that width.
+  int HeightWithin(int width, std::wstring_view text) const;
   int LineHeight(FontKind kind) const;
   /// Of a field of one line, and of what stands beside it.
   int FieldHeight() const { return LineHeight(FontKind::Plain) + Y(4); }

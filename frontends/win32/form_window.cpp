@@ -17,6 +17,9 @@ namespace {
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 
+/// In dialog units.
+constexpr int kAboveStatus = 4;
+
 bool IsSame(const RECT& a, const RECT& b) {
   return ::EqualRect(&a, &b) != FALSE;
 }
@@ -72,6 +75,11 @@ void FormWindow::MakeWindows(HWND owner) {
                             0, 0, 0, 0, window_, nullptr, OwnModule(), this);
   if (body_ == nullptr)
     ThrowLastError("the form's window can't be shown");
+  status_ =
+      ::CreateWindowExW(0, L"STATIC", L"", WS_CHILD | SS_NOPREFIX, 0, 0, 0, 0, window_, nullptr, OwnModule(), nullptr);
+  if (status_ == nullptr)
+    ThrowLastError("the form's status can't be shown");
+  ::SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_->Font(FontKind::Plain)), FALSE);
   // Access keys are underlined and the focus is marked from the beginning.
   ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
   CaptionChanged();
@@ -129,13 +137,15 @@ void FormWindow::LayOut() {
   layoutIsOld_ = false;
   const DialogLayout layout(form_, *fonts_, [this](const Control& control) { return ViewOf(control).Wanted(*fonts_); });
   const SIZE margin = layout.Margin(), body = layout.Body(), row = layout.ButtonRow();
-  const SIZE wanted = {std::max(body.cx, row.cx) + 2 * margin.cx,
-                       body.cy + row.cy + (body.cy > 0 && row.cy > 0 ? 3 : 2) * margin.cy};
   // A window that is up grows, but does not shrink under the mouse.
-  FitWindow({std::max(wanted.cx, client_.cx), std::max(wanted.cy, client_.cy)});
+  const LONG width = std::max(std::max(body.cx, row.cx) + 2 * margin.cx, client_.cx);
+  const LONG height =
+      std::max(body.cy + row.cy + (body.cy > 0 && row.cy > 0 ? 3 : 2) * margin.cy, client_.cy - roomOfStatus_);
+  roomOfStatus_ = RoomOfStatus(width - 2 * margin.cx);
+  FitWindow({width, height + roomOfStatus_});
   RECT client = {};
   ::GetClientRect(window_, &client);
-  const int rowTop = client.bottom - margin.cy - row.cy;
+  const int rowTop = client.bottom - margin.cy - roomOfStatus_ - row.cy;
 
   // Everything without a scroll bar where the screen has room for it.
   const int shown = rowTop - (row.cy > 0 ? margin.cy : 0);
@@ -152,9 +162,37 @@ void FormWindow::LayOut() {
 
   PlaceControls(layout.Places(), {margin.cx, margin.cy - scrolled_});
   PlaceControls(layout.Buttons(client.right - 2 * margin.cx), {margin.cx, rowTop});
+  ::SetWindowPos(status_, nullptr, margin.cx, client.bottom - margin.cy - heightOfStatus_, client.right - 2 * margin.cx,
+                 heightOfStatus_, SWP_NOZORDER | SWP_NOACTIVATE);
   std::vector<RECT> lines = layout.Lines();
   for (RECT& line : lines) ::OffsetRect(&line, margin.cx, margin.cy - scrolled_);
   PlaceLines(lines);
+}
+
+int FormWindow::RoomOfStatus(int width) {
+  // Its place stays when it is silent again: buttons must not move under a mouse that is down.
+  const std::wstring text = TextOfWindow(status_);
+  if (!text.empty())
+    heightOfStatus_ = std::max(heightOfStatus_, fonts_->HeightWithin(width, text));
+  return heightOfStatus_ == 0 ? 0 : heightOfStatus_ + fonts_->Y(kAboveStatus);
+}
+
+void FormWindow::ShowStatus() {
+  const std::wstring text = ToWide(StatusOf(form_));
+  if (TextOfWindow(status_) == text)
+    return;
+  ::SetWindowTextW(status_, text.c_str());
+  if (text.empty())
+    return;
+  layoutIsOld_ = true;
+  ::ShowWindow(status_, SW_SHOWNA);
+  // For users who do not see the line.
+  ::NotifyWinEvent(EVENT_SYSTEM_ALERT, status_, OBJID_CLIENT, CHILDID_SELF);
+}
+
+void FormWindow::SetHint(const ControlView& view, const std::wstring& text) {
+  constexpr int kWidestHint = 200;
+  hints_.Set(window_, view.Window(), text, fonts_->X(kWidestHint));
 }
 
 void FormWindow::FitWindow(SIZE client) {
@@ -171,15 +209,15 @@ void FormWindow::FitWindow(SIZE client) {
     size.cy = room.bottom - room.top;
     size.cx += ::GetSystemMetrics(SM_CXVSCROLL);
   }
-  // In the middle of the owner, and on the screen.
+  // In the middle of the owner, and on the screen. A window that is up grows to the right and downwards.
   RECT middle = room;
   if (owner != nullptr && ::IsIconic(owner) == FALSE)
     ::GetWindowRect(owner, &middle);
-  if (::IsWindowVisible(window_) != FALSE)
-    ::GetWindowRect(window_, &middle);
-  const LONG x = (middle.left + middle.right - size.cx) / 2, y = (middle.top + middle.bottom - size.cy) / 2;
-  ::SetWindowPos(window_, nullptr, std::max(room.left, std::min(x, room.right - size.cx)),
-                 std::max(room.top, std::min(y, room.bottom - size.cy)), size.cx, size.cy,
+  POINT corner = {(middle.left + middle.right - size.cx) / 2, (middle.top + middle.bottom - size.cy) / 2};
+  if (RECT current = {}; ::IsWindowVisible(window_) != FALSE && ::GetWindowRect(window_, &current) != FALSE)
+    corner = {current.left, current.top};
+  ::SetWindowPos(window_, nullptr, std::max(room.left, std::min(corner.x, room.right - size.cx)),
+                 std::max(room.top, std::min(corner.y, room.bottom - size.cy)), size.cx, size.cy,
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -210,8 +248,12 @@ void FormWindow::PlaceLines(const std::vector<RECT>& lines) {
 void FormWindow::Rescale(int dotsPerInch) {
   fonts_ = std::make_unique<DialogFonts>(dotsPerInch);
   for (const auto& [control, view] : views_) view->Restyle(*fonts_);
+  ::SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_->Font(FontKind::Plain)), FALSE);
   client_ = {};
+  heightOfStatus_ = roomOfStatus_ = 0;
   LayOut();
+  // What fits into its field may be another.
+  for (const auto& [control, view] : views_) view->Refresh();
   ::InvalidateRect(window_, nullptr, TRUE);
 }
 
@@ -298,6 +340,7 @@ void FormWindow::Serve() {
 void FormWindow::Settle() {
   if (!form_.IsUp())
     return;
+  ShowStatus();
   if (layoutIsOld_)
     LayOut();
   AlignFocus();

@@ -10,6 +10,7 @@
 #include "core/forms/form.h"
 #include "core/forms/watched_acts.h"
 #include "frontends/win32/control_view.h"
+#include "frontends/win32/hints.h"
 #include "frontends/win32/screen_scale.h"
 
 namespace fiscalon {
@@ -37,12 +38,16 @@ class FormWindow final : private FormObserver {
   void Settle();
 
   HWND Window() const { return window_; }
+  const DialogFonts& Fonts() const { return *fonts_; }
   ControlView& ViewOf(const Control& control) const { return *views_.at(&control); }
   /// The control of a window; null for a window that is none's.
   Control* ControlOf(HWND window) const;
 
   /// The window closes for a reason that windows do not tell, such as the end of the owner.
   void CloseFor(CloseReason reason);
+
+  /// What is shown while the mouse rests over a control; empty for nothing.
+  void SetHint(const ControlView& view, const std::wstring& text);
 
   /// A message to one of the controls.
   LRESULT Hear(ControlView& view, UINT message, WPARAM wide, LPARAM extra);
@@ -67,6 +72,10 @@ class FormWindow final : private FormObserver {
   /// The controls as a reader meets them: captions before their fields.
   std::vector<Control*> InReadingOrder() const;
   void LayOut();
+  /// The status line below all, which is there from the first time that it says something.
+  void ShowStatus();
+  /// What the status line takes of the height, where it is that wide.
+  int RoomOfStatus(int width);
   void FitWindow(SIZE client);
   void PlaceControls(const std::map<const Control*, RECT>& places, POINT corner);
   void PlaceLines(const std::vector<RECT>& lines);
@@ -103,6 +112,11 @@ class FormWindow final : private FormObserver {
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<const Control*, RECT> places_;
   std::vector<HWND> lines_;
+  Hints hints_;
+  HWND status_ = nullptr;
+  int heightOfStatus_ = 0;
+  /// Its height and its distance to the buttons, as they are laid out.
+  int roomOfStatus_ = 0;
   SIZE client_ = {};
   int scrolled_ = 0;
   bool layoutIsOld_ = false;

@@ -9,6 +9,7 @@
 #include "core/forms/usual_sizes.h"
 #include "core/forms/watched_acts.h"
 #include "core/platform/windows/wide_text.h"
+#include "frontends/win32/form_window.h"
 
 namespace fiscalon {
 namespace {
@@ -139,11 +140,26 @@ void TextView::Refresh() {
     Native(EM_SETREADONLY, field_.Locked() ? TRUE : FALSE, 0);
   SetLimit();
   ShowText(Shown());
+  ShowBeginning();
   if (!IsActive() || FieldSelection() == field_.Selected())
     return;
   const Selection selection = field_.Selected();
   const int start = PositionAmongWhole(field_.Text(), selection.start);
   SetNativeSelection({.start = start, .length = PositionAmongWhole(field_.Text(), selection.End()) - start});
+}
+
+void TextView::ShowBeginning() {
+  std::wstring hint;
+  if (field_.Locked() && !field_.IsMultiLine()) {
+    RECT room = {};
+    Native(EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+    if (std::wstring text = Shown(); Owner().Fonts().Extent(text, Font()).cx > room.right - room.left)
+      hint = std::move(text);
+  }
+  if (!hint.empty() && !IsActive())
+    SetNativeSelection({});
+  if (hint != hint_)
+    Owner().SetHint(*this, hint_ = hint);
 }
 
 bool TextView::DoCommand(const KeyStroke& stroke) {

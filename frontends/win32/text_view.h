@@ -45,10 +45,13 @@ class TextView final : public ControlView {
   Selection NativeSelection() const;
   void SetNativeSelection(Selection selection);
   void SetLimit();
+  /// A text that is too long for a field that can't be edited: how it begins, and all of it as a hint.
+  void ShowBeginning();
 
   TextField& field_;
   /// As the editor has it.
   std::optional<size_t> limit_ = {};
+  std::wstring hint_ = {};
   bool refreshing_ = false;
   int editing_ = 0;
   bool edited_ = false;

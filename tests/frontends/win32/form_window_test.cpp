@@ -1,9 +1,11 @@
 #include "frontends/win32/form_window.h"
 
+#include <commctrl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "core/platform/runtime_error.h"
+#include "core/platform/windows/wide_text.h"
 #include "tests/frontends/win32/played_form.h"
 
 namespace fiscalon {
@@ -11,6 +13,24 @@ namespace {
 
 bool HasStyle(HWND window, LONG_PTR style) {
   return (::GetWindowLongPtrW(window, GWL_STYLE) & style) != 0;
+}
+
+/// What the thread's hint window would show over a control; empty for nothing.
+std::wstring HintOver(HWND form, HWND control) {
+  HWND hints = nullptr;
+  while ((hints = ::FindWindowExW(nullptr, hints, TOOLTIPS_CLASSW, nullptr)) != nullptr)
+    if (::GetWindow(hints, GW_OWNER) == form)
+      break;
+  std::wstring text(200, L'\0');
+  TTTOOLINFOW entry = {};
+  entry.cbSize = TTTOOLINFOW_V1_SIZE;
+  entry.hwnd = form;
+  entry.uId = reinterpret_cast<UINT_PTR>(control);
+  entry.lpszText = text.data();
+  if (hints != nullptr)
+    ::SendMessageW(hints, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&entry));
+  text.resize(std::wcslen(text.c_str()));
+  return text;
 }
 
 class Windows : public testing::Test, protected PlayedForm {
@@ -79,6 +99,31 @@ TEST_F(Windows, ShadeAndLockWhatTheFormLocks) {
     EXPECT_TRUE(user.Locked(form.txtTotal));
     form.txtTotal.Locked(false);
     EXPECT_FALSE(user.Locked(form.txtTotal));
+  });
+}
+
+TEST_F(Windows, ShowHowALongLockedTextBeginsAndAllOfItAsAHint) {
+  const std::string longName = "Workers' Compensation Board of the Northwest Territories & Nunavut, Yellowknife";
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    const HWND payee = In(window, form.txtPayee);
+    const auto hintOver = [&](const Control& control) { return HintOver(window.Window(), In(window, control)); };
+    EXPECT_EQ(hintOver(form.txtPayee), L"") << "all of it is seen";
+    form.txtPayee.Text(longName);
+    EXPECT_EQ(hintOver(form.txtPayee), ToWide(longName));
+    const auto firstIsSeen = [&] {
+      return static_cast<short>(LOWORD(::SendMessageW(payee, EM_POSFROMCHAR, 0, 0))) >= 0;
+    };
+    EXPECT_TRUE(firstIsSeen());
+    // Another program has selected in it, and scrolled it so.
+    ::SendMessageW(payee, EM_SETSEL, longName.size(), static_cast<LPARAM>(longName.size()));
+    ::SendMessageW(payee, EM_SCROLLCARET, 0, 0);
+    form.txtPayee.Enabled(false);
+    EXPECT_TRUE(firstIsSeen());
+    form.txtPayee.Text("Summit Levies");
+    EXPECT_EQ(hintOver(form.txtPayee), L"");
+    // A field that can be edited shows where it is edited.
+    form.txtTotal.Text(longName);
+    EXPECT_EQ(hintOver(form.txtTotal), L"");
   });
 }
 
@@ -179,6 +224,43 @@ TEST_F(Windows, StandOverEachOther) {
   };
   form.ShowModal(toolkit);
   EXPECT_TRUE(seen);
+}
+
+TEST_F(Windows, NameTheEntryThatKeepsTheFocusInSilence) {
+  form.when["txtPeriod_LostFocus"] = [this] {
+    if (form.txtPeriod.Text().empty())
+      form.txtPeriod.SetFocus();
+  };
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    // Of the window itself only buttons, the body and the line are children.
+    const HWND status = ::FindWindowExW(window.Window(), nullptr, L"Static", nullptr);
+    ASSERT_NE(status, nullptr);
+    EXPECT_FALSE(HasStyle(status, WS_VISIBLE));
+    const auto placeOf = [&](HWND control) {
+      RECT place = {};
+      ::GetWindowRect(control, &place);
+      return place;
+    };
+    user.PressMouse(form.txtPeriod);
+    const RECT before = placeOf(window.Window()), button = placeOf(In(window, form.cmdOK));
+    Press(user, "Tab");
+    EXPECT_EQ(user.FocusName(), "txtPeriod");
+    EXPECT_TRUE(HasStyle(status, WS_VISIBLE));
+    EXPECT_EQ(TextOfWindow(status), L"Please correct this entry: Period ends on (YYYYMM)");
+    EXPECT_GT(placeOf(window.Window()).bottom, before.bottom);
+    EXPECT_GT(placeOf(status).top, button.bottom);
+    EXPECT_GT(placeOf(status).bottom, placeOf(status).top);
+    EXPECT_LT(placeOf(status).bottom, placeOf(window.Window()).bottom);
+    const auto staysInPlace = [&] {
+      const RECT now = placeOf(In(window, form.cmdOK));
+      return ::EqualRect(&now, &button) != FALSE;
+    };
+    EXPECT_TRUE(staysInPlace()) << "a button would move under the mouse that presses it";
+    Type(user, "202606");
+    Press(user, "Tab");
+    EXPECT_EQ(TextOfWindow(status), L"");
+    EXPECT_TRUE(staysInPlace());
+  });
 }
 
 TEST_F(Windows, ShowBoxesWithTitleIconAndButtons) {
