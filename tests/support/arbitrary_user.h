@@ -115,11 +115,14 @@ inline void SetUpSomehow(Choices& choices, const GoodSession& good, Levyra& sess
   }
 }
 
+/// What an arbitrary user types and pastes: what people do, or any bytes too.
+enum class Texts { OfPeople, Any };
+
 /// A user with no plan at a form that is up, who does what choices decide. Each act is told before it is done.
 class ArbitraryUser {
  public:
-  ArbitraryUser(Choices& choices, std::function<void(const std::string& act)> tell)
-      : choices_(choices), tell_(std::move(tell)) {}
+  ArbitraryUser(Choices& choices, std::function<void(const std::string& act)> tell, Texts texts = Texts::Any)
+      : choices_(choices), tell_(std::move(tell)), texts_(texts) {}
 
   /// What the screen wants, as far as this user goes along with it.
   void Begin(const GoodSession& good, Form& form, UserDriver& user) {
@@ -148,9 +151,10 @@ class ArbitraryUser {
       case 3:
         return Choose(AnyControl(form), user);
       case 4:
-        return Paste(choices_.Below(3) == 0 ? choices_.AnyText() : choices_.OneOf(kPasted), user);
+        return Paste(texts_ == Texts::Any && choices_.Below(3) == 0 ? choices_.AnyText() : choices_.OneOf(kPasted),
+                     user);
       case 5:
-        return Type(OfKeyboards(choices_.AnyText()), form, user);
+        return Type(texts_ == Texts::Any ? OfKeyboards(choices_.AnyText()) : choices_.OneOf(kTyped), form, user);
       case 6:
         return PressEditorKey(user);
       case 7:
@@ -256,6 +260,7 @@ class ArbitraryUser {
 
   Choices& choices_;
   std::function<void(const std::string& act)> tell_;
+  Texts texts_;
 };
 
 }  // namespace fiscalon

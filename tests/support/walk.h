@@ -20,12 +20,17 @@
 
 namespace fiscalon {
 
+struct WalkSettings {
+  /// Called as the form comes up.
+  std::function<void()> begins = [] {};
+  Texts texts = Texts::Any;
+};
+
 /// A walk over a form, by choices, and a protocol of what was done and what was seen.
 class Walk {
  public:
-  Walk(
-      unsigned seed, size_t choices, std::function<void()> begins = [] {})
-      : bytes_(RandomBytes(seed, choices)), begins_(std::move(begins)) {}
+  Walk(unsigned seed, size_t choices, WalkSettings settings = {})
+      : bytes_(RandomBytes(seed, choices)), begins_(std::move(settings.begins)), texts_(settings.texts) {}
   Walk(const Walk&) = delete;
   Walk& operator=(const Walk&) = delete;
 
@@ -113,8 +118,9 @@ class Walk {
 
   const std::string bytes_;
   const std::function<void()> begins_;
+  const Texts texts_;
   Choices choices_{bytes_};
-  ArbitraryUser walker_{choices_, [this](const std::string& act) { Note(act); }};
+  ArbitraryUser walker_{choices_, [this](const std::string& act) { Note(act); }, texts_};
   std::vector<std::string> protocol_;
 };
 
@@ -147,10 +153,9 @@ inline std::vector<std::string> AllForms() {
   return forms;
 }
 
-/// Walks over one form through both front ends at once: what is done and seen must be the same. `begins` is called as
-/// the form comes up by the one that is shown.
-inline void WalkOverForm(
-    DrivenToolkit& played, const std::string& form, unsigned walks, const std::function<void()>& begins = [] {}) {
+/// Walks over one form through both front ends at once: what is done and seen must be the same.
+inline void WalkOverForm(DrivenToolkit& played, const std::string& form, unsigned walks,
+                         const WalkSettings& settings = {}) {
   constexpr size_t kChoices = 90;
   const std::vector<GoodSession> screens = ScreensOf(form);
   ASSERT_FALSE(screens.empty());
@@ -158,8 +163,8 @@ inline void WalkOverForm(
   unsigned accepted = 0;
   for (unsigned seed = 1; seed <= walks; ++seed) {
     const GoodSession& screen = screens[seed % screens.size()];
-    const std::vector<std::string> protocol = Walk(seed, kChoices).At(scripted, screen);
-    const std::string difference = Difference(protocol, Walk(seed, kChoices, begins).At(played, screen));
+    const std::vector<std::string> protocol = Walk(seed, kChoices, {.texts = settings.texts}).At(scripted, screen);
+    const std::string difference = Difference(protocol, Walk(seed, kChoices, settings).At(played, screen));
     ASSERT_TRUE(difference.empty()) << difference << "\nscreen " << screen.code << ", seed " << seed;
     accepted += std::find(protocol.begin(), protocol.end(), "True") == protocol.end() ? 0 : 1;
   }
@@ -168,16 +173,16 @@ inline void WalkOverForm(
 }
 
 /// The same over a form with every kind of control.
-inline void WalkOverEveryKind(DrivenToolkit& played, unsigned walks) {
+inline void WalkOverEveryKind(DrivenToolkit& played, unsigned walks, const WalkSettings& settings = {}) {
   constexpr size_t kChoices = 240;
   constexpr unsigned kTold = 100;
   ScriptedToolkit scripted;
   std::string everything;
   for (unsigned seed = 1; seed <= walks; ++seed) {
     BusyForm form;
-    const std::vector<std::string> protocol = Walk(seed, kChoices).At(scripted, form);
+    const std::vector<std::string> protocol = Walk(seed, kChoices, {.texts = settings.texts}).At(scripted, form);
     BusyForm shown;
-    const std::string difference = Difference(protocol, Walk(seed, kChoices).At(played, shown));
+    const std::string difference = Difference(protocol, Walk(seed, kChoices, settings).At(played, shown));
     ASSERT_TRUE(difference.empty()) << difference << "\nseed " << seed;
     if (seed <= kTold)
       for (const std::string& line : protocol) everything += line + "\n";

@@ -9,8 +9,9 @@ WineSettings() {
   local root
   root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
   export WINEPREFIX=${WINE_PREFIX:-$root/build/wine}
-  # Two are large, and wanted for programs of other kinds; the third would enter programs into the user's own menus.
-  export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=' WINEDEBUG=${WINEDEBUG:--all}
+  # Two are large, and wanted for programs of other kinds; the third would enter programs into the user's own menus; the
+  # last would hold on to a program that crashes.
+  export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=;winedbg.exe=' WINEDEBUG=${WINEDEBUG:--all}
   # File names are UTF-8, and the locale is English (United States).
   export LC_ALL=C.UTF-8
   unset DISPLAY WAYLAND_DISPLAY

@@ -18,7 +18,8 @@ class QtFrontEndOnEachForm : public testing::TestWithParam<std::string> {};
 TEST_P(QtFrontEndOnEachForm, DoesWhatTheScriptedOneDoes) {
   PlayedQtToolkit played;
   // Nobody watches, so nothing need be painted.
-  WalkOverForm(played, GetParam(), IsLong() ? 20'000 : 300, [&] { played.Dialog()->setUpdatesEnabled(false); });
+  WalkOverForm(played, GetParam(), IsLong() ? 20'000 : 300,
+               {.begins = [&] { played.Dialog()->setUpdatesEnabled(false); }});
 }
 
 INSTANTIATE_TEST_SUITE_P(AllForms, QtFrontEndOnEachForm, testing::ValuesIn(AllForms()),
