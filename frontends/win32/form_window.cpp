@@ -32,6 +32,27 @@ RECT RoomBeside(HWND window) {
   return monitor.rcWork;
 }
 
+/// Gives a window its size, with a frame around what it holds, and a place on the screen.
+void PlaceWindow(HWND window, SIZE client, SIZE frame) {
+  const HWND owner = ::GetWindow(window, GW_OWNER);
+  const RECT room = RoomBeside(owner == nullptr ? window : owner);
+  SIZE size = {client.cx + frame.cx, client.cy + frame.cy};
+  if (size.cy > room.bottom - room.top) {
+    size.cy = room.bottom - room.top;
+    size.cx += ::GetSystemMetrics(SM_CXVSCROLL);
+  }
+  // In the middle of the owner, and on the screen. A window that is up grows to the right and downwards.
+  RECT middle = room;
+  if (owner != nullptr && ::IsIconic(owner) == FALSE)
+    ::GetWindowRect(owner, &middle);
+  POINT corner = {(middle.left + middle.right - size.cx) / 2, (middle.top + middle.bottom - size.cy) / 2};
+  if (RECT current = {}; ::IsWindowVisible(window) != FALSE && ::GetWindowRect(window, &current) != FALSE)
+    corner = {current.left, current.top};
+  ::SetWindowPos(window, nullptr, std::max(room.left, std::min(corner.x, room.right - size.cx)),
+                 std::max(room.top, std::min(corner.y, room.bottom - size.cy)), size.cx, size.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form, HWND owner, ActWatcher* watcher, int dotsPerInch)
@@ -202,23 +223,15 @@ void FormWindow::FitWindow(SIZE client) {
     return;
   client_ = client;
   const RECT around = WindowAround(wanted, kStyle, kExtendedStyle, fonts_->DotsPerInch());
-  const HWND owner = ::GetWindow(window_, GW_OWNER);
-  const RECT room = RoomBeside(owner == nullptr ? window_ : owner);
-  SIZE size = {around.right - around.left, around.bottom - around.top};
-  if (size.cy > room.bottom - room.top) {
-    size.cy = room.bottom - room.top;
-    size.cx += ::GetSystemMetrics(SM_CXVSCROLL);
-  }
-  // In the middle of the owner, and on the screen. A window that is up grows to the right and downwards.
-  RECT middle = room;
-  if (owner != nullptr && ::IsIconic(owner) == FALSE)
-    ::GetWindowRect(owner, &middle);
-  POINT corner = {(middle.left + middle.right - size.cx) / 2, (middle.top + middle.bottom - size.cy) / 2};
-  if (RECT current = {}; ::IsWindowVisible(window_) != FALSE && ::GetWindowRect(window_, &current) != FALSE)
-    corner = {current.left, current.top};
-  ::SetWindowPos(window_, nullptr, std::max(room.left, std::min(corner.x, room.right - size.cx)),
-                 std::max(room.top, std::min(corner.y, room.bottom - size.cy)), size.cx, size.cy,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+  const SIZE frame = {around.right - around.left - client.cx, around.bottom - around.top - client.cy};
+  PlaceWindow(window_, client, frame);
+  // The frame is what it is, whatever the system has said beforehand.
+  RECT whole = {}, inside = {};
+  ::GetWindowRect(window_, &whole);
+  ::GetClientRect(window_, &inside);
+  const SIZE real = {whole.right - whole.left - inside.right, whole.bottom - whole.top - inside.bottom};
+  if (real.cx != frame.cx || real.cy != frame.cy)
+    PlaceWindow(window_, client, real);
 }
 
 void FormWindow::PlaceControls(const std::map<const Control*, RECT>& places, POINT corner) {

@@ -92,6 +92,20 @@ TEST_F(Windows, HaveScaleAndMeasuresOfTheirOwn) {
   form.ShowModal(large);
 }
 
+TEST_F(Windows, HoldAllWithoutAScrollBarWhereTheFrameIsAnotherThanForetold) {
+  // A system draws the frame at the scale of the screen, which is not that of these forms.
+  for (const int dotsPerInch : {72, 96}) {
+    PlayedWin32Toolkit scaled(dotsPerInch);
+    bool isSeen = false;
+    scaled.onForm = [&](Form&, UserDriver&) {
+      isSeen = true;
+      EXPECT_FALSE(HasStyle(::GetParent(In(*scaled.Window(), form.txtPeriod)), WS_VSCROLL)) << dotsPerInch;
+    };
+    form.ShowModal(scaled);
+    EXPECT_TRUE(isSeen);
+  }
+}
+
 TEST_F(Windows, ShadeAndLockWhatTheFormLocks) {
   Show(form, [&](FormWindow& window, UserDriver& user) {
     EXPECT_TRUE(HasStyle(In(window, form.txtPayee), ES_READONLY));
