@@ -14,9 +14,9 @@
 #include "core/session.h"
 #include "frontends/played/host_properties.h"
 #include "frontends/played/session_recorder.h"
+#include "tools/fiscalon/forms_front_end.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/payment_advice.h"
-#include "tools/fiscalon/forms_front_end.h"
 #include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/whole_file.h"
 

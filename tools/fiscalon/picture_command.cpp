@@ -1,9 +1,9 @@
 #include "tools/fiscalon/picture_command.h"
 
 #include "frontends/played/scenario_player.h"
+#include "tools/fiscalon/forms_front_end.h"
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/option_names.h"
-#include "tools/fiscalon/forms_front_end.h"
 #include "tools/fiscalon/screen_code.h"
 #include "tools/fiscalon/whole_file.h"
 

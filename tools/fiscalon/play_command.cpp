@@ -6,10 +6,10 @@
 #include "core/platform/utf8_path.h"
 #include "frontends/played/scenario_player.h"
 #include "frontends/scripted/scripted_toolkit.h"
+#include "tools/fiscalon/forms_front_end.h"
 #include "tools/fiscalon/input_file.h"
 #include "tools/fiscalon/narrator.h"
 #include "tools/fiscalon/option_names.h"
-#include "tools/fiscalon/forms_front_end.h"
 #include "tools/fiscalon/transcript.h"
 #include "tools/fiscalon/visible_text.h"
 

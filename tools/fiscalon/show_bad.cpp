@@ -12,7 +12,6 @@
 #include "tools/fiscalon/record_taker.h"
 #include "tools/fiscalon/terminal.h"
 #include "tools/fiscalon/validate_batch.h"
-#include "tools/fiscalon/terminal.h"
 #include "tools/fiscalon/visible_text.h"
 #include "validation/batch.h"
 
