@@ -116,8 +116,8 @@ void GENERICFORM::Box_KeyPress(int index, int& character) {
   Capitalize(character);
   if (character != key::kEnter || index >= boxCount_ || !RequiredBoxPasses(index))
     return;
-  Control& next = index + 1 < boxCount_ ? static_cast<Control&>(Box[index + 1]) : Command3D6;
-  ResumeNext::Run([&] { next.SetFocus(); });
+  Control* const next = index + 1 < boxCount_ ? static_cast<Control*>(&Box[index + 1]) : &Command3D6;
+  ResumeNext::Run([&] { next->SetFocus(); });
 }
 
 void GENERICFORM::Command3D6_Click() {

@@ -50,8 +50,7 @@ class TextOutput : public ShownOutput {
 /// One document, a record on each of its lines. Until it is whole it is no JSON.
 class JsonOutput : public ShownOutput {
  public:
-  JsonOutput(const std::string& name, const LaunchRow* screen) {
-    heading_ = "{\n  \"file\": ";
+  JsonOutput(const std::string& name, const LaunchRow* screen) : heading_("{\n  \"file\": ") {
     AppendJsonString(heading_, name);
     heading_ += ",\n  \"screen\": ";
     if (screen == nullptr)
