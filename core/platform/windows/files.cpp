@@ -8,14 +8,13 @@
 
 #include "core/platform/code_page.h"
 #include "core/platform/runtime_error.h"
+#include "core/platform/windows/file_trouble.h"
 #include "core/platform/windows/system_path.h"
 
 namespace fiscalon {
 
 namespace {
 
-/// `ERROR_DISK_QUOTA_EXCEEDED`, which not all headers have.
-constexpr DWORD kDiskQuotaExceeded = 1295;
 constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 /// The path as the system takes it; a NUL inside would silently name another file.
@@ -41,43 +40,20 @@ bool LeadsThroughAFile(std::string_view path) {
 }
 
 [[noreturn]] void RaiseWriteError(DWORD systemError) {
-  switch (systemError) {
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-    case kDiskQuotaExceeded:
-      Raise(error_number::kDiskFull);
-    default:
-      Raise(error_number::kPathFileAccessError);
-  }
+  Raise(TroubleOf(systemError) == FileTrouble::DiskFull ? error_number::kDiskFull : error_number::kPathFileAccessError);
 }
 
 [[noreturn]] void RaiseOpenError(DWORD systemError, std::string_view path) {
-  switch (systemError) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_DIRECTORY:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
-      Raise(path.empty() ? error_number::kPathFileAccessError : error_number::kPathNotFound);
-    default:
-      RaiseWriteError(systemError);
-  }
+  if (TroubleOf(systemError) == FileTrouble::NothingThere && !path.empty())
+    Raise(error_number::kPathNotFound);
+  RaiseWriteError(systemError);
 }
 
 [[noreturn]] void RaiseDeleteError(DWORD systemError, std::string_view path) {
-  switch (systemError) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_DIRECTORY:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
+  switch (TroubleOf(systemError)) {
+    case FileTrouble::NothingThere:
       Raise(LeadsThroughAFile(path) ? error_number::kPathNotFound : error_number::kFileNotFound);
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-    case ERROR_WRITE_PROTECT:
+    case FileTrouble::Refused:
       Raise(error_number::kPermissionDenied);
     default:
       Raise(error_number::kPathFileAccessError);

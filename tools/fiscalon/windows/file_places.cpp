@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "core/platform/utf8_path.h"
+#include "core/platform/windows/file_trouble.h"
 #include "core/platform/windows/system_path.h"
 #include "core/platform/windows/wide_text.h"
 
@@ -29,31 +30,21 @@ struct HandleCloser {
 using Handle = std::unique_ptr<HANDLE, HandleCloser>;
 
 int ReasonOf(DWORD systemError) {
-  switch (systemError) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_DIRECTORY:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
+  switch (TroubleOf(systemError)) {
+    case FileTrouble::NothingThere:
       return ENOENT;
-    case ERROR_ALREADY_EXISTS:
-    case ERROR_FILE_EXISTS:
+    case FileTrouble::NameTaken:
       return EEXIST;
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-    case ERROR_WRITE_PROTECT:
+    case FileTrouble::Refused:
       return EACCES;
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
+    case FileTrouble::DiskFull:
       return ENOSPC;
-    case ERROR_INVALID_NAME:
-    case ERROR_FILENAME_EXCED_RANGE:
+    case FileTrouble::BadName:
       return EINVAL;
-    default:
-      return EIO;
+    case FileTrouble::Other:
+      break;
   }
+  return EIO;
 }
 
 /// The result of a call of the system, with its reason in `errno` where it failed.
