@@ -166,11 +166,8 @@ class Collecting {
 
   void PrepareModule(Toolkit& toolkit) {
     UseToolkit(&toolkit);
-    TheModule().locale = context_.SpokenLocale();
-    const DateTime now = context_.today.value_or(TheModule().clock->Now());
-    if (context_.today)
-      TheModule().clock = std::make_shared<FixedClock>(now);
-    recorder_.Today(now);
+    context_.SetUpModule();
+    recorder_.Today(TheModule().clock->Now());
     recorder_.UsesLocale(LocaleToRecord());
   }
 

@@ -2,7 +2,9 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <memory>
 
+#include "core/module_state.h"
 #include "tools/fiscalon/terminal.h"
 
 namespace fiscalon {
@@ -23,6 +25,12 @@ std::string Paint::In(std::string_view code, std::string_view text) const {
 
 Locale Context::SpokenLocale() const {
   return *NamedLocale(localeName.empty() ? "system" : localeName);
+}
+
+void Context::SetUpModule() const {
+  TheModule().locale = SpokenLocale();
+  if (today)
+    TheModule().clock = std::make_shared<FixedClock>(*today);
 }
 
 bool ColourIsWanted() {

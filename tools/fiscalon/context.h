@@ -60,6 +60,8 @@ struct Context {
 
   /// The locale in which the command speaks: --locale, or the user's own.
   Locale SpokenLocale() const;
+  /// Gives the module that locale, and the clock of --today.
+  void SetUpModule() const;
 };
 
 /// Whether standard output is a terminal that is to be written to in colour. NO_COLOR, not empty, says no.

@@ -1,8 +1,6 @@
 #include "tools/fiscalon/show_bad.h"
 
-#include <algorithm>
 #include <memory>
-#include <thread>
 
 #include "core/platform/code_page.h"
 #include "core/records/record_line.h"
@@ -74,8 +72,7 @@ ExitStatus ShowBadPayments(const ShowBadOptions& options, const Context& context
     output->Begin();
     try {
       BadPayments listener(*output, picks);
-      const unsigned jobs = std::max(1u, std::thread::hardware_concurrency());
-      const BatchProgress counts = ValidateBatch(payments, records, jobs, listener);
+      const BatchProgress counts = ValidateBatch(payments, records, UsualJobs(), listener);
       output->Say(Counted(counts.payments, "payment") + ", " + std::to_string(counts.invalid) + " invalid");
       output->End(ShownOutput::Picked::Some);
       return counts.invalid == 0 ? ExitStatus::Done : ExitStatus::Invalid;

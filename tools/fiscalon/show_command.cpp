@@ -4,7 +4,6 @@
 #include <optional>
 #include <utility>
 
-#include "core/module_state.h"
 #include "tools/fiscalon/interrupt_watch.h"
 #include "tools/fiscalon/line_reader.h"
 #include "tools/fiscalon/option_names.h"
@@ -134,9 +133,7 @@ ExitStatus ShowFile(const ShowOptions& options, const Context& context) {
   if (options.badOnly && options.screen)
     throw UsageError("--bad-only takes the screens from --payments: leave out --screen");
   const LaunchRow* screen = options.screen ? &ScreenOf(*options.screen) : nullptr;
-  TheModule().locale = context.SpokenLocale();
-  if (context.today)
-    TheModule().clock = std::make_shared<FixedClock>(*context.today);
+  context.SetUpModule();
   if (options.badOnly)
     return ShowBadPayments({options.payments, options.file, FormOf(options), options.picks}, context);
   return Show(options, screen, context).Run();

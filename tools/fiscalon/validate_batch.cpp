@@ -1,8 +1,10 @@
 #include "tools/fiscalon/validate_batch.h"
 
+#include <algorithm>
 #include <charconv>
 #include <iostream>
 #include <memory>
+#include <thread>
 
 #include "core/records/record_line.h"
 #include "tools/fiscalon/visible_text.h"
@@ -67,6 +69,10 @@ ExitStatus Judge(ByteSource& payments, ByteSource& records, const BatchOptions& 
 }
 
 }  // namespace
+
+unsigned UsualJobs() {
+  return std::max(1u, std::thread::hardware_concurrency());
+}
 
 ExitStatus ValidateBatchFiles(BatchOptions options, const Context& context) {
   options.outputs.withHeader = options.part.number == 1;

@@ -10,13 +10,16 @@
 
 namespace fiscalon {
 
+/// As many threads as there are cores.
+unsigned UsualJobs();
+
 /// What `fiscalon validate` is told of a batch.
 struct BatchOptions {
   std::string payments = {};
   std::string records = {};
   BatchOutputs outputs = {};
   BatchPart part = {};
-  unsigned jobs = 1;
+  unsigned jobs = UsualJobs();
 };
 
 /// Judges a batch, writes what is wanted and prints the summary. What is wrong with the files is complained of.

@@ -1,13 +1,10 @@
 #include "tools/fiscalon/validate_command.h"
 
-#include <algorithm>
 #include <charconv>
 #include <iostream>
 #include <memory>
 #include <optional>
-#include <thread>
 
-#include "core/module_state.h"
 #include "core/platform/code_page.h"
 #include "core/records/record_line.h"
 #include "tools/fiscalon/interrupt_watch.h"
@@ -127,9 +124,7 @@ ExitStatus Validate(const ValidateOptions& options, const Context& context) {
     throw UsageError("--report, --faults, --good, --bad, --json-lines, --max-bad and --part go with a batch");
   if (batch.outputs.asJson && (batch.outputs.report + batch.outputs.faults).empty())
     throw UsageError("--json-lines says how --report and --faults are written: give one of them");
-  TheModule().locale = context.SpokenLocale();
-  if (context.today)
-    TheModule().clock = std::make_shared<FixedClock>(*context.today);
+  context.SetUpModule();
   return isBatch ? ValidateBatchFiles(batch, context) : ValidatePayment(options, context);
 }
 
@@ -153,7 +148,6 @@ void AddValidateCommand(CLI::App& app, Context& context) {
   command->footer(kExamples);
   const auto options = std::make_shared<ValidateOptions>();
   BatchOptions* const batch = &options->batch;
-  batch->jobs = std::max(1u, std::thread::hardware_concurrency());
   command->add_option("FILE", options->file, "The records of one payment; - is standard input")->check(NameGiven);
   command->add_option("--screen", options->screen, "The payment's screen: 03 or 20")->type_name("CODE");
   command->add_option("--amount", options->amount, "The payment's amount in cents")->type_name("CENTS");

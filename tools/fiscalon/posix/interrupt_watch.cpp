@@ -14,7 +14,6 @@ namespace fiscalon {
 namespace {
 
 volatile std::sig_atomic_t interrupted = 0;
-int watches = 0;
 
 /// The names of the files to take away, where a signal handler finds them. One that is too long for its place is no
 /// name that the system takes.
@@ -81,16 +80,6 @@ void Unwatch(int signal) {
 
 bool IsInterrupted() {
   return interrupted != 0;
-}
-
-InterruptWatch::InterruptWatch() {
-  if (watches++ == 0)
-    Begin();
-}
-
-InterruptWatch::~InterruptWatch() {
-  if (--watches == 0)
-    End();
 }
 
 void InterruptWatch::Begin() {

@@ -11,7 +11,6 @@ namespace fiscalon {
 namespace {
 
 std::atomic<bool> interrupted = false;
-int watches = 0;
 
 /// Runs on a thread of its own. Whoever presses Ctrl+C or Ctrl+Break waits for the program to end in order; where the
 /// console goes, the program goes when this returns, so it doesn't: the system allows some seconds.
@@ -26,16 +25,6 @@ BOOL WINAPI NoteInterrupt(DWORD event) {
 
 bool IsInterrupted() {
   return interrupted;
-}
-
-InterruptWatch::InterruptWatch() {
-  if (watches++ == 0)
-    Begin();
-}
-
-InterruptWatch::~InterruptWatch() {
-  if (--watches == 0)
-    End();
 }
 
 void InterruptWatch::Begin() {
