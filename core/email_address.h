@@ -14,7 +14,8 @@ bool IsValidEmail(std::string_view text, std::string& message, Required required
 
 /// Whether the whole text is an address by
 /// ^[a-z0-9!#$%&'*+/=?^_`{|}~-]+(?:\.[a-z0-9!#$%&'*+/=?^_`{|}~-]+)*@(?:[a-z0-9](?:[a-z0-9-]*[a-z0-9])?\.)+[a-z0-9](?:[a-z0-9-]*[a-z0-9])?$
-/// without regard to case. Takes one look at each character, so that no text can hold a form up.
+/// without regard to case. Takes one look at each character, so that no text can hold a form up
+/// (docs/decisions/0005-e-mail-by-a-hand-written-matcher.md).
 bool IsEmailAddress(std::string_view text);
 
 }  // namespace fiscalon

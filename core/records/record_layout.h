@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// Where the fields of a PC4 record lie. Each kind has one table; writing, cutting, checking and naming go
-/// by it, and no column number stands anywhere else.
+/// by it, and no column number stands anywhere else (docs/decisions/0004-records-as-constexpr-layout-tables.md).
 namespace fiscalon {
 
 /// How a field gets its width when a record is written.

@@ -14,7 +14,8 @@ namespace fiscalon {
 /// the locale's form of an amount. Halves round away from zero; a minus comes before everything else, and stays
 /// where the digits round to zero ("-0.00"). Of a float 15 significant digits count, and its own minus zero has
 /// no sign. Where the decimal separator is not ".", a float whose `NumberText` is a broken number with an
-/// exponent comes back as that text. Error 6 for infinities and for what is no number.
+/// exponent comes back as that text. Error 6 for infinities and for what is no number. Why floats and `Money` are
+/// rounded in two ways: docs/decisions/0006-rounding-of-format-and-money.md.
 std::string Format(double value, std::string_view pattern, const Locale& locale);
 std::string Format(Money value, std::string_view pattern, const Locale& locale);
 

@@ -179,5 +179,38 @@ class Commands(unittest.TestCase):
         self.assertLessEqual({"generate", "play", "validate"}, set(ran))
 
 
+class MapOfTheTree(unittest.TestCase):
+    """The table of folders in README.md."""
+
+    def setUp(self):
+        rows = re.findall(r"(?m)^\| (`.*?`) \|(.*)\|$", (TREE / "README.md").read_text(encoding="utf-8"))
+        self.rows = {folder: says for cell, says in rows for folder in re.findall(r"`([\w.]+)/`", cell)}
+
+    def test_has_every_folder(self):
+        # Builds, what git keeps, and what editors leave are no folders of the tree.
+        ignored = {line.strip("/") for line in (TREE / ".gitignore").read_text(encoding="utf-8").splitlines()} | {".git", "__pycache__"}
+        folders = {each.name for each in TREE.iterdir() if each.is_dir()} - ignored
+        self.assertEqual(folders & {"core", "frontends", "screens"}, {"core", "frontends", "screens"})
+        self.assertEqual(folders - set(self.rows), set(), "README.md does not say what is in them")
+        self.assertEqual(set(self.rows) - folders, set(), "README.md tells of folders that are not there")
+
+    def test_has_every_front_end(self):
+        for folder in (TREE / "frontends").iterdir():
+            if folder.is_dir():
+                self.assertIn(f"`{folder.name}/`", self.rows["frontends"])
+
+
+class Decisions(unittest.TestCase):
+    def test_are_linked_where_the_question_comes_up(self):
+        folder = TREE / "docs/decisions"
+        texts = [file for top in ("core", "frontends", "screens", "tools", "validation", "docs") for file in (TREE / top).rglob("*")
+                 if file.suffix in (".h", ".cpp", ".md") and file.parent != folder] + [TREE / "CONTRIBUTING.md"]
+        said = "\n".join(file.read_text(encoding="utf-8") for file in texts)
+        pages = sorted(folder.glob("*.md"))
+        self.assertTrue(pages)
+        for page in pages:
+            self.assertIn(f"decisions/{page.name}", said, "no text leads there")
+
+
 if __name__ == "__main__":
     unittest.main()

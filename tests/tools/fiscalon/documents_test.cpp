@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <regex>
 #include <set>
 
@@ -64,9 +65,13 @@ TEST_F(Documents, ManPagesAreWellFormed) {
 
 TEST_F(Documents, ManPagesBearTheVersion) {
   const std::string version = Run("fiscalon --version").out;
-  for (const char* page :
-       {"fiscalon", "fiscalon-screens", "fiscalon-collect", "fiscalon-play", "fiscalon-show", "fiscalon-picture"})
+  std::size_t pages = 0;
+  for (const auto& file : std::filesystem::directory_iterator(kMan)) {
+    const std::string page = file.path().stem().string();
     EXPECT_THAT(ManPage(page), HasSubstr("\"" + version.substr(0, version.size() - 1) + "\"")) << page;
+    ++pages;
+  }
+  EXPECT_GT(pages, Commands().size());
 }
 
 /// A shell, and a script that prints what its completion offers behind the words that stand for @.
