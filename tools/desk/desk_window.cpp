@@ -13,7 +13,7 @@
 #include "tools/desk/payment_panel.h"
 #include "tools/desk/result_panel.h"
 #include "tools/desk/screen_list.h"
-#include "tools/fiscalon/payment_advice.h"
+#include "tools/reading/payment_advice.h"
 
 namespace fiscalon {
 namespace {

@@ -5,7 +5,7 @@
 #include <QLabel>
 
 #include "frontends/qt/qt_text.h"
-#include "tools/fiscalon/payment_advice.h"
+#include "tools/reading/payment_advice.h"
 
 namespace fiscalon {
 namespace {

@@ -12,8 +12,8 @@
 
 #include "core/module_state.h"
 #include "frontends/qt/qt_text.h"
-#include "tools/fiscalon/field_remark.h"
-#include "tools/fiscalon/visible_text.h"
+#include "tools/reading/field_remark.h"
+#include "tools/reading/visible_text.h"
 
 namespace fiscalon {
 namespace {

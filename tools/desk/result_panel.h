@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/platform/runtime_error.h"
-#include "tools/fiscalon/shown_record.h"
+#include "tools/reading/shown_record.h"
 
 namespace fiscalon {
 

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "core/module_state.h"
-#include "tools/fiscalon/terminal.h"
+#include "tools/fiscalon/files/terminal.h"
 
 namespace fiscalon {
 namespace {

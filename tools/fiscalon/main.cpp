@@ -4,18 +4,18 @@
 #include <new>
 
 #include "frontends/played/argument_kinds.h"
-#include "tools/fiscalon/collect_command.h"
-#include "tools/fiscalon/generate_command.h"
-#include "tools/fiscalon/interrupt_watch.h"
+#include "tools/fiscalon/commands/collect_command.h"
+#include "tools/fiscalon/commands/generate_command.h"
+#include "tools/fiscalon/commands/picture_command.h"
+#include "tools/fiscalon/commands/play_command.h"
+#include "tools/fiscalon/commands/screens_command.h"
+#include "tools/fiscalon/commands/show_command.h"
+#include "tools/fiscalon/commands/validate_command.h"
+#include "tools/fiscalon/files/interrupt_watch.h"
+#include "tools/fiscalon/files/standard_output.h"
 #include "tools/fiscalon/nearest.h"
 #include "tools/fiscalon/option_names.h"
-#include "tools/fiscalon/picture_command.h"
-#include "tools/fiscalon/play_command.h"
 #include "tools/fiscalon/program_start.h"
-#include "tools/fiscalon/screens_command.h"
-#include "tools/fiscalon/show_command.h"
-#include "tools/fiscalon/standard_output.h"
-#include "tools/fiscalon/validate_command.h"
 
 namespace fiscalon {
 namespace {

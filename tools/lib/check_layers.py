@@ -64,8 +64,14 @@ STANDARD = set(
 )
 # What differs between systems lies in folders of one system each. Nothing else calls a system, takes from such a folder,
 # or asks which system it is on: CMake takes the right one.
-POSIX_FOLDERS = ("core/platform/posix/", "tools/fiscalon/posix/")
-WINDOWS_FOLDERS = ("core/platform/windows/", "tools/fiscalon/windows/", "frontends/win32/", "component/")
+POSIX_FOLDERS = ("core/platform/posix/", "tools/fiscalon/posix/", "tools/fiscalon/files/posix/")
+WINDOWS_FOLDERS = (
+    "core/platform/windows/",
+    "tools/fiscalon/windows/",
+    "tools/fiscalon/files/windows/",
+    "frontends/win32/",
+    "component/",
+)
 POSIX = re.compile(r"(sys/\w+|dirent|fcntl|langinfo|unistd)\.h")
 WINDOWS = re.compile(r"(sys/\w+|fcntl|io|windows)\.h")
 ASKS_WHICH_SYSTEM = re.compile(r"^\s*#\s*(?:el)?if.*(?:\b_?WIN(?:32|64)\b|__linux|__unix|__APPLE__|__MINGW|__has_include)")

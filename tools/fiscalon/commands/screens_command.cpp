@@ -1,0 +1,40 @@
+#include "tools/fiscalon/commands/screens_command.h"
+
+#include <iomanip>
+#include <iostream>
+
+#include "core/launch.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr const char* kExamples = R"(Examples:
+  fiscalon screens
+  fiscalon screens | grep Quebec
+
+A form that is not "here" is not part of this version; showing its screen is an error.)";
+
+void PrintScreens(const Context& context) {
+  size_t formWidth = 0;
+  for (const LaunchRow& row : LaunchTable()) formWidth = std::max(formWidth, row.form.size());
+  const auto line = [&](std::string_view code, std::string_view form, std::string_view here,
+                        std::string_view collects) {
+    std::ostringstream text;
+    text << std::left << std::setw(4) << code << "  " << std::setw(static_cast<int>(formWidth)) << form << "  "
+         << std::setw(4) << here << "  " << collects;
+    return text.str();
+  };
+  std::cout << context.paint.Heading(line("Code", "Form", "Here", "Collects")) << '\n';
+  for (const LaunchRow& row : LaunchTable())
+    std::cout << line(row.code, row.form, row.make == nullptr ? "no" : "yes", row.collects) << '\n';
+}
+
+}  // namespace
+
+void AddScreensCommand(CLI::App& app, Context& context) {
+  CLI::App* command = app.add_subcommand("screens", "List the screen codes, their forms and what each collects");
+  command->footer(kExamples);
+  command->callback([&context] { PrintScreens(context); });
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,155 @@
+#include "tools/fiscalon/commands/shown_json.h"
+
+#include <nlohmann/json.hpp>
+
+#include "core/values/text.h"
+#include "tools/reading/record_meaning.h"
+#include "tools/reading/visible_text.h"
+
+namespace fiscalon {
+namespace {
+
+using Json = nlohmann::json;
+
+std::string_view NameOf(Sense sense) {
+  switch (sense) {
+    case Sense::Blank:
+      return "blank";
+    case Sense::Text:
+      return "text";
+    case Sense::Cents:
+      return "cents";
+    case Sense::Dollars:
+      return "dollars";
+    case Sense::Digits:
+      return "digits";
+    case Sense::Count:
+      return "count";
+    case Sense::Date:
+      return "date";
+    case Sense::Month:
+      return "month";
+    case Sense::Year:
+      return "year";
+    case Sense::FieldNumber:
+      return "number";
+    case Sense::Missing:
+      return "missing";
+    case Sense::Wrong:
+      return "wrong";
+  }
+  return {};
+}
+
+/// Whether a text can stand in JSON as it is.
+bool StandsAsItIs(std::string_view text) {
+  // Every character is looked at, whatever was found before: compilers then take many at once.
+  bool stands = true;
+  for (const char character : text)
+    stands &= character >= ' ' && character < '\x7F' && character != '"' && character != '\\';
+  return stands;
+}
+
+void AppendQuoted(std::string& out, std::string_view text) {
+  out += '"';
+  out += text;
+  out += '"';
+}
+
+/// Appends a text of the code page.
+void AppendText(std::string& out, std::string_view text) {
+  if (StandsAsItIs(text))
+    return AppendQuoted(out, text);
+  std::string utf8;
+  AppendUtf8(utf8, text);
+  AppendJsonString(out, utf8);
+}
+
+void AppendMember(std::string& out, std::string_view name, uint64_t number) {
+  out.append(name);
+  AppendNumber(out, number);
+}
+
+/// `stands` is whether the whole record can stand in JSON as it is.
+void AppendField(std::string& out, const ShownRecord& record, const ShownField& field, bool stands) {
+  const std::string_view text = record.TextOf(field);
+  out.append(R"({"name":")").append(field.name);
+  AppendMember(out, R"(","from":)", static_cast<uint64_t>(field.from));
+  AppendMember(out, R"(,"to":)", static_cast<uint64_t>(field.to));
+  out += R"(,"text":)";
+  if (stands)
+    AppendQuoted(out, text);
+  else
+    AppendText(out, text);
+  out.append(R"(,"sense":")").append(NameOf(field.sense)).append(R"(","meaning":)");
+  if (field.sense == Sense::Text && !stands) {
+    AppendText(out, Trim(text));
+  } else {
+    // Numbers, dates and names of fields need no escape.
+    out += '"';
+    AppendMeaning(out, field, text);
+    out += '"';
+  }
+  out += '}';
+}
+
+/// Columns are null for what concerns the record as a whole.
+void AppendNote(std::string& out, const Note& note) {
+  if (note.from > 0) {
+    AppendMember(out, R"({"from":)", static_cast<uint64_t>(note.from));
+    AppendMember(out, R"(,"to":)", static_cast<uint64_t>(note.to));
+  } else {
+    out += R"({"from":null,"to":null)";
+  }
+  out += R"(,"text":)";
+  AppendJsonString(out, note.text);
+  out += '}';
+}
+
+template <typename Things, typename AppendThing>
+void AppendList(std::string& out, std::string_view name, const Things& things, AppendThing&& append) {
+  out.append(name).append("[");
+  for (const auto& thing : things) {
+    append(thing);
+    out += ',';
+  }
+  if (!things.empty())
+    out.pop_back();
+  out += ']';
+}
+
+}  // namespace
+
+void AppendJsonString(std::string& out, std::string_view utf8) {
+  if (StandsAsItIs(utf8))
+    AppendQuoted(out, utf8);
+  else
+    out += Json(utf8).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+/// Kind and sequence are null for a line that is no record.
+void AppendJson(std::string& out, const ShownRecord& record) {
+  const char letter = static_cast<char>(record.kind);
+  AppendMember(out, R"({"line":)", record.number);
+  out += R"(,"kind":)";
+  if (record.isRecord)
+    AppendText(out, {&letter, 1});
+  else
+    out += "null";
+  out += R"(,"seq":)";
+  if (record.isRecord)
+    AppendText(out, record.Seq());
+  else
+    out += "null";
+  AppendMember(out, R"(,"length":)", record.length);
+  out += R"(,"text":)";
+  const bool stands = StandsAsItIs(record.record);
+  AppendText(out, record.record);
+  AppendList(out, R"(,"fields":)", record.fields,
+             [&](const ShownField& field) { AppendField(out, record, field, stands); });
+  AppendList(out, R"(,"problems":)", record.problems, [&](const Note& note) { AppendNote(out, note); });
+  AppendList(out, R"(,"oddities":)", record.oddities, [&](const Note& note) { AppendNote(out, note); });
+  out += '}';
+}
+
+}  // namespace fiscalon

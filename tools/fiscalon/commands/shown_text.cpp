@@ -1,0 +1,153 @@
+#include "tools/fiscalon/commands/shown_text.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "core/values/text.h"
+#include "tools/reading/visible_text.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr size_t kMostShown = 400;
+constexpr std::string_view kMargin = "    ";
+
+void Mark(std::string& marks, const std::vector<Note>& notes, char mark) {
+  for (const Note& note : notes)
+    for (int column = note.from; column > 0 && column <= note.to; ++column)
+      if (static_cast<size_t>(column) <= marks.size())
+        marks[static_cast<size_t>(column) - 1] = mark;
+}
+
+/// A line of as many columns as the record shows, with a mark under each column that something is odd about or wrong
+/// with.
+std::string MarksOf(const ShownRecord& record, size_t columns) {
+  if (record.oddities.empty() && record.problems.empty())
+    return {};
+  std::string marks(columns, ' ');
+  Mark(marks, record.oddities, '~');
+  Mark(marks, record.problems, '^');
+  return std::string(TrimRight(marks));
+}
+
+std::string PlaceOf(const Note& note) {
+  if (note.from == 0)
+    return "";
+  if (note.from == note.to)
+    return "column " + std::to_string(note.from) + ": ";
+  return "columns " + std::to_string(note.from) + "-" + std::to_string(note.to) + ": ";
+}
+
+std::string_view RulerTo(size_t columns) {
+  static const std::string ruler = Ruler(kMostShown);
+  return std::string_view(ruler).substr(0, columns);
+}
+
+/// A whole number of tens, so that each piece of the ruler ends with its label.
+size_t FoldAt(const std::optional<size_t>& width) {
+  constexpr size_t kStep = 10;
+  if (!width)
+    return kMostShown;
+  const size_t taken = kMargin.size() + 2;
+  return std::max(*width - std::min(*width, taken), kStep) / kStep * kStep;
+}
+
+/// "  11-28", at the right of seven columns.
+void AppendPlace(std::string& out, const ShownField& field) {
+  constexpr size_t kPlaceWidth = 7;
+  const size_t start = out.size();
+  AppendNumber(out, static_cast<uint64_t>(field.from));
+  out += '-';
+  AppendNumber(out, static_cast<uint64_t>(field.to));
+  const size_t width = out.size() - start;
+  out.insert(start, kPlaceWidth - std::min(kPlaceWidth, width), ' ');
+}
+
+}  // namespace
+
+RecordPrinter::RecordPrinter(const ShownStyle& style)
+    : style_(style), money_(style.locale), fold_(FoldAt(style.width)) {}
+
+void RecordPrinter::Append(std::string& out, const ShownRecord& record) const {
+  AppendHeading(out, record);
+  AppendRuled(out, record);
+  AppendFields(out, record);
+  for (const Note& problem : record.problems)
+    out.append(style_.paint.Bad(std::string(kMargin) + "! " + PlaceOf(problem) + problem.text)).append("\n");
+  for (const Note& oddity : record.oddities)
+    out.append(style_.paint.Aside(std::string(kMargin) + "~ " + PlaceOf(oddity) + oddity.text)).append("\n");
+  out += '\n';
+}
+
+void RecordPrinter::AppendHeading(std::string& out, const ShownRecord& record) const {
+  std::string heading(style_.countedAs);
+  heading += ' ';
+  AppendNumber(heading, record.number);
+  heading += ": ";
+  if (record.isInvoice) {
+    heading += "invoice";
+  } else if (!record.isRecord) {
+    heading += "no record";
+  } else {
+    const char letter = static_cast<char>(record.kind);
+    AppendVisible(heading, std::string_view(&letter, 1));
+    if (const std::string_view name = NameOf(record.kind); !name.empty())
+      heading.append(", ").append(name);
+    heading += ", sequence ";
+    AppendDotted(heading, record.Seq());
+  }
+  out.append(style_.paint.Heading(heading)).append("\n");
+}
+
+void RecordPrinter::AppendRuled(std::string& out, const ShownRecord& record) const {
+  const std::string_view text = std::string_view(record.record).substr(0, kMostShown);
+  const std::string_view ruler = RulerTo(text.size());
+  const std::string marks = MarksOf(record, text.size());
+  for (size_t from = 0; from < text.size(); from += std::min(fold_, text.size())) {
+    out.append(style_.paint.Aside(std::string(kMargin).append(" ").append(ruler.substr(from, fold_)))).append("\n");
+    out.append(kMargin).append("|");
+    AppendVisible(out, text.substr(from, fold_));
+    out += "|\n";
+    if (from < marks.size() && marks.find_first_not_of(' ', from) < from + fold_)
+      out.append(PaintMarks(std::string(kMargin) + " " + marks.substr(from, fold_))).append("\n");
+  }
+  if (record.length > kMostShown)
+    out.append(kMargin).append("... and ").append(Counted(record.length - kMostShown, "more character")).append("\n");
+}
+
+std::string RecordPrinter::PaintMarks(const std::string& marks) const {
+  return marks.find('^') == std::string::npos ? style_.paint.Aside(marks) : style_.paint.Bad(marks);
+}
+
+void RecordPrinter::AppendFields(std::string& out, const ShownRecord& record) const {
+  constexpr size_t kQuotes = 2;
+  size_t nameWidth = 0, textWidth = 0;
+  for (const ShownField& field : record.fields) {
+    if (!IsWorthALine(field))
+      continue;
+    nameWidth = std::max(nameWidth, field.name.size());
+    textWidth = std::max(textWidth, record.TextOf(field).size() + kQuotes);
+  }
+  for (const ShownField& field : record.fields) {
+    if (!IsWorthALine(field))
+      continue;
+    const std::string_view text = record.TextOf(field);
+    out += kMargin;
+    AppendPlace(out, field);
+    out.append("  ").append(field.name).append(nameWidth - field.name.size() + 2, ' ');
+    AppendDotted(out, text);
+    out.append(textWidth - text.size() - kQuotes + 2, ' ');
+    AppendRemark(out, field, text, money_);
+    out.resize(TrimRight(out).size());
+    out += '\n';
+  }
+}
+
+void PrintRecords(std::ostream& out, const std::vector<ShownRecord>& records, const ShownStyle& style) {
+  const RecordPrinter printer(style);
+  std::string text;
+  for (const ShownRecord& record : records) printer.Append(text, record);
+  out << text;
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "tools/fiscalon/commands/batch_desk.h"
+#include "tools/fiscalon/context.h"
+#include "validation/batch_part.h"
+
+namespace fiscalon {
+
+/// As many threads as there are cores.
+unsigned UsualJobs();
+
+/// What `fiscalon validate` is told of a batch.
+struct BatchOptions {
+  std::string payments = {};
+  std::string records = {};
+  BatchOutputs outputs = {};
+  BatchPart part = {};
+  unsigned jobs = UsualJobs();
+};
+
+/// Judges a batch, writes what is wanted and prints the summary. What is wrong with the files is complained of.
+ExitStatus ValidateBatchFiles(BatchOptions options, const Context& context);
+
+/// Runs a judge on the two files of a batch, "-" for standard input. What is wrong with the files is complained of.
+ExitStatus OnBatchFiles(const std::string& payments, const std::string& records,
+                        const std::function<ExitStatus(ByteSource& payments, ByteSource& records)>& judge);
+
+/// Reads a part such as "2/8". Nothing where it is none.
+std::optional<BatchPart> PartOf(const std::string& text);
+
+}  // namespace fiscalon

@@ -1,0 +1,134 @@
+#include "tools/fiscalon/files/file_places.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+
+namespace fiscalon {
+namespace {
+
+constexpr mode_t kNewFileMode = 0666;
+
+SeenFile Seen(const struct stat& status) {
+  const FileKind kind = S_ISREG(status.st_mode)   ? FileKind::File
+                        : S_ISDIR(status.st_mode) ? FileKind::Folder
+                                                  : FileKind::Device;
+  return {.kind = kind, .volume = status.st_dev, .number = status.st_ino};
+}
+
+std::optional<SeenFile> LookAtStream(int descriptor) {
+  struct stat status = {};
+  return ::fstat(descriptor, &status) == 0 ? std::optional(Seen(status)) : std::nullopt;
+}
+
+/// A stream of the descriptor, which is closed where there is none to be had.
+std::FILE* StreamOf(int descriptor) {
+  std::FILE* const file = descriptor < 0 ? nullptr : ::fdopen(descriptor, "wb");
+  if (file == nullptr && descriptor >= 0) {
+    const int reason = errno;
+    ::close(descriptor);
+    errno = reason;
+  }
+  return file;
+}
+
+}  // namespace
+
+std::optional<SeenFile> LookAt(const std::string& path) {
+  struct stat status = {};
+  if (::stat(path.c_str(), &status) == 0)
+    return Seen(status);
+  return errno == ENOENT ? std::optional(SeenFile{}) : std::nullopt;
+}
+
+std::optional<SeenFile> LookAtStandardInput() {
+  return LookAtStream(STDIN_FILENO);
+}
+
+std::optional<SeenFile> LookAtStandardOutput() {
+  return LookAtStream(STDOUT_FILENO);
+}
+
+bool NamesStandardOutput(const std::string& path) {
+  return path == "/dev/stdout" || path == "/dev/fd/1" || path == "/proc/self/fd/1";
+}
+
+std::optional<std::string> PlaceOf(const std::string& path) {
+  // As many links as the system follows.
+  constexpr int kMostLinks = 40;
+  std::filesystem::path place = path;
+  std::error_code error;
+  for (int links = 0; std::filesystem::is_symlink(place, error); ++links) {
+    const std::filesystem::path target = std::filesystem::read_symlink(place, error);
+    if (error || links == kMostLinks) {
+      errno = ELOOP;
+      return std::nullopt;
+    }
+    place = place.parent_path() / target;
+  }
+  return place.string();
+}
+
+bool IsSameName(const std::string& a, const std::string& b) {
+  const auto canonical = [](const std::string& name) {
+    std::error_code ignored;
+    return std::filesystem::weakly_canonical(std::filesystem::absolute(PlaceOf(name).value_or(name)), ignored);
+  };
+  return canonical(a) == canonical(b);
+}
+
+bool MayBeWritten(const std::string& path) {
+  return ::access(path.c_str(), W_OK) == 0;
+}
+
+std::FILE* CreateNew(const std::string& path) {
+  return StreamOf(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode));
+}
+
+std::FILE* OpenThere(const std::string& path) {
+  return StreamOf(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+}
+
+void GiveAccess(const std::string& older, std::FILE* newer) {
+  struct stat there = {};
+  if (::stat(older.c_str(), &there) != 0)
+    return;
+  [[maybe_unused]] const int given = ::fchown(::fileno(newer), there.st_uid, there.st_gid);
+  ::fchmod(::fileno(newer), there.st_mode & ~static_cast<mode_t>(S_IFMT));
+}
+
+bool FlushToDisk(std::FILE* file) {
+  // Some file systems have nothing to wait for.
+  return ::fsync(::fileno(file)) == 0 || errno == EINVAL || errno == ENOSYS || errno == EINTR;
+}
+
+bool MoveOver(const std::string& from, const std::string& to) {
+  return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+bool MoveUnlessTaken(const std::string& from, const std::string& to) {
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
+    return true;
+  // File systems that can't tell in one step are asked in two.
+  if (errno != EINVAL && errno != ENOSYS)
+    return false;
+  struct stat status = {};
+  if (::lstat(to.c_str(), &status) == 0) {
+    errno = EEXIST;
+    return false;
+  }
+  return MoveOver(from, to);
+}
+
+bool MoveAside(const std::string& from, const std::string& to) {
+  return ::link(from.c_str(), to.c_str()) == 0 || MoveOver(from, to);
+}
+
+bool Remove(const std::string& path) {
+  return ::unlink(path.c_str()) == 0;
+}
+
+}  // namespace fiscalon

@@ -1,0 +1,127 @@
+#include "tools/fiscalon/files/interrupt_watch.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdint>
+#include <utility>
+
+#include "tools/fiscalon/context.h"
+
+namespace fiscalon {
+namespace {
+
+volatile std::sig_atomic_t interrupted = 0;
+
+/// The names of the files to take away, where a signal handler finds them. One that is too long for its place is no
+/// name that the system takes.
+std::array<std::array<char, 4096>, 8> fleetingFiles = {};
+
+/// The mapped files and their names, for the same reason.
+struct MappedInput {
+  std::string file = {};
+  std::string_view bytes = {};
+};
+std::array<MappedInput, 2> mappedInputs = {};
+
+void NoteInterrupt(int) {
+  interrupted = 1;
+}
+
+/// A signal handler's way to complain.
+void Say(std::string_view text) {
+  [[maybe_unused]] const auto written = ::write(STDERR_FILENO, text.data(), text.size());
+}
+
+bool Holds(std::string_view bytes, const void* address) {
+  const auto start = reinterpret_cast<std::uintptr_t>(bytes.data());
+  const auto at = reinterpret_cast<std::uintptr_t>(address);
+  return at >= start && at - start < bytes.size();
+}
+
+void EndForShrunkenFile(int, siginfo_t* fault, void*) {
+  for (const auto& file : fleetingFiles) {
+    if (file[0] != '\0')
+      ::unlink(file.data());
+  }
+  Say("fiscalon: ");
+  for (const MappedInput& input : mappedInputs) {
+    if (Holds(input.bytes, fault->si_addr))
+      Say(input.file);
+  }
+  Say(": the file became shorter while it was read\n");
+  ::_exit(static_cast<int>(ExitStatus::Unusable));
+}
+
+/// The ways to end a program that a person, a terminal or a limit of time has.
+constexpr std::array kInterrupts = {SIGINT, SIGQUIT, SIGTERM, SIGHUP, SIGXCPU};
+
+/// Has an interrupt noted, unless whoever started the program wanted it ignored, as `nohup` does.
+void Watch(int signal) {
+  struct sigaction action = {};
+  ::sigaction(signal, nullptr, &action);
+  if (action.sa_handler == SIG_IGN)
+    return;
+  action = {};
+  action.sa_handler = NoteInterrupt;
+  ::sigaction(signal, &action, nullptr);
+}
+
+void Unwatch(int signal) {
+  struct sigaction action = {};
+  ::sigaction(signal, nullptr, &action);
+  if (action.sa_handler == NoteInterrupt)
+    ::signal(signal, SIG_DFL);
+}
+
+}  // namespace
+
+bool IsInterrupted() {
+  return interrupted != 0;
+}
+
+void InterruptWatch::Begin() {
+  for (const int signal : kInterrupts) Watch(signal);
+  struct sigaction action = {};
+  action.sa_flags = SA_SIGINFO;
+  action.sa_sigaction = EndForShrunkenFile;
+  ::sigaction(SIGBUS, &action, nullptr);
+}
+
+void InterruptWatch::End() {
+  for (const int signal : kInterrupts) Unwatch(signal);
+  ::signal(SIGBUS, SIG_DFL);
+  mappedInputs = {};
+}
+
+void InterruptWatch::Mapped(std::string file, std::string_view bytes) {
+  MappedInput& place = mappedInputs[mappedInputs[0].bytes.empty() ? 0 : 1];
+  place = {std::move(file), bytes};
+}
+
+void FleetingFile::Become(std::string path) noexcept {
+  path_ = std::move(path);
+  const auto free =
+      std::find_if(fleetingFiles.begin(), fleetingFiles.end(), [](const auto& file) { return file[0] == '\0'; });
+  if (free == fleetingFiles.end() || path_.size() >= free->size())
+    return;
+  *std::copy(path_.begin(), path_.end(), free->begin()) = '\0';
+  noted_ = free->data();
+}
+
+FleetingFile::~FleetingFile() {
+  if (!path_.empty())
+    ::unlink(path_.c_str());
+  Keep();
+}
+
+void FleetingFile::Keep() {
+  path_.clear();
+  if (noted_ != nullptr)
+    *noted_ = '\0';
+  noted_ = nullptr;
+}
+
+}  // namespace fiscalon

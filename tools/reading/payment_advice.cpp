@@ -1,0 +1,126 @@
+#include "tools/reading/payment_advice.h"
+
+#include <array>
+#include <filesystem>
+#include <string_view>
+
+#include "core/module_state.h"
+#include "core/platform/code_page.h"
+#include "core/values/text.h"
+
+namespace fiscalon {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr size_t kSequenceCharacters = 4;
+constexpr size_t kNameCharacters = 30;
+constexpr size_t kTitleCharacters = 20;
+
+std::string Quoted(std::string_view text) {
+  return "\"" + ToUtf8(text) + "\"";
+}
+
+std::string Is(std::string_view property, std::string_view value) {
+  return std::string(property) + " is " + Quoted(value);
+}
+
+bool IsFolder(const fs::path& path) {
+  std::error_code ignored;
+  return fs::is_directory(path.empty() ? fs::path(".") : path, ignored);
+}
+
+/// The sentence for a text that is longer than the columns it goes to; empty where it fits.
+std::string TooLong(std::string_view property, std::string_view text, size_t columns) {
+  const size_t length = Trim(text).size();
+  if (length <= columns)
+    return {};
+  return std::string(property) + " has " + std::to_string(length) + " characters, and a record has room for " +
+         std::to_string(columns) + ": shorten it.";
+}
+
+std::string OnMissingFolder(const Levyra& session) {
+  const fs::path file = ToUtf8(session.GovFilename());
+  if (session.WriteFile() == kTrue && !IsFolder(file.parent_path()))
+    return Is("GovFilename", session.GovFilename()) + ", and there is no folder \"" + file.parent_path().string() +
+           "\": make it, or name another file.";
+  const std::string& logs = TheModule().mainPath;
+  if (!IsFolder(ToUtf8(logs)))
+    return Is("MainPath", logs) + ", and there is no such folder for error.log: make it, or name another.";
+  return {};
+}
+
+std::string OnAccess(const Levyra& session) {
+  if (session.WriteFile() != kTrue)
+    return Is("MainPath", TheModule().mainPath) + ", and error.log can't be written there: look at its permissions.";
+  const std::string name = session.GovFilename();
+  if (name.empty())
+    return "GovFilename is empty, and WriteFile is True: name the file that the records go to.";
+  if (IsFolder(ToUtf8(name)))
+    return Is("GovFilename", name) + ", which is a folder: name a file in it.";
+  return Is("GovFilename", name) + ", and that file can't be written: look at its permissions and its folder's.";
+}
+
+std::string OnOldFile(const Levyra& session) {
+  return Is("GovFilename", session.GovFilename()) +
+         ", and the older file of that name can't be deleted: look at the permissions of its folder.";
+}
+
+std::string OnFullDisk(const Levyra& session) {
+  return Is("GovFilename", session.GovFilename()) + ", and its disk is full: make room, then show the payment again.";
+}
+
+std::string OnTooLong(const Levyra& session) {
+  const std::string name = TooLong("EnterName", session.EnterName(), kNameCharacters);
+  return name.empty() ? TooLong("EnterTitle", session.EnterTitle(), kTitleCharacters) : name;
+}
+
+std::string OnNumber(const Levyra& session) {
+  if (session.PaidAmount().empty())
+    return "PaidAmount takes cents as digits, such as 12345.";
+  return Is("PaidAmount", session.PaidAmount()) +
+         ", in dollars: it, or an amount that was typed, is no number or too large. Correct it; shown again, the "
+         "screen "
+         "goes on with what was typed.";
+}
+
+struct Advice {
+  int32_t number = 0;
+  std::string (*about)(const Levyra& session) = nullptr;
+};
+
+constexpr std::array kAdvice = {
+    Advice{error_number::kInvalidProcedureCall, OnTooLong},
+    Advice{error_number::kOverflow, OnNumber},
+    Advice{error_number::kTypeMismatch, OnNumber},
+    Advice{error_number::kFileNotFound, OnOldFile},
+    Advice{error_number::kDiskFull, OnFullDisk},
+    Advice{error_number::kPermissionDenied, OnOldFile},
+    Advice{error_number::kPathFileAccessError, OnAccess},
+    Advice{error_number::kPathNotFound, OnMissingFolder},
+};
+
+}  // namespace
+
+std::string AdviceOn(const RuntimeError& error, const Levyra& session) {
+  for (const Advice& advice : kAdvice)
+    if (advice.number == error.Number())
+      return advice.about(session);
+  return {};
+}
+
+std::vector<std::string> DoubtsAbout(const Levyra& session) {
+  std::vector<std::string> doubts;
+  if (const size_t length = session.SeqNumber().size(); length != kSequenceCharacters)
+    doubts.push_back("SeqNumber has " + std::to_string(length) +
+                     " characters instead of four, which shifts the columns of all records.");
+  for (std::string doubt : {TooLong("EnterName", session.EnterName(), kNameCharacters),
+                            TooLong("EnterTitle", session.EnterTitle(), kTitleCharacters)})
+    if (!doubt.empty())
+      doubts.push_back(std::move(doubt));
+  if (session.WriteFile() == kTrue && session.GovFilename().empty())
+    doubts.push_back("GovFilename is empty, so that no records can be written.");
+  return doubts;
+}
+
+}  // namespace fiscalon

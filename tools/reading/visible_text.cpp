@@ -1,0 +1,114 @@
+#include "tools/reading/visible_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "core/platform/code_page.h"
+#include "core/values/text.h"
+
+namespace fiscalon {
+namespace {
+
+/// Ten middle dots.
+constexpr std::string_view kDots = "\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7";
+
+void AppendDots(std::string& out, size_t count) {
+  constexpr size_t kBytes = kDots.size() / 10;
+  for (; count > 10; count -= 10) out += kDots;
+  out += kDots.substr(0, count * kBytes);
+}
+
+std::string VisibleCharacter(char character) {
+  const auto code = static_cast<unsigned char>(character);
+  if (code == 0x7F)
+    return "\u2421";
+  if (code < ' ')
+    return std::string("\xE2\x90") + static_cast<char>(0x80 + code);  // U+2400 to U+241F
+  return IsControlCharacter(character) ? "\uFFFD" : ToUtf8(std::string_view(&character, 1));
+}
+
+}  // namespace
+
+bool IsControlCharacter(char character) {
+  constexpr std::array<unsigned char, 6> kOthers = {0x7F, 0x81, 0x8D, 0x8F, 0x90, 0x9D};
+  const auto code = static_cast<unsigned char>(character);
+  return code < ' ' || std::find(kOthers.begin(), kOthers.end(), code) != kOthers.end();
+}
+
+bool IsPlain(std::string_view text) {
+  // Every character is looked at, whatever was found before: compilers then take many at once.
+  bool plain = true;
+  for (const char character : text) {
+    const auto code = static_cast<unsigned char>(character);
+    plain &= code >= ' ' && code < 0x7F;
+  }
+  return plain;
+}
+
+void AppendVisible(std::string& out, std::string_view text) {
+  if (IsPlain(text)) {
+    out += text;
+    return;
+  }
+  for (const char character : text) out += VisibleCharacter(character);
+}
+
+std::string VisibleText(std::string_view text) {
+  std::string visible;
+  AppendVisible(visible, text);
+  return visible;
+}
+
+void AppendDotted(std::string& out, std::string_view text) {
+  const std::string_view withoutTail = TrimRight(text);
+  const std::string_view middle = TrimLeft(withoutTail);
+  out += '"';
+  AppendDots(out, withoutTail.size() - middle.size());
+  AppendVisible(out, middle);
+  AppendDots(out, text.size() - withoutTail.size());
+  out += '"';
+}
+
+std::string DottedText(std::string_view text) {
+  std::string dotted;
+  AppendDotted(dotted, text);
+  return dotted;
+}
+
+void AppendUtf8(std::string& out, std::string_view text) {
+  if (IsPlain(text))
+    out += text;
+  else
+    out += ToUtf8(text);
+}
+
+void AppendNumber(std::string& out, uint64_t number) {
+  std::array<char, 20> digits = {};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  out.append(digits.data(), end);
+}
+
+size_t ColumnsOf(std::string_view utf8) {
+  return static_cast<size_t>(std::count_if(utf8.begin(), utf8.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
+}
+
+std::string PaddedTo(size_t columns, std::string_view utf8) {
+  return std::string(utf8) + std::string(columns - std::min(columns, ColumnsOf(utf8)), ' ');
+}
+
+std::string Ruler(size_t columns) {
+  constexpr size_t kStep = 10;
+  std::string ruler;
+  for (size_t tens = 1; ruler.size() < columns; ++tens) {
+    const std::string label = std::to_string(tens);
+    ruler += std::string("....+.....").substr(0, kStep - label.size()) + label;
+  }
+  return ruler.substr(0, columns);
+}
+
+std::string Counted(uint64_t count, std::string_view thing) {
+  return std::to_string(count).append(" ").append(thing).append(count == 1 ? "" : "s");
+}
+
+}  // namespace fiscalon
