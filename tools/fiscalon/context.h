@@ -1,35 +1,14 @@
 #pragma once
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "core/platform/date.h"
 #include "core/platform/locale.h"
+#include "tools/fiscalon/files/program_end.h"
 
 namespace fiscalon {
-
-/// How the program ends.
-enum class ExitStatus {
-  Done = 0,
-  /// A failed expectation, a cancelled screen, something that is not valid.
-  Invalid = 1,
-  /// Bad usage, or a file that can't be read or written.
-  Unusable = 2,
-};
-
-/// Why a command can't do its work, in a sentence for the user. It ends the program with `Unusable`.
-class CommandError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-/// A command line that its command can't be run by. The user is told of the command's help too.
-class UsageError : public CommandError {
- public:
-  using CommandError::CommandError;
-};
 
 /// Colours for standard output. Without them every text comes back as it is.
 class Paint {

@@ -1,6 +1,6 @@
 #include "tools/fiscalon/screen_code.h"
 
-#include "tools/fiscalon/context.h"
+#include "tools/fiscalon/files/program_end.h"
 
 namespace fiscalon {
 

@@ -26,9 +26,13 @@ LAYERS = {
     "win32": {"played", "core", "forms", "platform"},
     # What hosts on Windows create by name: the library, and the forms that it shows there.
     "component": {"win32", "validation", "core", "records", "platform"},
+    # What a record says, for people.
+    "reading": {"validation", "core", "records", "values", "platform"},
+    # The program's outputs, inputs and terminal.
+    "files": {"reading", "validation", "records", "platform"},
 }
 
-# The longest prefix that fits says which layer a file belongs to. What is not named here (tools, tests,
+# The longest prefix that fits says which layer a file belongs to. What is not named here (the programs, tests,
 # examples, bench) stands on top and may use everything.
 FOLDERS = {
     "core/": "core",
@@ -44,9 +48,11 @@ FOLDERS = {
     "frontends/qt/": "qt",
     "frontends/win32/": "win32",
     "component/": "component",
+    "tools/reading/": "reading",
+    "tools/fiscalon/files/": "files",
 }
 # Those that are made of the toolkit's or the system's own headers.
-OF_THE_SYSTEM = ("qt", "win32", "component")
+OF_THE_SYSTEM = ("qt", "win32", "component", "files")
 TOP = ("tools/", "tests/", "examples/", "bench/", "include/")
 QT_FOLDERS = ("frontends/qt/", "tools/desk/", "examples/qt_host/", "tests/")
 

@@ -26,7 +26,10 @@ SOUND_TREE = {
     "frontends/played/player.h": '#include "screens/general/due_date.h"\n',
     "frontends/qt/dialog.h": '#include <QDialog>\n#include <QtWidgets/QLabel>\n#include "core/forms/form.h"\n',
     "tools/fiscalon/main.cpp": '#include <CLI/CLI.hpp>\n#include "frontends/qt/dialog.h"\n',
-    "tools/desk/desk.cpp": "#include <QApplication>\n",
+    "tools/fiscalon/files/terminal.h": '#include "tools/reading/shown_record.h"\n',
+    "tools/fiscalon/files/posix/terminal.cpp": '#include <unistd.h>\n#include "tools/fiscalon/files/terminal.h"\n',
+    "tools/reading/shown_record.h": '#include "core/session.h"\n#include "validation/rules.h"\n',
+    "tools/desk/desk.cpp": '#include <QApplication>\n#include "tools/reading/shown_record.h"\n',
     "tests/core/session_test.cpp": '#include <gtest/gtest.h>\n#include "frontends/played/player.h"\n',
     "core/forms/CMakeLists.txt": "fiscalon_layer(forms\n  DEPENDS platform\n  SOURCES\n    form.cpp)\n",
 }
@@ -85,6 +88,23 @@ class CheckLayers(unittest.TestCase):
             "frontends/played/player.h",
             '#include "tools/fiscalon/main.cpp"\n',
             'frontends/played/player.h:1: played may not include "tools/fiscalon/main.cpp", which stands above it',
+        )
+
+    def test_what_programs_share_does_not_see_them(self):
+        self.assert_one(
+            "tools/reading/shown_record.h",
+            '#include "tools/desk/desk.cpp"\n',
+            'tools/reading/shown_record.h:1: reading may not include "tools/desk/desk.cpp", which stands above it',
+        )
+        self.assert_one(
+            "tools/fiscalon/files/terminal.h",
+            '#include "tools/fiscalon/main.cpp"\n',
+            'tools/fiscalon/files/terminal.h:1: files may not include "tools/fiscalon/main.cpp", which stands above it',
+        )
+        self.assert_one(
+            "tools/reading/shown_record.h",
+            '#include "tools/fiscalon/files/terminal.h"\n',
+            'tools/reading/shown_record.h:1: reading may not include "tools/fiscalon/files/terminal.h" of files',
         )
 
     def test_qt_stays_in_its_front_end_and_the_desk(self):

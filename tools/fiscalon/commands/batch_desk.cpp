@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "tools/fiscalon/context.h"
+#include "tools/fiscalon/files/program_end.h"
 
 namespace fiscalon {
 namespace {

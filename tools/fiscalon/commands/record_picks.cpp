@@ -3,7 +3,7 @@
 #include <charconv>
 
 #include "core/platform/code_page.h"
-#include "tools/fiscalon/context.h"
+#include "tools/fiscalon/files/program_end.h"
 
 namespace fiscalon {
 

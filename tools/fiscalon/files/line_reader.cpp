@@ -10,8 +10,8 @@
 #include <utility>
 
 #include "core/platform/input.h"
-#include "tools/fiscalon/context.h"
 #include "tools/fiscalon/files/interrupt_watch.h"
+#include "tools/fiscalon/files/program_end.h"
 #include "tools/reading/shown_record.h"
 
 namespace fiscalon {

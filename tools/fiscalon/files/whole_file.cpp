@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "core/platform/utf8_path.h"
-#include "tools/fiscalon/context.h"
 #include "tools/fiscalon/files/file_places.h"
+#include "tools/fiscalon/files/program_end.h"
 
 namespace fiscalon {
 namespace {

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "tools/fiscalon/context.h"
+#include "tools/fiscalon/files/program_end.h"
 
 namespace fiscalon {
 namespace {
