@@ -2,7 +2,9 @@
 
 #include <memory>
 
-#include "core/platform/toolkit.h"
+namespace fiscalon {
+class Toolkit;
+}
 
 namespace fiscalon::component {
 

@@ -2,9 +2,9 @@
 
 #include <string_view>
 
+#include "core/forms/toolkit.h"
 #include "core/platform/date.h"
 #include "core/platform/locale.h"
-#include "core/platform/toolkit.h"
 
 /// What a host sets once, for all objects of the process.
 namespace fiscalon {

@@ -17,8 +17,16 @@ Toolkit& TheToolkit() {
                      "No forms toolkit is installed. Call UseToolkit before a screen or a message box is shown.");
 }
 
+MessageAnswer ShowMessage(const BoxRequest& box) {
+  Toolkit& toolkit = TheToolkit();
+  for (const auto& [name, form] : TheModule().forms)
+    if (form->IsUp())
+      form->UserWasTold();
+  return toolkit.ShowMessage(box);
+}
+
 MessageAnswer ShowMessage(std::string_view text, MessageStyle style) {
-  return TheToolkit().Ask({.text = std::string(text), .style = style});
+  return ShowMessage({.text = std::string(text), .style = style});
 }
 
 void QueryDecimalSeparator() {

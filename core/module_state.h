@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
+#include "core/forms/toolkit.h"
 #include "core/host_setup.h"
 #include "core/platform/clock.h"
 #include "core/platform/files.h"
 #include "core/platform/locale.h"
-#include "core/platform/toolkit.h"
 
 namespace fiscalon {
 
@@ -49,7 +49,9 @@ ModuleState& TheModule();
 /// The installed front end. Error 91 where a host has installed none, with the remedy in the description.
 Toolkit& TheToolkit();
 
-/// Shows a message box without a title and returns its answer.
+/// Shows a message box and returns its answer. Forms that are up know by it that their user was told something.
+MessageAnswer ShowMessage(const BoxRequest& box);
+/// The same for a box without a title.
 MessageAnswer ShowMessage(std::string_view text, MessageStyle style);
 
 /// Asks the user's locale for its decimal separator and keeps it, as every construction of a `Levyra` does.

@@ -96,11 +96,11 @@ int16_t YearIsNotCurrent(std::string_view text, std::string_view label) {
   if (text.substr(0, 4) == std::to_string(Today().year))
     return kFalse;
   const MessageAnswer answer =
-      TheToolkit().Ask({.text = "The year for " + std::string(label) +
-                                " entered does not correspond to the current year.\r\nAre you sure you want to use it?",
-                        .style = MessageStyle::Exclamation,
-                        .buttons = MessageButtons::YesNo,
-                        .title = "Date Warning"});
+      ShowMessage({.text = "The year for " + std::string(label) +
+                           " entered does not correspond to the current year.\r\nAre you sure you want to use it?",
+                   .style = MessageStyle::Exclamation,
+                   .buttons = MessageButtons::YesNo,
+                   .title = "Date Warning"});
   return answer == MessageAnswer::No ? kTrue : kFalse;
 }
 

@@ -8,7 +8,7 @@
 #include "core/forms/close_reason.h"
 #include "core/forms/keys.h"
 #include "core/forms/text_field.h"
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 namespace fiscalon {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "core/forms/form.h"
 #include "core/platform/runtime_error.h"
@@ -20,14 +21,16 @@ std::vector<Control*> Focus::Order() const {
 
 void Focus::ActBegins() {
   before_ = active_;
-  isAskedFor_ = false;
+  isAskedFor_ = isTold_ = false;
   given_ = nullptr;
 }
 
-void Focus::ActEnds(bool toldByBox) {
-  if (toldByBox || waiting_ != active_)
+void Focus::ActEnds() {
+  // An act goes on in parts, such as a key and its editing; what is told belongs to its part.
+  const bool isTold = std::exchange(isTold_, false);
+  if (isTold || waiting_ != active_)
     waiting_ = nullptr;
-  if (!toldByBox && isAskedFor_ && active_ != nullptr && active_ == before_ && active_ == given_)
+  if (!isTold && isAskedFor_ && active_ != nullptr && active_ == before_ && active_ == given_)
     waiting_ = active_;
 }
 

@@ -23,10 +23,11 @@ class Focus {
   /// said why; null for none. It stands until the focus is elsewhere, or a box tells more.
   Control* Waiting() const { return waiting_; }
   // An act of the user from its begin to its end, and within it that the user asks the focus to go on: to a control,
-  // or wherever an entry that is confirmed leads.
+  // or wherever an entry that is confirmed leads; and that a box has told the user something.
   void ActBegins();
   void UserGoesOn(const Control* to = nullptr) { isAskedFor_ = isAskedFor_ || to != active_; }
-  void ActEnds(bool toldByBox);
+  void UserWasTold() { isTold_ = true; }
+  void ActEnds();
 
   /// All controls that take keys, by tab index; those without one come last, as they are declared.
   std::vector<Control*> Order() const;
@@ -46,9 +47,11 @@ class Focus {
   Form& form_;
   Control* active_ = nullptr;
   Control* waiting_ = nullptr;
-  /// Of the act that is under way: who had the focus, whether the user asked to go on, and whom code gave it to last.
+  /// Of the act that is under way: who had the focus, whether the user asked to go on and was told something, and whom
+  /// code gave it to last.
   Control* before_ = nullptr;
   bool isAskedFor_ = false;
+  bool isTold_ = false;
   const Control* given_ = nullptr;
 };
 

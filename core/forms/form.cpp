@@ -52,7 +52,6 @@ void Form::ShowModal(Toolkit& toolkit) {
   if (showing_)
     throw RuntimeError(kAlreadyUp, "Form already displayed; can't show modally");
   const ScopedValue showing(showing_, true);
-  const ScopedValue<const Toolkit*> shownBy(toolkit_, &toolkit);
   try {
     toolkit.Opening(*this);
     Load();

@@ -11,8 +11,8 @@
 #include "core/forms/focus.h"
 #include "core/forms/form_observer.h"
 #include "core/forms/layout.h"
+#include "core/forms/toolkit.h"
 #include "core/forms/user_acts.h"
-#include "core/platform/toolkit.h"
 
 namespace fiscalon {
 
@@ -60,6 +60,8 @@ class Form {
   /// The control that keeps the focus in silence: a handler holds the user there who asked to go on, and no box says
   /// why. Null for none. Front ends tell it in their own way, by the text of `StatusOf` (laid_out.h).
   Control* WaitingControl() const { return focus_.Waiting(); }
+  /// A box has told the user something while the form is up: whatever keeps the focus does so no longer in silence.
+  void UserWasTold() { focus_.UserWasTold(); }
 
   /// The controls that Tab stops at and others that take the focus, in tab order.
   std::vector<Control*> TabOrder() const { return focus_.Order(); }
@@ -128,8 +130,6 @@ class Form {
   bool showing_ = false;
   std::exception_ptr failure_;
   FormObserver* observer_ = nullptr;
-  /// Of the show that is on.
-  const Toolkit* toolkit_ = nullptr;
 };
 
 }  // namespace fiscalon

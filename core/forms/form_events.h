@@ -33,14 +33,13 @@ void UserActs::Act(ActPart part, Call&& call) {
     form_.queue_.BeginAct();
     form_.focus_.ActBegins();
   }
-  const int boxesBefore = form_.toolkit_->BoxesShown();
   try {
     call();
     form_.RunPosted();
   } catch (...) {
     form_.Fail(std::current_exception());
   }
-  form_.focus_.ActEnds(form_.toolkit_->BoxesShown() != boxesBefore);
+  form_.focus_.ActEnds();
 }
 
 }  // namespace fiscalon

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 namespace fiscalon {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <variant>
 
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 namespace fiscalon {
 

@@ -7,7 +7,7 @@
 
 #include "core/forms/form.h"
 #include "core/forms/list_control.h"
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 namespace fiscalon {
 

@@ -3,7 +3,7 @@
 #include <QMessageBox>
 #include <memory>
 
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 namespace fiscalon {
 

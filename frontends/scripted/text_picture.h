@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/forms/form.h"
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 /// Forms and boxes drawn with characters, in UTF-8: what a user would see, for terminals, reports and documents.
 namespace fiscalon {

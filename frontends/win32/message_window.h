@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 #include "frontends/win32/windows_api.h"
 
 namespace fiscalon {

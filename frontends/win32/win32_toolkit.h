@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "core/forms/act_watcher.h"
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 namespace fiscalon {
 

@@ -5,10 +5,10 @@
 /// end without a display for the host's own tests.
 
 #include "core/boolean.h"
+#include "core/forms/toolkit.h"
 #include "core/host_setup.h"
 #include "core/platform/code_page.h"
 #include "core/platform/runtime_error.h"
-#include "core/platform/toolkit.h"
 #include "core/records/pc4_records.h"
 #include "core/session.h"
 #include "frontends/scripted/scripted_toolkit.h"

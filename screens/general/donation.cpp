@@ -48,7 +48,7 @@ bool frmDonation::EmailIsValid() {
   std::string message;
   const bool isAddress = IsValidEmail(txtEmail.Text(), message, Required::No);
   if (!message.empty())
-    TheToolkit().Ask({.text = message, .style = MessageStyle::Critical, .title = "E-mail Address entry"});
+    ShowMessage({.text = message, .style = MessageStyle::Critical, .title = "E-mail Address entry"});
   return isAddress ? IsWithinLimit(txtEmail) : RefuseWhole(txtEmail);
 }
 

@@ -119,7 +119,7 @@ void InvoicePayments::CancelInvoice_Click() {
   const int selected = InvoicePaymentList.ListIndex();
   if (selected == ListBox::kNothingSelected)
     return Complain(CancelInvoice, kAskSelection, MessageStyle::Information);
-  const MessageAnswer answer = TheToolkit().Ask(
+  const MessageAnswer answer = ShowMessage(
       {.text = kAskDeletion, .style = MessageStyle::Question, .buttons = MessageButtons::YesNo, .title = BoxTitle()});
   if (answer == MessageAnswer::Yes)
     RemoveInvoiceLine(selected);
@@ -184,10 +184,10 @@ void InvoicePayments::WarnOfManyLines() {
   if (remainingAmount_ == Money())
     return;
   if (lineCount_ == kLinesToWarnAt) {
-    const MessageAnswer answer = TheToolkit().Ask({.text = kManyLines,
-                                                   .style = MessageStyle::Information,
-                                                   .buttons = MessageButtons::OkCancel,
-                                                   .title = Caption()});
+    const MessageAnswer answer = ShowMessage({.text = kManyLines,
+                                              .style = MessageStyle::Information,
+                                              .buttons = MessageButtons::OkCancel,
+                                              .title = Caption()});
     if (answer == MessageAnswer::Cancel)
       cmdCancel.SetFocus();
   } else if (lineCount_ == kMostLines) {
@@ -200,7 +200,7 @@ void InvoicePayments::AcceptInvoices() {
   if (InvoicePaymentList.ListCount() == 0) {
     // True though the form stays open: Cancel and closing clear it.
     Chosen(kTrue);
-    TheToolkit().Ask(
+    ShowMessage(
         {.text = "Invoice Details Must Be Entered.", .style = MessageStyle::Exclamation, .title = "Invoice Details"});
     return;
   }

@@ -8,7 +8,7 @@
 namespace fiscalon {
 
 void Complain(const Control& control, std::string_view message, MessageStyle style) {
-  TheToolkit().Ask({.text = std::string(message), .style = style, .title = control.Owner().BoxTitle()});
+  ShowMessage({.text = std::string(message), .style = style, .title = control.Owner().BoxTitle()});
 }
 
 bool Refuse(Control& control) {

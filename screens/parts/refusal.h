@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "core/forms/control.h"
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 namespace fiscalon {
 

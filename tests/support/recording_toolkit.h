@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 namespace fiscalon {
 

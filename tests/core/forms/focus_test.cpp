@@ -457,7 +457,7 @@ TEST(WaitingControl, IsNoneWhereABoxTellsWhy) {
   bool isSilent = true;
   form.when["txtA_LostFocus"] = [&] {
     if (!isSilent)
-      toolkit.Ask({.text = "Invalid date value."});
+      form.UserWasTold();
     form.txtA.SetFocus();
   };
   toolkit.serve = [&] {

@@ -1,4 +1,4 @@
-#include "core/platform/toolkit.h"
+#include "core/forms/toolkit.h"
 
 #include <gtest/gtest.h>
 

@@ -37,14 +37,6 @@ class Toolkit {
  public:
   virtual ~Toolkit() = default;
 
-  /// `ShowMessage`, for screens: a form that is up knows by it whether its user was told something.
-  MessageAnswer Ask(const BoxRequest& box) {
-    ++boxesShown_;
-    return ShowMessage(box);
-  }
-  /// How many boxes screens have asked for.
-  int BoxesShown() const { return boxesShown_; }
-
   /// A form is about to be shown; it may not be loaded yet. A front end that observes forms begins here.
   virtual void Opening(Form& /*form*/) {}
 
@@ -59,9 +51,6 @@ class Toolkit {
 
   /// Opens a help file at a context number. Says so where the file does not exist.
   virtual void OpenHelp(std::string_view file, int32_t context) = 0;
-
- private:
-  int boxesShown_ = 0;
 };
 
 }  // namespace fiscalon

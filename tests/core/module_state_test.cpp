@@ -1,0 +1,37 @@
+#include "core/module_state.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "tests/support/test_form.h"
+
+namespace fiscalon {
+namespace {
+
+TEST(ShowMessage, TellsFormsThatAreUpThatTheirUserWasToldSomething) {
+  const auto form = std::make_shared<TwoFieldForm>();
+  TheModule().forms["frmTest"] = form;
+  ServingToolkit toolkit;
+  UseToolkit(&toolkit);
+  bool isSilent = true;
+  form->when["txtA_LostFocus"] = [&] {
+    if (!isSilent) {
+      EXPECT_EQ(ShowMessage("Invalid date value.", MessageStyle::Critical), MessageAnswer::Ok);
+    }
+    form->txtA.SetFocus();
+  };
+  toolkit.serve = [&] {
+    form->Acts().Key(*StrokeNamed("Tab"));
+    EXPECT_EQ(form->WaitingControl(), &form->txtA);
+    isSilent = false;
+    form->Acts().Key(*StrokeNamed("Tab"));
+    EXPECT_EQ(form->ActiveControl(), &form->txtA);
+    EXPECT_EQ(form->WaitingControl(), nullptr);
+  };
+  form->ShowModal(toolkit);
+  ResetModule();
+}
+
+}  // namespace
+}  // namespace fiscalon
