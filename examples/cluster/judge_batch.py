@@ -4,9 +4,9 @@
     judge_batch.py --scheduler-file cluster.json --parts 8 PAYMENTS RECORDS REPORT [-- OPTION...]
 
 All workers must see the files under the same names. Each part is a run of `fiscalon validate --part I/N`, which puts its
-report beside REPORT; joined in order they are the report that one run would write. The options behind `--` go to
-`fiscalon`, such as --locale en-CA. All parts are judged as of one day, today unless --today is among them. A part whose
-worker dies is given to another one.
+report beside REPORT; joined in order they are the report that one run would write. Behind `--` stand options of
+`fiscalon`: --today, --locale, --json-lines. All parts are judged as of one day, today unless --today is among them. A
+part whose worker dies is given to another one.
 
 Exit status: that of `fiscalon validate`: 0 all valid, 1 something is not valid, 2 no verdict counts, and no report.
 """
@@ -15,42 +15,99 @@ import argparse
 import collections
 import csv
 import datetime
+import json
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
+import time
 
-from distributed import Client, KilledWorker, as_completed
+from distributed import Client, as_completed
+
+UNUSABLE = 2
 
 
 class Unusable(Exception):
-    """A part could not be judged; the message is what the program said."""
+    """No verdict counts; the message says why."""
 
 
-def judge(number, parts, program, payments, records, folder, options):
-    """Runs on a worker. The counts of one part; its report lies in the folder then, whole."""
-    report = os.path.join(folder, f"{number}.csv")
-    run = subprocess.run([program, "validate", "--payments", payments, "--records", records, "--part", f"{number}/{parts}",
-                          "--jobs", "1", "--report", report, *options], capture_output=True, text=True, check=False)
+def judge(number, parts, program, payments, records, folder, options, as_json):
+    """Runs on a worker. How often each reason was given in one part, "" for a valid payment; the part's report lies in
+    the folder then, whole."""
+    report = os.path.join(folder, str(number))
+    try:
+        run = subprocess.run([program, "validate", "--payments", payments, "--records", records, "--part",
+                              f"{number}/{parts}", "--jobs", "1", "--report", report, *options], capture_output=True,
+                             text=True, check=False)
+    except OSError as error:
+        raise Unusable(f"part {number} of {parts}: {program} can't be started: {error.strerror}") from None
     if run.returncode not in (0, 1):
-        raise Unusable(f"part {number} of {parts}: {run.stderr.strip() or run.returncode}")
+        raise Unusable(f"part {number} of {parts}: {run.stderr.strip() or f'{program} ended with {run.returncode}'}")
     with open(report, encoding="utf-8", newline="") as rows:
+        if as_json:
+            return collections.Counter(json.loads(row)["reason"] for row in rows)
         verdicts = csv.reader(rows)
         if number == 1:
             next(verdicts)
         return collections.Counter(reason for _, _, _, reason in verdicts)
 
 
+def judge_all(arguments, options, payments, records, folder):
+    """How often each reason was given in the whole batch."""
+    counts = collections.Counter()
+    with Client(scheduler_file=arguments.scheduler_file, timeout=arguments.timeout) as client:
+        runs = [client.submit(judge, number, arguments.parts, arguments.program, payments, records, folder,
+                              options.words, options.json_lines, pure=False)
+                for number in range(1, arguments.parts + 1)]
+        try:
+            for done, run in enumerate(as_completed(runs), 1):
+                counts += run.result()
+                print(f"{done} of {arguments.parts} parts", file=sys.stderr, flush=True)
+        except BaseException:
+            client.cancel(runs)
+            raise
+    return counts
+
+
+def wait_for(scheduler_file, timeout):
+    """A scheduler that has just been started writes its file when it can be reached."""
+    end = time.monotonic() + timeout
+    while not os.path.isfile(scheduler_file):
+        if time.monotonic() >= end:
+            raise Unusable(f"there is no scheduler file {scheduler_file}; dask-scheduler --scheduler-file makes it")
+        time.sleep(0.02)
+
+
+def place_of(report, inputs):
+    """Where the report will lie: behind a link what it leads to. Refused where something else would be lost."""
+    place = os.path.realpath(report)
+    if not os.path.isdir(os.path.dirname(place)):
+        raise Unusable(f"{report} can't be written: there is no folder {os.path.dirname(place)}")
+    if not os.path.lexists(place):
+        return place
+    if not os.path.isfile(place):
+        raise Unusable(f"{report} can't be written: it is no file")
+    for name in inputs:
+        if os.path.exists(name) and os.path.samefile(name, place):
+            raise Unusable(f"{report} would take the place of {name}, which is read")
+    if not os.access(place, os.W_OK):
+        raise Unusable(f"{report} can't be written: Permission denied")
+    return place
+
+
 def join(folder, parts, report):
     """The parts' reports in order, in the place of the report when all is there."""
-    whole = os.path.join(folder, "whole.csv")
+    whole = os.path.join(folder, "whole")
     with open(whole, "wb") as out:
         for number in range(1, parts + 1):
-            with open(os.path.join(folder, f"{number}.csv"), "rb") as part:
+            with open(os.path.join(folder, str(number)), "rb") as part:
                 shutil.copyfileobj(part, out)
         out.flush()
         os.fsync(out.fileno())
+    if os.path.exists(report):
+        shutil.copymode(report, whole)
     os.replace(whole, report)
 
 
@@ -60,43 +117,69 @@ def summary(counts):
     invalid = total - counts.pop("", 0)
     lines = [f"{total} payments: " + (f"{total - invalid} valid, {invalid} invalid" if invalid else "all valid")]
     ranked = sorted(counts.items(), key=lambda entry: (-entry[1], entry[0]))
-    lines += [f"{count:12}  {reason}" for reason, count in ranked[:20]]
+    lines += [f"{count:12}{(count * 1000 // invalid + 5) // 10:6} %  {reason}" for reason, count in ranked[:20]]
     return "\n".join(lines), invalid
 
 
-def main():
-    parser = argparse.ArgumentParser(description="Judges a batch on a Dask cluster, in parts.")
-    parser.add_argument("--scheduler-file", required=True)
-    parser.add_argument("--parts", type=int, required=True)
+def at_least_one(text):
+    number = int(text)
+    if number < 1:
+        raise argparse.ArgumentTypeError("there must be at least one part")
+    return number
+
+
+def parsed(words):
+    """The arguments of this program, and those for `fiscalon`. What both would decide is this program's."""
+    parser = argparse.ArgumentParser(description="Judges a batch on a Dask cluster, in parts.", allow_abbrev=False)
+    parser.add_argument("--scheduler-file", required=True, help="where the scheduler wrote how it is reached")
+    parser.add_argument("--parts", type=at_least_one, required=True)
     parser.add_argument("--program", default="fiscalon")
+    parser.add_argument("--timeout", type=float, default=30, help="seconds to wait for the scheduler (30)")
     parser.add_argument("payments")
     parser.add_argument("records")
     parser.add_argument("report")
-    parser.add_argument("options", nargs="*")
-    arguments = parser.parse_args()
-    report = os.path.abspath(arguments.report)
-    options = arguments.options
-    if "--today" not in options:
-        options = ["--today", datetime.date.today().isoformat(), *options]
-    counts = collections.Counter()
+    parser.epilog = "Behind -- may stand --today DATE, --locale NAME and --json-lines."
+    cut = words.index("--") if "--" in words else len(words)
+    arguments = parser.parse_args(words[:cut])
+    behind = argparse.ArgumentParser(prog=f"{parser.prog} ... --", add_help=False, allow_abbrev=False)
+    behind.add_argument("--today", default=datetime.date.today().isoformat())
+    behind.add_argument("--locale")
+    behind.add_argument("--json-lines", action="store_true")
+    options = behind.parse_args(words[cut + 1:])
+    options.words = [f"--today={options.today}"]
+    if options.locale is not None:
+        options.words.append(f"--locale={options.locale}")
+    if options.json_lines:
+        options.words.append("--json-lines")
+    return arguments, options
+
+
+def run(words):
+    arguments, options = parsed(words)
+    inputs = [os.path.abspath(arguments.payments), os.path.abspath(arguments.records)]
+    report = place_of(arguments.report, inputs)
+    wait_for(arguments.scheduler_file, arguments.timeout)
     # The parts lie where the report will: the folder is shared, and a file can take its place in one step.
     with tempfile.TemporaryDirectory(dir=os.path.dirname(report), prefix=".parts-") as folder:
-        with Client(scheduler_file=arguments.scheduler_file) as client:
-            runs = [client.submit(judge, number, arguments.parts, arguments.program, os.path.abspath(arguments.payments),
-                                  os.path.abspath(arguments.records), folder, options, pure=False)
-                    for number in range(1, arguments.parts + 1)]
-            try:
-                for done, run in enumerate(as_completed(runs), 1):
-                    counts += run.result()
-                    print(f"{done} of {arguments.parts} parts", file=sys.stderr, flush=True)
-            except (Unusable, KilledWorker) as problem:
-                client.cancel(runs)
-                print(f"judge_batch: {problem}", file=sys.stderr)
-                return 2
+        counts = judge_all(arguments, options, *inputs, folder)
         join(folder, arguments.parts, report)
     text, invalid = summary(counts)
     print(text)
     return 1 if invalid else 0
+
+
+def main():
+    try:
+        return run(sys.argv[1:])
+    except Unusable as problem:
+        print(f"judge_batch: {problem}", file=sys.stderr)
+    except KeyboardInterrupt:
+        # A shell's loop ends with a program that a signal has ended, not with one that gives a status.
+        signal.signal(signal.SIGINT, signal.SIG_DFL)
+        os.kill(os.getpid(), signal.SIGINT)
+    except Exception as problem:  # whatever a cluster may fail with, it is no verdict
+        print(f"judge_batch: {type(problem).__name__}: {problem}", file=sys.stderr)
+    return UNUSABLE
 
 
 if __name__ == "__main__":

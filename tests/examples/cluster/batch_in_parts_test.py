@@ -2,6 +2,11 @@
 """A batch that is judged in parts by other programs gives the report of one run: on a Dask cluster, one of whose workers
 is killed in the middle, and by the guide's command for GNU parallel."""
 
+import contextlib
+import importlib.util
+import io
+import json
+import logging
 import os
 import signal
 import subprocess
@@ -9,7 +14,10 @@ import sys
 import tempfile
 import textwrap
 import unittest
+import unittest.mock
 from pathlib import Path
+
+import distributed
 
 TREE = Path(__file__).resolve().parents[3]
 EXAMPLE = TREE / "examples/cluster/judge_batch.py"
@@ -101,6 +109,113 @@ class BatchInParts(unittest.TestCase):
         statuses = [line.split("\t")[6] for line in (self.folder / "parts.log").read_text().splitlines()[1:]]
         self.assertEqual(len(statuses), 8)
         self.assertLessEqual(set(statuses), {"0", "1"})
+
+
+class JudgeBatch(unittest.TestCase):
+    """What the example refuses, and what it says then. One worker in this process stands for the cluster."""
+
+    @classmethod
+    def setUpClass(cls):
+        logging.getLogger("distributed.worker").setLevel(logging.ERROR)
+        cls.place = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(cls.place.cleanup)
+        cls.cluster = distributed.LocalCluster(n_workers=1, threads_per_worker=1, processes=False, dashboard_address=None,
+                                               host="127.0.0.1", protocol="tcp")
+        cls.addClassCleanup(cls.cluster.close)
+        with distributed.Client(cls.cluster) as client:
+            client.write_scheduler_file(os.path.join(cls.place.name, "cluster.json"))
+        loader = importlib.util.spec_from_file_location("judge_batch", EXAMPLE)
+        cls.example = importlib.util.module_from_spec(loader)
+        loader.loader.exec_module(cls.example)
+
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp(dir=self.place.name))
+        subprocess.run([PROGRAM, *OPTIONS, "generate", "--payments", "20", "--screen", "03", "--bad", "0.2", "--out", "batch"],
+                       cwd=self.folder, check=True, capture_output=True)
+        whole = subprocess.run([PROGRAM, *OPTIONS, "validate", "--payments", "batch.csv", "--records", "batch.pc4",
+                                "--report", "whole.csv"], cwd=self.folder, check=False, capture_output=True, text=True)
+        self.assertEqual(whole.returncode, 1)
+        self.said = whole.stdout
+
+    def judge(self, *behind, payments="batch.csv", report="report.csv", parts="3", program=PROGRAM, scheduler=None):
+        words = ["--timeout", "5" if scheduler is None else "0", "--scheduler-file", scheduler or os.path.join(self.place.name, "cluster.json"), "--parts", parts, "--program",
+                 program, str(self.folder / payments), str(self.folder / "batch.pc4"), str(self.folder / report), *behind]
+        out, err = io.StringIO(), io.StringIO()
+        with contextlib.redirect_stdout(out), contextlib.redirect_stderr(err), \
+                unittest.mock.patch("sys.argv", ["judge_batch.py", *words]):
+            try:
+                status = self.example.main()
+            except SystemExit as ended:
+                status = ended.code
+        return status, out.getvalue(), err.getvalue()
+
+    def read(self, name):
+        return (self.folder / name).read_bytes()
+
+    def refuses(self, complaint, *behind, **judged):
+        status, out, err = self.judge(*behind, **judged)
+        self.assertEqual((status, out), (2, ""), err)
+        self.assertIn(complaint, err)
+        self.assertNotIn("Traceback", err)
+        self.assertEqual(list(self.folder.glob(".parts-*")), [])
+
+    def test_joins_the_report_of_one_run(self):
+        status, out, err = self.judge("--", *OPTIONS)
+        self.assertEqual(status, 1, err)
+        self.assertEqual(out, self.said)
+        self.assertEqual(self.read("report.csv"), self.read("whole.csv"))
+
+    def test_takes_options_with_their_values_joined(self):
+        status, _, err = self.judge("--", "--today=2026-06-15", "--locale=en-CA")
+        self.assertEqual(status, 1, err)
+        self.assertEqual(self.read("report.csv"), self.read("whole.csv"))
+
+    def test_joins_reports_in_json(self):
+        status, out, err = self.judge("--", "--json-lines", *OPTIONS)
+        self.assertEqual(status, 1, err)
+        self.assertEqual(out, self.said)
+        rows = [json.loads(line) for line in self.read("report.csv").splitlines()]
+        verdicts = self.read("whole.csv").decode().splitlines()[1:]
+        self.assertEqual([row["seq"] for row in rows], [verdict.split(",")[0] for verdict in verdicts])
+        self.assertEqual([row["reason"] for row in rows], [verdict.split(",", 3)[3] for verdict in verdicts])
+
+    def test_refuses_a_report_in_the_place_of_an_input(self):
+        before = self.read("batch.csv")
+        self.refuses("would take the place of", report="batch.csv")
+        (self.folder / "link").symlink_to("batch.csv")
+        self.refuses("would take the place of", report="link")
+        os.link(self.folder / "batch.csv", self.folder / "other-name")
+        self.refuses("would take the place of", report="other-name")
+        self.assertEqual(self.read("batch.csv"), before)
+
+    def test_refuses_a_report_that_can_be_no_file(self):
+        self.refuses("there is no folder", report="missing/report.csv")
+        self.refuses("it is no file", report=".")
+        os.mkfifo(self.folder / "pipe")
+        self.refuses("it is no file", report="pipe")
+
+    def test_replaces_what_a_link_leads_to(self):
+        (self.folder / "older.csv").write_text("older\n", encoding="ascii")
+        (self.folder / "link").symlink_to("older.csv")
+        self.assertEqual(self.judge("--", *OPTIONS, report="link")[0], 1)
+        self.assertTrue((self.folder / "link").is_symlink())
+        self.assertEqual(self.read("older.csv"), self.read("whole.csv"))
+
+    def test_refuses_less_than_one_part(self):
+        for parts in ("0", "-1", "half"):
+            self.refuses("--parts", parts=parts)
+        self.assertFalse((self.folder / "report.csv").exists())
+
+    def test_tells_what_is_missing_and_gives_no_verdict(self):
+        (self.folder / "report.csv").write_text("older\n", encoding="ascii")
+        self.refuses("can't be started: No such file", program=str(self.folder / "missing"))
+        self.refuses("batch2.csv", payments="batch2.csv")
+        self.refuses("there is no scheduler file", scheduler=str(self.folder / "missing.json"))
+        self.assertEqual(self.read("report.csv"), b"older\n")
+
+    def test_refuses_options_that_it_decides_itself(self):
+        for option in ("--report", "--faults", "--part", "--max-bad", "--jobs"):
+            self.refuses(option, "--", option, "1")
 
 
 if __name__ == "__main__":
