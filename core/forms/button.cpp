@@ -8,8 +8,8 @@
 
 namespace fiscalon {
 
-void ToggleButton::Reset() {
-  AnyButton::Reset();
+void ToggleButton::Reset(PassKey<fiscalon::Form> key) {
+  AnyButton::Reset(key);
   value_ = design_.value;
 }
 
@@ -58,7 +58,7 @@ Control& OptionButton::StopOfGroup() {
   return first == nullptr ? *this : *first;
 }
 
-KeyOutcome OptionButton::KeyMeans(int keyCode, int /*character*/) {
+KeyOutcome OptionButton::KeyMeans(PassKey<UserActs> /*key*/, int keyCode, int /*character*/) {
   const bool back = keyCode == key::kLeft || keyCode == key::kUp;
   if (!back && keyCode != key::kRight && keyCode != key::kDown)
     return {};

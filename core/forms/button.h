@@ -40,9 +40,10 @@ class Button : public AnyButton {
 
   const ButtonDesign& Designed() const { return design_; }
 
- protected:
-  bool IsClickedBy(int keyCode) const override { return keyCode == key::kEnter || keyCode == key::kSpace; }
-  void Clicked() override { FireClick(); }
+  bool IsClickedBy(PassKey<UserActs> /*key*/, int keyCode) const override {
+    return keyCode == key::kEnter || keyCode == key::kSpace;
+  }
+  void Clicked(PassKey<UserActs> /*key*/) override { FireClick(); }
 
  private:
   ButtonDesign design_;
@@ -61,14 +62,15 @@ class ToggleButton : public AnyButton {
 
   std::string DefaultValue() const override { return Value() ? "1" : "0"; }
 
+  void Reset(PassKey<fiscalon::Form> key) override;
+  bool IsClickedBy(PassKey<UserActs> /*key*/, int keyCode) const override { return keyCode == key::kSpace; }
+
  protected:
   ToggleButton(fiscalon::Form& form, ControlKind kind, std::string name, const ToggleDesign& design,
                ButtonEvents events)
       : AnyButton(form, kind, std::move(name), design.caption, CommonDesign::Of(design), std::move(events)),
         design_(design) {}
 
-  void Reset() override;
-  bool IsClickedBy(int keyCode) const override { return keyCode == key::kSpace; }
   /// The button that goes off when this one goes on, or null.
   virtual ToggleButton* OtherThatGoesOff() { return nullptr; }
 
@@ -82,8 +84,7 @@ class CheckBox : public ToggleButton {
   CheckBox(fiscalon::Form& form, std::string name, const ToggleDesign& design, ButtonEvents events = {})
       : ToggleButton(form, ControlKind::CheckBox, std::move(name), design, std::move(events)) {}
 
- protected:
-  void Clicked() override { Value(!Value()); }
+  void Clicked(PassKey<UserActs> /*key*/) override { Value(!Value()); }
 };
 
 /// One of several choices: of the option buttons of one frame, or of the form outside its frames, at most one is on.
@@ -96,9 +97,10 @@ class OptionButton : public ToggleButton {
   /// The option that is on, else the first, of those that can take the focus.
   Control& StopOfGroup() override;
 
+  void Clicked(PassKey<UserActs> /*key*/) override { Value(true); }
+  KeyOutcome KeyMeans(PassKey<UserActs> key, int keyCode, int character) override;
+
  protected:
-  void Clicked() override { Value(true); }
-  KeyOutcome KeyMeans(int keyCode, int character) override;
   ToggleButton* OtherThatGoesOff() override;
 
  private:

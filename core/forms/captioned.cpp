@@ -4,8 +4,8 @@
 
 namespace fiscalon {
 
-void Captioned::Reset() {
-  Control::Reset();
+void Captioned::Reset(PassKey<fiscalon::Form> key) {
+  Control::Reset(key);
   caption_ = designedCaption_;
 }
 

@@ -17,12 +17,12 @@ class Captioned : public Control {
 
   std::string DefaultValue() const override { return Caption(); }
 
+  void Reset(PassKey<fiscalon::Form> key) override;
+
  protected:
   Captioned(fiscalon::Form& form, ControlKind kind, std::string name, std::string caption, const CommonDesign& design,
             CommonEvents events)
       : Control(form, kind, std::move(name), design, std::move(events)), designedCaption_(std::move(caption)) {}
-
-  void Reset() override;
 
  private:
   std::string designedCaption_;

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "core/forms/form.h"
+#include "core/forms/form_events.h"
 #include "core/forms/label.h"
 
 namespace fiscalon {
@@ -10,10 +10,10 @@ namespace fiscalon {
 Control::Control(fiscalon::Form& form, ControlKind kind, std::string name, const CommonDesign& design,
                  CommonEvents events)
     : form_(form), kind_(kind), name_(std::move(name)), design_(design), events_(std::move(events)) {
-  form_.Register(*this);
+  form_.Register({}, *this);
 }
 
-void Control::Reset() {
+void Control::Reset(PassKey<fiscalon::Form> /*key*/) {
   enabled_ = design_.enabled;
   visible_ = design_.visible;
 }
@@ -23,12 +23,30 @@ void Control::Touch() const {
 }
 
 void Control::Changed() {
-  form_.ControlChanged(*this);
+  form_.ControlChanged({}, *this);
 }
 
 void Control::Fire(std::string_view event, const Handler& handler) {
   if (handler)
-    form_.Fire(name_, event, handler);
+    form_.Fire({}, name_, event, handler);
+}
+
+void Control::FireLostFocus(PassKey<fiscalon::Form> /*key*/) {
+  Fire("LostFocus", events_.lostFocus);
+}
+
+void Control::FireMouseDown(PassKey<UserActs> /*key*/) {
+  Fire("MouseDown", events_.mouseDown);
+}
+
+void Control::FireKeyDown(PassKey<UserActs> /*key*/, int& keyCode, int shift) {
+  if (events_.keyDown)
+    form_.Fire({}, name_, "KeyDown", [&] { events_.keyDown(keyCode, shift); });
+}
+
+void Control::FireKeyPress(PassKey<UserActs> /*key*/, int& character) {
+  if (events_.keyPress)
+    form_.Fire({}, name_, "KeyPress", [&] { events_.keyPress(character); });
 }
 
 bool Control::Enabled() const {
@@ -41,7 +59,7 @@ void Control::Enabled(bool enabled) {
   if (std::exchange(enabled_, enabled) == enabled)
     return;
   Changed();
-  form_.focus_.Keep();
+  form_.KeepFocus({});
 }
 
 bool Control::Visible() const {
@@ -54,7 +72,7 @@ void Control::Visible(bool visible) {
   if (std::exchange(visible_, visible) == visible)
     return;
   Changed();
-  form_.focus_.Keep();
+  form_.KeepFocus({});
 }
 
 bool Control::EnabledInFrames() const {
@@ -71,11 +89,11 @@ bool Control::CanTakeFocus() const {
 
 void Control::SetFocus() {
   Touch();
-  form_.focus_.Set(*this);
+  form_.SetFocus({}, *this);
 }
 
 void Control::GoAndClick(FocusBy by) {
-  form_.acts_.GoAndClick(*this, by);
+  form_.Acts().GoAndClick({}, *this, by);
 }
 
 }  // namespace fiscalon

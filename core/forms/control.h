@@ -6,10 +6,13 @@
 #include "core/forms/designs.h"
 #include "core/forms/events.h"
 #include "core/forms/keys.h"
+#include "core/forms/pass_key.h"
 
 namespace fiscalon {
 
+class Focus;
 class Form;
+class UserActs;
 
 enum class ControlKind { Label, TextField, Button, CheckBox, OptionButton, DropDownList, ListBox, Frame };
 
@@ -59,24 +62,28 @@ class Control {
   /// What the control holds, as a comparison with a text sees it: a field's text, a button's caption.
   virtual std::string DefaultValue() const { return {}; }
 
- protected:
-  friend class fiscalon::Form;
-  friend class Focus;
-  friend class UserActs;
-
-  Control(fiscalon::Form& form, ControlKind kind, std::string name, const CommonDesign& design, CommonEvents events);
+  // What the form, the focus and the user do to a control: only they can.
 
   /// Returns to the design, when the form loads.
-  virtual void Reset();
+  virtual void Reset(PassKey<fiscalon::Form> key);
+  void FireLostFocus(PassKey<fiscalon::Form> key);
   /// The focus has come here.
-  virtual void FocusCame(FocusBy /*by*/) {}
+  virtual void FocusCame(PassKey<Focus> /*key*/, FocusBy /*by*/) {}
+  void FireMouseDown(PassKey<UserActs> key);
+  /// Runs the handler, if the form has one. It may change the code.
+  void FireKeyDown(PassKey<UserActs> key, int& keyCode, int shift);
+  /// The same for the character.
+  void FireKeyPress(PassKey<UserActs> key, int& character);
   /// Whether a key is as good as a click while the control has the focus. No handler hears of it.
-  virtual bool IsClickedBy(int /*keyCode*/) const { return false; }
+  virtual bool IsClickedBy(PassKey<UserActs> /*key*/, int /*keyCode*/) const { return false; }
   /// The user has clicked the control, by mouse or by key.
-  virtual void Clicked() {}
+  virtual void Clicked(PassKey<UserActs> /*key*/) {}
   /// What a key means to the control itself, when all handlers have let it through. The character is 0 for a key
   /// without one, and the code is 0 for a character without a key.
-  virtual KeyOutcome KeyMeans(int /*keyCode*/, int /*character*/) { return {}; }
+  virtual KeyOutcome KeyMeans(PassKey<UserActs> /*key*/, int /*keyCode*/, int /*character*/) { return {}; }
+
+ protected:
+  Control(fiscalon::Form& form, ControlKind kind, std::string name, const CommonDesign& design, CommonEvents events);
 
   /// Loads the form where it is not, since state exists only while it is.
   void Touch() const;

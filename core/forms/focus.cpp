@@ -11,7 +11,7 @@ namespace fiscalon {
 
 std::vector<Control*> Focus::Order() const {
   std::vector<Control*> order;
-  std::copy_if(form_.controls_.begin(), form_.controls_.end(), std::back_inserter(order),
+  std::copy_if(form_.Controls().begin(), form_.Controls().end(), std::back_inserter(order),
                [](const Control* control) { return control->TakesKeys(); });
   const auto indexOf = [](const Control* control) { return static_cast<unsigned>(control->TabIndex()); };
   std::stable_sort(order.begin(), order.end(),
@@ -37,7 +37,7 @@ void Focus::ActEnds() {
 void Focus::Set(Control& control) {
   if (form_.IsUp())
     given_ = &control;
-  if (form_.phase_ == Form::Phase::Loaded || &control == active_)
+  if (form_.IsYetToBeShown() || &control == active_)
     return;
   if (!control.CanTakeFocus())
     Raise(error_number::kInvalidProcedureCall);
@@ -48,11 +48,10 @@ void Focus::Move(Control& control, FocusBy by) {
   if (&control == active_)
     return;
   if (active_ != nullptr)
-    form_.queue_.Post(PostedLostFocus{.control = active_});
+    queue_.Post(PostedLostFocus{.control = active_});
   active_ = &control;
-  control.FocusCame(by);
-  if (form_.observer_ != nullptr)
-    form_.observer_->FocusMoved(control, by);
+  control.FocusCame({}, by);
+  form_.FocusMoved({}, control, by);
 }
 
 void Focus::MoveToFirst() {
@@ -81,7 +80,7 @@ void Focus::Keep() {
   MoveToNext(+1);
   if (active_->CanTakeFocus())
     return;
-  form_.queue_.Post(PostedLostFocus{.control = active_});
+  queue_.Post(PostedLostFocus{.control = active_});
   active_ = nullptr;
 }
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/forms/control.h"
+#include "core/forms/event_queue.h"
 
 namespace fiscalon {
 
@@ -10,7 +11,7 @@ namespace fiscalon {
 /// `LostFocus` of the old one.
 class Focus {
  public:
-  explicit Focus(Form& form) : form_(form) {}
+  Focus(Form& form, EventQueue& queue) : form_(form), queue_(queue) {}
   Focus(const Focus&) = delete;
   Focus& operator=(const Focus&) = delete;
 
@@ -45,6 +46,7 @@ class Focus {
 
  private:
   Form& form_;
+  EventQueue& queue_;
   Control* active_ = nullptr;
   Control* waiting_ = nullptr;
   /// Of the act that is under way: who had the focus, whether the user asked to go on and was told something, and whom

@@ -33,9 +33,28 @@ Control& Form::ControlNamed(std::string_view name) const {
   throw FormMisuse(name_, std::string(name), "the form has no such control");
 }
 
-void Form::ControlChanged(const Control& control) {
+void Form::ControlChanged(PassKey<Control> /*key*/, const Control& control) {
   if (observer_ != nullptr && IsUp())
     observer_->ControlChanged(control);
+}
+
+void Form::FocusMoved(PassKey<Focus> /*key*/, const Control& control, FocusBy by) {
+  if (observer_ != nullptr)
+    observer_->FocusMoved(control, by);
+}
+
+void Form::FireKeyDown(PassKey<UserActs> /*key*/, int& keyCode, int shift) {
+  Run("Form", "KeyDown", [&] { Form_KeyDown(keyCode, shift); });
+}
+
+void Form::FireKeyPress(PassKey<UserActs> /*key*/, int& character) {
+  Run("Form", "KeyPress", [&] { Form_KeyPress(character); });
+}
+
+bool Form::MayUnload(PassKey<UserActs> /*key*/, CloseReason reason) {
+  bool cancel = false;
+  Run("Form", "QueryUnload", [&] { Form_QueryUnload(cancel, reason); });
+  return !cancel;
 }
 
 void Form::Load() {
@@ -43,7 +62,7 @@ void Form::Load() {
     return;
   phase_ = Phase::Loaded;
   caption_ = designedCaption_;
-  for (Control* control : controls_) control->Reset();
+  for (Control* control : controls_) control->Reset({});
   Run("Form", "Load", [this] { Form_Load(); });
 }
 
@@ -74,10 +93,7 @@ void Form::ShowModal(Toolkit& toolkit) {
 void Form::Open() {
   phase_ = Phase::Up;
   focus_.Forget();
-  acts_.Act(UserActs::ActPart::First, [this] {
-    focus_.MoveToFirst();
-    Run("Form", "Activate", [this] { Form_Activate(); });
-  });
+  acts_.Open({}, [this] { Run("Form", "Activate", [this] { Form_Activate(); }); });
 }
 
 void Form::Fail(std::exception_ptr failure) {
@@ -119,17 +135,13 @@ void Form::SendKeys(std::string_view keys) {
     queue_.Post(PostedKey{.stroke = *StrokeNamed("Tab")});
 }
 
-void Form::Fire(std::string_view object, std::string_view event, const Handler& handler) {
-  Run(object, event, handler);
-}
-
 void Form::RunPosted() {
   const ScopedValue running(runningPosted_, true);
   while (const auto event = queue_.Take()) {
     if (const auto* left = std::get_if<PostedLostFocus>(&*event))
-      left->control->Fire("LostFocus", left->control->events_.lostFocus);
+      left->control->FireLostFocus({});
     else
-      acts_.Stroke(std::get<PostedKey>(*event).stroke);
+      acts_.PostedStroke({}, std::get<PostedKey>(*event).stroke);
   }
 }
 

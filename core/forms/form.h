@@ -11,6 +11,7 @@
 #include "core/forms/focus.h"
 #include "core/forms/form_observer.h"
 #include "core/forms/layout.h"
+#include "core/forms/pass_key.h"
 #include "core/forms/toolkit.h"
 #include "core/forms/user_acts.h"
 
@@ -53,6 +54,8 @@ class Form {
 
   bool IsLoaded() const { return phase_ != Phase::Unloaded; }
   bool IsUp() const { return phase_ == Phase::Up; }
+  /// Loaded, and not shown since.
+  bool IsYetToBeShown() const { return phase_ == Phase::Loaded; }
 
   /// The control that has the focus, or null. Inside a `LostFocus` handler that is the control which took it.
   Control* ActiveControl() const { return focus_.Active(); }
@@ -72,6 +75,25 @@ class Form {
   /// The front end that shows the form, set when its toolkit hears that the form opens; null takes it away. The end
   /// of the show takes it away too.
   void Observe(FormObserver* observer) { observer_ = observer; }
+
+  // What the form does for its controls, their focus and the user's acts: only they can ask for it.
+
+  void Register(PassKey<Control> /*key*/, Control& control) { controls_.push_back(&control); }
+  void ControlChanged(PassKey<Control> key, const Control& control);
+  /// Runs a handler of a control's event.
+  template <class Call>
+  void Fire(PassKey<Control> key, std::string_view control, std::string_view event, Call&& call);
+  void SetFocus(PassKey<Control> /*key*/, Control& control) { focus_.Set(control); }
+  void KeepFocus(PassKey<Control> /*key*/) { focus_.Keep(); }
+
+  void FocusMoved(PassKey<Focus> key, const Control& control, FocusBy by);
+
+  void FireKeyDown(PassKey<UserActs> key, int& keyCode, int shift);
+  void FireKeyPress(PassKey<UserActs> key, int& character);
+  bool MayUnload(PassKey<UserActs> key, CloseReason reason);
+  void RunPosted(PassKey<UserActs> /*key*/) { RunPosted(); }
+  /// Ends the show and keeps the error, the first one, for `ShowModal` to throw.
+  void Fail(PassKey<UserActs> /*key*/, std::exception_ptr failure) { Fail(std::move(failure)); }
 
  protected:
   virtual void Form_Load() {}
@@ -97,24 +119,15 @@ class Form {
   }
 
  private:
-  friend class Control;
-  friend class Focus;
-  friend class UserActs;
-
   enum class Phase { Unloaded, Loaded, Up, Hidden };
-
-  void Register(Control& control) { controls_.push_back(&control); }
-  void ControlChanged(const Control& control);
 
   /// Runs a handler; when it was the outermost one, what it posted runs afterwards.
   template <class Call>
   void Run(std::string_view object, std::string_view event, Call&& call);
-  void Fire(std::string_view object, std::string_view event, const Handler& handler);
   void RunPosted();
   /// Puts a loaded form up: the first focus, `Form_Activate`, and what they posted.
   void Open();
   void EndShow(Phase next);
-  /// Ends the show and keeps the error, the first one, for `ShowModal` to throw.
   void Fail(std::exception_ptr failure);
 
   std::string name_;
@@ -122,9 +135,9 @@ class Form {
   std::string caption_;
   std::vector<Control*> controls_;
   Phase phase_ = Phase::Unloaded;
-  Focus focus_{*this};
-  UserActs acts_{*this};
   EventQueue queue_;
+  Focus focus_{*this, queue_};
+  UserActs acts_{*this, focus_, queue_};
   int runningHandlers_ = 0;
   bool runningPosted_ = false;
   bool showing_ = false;

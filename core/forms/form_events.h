@@ -1,6 +1,7 @@
 #pragma once
 
 #include <exception>
+#include <utility>
 
 #include "core/forms/form.h"
 #include "core/forms/scoped_value.h"
@@ -22,6 +23,11 @@ void Form::Run(std::string_view object, std::string_view event, Call&& call) {
 }
 
 template <class Call>
+void Form::Fire(PassKey<Control> /*key*/, std::string_view control, std::string_view event, Call&& call) {
+  Run(control, event, std::forward<Call>(call));
+}
+
+template <class Call>
 void UserActs::Act(ActPart part, Call&& call) {
   // While a handler waits, in a message box for one, the user can't act on the form.
   if (!form_.IsUp() || acting_)
@@ -30,16 +36,16 @@ void UserActs::Act(ActPart part, Call&& call) {
   editingFollows_ = false;
   characterFollows_ = false;
   if (part == ActPart::First) {
-    form_.queue_.BeginAct();
-    form_.focus_.ActBegins();
+    queue_.BeginAct();
+    focus_.ActBegins();
   }
   try {
     call();
-    form_.RunPosted();
+    form_.RunPosted({});
   } catch (...) {
-    form_.Fail(std::current_exception());
+    form_.Fail({}, std::current_exception());
   }
-  form_.focus_.ActEnds();
+  focus_.ActEnds();
 }
 
 }  // namespace fiscalon

@@ -17,8 +17,8 @@ bool BeginsWith(std::string_view row, std::string_view text) {
 
 }  // namespace
 
-void ListControl::Reset() {
-  Control::Reset();
+void ListControl::Reset(PassKey<fiscalon::Form> key) {
+  Control::Reset(key);
   rows_.clear();
   Select(kNothingSelected);
 }
@@ -81,7 +81,7 @@ void ListControl::Select(int row) {
   typed_.clear();
 }
 
-void ListControl::Pick(int row) {
+void ListControl::Pick(PassKey<UserActs> /*key*/, int row) {
   ListIndex(row);
   Fire("Click", click_);
   if (Owner().IsUp())
@@ -96,7 +96,7 @@ void ListControl::Step(int row) {
   Fire("Click", click_);
 }
 
-KeyOutcome ListControl::KeyMeans(int keyCode, int character) {
+KeyOutcome ListControl::KeyMeans(PassKey<UserActs> /*key*/, int keyCode, int character) {
   const int last = ListCount() - 1;
   int row = selected_;
   switch (keyCode) {

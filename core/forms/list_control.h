@@ -41,6 +41,12 @@ class ListControl : public Control {
 
   std::string DefaultValue() const override { return Text(); }
 
+  void Reset(PassKey<fiscalon::Form> key) override;
+  void FocusCame(PassKey<Focus> /*key*/, FocusBy /*by*/) override { typed_.clear(); }
+  KeyOutcome KeyMeans(PassKey<UserActs> key, int keyCode, int character) override;
+  /// The user picks a row, perhaps the selected one.
+  void Pick(PassKey<UserActs> key, int row);
+
  protected:
   ListControl(fiscalon::Form& form, ControlKind kind, std::string name, const ListDesign& design, ListEvents events)
       : Control(form, kind, std::move(name), CommonDesign::Of(design), CommonEvents::Of(events)),
@@ -48,15 +54,7 @@ class ListControl : public Control {
         click_(std::move(events.click)),
         chosen_(std::move(events.chosen)) {}
 
-  void Reset() override;
-  void FocusCame(FocusBy /*by*/) override { typed_.clear(); }
-  KeyOutcome KeyMeans(int keyCode, int character) override;
-
  private:
-  friend class UserActs;
-
-  /// The user picks a row, perhaps the selected one.
-  void Pick(int row);
   /// The user goes to a row by keys.
   void Step(int row);
   /// Adds to what was typed and goes to the row that begins with it.

@@ -53,21 +53,21 @@ Edited Shortened(Edited edited, int excess) {
 
 }  // namespace
 
-void TextField::Reset() {
-  Control::Reset();
+void TextField::Reset(PassKey<fiscalon::Form> key) {
+  Control::Reset(key);
   text_.clear();
   selection_ = {};
   locked_ = design_.locked;
 }
 
-void TextField::FocusCame(FocusBy by) {
+void TextField::FocusCame(PassKey<Focus> /*key*/, FocusBy by) {
   if (by == FocusBy::KeyboardOrCode)
     SelectAll();
   else
     Select({.start = static_cast<int>(Text().size())});
 }
 
-KeyOutcome TextField::KeyMeans(int keyCode, int character) {
+KeyOutcome TextField::KeyMeans(PassKey<UserActs> /*key*/, int keyCode, int character) {
   constexpr int kLineFeed = 10;
   const bool enters = character == key::kEnter || character == kLineFeed;
   // Of the control characters fields know Backspace, and line ends where there are lines.
@@ -95,7 +95,7 @@ void TextField::Text(std::string_view text) {
   Fire("Change", change_);
 }
 
-void TextField::Edit(std::string text, Selection selection) {
+void TextField::Edit(PassKey<UserActs> /*key*/, std::string text, Selection selection) {
   // An edit that puts text in leaves a caret; a selection is of what was there.
   Edited edited = {.text = std::move(text), .caret = selection.End()};
   const bool endsLines = edited.text.find('\r') != std::string::npos || edited.text.find('\n') != std::string::npos;

@@ -48,17 +48,16 @@ class TextField : public Control {
 
   std::string DefaultValue() const override { return Text(); }
 
- protected:
-  void Reset() override;
-  void FocusCame(FocusBy by) override;
-  KeyOutcome KeyMeans(int keyCode, int character) override;
-
- private:
-  friend class UserActs;
-
+  void Reset(PassKey<fiscalon::Form> key) override;
+  void FocusCame(PassKey<Focus> key, FocusBy by) override;
+  KeyOutcome KeyMeans(PassKey<UserActs> key, int keyCode, int character) override;
   /// What the user's editing made of the text. What it put in ends at the caret, and is cut to the limit and, in a
   /// field of one line, at its first line end. Line ends of several lines become CR LF.
-  void Edit(std::string text, Selection selection);
+  void Edit(PassKey<UserActs> key, std::string text, Selection selection);
+  /// The front end, where the user has selected, shows it already.
+  void Select(PassKey<UserActs> /*key*/, Selection selection) { selection_ = Clamped(selection); }
+
+ private:
   Selection Clamped(Selection selection) const;
 
   FieldDesign design_;

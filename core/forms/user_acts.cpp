@@ -7,6 +7,13 @@
 
 namespace fiscalon {
 
+void UserActs::Open(PassKey<Form> /*key*/, const Handler& activate) {
+  Act(ActPart::First, [&] {
+    focus_.MoveToFirst();
+    activate();
+  });
+}
+
 KeyOutcome UserActs::Key(const KeyStroke& stroke) {
   KeyOutcome outcome;
   Act(ActPart::First, [&] { outcome = Stroke(stroke); });
@@ -57,25 +64,25 @@ bool UserActs::KeyGoesOn(Control* control, const KeyStroke& stroke, int& keyCode
   if (DialogKey(stroke))
     return false;
   keyCode = stroke.keyCode;
-  form_.Run("Form", "KeyDown", [&] { form_.Form_KeyDown(keyCode, stroke.shift); });
-  if (keyCode != 0 && control != nullptr && control->events_.keyDown && form_.IsUp())
-    form_.Run(control->Name(), "KeyDown", [&] { control->events_.keyDown(keyCode, stroke.shift); });
+  form_.FireKeyDown({}, keyCode, stroke.shift);
+  if (keyCode != 0 && control != nullptr && form_.IsUp())
+    control->FireKeyDown({}, keyCode, stroke.shift);
   return keyCode != 0 && form_.IsUp();
 }
 
 KeyOutcome UserActs::Typed(Control* control, int keyCode, int character) {
   // Enter confirms an entry, and its handler may go on from it.
   if (character == key::kEnter)
-    form_.focus_.UserGoesOn();
-  form_.Run("Form", "KeyPress", [&] { form_.Form_KeyPress(character); });
-  if (character != 0 && control != nullptr && control->events_.keyPress && form_.IsUp())
-    form_.Run(control->Name(), "KeyPress", [&] { control->events_.keyPress(character); });
+    focus_.UserGoesOn();
+  form_.FireKeyPress({}, character);
+  if (character != 0 && control != nullptr && form_.IsUp())
+    control->FireKeyPress({}, character);
   return character == 0 ? KeyOutcome() : Meaning(control, keyCode, character);
 }
 
 KeyOutcome UserActs::Meaning(Control* control, int keyCode, int character) const {
   // Handlers may have hidden or disabled the control meanwhile.
-  return control == nullptr || !control->CanTakeFocus() ? KeyOutcome() : control->KeyMeans(keyCode, character);
+  return control == nullptr || !control->CanTakeFocus() ? KeyOutcome() : control->KeyMeans({}, keyCode, character);
 }
 
 bool UserActs::DialogKey(const KeyStroke& stroke) {
@@ -86,8 +93,8 @@ bool UserActs::DialogKey(const KeyStroke& stroke) {
     return AccessKeyPressed(stroke);
   switch (stroke.keyCode) {
     case key::kTab:
-      form_.focus_.UserGoesOn();
-      form_.focus_.MoveToNext((stroke.shift & shift_state::kShift) != 0 ? -1 : +1);
+      focus_.UserGoesOn();
+      focus_.MoveToNext((stroke.shift & shift_state::kShift) != 0 ? -1 : +1);
       return true;
     case key::kEscape:
       return PressCancelButton();
@@ -98,7 +105,7 @@ bool UserActs::DialogKey(const KeyStroke& stroke) {
 
 bool UserActs::ClickByKey(int keyCode) {
   Control* const control = form_.ActiveControl();
-  if (control == nullptr || !control->IsClickedBy(keyCode))
+  if (control == nullptr || !control->IsClickedBy({}, keyCode))
     return false;
   ClickIfFocused(*control);
   return true;
@@ -124,7 +131,7 @@ bool UserActs::PressCancelButton() {
     has = true;
     if (!button->CanTakeFocus())
       continue;
-    control->Clicked();
+    control->Clicked({});
     break;
   }
   return has;
@@ -135,13 +142,13 @@ void UserActs::EditText(TextField& field, std::string_view text, Selection selec
   Act(part, [&] {
     ExpectOwn(field);
     if (!field.Locked())
-      field.Edit(std::string(text), selection);
+      field.Edit({}, std::string(text), selection);
   });
 }
 
 void UserActs::SelectText(TextField& field, Selection selection) {
   if (form_.IsUp())
-    field.selection_ = field.Clamped(selection);
+    field.Select({}, selection);
 }
 
 bool UserActs::Press(Control& control) {
@@ -154,13 +161,13 @@ bool UserActs::PressAndFocus(Control& control) {
   ExpectOwn(control);
   if (!control.CanTakeFocus())
     return false;
-  control.Fire("MouseDown", control.events_.mouseDown);
+  control.FireMouseDown({});
   if (!form_.IsUp())
     return false;
-  form_.focus_.UserGoesOn(&control);
+  focus_.UserGoesOn(&control);
   if (control.CanTakeFocus())
-    form_.focus_.Move(control, FocusBy::Mouse);
-  form_.RunPosted();
+    focus_.Move(control, FocusBy::Mouse);
+  form_.RunPosted({});
   return form_.IsUp() && form_.ActiveControl() == &control;
 }
 
@@ -175,20 +182,20 @@ void UserActs::Click(Control& control) {
 
 void UserActs::ClickIfFocused(Control& control) {
   if (form_.IsUp() && form_.ActiveControl() == &control && control.CanTakeFocus())
-    control.Clicked();
+    control.Clicked({});
 }
 
 void UserActs::GoAndClick(Control& control, FocusBy by) {
-  form_.focus_.UserGoesOn(&control);
-  form_.focus_.Move(control, by);
-  form_.RunPosted();
+  focus_.UserGoesOn(&control);
+  focus_.Move(control, by);
+  form_.RunPosted({});
   ClickIfFocused(control);
 }
 
 void UserActs::PickIfThere(ListControl& list, int row) {
   // What ran since the user pointed at the row may have taken rows away.
   if (form_.ActiveControl() == &list && list.CanTakeFocus() && row < list.ListCount())
-    list.Pick(row);
+    list.Pick({}, row);
 }
 
 void UserActs::Pick(ListControl& list, int row) {
@@ -211,17 +218,15 @@ void UserActs::Choose(ListControl& list, int row) {
 void UserActs::BringFocus(Control& control) {
   Act(ActPart::First, [&] {
     ExpectOwn(control);
-    form_.focus_.UserGoesOn(&control);
+    focus_.UserGoesOn(&control);
     if (control.CanTakeFocus())
-      form_.focus_.Move(control, FocusBy::KeyboardOrCode);
+      focus_.Move(control, FocusBy::KeyboardOrCode);
   });
 }
 
 void UserActs::Close(CloseReason reason) {
   Act(ActPart::First, [&] {
-    bool cancel = false;
-    form_.Run("Form", "QueryUnload", [&] { form_.Form_QueryUnload(cancel, reason); });
-    if (!cancel)
+    if (form_.MayUnload({}, reason))
       form_.Unload();
   });
 }

@@ -4,10 +4,13 @@
 
 #include "core/forms/close_reason.h"
 #include "core/forms/keys.h"
+#include "core/forms/pass_key.h"
 #include "core/forms/text_field.h"
 
 namespace fiscalon {
 
+class EventQueue;
+class Focus;
 class Form;
 class ListControl;
 
@@ -25,6 +28,7 @@ class ListControl;
 /// - A press that answers false must not click, natively either.
 class UserActs {
  public:
+  UserActs(Form& form, Focus& focus, EventQueue& queue) : form_(form), focus_(focus), queue_(queue) {}
   UserActs(const UserActs&) = delete;
   UserActs& operator=(const UserActs&) = delete;
 
@@ -63,12 +67,17 @@ class UserActs {
   /// The window closes.
   void Close(CloseReason reason);
 
+  /// The form goes up: an act that gives the first focus, and activates the form.
+  void Open(PassKey<Form> key, const Handler& activate);
+
+  // Within an act that is under way.
+
+  /// A handler has posted a keystroke.
+  void PostedStroke(PassKey<Form> /*key*/, const KeyStroke& stroke) { Stroke(stroke); }
+  /// The user goes to a control by a key of another one and clicks: not where a check takes the focus back.
+  void GoAndClick(PassKey<Control> /*key*/, Control& control, FocusBy by) { GoAndClick(control, by); }
+
  private:
-  friend class Form;
-  friend class Control;
-
-  explicit UserActs(Form& form) : form_(form) {}
-
   /// A click is a press and a release, a typed character is a key and its editing: one act each.
   enum class ActPart { First, Further };
   /// One act, from its first event to the last that it posted. An error that leaves it ends the show and is kept for
@@ -97,6 +106,8 @@ class UserActs {
   void ExpectOwn(const Control& control) const;
 
   Form& form_;
+  Focus& focus_;
+  EventQueue& queue_;
   bool acting_ = false;
   /// The key before was left to a field: what its editor makes of it belongs to the same act.
   bool editingFollows_ = false;
