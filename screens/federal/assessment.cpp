@@ -1,6 +1,7 @@
 #include "screens/federal/assessment.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <initializer_list>
 #include <vector>
@@ -55,35 +56,38 @@ std::string TooLarge() {
   return "Assessment amount cannot be greater than\n" + Format(kAssessmentLimit, "Currency");
 }
 
-const AmountRows kMonthOnLeaving = {{amount::ReadNumber}, {IsNoMonth}, {PadOneDigit}};
+constexpr AmountRow kMonthOnLeaving[] = {{amount::ReadNumber}, {IsNoMonth}, {PadOneDigit}};
 
 // The end of the period is asked for in the words of its start.
-const AmountRows kMonthOnOk = {{amount::IsMissing, kAskMonth, Reaction::Empties},
-                               {amount::ReadNumber},
-                               {IsNoMonth},
-                               {amount::Trim},
-                               {PadOneDigit}};
+constexpr AmountRow kMonthOnOk[] = {{amount::IsMissing, kAskMonth, Reaction::Empties},
+                                    {amount::ReadNumber},
+                                    {IsNoMonth},
+                                    {amount::Trim},
+                                    {PadOneDigit}};
 
-const AmountRows kYearOnOk = {{amount::IsMissing, "Please enter year field.", Reaction::Focus, MessageStyle::Plain}};
+constexpr AmountRow kYearOnOk[] = {
+    {amount::IsMissing, "Please enter year field.", Reaction::Focus, MessageStyle::Plain}};
+
+bool Passes(TextField& field, AmountRows rows) {
+  return PassesRows(TestedAmount(field, {}, Failures::Leave), rows);
+}
 
 // Limits are shown as the user's locale shows amounts, so these rows are made when they are needed.
 
-AmountRows AssessmentOnEnter() {
-  return {{amount::ReadMoney},
-          {amount::IsNegative, "Amount cannot be less than 0."},
-          {amount::ShowInCents},
-          {IsOverLimit, TooLarge() + "."}};
+bool PassesOnEnter(TextField& field) {
+  const std::string tooLarge = TooLarge() + ".";
+  return Passes(field, std::to_array<AmountRow>({{amount::ReadMoney},
+                                                 {amount::IsNegative, "Amount cannot be less than 0."},
+                                                 {amount::ShowInCents},
+                                                 {IsOverLimit, tooLarge}}));
 }
 
-AmountRows AssessmentOnOk() {
-  return {{amount::ReadMoney},
-          {amount::IsNegative, "Assessment amount cannot be less than 0."},
-          {ShowIfInCents},
-          {IsOverLimit, TooLarge()}};
-}
-
-bool Passes(TextField& field, const AmountRows& rows) {
-  return PassesRows(TestedAmount(field, {}, Failures::Leave), rows);
+bool PassesOnOk(TextField& field) {
+  const std::string tooLarge = TooLarge();
+  return Passes(field, std::to_array<AmountRow>({{amount::ReadMoney},
+                                                 {amount::IsNegative, "Assessment amount cannot be less than 0."},
+                                                 {ShowIfInCents},
+                                                 {IsOverLimit, tooLarge}}));
 }
 
 /// A box, then the fields are emptied, and the first one has the focus.
@@ -196,7 +200,7 @@ bool Assessment::ClassIsAccepted(int index) {
 void Assessment::WCBassessment_KeyPress(int index, int& character) {
   TextField& field = WCBassessment[index];
   FilterKey(field, character, kAmountKeys);
-  if (character != key::kEnter || !Passes(field, AssessmentOnEnter()))
+  if (character != key::kEnter || !PassesOnEnter(field))
     return;
   if (index == kPairs - 1)
     Command3D6.SetFocus();
@@ -267,7 +271,7 @@ bool Assessment::ClassesAreUnique() {
 }
 
 bool Assessment::IsValidPair(int index) {
-  if (!Passes(WCBassessment[index], AssessmentOnOk()))
+  if (!PassesOnOk(WCBassessment[index]))
     return false;
   const std::string_view number = Trim(WCBclass[index].Text());
   if (number.empty())

@@ -1,5 +1,7 @@
 #include "screens/federal/corporate_income.h"
 
+#include <array>
+#include <string_view>
 #include <vector>
 
 #include "core/resume_next.h"
@@ -21,36 +23,37 @@ bool ShowUnlessZero(TestedAmount& entry) {
   return false;
 }
 
-const DateRows kDateOfAnInstalmentOnEnter = {{date::IsMissing, kAskDate, Reaction::Empties}, {date::IsNotEightLong}};
+constexpr DateRow kDateOfAnInstalmentOnEnter[] = {{date::IsMissing, kAskDate, Reaction::Empties},
+                                                  {date::IsNotEightLong}};
 
 // What OK tests, in its order: the amount of the chosen voucher, and the date of an instalment.
 
-AmountRows AmountOnOk(const char* belowZero, const char* zero) {
-  return {{amount::Trim},
-          {amount::FillEmpty},
-          {amount::IsNoAmount, "", Reaction::Selects},
-          {amount::ReadMoney},
-          {amount::IsNegative, belowZero, Reaction::Selects},
-          {ShowUnlessZero},
-          // What is shown counts: less than half a cent is none.
-          {amount::ReadNumber},
-          {amount::IsZero, zero, Reaction::Selects}};
+constexpr auto AmountOnOk(std::string_view belowZero, std::string_view zero) {
+  return std::to_array<AmountRow>({{amount::Trim},
+                                   {amount::FillEmpty},
+                                   {amount::IsNoAmount, "", Reaction::Selects},
+                                   {amount::ReadMoney},
+                                   {amount::IsNegative, belowZero, Reaction::Selects},
+                                   {ShowUnlessZero},
+                                   // What is shown counts: less than half a cent is none.
+                                   {amount::ReadNumber},
+                                   {amount::IsZero, zero, Reaction::Selects}});
 }
 
-const AmountRows kInstalmentOnOk = AmountOnOk(kInstalmentBelowZero, "Instalment Payment cannot be 0.");
+constexpr auto kInstalmentOnOk = AmountOnOk(kInstalmentBelowZero, "Instalment Payment cannot be 0.");
 
-const DateRows kDateOnOk = {{date::IsMissing, kAskDate},
-                            {date::IsNotEightLong, "", Reaction::Selects},
-                            {date::Trim},
-                            {date::IsInvalid, kInvalidDate, Reaction::Selects},
-                            {date::YearIsRefused},
-                            {date::ShowDigits}};
+constexpr DateRow kDateOnOk[] = {{date::IsMissing, kAskDate},
+                                 {date::IsNotEightLong, "", Reaction::Selects},
+                                 {date::Trim},
+                                 {date::IsInvalid, kInvalidDate, Reaction::Selects},
+                                 {date::YearIsRefused},
+                                 {date::ShowDigits}};
 
-const AmountRows kArrearsOnOk = AmountOnOk(kArrearsBelowZero, "Amounts Owing Payment cannot be 0.");
+constexpr auto kArrearsOnOk = AmountOnOk(kArrearsBelowZero, "Amounts Owing Payment cannot be 0.");
 
-}  // namespace
+// What Enter tests.
 
-const AmountRows GOVCORPINCOME::kArrearsOnEnter = {
+constexpr AmountRow kArrearsOnEnterRows[] = {
     {amount::Trim},
     {amount::FillEmpty},
     {amount::IsNoAmount},
@@ -60,7 +63,7 @@ const AmountRows GOVCORPINCOME::kArrearsOnEnter = {
     {amount::ShowInCents},
     {amount::Exceeds, "Arrears Payment cannot be greater than amount to be paid."}};
 
-const AmountRows GOVCORPINCOME::kInstalmentOnEnter = {
+constexpr AmountRow kInstalmentOnEnterRows[] = {
     {amount::Trim},
     {amount::IsMissing, "", Reaction::Passes},
     {amount::IsNoAmount},
@@ -69,6 +72,11 @@ const AmountRows GOVCORPINCOME::kInstalmentOnEnter = {
     {amount::IsZero, "", Reaction::Stops},
     {amount::ShowInCents},
     {amount::Exceeds, "Instalment Payment cannot be greater than amount to be paid."}};
+
+}  // namespace
+
+constinit const AmountRows GOVCORPINCOME::kArrearsOnEnter = kArrearsOnEnterRows;
+constinit const AmountRows GOVCORPINCOME::kInstalmentOnEnter = kInstalmentOnEnterRows;
 
 void GOVCORPINCOME::Form_Load() {
   head.Show(Payment());

@@ -30,42 +30,48 @@ bool ShowWholeZero(TestedAmount& entry) {
 
 // A start of another length is refused without a word, an end is not.
 
-const DateRows kStartOnOk = {{date::IsMissing, kAskStart},    {date::IsNotEightLong}, {date::Trim},
-                             {date::IsInvalid, kInvalidDate}, {date::YearIsRefused},  {date::ShowDigits}};
+constexpr DateRow kStartOnOk[] = {{date::IsMissing, kAskStart},    {date::IsNotEightLong}, {date::Trim},
+                                  {date::IsInvalid, kInvalidDate}, {date::YearIsRefused},  {date::ShowDigits}};
 
-const DateRows kEndOnOk = {{date::IsMissing, kAskEnd},
-                           {date::IsNotEightLong, kInvalidDate},
-                           {date::Trim},
-                           {date::IsInvalid, kInvalidDate},
-                           {date::YearIsRefused},
-                           {date::ShowDigits}};
+constexpr DateRow kEndOnOk[] = {{date::IsMissing, kAskEnd},
+                                {date::IsNotEightLong, kInvalidDate},
+                                {date::Trim},
+                                {date::IsInvalid, kInvalidDate},
+                                {date::YearIsRefused},
+                                {date::ShowDigits}};
 
-const AmountRows kSalesOnOk = {{amount::Trim},
-                               {amount::ReadNumber},
-                               {amount::IsNegative, kSalesBelowZero, Reaction::Empties},
-                               {ShowWholeZero},
-                               {amount::IsZero, {}, Reaction::Passes},
-                               {amount::IsNoAmount},
-                               {amount::HasFraction, kSalesWithCents, Reaction::Focus, MessageStyle::Plain}};
+constexpr AmountRow kSalesOnOk[] = {{amount::Trim},
+                                    {amount::ReadNumber},
+                                    {amount::IsNegative, kSalesBelowZero, Reaction::Empties},
+                                    {ShowWholeZero},
+                                    {amount::IsZero, {}, Reaction::Passes},
+                                    {amount::IsNoAmount},
+                                    {amount::HasFraction, kSalesWithCents, Reaction::Focus, MessageStyle::Plain}};
 
 std::string LeastBalance() {
   return Format(kLeastBalance, "$0.00");
 }
 
-}  // namespace
+// What Enter and leaving test.
 
-const DateRows GOVGST34::kStartOnEnter = {{date::IsMissing, kAskStart}, {date::IsNotEightLong}};
+constexpr DateRow kStartOnEnterRows[] = {{date::IsMissing, kAskStart}, {date::IsNotEightLong}};
 
-const DateRows GOVGST34::kEndOnEnter = {{date::IsMissing, kAskEnd}, {date::IsNotEightLong}};
+constexpr DateRow kEndOnEnterRows[] = {{date::IsMissing, kAskEnd}, {date::IsNotEightLong}};
 
 // The text stays as it stands.
-const AmountRows GOVGST34::kSalesOnLeaving = {
+constexpr AmountRow kSalesOnLeavingRows[] = {
     {amount::Trim},
     {amount::ReadMoney},
     {amount::IsNegative, kSalesBelowZero, Reaction::Empties},
     {amount::IsZero, {}, Reaction::Passes},
     {amount::IsNoAmount},
     {amount::HasFraction, kSalesWithCents, Reaction::Focus, MessageStyle::Plain}};
+
+}  // namespace
+
+constinit const DateRows GOVGST34::kStartOnEnter = kStartOnEnterRows;
+constinit const DateRows GOVGST34::kEndOnEnter = kEndOnEnterRows;
+constinit const AmountRows GOVGST34::kSalesOnLeaving = kSalesOnLeavingRows;
 
 void GOVGST34::Form_Load() {
   head.Show(Payment());

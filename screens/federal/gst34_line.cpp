@@ -35,23 +35,20 @@ bool NeverMet(TestedAmount& /*entry*/) {
 }
 
 /// An amount of 0 is shown, and passes whatever else stands in the field.
-AmountRows RowsOf(const AmountRow& read, const AmountRow& belowZero) {
-  return {{amount::Trim},
-          read,
-          belowZero,
-          {amount::ShowZero},
-          {amount::IsZero, {}, Reaction::Passes},
-          {amount::IsNoAmount},
-          {amount::ShowInCents}};
+constexpr auto RowsOf(const AmountRow& read, const AmountRow& belowZero) {
+  return std::to_array<AmountRow>({{amount::Trim},
+                                   read,
+                                   belowZero,
+                                   {amount::ShowZero},
+                                   {amount::IsZero, {}, Reaction::Passes},
+                                   {amount::IsNoAmount},
+                                   {amount::ShowInCents}});
 }
 
-AmountRows OnLeaving(const Gst34LineDesign& design) {
-  const AmountRow belowZero = {amount::IsNegative, design.belowZero, design.belowZeroOnLeaving};
-  return RowsOf({amount::ReadMoney}, design.filledBy == LineFilledBy::User ? belowZero : AmountRow{NeverMet});
-}
-
-AmountRows OnOk(const Gst34LineDesign& design) {
-  return RowsOf({amount::ReadNumber}, {amount::IsNegative, design.belowZero, Reaction::Empties});
+AmountRow BelowZeroOnLeaving(const Gst34LineDesign& design) {
+  if (design.filledBy == LineFilledBy::Form)
+    return {NeverMet};
+  return {amount::IsNegative, design.belowZero, design.belowZeroOnLeaving};
 }
 
 FieldDesign FieldOf(const Gst34LineDesign& design) {
@@ -78,10 +75,14 @@ void LimitAmountKey(const TextField& box, int& key, int maxDigits) {
   TheToolkit().Beep();
 }
 
+Gst34LineRows::Gst34LineRows(const Gst34LineDesign& design)
+    : onLeaving(RowsOf({amount::ReadMoney}, BelowZeroOnLeaving(design))),
+      onOk(RowsOf({amount::ReadNumber}, {amount::IsNegative, design.belowZero, Reaction::Empties})) {}
+
 Gst34Line::Gst34Line(fiscalon::Form& form, std::string name, const Handler& recalculate, const Gst34LineDesign& design)
-    : TypedAmount(form, std::move(name), FieldOf(design),
-                  {.next = design.next, .onLeaving = OnLeaving(design), .left = recalculate},
-                  {.keyPress = [this](int& key) { ResumeNext::Run([&] { LimitAmountKey(*this, key, 11); }); }}),
-      onOk_(OnOk(design)) {}
+    : Gst34LineRows(design),
+      TypedAmount(form, std::move(name), FieldOf(design),
+                  {.next = design.next, .onLeaving = onLeaving, .left = recalculate},
+                  {.keyPress = [this](int& key) { ResumeNext::Run([&] { LimitAmountKey(*this, key, 11); }); }}) {}
 
 }  // namespace fiscalon

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 
 #include "screens/parts/typed_amount.h"
 
@@ -18,7 +20,7 @@ enum class LineFilledBy { User, Form };
 struct Gst34LineDesign {
   int tabIndex = FieldDesign().tabIndex;
   /// What the user is told of an amount below 0. The form's own lines have no such test.
-  std::string belowZero = {};
+  std::string_view belowZero = {};
   /// What happens to such an amount when the line is left. OK empties the field on every line.
   Reaction belowZeroOnLeaving = Reaction::Empties;
   /// Where Enter leads.
@@ -26,17 +28,22 @@ struct Gst34LineDesign {
   LineFilledBy filledBy = LineFilledBy::User;
 };
 
+/// The tests of a line, which bear its own words.
+struct Gst34LineRows {
+  explicit Gst34LineRows(const Gst34LineDesign& design);
+
+  std::array<AmountRow, 7> onLeaving;
+  std::array<AmountRow, 7> onOk;
+};
+
 /// An amount line of the GST/HST return: right-aligned, 12 characters. When it is left it becomes an amount with two
 /// decimals, read as cents where no decimal separator was typed, and the return is calculated anew.
-class Gst34Line : public TypedAmount {
+class Gst34Line : private Gst34LineRows, public TypedAmount {
  public:
   Gst34Line(fiscalon::Form& form, std::string name, const Handler& recalculate, const Gst34LineDesign& design);
 
   /// The same tests and the same rewriting on OK.
-  bool PassesOnOk() { return Passes(onOk_); }
-
- private:
-  AmountRows onOk_;
+  bool PassesOnOk() { return Passes(onOk); }
 };
 
 }  // namespace fiscalon

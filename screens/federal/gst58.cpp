@@ -1,6 +1,8 @@
 #include "screens/federal/gst58.h"
 
+#include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/resume_next.h"
@@ -23,57 +25,81 @@ constexpr const char* kTotalIsZero = "Payment enclosed cannot be 0.";
 constexpr const char* kTotalBelowZero = "Payment enclosed cannot be less than 0.";
 constexpr const char* kTotalDiffers = "Payment enclosed is not equal to amount to be paid.";
 
-AmountRows CategoryOnEnter(const char* belowZero) {
-  return {{amount::Trim}, {amount::ReadNumber}, {amount::IsNegative, belowZero}, {amount::ShowInCents}};
-}
-
 // What OK tests, in its order.
 
-const DateRows kStartOnOk = {
+constexpr DateRow kStartOnOk[] = {
     {date::IsMissing, kAskStart}, {date::IsInvalid, kInvalidDate}, {date::YearIsRefused}, {date::Trim}};
 
-const DateRows kEndOnOk = {
+constexpr DateRow kEndOnOk[] = {
     {date::IsMissing, kAskEnd}, {date::IsNotEightLong, kInvalidDate}, {date::Trim}, {date::IsInvalid, kInvalidDate}};
 
-const DateRows kEndInOrderOnOk = {{date::YearIsRefused}};
+constexpr DateRow kEndInOrderOnOk[] = {{date::YearIsRefused}};
 
 // An instalment of 0 keeps what stands there: one that is blank stays blank.
-const AmountRows kInstalmentOnOk = {{amount::Trim},
+constexpr AmountRow kInstalmentOnOk[] = {{amount::Trim},
+                                         {amount::ReadNumber},
+                                         {amount::IsNegative, kInstalmentBelowZero},
+                                         {amount::IsZero, {}, Reaction::Passes},
+                                         {amount::IsNoAmount},
+                                         {amount::ShowInCents}};
+
+constexpr auto CategoryOnOk(std::string_view belowZero) {
+  return std::to_array<AmountRow>({{amount::Trim},
+                                   {amount::ReadNumber},
+                                   {amount::IsNegative, belowZero},
+                                   {amount::ShowZero},
+                                   {amount::IsNoAmount},
+                                   {amount::ShowInCents}});
+}
+
+constexpr auto kArrearsOnOk = CategoryOnOk(kArrearsBelowZero);
+constexpr auto kOtherOnOk = CategoryOnOk(kOtherBelowZero);
+constexpr auto kAuditOnOk = CategoryOnOk(kAuditBelowZero);
+constexpr auto kNetTaxOnOk = CategoryOnOk("Net Tax Due cannot be less than 0.");
+
+constexpr AmountRow kTotalOnOk[] = {{amount::IsMissing, "Please enter amount of payment enclosed."},
                                     {amount::ReadNumber},
-                                    {amount::IsNegative, kInstalmentBelowZero},
-                                    {amount::IsZero, {}, Reaction::Passes},
+                                    {amount::IsZero, kTotalIsZero},
+                                    {amount::IsNegative, kTotalBelowZero},
                                     {amount::IsNoAmount},
                                     {amount::ShowInCents}};
 
-AmountRows CategoryOnOk(const char* belowZero) {
-  return {{amount::Trim},     {amount::ReadNumber}, {amount::IsNegative, belowZero},
-          {amount::ShowZero}, {amount::IsNoAmount}, {amount::ShowInCents}};
+constexpr AmountRow kTotalOfCategoriesOnOk[] = {{amount::Differs, kTotalDiffers}};
+
+// What Enter tests.
+
+constexpr DateRow kStartOnEnterRows[] = {{date::IsMissing, kAskStart}, {date::IsNotEightLong}};
+
+constexpr DateRow kEndOnEnterRows[] = {{date::IsMissing, kAskEnd}, {date::IsNotEightLong}};
+
+constexpr auto CategoryOnEnter(std::string_view belowZero) {
+  return std::to_array<AmountRow>(
+      {{amount::Trim}, {amount::ReadNumber}, {amount::IsNegative, belowZero}, {amount::ShowInCents}});
 }
 
-const AmountRows kTotalOnOk = {{amount::IsMissing, "Please enter amount of payment enclosed."},
-                               {amount::ReadNumber},
-                               {amount::IsZero, kTotalIsZero},
-                               {amount::IsNegative, kTotalBelowZero},
-                               {amount::IsNoAmount},
-                               {amount::ShowInCents}};
+constexpr auto kInstalmentOnEnterRows = CategoryOnEnter(kInstalmentBelowZero);
+constexpr auto kArrearsOnEnterRows = CategoryOnEnter(kArrearsBelowZero);
+constexpr auto kOtherOnEnterRows = CategoryOnEnter(kOtherBelowZero);
+constexpr auto kAuditOnEnterRows = CategoryOnEnter(kAuditBelowZero);
+constexpr auto kNetTaxOnEnterRows = CategoryOnEnter("NetTaxDue cannot be less than 0.");
 
-const AmountRows kTotalOfCategoriesOnOk = {{amount::Differs, kTotalDiffers}};
+constexpr AmountRow kTotalOnEnterRows[] = {{amount::Trim},
+                                           {amount::ReadNumber},
+                                           {amount::IsZero, kTotalIsZero},
+                                           {amount::IsNegative, kTotalBelowZero},
+                                           {amount::ShowInCents},
+                                           {amount::Differs, kTotalDiffers}};
 
 }  // namespace
 
-const DateRows GOVGST58::kStartOnEnter = {{date::IsMissing, kAskStart}, {date::IsNotEightLong}};
-const DateRows GOVGST58::kEndOnEnter = {{date::IsMissing, kAskEnd}, {date::IsNotEightLong}};
-const AmountRows GOVGST58::kInstalmentOnEnter = CategoryOnEnter(kInstalmentBelowZero);
-const AmountRows GOVGST58::kArrearsOnEnter = CategoryOnEnter(kArrearsBelowZero);
-const AmountRows GOVGST58::kOtherOnEnter = CategoryOnEnter(kOtherBelowZero);
-const AmountRows GOVGST58::kAuditOnEnter = CategoryOnEnter(kAuditBelowZero);
-const AmountRows GOVGST58::kNetTaxOnEnter = CategoryOnEnter("NetTaxDue cannot be less than 0.");
-const AmountRows GOVGST58::kTotalOnEnter = {{amount::Trim},
-                                            {amount::ReadNumber},
-                                            {amount::IsZero, kTotalIsZero},
-                                            {amount::IsNegative, kTotalBelowZero},
-                                            {amount::ShowInCents},
-                                            {amount::Differs, kTotalDiffers}};
+constinit const DateRows GOVGST58::kStartOnEnter = kStartOnEnterRows;
+constinit const DateRows GOVGST58::kEndOnEnter = kEndOnEnterRows;
+constinit const AmountRows GOVGST58::kInstalmentOnEnter = kInstalmentOnEnterRows;
+constinit const AmountRows GOVGST58::kArrearsOnEnter = kArrearsOnEnterRows;
+constinit const AmountRows GOVGST58::kOtherOnEnter = kOtherOnEnterRows;
+constinit const AmountRows GOVGST58::kAuditOnEnter = kAuditOnEnterRows;
+constinit const AmountRows GOVGST58::kNetTaxOnEnter = kNetTaxOnEnterRows;
+constinit const AmountRows GOVGST58::kTotalOnEnter = kTotalOnEnterRows;
 
 void GOVGST58::Form_Load() {
   head.Show(Payment());
@@ -118,9 +144,8 @@ bool GOVGST58::PeriodIsInOrder() {
 }
 
 bool GOVGST58::CategoriesPass() {
-  return InstalmentPayment.Passes(kInstalmentOnOk) && ArrearsPayment.Passes(CategoryOnOk(kArrearsBelowZero)) &&
-         OtherPayment.Passes(CategoryOnOk(kOtherBelowZero)) && AuditAssessment.Passes(CategoryOnOk(kAuditBelowZero)) &&
-         NetTaxDue.Passes(CategoryOnOk("Net Tax Due cannot be less than 0."));
+  return InstalmentPayment.Passes(kInstalmentOnOk) && ArrearsPayment.Passes(kArrearsOnOk) &&
+         OtherPayment.Passes(kOtherOnOk) && AuditAssessment.Passes(kAuditOnOk) && NetTaxDue.Passes(kNetTaxOnOk);
 }
 
 bool GOVGST58::TotalPasses() {

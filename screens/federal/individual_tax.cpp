@@ -18,22 +18,26 @@ constexpr const char* kAmountBelowZero = "Amount of Payment cannot be less than 
 constexpr const char* kAskAmount = "Please enter amount of payment.";
 constexpr const char* kOtherAmount = "Amount of Payment is not equal to amount to be paid.";
 
-const AmountRows kAmountOnOk = {{amount::IsMissing, kAskAmount},
-                                {amount::Trim},
-                                {amount::ReadMoney},
-                                {amount::IsNegative, kAmountBelowZero, Reaction::Empties},
-                                {amount::IsNoAmount},
-                                {amount::ShowInCents},
-                                {amount::Differs, kOtherAmount},
-                                // What is shown counts: less than half a cent is nothing.
-                                {amount::ReadNumber},
-                                {amount::IsZero, "Payment amount cannot be 0."}};
+constexpr AmountRow kAmountOnOk[] = {{amount::IsMissing, kAskAmount},
+                                     {amount::Trim},
+                                     {amount::ReadMoney},
+                                     {amount::IsNegative, kAmountBelowZero, Reaction::Empties},
+                                     {amount::IsNoAmount},
+                                     {amount::ShowInCents},
+                                     {amount::Differs, kOtherAmount},
+                                     // What is shown counts: less than half a cent is nothing.
+                                     {amount::ReadNumber},
+                                     {amount::IsZero, "Payment amount cannot be 0."}};
+
+// What Enter tests.
+
+constexpr AmountRow kAmountOnEnterRows[] = {
+    {amount::Trim},       {amount::ReadMoney},   {amount::IsNegative, kAmountBelowZero}, {amount::IsZero, kAskAmount},
+    {amount::IsNoAmount}, {amount::ShowInCents}, {amount::Differs, kOtherAmount}};
 
 }  // namespace
 
-const AmountRows GOVINDIDUAL::kAmountOnEnter = {
-    {amount::Trim},       {amount::ReadMoney},   {amount::IsNegative, kAmountBelowZero}, {amount::IsZero, kAskAmount},
-    {amount::IsNoAmount}, {amount::ShowInCents}, {amount::Differs, kOtherAmount}};
+constinit const AmountRows GOVINDIDUAL::kAmountOnEnter = kAmountOnEnterRows;
 
 void GOVINDIDUAL::Form_Load() {
   head.Show(Payment());

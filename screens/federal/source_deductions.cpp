@@ -16,50 +16,52 @@ constexpr const char* kAskDate = "Please enter the date for the end of remitting
 constexpr const char* kGrossBelowZero = " Amount of Gross Payroll in Remitting Period cannot be less than 0.";
 constexpr const char* kEmployeesBelowZero = "Number of employees in latest pay period cannot be less than 0.";
 
-const AmountRows kGrossOnLeaving = {{amount::Trim}, {amount::ReadMoney}, {amount::IsNoAmount}, {amount::ShowInDollars}};
+constexpr AmountRow kGrossOnLeaving[] = {
+    {amount::Trim}, {amount::ReadMoney}, {amount::IsNoAmount}, {amount::ShowInDollars}};
 
 // What OK tests, in its order.
 
-const AmountRows kAmountOnOk = {{amount::Trim},
-                                {amount::ReadMoney},
-                                {amount::IsNoAmount},
-                                {amount::ShowInCents},
-                                {amount::ReadNumber},
-                                {amount::IsNegative, kAmountBelowZero},
-                                {amount::IsZeroWhileDue, kAskAmount},
-                                {amount::ShowZero},
-                                {amount::Differs, kOtherAmount}};
+constexpr AmountRow kAmountOnOk[] = {{amount::Trim},
+                                     {amount::ReadMoney},
+                                     {amount::IsNoAmount},
+                                     {amount::ShowInCents},
+                                     {amount::ReadNumber},
+                                     {amount::IsNegative, kAmountBelowZero},
+                                     {amount::IsZeroWhileDue, kAskAmount},
+                                     {amount::ShowZero},
+                                     {amount::Differs, kOtherAmount}};
 
-const DateRows kDateOnOk = {{date::IsMissing, kAskDate},
-                            {date::IsNotEightLong, kInvalidDate, Reaction::Empties},
-                            {date::Trim},
-                            {date::IsInvalid, kInvalidDate, Reaction::Selects},
-                            {date::YearIsRefused},
-                            {date::ShowDigits}};
+constexpr DateRow kDateOnOk[] = {{date::IsMissing, kAskDate},
+                                 {date::IsNotEightLong, kInvalidDate, Reaction::Empties},
+                                 {date::Trim},
+                                 {date::IsInvalid, kInvalidDate, Reaction::Selects},
+                                 {date::YearIsRefused},
+                                 {date::ShowDigits}};
 
-const AmountRows kGrossOnOk = {
+constexpr AmountRow kGrossOnOk[] = {
     {amount::Trim}, {amount::ReadMoney}, {amount::IsNoAmount}, {amount::IsNegative, kGrossBelowZero}};
 
-const AmountRows kGrossOfAPaymentOnOk = {
+constexpr AmountRow kGrossOfAPaymentOnOk[] = {
     {amount::ReadMoney},
     {amount::IsZero, "Please enter Gross Payroll in Remitting Period."},
     {amount::HasFraction, "Amount of Gross Payroll in Remitting Period cannot have decimal value.", Reaction::Focus,
      MessageStyle::Plain}};
 
-const AmountRows kEmployeesOnOk = {{amount::Trim},
-                                   {amount::ReadNumber},
-                                   {amount::IsNoAmount},
-                                   {amount::HasFraction, "", Reaction::Selects},
-                                   // What is shown counts from here on: less than half an employee is none.
-                                   {amount::ShowWhole},
-                                   {amount::ReadNumber},
-                                   {amount::IsZeroWhileDue, "Please enter number of employees in latest pay period."},
-                                   {amount::IsNegative, kEmployeesBelowZero}};
+constexpr AmountRow kEmployeesOnOk[] = {
+    {amount::Trim},
+    {amount::ReadNumber},
+    {amount::IsNoAmount},
+    {amount::HasFraction, "", Reaction::Selects},
+    // What is shown counts from here on: less than half an employee is none.
+    {amount::ShowWhole},
+    {amount::ReadNumber},
+    {amount::IsZeroWhileDue, "Please enter number of employees in latest pay period."},
+    {amount::IsNegative, kEmployeesBelowZero}};
 
-}  // namespace
+// What Enter and leaving test.
 
 // Dollars alone: the text never counts cents.
-const AmountRows GOVSOURCEDEDUCTION::kGrossOnEnter = {
+constexpr AmountRow kGrossOnEnterRows[] = {
     {amount::Trim},
     {amount::ReadMoney},
     {amount::IsNoAmount},
@@ -68,23 +70,30 @@ const AmountRows GOVSOURCEDEDUCTION::kGrossOnEnter = {
     {amount::HasFraction, "Amount of Gross Payroll cannot have decimal value.", Reaction::Focus, MessageStyle::Plain}};
 
 // Zero passes here; OK refuses it.
-const AmountRows GOVSOURCEDEDUCTION::kEmployeesOnEnter = {{amount::Trim},
-                                                          {amount::ReadNumber},
-                                                          {amount::IsNoAmount},
-                                                          {amount::ShowWhole},
-                                                          {amount::IsNegative, kEmployeesBelowZero}};
+constexpr AmountRow kEmployeesOnEnterRows[] = {{amount::Trim},
+                                               {amount::ReadNumber},
+                                               {amount::IsNoAmount},
+                                               {amount::ShowWhole},
+                                               {amount::IsNegative, kEmployeesBelowZero}};
 
-const DateRows GOVSOURCEDEDUCTION::kDateOnEnter = {{date::IsMissing, kAskDate},
-                                                   {date::IsNotEightLong, kInvalidDate, Reaction::Empties}};
+constexpr DateRow kDateOnEnterRows[] = {{date::IsMissing, kAskDate},
+                                        {date::IsNotEightLong, kInvalidDate, Reaction::Empties}};
 
-const AmountRows GOVSOURCEDEDUCTION::kAmountOnEnter = {{amount::Trim},
-                                                       {amount::ReadMoney},
-                                                       {amount::IsNegative, kAmountBelowZero},
-                                                       {amount::IsZeroWhileDue, kAskAmount},
-                                                       {amount::ShowZero},
-                                                       {amount::IsNoAmount},
-                                                       {amount::ShowInCents},
-                                                       {amount::Differs, kOtherAmount}};
+constexpr AmountRow kAmountOnEnterRows[] = {{amount::Trim},
+                                            {amount::ReadMoney},
+                                            {amount::IsNegative, kAmountBelowZero},
+                                            {amount::IsZeroWhileDue, kAskAmount},
+                                            {amount::ShowZero},
+                                            {amount::IsNoAmount},
+                                            {amount::ShowInCents},
+                                            {amount::Differs, kOtherAmount}};
+
+}  // namespace
+
+constinit const AmountRows GOVSOURCEDEDUCTION::kGrossOnEnter = kGrossOnEnterRows;
+constinit const AmountRows GOVSOURCEDEDUCTION::kEmployeesOnEnter = kEmployeesOnEnterRows;
+constinit const DateRows GOVSOURCEDEDUCTION::kDateOnEnter = kDateOnEnterRows;
+constinit const AmountRows GOVSOURCEDEDUCTION::kAmountOnEnter = kAmountOnEnterRows;
 
 void GOVSOURCEDEDUCTION::Form_Load() {
   head.Show(Payment());

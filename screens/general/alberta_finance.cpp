@@ -34,16 +34,18 @@ constexpr std::array kTaxPrograms = {
 
 constexpr const char* kAskDate = "Please enter the Period End Date.";
 
-const DateRows kDateOnOk = {{date::IsMissing, kAskDate},
-                            {date::IsNotEightLong, kInvalidDate},
-                            {date::Trim},
-                            {date::IsInvalid, kInvalidDate},
-                            {date::ShowDigits}};
+constexpr DateRow kDateOnOk[] = {{date::IsMissing, kAskDate},
+                                 {date::IsNotEightLong, kInvalidDate},
+                                 {date::Trim},
+                                 {date::IsInvalid, kInvalidDate},
+                                 {date::ShowDigits}};
+
+// Enter alone is Tab; Shift+Enter comes here, and stays in the field.
+constexpr DateRow kDateOnEnterRows[] = {{date::IsMissing, kAskDate}, {date::IsNotEightLong}};
 
 }  // namespace
 
-// Enter alone is Tab; Shift+Enter comes here, and stays in the field.
-const DateRows frmAlbertaRevenue::kDateOnEnter = {{date::IsMissing, kAskDate}, {date::IsNotEightLong}};
+constinit const DateRows frmAlbertaRevenue::kDateOnEnter = kDateOnEnterRows;
 
 void frmAlbertaRevenue::SetupForm() {
   for (const TaxProgram& program : kTaxPrograms) cmbTaxProgram.AddItem(program.name);

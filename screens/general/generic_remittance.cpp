@@ -26,29 +26,29 @@ constexpr std::string_view kBoxKeys = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmno
 // What OK tests, in its order.
 
 // clang-format off
-const DateRows kStartOnOk = {{date::IsMissing, kAskStart},
+constexpr DateRow kStartOnOk[] = {{date::IsMissing, kAskStart},
                              {date::IsNotEightLong},
                              {date::Trim},
                              {date::IsInvalid, kInvalidDate},
                              {date::YearIsRefused},
                              {date::ShowDigits}};
 
-const DateRows kEndOnOk = {{date::IsMissing, kAskEnd},
+constexpr DateRow kEndOnOk[] = {{date::IsMissing, kAskEnd},
                            {date::IsNotEightLong},
                            {date::Trim},
                            {date::IsInvalid, kInvalidDate}};
 
-const DateRows kEndBehindStartOnOk = {{date::YearIsRefused},
+constexpr DateRow kEndBehindStartOnOk[] = {{date::YearIsRefused},
                                       {date::ShowDigits}};
 
 // The due date alone is tested as it stands, and says so where it is too short.
-const DateRows kDueOnOk = {{date::IsMissing, kAskDue},
+constexpr DateRow kDueOnOk[] = {{date::IsMissing, kAskDue},
                            {date::IsNotEightLong, kInvalidDate},
                            {date::IsInvalid, kInvalidDate},
                            {date::YearIsRefused},
                            {date::ShowDigits}};
 
-const AmountRows kOtherAmountOnOk = {{amount::Trim},
+constexpr AmountRow kOtherAmountOnOk[] = {{amount::Trim},
                                      {amount::IsMissing, "", Reaction::Passes},
                                      {amount::IsNoAmount},
                                      {amount::ReadMoney},
@@ -83,11 +83,19 @@ std::string CentsIn(const TextField& field) {
   return DigitsOf(Cents(Trim(field.Text())));
 }
 
+// What Enter tests.
+
+constexpr DateRow kStartOnEnterRows[] = {{date::IsMissing, kAskStart}, {date::IsNotEightLong}};
+
+constexpr DateRow kEndOnEnterRows[] = {{date::IsMissing, kAskEnd}, {date::IsNotEightLong}};
+
+constexpr DateRow kDueOnEnterRows[] = {{date::IsMissing, kAskDue}, {date::IsNotEightLong}};
+
 }  // namespace
 
-const DateRows GENERICFORM::kStartOnEnter = {{date::IsMissing, kAskStart}, {date::IsNotEightLong}};
-const DateRows GENERICFORM::kEndOnEnter = {{date::IsMissing, kAskEnd}, {date::IsNotEightLong}};
-const DateRows GENERICFORM::kDueOnEnter = {{date::IsMissing, kAskDue}, {date::IsNotEightLong}};
+constinit const DateRows GENERICFORM::kStartOnEnter = kStartOnEnterRows;
+constinit const DateRows GENERICFORM::kEndOnEnter = kEndOnEnterRows;
+constinit const DateRows GENERICFORM::kDueOnEnter = kDueOnEnterRows;
 
 void GENERICFORM::Form_Load() {
   head.Show(Payment());

@@ -34,8 +34,10 @@ constexpr const char* kManyLines =
     "the Invoice No./Description field saying the remaining payment details will be sent separately, then click OK to "
     "process the payment.";
 
-// What Enter in the amount tests of the fields before it.
-const DateRows kDateOnAmount = {
+// What Enter in the amount tests, and of the fields before it.
+constexpr AmountRow kAmountOnEnter[] = {{amount::IsMissing, kAskAmount}};
+
+constexpr DateRow kDateOnAmount[] = {
     {date::IsMissing, kAskDate}, {date::IsNotEightLong}, {date::Trim}, {date::IsInvalid, kInvalidDate}};
 
 Money MoneyIn(std::string_view dollars) {
@@ -46,13 +48,16 @@ std::string Blanks(size_t width, const std::string& text) {
   return std::string(width - std::min(width, text.size()), ' ');
 }
 
+// What Enter in the date tests.
+constexpr DateRow kDateOnEnterRows[] = {{date::IsMissing, kAskDate},
+                                        {date::IsNotEightLong, kInvalidDate},
+                                        {date::Trim},
+                                        {date::IsInvalid, kInvalidDate},
+                                        {date::ShowDigits}};
+
 }  // namespace
 
-const DateRows InvoicePayments::kDateOnEnter = {{date::IsMissing, kAskDate},
-                                                {date::IsNotEightLong, kInvalidDate},
-                                                {date::Trim},
-                                                {date::IsInvalid, kInvalidDate},
-                                                {date::ShowDigits}};
+constinit const DateRows InvoicePayments::kDateOnEnter = kDateOnEnterRows;
 
 void InvoicePayments::Form_Load() {
   head.Show(Payment());
@@ -97,8 +102,8 @@ void InvoicePayments::InvoiceAmount_KeyDown(int& keyCode, int /*shift*/) {
 void InvoicePayments::InvoiceAmount_Confirmed() {
   if (NoLineIsLeft())
     return cmdCancel.SetFocus();
-  if (!InvoiceAmount.Passes({{amount::IsMissing, kAskAmount}}) || !InvoiceDate.Passes(kDateOnAmount) ||
-      !NumberIsGiven(kAskNumber) || !AmountFits())
+  if (!InvoiceAmount.Passes(kAmountOnEnter) || !InvoiceDate.Passes(kDateOnAmount) || !NumberIsGiven(kAskNumber) ||
+      !AmountFits())
     return;
   AddInvoiceLine();
   ShowWhetherToCancel();
@@ -143,18 +148,20 @@ void InvoicePayments::cmdOK_Click() {
   AcceptInvoices();
 }
 
-bool InvoicePayments::EntryPasses(const std::string& dateTooShort) {
-  return InvoiceDate.Passes({{date::IsMissing, detailsPrefix_ + kAskDate},
-                             {date::IsNotEightLong, dateTooShort},
-                             {date::Trim},
-                             {date::IsInvalid, kInvalidDate},
-                             {date::ShowDigits}}) &&
-         NumberIsGiven(detailsPrefix_ + kAskNumber) &&
-         InvoiceAmount.Passes({{amount::IsMissing, detailsPrefix_ + kAskAmount},
-                               {amount::Trim},
-                               // A minus sign is none of its characters: Enter takes a negative amount, OK does not.
-                               {amount::IsNoAmount, "", Reaction::Selects}}) &&
-         AmountFits();
+bool InvoicePayments::EntryPasses(std::string_view dateTooShort) {
+  const std::string askDate = detailsPrefix_ + kAskDate;
+  const std::string askAmount = detailsPrefix_ + kAskAmount;
+  const DateRow dateOnOk[] = {{date::IsMissing, askDate},
+                              {date::IsNotEightLong, dateTooShort},
+                              {date::Trim},
+                              {date::IsInvalid, kInvalidDate},
+                              {date::ShowDigits}};
+  const AmountRow amountOnOk[] = {{amount::IsMissing, askAmount},
+                                  {amount::Trim},
+                                  // A minus sign is none of its characters: Enter takes a negative amount, OK does not.
+                                  {amount::IsNoAmount, "", Reaction::Selects}};
+  return InvoiceDate.Passes(dateOnOk) && NumberIsGiven(detailsPrefix_ + kAskNumber) &&
+         InvoiceAmount.Passes(amountOnOk) && AmountFits();
 }
 
 bool InvoicePayments::NumberIsGiven(std::string_view ask) {

@@ -90,7 +90,7 @@ class InvoicePayments final : public Screen {
   void cmdOK_Click();
 
   /// What OK tests of an entry in progress; a date that is too short is silent where there are no words for it.
-  bool EntryPasses(const std::string& dateTooShort);
+  bool EntryPasses(std::string_view dateTooShort);
   bool NumberIsGiven(std::string_view ask);
   /// Reads the amount, as cents where it was typed without a decimal separator, shows it, and tests it.
   bool AmountFits();

@@ -62,7 +62,7 @@ FieldEvents DateEntry::EventsOf(DateEntry* self, const DateRules& rules) {
   return events;
 }
 
-bool DateEntry::Passes(const DateRows& rows) {
+bool DateEntry::Passes(DateRows rows) {
   return PassesRows(TestedDate(*this, rules_.nameInWarning, rules_.failures), rows);
 }
 
@@ -75,7 +75,7 @@ void DateEntry::KeyPressed(int& character) {
 void DateEntry::Left() {
   if (Text().empty() || std::any_of(rules_.waysOut.begin(), rules_.waysOut.end(), FocusIsOn))
     return;
-  static const DateRows kChecked = {{date::Trim}, {date::IsInvalid, kInvalidDate}};
+  static constexpr DateRow kChecked[] = {{date::Trim}, {date::IsInvalid, kInvalidDate}};
   TestedDate entry(*this, rules_.nameInWarning, Failures::Skipped);
   if (PassesRows(entry, kChecked) && rules_.whenLeft == DateLeft::ShowsDigits)
     date::ShowDigits(entry);

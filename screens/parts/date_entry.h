@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,7 +13,7 @@
 namespace fiscalon {
 
 /// What a date that is none is told, on leaving and mostly on OK.
-inline constexpr const char* kInvalidDate = "Invalid date value.";
+inline constexpr std::string_view kInvalidDate = "Invalid date value.";
 
 /// A date while its rows are gone through.
 class TestedDate {
@@ -32,7 +33,8 @@ class TestedDate {
 };
 
 using DateRow = EntryRow<TestedDate>;
-using DateRows = std::vector<DateRow>;
+/// Of a table that outlives the fields that it is for.
+using DateRows = std::span<const DateRow>;
 
 /// What rows of dates test and do.
 namespace date {
@@ -86,7 +88,7 @@ class DateEntry : public TextField {
   DateEntry(fiscalon::Form& form, std::string name, const FieldDesign& design, DateRules rules, FieldEvents own = {});
 
   /// Whether the field passes the rows, which rewrite it, show boxes and move the focus on their way.
-  bool Passes(const DateRows& rows);
+  bool Passes(DateRows rows);
 
  private:
   static FieldEvents EventsOf(DateEntry* self, const DateRules& rules);

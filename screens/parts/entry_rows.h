@@ -1,18 +1,20 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include <span>
+#include <string_view>
+#include <type_traits>
 
 #include "core/resume_next.h"
 #include "screens/parts/refusal.h"
 
 /// The tests of an entry field as rows of data, in the order in which they are made:
 ///
-///     {amount::IsZero, "Payment enclosed cannot be 0."},
-///     {amount::IsNoAmount},
-///     {amount::ShowInCents}
+///     constexpr AmountRow kTotalOnOk[] = {{amount::IsZero, "Payment enclosed cannot be 0."},
+///                                         {amount::IsNoAmount},
+///                                         {amount::ShowInCents}};
 ///
-/// What only reads or rewrites the field is a row too, one that is never met.
+/// What only reads or rewrites the field is a row too, one that is never met. Rows with a text that is known at run
+/// time alone are made for the one time that they are gone through.
 namespace fiscalon {
 
 /// What follows where the test of a row is met.
@@ -32,10 +34,16 @@ enum class Reaction {
 /// `Entry` is the field under test with what has been read of it: a `TestedAmount`, a `TestedDate`.
 template <class Entry>
 struct EntryRow {
-  bool (*isMet)(Entry& entry) = nullptr;
-  std::string message = {};
-  Reaction reaction = Reaction::Focus;
-  MessageStyle style = MessageStyle::Critical;
+  /// The test is a routine, never a null pointer: a row without one does not compile.
+  constexpr EntryRow(bool (&test)(Entry& entry), std::string_view text = {}, Reaction whereMet = Reaction::Focus,
+                     MessageStyle box = MessageStyle::Critical)
+      : isMet(test), message(text), reaction(whereMet), style(box) {}
+
+  bool (*isMet)(Entry& entry);
+  /// A literal, or what outlives the row.
+  std::string_view message;
+  Reaction reaction;
+  MessageStyle style;
 };
 
 template <class Entry>
@@ -54,7 +62,7 @@ bool React(Entry& entry, const EntryRow<Entry>& row) {
 
 /// Goes through the rows until one is met. Whether the field passes: none is met, or one that passes it.
 template <class Entry>
-bool PassesRows(Entry entry, const std::vector<EntryRow<Entry>>& rows) {
+bool PassesRows(Entry entry, std::span<const EntryRow<std::type_identity_t<Entry>>> rows) {
   for (const EntryRow<Entry>& row : rows)
     if (row.isMet(entry))
       return React(entry, row);

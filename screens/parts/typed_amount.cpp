@@ -142,7 +142,7 @@ FieldEvents TypedAmount::EventsOf(TypedAmount* self, const TypedAmountRules& rul
   return events;
 }
 
-bool TypedAmount::Passes(const AmountRows& rows) {
+bool TypedAmount::Passes(AmountRows rows) {
   return PassesRows(TestedAmount(*this, rules_.toBePaid, rules_.failures), rows);
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/forms/label.h"
 #include "core/forms/text_field.h"
@@ -44,7 +44,8 @@ class TestedAmount {
 };
 
 using AmountRow = EntryRow<TestedAmount>;
-using AmountRows = std::vector<AmountRow>;
+/// Of a table that outlives the fields that it is for.
+using AmountRows = std::span<const AmountRow>;
 
 /// What rows of amounts test and do. A form adds its own beside them, as routines of the same shape.
 namespace amount {
@@ -105,7 +106,7 @@ class TypedAmount : public TextField {
               FieldEvents own = {});
 
   /// Whether the field passes the rows, which rewrite it, show boxes and move the focus on their way.
-  bool Passes(const AmountRows& rows);
+  bool Passes(AmountRows rows);
 
  private:
   static FieldEvents EventsOf(TypedAmount* self, const TypedAmountRules& rules);

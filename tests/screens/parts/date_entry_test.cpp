@@ -7,16 +7,19 @@ namespace {
 
 using testing::ElementsAre;
 
+constexpr DateRow kStartOnEnter[] = {{date::IsMissing, "Missing."}, {date::IsNotEightLong}};
+constexpr DateRow kInvoiceOnEnter[] = {{date::IsInvalid, kInvalidDate}};
+
 class DateForm : public PartForm {
  public:
   // clang-format off
   DateEntry StartDate {*this, "StartDate", {.tabIndex = 0, .maxLength = 8},
-                       {.whenFull = &EndDate, .onEnter = {{date::IsMissing, "Missing."}, {date::IsNotEightLong}}, .next = &EndDate,
+                       {.whenFull = &EndDate, .onEnter = kStartOnEnter, .next = &EndDate,
                         .waysOut = {Command2, Command3}, .nameInWarning = "'Period From'"}};
   DateEntry EndDate   {*this, "EndDate",   {.tabIndex = 1, .maxLength = 8},
                        {.confirmed = [this] { ++confirmed; }, .whenLeft = DateLeft::StaysAsItIs, .waysOut = {Command2, Command3}}};
   DateEntry Invoice   {*this, "Invoice",   {.tabIndex = 2, .maxLength = 8},
-                       {.onEnter = {{date::IsInvalid, kInvalidDate}}, .whenLeft = DateLeft::Unchecked, .failures = Failures::Leave}};
+                       {.onEnter = kInvoiceOnEnter, .whenLeft = DateLeft::Unchecked, .failures = Failures::Leave}};
   Button    Command1  {*this, "Command1",  {.caption = "&OK"},     {}};
   Button    Command2  {*this, "Command2",  {.caption = "&Cancel"}, {}};
   Button    Command3  {*this, "Command3",  {.caption = "&Help"},   {}};
@@ -27,7 +30,7 @@ class DateForm : public PartForm {
 
 class DateEntryTest : public PartTest<DateForm> {
  protected:
-  bool Passes(std::string_view text, const DateRows& rows) {
+  bool Passes(std::string_view text, const std::vector<DateRow>& rows) {
     form.StartDate.Text(text);
     return form.StartDate.Passes(rows);
   }
@@ -174,8 +177,8 @@ TEST_F(DateEntryTest, RowsTellDates) {
                       {date::IsInvalid, "2026061x", "20260610"},
                       {date::IsInvalid, "99991301", "20260610"}};
   for (const Row& row : rows) {
-    EXPECT_FALSE(Passes(row.met, {{row.test}})) << row.met;
-    EXPECT_TRUE(Passes(row.notMet, {{row.test}})) << row.notMet;
+    EXPECT_FALSE(Passes(row.met, {{*row.test}})) << row.met;
+    EXPECT_TRUE(Passes(row.notMet, {{*row.test}})) << row.notMet;
   }
 }
 

@@ -1,5 +1,9 @@
 #include "screens/parts/entry_rows.h"
 
+#include <cstddef>
+#include <type_traits>
+#include <vector>
+
 #include "tests/support/part_test.h"
 
 namespace fiscalon {
@@ -33,6 +37,12 @@ bool Meets(NotedEntry& entry) {
   entry.notes->emplace_back("met");
   return true;
 }
+
+// A row that tests nothing is refused by the compiler.
+static_assert(!std::is_default_constructible_v<EntryRow<NotedEntry>>);
+static_assert(!std::is_constructible_v<EntryRow<NotedEntry>, std::nullptr_t>);
+static_assert(!std::is_constructible_v<EntryRow<NotedEntry>, bool (*)(NotedEntry&)>);
+static_assert(std::is_constructible_v<EntryRow<NotedEntry>, bool (&)(NotedEntry&)>);
 
 class Rows : public PartTest<RowsForm> {
  protected:
@@ -94,7 +104,8 @@ TEST_F(Rows, EmptyTheField) {
 TEST_F(Rows, SelectTheWholeText) {
   WhileUp([&](FormUser&) {
     form.Field.Text("12");
-    EXPECT_FALSE(PassesRows(NotedEntry{&form.Field, &notes}, {{Meets, "", Reaction::Selects}}));
+    constexpr EntryRow<NotedEntry> kSelecting[] = {{Meets, "", Reaction::Selects}};
+    EXPECT_FALSE(PassesRows(NotedEntry{&form.Field, &notes}, kSelecting));
     EXPECT_EQ(form.Field.Selected(), (Selection{.start = 0, .length = 2}));
   });
 }
@@ -109,9 +120,10 @@ TEST_F(Rows, StopWhereTheyAreOrPass) {
 
 TEST_F(Rows, SkipOrLetOutAFocusThatCannotBeMoved) {
   WhileUp([&](FormUser&) {
+    constexpr EntryRow<NotedEntry> kMet[] = {{Meets}};
     form.Field.Enabled(false);
-    EXPECT_FALSE(PassesRows(NotedEntry{&form.Field, &notes}, {{Meets}}));
-    EXPECT_EQ(ErrorOf([&] { PassesRows(NotedEntry{&form.Field, &notes, Failures::Leave}, {{Meets}}); }), 5);
+    EXPECT_FALSE(PassesRows(NotedEntry{&form.Field, &notes}, kMet));
+    EXPECT_EQ(ErrorOf([&] { PassesRows(NotedEntry{&form.Field, &notes, Failures::Leave}, kMet); }), 5);
   });
 }
 
