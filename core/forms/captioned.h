@@ -12,6 +12,8 @@ class Captioned : public Control {
  public:
   std::string Caption() const;
   void Caption(std::string caption);
+  /// That with which it begins whenever the form loads. Asking for it does not load the form.
+  const std::string& DesignedCaption() const { return designedCaption_; }
   /// The caption as it reads, without the mark of an access key.
   virtual std::string PlainCaption() const { return Caption(); }
 

@@ -36,6 +36,10 @@ bool IsName(const std::string& word) {
   return !word.empty() && std::none_of(word.begin(), word.end(), [](unsigned char each) { return each < ' '; });
 }
 
+bool IsDollarName(const std::string& word) {
+  return word.size() > 1 && DollarNameAt(word, 0).size() == word.size();
+}
+
 }  // namespace
 
 // clang-format off
@@ -43,6 +47,7 @@ namespace argument {
 const ArgumentKind kText        {"TEXT"};
 const ArgumentKind kTitle       {"TITLE"};
 const ArgumentKind kName        {"NAME",        "a name of one line",                     IsName};
+const ArgumentKind kDollarName  {"$NAME",       "a name such as $FROM, of a dollar, a letter, and letters, digits or _", IsDollarName};
 const ArgumentKind kControl     {"CONTROL"};
 const ArgumentKind kPath        {"PATH"};
 const ArgumentKind kCode        {"CODE"};
@@ -71,6 +76,16 @@ const ArgumentKind kPosition    {"I",           "a number from 0 on",           
 const ArgumentKind kCount       {"N",           "a number from 0 on",                     IsCount};
 }  // namespace argument
 // clang-format on
+
+std::string_view DollarNameAt(std::string_view text, size_t at) {
+  const auto isLetter = [](char each) { return (each >= 'A' && each <= 'Z') || (each >= 'a' && each <= 'z'); };
+  const auto isOfName = [&](char each) { return isLetter(each) || (each >= '0' && each <= '9') || each == '_'; };
+  const std::string_view rest = text.substr(std::min(at, text.size()));
+  if (rest.size() < 2 || rest[0] != '$' || !isLetter(rest[1]))
+    return {};
+  const auto end = std::find_if_not(rest.begin() + 1, rest.end(), isOfName);
+  return rest.substr(0, static_cast<size_t>(end - rest.begin()));
+}
 
 std::optional<DateTime> ParseDateTime(std::string_view date, std::string_view time) {
   const auto number = [](std::string_view text, size_t from, size_t length) {

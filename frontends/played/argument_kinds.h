@@ -20,11 +20,14 @@ struct ArgumentKind {
 
 // clang-format off
 namespace argument {
-extern const ArgumentKind kText, kTitle, kName, kControl, kPath, kCode, kProperty, kValue, kFile, kSource, kDescription,
+extern const ArgumentKind kText, kTitle, kName, kDollarName, kControl, kPath, kCode, kProperty, kValue, kFile, kSource, kDescription,
                           kMemberDate, kAmount, kDate, kTime, kLocale, kKey, kButton, kReason, kStyle, kTitleWord, kYesNo, kTrueFalse, kNumber,
                           kContext, kPosition, kCount;
 }  // namespace argument
 // clang-format on
+
+/// The name that begins there with its dollar, such as "$FROM"; empty where none does.
+std::string_view DollarNameAt(std::string_view text, size_t at);
 
 /// "2026-06-15", and "13:05" or "13:05:09" behind it. Nothing for an impossible date or time.
 std::optional<DateTime> ParseDateTime(std::string_view date, std::string_view time);

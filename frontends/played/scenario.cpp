@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
+#include <optional>
 #include <sstream>
 
 #include "core/platform/utf8_path.h"
+#include "frontends/played/file_screens.h"
 #include "frontends/played/scenario_grammar.h"
 
 namespace fiscalon {
@@ -61,43 +63,71 @@ class LineReader {
   std::string_view rest_;
 };
 
-/// The verb of a line is its first word, or "expect" and the word behind it.
-ScenarioLine ParseLine(const std::string& file, int number, std::string_view source) {
+/// The verb of a line is its first word, or "expect" and the word behind it. Nothing for a line that says nothing.
+/// Throws `std::invalid_argument`.
+std::optional<ScenarioLine> ReadLine(int number, std::string_view source) {
   ScenarioLine line{.number = number, .source = std::string(source.substr(0, source.find_last_not_of(kBlanks) + 1))};
-  try {
-    LineReader reader(source);
-    if (!reader.Next(line.verb))
-      return line;
-    std::string word;
-    if (line.verb == "expect" && reader.Next(word))
-      line.verb += ' ' + word;
-    while (reader.Next(word)) line.arguments.push_back(word);
-  } catch (const std::invalid_argument& error) {
-    throw ScenarioError(file, number, error.what());
-  }
+  LineReader reader(source);
+  if (!reader.Next(line.verb))
+    return std::nullopt;
+  std::string word;
+  if (line.verb == "expect" && reader.Next(word))
+    line.verb += ' ' + word;
+  while (reader.Next(word)) line.arguments.push_back(word);
   line.form = FindLineForm(line.verb);
-  if (const std::string complaint = ComplaintAbout(line); !complaint.empty())
-    throw ScenarioError(file, number, complaint);
   return line;
 }
 
-std::vector<ScenarioLine> ParseLines(const std::string& file, std::string_view text) {
+/// The lines of a file that say something, as its words stand there, up to one that can't be read.
+struct FileLines {
+  std::vector<ScenarioLine> lines = {};
+  std::optional<ScenarioError> unreadable = {};
+};
+
+FileLines ReadLines(const std::string& file, std::string_view text) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark))
     text.remove_prefix(kByteOrderMark.size());
-  std::vector<ScenarioLine> lines;
+  FileLines read;
   for (int number = 1; !text.empty(); ++number) {
     const size_t end = std::min(text.find('\n'), text.size());
-    ScenarioLine line = ParseLine(file, number, text.substr(0, end));
-    if (!line.verb.empty())
-      lines.push_back(std::move(line));
+    try {
+      if (auto line = ReadLine(number, text.substr(0, end)))
+        read.lines.push_back(*std::move(line));
+    } catch (const std::invalid_argument& error) {
+      read.unreadable.emplace(file, number, error.what());
+      return read;
+    }
     text.remove_prefix(std::min(end + 1, text.size()));
   }
-  return lines;
+  return read;
 }
 
-bool IsHeading(const ScenarioLine& line) {
-  return line.form->turn == Turn::Heading;
+bool BeginsScenario(const ScenarioLine& line) {
+  return line.verb == "scenario";
+}
+
+/// The lines as they are played for a screen. What is wrong in a file is told of the first line where something is.
+std::vector<ScenarioLine> LinesFor(const FileScreen& screen, const std::string& file, const FileLines& read) {
+  std::vector<ScenarioLine> lines;
+  for (const ScenarioLine& each : read.lines) {
+    if (SpeaksOfScreens(each))
+      continue;
+    ScenarioLine& line = lines.emplace_back(each);
+    try {
+      if (!BeginsScenario(line))
+        for (std::string& argument : line.arguments) argument = WithMeanings(argument, screen);
+    } catch (const std::invalid_argument& error) {
+      throw ScenarioError(file, line.number, error.what());
+    }
+    if (const std::string complaint = ComplaintAbout(line); !complaint.empty())
+      throw ScenarioError(file, line.number, complaint);
+  }
+  if (read.unreadable)
+    throw ScenarioError(*read.unreadable);
+  if (lines.empty())
+    throw ScenarioError(file, 1, "the scenario is empty");
+  return lines;
 }
 
 /// Refuses a name that a scenario of the file has already.
@@ -110,18 +140,14 @@ void RefuseSameNames(const std::string& file, const std::vector<Scenario>& scena
                               "\" already; each scenario of a file needs its own");
 }
 
-}  // namespace
-
-std::vector<Scenario> ParseScenarios(const std::string& file, std::string_view text) {
-  const std::vector<ScenarioLine> lines = ParseLines(file, text);
-  if (lines.empty())
-    throw ScenarioError(file, 1, "the scenario is empty");
-  const auto first = std::find_if(lines.begin(), lines.end(), IsHeading);
+/// The scenarios that one screen's lines hold.
+std::vector<Scenario> ScenariosOf(const std::string& file, const std::vector<ScenarioLine>& lines) {
+  const auto first = std::find_if(lines.begin(), lines.end(), BeginsScenario);
   if (first == lines.end())
     return {{.file = file, .lines = lines}};
   std::vector<Scenario> scenarios;
   for (auto heading = first; heading != lines.end();) {
-    const auto next = std::find_if(heading + 1, lines.end(), IsHeading);
+    const auto next = std::find_if(heading + 1, lines.end(), BeginsScenario);
     if (next == heading + 1)
       throw ScenarioError(file, heading->number, "the scenario \"" + heading->arguments[0] + "\" says nothing");
     Scenario scenario{.file = file, .name = heading->arguments[0]};
@@ -138,11 +164,38 @@ std::vector<Scenario> ParseScenarios(const std::string& file, std::string_view t
   return scenarios;
 }
 
-Scenario ParseScenario(const std::string& file, std::string_view text) {
+}  // namespace
+
+std::string Scenario::Label() const {
+  const std::string inBrackets = screen.empty() ? std::string() : "(" + screen + ")";
+  return name.empty() || screen.empty() ? name + inBrackets : name + " " + inBrackets;
+}
+
+std::string Scenario::Title() const {
+  return file + (!name.empty() ? ": " : !screen.empty() ? " " : "") + Label();
+}
+
+std::vector<Scenario> ParseScenarios(const std::string& file, std::string_view text) {
+  const FileLines read = ReadLines(file, text);
+  std::vector<Scenario> scenarios;
+  for (const FileScreen& screen : ReadFileScreens(file, read.lines))
+    for (Scenario& scenario : ScenariosOf(file, LinesFor(screen, file, read))) {
+      scenario.screen = screen.code;
+      scenarios.push_back(std::move(scenario));
+    }
+  return scenarios;
+}
+
+Scenario ParseScenario(const std::string& file, std::string_view text, std::string_view screen) {
   std::vector<Scenario> scenarios = ParseScenarios(file, text);
+  std::erase_if(scenarios, [&](const Scenario& scenario) {
+    return !screen.empty() && !scenario.screen.empty() && scenario.screen != screen;
+  });
+  if (scenarios.empty())
+    throw ScenarioError(file, 1, "the scenario is not played for the screen \"" + std::string(screen) + "\"");
   if (scenarios.size() > 1)
     throw ScenarioError(file, scenarios[1].own.from,
-                        "one scenario is wanted, and here begins a second one, \"" + scenarios[1].name + "\"");
+                        "one scenario is wanted, and here begins a second one, \"" + scenarios[1].Label() + "\"");
   return std::move(scenarios.front());
 }
 

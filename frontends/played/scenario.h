@@ -34,14 +34,18 @@ struct Scenario {
   std::string file = {};
   /// As its `scenario` line says it; empty where the file is one scenario.
   std::string name = {};
+  /// The code for which it is played, of those that its file names; empty where the file names none.
+  std::string screen = {};
   /// What the file says ahead of its scenarios, then the scenario's own lines.
   std::vector<ScenarioLine> lines = {};
   /// The parts of the file ahead of its scenarios, and of this one; for one in a file of its own the whole file.
   LineRange ahead = {};
   LineRange own = {};
 
-  /// "FILE", or "FILE: NAME": under what it is reported.
-  std::string Title() const { return name.empty() ? file : file + ": " + name; }
+  /// "NAME", "NAME (16)" or "(16)": what tells it from the others of its file; empty for one in a file of its own.
+  std::string Label() const;
+  /// "FILE", "FILE: NAME", "FILE: NAME (16)" or "FILE (16)": under what it is reported.
+  std::string Title() const;
 };
 
 /// A scenario that makes no sense: what `what()` says is "file:line: reason".
@@ -51,12 +55,14 @@ class ScenarioError : public std::runtime_error {
       : std::runtime_error(file + ":" + std::to_string(line) + ": " + reason) {}
 };
 
-/// Takes a file's text apart into its scenarios, one at least, and checks each line's verb, number of arguments and
-/// their form, so that nothing is played of a file that makes no sense further down. Throws `ScenarioError`.
+/// Takes a file's text apart into its scenarios, one at least, for each of its screens in turn, and checks each line's
+/// verb, number of arguments and their form, so that nothing is played of a file that makes no sense further down.
+/// Throws `ScenarioError`.
 std::vector<Scenario> ParseScenarios(const std::string& file, std::string_view text);
 
-/// Takes a text apart that is one scenario. Throws `ScenarioError`, also for one that holds several.
-Scenario ParseScenario(const std::string& file, std::string_view text);
+/// Takes a text apart that is one scenario, or one for each of several screens, of which it is that of `screen`. Throws
+/// `ScenarioError`, also for a text that holds several.
+Scenario ParseScenario(const std::string& file, std::string_view text, std::string_view screen = {});
 
 /// Reads a file and parses it. Throws `ScenarioError`, with line 0 for a file that can't be read.
 std::vector<Scenario> ReadScenarios(const std::string& path);

@@ -19,7 +19,7 @@ using Arguments = std::vector<std::string>;
 
 /// Who speaks with a line, which decides when it may stand.
 enum class Turn {
-  /// It begins a scenario of its file.
+  /// The file: where a scenario begins, for which screens it is played. Such a line is not played itself.
   Heading,
   /// The host, which has no turn while a form is up.
   Host,
@@ -45,6 +45,8 @@ struct LineForm {
   void (*play)(ScenarioRun& run, const Arguments& arguments) = nullptr;
   /// What is wrong with arguments that fit one by one.
   std::string (*complaint)(const Arguments& arguments) = nullptr;
+  /// Any number of these may follow the needed ones; null for a line that has an end.
+  const ArgumentKind* more = nullptr;
 };
 
 // The forms, by who speaks and of what.

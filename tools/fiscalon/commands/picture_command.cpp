@@ -44,7 +44,7 @@ Scenario ScenarioOf(const PictureOptions& options) {
   if (options.scenario.empty())
     return ParseScenario("example payment", kExamplePayment + ("show " + options.code) + "\nclose 1\n");
   try {
-    return ParseScenario(options.scenario, ReadInput(options.scenario));
+    return ParseScenario(options.scenario, ReadInput(options.scenario), options.code);
   } catch (const UnreadableFile& error) {
     throw CommandError(options.scenario + " can't be read: " + error.what());
   }

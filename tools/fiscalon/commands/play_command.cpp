@@ -55,7 +55,7 @@ class Playing {
     try {
       const std::string text = TextOf(file);
       for (const Scenario& scenario : ParseScenarios(file, text))
-        if (options_.only.empty() || options_.only == scenario.name)
+        if (options_.only.empty() || options_.only == scenario.name || options_.only == scenario.Label())
           PlayOne(scenario, text);
     } catch (const std::exception& error) {
       ComplainOf(file, error);
@@ -105,7 +105,7 @@ class Playing {
       return ScenarioPlayer(*toolkit_, settings_, TranscriptTo(std::cout)).Play(scenario);
     }
     if (options_.narrate) {
-      if (!scenario.name.empty())
+      if (!scenario.Label().empty())
         std::cout << context_.paint.Heading(scenario.Title()) << "\n\n";
       Narrator narrator(scenario, text, context_, std::cout);
       return ScenarioPlayer(*toolkit_, settings_, narrator.Watcher()).Play(scenario);
@@ -120,7 +120,7 @@ class Playing {
       return;
     }
     std::cout << context_.paint.Bad("FAIL") << ' ';
-    if (!scenario.name.empty())
+    if (!scenario.Label().empty())
       std::cout << scenario.Title() << "\n     ";
     std::cout << scenario.file << ':' << result.line << ": " << SourceAt(result.line, scenario)
               << "\n     expected: " << Indented(result.expected) << "\n     seen:     " << Indented(result.seen)

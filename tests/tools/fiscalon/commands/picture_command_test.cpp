@@ -66,6 +66,15 @@ TEST_F(PictureCommand, ShowsTheFormAsAScenarioLeavesIt) {
   EXPECT_NE(Picture("15"), filled);
 }
 
+TEST_F(PictureCommand, TakesTheScenarioOfItsScreen) {
+  Write("two.scenario",
+        "today 2026-06-15\nscreens 15 17\nname $ENTERED 202612 20260401\nshow $SCREEN\n  type $ENTERED\n  close 1\n");
+  EXPECT_NE(Picture("15 --scenario two.scenario"), Picture("17 --scenario two.scenario"));
+  const Outcome seen = Run("fiscalon picture 02 --out picture.png --scenario two.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_THAT(seen.err, EndsWith("two.scenario:1: the scenario is not played for the screen \"02\"\n"));
+}
+
 TEST_F(PictureCommand, TellsWhereTheScenarioFails) {
   WriteScenario("202713");
   const Outcome seen = Run("fiscalon picture 15 --out picture.png --scenario fill.scenario");

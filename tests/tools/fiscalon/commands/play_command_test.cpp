@@ -44,6 +44,42 @@ TEST_F(PlayCommand, NamesTheLineWithoutItsIndentation) {
                                                               "     seen:     txtRemittancePeriod\n"));
 }
 
+TEST_F(PlayCommand, PlaysAFileForEachOfItsScreens) {
+  Write("two.scenario",
+        "screens 15 17\nscenario a\nshow $SCREEN\n  click $CANCEL\nexpect result False\n"
+        "scenario b\nshow $SCREEN\n  close 0\nexpect result True\n");
+  Outcome seen = Run("fiscalon play two.scenario");
+  EXPECT_EQ(seen.status, 1);
+  EXPECT_EQ(seen.out,
+            "ok   two.scenario: a (15)\n"
+            "FAIL two.scenario: b (15)\n"
+            "     two.scenario:9: expect result True\n"
+            "     expected: result True\n"
+            "     seen:     result False\n"
+            "ok   two.scenario: a (17)\n"
+            "FAIL two.scenario: b (17)\n"
+            "     two.scenario:9: expect result True\n"
+            "     expected: result True\n"
+            "     seen:     result False\n"
+            "2 passed, 2 failed\n");
+  seen = Run("fiscalon play --only a two.scenario");
+  EXPECT_EQ(seen.out, "ok   two.scenario: a (15)\nok   two.scenario: a (17)\n2 passed, 0 failed\n");
+  seen = Run("fiscalon play --only 'a (17)' two.scenario");
+  EXPECT_EQ(seen.out, "ok   two.scenario: a (17)\n1 passed, 0 failed\n");
+}
+
+TEST_F(PlayCommand, RefusesWhatItsScreensLack) {
+  Write("no.scenario", "screens 15 71\nshow $SCREEN\n  click $CANCEL\n");
+  Outcome seen = Run("fiscalon play no.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.err, "no.scenario:1: there is no screen \"71\"; did you mean \"01\"?\n");
+  Write("no.scenario", "screens 02 15\nshow $SCREEN\n  click $HELP\n");
+  seen = Run("fiscalon play no.scenario");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.out, "0 passed, 0 failed\n") << "nothing of it is played";
+  EXPECT_EQ(seen.err, "no.scenario:3: the screen \"15\" has no button \"Help\" for \"$HELP\"\n");
+}
+
 TEST_F(PlayCommand, FailsWhereABoxIsNotClaimed) {
   Write("a.scenario", "today 2026-06-15\nshow 15\n  click cmdOK\n  key Escape\n");
   EXPECT_EQ(
