@@ -293,7 +293,10 @@ class BatchRun {
 }  // namespace
 
 BatchProgress ValidateBatch(ByteSource& payments, ByteSource& records, unsigned jobs, BatchListener& listener) {
-  return BatchRun(payments, records, listener).Run(jobs);
+  const BatchProgress counts = BatchRun(payments, records, listener).Run(jobs);
+  payments.RefuseChange();
+  records.RefuseChange();
+  return counts;
 }
 
 }  // namespace fiscalon

@@ -67,13 +67,13 @@ struct Place {
 class Cutter {
  public:
   Cutter(ByteSource& payments, ByteSource& records, BatchListener& listener)
-      : listName_(payments.Name()),
-        recordsName_(records.Name()),
+      : payments_(payments),
+        records_(records),
         list_(WholeOf(payments)),
         lines_(WholeOf(records)),
-        lineSource_(ByteSource::Of(lines_, recordsName_)),
+        lineSource_(ByteSource::Of(lines_, records.Name())),
         listener_(listener) {
-    const auto source = ByteSource::Of(list_, listName_);
+    const auto source = ByteSource::Of(list_, payments.Name());
     RowFeed(*source).TakeHeader();
     firstRow_ = std::min(list_.find('\n'), list_.size() - 1) + 1;
   }
@@ -81,10 +81,9 @@ class Cutter {
   BatchStretches Cut(const BatchPart& part) {
     const auto [listFrom, linesFrom] = CutBehind(part.number - 1, part.of);
     const auto [listTo, linesTo] = CutBehind(part.number, part.of);
-    return {
-        ByteSource::Stretch(list_.substr(0, listFrom), list_.substr(listFrom, std::max(listFrom, listTo) - listFrom),
-                            listName_),
-        ByteSource::Stretch(lines_.substr(0, linesFrom), lines_.substr(linesFrom, linesTo - linesFrom), recordsName_)};
+    return {ByteSource::Stretch(payments_, list_.substr(0, listFrom),
+                                list_.substr(listFrom, std::max(listFrom, listTo) - listFrom)),
+            ByteSource::Stretch(records_, lines_.substr(0, linesFrom), lines_.substr(linesFrom, linesTo - linesFrom))};
   }
 
  private:
@@ -230,7 +229,7 @@ class Cutter {
   /// Counts the payments whose records stand before that, on from where it was counted before.
   uint64_t PaymentsBefore(size_t end) {
     const auto source =
-        ByteSource::Stretch(lines_.substr(0, countedTo_), lines_.substr(countedTo_, end - countedTo_), recordsName_);
+        ByteSource::Stretch(records_, lines_.substr(0, countedTo_), lines_.substr(countedTo_, end - countedTo_));
     RecordFeed feed(*source);
     RecordBlock block;
     std::string storage;
@@ -257,8 +256,8 @@ class Cutter {
     return offset;
   }
 
-  const std::string listName_;
-  const std::string recordsName_;
+  const ByteSource& payments_;
+  const ByteSource& records_;
   const std::string_view list_;
   const std::string_view lines_;
   const std::unique_ptr<ByteSource> lineSource_;

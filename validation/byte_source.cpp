@@ -29,6 +29,10 @@ class Memory : public ByteSource {
   std::string_view Peek(size_t) override { return rest_; }
   void Skip(size_t count) override { rest_.remove_prefix(count); }
   bool Stays() const override { return true; }
+  void RefuseChange() const override {
+    if (file_ && file_->HasChanged())
+      throw BatchError(Name(), "the file changed while it was read");
+  }
   std::optional<size_t> Size() const override { return size_; }
 
  private:
@@ -40,8 +44,10 @@ class Memory : public ByteSource {
 /// Bytes that lie behind others of the same file.
 class MiddleOfMemory : public Memory {
  public:
-  MiddleOfMemory(std::string_view before, std::string_view bytes, std::string name)
-      : Memory(bytes, std::move(name)), before_(before) {}
+  MiddleOfMemory(const ByteSource& file, std::string_view before, std::string_view bytes)
+      : Memory(bytes, file.Name()), file_(file), before_(before) {}
+
+  void RefuseChange() const override { file_.RefuseChange(); }
 
   bool IsFromTheStart() const override { return before_.empty(); }
   uint64_t LinesBefore() const override {
@@ -49,6 +55,7 @@ class MiddleOfMemory : public Memory {
   }
 
  private:
+  const ByteSource& file_;
   std::string_view before_;
 };
 
@@ -107,8 +114,9 @@ std::unique_ptr<ByteSource> ByteSource::Of(std::string_view bytes, std::string n
   return std::make_unique<Memory>(bytes, std::move(name));
 }
 
-std::unique_ptr<ByteSource> ByteSource::Stretch(std::string_view before, std::string_view bytes, std::string name) {
-  return std::make_unique<MiddleOfMemory>(before, bytes, std::move(name));
+std::unique_ptr<ByteSource> ByteSource::Stretch(const ByteSource& file, std::string_view before,
+                                                std::string_view bytes) {
+  return std::make_unique<MiddleOfMemory>(file, before, bytes);
 }
 
 }  // namespace fiscalon

@@ -19,8 +19,8 @@ class ByteSource {
   /// A buffer that stays where it is. The name stands in messages.
   static std::unique_ptr<ByteSource> Of(std::string_view bytes, std::string name);
 
-  /// A stretch of a file of which this stands before it. Both stay where they are.
-  static std::unique_ptr<ByteSource> Stretch(std::string_view before, std::string_view bytes, std::string name);
+  /// A stretch of a file, which this stands before. Both stay where they are, as long as the file is open.
+  static std::unique_ptr<ByteSource> Stretch(const ByteSource& file, std::string_view before, std::string_view bytes);
 
   virtual ~ByteSource() = default;
 
@@ -32,6 +32,8 @@ class ByteSource {
   virtual std::string_view Peek(size_t atLeast) = 0;
   virtual void Skip(size_t count) = 0;
   virtual bool Stays() const = 0;
+  /// Throws `BatchError` where a file has been written to since it was opened: nothing that was read of it counts then.
+  virtual void RefuseChange() const {}
   /// How many bytes there are in all, where that is known.
   virtual std::optional<size_t> Size() const = 0;
   /// Whether a file starts here, rather than a stretch of it.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string_view>
@@ -20,10 +21,27 @@ class MappedFile {
 
   std::string_view Bytes() const { return bytes_; }
 
+  /// Whether the file has been written to since it was mapped: its bytes may be neither those before nor those after.
+  /// One that was renamed or removed is what it was.
+  bool HasChanged() const;
+
  private:
-  explicit MappedFile(std::string_view bytes) : bytes_(bytes) {}
+  /// What tells that a file was written to: its size, and when that was, in the system's own count.
+  struct Stamp {
+    uint64_t size = 0;
+    int64_t written = 0;
+
+    bool operator==(const Stamp&) const = default;
+  };
+
+  MappedFile(std::string_view bytes, int descriptor) : bytes_(bytes), descriptor_(descriptor), mapped_(Now()) {}
+
+  Stamp Now() const;
 
   std::string_view bytes_;
+  /// The file once more, for as long as this lives.
+  int descriptor_;
+  Stamp mapped_;
 };
 
 }  // namespace fiscalon

@@ -168,5 +168,7 @@ ExitStatus RunAtAll(int argc, char** argv) {
 }  // namespace fiscalon
 
 int main(int argc, char** argv) {
-  return static_cast<int>(fiscalon::RunAtAll(argc, argv));
+  const auto status = static_cast<int>(fiscalon::RunAtAll(argc, argv));
+  fiscalon::EndAsInterrupted();
+  return status;
 }

@@ -1,8 +1,10 @@
 #include "core/platform/mapped_file.h"
 
+#include <fcntl.h>
 #include <stdio.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace fiscalon {
 
@@ -16,10 +18,26 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
   if (bytes == MAP_FAILED)
     return nullptr;
   ::madvise(bytes, size, MADV_SEQUENTIAL);
-  return std::unique_ptr<MappedFile>(new MappedFile({static_cast<const char*>(bytes), size}));
+  return std::unique_ptr<MappedFile>(
+      new MappedFile({static_cast<const char*>(bytes), size}, ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0)));
+}
+
+MappedFile::Stamp MappedFile::Now() const {
+  constexpr int64_t kNanoseconds = 1'000'000'000;
+  struct stat status = {};
+  if (::fstat(descriptor_, &status) != 0)
+    return {};
+  return {.size = static_cast<uint64_t>(status.st_size),
+          .written = status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+}
+
+bool MappedFile::HasChanged() const {
+  return Now() != mapped_;
 }
 
 MappedFile::~MappedFile() {
+  if (descriptor_ >= 0)
+    ::close(descriptor_);
   ::munmap(const_cast<char*>(bytes_.data()), bytes_.size());
 }
 

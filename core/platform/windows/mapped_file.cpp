@@ -25,10 +25,26 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
   if (bytes == nullptr)
     return nullptr;
   return std::unique_ptr<MappedFile>(
-      new MappedFile({static_cast<const char*>(bytes), static_cast<size_t>(size.QuadPart)}));
+      new MappedFile({static_cast<const char*>(bytes), static_cast<size_t>(size.QuadPart)}, ::_dup(::_fileno(file))));
+}
+
+MappedFile::Stamp MappedFile::Now() const {
+  BY_HANDLE_FILE_INFORMATION information = {};
+  if (descriptor_ < 0 ||
+      !::GetFileInformationByHandle(reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor_)), &information))
+    return {};
+  return {.size = uint64_t{information.nFileSizeHigh} << 32 | information.nFileSizeLow,
+          .written = static_cast<int64_t>(uint64_t{information.ftLastWriteTime.dwHighDateTime} << 32 |
+                                          information.ftLastWriteTime.dwLowDateTime)};
+}
+
+bool MappedFile::HasChanged() const {
+  return Now() != mapped_;
 }
 
 MappedFile::~MappedFile() {
+  if (descriptor_ >= 0)
+    ::_close(descriptor_);
   ::UnmapViewOfFile(bytes_.data());
 }
 

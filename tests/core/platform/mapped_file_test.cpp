@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "tests/core/platform/map_path.h"
 #include "tests/support/temporary_folder.h"
 
@@ -19,6 +22,23 @@ TEST(MappedFile, HoldsEveryByte) {
 TEST(MappedFile, IsNoneOfAnEmptyFile) {
   const TemporaryFolder folder;
   EXPECT_FALSE(MapPath(folder.Write("empty", "")));
+}
+
+TEST(MappedFile, TellsThatItWasWrittenTo) {
+  const TemporaryFolder folder;
+  const auto mapped = MapPath(folder.Write("records.pc4", "PC4"));
+  ASSERT_TRUE(mapped);
+  EXPECT_FALSE(mapped->HasChanged());
+  std::ofstream(folder.Path("records.pc4"), std::ios::app | std::ios::binary) << "0001";
+  EXPECT_TRUE(mapped->HasChanged());
+}
+
+TEST(MappedFile, IsWhatItWasUnderAnotherName) {
+  const TemporaryFolder folder;
+  const auto mapped = MapPath(folder.Write("records.pc4", "PC4"));
+  ASSERT_TRUE(mapped);
+  std::filesystem::rename(folder.Path("records.pc4"), folder.Path("older.pc4"));
+  EXPECT_FALSE(mapped->HasChanged());
 }
 
 }  // namespace

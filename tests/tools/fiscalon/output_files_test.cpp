@@ -4,7 +4,9 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <csignal>
 #include <filesystem>
+#include <utility>
 
 #include "tests/tools/fiscalon/command_line.h"
 
@@ -176,17 +178,32 @@ TEST_F(OutputFiles, OfABatchGoBackWhereTheLastHasNoPlace) {
 }
 
 TEST_F(OutputFiles, OfABatchAreNotThereAfterAnInterrupt) {
-  for (const char* signal : {"INT", "TERM", "HUP"}) {
+  const std::pair<const char*, int> signals[] = {{"INT", SIGINT}, {"TERM", SIGTERM}, {"HUP", SIGHUP}};
+  for (const auto& [name, signal] : signals) {
     // It would take hours. A shell has its background ignore SIGINT unless told otherwise.
     const Outcome seen = Run(std::string("env --default-signal '" FISCALON_PROGRAM
                                          "' generate --payments 10000000000 --screen 03 --out long & program=$!\n"
                                          "until ls -A | grep -q '^.fiscalon-'; do :; done\n"
                                          "kill -") +
-                             signal + " $program; wait $program");
-    EXPECT_EQ(seen.err, "fiscalon: interrupted\n") << signal;
-    EXPECT_EQ(seen.status, 2) << signal;
-    EXPECT_THAT(Listed(), IsEmpty()) << signal;
+                             name + " $program; wait $program");
+    EXPECT_THAT(seen.err, StartsWith("fiscalon: interrupted\n")) << name;
+    // A shell's loop ends with a program that a signal has ended.
+    EXPECT_EQ(seen.status, 128 + signal) << name;
+    EXPECT_THAT(Listed(), IsEmpty()) << name;
   }
+}
+
+TEST_F(OutputFiles, AreGoneWhenASecondInterruptEndsTheProgramAtOnce) {
+  EXPECT_EQ(::mkfifo(Path("list").c_str(), 0600), 0);
+  // Nobody opens the other end of the pipe: the program can't come to its own end.
+  EXPECT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+  const Outcome seen =
+      Run("env --default-signal '" FISCALON_PROGRAM
+          "' validate --payments trial.csv --records trial.pc4 --report report.csv --faults pipe & program=$!\n"
+          "until ls -A | grep -q '^.fiscalon-'; do :; done\n"
+          "kill -INT $program; kill -TERM $program; wait $program");
+  EXPECT_GT(seen.status, 128);
+  EXPECT_THAT(Run("ls -A | grep '^.fiscalon-'").out, IsEmpty());
 }
 
 TEST_F(OutputFiles, AreNotNamedByAnEmptyVariable) {

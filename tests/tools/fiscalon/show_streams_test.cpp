@@ -70,14 +70,12 @@ class RunningShow {
   }
   const std::string& ReadAll() { return ReadUntil("\1"); }
 
-  /// Interrupts it until it ends, as an impatient user does.
-  int Interrupt() {
+  /// Interrupts it once. The signal that it ends with.
+  int Interrupt() const {
     int ended = 0;
-    while (::waitpid(program_, &ended, WNOHANG) == 0) {
-      ::kill(program_, SIGINT);
-      ::usleep(1000);
-    }
-    return WIFEXITED(ended) ? WEXITSTATUS(ended) : -1;
+    ::kill(program_, SIGINT);
+    ::waitpid(program_, &ended, 0);
+    return WIFSIGNALED(ended) ? WTERMSIG(ended) : -1;
   }
   int Wait() const {
     int ended = 0;
@@ -136,7 +134,7 @@ TEST_F(ShowStreams, EndAtAnInterruptWithAWholeRecord) {
   // The second line is not whole yet.
   show.Give(Line(Ruled("PC40001T")) + "\"PC40002T");
   EXPECT_THAT(show.ReadUntil("\n"), EndsWith("}\n"));
-  EXPECT_EQ(show.Interrupt(), 2);
+  EXPECT_EQ(show.Interrupt(), SIGINT);
   EXPECT_THAT(show.ReadAll(), AllOf(EndsWith("}\n"), Not(HasSubstr("0002"))));
   EXPECT_EQ(Read("err"), "fiscalon: interrupted\n");
 }
@@ -145,8 +143,30 @@ TEST_F(ShowStreams, EndAtAnInterruptWhileNobodyReads) {
   Write("a.pc4", ManyLines());
   RunningShow show(Folder(), "a.pc4", "--json-lines");
   EXPECT_THAT(show.ReadUntil("\n"), StartsWith("{"));
-  EXPECT_EQ(show.Interrupt(), 2);
+  EXPECT_EQ(show.Interrupt(), SIGINT);
   EXPECT_EQ(Read("err"), "fiscalon: interrupted\n");
+}
+
+TEST_F(ShowStreams, AreCutBehindARecordWhereTheirReaderIsSlow) {
+  Write("a.pc4", ManyLines());
+  for (const std::string form : {"--json-lines", "--json"}) {
+    RunningShow show(Folder(), "a.pc4", form);
+    // What is in the pipe by now is more than was read.
+    show.ReadUntil("\"1000\"");
+    EXPECT_EQ(show.Interrupt(), SIGINT) << form;
+    EXPECT_THAT(show.ReadAll(),
+                AllOf(EndsWith("]}" + std::string(form == "--json" ? "" : "\n")), Not(HasSubstr("\"1999\""))))
+        << form;
+  }
+}
+
+TEST_F(ShowStreams, EndBehindARecordWhereTheFileMayNotGrow) {
+  Write("a.pc4", ManyLines());
+  // So many blocks are no whole number of records.
+  const Outcome seen = Run("ulimit -f 3; fiscalon show a.pc4 --json-lines >shown");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.err, "fiscalon: standard output can't be written: File too large\n");
+  EXPECT_THAT(Read("shown"), AllOf(StartsWith("{\"line\":1,"), EndsWith("}\n")));
 }
 
 TEST_F(ShowStreams, NameAFileThatGrows) {

@@ -1,9 +1,11 @@
 #include "tools/fiscalon/commands/shown_output.h"
 
 #include <iostream>
+#include <utility>
 
 #include "tools/fiscalon/commands/shown_json.h"
 #include "tools/fiscalon/commands/shown_text.h"
+#include "tools/fiscalon/files/standard_output.h"
 #include "tools/fiscalon/files/terminal.h"
 #include "tools/reading/visible_text.h"
 
@@ -110,6 +112,7 @@ std::unique_ptr<ShownOutput> ShownOutput::Of(ShownAs form, const std::string& na
 void ShownOutput::Add(const ShownRecord& record) {
   constexpr size_t kMostHeld = size_t{64} << 10;
   AppendRecord(text_, record, lines_ == 0);
+  ends_.push_back(text_.size());
   ++lines_;
   problems_ += record.problems.size();
   oddities_ += record.oddities.size();
@@ -125,9 +128,12 @@ void ShownOutput::End(Picked picked) {
 void ShownOutput::Flush() {
   if (text_.empty())
     return;
-  std::cout.write(text_.data(), static_cast<std::streamsize>(text_.size()));
+  if (ends_.empty() || ends_.back() != text_.size())
+    ends_.push_back(text_.size());
   std::cout.flush();
-  text_.clear();
+  // What can't be written now is not tried again.
+  const std::string text = std::exchange(text_, {});
+  StandardOutput::WritePieces(text, std::exchange(ends_, {}));
 }
 
 }  // namespace fiscalon

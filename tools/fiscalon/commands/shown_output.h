@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tools/fiscalon/context.h"
 #include "tools/reading/shown_record.h"
@@ -48,6 +49,8 @@ class ShownOutput {
 
  private:
   std::string text_;
+  /// Where the records in it end.
+  std::vector<size_t> ends_;
   uint64_t lines_ = 0;
   uint64_t problems_ = 0;
   uint64_t oddities_ = 0;

@@ -59,6 +59,8 @@ ExitStatus Judge(ByteSource& payments, ByteSource& records, const BatchOptions& 
     PrintSummary(out, counts, desk.Reasons(), context.paint);
     return counts.invalid == 0 ? ExitStatus::Done : ExitStatus::Invalid;
   } catch (const EnoughBad& end) {
+    payments.RefuseChange();
+    records.RefuseChange();
     const std::string missed = desk.CommitFaults();
     desk.EndProgress();
     if (!missed.empty())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <optional>
@@ -25,6 +26,11 @@ std::optional<SeenFile> LookAt(const std::string& path);
 /// What is behind the stream that all programs are given.
 std::optional<SeenFile> LookAtStandardInput();
 std::optional<SeenFile> LookAtStandardOutput();
+
+/// How many bytes standard output takes in one step, so that no interrupt can cut them: of a pipe what it has room for.
+size_t OutputTakesAtOnce();
+/// Takes the last bytes off standard output again, where that is a file.
+void TakeOutputBack(size_t count);
 
 /// Whether a path is the system's own name of standard output.
 bool NamesStandardOutput(const std::string& path);

@@ -8,8 +8,17 @@ namespace fiscalon {
 /// Whether the user has interrupted the program, as long as it watches out for that.
 bool IsInterrupted();
 
-/// Watches out for interrupts while it lives: they are noted, so that the program can end in order. A mapped file that
-/// shrinks ends the program with a message that names it. Watches may live within each other; the outermost counts.
+/// Ends the program by the interrupt that was noted, if one was: a shell's loop ends with a program that a signal has
+/// ended, and goes on with one that tidies up and gives a status. Systems without such an end leave that to the status.
+void EndAsInterrupted();
+
+// Wait until a descriptor can be read from or written to, without missing an interrupt. False where one comes first.
+bool WaitToRead(int descriptor);
+bool WaitToWrite(int descriptor);
+
+/// Watches out for interrupts while it lives: the first one is noted, so that the program can end in order; a second
+/// one ends it at once, whatever it is at, and takes its fleeting files away. A mapped file that shrinks ends the
+/// program with a message that names it. Watches may live within each other; the outermost counts.
 class InterruptWatch {
  public:
   InterruptWatch();
@@ -23,6 +32,15 @@ class InterruptWatch {
  private:
   void Begin();
   void End();
+};
+
+/// Holds a second interrupt off while it lives: for steps that are done together or not at all.
+class HeldOff {
+ public:
+  HeldOff();
+  ~HeldOff();
+  HeldOff(const HeldOff&) = delete;
+  HeldOff& operator=(const HeldOff&) = delete;
 };
 
 /// A file that is to be taken away whatever ends the program: by whoever made it or, for a signal that no program

@@ -124,7 +124,7 @@ bool LineReader::Fill() {
 
 size_t LineReader::Read(char* place, size_t count) {
   beforeRead_();
-  if (IsInterrupted())
+  if (IsInterrupted() || !WaitToRead(::fileno(file_.get())))
     throw CommandError("interrupted");
   static_assert(kBufferBytes <= std::numeric_limits<unsigned>::max());
   const auto read = ::read(::fileno(file_.get()), place, static_cast<unsigned>(count));

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <streambuf>
+#include <string_view>
 
 namespace fiscalon {
 
@@ -20,6 +22,11 @@ class StandardOutput final : public std::streambuf {
   ~StandardOutput() override;
   StandardOutput(const StandardOutput&) = delete;
   StandardOutput& operator=(const StandardOutput&) = delete;
+
+  /// Writes pieces that mean something only as a whole, such as records, given by their ends in the text: where an
+  /// interrupt or a full disk ends the output, it ends behind one of them. A piece that is larger than what a pipe
+  /// takes at once is written to its end, and waits for its reader.
+  static void WritePieces(std::string_view text, std::span<const size_t> ends);
 
  protected:
   int_type overflow(int_type character) override;

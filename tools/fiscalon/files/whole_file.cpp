@@ -160,6 +160,7 @@ void WholeFile::Commit(const std::vector<WholeFile*>& files) {
   for (WholeFile* const file : files) file->Finish();
   if (IsInterrupted())
     throw CommandError("interrupted");
+  const HeldOff together;
   try {
     for (WholeFile* const file : files) file->TakePlace(files.size() > 1 ? Return::Possible : Return::Unneeded);
   } catch (...) {

@@ -1,10 +1,13 @@
 #include "tools/fiscalon/files/file_places.h"
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
+#include <cstdint>
 #include <filesystem>
 
 namespace fiscalon {
@@ -50,6 +53,28 @@ std::optional<SeenFile> LookAtStandardInput() {
 
 std::optional<SeenFile> LookAtStandardOutput() {
   return LookAtStream(STDOUT_FILENO);
+}
+
+size_t OutputTakesAtOnce() {
+  struct stat status = {};
+  if (::fstat(STDOUT_FILENO, &status) != 0 || (!S_ISFIFO(status.st_mode) && !S_ISSOCK(status.st_mode)))
+    return SIZE_MAX;
+  // An empty pipe takes as much as it holds; one that has any room so much at least, and all of that or nothing.
+  int unread = 0;
+  const int capacity = ::fcntl(STDOUT_FILENO, F_GETPIPE_SZ);
+  const bool isEmpty = ::ioctl(STDOUT_FILENO, FIONREAD, &unread) == 0 && unread == 0;
+  return isEmpty && capacity > PIPE_BUF ? static_cast<size_t>(capacity) : PIPE_BUF;
+}
+
+void TakeOutputBack(size_t count) {
+  const off_t end = ::lseek(STDOUT_FILENO, 0, SEEK_CUR);
+  struct stat status = {};
+  // What somebody else has written behind it is not ours to take.
+  if (end < 0 || ::fstat(STDOUT_FILENO, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size != end)
+    return;
+  const off_t whole = end - static_cast<off_t>(count);
+  if (::ftruncate(STDOUT_FILENO, whole) == 0)
+    ::lseek(STDOUT_FILENO, whole, SEEK_SET);
 }
 
 bool NamesStandardOutput(const std::string& path) {

@@ -1,9 +1,12 @@
 #include "tools/fiscalon/files/interrupt_watch.h"
 
+#include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdint>
 #include <utility>
@@ -13,7 +16,11 @@
 namespace fiscalon {
 namespace {
 
+/// The signal that was noted.
 volatile std::sig_atomic_t interrupted = 0;
+
+/// A pipe that an interrupt can be read from, so that who waits for something else wakes up. It is made once.
+std::array<int, 2> wake = {-1, -1};
 
 /// The names of the files to take away, where a signal handler finds them. One that is too long for its place is no
 /// name that the system takes.
@@ -26,8 +33,24 @@ struct MappedInput {
 };
 std::array<MappedInput, 2> mappedInputs = {};
 
-void NoteInterrupt(int) {
-  interrupted = 1;
+void RemoveFleetingFiles() {
+  for (const auto& file : fleetingFiles) {
+    if (file[0] != '\0')
+      ::unlink(file.data());
+  }
+}
+
+void NoteInterrupt(int signal) {
+  const int reason = errno;
+  if (interrupted == 0) {
+    interrupted = signal;
+    [[maybe_unused]] const auto written = ::write(wake[1], "", 1);
+  } else {
+    RemoveFleetingFiles();
+    ::signal(signal, SIG_DFL);
+    ::raise(signal);
+  }
+  errno = reason;
 }
 
 /// A signal handler's way to complain.
@@ -42,10 +65,7 @@ bool Holds(std::string_view bytes, const void* address) {
 }
 
 void EndForShrunkenFile(int, siginfo_t* fault, void*) {
-  for (const auto& file : fleetingFiles) {
-    if (file[0] != '\0')
-      ::unlink(file.data());
-  }
+  RemoveFleetingFiles();
   Say("fiscalon: ");
   for (const MappedInput& input : mappedInputs) {
     if (Holds(input.bytes, fault->si_addr))
@@ -76,13 +96,59 @@ void Unwatch(int signal) {
     ::signal(signal, SIG_DFL);
 }
 
+sigset_t Interrupts() {
+  sigset_t all;
+  sigemptyset(&all);
+  for (const int signal : kInterrupts) sigaddset(&all, signal);
+  return all;
+}
+
+/// What is ready is ready, interrupted or not: what was read before an interrupt can still be written to a file.
+bool WaitFor(int descriptor, short event) {
+  std::array<pollfd, 2> waiting = {pollfd{.fd = descriptor, .events = event, .revents = 0},
+                                   pollfd{.fd = wake[0], .events = POLLIN, .revents = 0}};
+  while (::poll(waiting.data(), waiting.size(), -1) < 0) {
+    // The pipe has what an interrupt leaves, so another look finds it.
+    if (errno != EINTR)
+      return true;
+  }
+  return waiting[0].revents != 0;
+}
+
 }  // namespace
 
 bool IsInterrupted() {
   return interrupted != 0;
 }
 
+void EndAsInterrupted() {
+  if (interrupted == 0)
+    return;
+  ::signal(interrupted, SIG_DFL);
+  ::raise(interrupted);
+}
+
+bool WaitToRead(int descriptor) {
+  return WaitFor(descriptor, POLLIN);
+}
+
+bool WaitToWrite(int descriptor) {
+  return WaitFor(descriptor, POLLOUT);
+}
+
+HeldOff::HeldOff() {
+  const sigset_t all = Interrupts();
+  ::sigprocmask(SIG_BLOCK, &all, nullptr);
+}
+
+HeldOff::~HeldOff() {
+  const sigset_t all = Interrupts();
+  ::sigprocmask(SIG_UNBLOCK, &all, nullptr);
+}
+
 void InterruptWatch::Begin() {
+  if (wake[0] == -1 && ::pipe2(wake.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+    wake = {-1, -1};
   for (const int signal : kInterrupts) Watch(signal);
   struct sigaction action = {};
   action.sa_flags = SA_SIGINFO;
@@ -91,7 +157,9 @@ void InterruptWatch::Begin() {
 }
 
 void InterruptWatch::End() {
-  for (const int signal : kInterrupts) Unwatch(signal);
+  // Once interrupted the program is on its way out, and a second interrupt goes on counting as one.
+  if (interrupted == 0)
+    for (const int signal : kInterrupts) Unwatch(signal);
   ::signal(SIGBUS, SIG_DFL);
   mappedInputs = {};
 }

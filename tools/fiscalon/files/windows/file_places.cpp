@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 
@@ -94,6 +95,22 @@ std::optional<SeenFile> LookAtStandardInput() {
 
 std::optional<SeenFile> LookAtStandardOutput() {
   return LookAtHandle(::GetStdHandle(STD_OUTPUT_HANDLE));
+}
+
+/// Interrupts cut nothing here: they come on a thread of their own.
+size_t OutputTakesAtOnce() {
+  return SIZE_MAX;
+}
+
+void TakeOutputBack(size_t count) {
+  const HANDLE output = ::GetStdHandle(STD_OUTPUT_HANDLE);
+  LARGE_INTEGER end = {}, size = {};
+  if (::GetFileType(output) != FILE_TYPE_DISK || !::SetFilePointerEx(output, {}, &end, FILE_CURRENT) ||
+      !::GetFileSizeEx(output, &size) || size.QuadPart != end.QuadPart)
+    return;
+  end.QuadPart -= static_cast<LONGLONG>(count);
+  if (::SetFilePointerEx(output, end, nullptr, FILE_BEGIN))
+    ::SetEndOfFile(output);
 }
 
 bool NamesStandardOutput(const std::string& path) {

@@ -15,7 +15,9 @@ std::atomic<bool> interrupted = false;
 /// Runs on a thread of its own. Whoever presses Ctrl+C or Ctrl+Break waits for the program to end in order; where the
 /// console goes, the program goes when this returns, so it doesn't: the system allows some seconds.
 BOOL WINAPI NoteInterrupt(DWORD event) {
-  interrupted = true;
+  // A second one is the system's, which ends the program at once.
+  if (interrupted.exchange(true))
+    return FALSE;
   if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT)
     ::Sleep(INFINITE);
   return TRUE;
@@ -26,6 +28,21 @@ BOOL WINAPI NoteInterrupt(DWORD event) {
 bool IsInterrupted() {
   return interrupted;
 }
+
+/// The status tells it here.
+void EndAsInterrupted() {}
+
+bool WaitToRead(int /*descriptor*/) {
+  return true;
+}
+
+bool WaitToWrite(int /*descriptor*/) {
+  return true;
+}
+
+/// Nothing can be held off from the thread that hears of interrupts.
+HeldOff::HeldOff() = default;
+HeldOff::~HeldOff() = default;
 
 void InterruptWatch::Begin() {
   ::SetConsoleCtrlHandler(NoteInterrupt, TRUE);
