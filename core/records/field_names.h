@@ -27,8 +27,17 @@ struct FieldName {
   FieldKind kind = FieldKind::Text;
 };
 
-/// The fields that a screen's F records can hold, by number; empty for a screen that writes no F record and for a code
-/// that is none.
+/// The fields that the F records of one screen can hold, by number.
+struct ScreenFields {
+  std::string_view code = {};
+  std::span<const FieldName> names = {};
+};
+
+/// The fields of all screens that write F records. Core does not know the screens: the table is theirs
+/// (screens/field_names.cpp).
+std::span<const ScreenFields> FieldTable();
+
+/// The fields of one screen; empty for a screen that writes no F record and for a code that is none.
 std::span<const FieldName> FieldNamesOf(std::string_view screenCode);
 /// One of them; null for a number that the screen does not use.
 const FieldName* FindField(std::string_view screenCode, std::string_view number);
