@@ -206,18 +206,13 @@ void SessionRecorder::Stroke(KeyStroke stroke) {
     text_.Begin("key " + name);
   else
     return;
-  lastKey_ = {.edits = true, .erases = erases};
-  if (replaces) {
-    lastKey_.field = field;
-    lastKey_.text = field->Text();
-    lastKey_.selection = field->Selected();
-  }
+  const auto effect = erases ? LastKey::Effect::Erases : LastKey::Effect::Types;
+  lastKey_ = replaces ? LastKey(effect, *field) : LastKey(effect);
 }
 
 void SessionRecorder::SettleLastKey() {
-  const TextField* field = lastKey_.field;
-  if (field == nullptr || field != ActiveField() || field->Text() != lastKey_.text ||
-      field->Selected() != Selection{.start = lastKey_.selection.start + 1})
+  const TextField* field = ActiveField();
+  if (!lastKey_.RetypedIn(field))
     return;
   BringPlayerToLastKey();
   lastKey_ = {};
@@ -225,19 +220,15 @@ void SessionRecorder::SettleLastKey() {
 }
 
 void SessionRecorder::BringPlayerToLastKey() {
-  const Selection selection = lastKey_.selection;
-  const bool erasesSelected = lastKey_.erases && selection.length > 0;
-  // The last character goes by the key itself.
-  text_.InsertBeforeLast(
-      caret_.KeysThatErase(lastKey_.text, selection, erasesSelected ? selection.length - 1 : selection.length));
-  if (erasesSelected)
+  text_.InsertBeforeLast(lastKey_.KeysBefore(caret_));
+  if (lastKey_.TakesLastCharacter())
     text_.ReplaceLast("key Backspace");
 }
 
 void SessionRecorder::Edit(const EditAct& act) {
-  const bool done = lastKey_.edits && act.origin == EditAct::Origin::Key;
+  const bool done = lastKey_.Edits() && act.origin == EditAct::Origin::Key;
   caret_.CatchesUp();
-  if (done && lastKey_.field == act.field)
+  if (done && lastKey_.Meets(act.field))
     BringPlayerToLastKey();
   lastKey_ = {};
   if (done || act.field->Locked())

@@ -8,6 +8,7 @@
 #include "core/platform/date.h"
 #include "core/platform/runtime_error.h"
 #include "core/records/pc4_records.h"
+#include "frontends/played/last_key.h"
 #include "frontends/played/player_caret.h"
 #include "frontends/played/scenario_text.h"
 
@@ -48,10 +49,9 @@ class SessionRecorder final : public ActWatcher {
   void Edit(const EditAct& act);
   /// Brings a player's caret to the end of a selection in that text and takes so many characters before it away.
   void Erase(std::string_view text, Selection selection, int characters);
-  /// The key that was recorded last replaces a selection that no player has: takes it away before the key. Not before
-  /// that is known, since a form may drop the key and leave the selection alone.
+  /// The key that was recorded last has replaced a selection that no player has.
   void BringPlayerToLastKey();
-  /// A character that was typed over itself has left the text as it was, but not the selection.
+  /// It may have done so without an edit of the text.
   void SettleLastKey();
   TextField* ActiveField() const;
 
@@ -60,16 +60,7 @@ class SessionRecorder final : public ActWatcher {
   /// Where a player's screens look for the help file.
   std::string helpFolder_;
   Form* form_ = nullptr;
-  /// The key that was pressed last, where it says itself what is made of the text.
-  struct LastKey {
-    bool edits = false;
-    bool erases = false;
-    /// Its field, where it meets a selection that a player has not, with what it held then.
-    const TextField* field = nullptr;
-    std::string text = {};
-    Selection selection = {};
-  };
-  LastKey lastKey_ = {};
+  LastKey lastKey_;
   /// The character of this key, if it makes one, is part of what was recorded for the key.
   std::optional<KeyStroke> halfKey_ = {};
 };
