@@ -49,10 +49,10 @@ class Screen : public Form {
   /// Exactly True: records go to the file `GovFilename`. Anything else: to `PC4Records`.
   Boolean WriteFile() const { return Get(given_.writeFile, "WriteFile"); }
   void WriteFile(Boolean value) { Let(given_.writeFile, value, "WriteFile"); }
-  /// The person entering; at most 30 characters fit a record.
+  /// The person entering; a name that is longer than a record's `ContactName` fails the output.
   const std::string& EnterName() const { return Get(given_.enterName, "EnterName"); }
   void EnterName(std::string_view text) { Let(given_.enterName, text, "EnterName"); }
-  /// That person's title; at most 20 characters fit a record.
+  /// That person's title; the same holds for `ContactTitle`.
   const std::string& EnterTitle() const { return Get(given_.enterTitle, "EnterTitle"); }
   void EnterTitle(std::string_view text) { Let(given_.enterTitle, text, "EnterTitle"); }
   const std::string& GovFilename() const { return Get(given_.govFilename, "GovFilename"); }

@@ -45,10 +45,10 @@ class Levyra {
   /// Full path of the record file.
   std::string GovFilename() const { return govFilename_; }
   void GovFilename(std::string_view text) { govFilename_ = text; }
-  /// The person entering: at most 30 characters fit a record, a longer name fails the output.
+  /// The person entering. A name that is longer than a record's `ContactName` (record_layout.h) fails the output.
   std::string EnterName() const { return enterName_; }
   void EnterName(std::string_view text) { enterName_ = text; }
-  /// That person's title: at most 20 characters fit a record.
+  /// That person's title; the same holds for `ContactTitle`.
   std::string EnterTitle() const { return enterTitle_; }
   void EnterTitle(std::string_view text) { enterTitle_ = text; }
   /// 1: the payment is on hold and has no fixed date.

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "core/records/record_composer.h"
+#include "core/records/record_layout.h"
 #include "core/values/calendar.h"
 #include "core/values/format.h"
 #include "validation/batch_report.h"
@@ -43,8 +44,9 @@ struct Draft {
 };
 
 std::string Digits(uint64_t number) {
+  constexpr size_t kWidth = FieldNamed(kFreeFormatLayout, "FieldValue").Width();
   std::string digits = std::to_string(number);
-  return digits.insert(0, 18 - std::min<size_t>(18, digits.size()), '0');
+  return digits.insert(0, kWidth - std::min(kWidth, digits.size()), '0');
 }
 
 // Defects of one value. Each keeps the number at its start, so that totals stay right, but for a minus in front.

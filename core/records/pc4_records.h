@@ -41,7 +41,7 @@ class PC4s : public KeyedCollection<PC4> {
   PC4& Add(std::string theDate = {}, std::string amount = {}, std::string description = {}, std::string_view key = {});
 };
 
-/// The fields of a "T" record, each at its width of 8, 8, 8, 8, 30, 20 and 10 characters.
+/// The fields of a "T" record, each at its width.
 class clsPC4GovFormat {
  public:
   std::string PeriodStartDate() const { return periodStartDate_; }
@@ -77,7 +77,7 @@ class clsPC4GovFormats : public KeyedCollection<clsPC4GovFormat> {
                        std::string filler2 = {}, std::string_view key = {});
 };
 
-/// One slot of an "F" record: a two-character number and an 18-character value.
+/// One slot of an "F" record: a number and a value, each at its width.
 class clsPC4FreeFormat {
  public:
   std::string FieldNum() const { return fieldNum_; }

@@ -25,7 +25,7 @@ struct BasicGovernmentFields {
 };
 using GovernmentFields = BasicGovernmentFields<std::string>;
 
-/// One slot of an "F" record. Blanks fill a value up to its 18 columns; a longer one is not cut, and what
+/// One slot of an "F" record. Blanks fill a value up to its columns; a longer one is not cut, and what
 /// stands behind it moves to the right.
 template <typename Text>
 struct BasicFreeFormatSlot {
@@ -34,7 +34,7 @@ struct BasicFreeFormatSlot {
 };
 using FreeFormatSlot = BasicFreeFormatSlot<std::string>;
 
-/// One invoice of an "R" row, each text at its width: 8, 10 and 27 characters. The same three texts are an
+/// One invoice of an "R" row, each text at its width. The same three texts are an
 /// invoice's `PC4` where the records go to a collection.
 struct InvoiceEntry {
   std::string date = {};
@@ -42,15 +42,15 @@ struct InvoiceEntry {
   std::string number = {};
 };
 
-/// One entry of an "I" row, each text at its width: 8, 9 and 10 characters.
+/// One entry of an "I" row, each text at its width.
 struct StatementEntry {
   std::string item1 = {};
   std::string amount = {};
   std::string item2 = {};
 };
 
-/// Error 5 "Invalid procedure call or argument" where the trimmed name is longer than 30 characters or the
-/// trimmed title longer than 20: they are never cut.
+/// Error 5 "Invalid procedure call or argument" where the trimmed name or the trimmed title is longer than its columns:
+/// they are never cut.
 std::string ComposeGovernmentFormat(std::string_view seqNumber, const GovernmentFields& fields);
 
 /// One "F" record of up to four slots; slots that are left out are blank, number and value.
@@ -63,11 +63,11 @@ std::vector<std::string> ComposeFreeFormats(std::string_view seqNumber, std::ini
 
 /// An "F" record of one to three slots with the body of a "G" record between them and its end: 312 characters. One
 /// collection output joins the two like this, and its readers expect it. Error 5 for another number of slots, and for
-/// trimmed details longer than 50 characters.
+/// trimmed details longer than their columns.
 std::string ComposeFreeFormatWithDetails(std::string_view seqNumber, std::span<const FreeFormatSlot> slots,
                                          std::string_view amount, std::string_view details);
 
-/// `amount` is the 18 characters of cents. Error 5 where the trimmed details are longer than 50 characters.
+/// `amount` is a value of cents, at its width. Error 5 where the trimmed details are longer than their columns.
 std::string ComposeGenericDetails(std::string_view seqNumber, std::string_view amount, std::string_view details);
 
 /// Error 5 where the line is longer than 70 characters.

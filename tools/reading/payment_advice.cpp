@@ -6,6 +6,7 @@
 
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
+#include "core/records/record_layout.h"
 #include "core/values/text.h"
 
 namespace fiscalon {
@@ -13,9 +14,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr size_t kSequenceCharacters = 4;
-constexpr size_t kNameCharacters = 30;
-constexpr size_t kTitleCharacters = 20;
+constexpr size_t kSequenceCharacters = FieldNamed(kRecordHead, "SeqNumber").Width();
+constexpr size_t kNameCharacters = FieldNamed(kGovernmentLayout, "ContactName").Width();
+constexpr size_t kTitleCharacters = FieldNamed(kGovernmentLayout, "ContactTitle").Width();
 
 std::string Quoted(std::string_view text) {
   return "\"" + ToUtf8(text) + "\"";
