@@ -3,10 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "core/host_setup.h"
 #include "core/launch.h"
 #include "core/module_state.h"
+#include "frontends/scripted/scripted_toolkit.h"
 #include "tests/faults/faulty_files.h"
 #include "tests/faults/screen_sessions.h"
 
@@ -58,14 +64,14 @@ class Host {
       return box.DefaultAnswer();
     };
     try {
-      shown.result = levyra.ShowLevyraScreen(session_.code);
+      shown.result = levyra.ShowLevyraScreen(session_.good.code);
     } catch (const RuntimeError& error) {
       shown.error = error;
     }
     return shown;
   }
 
-  void FillIn(Form& form, UserDriver& user) const { fiscalon::FillIn(session_, form, user); }
+  void FillIn(Form& form, UserDriver& user) const { fiscalon::FillIn(session_.good, form, user); }
   void Confirm(Form& form, UserDriver& user) const { fiscalon::Confirm(session_, form, user); }
   Acts WholeSession() const {
     return [this](Form& form, UserDriver& user) {
@@ -118,7 +124,7 @@ std::string ErrorLine(const std::string& description, const std::string& number)
 std::vector<FaultyFiles::Step> StepsOf(const ScreenSession& session) {
   std::vector<FaultyFiles::Step> steps = {
       {FileStep::Exists, kFile}, {FileStep::Delete, kFile}, {FileStep::Open, kFile}};
-  for (const char* kind = session.kinds; *kind != 0; ++kind) steps.push_back({FileStep::Print, kFile});
+  steps.insert(steps.end(), session.good.kinds.size(), FaultyFiles::Step{FileStep::Print, kFile});
   steps.push_back({FileStep::Close, kFile});
   return steps;
 }
@@ -149,7 +155,7 @@ std::vector<std::string> WrittenBy(const ScreenSession& session) {
     EXPECT_TRUE(line.starts_with("\"PC40001") && line.ends_with("\"\r\n")) << line;
     kinds += line[8];
   }
-  EXPECT_EQ(kinds, session.kinds);
+  EXPECT_EQ(kinds, session.good.kinds);
   return lines;
 }
 
@@ -330,7 +336,7 @@ TEST(FileFaults, ADiskThatTakesHalfALineKeepsTheHalf) {
 TEST(FileFaults, EveryScreenIsAmongTheSessions) {
   for (const LaunchRow& row : LaunchTable())
     EXPECT_TRUE(std::any_of(ScreenSessions().begin(), ScreenSessions().end(), [&](const ScreenSession& session) {
-      return session.code == row.code;
+      return session.good.code == row.code;
     })) << row.code;
 }
 
@@ -353,7 +359,7 @@ TEST(FileFaults, TheCollectionNeedsNoFile) {
     host.Files().contents[kFile] = kOldContent;
     host.Files().FailAt(1, {}, FaultLasts::FromThenOn);
     ExpectAccepted(host.Show(host.WholeSession()));
-    EXPECT_EQ(host.MemberCount(), session.members);
+    EXPECT_EQ(host.MemberCount(), session.good.records);
     EXPECT_TRUE(host.Files().steps.empty());
     EXPECT_EQ(host.Files().Content(kFile), kOldContent);
   }
@@ -364,7 +370,7 @@ constexpr const char* kLongName = "Bartholomew Featherstonehaugh-X";
 constexpr Kind kLongNameFails = {5, "Invalid procedure call or argument"};
 
 bool NamesContact(const ScreenSession& session) {
-  return *session.kinds == 'T';
+  return session.good.kinds.front() == 'T';
 }
 
 TEST(FileFaults, ARecordThatCantBeComposedIsHandledLikeAFullDisk) {
@@ -399,7 +405,7 @@ TEST(FileFaults, ARecordThatCantBeComposedIsHandledLikeAFullDisk) {
       host.levyra.EnterName("Jane Doe");
       ExpectAccepted(host.Show(shown.error ? host.ConfirmAlone() : host.WholeSession()));
       EXPECT_TRUE(host.Files().open.empty());
-      EXPECT_EQ(host.MemberCount(), writeFile == kFalse ? session.members : 0);
+      EXPECT_EQ(host.MemberCount(), writeFile == kFalse ? session.good.records : 0);
     }
 }
 

@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <memory>
+#include <string>
 #include <vector>
 
 #include "core/forms/text_field.h"
 #include "core/host_setup.h"
 #include "core/module_state.h"
+#include "frontends/scripted/scripted_toolkit.h"
 #include "tests/faults/every_allocation.h"
 #include "tests/faults/faulty_files.h"
 #include "tests/faults/screen_sessions.h"
@@ -26,7 +29,7 @@ struct Setting {
 };
 
 void FillInAndConfirm(const ScreenSession& session, Form& form, UserDriver& user) {
-  FillIn(session, form, user);
+  FillIn(session.good, form, user);
   Confirm(session, form, user);
 }
 
@@ -95,7 +98,7 @@ class CollectingHost : public HostWork {
   void Show() {
     const char* ending = "";
     try {
-      ending = host_->ShowLevyraScreen(session_.code) ? "confirmed\n" : "cancelled\n";
+      ending = host_->ShowLevyraScreen(session_.good.code) ? "confirmed\n" : "cancelled\n";
     } catch (const RuntimeError&) {
       ending = "an error\n";
     }
