@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/forms/button.h"
 #include "core/forms/layout.h"
 #include "core/launch.h"
 #include "core/screen_contract.h"
@@ -18,6 +19,8 @@ namespace {
 struct TabOrder {
   std::string_view code = {};
   std::vector<std::string> controls = {};
+  /// The button that Escape presses; empty where it presses none.
+  std::string_view escape = {};
 };
 
 // clang-format off
@@ -47,23 +50,23 @@ const std::vector<TabOrder> kTabOrders = {
     {"10", {"0 txtName", "1 txtAddress", "2 txtCity", "3 cmbProvince", "4 txtPostalCode", "5 txtEmail", "6 txtPhoneNo1",
             "7 txtPhoneNo2", "8 txtPhoneNo3", "9 txtAmount", "10 txtPurpose", "- cmdOK", "- cmdCancel"}},
     {"14", {"0 cmbTaxProgram", "1 txtPeriodEndDate", "2 txtFacilityNumber", "- cmdOK", "- cmdCancel"}},
-    {"15", {"0 txtRemittancePeriod", "1 txtAmountPayable", "2 cmdOK", "3 cmdCancel"}},
+    {"15", {"0 txtRemittancePeriod", "1 txtAmountPayable", "2 cmdOK", "3 cmdCancel"}, "cmdCancel"},
     {"16", {"0 txtPeriodFrom", "1 txtPeriodTo", "2 txtSupplies", "3 txtTaxCollectible", "4 txtITRs", "5 txtInstalments",
-            "6 txtOtherRebates", "7 txtNewHousingRebates", "8 cmdOK", "9 cmdCancel", "22 txtAmountPayable"}},
-    {"17", {"0 txtPeriodFrom", "1 txtPeriodTo", "2 txtAmountPayable", "3 cmdOK", "4 cmdCancel"}},
+            "6 txtOtherRebates", "7 txtNewHousingRebates", "8 cmdOK", "9 cmdCancel", "22 txtAmountPayable"}, "cmdCancel"},
+    {"17", {"0 txtPeriodFrom", "1 txtPeriodTo", "2 txtAmountPayable", "3 cmdOK", "4 cmdCancel"}, "cmdCancel"},
     {"18", {"0 txtGSTAccountNumber", "1 txtGSTPeriodFrom", "2 txtGSTPeriodTo", "3 txtQSTPeriodFrom", "4 txtQSTPeriodTo",
             "5 txtGSTCollectible", "6 txtGSTITCs", "7 txtGSTInstalment", "8 txtOtherGSTHSTRebates",
             "9 txtNewHousingRebate", "10 txtQSTCollectible", "11 txtQSTITRs", "12 txtQSTInstalment",
             "13 txtOtherQSTRebates", "14 txtSupplies", "15 cmdOK", "16 cmdCancel", "29 txtGSTPayable",
-            "34 txtQSTPayable", "39 txtAmountPayable"}},
+            "34 txtQSTPayable", "39 txtAmountPayable"}, "cmdCancel"},
     {"19", {"0 txtPeriodFrom", "1 txtPeriodTo", "2 txtGSTInstalment", "3 txtQSTInstalment", "4 cmdOK", "5 cmdCancel",
-            "16 txtAmountPayable"}},
+            "16 txtAmountPayable"}, "cmdCancel"},
     {"20", {"0 txtRemittancePeriod", "1 txtIncomeTaxWithheld", "2 txtQPP", "3 txtHealthFund", "4 txtQPIP", "5 txtCSST",
-            "6 cmbRemittanceType", "7 cmdOK", "8 cmdCancel", "14 txtAmountPayable"}},
-    {"25", {"0 txtRemittancePeriod", "1 cmdOK", "2 cmdCancel", "3 txtYear", "4 txtMonth", "12 txtAmountPayable"}},
+            "6 cmbRemittanceType", "7 cmdOK", "8 cmdCancel", "14 txtAmountPayable"}, "cmdCancel"},
+    {"25", {"0 txtRemittancePeriod", "1 cmdOK", "2 cmdCancel", "3 txtYear", "4 txtMonth", "12 txtAmountPayable"}, "cmdCancel"},
     {"28", {"0 txtPeriodFrom", "1 txtPeriodTo", "2 txtSupplies", "3 txtTaxCollectible", "4 txtITRs", "5 txtInstalments",
             "6 txtOtherRebates", "7 txtNewHousingRebates", "8 txtExemptSupplies", "9 txtAssociatesTaxableSales",
-            "10 txtPensionPlanRebate", "11 cmdOK", "12 cmdCancel", "25 txtAmountPayable"}},
+            "10 txtPensionPlanRebate", "11 cmdOK", "12 cmdCancel", "25 txtAmountPayable"}, "cmdCancel"},
 };
 // clang-format on
 
@@ -82,6 +85,18 @@ TEST(TabOrder, IsToldOfEveryForm) {
   for (const LaunchRow& row : LaunchTable()) {
     const auto told = [&row](const TabOrder& order) { return FindLaunchRow(order.code)->form == row.form; };
     EXPECT_TRUE(std::any_of(kTabOrders.begin(), kTabOrders.end(), told)) << row.form;
+  }
+}
+
+TEST(Escape, PressesTheButtonThatIsToldOfEveryForm) {
+  for (const TabOrder& expected : kTabOrders) {
+    SCOPED_TRACE(expected.code);
+    const std::shared_ptr<Screen> screen = FindLaunchRow(expected.code)->make();
+    std::string pressed;
+    for (const Control* control : screen->Controls())
+      if (const auto* button = dynamic_cast<const Button*>(control); button != nullptr && button->Designed().cancel)
+        pressed += button->Name();
+    EXPECT_EQ(pressed, expected.escape);
   }
 }
 

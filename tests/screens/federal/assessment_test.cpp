@@ -2,13 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
-#include "tests/support/raises.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -44,17 +40,26 @@ void PutMonths(Assessment& form, std::string_view from, std::string_view to) {
   form.Acts().Press(form.Command3D5);
 }
 
+// clang-format off
+const std::string kRecordT =
+    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
+    "PC40001T2026040120260630                Jane Doe                      Clerk                         ";
+const std::string kRecordF =
+    // head  |classification      |assessment          |nothing             |nothing             |
+    "PC40001F011234567           02000000000000012345                                        ";
+// clang-format on
+
 // Two tests of OK look at months of last year behind February, and are not among the rows: that year is refused before.
-class AssessmentOkPath : public OkPathTest<Assessment> {
+class AssessmentPayment : public PaymentTest<Assessment> {
  protected:
-  AssessmentOkPath() { session.PaidAmount("12345"); }
+  AssessmentPayment() : PaymentTest("12345") {}
 
   std::string Code() const override { return "01"; }
-  void FillValid(Assessment& form, UserDriver& user) const override { FillIn(form, user); }
+  void FillIn(Assessment& form, UserDriver& user) const override { fiscalon::FillIn(form, user); }
   Button& OkButton(Assessment& form) const override { return form.Command3D6; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "start month is missing",
          .spoil = [](Assessment& form) { form.WCBperiodfrommm.Text(""); },
          .message = kAskMonth,
@@ -124,56 +129,13 @@ class AssessmentOkPath : public OkPathTest<Assessment> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF}; }
 };
 
-TEST_F(AssessmentOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(AssessmentOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(AssessmentOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(),
-              ElementsAre(kAskMonth, "", kAskMonth, "", kAskYear, kBadYear, kBadYear, kMonthAhead, kBadQuarter,
-                          kBadQuarter, "", kDuplicate, kBelowZero, kTooLarge, kAskClass, kBadClass));
-}
-
-TEST_F(AssessmentOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
-
-class AssessmentRecords : public ScreenTest {
- protected:
-  AssessmentRecords() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-  }
-
-  bool EnterAndPressOk() {
-    return Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
-      FillIn(form, user);
-      user.Click(form.Command3D6);
-    });
-  }
-};
-
-// clang-format off
-const std::string kRecordT =
-    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
-    "PC40001T2026040120260630                Jane Doe                      Clerk                         ";
-const std::string kRecordF =
-    // head  |classification      |assessment          |nothing             |nothing             |
-    "PC40001F011234567           02000000000000012345                                        ";
-// clang-format on
-
-TEST_F(AssessmentRecords, AreOneGovernmentAndOneFreeFormatRecordForAPair) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
-}
+using AssessmentRecords = AssessmentPayment;
+const bool kTestsAdded =
+    AddOkPathTests<AssessmentPayment>("AssessmentOkPath") && AddRecordsTests<AssessmentPayment>("AssessmentRecords");
 
 TEST_F(AssessmentRecords, HoldTwoPairsEach) {
   EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
@@ -193,12 +155,10 @@ TEST_F(AssessmentRecords, HoldTwoPairsEach) {
 }
 
 TEST_F(AssessmentRecords, SkipAPairWithoutAnAssessment) {
-  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
-    FillIn(form, user);
+  EXPECT_TRUE(EnterAndPressOk([](Assessment& form) {
     form.WCBclass[1].Text("123456");
     form.WCBclass[3].Text("1000004");
     form.WCBassessment[3].Text("4.00");
-    user.Click(form.Command3D6);
   }));
   EXPECT_THAT(
       Records(),
@@ -208,33 +168,27 @@ TEST_F(AssessmentRecords, SkipAPairWithoutAnAssessment) {
 }
 
 TEST_F(AssessmentRecords, AreMadeOfTrimmedEntries) {
-  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
-    FillIn(form, user);
+  EXPECT_TRUE(EnterAndPressOk([](Assessment& form) {
     form.WCBclass[0].Text(" 1234567 ");
     form.WCBassessment[0].Text(" 123.45 ");
-    user.Click(form.Command3D6);
   }));
   EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
 }
 
 TEST_F(AssessmentRecords, TakeTheMonthsAndTheYearTrimmed) {
-  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
-    FillIn(form, user);
+  EXPECT_TRUE(EnterAndPressOk([](Assessment& form) {
     PutMonths(form, " 04 ", " 06 ");
     form.WCBperiodyyyy.Text(" 2026 ");
-    user.Click(form.Command3D6);
   }));
   EXPECT_EQ(Records()[0], Ruled(kRecordT));
 }
 
 // The tests read the number at the start of the text; the record takes the whole text, and with it the sign behind.
 TEST_F(AssessmentRecords, AreAColumnLongerForASignBehindAnAmount) {
-  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
-    FillIn(form, user);
+  EXPECT_TRUE(EnterAndPressOk([](Assessment& form) {
     form.WCBassessment[0].Text("5.00-");
     form.WCBclass[1].Text("7654321");
     form.WCBassessment[1].Text("6.00");
-    user.Click(form.Command3D6);
   }));
   ASSERT_EQ(Records().size(), 2U);
   EXPECT_EQ(Records()[1],
@@ -242,83 +196,9 @@ TEST_F(AssessmentRecords, AreAColumnLongerForASignBehindAnAmount) {
             Ruled("PC40001F011234567           02-000000000000000500037654321           04000000000000000600") + ' ');
 }
 
-TEST_F(AssessmentRecords, AreQuotedLinesInTheFile) {
-  const TemporaryFolder folder;
-  session.WriteFile(kTrue);
-  session.GovFilename(folder.Path("payment.pc4"));
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(folder.Read("payment.pc4"), '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF) + "\"\r\n");
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(AssessmentRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T2026040120260630                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(AssessmentRecords, AreNotMadeForANameOf31) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(AssessmentRecords, AreNotMadeForATitleOf21) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(AssessmentRecords, FailOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 1;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-  // The form is still loaded behind the error.
-  EXPECT_EQ(files->openFiles, 1);
-  Show<Assessment>("01", [](Assessment& form, UserDriver& user) { user.Click(form.Command3D5); });
-  EXPECT_EQ(files->openFiles, 0);
-}
-
-TEST_F(AssessmentRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "20260401");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "20260630");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  ASSERT_EQ(free.Count(), 4);
-  EXPECT_EQ(free.Item(1).FieldNum() + free.Item(1).FieldValue(), "011234567           ");
-  EXPECT_EQ(free.Item(2).FieldNum() + free.Item(2).FieldValue(), "02000000000000012345");
-  EXPECT_EQ(free.Item(3).FieldNum() + free.Item(3).FieldValue(), "                    ");
-  EXPECT_EQ(free.Item(4).FieldNum() + free.Item(4).FieldValue(), "                    ");
-}
-
-TEST_F(AssessmentRecords, OfALaterLaunchStandInTheCollectionOfTheFirst) {
-  EXPECT_TRUE(EnterAndPressOk());
-  const std::shared_ptr<PC4s> first = session.PC4Records();
-  session.SeqNumber("0002");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(session.PC4Records(), first);
-  ASSERT_EQ(first->Count(), 2);
-  EXPECT_EQ(first->Item(1).Description().substr(3, 4), "0002");
-}
-
 class AssessmentForm : public ScreenTest {};
 
-TEST_F(AssessmentForm, FieldsAreAsLongAsTheirEntriesAndNoButtonIsForEscape) {
+TEST_F(AssessmentForm, FieldsFitTheirEntries) {
   const Assessment form;
   EXPECT_EQ(form.WCBperiodfrommm.MaxLength(), 2);
   EXPECT_EQ(form.WCBperiodtomm.MaxLength(), 2);
@@ -327,7 +207,6 @@ TEST_F(AssessmentForm, FieldsAreAsLongAsTheirEntriesAndNoButtonIsForEscape) {
   EXPECT_EQ(form.WCBassessment.Size(), 6);
   for (const TextField& number : form.WCBclass) EXPECT_EQ(number.MaxLength(), 18) << number.Name();
   for (const TextField& amount : form.WCBassessment) EXPECT_EQ(amount.MaxLength(), 10) << amount.Name();
-  for (const Button* button : form.FormLayout().buttons) EXPECT_FALSE(button->Designed().cancel) << button->Name();
 }
 
 TEST_F(AssessmentForm, PairsAreNumberedThroughInTheirCaptions) {
@@ -393,19 +272,6 @@ TEST_F(AssessmentForm, StatementAloneHandsOverAnEmptyCollection) {
   }));
   ASSERT_NE(session.PC4Records(), nullptr);
   EXPECT_EQ(session.PC4Records()->Count(), 0);
-}
-
-TEST_F(AssessmentForm, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  session.PaidAmount("12345");
-  EXPECT_TRUE(Show<Assessment>("01", [](Assessment& form, UserDriver& user) {
-    FillIn(form, user);
-    user.Click(form.Command3D6);
-  }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 class AssessmentRandomly : public RandomActsTest<Assessment> {

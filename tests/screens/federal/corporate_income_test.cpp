@@ -2,14 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
-
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -29,21 +24,30 @@ void FillInInstalment(GOVCORPINCOME& form, UserDriver& user) {
   Type(user, "20260531");
 }
 
+// clang-format off
+const std::string kRecordT =
+    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
+    "PC40001T                                Jane Doe                      Clerk                         ";
+const std::string kAmountOwingF =
+    // head  |amount owing        |nothing             |nothing             |nothing             |
+    "PC40001F03000000000000012345                                                            ";
+const std::string kInstalmentF =
+    // head  |instalment          |end of period       |nothing             |nothing             |
+    "PC40001F010000000000000123450220260531                                                  ";
+// clang-format on
+
 // The tests of OK that refuse numbers below 0 are not among the rows: a text with a minus sign is no amount, so that
 // the silent test before them meets it first.
-class CorporateInstalmentOkPath : public OkPathTest<GOVCORPINCOME> {
+class CorporateInstalment : public PaymentTest<GOVCORPINCOME> {
  protected:
-  CorporateInstalmentOkPath() {
-    session.PaidAmount("12345");
-    yesOrNo = MessageAnswer::No;
-  }
+  CorporateInstalment() : PaymentTest("12345") { yesOrNo = MessageAnswer::No; }
 
   std::string Code() const override { return "02"; }
-  void FillValid(GOVCORPINCOME& form, UserDriver& user) const override { FillInInstalment(form, user); }
+  void FillIn(GOVCORPINCOME& form, UserDriver& user) const override { FillInInstalment(form, user); }
   Button& OkButton(GOVCORPINCOME& form) const override { return form.Command3D6; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "amount is none",
          .spoil = [](GOVCORPINCOME& form) { form.InstalmentPayment.Text("-123.45"); },
          .focus = "InstalmentPayment"},
@@ -71,35 +75,25 @@ class CorporateInstalmentOkPath : public OkPathTest<GOVCORPINCOME> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kRecordT, kInstalmentF}; }
 };
 
-TEST_F(CorporateInstalmentOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
+using CorporateInstalmentRecords = CorporateInstalment;
+const bool kInstalmentTestsAdded = AddOkPathTests<CorporateInstalment>("CorporateInstalmentOkPath") &&
+                                   AddRecordsTests<CorporateInstalment>("CorporateInstalmentRecords");
 
-TEST_F(CorporateInstalmentOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(CorporateInstalmentOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre("", kNoInstalment, kAskDate, "", kBadDate, kOtherYear));
-}
-
-TEST_F(CorporateInstalmentOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
-
-class CorporateAmountOwingOkPath : public OkPathTest<GOVCORPINCOME> {
+class CorporateAmountOwing : public PaymentTest<GOVCORPINCOME> {
  protected:
-  CorporateAmountOwingOkPath() { session.PaidAmount("12345"); }
+  CorporateAmountOwing() : PaymentTest("12345") {}
 
   std::string Code() const override { return "02"; }
   // The form opens with the whole amount owing.
-  void FillValid(GOVCORPINCOME& /*form*/, UserDriver& /*user*/) const override {}
+  void FillIn(GOVCORPINCOME& /*form*/, UserDriver& /*user*/) const override {}
   Button& OkButton(GOVCORPINCOME& form) const override { return form.Command3D6; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "amount is none",
          .spoil = [](GOVCORPINCOME& form) { form.ArrearsPayment.Text("-123.45"); },
          .focus = "ArrearsPayment"},
@@ -110,182 +104,37 @@ class CorporateAmountOwingOkPath : public OkPathTest<GOVCORPINCOME> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kRecordT, kAmountOwingF}; }
 };
 
-TEST_F(CorporateAmountOwingOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
+using CorporateAmountOwingRecords = CorporateAmountOwing;
+const bool kAmountOwingTestsAdded = AddOkPathTests<CorporateAmountOwing>("CorporateAmountOwingOkPath") &&
+                                    AddRecordsTests<CorporateAmountOwing>("CorporateAmountOwingRecords");
 
-TEST_F(CorporateAmountOwingOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(CorporateAmountOwingOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre("", kNothingOwing));
-}
-
-TEST_F(CorporateAmountOwingOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
-
-class CorporateIncomeRecords : public ScreenTest {
- protected:
-  CorporateIncomeRecords() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-  }
-
-  bool PayAmountOwing() {
-    return Show<GOVCORPINCOME>("02", [](GOVCORPINCOME& form, UserDriver& user) { user.Click(form.Command3D6); });
-  }
-
-  bool PayInstalment() {
-    return Show<GOVCORPINCOME>("02", [](GOVCORPINCOME& form, UserDriver& user) {
-      FillInInstalment(form, user);
-      user.Click(form.Command3D6);
-    });
-  }
-};
-
-// clang-format off
-const std::string kRecordT =
-    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
-    "PC40001T                                Jane Doe                      Clerk                         ";
-const std::string kAmountOwingF =
-    // head  |amount owing        |nothing             |nothing             |nothing             |
-    "PC40001F03000000000000012345                                                            ";
-const std::string kInstalmentF =
-    // head  |instalment          |end of period       |nothing             |nothing             |
-    "PC40001F010000000000000123450220260531                                                  ";
-// clang-format on
-
-TEST_F(CorporateIncomeRecords, OfAnAmountOwingHoldItInTheFirstSlot) {
-  EXPECT_TRUE(PayAmountOwing());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kAmountOwingF)));
-}
-
-TEST_F(CorporateIncomeRecords, OfAnInstalmentHoldAmountAndDate) {
-  EXPECT_TRUE(PayInstalment());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kInstalmentF)));
-}
-
-TEST_F(CorporateIncomeRecords, AreMadeOfTrimmedEntries) {
-  EXPECT_TRUE(Show<GOVCORPINCOME>("02", [](GOVCORPINCOME& form, UserDriver& user) {
-    FillInInstalment(form, user);
+TEST_F(CorporateInstalmentRecords, AreMadeOfTrimmedEntries) {
+  EXPECT_TRUE(EnterAndPressOk([](GOVCORPINCOME& form) {
     form.InstalmentPayment.Text(" 123.45 ");
     form.EndDate.Text(" 20260531 ");
-    user.Click(form.Command3D6);
   }));
   EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kInstalmentF)));
 }
 
-TEST_F(CorporateIncomeRecords, TakeAnAmountWithoutAPointForCents) {
-  EXPECT_TRUE(Show<GOVCORPINCOME>("02", [](GOVCORPINCOME& form, UserDriver& user) {
-    form.ArrearsPayment.Text(" 12345 ");
-    user.Click(form.Command3D6);
-  }));
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kAmountOwingF)));
-  EXPECT_TRUE(Show<GOVCORPINCOME>("02", [](GOVCORPINCOME& form, UserDriver& user) {
-    FillInInstalment(form, user);
-    form.InstalmentPayment.Text("12345");
-    user.Click(form.Command3D6);
-  }));
+TEST_F(CorporateInstalmentRecords, TakeAnAmountWithoutAPointForCents) {
+  EXPECT_TRUE(EnterAndPressOk([](GOVCORPINCOME& form) { form.InstalmentPayment.Text("12345"); }));
   EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kInstalmentF)));
+}
+
+TEST_F(CorporateAmountOwingRecords, TakeAnAmountWithoutAPointForCents) {
+  EXPECT_TRUE(EnterAndPressOk([](GOVCORPINCOME& form) { form.ArrearsPayment.Text(" 12345 "); }));
+  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kAmountOwingF)));
 }
 
 // OK compares neither amount with the payment.
-TEST_F(CorporateIncomeRecords, HoldTheFieldsAmountWhateverIsToBePaid) {
-  EXPECT_TRUE(Show<GOVCORPINCOME>("02", [](GOVCORPINCOME& form, UserDriver& user) {
-    form.ArrearsPayment.Text("999.99");
-    user.Click(form.Command3D6);
-  }));
+TEST_F(CorporateAmountOwingRecords, HoldTheFieldsAmountWhateverIsToBePaid) {
+  EXPECT_TRUE(EnterAndPressOk([](GOVCORPINCOME& form) { form.ArrearsPayment.Text("999.99"); }));
   // head  |amount owing        |
   EXPECT_EQ(Records()[1], Ruled("PC40001F03000000000000099999"));
-}
-
-TEST_F(CorporateIncomeRecords, AreQuotedLinesInTheFile) {
-  const TemporaryFolder folder;
-  session.WriteFile(kTrue);
-  session.GovFilename(folder.Path("payment.pc4"));
-  EXPECT_TRUE(PayInstalment());
-  EXPECT_EQ(folder.Read("payment.pc4"), '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kInstalmentF) + "\"\r\n");
-  EXPECT_TRUE(PayAmountOwing());
-  EXPECT_EQ(folder.Read("payment.pc4"), '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kAmountOwingF) + "\"\r\n");
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(CorporateIncomeRecords, LieInAClosedFileAsSoonAsTheFormHides) {
-  const auto files = std::make_shared<MemoryFiles>();
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_TRUE(Show<GOVCORPINCOME>("02", [&](GOVCORPINCOME& form, UserDriver& user) {
-    FillInInstalment(form, user);
-    user.Click(form.Command3D6);
-    EXPECT_FALSE(form.IsUp());
-    EXPECT_EQ(files->openFiles, 0);
-  }));
-}
-
-TEST_F(CorporateIncomeRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(PayAmountOwing());
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T                                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(CorporateIncomeRecords, AreMissingForANameOf31ThoughOkIsChosen) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_TRUE(PayAmountOwing());
-  ASSERT_NE(session.PC4Records(), nullptr);
-  EXPECT_EQ(session.PC4Records()->Count(), 0);
-}
-
-TEST_F(CorporateIncomeRecords, AreMissingForATitleOf21ThoughOkIsChosen) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_TRUE(PayInstalment());
-  ASSERT_NE(session.PC4Records(), nullptr);
-  EXPECT_EQ(session.PC4Records()->Count(), 0);
-}
-
-TEST_F(CorporateIncomeRecords, AreIncompleteOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 1;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  int openBehindOk = 0;
-  EXPECT_TRUE(Show<GOVCORPINCOME>("02", [&](GOVCORPINCOME& form, UserDriver& user) {
-    user.Click(form.Command3D6);
-    openBehindOk = files->openFiles;
-  }));
-  EXPECT_EQ(openBehindOk, 1);
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-}
-
-TEST_F(CorporateIncomeRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(PayInstalment());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  ASSERT_EQ(free.Count(), 4);
-  EXPECT_EQ(free.Item(1).FieldNum() + free.Item(1).FieldValue(), "01000000000000012345");
-  EXPECT_EQ(free.Item(2).FieldNum() + free.Item(2).FieldValue(), "0220260531          ");
-  EXPECT_EQ(free.Item(3).FieldNum() + free.Item(3).FieldValue(), "                    ");
-  EXPECT_EQ(free.Item(4).FieldNum() + free.Item(4).FieldValue(), "                    ");
 }
 
 class CorporateIncome : public ScreenTest {
@@ -301,15 +150,13 @@ class CorporateIncome : public ScreenTest {
   }
 };
 
-TEST_F(CorporateIncome, FieldsAreAsLongAsTheirEntriesAndNoButtonIsForEscape) {
+TEST_F(CorporateIncome, FieldsFitTheirEntries) {
   const GOVCORPINCOME form;
   EXPECT_EQ(form.ArrearsPayment.MaxLength(), 10);
   EXPECT_EQ(form.InstalmentPayment.MaxLength(), 10);
   EXPECT_EQ(form.EndDate.MaxLength(), 8);
   EXPECT_TRUE(form.ArrearsPayment.Designed().locked);
   EXPECT_TRUE(form.InstalmentPayment.Designed().locked);
-  for (const Button* button : {&form.Command3D6, &form.Command3D5, static_cast<const Button*>(&form.Command3D4)})
-    EXPECT_FALSE(button->Designed().cancel) << button->Name();
 }
 
 TEST_F(CorporateIncome, FullDateKeepsTheFocusWhereOkIsDisabled) {
@@ -468,15 +315,6 @@ TEST_F(CorporateIncome, OkMakesAnEmptyAmountOwingZeroAndRefusesIt) {
     EXPECT_EQ(user.SelectedText(form.ArrearsPayment), "0.00");
     EXPECT_EQ(user.FocusName(), "ArrearsPayment");
   });
-}
-
-TEST_F(CorporateIncome, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  EXPECT_TRUE(Show<GOVCORPINCOME>("02", [](GOVCORPINCOME& form, UserDriver& user) { user.Click(form.Command3D6); }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 class CorporateIncomeRandomly : public RandomActsTest<GOVCORPINCOME> {

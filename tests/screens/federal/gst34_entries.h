@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "screens/federal/gst34.h"
-#include "tests/support/screen_test.h"
+#include "tests/support/payment_test.h"
 
 /// What tests enter into the GST/HST return.
 namespace fiscalon {
@@ -25,5 +25,14 @@ inline void FillIn(GOVGST34& form, UserDriver& user) {
   Type(user, "20260630");
   Type(user, "50000\r30.00\r5.05\r8.50\r\r250.00\r100.00\r");
 }
+
+class Gst34Payment : public PaymentTest<GOVGST34> {
+ protected:
+  Gst34Payment() : PaymentTest("12345") {}
+
+  std::string Code() const override { return "05"; }
+  void FillIn(GOVGST34& form, UserDriver& user) const override { fiscalon::FillIn(form, user); }
+  Button& OkButton(GOVGST34& form) const override { return form.Command1; }
+};
 
 }  // namespace fiscalon

@@ -2,36 +2,15 @@
 
 #include <cstdint>
 
-#include "core/records/record_reader.h"
 #include "screens/federal/gst34.h"
 #include "tests/screens/federal/gst34_entries.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/raises.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
 
 using testing::ElementsAre;
-
-class Gst34Records : public ScreenTest {
- protected:
-  Gst34Records() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-  }
-
-  bool EnterAndPressOk() {
-    return Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) {
-      FillIn(form, user);
-      user.Click(form.Command1);
-    });
-  }
-};
 
 // clang-format off
 const std::string kRecordT =
@@ -48,13 +27,15 @@ const std::string kRecordF3 =
     "PC40001F0900000000000000000010000000000000012345";
 // clang-format on
 
-TEST_F(Gst34Records, AreOneGovernmentAndThreeFreeFormatRecords) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF1), Ruled(kRecordF2), Ruled(kRecordF3)));
-}
+class Gst34Records : public Gst34Payment {
+ protected:
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF1, kRecordF2, kRecordF3}; }
+};
+
+const bool kTestsAdded = AddRecordsTests<Gst34Records>("Gst34Records");
 
 TEST_F(Gst34Records, AreMadeOfTrimmedEntriesInCents) {
-  EXPECT_TRUE(Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) {
+  EXPECT_TRUE(Show<GOVGST34>("05", [this](GOVGST34& form, UserDriver& user) {
     FillIn(form, user);
     user.PressMouse(form.Command1);
     form.SalesRevenue.Text(" 50000 ");
@@ -70,7 +51,7 @@ TEST_F(Gst34Records, AreMadeOfTrimmedEntriesInCents) {
 }
 
 TEST_F(Gst34Records, HoldANegativeNetTaxWithItsSignBehind) {
-  EXPECT_TRUE(Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) {
+  EXPECT_TRUE(Show<GOVGST34>("05", [this](GOVGST34& form, UserDriver& user) {
     FillIn(form, user);
     user.PressMouse(form.Command1);
     SetNetTax(form, "50.00", "60.00");
@@ -88,7 +69,7 @@ TEST_F(Gst34Records, HoldANegativeNetTaxWithItsSignBehind) {
 
 TEST_F(Gst34Records, RunOneColumnOverForARefund) {
   session.PaidAmount("0");
-  EXPECT_TRUE(Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) {
+  EXPECT_TRUE(Show<GOVGST34>("05", [this](GOVGST34& form, UserDriver& user) {
     FillIn(form, user);
     user.PressMouse(form.Command1);
     SetNetTax(form, "0.00", "2.00");
@@ -101,77 +82,6 @@ TEST_F(Gst34Records, RunOneColumnOverForARefund) {
             Ruled("PC40001F050000000000000000000600000000000000200-0700000000000000000008-000000000000000200") + ' ');
   EXPECT_EQ(Records()[2].size(), 161U);
   EXPECT_EQ(Records()[3], Ruled("PC40001F0900000000000000000010000000000000000000"));
-}
-
-TEST_F(Gst34Records, AreQuotedLinesInTheFile) {
-  const TemporaryFolder folder;
-  session.WriteFile(kTrue);
-  session.GovFilename(folder.Path("payment.pc4"));
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(folder.Read("payment.pc4"), '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF1) + "\"\r\n\"" +
-                                            Ruled(kRecordF2) + "\"\r\n\"" + Ruled(kRecordF3) + "\"\r\n");
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(Gst34Records, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  ASSERT_EQ(Records().size(), 4U);
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T2026040120260630                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(Gst34Records, AreNotMadeForANameOf31) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(Gst34Records, AreNotMadeForATitleOf21) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(Gst34Records, AreIncompleteOnAFullDiskUntilTheFormWritesAgain) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 2;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
-  EXPECT_EQ(files->openFiles, 1);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF1) + "\"\r\n");
-  files->printsLeft = 4;
-  // The form is loaded still and holds what was entered.
-  EXPECT_TRUE(Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) { user.Click(form.Command1); }));
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF1) + "\"\r\n\"" +
-                                                Ruled(kRecordF2) + "\"\r\n\"" + Ruled(kRecordF3) + "\"\r\n");
-}
-
-TEST_F(Gst34Records, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "20260401");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "20260630");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  std::vector<std::string> fields;
-  for (int i = 1; i <= free.Count(); ++i) fields.push_back(free.Item(i).FieldNum() + free.Item(i).FieldValue());
-  const std::string blank(20, ' ');
-  EXPECT_THAT(fields, ElementsAre("01000000000005000000", "02000000000000025000", "03000000000000003000",
-                                  "04000000000000010000", "05000000000000000505", "06000000000000015000",
-                                  "07000000000000000850", "08000000000000000000", "09000000000000000000",
-                                  "10000000000000012345", blank, blank));
 }
 
 /// The value of a slot, in cents. A minus sign may stand on either side.

@@ -1,18 +1,10 @@
 #include "screens/federal/gst34.h"
 
-#include <gmock/gmock.h>
-
-#include <filesystem>
-
 #include "tests/screens/federal/gst34_entries.h"
-#include "tests/support/ok_path.h"
 #include "tests/support/raises.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
-
-using testing::ElementsAre;
 
 constexpr const char* kAskStart = "Please enter the date for the start of the period.";
 constexpr const char* kAskEnd = "Please enter the date for the end of period.";
@@ -56,19 +48,12 @@ void SetEnd(GOVGST34& form, std::string_view text) {
   SetDate(form.PeriodEndDate, form.SalesRevenue, text);
 }
 
-class Gst34OkPath : public OkPathTest<GOVGST34> {
+class Gst34OkPath : public Gst34Payment {
  protected:
-  Gst34OkPath() {
-    session.PaidAmount("12345");
-    yesOrNo = MessageAnswer::No;
-  }
+  Gst34OkPath() { yesOrNo = MessageAnswer::No; }
 
-  std::string Code() const override { return "05"; }
-  void FillValid(GOVGST34& form, UserDriver& user) const override { FillIn(form, user); }
-  Button& OkButton(GOVGST34& form) const override { return form.Command1; }
-
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "start is missing",
          .spoil = [](GOVGST34& form) { SetStart(form, "  "); },
          .message = kAskStart,
@@ -192,26 +177,7 @@ class Gst34OkPath : public OkPathTest<GOVGST34> {
   }
 };
 
-TEST_F(Gst34OkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(Gst34OkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(Gst34OkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(
-      MessagesWhileMending(),
-      ElementsAre(kAskStart, "", kBadDate, kStartOfOtherYear, kAskEnd, kBadDate, kBadDate, kEndOfOtherYear, kSameDates,
-                  kEndBeforeStart, kSalesBelowZero, "", kSalesWithCents, kInstalmentBelowZero, "", kRebatesBelowZero,
-                  "", kRealPropertyBelowZero, "", kImportedTaxBelowZero, "", kTotalTaxBelowZero, "", kCreditsBelowZero,
-                  "", kNetTaxIncorrect, kTooLittleToPay, kOtherAmount, kTooLittleToRefund, kRefundWithPayment));
-}
-
-TEST_F(Gst34OkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
+const bool kTestsAdded = AddOkPathTests<Gst34OkPath>("Gst34OkPath");
 
 TEST_F(Gst34OkPath, EmptiesWhateverIsBelowZero) {
   Show<GOVGST34>("05", [&](GOVGST34& form, UserDriver& user) {
@@ -233,7 +199,7 @@ TEST_F(Gst34OkPath, EmptiesWhateverIsBelowZero) {
 }
 
 TEST_F(Gst34OkPath, RewritesAmountsUpToTheOneItRefuses) {
-  Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) {
+  Show<GOVGST34>("05", [this](GOVGST34& form, UserDriver& user) {
     FillIn(form, user);
     user.PressMouse(form.Command1);
     form.InstalmentPayment.Text(" 3000 ");
@@ -252,7 +218,7 @@ class Gst34 : public ScreenTest {
   Gst34() { session.PaidAmount("12345"); }
 };
 
-TEST_F(Gst34, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
+TEST_F(Gst34, FieldsFitTheirEntries) {
   const GOVGST34 form;
   EXPECT_EQ(form.PeriodStartDate.MaxLength(), 8);
   EXPECT_EQ(form.PeriodEndDate.MaxLength(), 8);
@@ -268,8 +234,6 @@ TEST_F(Gst34, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
     EXPECT_EQ(amount->Designed().alignment, Alignment::Right) << amount->Name();
   EXPECT_EQ(form.PeriodStartDate.Designed().alignment, Alignment::Left);
   EXPECT_EQ(form.PeriodEndDate.Designed().alignment, Alignment::Left);
-  for (const Button* button : std::initializer_list<const Button*>{&form.Command1, &form.Command2, &form.Command3})
-    EXPECT_FALSE(button->Designed().cancel) << button->Name();
 }
 
 TEST_F(Gst34, CalculatedLinesAreLockedAndNoTabStops) {
@@ -355,18 +319,6 @@ TEST_F(Gst34, FailedOutputLeavesTheFlag) {
             }),
             5);
   EXPECT_TRUE(session.ShowGST58());
-}
-
-TEST_F(Gst34, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  EXPECT_TRUE(Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) {
-    FillIn(form, user);
-    user.Click(form.Command1);
-  }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 TEST_F(Gst34, BalanceBeyondMoneyCountsAsNone) {

@@ -2,18 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
-#include "tests/support/raises.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -81,19 +76,28 @@ void LeaveTotalAs(GOVGST58& form, std::string_view text) {
   form.PaymentEnclosed.Text(text);
 }
 
-class Gst58OkPath : public OkPathTest<GOVGST58> {
+// clang-format off
+const std::string kRecordT =
+    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
+    "PC40001T2026040120260630                Jane Doe                      Clerk                         ";
+const std::string kRecordF1 =
+    // head  |instalment          |arrears             |audit assessment    |other payment       |
+    "PC40001F01000000000000005000020000000000000020000300000000000000130004000000000000003045";
+const std::string kRecordF2 =
+    // head  |total               |net tax             |
+    "PC40001F0500000000000001234506000000000000001000";
+// clang-format on
+
+class Gst58Payment : public PaymentTest<GOVGST58> {
  protected:
-  Gst58OkPath() {
-    session.PaidAmount("12345");
-    yesOrNo = MessageAnswer::No;
-  }
+  Gst58Payment() : PaymentTest("12345") { yesOrNo = MessageAnswer::No; }
 
   std::string Code() const override { return "06"; }
-  void FillValid(GOVGST58& form, UserDriver& user) const override { FillIn(form, user); }
+  void FillIn(GOVGST58& form, UserDriver& user) const override { fiscalon::FillIn(form, user); }
   Button& OkButton(GOVGST58& form) const override { return form.Command3D6; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "start is missing",
          .spoil = [](GOVGST58& form) { SetStart(form, "  "); },
          .message = kAskStart,
@@ -200,153 +204,49 @@ class Gst58OkPath : public OkPathTest<GOVGST58> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF1, kRecordF2}; }
 };
 
-TEST_F(Gst58OkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(Gst58OkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(Gst58OkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(),
-              ElementsAre(kAskStart, kBadDate, kStartOfOtherYear, kAskEnd, kBadDate, kBadDate, kSameDates,
-                          kEndBeforeStart, kEndOfOtherYear, kInstalmentBelowZero, "", kArrearsBelowZero, "",
-                          kOtherBelowZero, "", kAuditBelowZero, "", kNetTaxBelowZero, "", kAskTotal, kNothingEnclosed,
-                          kTotalBelowZero, "", kAskCategory, kOtherAmount));
-}
-
-TEST_F(Gst58OkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
+using Gst58OkPath = Gst58Payment;
+using Gst58Records = Gst58Payment;
+const bool kTestsAdded = AddOkPathTests<Gst58Payment>("Gst58OkPath") && AddRecordsTests<Gst58Payment>("Gst58Records");
 
 TEST_F(Gst58OkPath, AddsUpWhateverTheTotalHolds) {
   for (const char* total : {"", "0", "-5", "5a", "99999"}) {
     SCOPED_TRACE(total);
-    EXPECT_TRUE(Show<GOVGST58>("06", [&](GOVGST58& form, UserDriver& user) {
-      FillIn(form, user);
-      form.PaymentEnclosed.Text(total);
-      user.Click(form.Command3D6);
-    }));
+    EXPECT_TRUE(EnterAndPressOk([&](GOVGST58& form) { form.PaymentEnclosed.Text(total); }));
     ASSERT_EQ(Records().size(), 3U);
   }
 }
 
-class Gst58Records : public ScreenTest {
- protected:
-  Gst58Records() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-  }
-
-  bool EnterAndPressOk() {
-    return Show<GOVGST58>("06", [](GOVGST58& form, UserDriver& user) {
-      FillIn(form, user);
-      user.Click(form.Command3D6);
-    });
-  }
-};
-
-// clang-format off
-const std::string kRecordT =
-    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
-    "PC40001T2026040120260630                Jane Doe                      Clerk                         ";
-const std::string kRecordF1 =
-    // head  |instalment          |arrears             |audit assessment    |other payment       |
-    "PC40001F01000000000000005000020000000000000020000300000000000000130004000000000000003045";
-const std::string kRecordF2 =
-    // head  |total               |net tax             |
-    "PC40001F0500000000000001234506000000000000001000";
-// clang-format on
-
-TEST_F(Gst58Records, AreOneGovernmentAndTwoFreeFormatRecordsForAllCategories) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF1), Ruled(kRecordF2)));
-}
-
 TEST_F(Gst58Records, AreMadeOfTrimmedEntriesInCents) {
-  EXPECT_TRUE(Show<GOVGST58>("06", [](GOVGST58& form, UserDriver& user) {
-    FillIn(form, user);
+  EXPECT_TRUE(EnterAndPressOk([](GOVGST58& form) {
     form.InstalmentPayment.Text(" 5000 ");
     form.ArrearsPayment.Text(" 20. ");
     form.OtherPayment.Text(" 3045 ");
     form.AuditAssessment.Text(" 13.0 ");
     form.NetTaxDue.Text(" 1000 ");
-    user.Click(form.Command3D6);
   }));
   EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF1), Ruled(kRecordF2)));
 }
 
 TEST_F(Gst58Records, LeaveOutCategoriesOfZero) {
-  EXPECT_TRUE(Show<GOVGST58>("06", [](GOVGST58& form, UserDriver& user) {
-    FillIn(form, user);
+  EXPECT_TRUE(EnterAndPressOk([](GOVGST58& form) {
     form.InstalmentPayment.Text("0.00");
     form.ArrearsPayment.Text("");
     form.OtherPayment.Text("0");
     form.AuditAssessment.Text("abc");
     form.NetTaxDue.Text("123.45");
-    user.Click(form.Command3D6);
   }));
   EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT),
                                      // head  |total               |net tax             |
                                      Ruled("PC40001F0500000000000001234506000000000000012345")));
 }
 
-TEST_F(Gst58Records, AreQuotedLinesInTheFile) {
-  const TemporaryFolder folder;
-  session.WriteFile(kTrue);
-  session.GovFilename(folder.Path("payment.pc4"));
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(folder.Read("payment.pc4"),
-            '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF1) + "\"\r\n\"" + Ruled(kRecordF2) + "\"\r\n");
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(Gst58Records, LieInAClosedFileAsSoonAsTheFormHides) {
-  const auto files = std::make_shared<MemoryFiles>();
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_TRUE(Show<GOVGST58>("06", [&](GOVGST58& form, UserDriver& user) {
-    FillIn(form, user);
-    user.Click(form.Command3D6);
-    EXPECT_FALSE(form.IsUp());
-    EXPECT_EQ(files->openFiles, 0);
-  }));
-}
-
-TEST_F(Gst58Records, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  ASSERT_EQ(Records().size(), 3U);
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T2026040120260630                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(Gst58Records, AreNotMadeForANameOf31) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(Gst58Records, AreNotMadeForATitleOf21) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
 TEST_F(Gst58Records, FailUnseenBehindEnterAndTheFileStaysOpenUntilTheFormUnloads) {
-  const auto files = std::make_shared<MemoryFiles>();
+  WriteToMemory();
   files->printsLeft = 1;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
   EXPECT_FALSE(Show<GOVGST58>("06", [&](GOVGST58& form, UserDriver& user) {
     FillIn(form, user);
     EXPECT_EQ(user.FocusName(), "PaymentEnclosed");
@@ -358,50 +258,12 @@ TEST_F(Gst58Records, FailUnseenBehindEnterAndTheFileStaysOpenUntilTheFormUnloads
   EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
 }
 
-TEST_F(Gst58Records, AreIncompleteOnAFullDiskUntilTheFormWritesAgain) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 2;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
-  EXPECT_EQ(files->openFiles, 1);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF1) + "\"\r\n");
-  files->printsLeft = 3;
-  // The form is loaded still and holds what was entered.
-  EXPECT_TRUE(Show<GOVGST58>("06", [](GOVGST58& form, UserDriver& user) { user.Click(form.Command3D6); }));
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(files->contents["payment.pc4"],
-            '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF1) + "\"\r\n\"" + Ruled(kRecordF2) + "\"\r\n");
-}
-
-TEST_F(Gst58Records, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "20260401");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "20260630");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  std::vector<std::string> fields;
-  for (int i = 1; i <= free.Count(); ++i) fields.push_back(free.Item(i).FieldNum() + free.Item(i).FieldValue());
-  const std::string blank(20, ' ');
-  EXPECT_THAT(fields,
-              ElementsAre("01000000000000005000", "02000000000000002000", "03000000000000001300",
-                          "04000000000000003045", "05000000000000012345", "06000000000000001000", blank, blank));
-}
-
 class Gst58 : public ScreenTest {
  protected:
   Gst58() { session.PaidAmount("12345"); }
 };
 
-TEST_F(Gst58, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
+TEST_F(Gst58, FieldsFitTheirEntries) {
   const GOVGST58 form;
   for (const DateEntry* date : {&form.PeriodStartDate, &form.PeriodEndDate}) {
     EXPECT_EQ(date->MaxLength(), 8) << date->Name();
@@ -412,8 +274,6 @@ TEST_F(Gst58, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
     EXPECT_EQ(amount->MaxLength(), 12) << amount->Name();
     EXPECT_EQ(amount->Designed().alignment, Alignment::Right) << amount->Name();
   }
-  for (const Button* button : {&form.Command3D6, &form.Command3D5, static_cast<const Button*>(&form.Command3D4)})
-    EXPECT_FALSE(button->Designed().cancel) << button->Name();
 }
 
 TEST_F(Gst58, FullDatesKeepTheFocusWhereTheNextFieldIsDisabled) {
@@ -442,18 +302,6 @@ TEST_F(Gst58, OkCancelAndClosingLeaveTheFlagOfTheSession) {
     Show<GOVGST58>("06", [&](GOVGST58&, UserDriver& user) { user.CloseWindow(reason); });
     EXPECT_TRUE(session.ShowGST58()) << reason;
   }
-}
-
-TEST_F(Gst58, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  EXPECT_TRUE(Show<GOVGST58>("06", [](GOVGST58& form, UserDriver& user) {
-    FillIn(form, user);
-    user.Click(form.Command3D6);
-  }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 class Gst58Randomly : public RandomActsTest<GOVGST58> {

@@ -2,13 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
-#include "tests/support/raises.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -21,16 +17,25 @@ constexpr const char* kBelowZero = "Amount of Payment cannot be less than 0.";
 constexpr const char* kOtherAmount = "Amount of Payment is not equal to amount to be paid.";
 constexpr const char* kZero = "Payment amount cannot be 0.";
 
-class IndividualTaxOkPath : public OkPathTest<GOVINDIDUAL> {
+// clang-format off
+const std::string kRecordT =
+    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
+    "PC40001T                                Jane Doe                      Clerk                         ";
+const std::string kRecordF =
+    // head  |year                |amount              |nothing             |nothing             |
+    "PC40001F012026              02000000000000012345                                        ";
+// clang-format on
+
+class IndividualTaxPayment : public PaymentTest<GOVINDIDUAL> {
  protected:
-  IndividualTaxOkPath() { session.PaidAmount("12345"); }
+  IndividualTaxPayment() : PaymentTest("12345") {}
 
   std::string Code() const override { return "04"; }
-  void FillValid(GOVINDIDUAL& /*form*/, UserDriver& user) const override { Type(user, "2026"); }
+  void FillIn(GOVINDIDUAL& /*form*/, UserDriver& user) const override { Type(user, "2026"); }
   Button& OkButton(GOVINDIDUAL& form) const override { return form.Command3D6; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "year is missing",
          .spoil = [](GOVINDIDUAL& form) { form.PayYear.Text("  "); },
          .message = kAskYear,
@@ -65,54 +70,13 @@ class IndividualTaxOkPath : public OkPathTest<GOVINDIDUAL> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF}; }
 };
 
-TEST_F(IndividualTaxOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(IndividualTaxOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(IndividualTaxOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre(kAskYear, "", "", kAskAmount, kBelowZero, "", kOtherAmount, kZero));
-}
-
-TEST_F(IndividualTaxOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
-
-class IndividualTaxRecords : public ScreenTest {
- protected:
-  IndividualTaxRecords() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-  }
-
-  bool EnterAndPressOk() {
-    return Show<GOVINDIDUAL>("04", [](GOVINDIDUAL& form, UserDriver& user) {
-      Type(user, "2026");
-      user.Click(form.Command3D6);
-    });
-  }
-};
-
-// clang-format off
-const std::string kRecordT =
-    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
-    "PC40001T                                Jane Doe                      Clerk                         ";
-const std::string kRecordF =
-    // head  |year                |amount              |nothing             |nothing             |
-    "PC40001F012026              02000000000000012345                                        ";
-// clang-format on
-
-TEST_F(IndividualTaxRecords, AreOneGovernmentAndOneFreeFormatRecord) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
-}
+using IndividualTaxRecords = IndividualTaxPayment;
+const bool kTestsAdded = AddOkPathTests<IndividualTaxPayment>("IndividualTaxOkPath") &&
+                         AddRecordsTests<IndividualTaxPayment>("IndividualTaxRecords");
 
 TEST_F(IndividualTaxRecords, AreMadeByEnterInTheAmountToo) {
   EXPECT_TRUE(Show<GOVINDIDUAL>("04", [](GOVINDIDUAL&, UserDriver& user) { Type(user, "2026\r\r"); }));
@@ -128,80 +92,6 @@ TEST_F(IndividualTaxRecords, AreMadeOfTrimmedEntries) {
   EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
 }
 
-TEST_F(IndividualTaxRecords, AreQuotedLinesInTheFile) {
-  const TemporaryFolder folder;
-  session.WriteFile(kTrue);
-  session.GovFilename(folder.Path("payment.pc4"));
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(folder.Read("payment.pc4"), '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF) + "\"\r\n");
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(IndividualTaxRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T                                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(IndividualTaxRecords, AreNotMadeForANameOf31) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(IndividualTaxRecords, AreNotMadeForATitleOf21) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(IndividualTaxRecords, FailOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 1;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-  // The form is still loaded behind the error.
-  EXPECT_EQ(files->openFiles, 1);
-  Show<GOVINDIDUAL>("04", [](GOVINDIDUAL& form, UserDriver& user) { user.Click(form.Command3D5); });
-  EXPECT_EQ(files->openFiles, 0);
-}
-
-TEST_F(IndividualTaxRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  ASSERT_EQ(free.Count(), 4);
-  EXPECT_EQ(free.Item(1).FieldNum() + free.Item(1).FieldValue(), "012026              ");
-  EXPECT_EQ(free.Item(2).FieldNum() + free.Item(2).FieldValue(), "02000000000000012345");
-  EXPECT_EQ(free.Item(3).FieldNum() + free.Item(3).FieldValue(), "                    ");
-  EXPECT_EQ(free.Item(4).FieldNum() + free.Item(4).FieldValue(), "                    ");
-}
-
-TEST_F(IndividualTaxRecords, OfALaterLaunchStandInTheCollectionOfTheFirst) {
-  EXPECT_TRUE(EnterAndPressOk());
-  const std::shared_ptr<PC4s> first = session.PC4Records();
-  session.SeqNumber("0002");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(session.PC4Records(), first);
-  ASSERT_EQ(first->Count(), 2);
-  EXPECT_EQ(first->Item(1).Description().substr(3, 4), "0002");
-}
-
 class IndividualTax : public ScreenTest {
  protected:
   IndividualTax() {
@@ -210,11 +100,10 @@ class IndividualTax : public ScreenTest {
   }
 };
 
-TEST_F(IndividualTax, FieldsAreAsLongAsTheirEntriesAndNoButtonIsForEscape) {
+TEST_F(IndividualTax, FieldsFitTheirEntries) {
   const GOVINDIDUAL form;
   EXPECT_EQ(form.PayYear.MaxLength(), 4);
   EXPECT_EQ(form.PaymentAmount.MaxLength(), 12);
-  for (const Button* button : form.FormLayout().buttons) EXPECT_FALSE(button->Designed().cancel) << button->Name();
 }
 
 TEST_F(IndividualTax, EnterInAYearOfFiveDigitsKeepsTheFocus) {
@@ -245,15 +134,6 @@ TEST_F(IndividualTax, AmountIsComparedWithTheOneOnTheScreen) {
   ASSERT_EQ(Records().size(), 2U);
   // head  |year                |amount              |
   EXPECT_EQ(Records()[1], Ruled("PC40001F012026              02000000000000067890"));
-}
-
-TEST_F(IndividualTax, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  EXPECT_TRUE(Show<GOVINDIDUAL>("04", [](GOVINDIDUAL&, UserDriver& user) { Type(user, "2026\r\r"); }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 class IndividualTaxRandomly : public RandomActsTest<GOVINDIDUAL> {

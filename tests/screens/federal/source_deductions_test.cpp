@@ -2,12 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -26,26 +23,30 @@ constexpr const char* kAskGross = "Please enter Gross Payroll in Remitting Perio
 constexpr const char* kGrossWithCents = "Amount of Gross Payroll in Remitting Period cannot have decimal value.";
 constexpr const char* kAskEmployees = "Please enter number of employees in latest pay period.";
 
-void FillIn(GOVSOURCEDEDUCTION& form, UserDriver& user) {
-  user.PressMouse(form.GrossPayroll);
-  Type(user, "5000\r12\r20260531");
-}
+// clang-format off
+const std::string kRecordT =
+    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
+    "PC40001T                                Jane Doe                      Clerk                         ";
+const std::string kRecordF =
+    // head  |amount paid         |end of period       |gross payroll       |employees           |
+    "PC40001F010000000000000123450220260531          0300000000000050000004000000000000000012";
+// clang-format on
 
 // Three tests of OK refuse numbers below 0 and are not among the rows: a text with a minus sign is no amount, so that
 // the silent test before them meets it first.
-class SourceDeductionsOkPath : public OkPathTest<GOVSOURCEDEDUCTION> {
+class SourceDeductionsPayment : public PaymentTest<GOVSOURCEDEDUCTION> {
  protected:
-  SourceDeductionsOkPath() {
-    session.PaidAmount("12345");
-    yesOrNo = MessageAnswer::No;
-  }
+  SourceDeductionsPayment() : PaymentTest("12345") { yesOrNo = MessageAnswer::No; }
 
   std::string Code() const override { return "03"; }
-  void FillValid(GOVSOURCEDEDUCTION& form, UserDriver& user) const override { FillIn(form, user); }
+  void FillIn(GOVSOURCEDEDUCTION& form, UserDriver& user) const override {
+    user.PressMouse(form.GrossPayroll);
+    Type(user, "5000\r12\r20260531");
+  }
   Button& OkButton(GOVSOURCEDEDUCTION& form) const override { return form.Command3D6; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "amount is none",
          .spoil = [](GOVSOURCEDEDUCTION& form) { form.PaymentAmount.Text("-123.45"); },
          .focus = "PaymentAmount"},
@@ -112,141 +113,27 @@ class SourceDeductionsOkPath : public OkPathTest<GOVSOURCEDEDUCTION> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF}; }
 };
 
-TEST_F(SourceDeductionsOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(SourceDeductionsOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(SourceDeductionsOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(),
-              ElementsAre("", kAskAmount, kOtherAmount, kAskDate, kBadDate, kBadDate, kOtherYear, "", kNothingToPay,
-                          kAskGross, kGrossWithCents, "", "", kAskEmployees));
-}
-
-TEST_F(SourceDeductionsOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
-
-class SourceDeductionsRecords : public ScreenTest {
- protected:
-  SourceDeductionsRecords() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-  }
-
-  bool EnterAndPressOk() {
-    return Show<GOVSOURCEDEDUCTION>("03", [](GOVSOURCEDEDUCTION& form, UserDriver& user) {
-      FillIn(form, user);
-      user.Click(form.Command3D6);
-    });
-  }
-};
-
-// clang-format off
-const std::string kRecordT =
-    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
-    "PC40001T                                Jane Doe                      Clerk                         ";
-const std::string kRecordF =
-    // head  |amount paid         |end of period       |gross payroll       |employees           |
-    "PC40001F010000000000000123450220260531          0300000000000050000004000000000000000012";
-// clang-format on
-
-TEST_F(SourceDeductionsRecords, AreOneGovernmentAndOneFreeFormatRecord) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
-}
+using SourceDeductionsRecords = SourceDeductionsPayment;
+const bool kTestsAdded = AddOkPathTests<SourceDeductionsPayment>("SourceDeductionsOkPath") &&
+                         AddRecordsTests<SourceDeductionsPayment>("SourceDeductionsRecords");
 
 TEST_F(SourceDeductionsRecords, AreMadeOfTrimmedEntries) {
-  EXPECT_TRUE(Show<GOVSOURCEDEDUCTION>("03", [](GOVSOURCEDEDUCTION& form, UserDriver& user) {
-    FillIn(form, user);
+  EXPECT_TRUE(EnterAndPressOk([](GOVSOURCEDEDUCTION& form) {
     form.PaymentAmount.Text(" 12345 ");
     form.EndDate.Text(" 20260531 ");
     form.GrossPayroll.Text(" 5000 ");
     form.NumberOfEmployees.Text(" 12 ");
-    user.Click(form.Command3D6);
   }));
   EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
 }
 
-TEST_F(SourceDeductionsRecords, AreQuotedLinesInTheFile) {
-  const TemporaryFolder folder;
-  session.WriteFile(kTrue);
-  session.GovFilename(folder.Path("payment.pc4"));
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(folder.Read("payment.pc4"), '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF) + "\"\r\n");
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(SourceDeductionsRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T                                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(SourceDeductionsRecords, AreMissingForANameOf31ThoughOkIsChosen) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_TRUE(EnterAndPressOk());
-  ASSERT_NE(session.PC4Records(), nullptr);
-  EXPECT_EQ(session.PC4Records()->Count(), 0);
-}
-
-TEST_F(SourceDeductionsRecords, AreMissingForATitleOf21ThoughOkIsChosen) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_TRUE(EnterAndPressOk());
-  ASSERT_NE(session.PC4Records(), nullptr);
-  EXPECT_EQ(session.PC4Records()->Count(), 0);
-}
-
-TEST_F(SourceDeductionsRecords, AreIncompleteOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 1;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  int openBehindOk = 0;
-  EXPECT_TRUE(Show<GOVSOURCEDEDUCTION>("03", [&](GOVSOURCEDEDUCTION& form, UserDriver& user) {
-    FillIn(form, user);
-    user.Click(form.Command3D6);
-    openBehindOk = files->openFiles;
-  }));
-  EXPECT_EQ(openBehindOk, 1);
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-}
-
-TEST_F(SourceDeductionsRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  ASSERT_EQ(free.Count(), 4);
-  EXPECT_EQ(free.Item(1).FieldNum() + free.Item(1).FieldValue(), "01000000000000012345");
-  EXPECT_EQ(free.Item(2).FieldNum() + free.Item(2).FieldValue(), "0220260531          ");
-  EXPECT_EQ(free.Item(3).FieldNum() + free.Item(3).FieldValue(), "03000000000000500000");
-  EXPECT_EQ(free.Item(4).FieldNum() + free.Item(4).FieldValue(), "04000000000000000012");
-}
-
 class SourceDeductions : public ScreenTest {};
 
-TEST_F(SourceDeductions, FieldsAreAsLongAsTheirEntriesAndNoneStandsRight) {
+TEST_F(SourceDeductions, FieldsFitTheirEntries) {
   const GOVSOURCEDEDUCTION form;
   EXPECT_EQ(form.GrossPayroll.MaxLength(), 12);
   EXPECT_EQ(form.NumberOfEmployees.MaxLength(), 6);
@@ -255,8 +142,6 @@ TEST_F(SourceDeductions, FieldsAreAsLongAsTheirEntriesAndNoneStandsRight) {
   for (const Control* control : form.Controls()) {
     const auto* field = dynamic_cast<const TextField*>(control);
     EXPECT_FALSE(field != nullptr && field->Designed().alignment == Alignment::Right) << control->Name();
-    const auto* button = dynamic_cast<const Button*>(control);
-    EXPECT_FALSE(button != nullptr && button->Designed().cancel) << control->Name();
   }
 }
 
@@ -266,19 +151,6 @@ TEST_F(SourceDeductions, FullDateKeepsTheFocusWhereOkIsDisabled) {
     Type(user, "5000\r12\r20260531");
     EXPECT_EQ(user.FocusName(), "EndDate");
   });
-}
-
-TEST_F(SourceDeductions, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  session.PaidAmount("12345");
-  EXPECT_TRUE(Show<GOVSOURCEDEDUCTION>("03", [](GOVSOURCEDEDUCTION& form, UserDriver& user) {
-    FillIn(form, user);
-    user.Click(form.Command3D6);
-  }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 class SourceDeductionsRandomly : public RandomActsTest<GOVSOURCEDEDUCTION> {

@@ -2,13 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
-#include "tests/support/raises.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -24,21 +20,28 @@ constexpr const char* kAskFacility = "Please enter your facility number.";
 constexpr int kTobaccoTax = 7;
 constexpr int kTourismLevy = 8;
 
-void FillIn(frmAlbertaRevenue& form, UserDriver& user) {
-  user.Choose(form.cmbTaxProgram, kTourismLevy);
-  Type(user, "20260531123");
-}
+// clang-format off
+const std::string kRecordT =
+    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
+    "PC40001T        20260531                Jane Doe                      Clerk                         ";
+const std::string kRecordF =
+    // head  |tax program         |facility number     |nothing             |nothing             |
+    "PC40001F01000000000000000005020000000000000001230300000000000000000004000000000000000000";
+// clang-format on
 
-class AlbertaFinanceOkPath : public OkPathTest<frmAlbertaRevenue> {
+class AlbertaFinancePayment : public PaymentTest<frmAlbertaRevenue> {
  protected:
-  AlbertaFinanceOkPath() { session.PaidAmount("12345"); }
+  AlbertaFinancePayment() : PaymentTest("12345") {}
 
   std::string Code() const override { return "14"; }
-  void FillValid(frmAlbertaRevenue& form, UserDriver& user) const override { FillIn(form, user); }
+  void FillIn(frmAlbertaRevenue& form, UserDriver& user) const override {
+    user.Choose(form.cmbTaxProgram, kTourismLevy);
+    Type(user, "20260531123");
+  }
   Button& OkButton(frmAlbertaRevenue& form) const override { return form.cmdOK; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "program is missing",
          .spoil = [](frmAlbertaRevenue& form) { form.cmbTaxProgram.ListIndex(ListControl::kNothingSelected); },
          .message = kAskProgram,
@@ -64,23 +67,14 @@ class AlbertaFinanceOkPath : public OkPathTest<frmAlbertaRevenue> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF}; }
 };
 
-TEST_F(AlbertaFinanceOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(AlbertaFinanceOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(AlbertaFinanceOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre(kAskProgram, kAskDate, kBadDate, kBadDate, kAskFacility));
-}
-
-TEST_F(AlbertaFinanceOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
+using AlbertaFinanceOkPath = AlbertaFinancePayment;
+using AlbertaFinanceRecords = AlbertaFinancePayment;
+const bool kTestsAdded = AddOkPathTests<AlbertaFinancePayment>("AlbertaFinanceOkPath") &&
+                         AddRecordsTests<AlbertaFinancePayment>("AlbertaFinanceRecords");
 
 // Whether the field is open says that the number counts; the program itself is not looked at.
 TEST_F(AlbertaFinanceOkPath, AsksForAnOpenFacilityNumberWhateverTheProgram) {
@@ -105,39 +99,8 @@ TEST_F(AlbertaFinanceOkPath, AsksForNoClosedFacilityNumberWhateverTheProgram) {
   }));
 }
 
-class AlbertaFinanceRecords : public ScreenTest {
- protected:
-  AlbertaFinanceRecords() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-  }
-
-  bool EnterAndPressOk() {
-    return Show<frmAlbertaRevenue>("14", [](frmAlbertaRevenue& form, UserDriver& user) {
-      FillIn(form, user);
-      user.Click(form.cmdOK);
-    });
-  }
-};
-
-// clang-format off
-const std::string kRecordT =
-    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
-    "PC40001T        20260531                Jane Doe                      Clerk                         ";
-const std::string kRecordF =
-    // head  |tax program         |facility number     |nothing             |nothing             |
-    "PC40001F01000000000000000005020000000000000001230300000000000000000004000000000000000000";
-// clang-format on
-
-TEST_F(AlbertaFinanceRecords, AreOneGovernmentAndOneFreeFormatRecord) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
-}
-
 TEST_F(AlbertaFinanceRecords, AreMadeOfATrimmedDate) {
-  EXPECT_TRUE(Show<frmAlbertaRevenue>("14", [](frmAlbertaRevenue& form, UserDriver& user) {
+  EXPECT_TRUE(Show<frmAlbertaRevenue>("14", [this](frmAlbertaRevenue& form, UserDriver& user) {
     FillIn(form, user);
     form.txtPeriodEndDate.Text(" 20260531 ");
     user.Click(form.cmdOK);
@@ -146,80 +109,13 @@ TEST_F(AlbertaFinanceRecords, AreMadeOfATrimmedDate) {
   EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
 }
 
-TEST_F(AlbertaFinanceRecords, AreQuotedLinesInTheFile) {
-  const TemporaryFolder folder;
-  session.WriteFile(kTrue);
-  session.GovFilename(folder.Path("payment.pc4"));
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(folder.Read("payment.pc4"), '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF) + "\"\r\n");
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(AlbertaFinanceRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName("   abcdefghijklmnopqrstuvwxyz1234   ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T        20260531                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(AlbertaFinanceRecords, AreNotMadeForANameOf31) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(AlbertaFinanceRecords, AreNotMadeForATitleOf21) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(AlbertaFinanceRecords, AreIncompleteOnAFullDiskUntilTheNextOutput) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 1;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-  EXPECT_EQ(files->openFiles, 1);
-  files->printsLeft = 100;
-  EXPECT_TRUE(Show<frmAlbertaRevenue>("14", [](frmAlbertaRevenue& form, UserDriver& user) { user.Click(form.cmdOK); }));
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF) + "\"\r\n");
-}
-
-TEST_F(AlbertaFinanceRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "20260531");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  ASSERT_EQ(free.Count(), 4);
-  EXPECT_EQ(free.Item(1).FieldNum() + free.Item(1).FieldValue(), "01000000000000000005");
-  EXPECT_EQ(free.Item(2).FieldNum() + free.Item(2).FieldValue(), "02000000000000000123");
-  EXPECT_EQ(free.Item(3).FieldNum() + free.Item(3).FieldValue(), "03000000000000000000");
-  EXPECT_EQ(free.Item(4).FieldNum() + free.Item(4).FieldValue(), "04000000000000000000");
-}
-
 class AlbertaFinance : public ScreenTest {};
 
-TEST_F(AlbertaFinance, FieldsAreAsLongAsTheirEntriesAndNoButtonAnswersEscape) {
+TEST_F(AlbertaFinance, FieldsFitTheirEntries) {
   const frmAlbertaRevenue form;
   EXPECT_EQ(form.txtPeriodEndDate.MaxLength(), 8);
   EXPECT_EQ(form.txtFacilityNumber.MaxLength(), 3);
   EXPECT_FALSE(form.txtFacilityNumber.Designed().enabled);
-  EXPECT_FALSE(form.cmdOK.Designed().cancel);
-  EXPECT_FALSE(form.cmdCancel.Designed().cancel);
 }
 
 TEST_F(AlbertaFinance, KeepsWhatItMakesNoUseOf) {

@@ -4,12 +4,10 @@
 
 #include <algorithm>
 
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/raises.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -23,26 +21,38 @@ constexpr const char* kEmailTitle = "E-mail Address entry";
 // 60 characters, as many as the field takes.
 const std::string kLongestAddress = std::string(48, 'a') + "@example.com";
 
-void FillIn(frmDonation& form, UserDriver& user) {
-  user.PressMouse(form.txtName);
-  Type(user, "Jane Doe\r12 Main St\rBrandon\r");
-  user.Choose(form.cmbProvince, 2);
-  user.PressMouse(form.txtPostalCode);
-  Type(user, "r7a 1a1\rjane@example.com\r2045550123\rFood bank");
-}
+// clang-format off
+const std::vector<std::string> kLines = {
+    // head  |line text                                                             |
+    "PC40001PNAME: JANE DOE                                                        ",
+    "PC40001PADDRESS: 12 MAIN ST                                                   ",
+    "PC40001P         BRANDON MB                                                   ",
+    "PC40001PPOSTAL CODE: R7A 1A1                                                  ",
+    "PC40001PEMAIL: jane@example.com                                               ",
+    "PC40001PPHONE NO: 204-555-0123                                                ",
+    "PC40001PAMOUNT: 123.45                                                        ",
+    "PC40001PPURPOSE: FOOD BANK                                                    ",
+};
+// clang-format on
 
 // The form tests lengths that no user can type: only the host and the form itself make longer texts. They are refused
 // without a message.
-class DonationOkPath : public OkPathTest<frmDonation> {
+class DonationPayment : public PaymentTest<frmDonation> {
  protected:
-  DonationOkPath() { session.PaidAmount("12345"); }
+  DonationPayment() : PaymentTest("12345") {}
 
   std::string Code() const override { return "10"; }
-  void FillValid(frmDonation& form, UserDriver& user) const override { FillIn(form, user); }
+  void FillIn(frmDonation& form, UserDriver& user) const override {
+    user.PressMouse(form.txtName);
+    Type(user, "Jane Doe\r12 Main St\rBrandon\r");
+    user.Choose(form.cmbProvince, 2);
+    user.PressMouse(form.txtPostalCode);
+    Type(user, "r7a 1a1\rjane@example.com\r2045550123\rFood bank");
+  }
   Button& OkButton(frmDonation& form) const override { return form.cmdOK; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "name is too long",
          .spoil = [](frmDonation& form) { form.txtName.Text(std::string(61, 'A')); },
          .focus = "txtName"},
@@ -74,23 +84,14 @@ class DonationOkPath : public OkPathTest<frmDonation> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return kLines; }
 };
 
-TEST_F(DonationOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(DonationOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(DonationOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre("", "", "", "", kIncomplete, kInvalid, "", ""));
-}
-
-TEST_F(DonationOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
+using DonationOkPath = DonationPayment;
+using DonationRecords = DonationPayment;
+const bool kTestsAdded =
+    AddOkPathTests<DonationPayment>("DonationOkPath") && AddRecordsTests<DonationPayment>("DonationRecords");
 
 TEST_F(DonationOkPath, AcceptsTheLongestTexts) {
   EXPECT_TRUE(Show<frmDonation>("10", [](frmDonation& form, UserDriver& user) {
@@ -159,53 +160,6 @@ TEST_F(DonationOkPath, LeavesTheFocusWhereTheRefusedFieldIsHidden) {
   }));
 }
 
-class DonationRecords : public ScreenTest {
- protected:
-  DonationRecords() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-  }
-
-  bool EnterAndPressOk() {
-    return Show<frmDonation>("10", [](frmDonation& form, UserDriver& user) {
-      FillIn(form, user);
-      user.Click(form.cmdOK);
-    });
-  }
-};
-
-// clang-format off
-const std::vector<std::string> kLines = {
-    // head  |line text                                                             |
-    "PC40001PNAME: JANE DOE                                                        ",
-    "PC40001PADDRESS: 12 MAIN ST                                                   ",
-    "PC40001P         BRANDON MB                                                   ",
-    "PC40001PPOSTAL CODE: R7A 1A1                                                  ",
-    "PC40001PEMAIL: jane@example.com                                               ",
-    "PC40001PPHONE NO: 204-555-0123                                                ",
-    "PC40001PAMOUNT: 123.45                                                        ",
-    "PC40001PPURPOSE: FOOD BANK                                                    ",
-};
-// clang-format on
-
-TEST_F(DonationRecords, AreEightPrintableLines) {
-  EXPECT_TRUE(EnterAndPressOk());
-  std::vector<std::string> expected;
-  for (const std::string& line : kLines) expected.push_back(Ruled(line));
-  EXPECT_EQ(Records(), expected);
-}
-
-TEST_F(DonationRecords, AreQuotedLinesInTheFile) {
-  const TemporaryFolder folder;
-  session.WriteFile(kTrue);
-  session.GovFilename(folder.Path("payment.pc4"));
-  EXPECT_TRUE(EnterAndPressOk());
-  std::string expected;
-  for (const std::string& line : kLines) expected += '"' + Ruled(line) + "\"\r\n";
-  EXPECT_EQ(folder.Read("payment.pc4"), expected);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
 TEST_F(DonationRecords, FillTheirLinesWithTheLongestTexts) {
   EXPECT_TRUE(Show<frmDonation>("10", [](frmDonation& form, UserDriver& user) {
     form.txtName.Text(std::string(60, 'N'));
@@ -264,36 +218,17 @@ TEST_F(DonationRecords, AreOneLineEachWhateverTheTexts) {
   EXPECT_EQ(Records()[7], Ruled("PC40001PPURPOSE: A B"));
 }
 
-TEST_F(DonationRecords, AreIncompleteOnAFullDiskUntilTheNextOutput) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 3;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
-  EXPECT_EQ(files->contents["payment.pc4"],
-            '"' + Ruled(kLines[0]) + "\"\r\n\"" + Ruled(kLines[1]) + "\"\r\n\"" + Ruled(kLines[2]) + "\"\r\n");
-  EXPECT_EQ(files->openFiles, 1);
-  files->printsLeft = 100;
-  EXPECT_TRUE(Show<frmDonation>("10", [](frmDonation& form, UserDriver& user) { user.Click(form.cmdOK); }));
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(files->contents["payment.pc4"].size(), 8 * (1 + 160 + 3U));
-}
-
 TEST_F(DonationRecords, LeaveAFileThatCannotBeDeleted) {
-  const auto files = std::make_shared<MemoryFiles>();
+  WriteToMemory();
   files->contents["payment.pc4"] = "earlier";
   files->deletingFails = true;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
   EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 70);
   EXPECT_EQ(files->contents["payment.pc4"], "earlier");
 }
 
 class Donation : public ScreenTest {};
 
-TEST_F(Donation, FieldsAreAsLongAsTheirEntriesAndTheAmountStandsRight) {
+TEST_F(Donation, FieldsFitTheirEntries) {
   const frmDonation form;
   EXPECT_EQ(form.txtName.MaxLength(), 60);
   EXPECT_EQ(form.txtAddress.MaxLength(), 60);
@@ -312,8 +247,6 @@ TEST_F(Donation, FieldsAreAsLongAsTheirEntriesAndTheAmountStandsRight) {
       EXPECT_EQ(field->IsMultiLine(), field->Name() == "txtPurpose");
     }
   }
-  EXPECT_FALSE(form.cmdOK.Designed().cancel);
-  EXPECT_FALSE(form.cmdCancel.Designed().cancel);
 }
 
 TEST_F(Donation, KeepsWhatTheSessionGivesIt) {

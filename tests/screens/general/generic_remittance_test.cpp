@@ -4,11 +4,8 @@
 
 #include <algorithm>
 #include <cctype>
-#include <filesystem>
 
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 #include "tests/support/temporary_folder.h"
@@ -63,17 +60,16 @@ void Put(GENERICFORM& form, TextField& date, std::string_view text) {
   form.Acts().Press(form.Command3D4);
 }
 
-class GenericRemittanceOkPath : public OkPathTest<GENERICFORM> {
+class GenericRemittanceOkPath : public PaymentTest<GENERICFORM> {
  protected:
-  GenericRemittanceOkPath() {
-    session.PaidAmount("12345");
+  GenericRemittanceOkPath() : PaymentTest("12345") {
     session.NumberOfInfoCollect("3");
     yesOrNo = MessageAnswer::No;
   }
 
   std::string Code() const override { return "07"; }
 
-  void FillValid(GENERICFORM& form, UserDriver& user) const override {
+  void FillIn(GENERICFORM& form, UserDriver& user) const override {
     EnterDates(form, user);
     Type(user, "A1\rB2\rC3");
     EnterOtherAmount(form, user);
@@ -81,8 +77,8 @@ class GenericRemittanceOkPath : public OkPathTest<GENERICFORM> {
 
   Button& OkButton(GENERICFORM& form) const override { return form.Command3D6; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "start is missing",
          .spoil = [](GENERICFORM& form) { Put(form, form.PeriodStartDate, "  "); },
          .message = kAskStart,
@@ -190,52 +186,7 @@ class GenericRemittanceOkPath : public OkPathTest<GENERICFORM> {
   }
 };
 
-TEST_F(GenericRemittanceOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(GenericRemittanceOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(GenericRemittanceOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(),
-              ElementsAre(kAskStart, "", kBadDate, kOtherYearOfStart, kAskEnd, "", kBadDate, kNoPeriod, kEndBeforeStart,
-                          kOtherYearOfEnd, kAskDueDate, kBadDate, kBadDate, kOtherYearOfDueDate, kAskBox1, "", kAskBox2,
-                          "", kAskBox3, "", "", "", "", kAskAmount, kAskDetails));
-}
-
-TEST_F(GenericRemittanceOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
-
-class GenericRemittanceRecords : public ScreenTest {
- protected:
-  GenericRemittanceRecords() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-    session.NumberOfInfoCollect("2");
-  }
-
-  bool EnterAndPressOk() {
-    return Show<GENERICFORM>("07", [](GENERICFORM& form, UserDriver& user) {
-      EnterDates(form, user);
-      Type(user, "A1\rB2\r");
-      user.Click(form.Command3D6);
-    });
-  }
-
-  bool EnterWithOtherAmountAndPressOk() {
-    return Show<GENERICFORM>("07", [](GENERICFORM& form, UserDriver& user) {
-      EnterDates(form, user);
-      Type(user, "A1\rB2\r");
-      EnterOtherAmount(form, user);
-      user.Click(form.Command3D6);
-    });
-  }
-};
+const bool kOkPathTestsAdded = AddOkPathTests<GenericRemittanceOkPath>("GenericRemittanceOkPath");
 
 // clang-format off
 const std::string kRecordT =
@@ -252,12 +203,30 @@ const std::string kRecordFWithOtherAmount =
     "PC40001F01A1                02B2                000000000000001250FEES                                              ";
 // clang-format on
 
-constexpr size_t kLengthWithOtherAmount = 312;
+class GenericRemittanceRecords : public PaymentTest<GENERICFORM> {
+ protected:
+  GenericRemittanceRecords() : PaymentTest("12345") { session.NumberOfInfoCollect("2"); }
 
-TEST_F(GenericRemittanceRecords, AreOneGovernmentRecordAndTheBoxes) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
-}
+  std::string Code() const override { return "07"; }
+  void FillIn(GENERICFORM& form, UserDriver& user) const override {
+    EnterDates(form, user);
+    Type(user, "A1\rB2\r");
+  }
+  Button& OkButton(GENERICFORM& form) const override { return form.Command3D6; }
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF}; }
+
+  bool EnterWithOtherAmountAndPressOk() {
+    return Show<GENERICFORM>("07", [this](GENERICFORM& form, UserDriver& user) {
+      FillIn(form, user);
+      EnterOtherAmount(form, user);
+      user.Click(form.Command3D6);
+    });
+  }
+};
+
+const bool kRecordsTestsAdded = AddRecordsTests<GenericRemittanceRecords>("GenericRemittanceRecords");
+
+constexpr size_t kLengthWithOtherAmount = 312;
 
 // The slots that are left of the boxes' record come behind the other amount there.
 TEST_F(GenericRemittanceRecords, HoldTheOtherAmountBehindTheBoxesInTheCollection) {
@@ -329,67 +298,6 @@ TEST_F(GenericRemittanceRecords, AreNotMadeOfADueDateWithBlanks) {
   }));
 }
 
-TEST_F(GenericRemittanceRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T202604012026043020260515        abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(GenericRemittanceRecords, AreMissingForANameOf31ThoughOkIsChosen) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_TRUE(EnterAndPressOk());
-  ASSERT_NE(session.PC4Records(), nullptr);
-  EXPECT_EQ(session.PC4Records()->Count(), 0);
-}
-
-TEST_F(GenericRemittanceRecords, AreMissingForATitleOf21ThoughOkIsChosen) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_TRUE(EnterAndPressOk());
-  ASSERT_NE(session.PC4Records(), nullptr);
-  EXPECT_EQ(session.PC4Records()->Count(), 0);
-}
-
-TEST_F(GenericRemittanceRecords, AreIncompleteOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 1;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  int openBehindOk = 0;
-  EXPECT_TRUE(Show<GENERICFORM>("07", [&](GENERICFORM& form, UserDriver& user) {
-    EnterDates(form, user);
-    Type(user, "A1\rB2\r");
-    user.Click(form.Command3D6);
-    openBehindOk = files->openFiles;
-  }));
-  EXPECT_EQ(openBehindOk, 1);
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-}
-
-TEST_F(GenericRemittanceRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "20260401");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "20260430");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "20260515");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  ASSERT_EQ(free.Count(), 4);
-  EXPECT_EQ(free.Item(1).FieldNum() + free.Item(1).FieldValue(), "01A1                ");
-  EXPECT_EQ(free.Item(2).FieldNum() + free.Item(2).FieldValue(), "02B2                ");
-  EXPECT_EQ(free.Item(3).FieldNum() + free.Item(3).FieldValue(), "                    ");
-  EXPECT_EQ(free.Item(4).FieldNum() + free.Item(4).FieldValue(), "                    ");
-}
-
 class GenericRemittance : public ScreenTest {
  protected:
   GenericRemittance() {
@@ -398,7 +306,7 @@ class GenericRemittance : public ScreenTest {
   }
 };
 
-TEST_F(GenericRemittance, FieldsAreAsLongAsTheirEntries) {
+TEST_F(GenericRemittance, FieldsFitTheirEntries) {
   const GENERICFORM form;
   EXPECT_EQ(form.PeriodStartDate.MaxLength(), 8);
   EXPECT_EQ(form.PeriodEndDate.MaxLength(), 8);
@@ -407,8 +315,6 @@ TEST_F(GenericRemittance, FieldsAreAsLongAsTheirEntries) {
   for (int box = 0; box < 12; ++box) EXPECT_EQ(form.Box[box].MaxLength(), 18) << box;
   EXPECT_EQ(form.Box[12].MaxLength(), 50);
   EXPECT_EQ(form.Box[13].MaxLength(), 18);
-  for (const Button* button : {&form.Command3D6, &form.Command3D5, static_cast<const Button*>(&form.Command3D4)})
-    EXPECT_FALSE(button->Designed().cancel) << button->Name();
 }
 
 TEST_F(GenericRemittance, EachBoxHasItsLetterAndNumber) {
@@ -453,19 +359,6 @@ TEST_F(GenericRemittance, ChoosingDetailsLeavesAHiddenPeriodAlone) {
     EXPECT_TRUE(form.StatementOnly[1].Value());
     EXPECT_TRUE(form.PeriodEndDate.Enabled());
   }));
-}
-
-TEST_F(GenericRemittance, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  EXPECT_TRUE(Show<GENERICFORM>("07", [](GENERICFORM& form, UserDriver& user) {
-    EnterDates(form, user);
-    Type(user, "A1\rB2\r");
-    user.Click(form.Command3D6);
-  }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 class GenericRemittanceRandomly : public RandomActsTest<GENERICFORM> {

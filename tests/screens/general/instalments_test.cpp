@@ -1,41 +1,40 @@
 #include "screens/general/instalments.h"
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
-#include "tests/support/raises.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
-
-using testing::ElementsAre;
 
 constexpr const char* kMatch = "The Instalment Amount must match the Amount to be paid.";
 constexpr const char* kBadTo =
     "Reporting Period To must be in the form YYYYMMDD and must be greater than the From date.";
 
-void FillIn(frmInstalments& form, UserDriver& user) {
-  user.PressMouse(form.period.From);
-  Type(user, "202601012026033112345\r");
-}
+// clang-format off
+const std::string kRecordT =
+    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
+    "PC40001T2026010120260331                Jane Doe                      Clerk                         ";
+const std::string kRecordF =
+    // head  |amount              |nothing             |nothing             |nothing             |
+    "PC40001F01000000000000012345020000000000000000000300000000000000000004000000000000000000";
+// clang-format on
 
-class InstalmentsOkPath : public OkPathTest<frmInstalments> {
+class InstalmentsPayment : public PaymentTest<frmInstalments> {
  protected:
-  InstalmentsOkPath() { session.PaidAmount("12345"); }
+  InstalmentsPayment() : PaymentTest("12345") {}
 
   std::string Code() const override { return "17"; }
-  void FillValid(frmInstalments& form, UserDriver& user) const override { FillIn(form, user); }
+  void FillIn(frmInstalments& form, UserDriver& user) const override {
+    user.PressMouse(form.period.From);
+    Type(user, "202601012026033112345\r");
+  }
   Button& OkButton(frmInstalments& form) const override { return form.cmdOK; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "amount is missing",
          .spoil = [](frmInstalments& form) { form.txtAmountPayable.Text(""); },
          .message = kMatch,
@@ -47,28 +46,17 @@ class InstalmentsOkPath : public OkPathTest<frmInstalments> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF}; }
 };
 
-TEST_F(InstalmentsOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(InstalmentsOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(InstalmentsOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre(kMatch, kMatch));
-}
-
-TEST_F(InstalmentsOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
+using InstalmentsOkPath = InstalmentsPayment;
+const bool kTestsAdded = AddOkPathTests<InstalmentsPayment>("InstalmentsOkPath") &&
+                         AddRecordsTests<InstalmentsPayment>("InstalmentsRecords");
 
 // The periods are tested when they are left and not on OK.
 TEST_F(InstalmentsOkPath, AcceptsPeriodsThatAreNoneAnyMore) {
-  session.SeqNumber("0001");
-  EXPECT_TRUE(Show<frmInstalments>("17", [](frmInstalments& form, UserDriver& user) {
+  EXPECT_TRUE(Show<frmInstalments>("17", [this](frmInstalments& form, UserDriver& user) {
     FillIn(form, user);
     form.period.From.Text("20260299");
     form.period.To.Text("1990");
@@ -80,11 +68,7 @@ TEST_F(InstalmentsOkPath, AcceptsPeriodsThatAreNoneAnyMore) {
 
 // The whole text is read here, as the user's locale has it, and not the number at its start.
 TEST_F(InstalmentsOkPath, ReadsTheAmountAsAWholeText) {
-  EXPECT_TRUE(Show<frmInstalments>("17", [](frmInstalments& form, UserDriver& user) {
-    FillIn(form, user);
-    form.txtAmountPayable.Text("123.4500");
-    user.Click(form.cmdOK);
-  }));
+  EXPECT_TRUE(EnterAndPressOk([](frmInstalments& form) { form.txtAmountPayable.Text("123.4500"); }));
   EXPECT_FALSE(Show<frmInstalments>("17", [&](frmInstalments& form, UserDriver& user) {
     FillIn(form, user);
     form.txtAmountPayable.Text("123.45.");
@@ -96,118 +80,9 @@ TEST_F(InstalmentsOkPath, ReadsTheAmountAsAWholeText) {
   }));
 }
 
-class InstalmentsRecords : public ScreenTest {
- protected:
-  InstalmentsRecords() {
-    session.SeqNumber("0001");
-    session.PaidAmount("12345");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-  }
-
-  bool EnterAndPressOk() {
-    return Show<frmInstalments>("17", [](frmInstalments& form, UserDriver& user) {
-      FillIn(form, user);
-      user.Click(form.cmdOK);
-    });
-  }
-};
-
-// clang-format off
-const std::string kRecordT =
-    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
-    "PC40001T2026010120260331                Jane Doe                      Clerk                         ";
-const std::string kRecordF =
-    // head  |amount              |nothing             |nothing             |nothing             |
-    "PC40001F01000000000000012345020000000000000000000300000000000000000004000000000000000000";
-// clang-format on
-
-TEST_F(InstalmentsRecords, AreOneGovernmentAndOneFreeFormatRecord) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
-}
-
-TEST_F(InstalmentsRecords, AreQuotedLinesInTheFile) {
-  const TemporaryFolder folder;
-  session.WriteFile(kTrue);
-  session.GovFilename(folder.Path("payment.pc4"));
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(folder.Read("payment.pc4"), '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF) + "\"\r\n");
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(InstalmentsRecords, LieInAClosedFileAsSoonAsTheFormHides) {
-  const auto files = std::make_shared<MemoryFiles>();
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_TRUE(Show<frmInstalments>("17", [&](frmInstalments& form, UserDriver& user) {
-    FillIn(form, user);
-    user.Click(form.cmdOK);
-    EXPECT_FALSE(form.IsUp());
-    EXPECT_EQ(files->openFiles, 0);
-  }));
-}
-
-TEST_F(InstalmentsRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName("   abcdefghijklmnopqrstuvwxyz1234   ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T2026010120260331                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(InstalmentsRecords, AreNotMadeForANameOf31) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(InstalmentsRecords, AreNotMadeForATitleOf21) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(InstalmentsRecords, AreIncompleteOnAFullDiskUntilTheNextOutput) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 1;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-  EXPECT_EQ(files->openFiles, 1);
-  files->printsLeft = 100;
-  EXPECT_TRUE(Show<frmInstalments>("17", [](frmInstalments& form, UserDriver& user) { user.Click(form.cmdOK); }));
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF) + "\"\r\n");
-}
-
-TEST_F(InstalmentsRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "20260101");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "20260331");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  ASSERT_EQ(free.Count(), 4);
-  EXPECT_EQ(free.Item(1).FieldNum() + free.Item(1).FieldValue(), "01000000000000012345");
-  EXPECT_EQ(free.Item(2).FieldNum() + free.Item(2).FieldValue(), "02000000000000000000");
-  EXPECT_EQ(free.Item(3).FieldNum() + free.Item(3).FieldValue(), "03000000000000000000");
-  EXPECT_EQ(free.Item(4).FieldNum() + free.Item(4).FieldValue(), "04000000000000000000");
-}
-
 class Instalments : public ScreenTest {};
 
-TEST_F(Instalments, FieldsAreAsLongAsTheirEntriesAndTheAmountStandsRight) {
+TEST_F(Instalments, FieldsFitTheirEntries) {
   const frmInstalments form;
   EXPECT_EQ(form.period.From.MaxLength(), 8);
   EXPECT_EQ(form.period.From.Designed().alignment, Alignment::Left);
@@ -215,8 +90,6 @@ TEST_F(Instalments, FieldsAreAsLongAsTheirEntriesAndTheAmountStandsRight) {
   EXPECT_EQ(form.period.To.Designed().alignment, Alignment::Left);
   EXPECT_EQ(form.txtAmountPayable.MaxLength(), 12);
   EXPECT_EQ(form.txtAmountPayable.Designed().alignment, Alignment::Right);
-  EXPECT_TRUE(form.cmdCancel.Designed().cancel);
-  EXPECT_FALSE(form.cmdOK.Designed().cancel);
 }
 
 TEST_F(Instalments, KeepsTheBillerCode) {

@@ -4,7 +4,6 @@
 
 #include "screens/general/invoice_payments.h"
 #include "tests/support/random_acts.h"
-#include "tests/support/ruled_record.h"
 #include "tests/support/temporary_folder.h"
 
 namespace fiscalon {

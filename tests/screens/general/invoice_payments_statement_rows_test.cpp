@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include <filesystem>
 #include <system_error>
 

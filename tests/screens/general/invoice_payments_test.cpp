@@ -1,20 +1,13 @@
 #include "screens/general/invoice_payments.h"
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
-#include <filesystem>
 
 #include "tests/screens/general/invoice_payments_entries.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
-#include "tests/support/raises.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
-
-using testing::ElementsAre;
 
 constexpr const char* kTitle = "Invoice Payments Details";
 constexpr const char* kAskDate = "Please enter invoice date.";
@@ -23,23 +16,32 @@ constexpr const char* kAskNumber = "Please enter invoice number or description."
 constexpr const char* kAskAmount = "Please enter amount of invoice.";
 constexpr const char* kOtherTotal = "Amount to be paid does not equal total amount of invoices.";
 
+// clang-format off
+const std::string kInvoice =
+    // head  |date    |amount   |number                     |date    |amount   |number                     |
+    "PC40001R20260601 000012345INV-100                    ";
+const std::string kInvoiceAndAFurtherOne =
+    // head  |date    |amount   |number                     |date    |amount   |number                     |
+    "PC40001R20260601 000005000INV-100                    20260602 000007345INV-101                    ";
+// clang-format on
+
 // An amount over the largest one is not among the rows: what settles the payment is never above what remains of it, so
 // that the test before it meets every other amount first.
-class InvoicePaymentsFirstInvoice : public OkPathTest<InvoicePayments> {
+class InvoicePaymentsFirstInvoice : public PaymentTest<InvoicePayments> {
  protected:
-  InvoicePaymentsFirstInvoice() { session.PaidAmount("12345"); }
+  InvoicePaymentsFirstInvoice() : PaymentTest("12345") {}
 
   std::string Code() const override { return "08"; }
 
-  void FillValid(InvoicePayments& form, UserDriver& user) const override {
+  void FillIn(InvoicePayments& form, UserDriver& user) const override {
     user.Click(form.InvoiceStatementOnly[1]);
     Begin(user, {.amount = "12345"});
   }
 
   Button& OkButton(InvoicePayments& form) const override { return form.cmdOK; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "date is missing",
          .spoil = [](InvoicePayments& form) { form.InvoiceDate.Text("  "); },
          .message = kAskDate,
@@ -77,33 +79,23 @@ class InvoicePaymentsFirstInvoice : public OkPathTest<InvoicePayments> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kInvoice}; }
+  std::vector<std::string> ExpectedInTheCollection() const override { return {"INV-100                    "}; }
 };
 
-TEST_F(InvoicePaymentsFirstInvoice, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(InvoicePaymentsFirstInvoice, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(InvoicePaymentsFirstInvoice, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre(kAskDate, "", kBadDate, kAskNumber, kAskAmount, "", "", kOtherTotal));
-}
-
-TEST_F(InvoicePaymentsFirstInvoice, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
+const bool kFirstInvoiceTestsAdded = AddOkPathTests<InvoicePaymentsFirstInvoice>("InvoicePaymentsFirstInvoice") &&
+                                     AddRecordsTests<InvoicePaymentsFirstInvoice>("InvoicePaymentsFirstInvoiceRecords");
 
 // Behind the first invoice a missing amount means that no entry is in progress: it is none of the rows. A short date is
 // told here.
-class InvoicePaymentsFurtherInvoice : public OkPathTest<InvoicePayments> {
+class InvoicePaymentsFurtherInvoice : public PaymentTest<InvoicePayments> {
  protected:
-  InvoicePaymentsFurtherInvoice() { session.PaidAmount("12345"); }
+  InvoicePaymentsFurtherInvoice() : PaymentTest("12345") {}
 
   std::string Code() const override { return "11"; }
 
-  void FillValid(InvoicePayments& form, UserDriver& user) const override {
+  void FillIn(InvoicePayments& form, UserDriver& user) const override {
     user.Click(form.InvoiceStatementOnly[1]);
     Enter(form, user, {{.amount = "50.00"}});
     Begin(user, {.date = "20260602", .number = "INV-101", .amount = "7345"});
@@ -111,8 +103,8 @@ class InvoicePaymentsFurtherInvoice : public OkPathTest<InvoicePayments> {
 
   Button& OkButton(InvoicePayments& form) const override { return form.cmdOK; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "date is missing",
          .spoil = [](InvoicePayments& form) { form.InvoiceDate.Text("  "); },
          .message = kAskDate,
@@ -147,23 +139,16 @@ class InvoicePaymentsFurtherInvoice : public OkPathTest<InvoicePayments> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kInvoiceAndAFurtherOne}; }
+  std::vector<std::string> ExpectedInTheCollection() const override {
+    return {"INV-100                    ", "INV-101                    "};
+  }
 };
 
-TEST_F(InvoicePaymentsFurtherInvoice, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(InvoicePaymentsFurtherInvoice, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(InvoicePaymentsFurtherInvoice, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre(kAskDate, kBadDate, kBadDate, kAskNumber, "", "", kOtherTotal));
-}
-
-TEST_F(InvoicePaymentsFurtherInvoice, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
+const bool kFurtherInvoiceTestsAdded =
+    AddOkPathTests<InvoicePaymentsFurtherInvoice>("InvoicePaymentsFurtherInvoice") &&
+    AddRecordsTests<InvoicePaymentsFurtherInvoice>("InvoicePaymentsFurtherInvoiceRecords");
 
 class InvoicePaymentsRecords : public ScreenTest {
  protected:
@@ -254,16 +239,6 @@ TEST_F(InvoicePaymentsRecords, HoldABlankForEachControlCharacter) {
   EXPECT_TRUE(Show<InvoicePayments>("08", enter));
   EXPECT_EQ(folder.Read("payment.pc4"),
             Line("PC40001R20260601 000005000INV-100                    20260602 000007345A B  C"));
-}
-
-TEST_F(InvoicePaymentsRecords, AreMissingOnAFullDisk) {
-  const auto files = std::make_shared<MemoryFiles>();
-  files->printsLeft = 0;
-  TheModule().files = files;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk({{.amount = "123.45"}}); }), 61);
-  EXPECT_EQ(files->contents["payment.pc4"], "");
 }
 
 class InvoicePaymentsStore : public InvoicePaymentsRecords {
@@ -383,13 +358,12 @@ TEST_F(InvoicePaymentsStore, DeletesAnyOfFiftyInvoices) {
 
 class InvoicePaymentsForm : public ScreenTest {};
 
-TEST_F(InvoicePaymentsForm, FieldsAreAsLongAsTheirEntries) {
+TEST_F(InvoicePaymentsForm, FieldsFitTheirEntries) {
   const InvoicePayments form;
   EXPECT_EQ(form.InvoiceDate.MaxLength(), 8);
   EXPECT_EQ(form.InvoiceNumber.MaxLength(), 27);
   EXPECT_EQ(form.InvoiceAmount.MaxLength(), 12);
   EXPECT_EQ(form.InvoiceStatementOnly.Size(), 2);
-  for (const Button* button : form.FormLayout().buttons) EXPECT_FALSE(button->Designed().cancel) << button->Name();
 }
 
 TEST_F(InvoicePaymentsForm, EachEntryFieldHasItsCaption) {
@@ -429,19 +403,6 @@ TEST_F(InvoicePaymentsForm, ChoosingLeavesADisabledDateAlone) {
     EXPECT_TRUE(form.InvoiceStatementOnly[0].Value());
     EXPECT_EQ(user.FocusName(), "InvoiceStatementOnly(0)");
   }));
-}
-
-TEST_F(InvoicePaymentsForm, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  session.PaidAmount("12345");
-  EXPECT_TRUE(Show<InvoicePayments>("08", [](InvoicePayments& form, UserDriver& user) {
-    Enter(form, user, {{.amount = "123.45"}});
-    user.Click(form.cmdOK);
-  }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 }  // namespace

@@ -3,16 +3,12 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <filesystem>
 
 #include "core/forms/keys.h"
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/raises.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/screen_test.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -27,29 +23,6 @@ constexpr const char* kNearThePayment =
 constexpr const char* kMonthNearThePayment =
     "Month for which non-resident tax was withheld must be a valid date, in the form YYYYMM and must not be more than "
     "8 years in the past or more than 1 year in the future.";
-
-class CsstPaymentsRecords : public ScreenTest {
- protected:
-  CsstPaymentsRecords() {
-    session.SeqNumber("0001");
-    session.CompCode("001051");
-    session.PaidAmount("50000");
-    session.PaidDate("06152026");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-    TheModule().files = files;
-  }
-
-  /// A period, or a year and a month: either fills its fields one after the other.
-  bool EnterAndPressOk(std::string_view code) {
-    return Show<frmQue_Rev_CSST_Payments>(code, [&](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
-      Type(user, code == "27" ? "202605" : "20260531");
-      user.Click(form.cmdOK);
-    });
-  }
-
-  std::shared_ptr<MemoryFiles> files = std::make_shared<MemoryFiles>();
-};
 
 // clang-format off
 const std::string kRecordT =
@@ -66,129 +39,69 @@ const std::string kRecordFOfAMonth =
     "PC40001F01202605                                                                        ";
 // clang-format on
 
-TEST_F(CsstPaymentsRecords, Of25AreOneGovernmentAndOneFreeFormatRecord) {
-  EXPECT_TRUE(EnterAndPressOk("25"));
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordFOfAnAmount)));
-}
+class CsstPayment : public PaymentTest<frmQue_Rev_CSST_Payments> {
+ protected:
+  CsstPayment() : PaymentTest("50000") {
+    session.CompCode("001051");
+    session.PaidDate("06152026");
+  }
 
-TEST_F(CsstPaymentsRecords, Of26AreOneGovernmentRecord) {
-  EXPECT_TRUE(EnterAndPressOk("26"));
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT)));
-}
+  void FillIn(frmQue_Rev_CSST_Payments& /*form*/, UserDriver& user) const override { Type(user, "20260531"); }
+  Button& OkButton(frmQue_Rev_CSST_Payments& form) const override { return form.cmdOK; }
+};
 
-TEST_F(CsstPaymentsRecords, Of27AreOneGovernmentRecordAndTheMonth) {
-  EXPECT_TRUE(EnterAndPressOk("27"));
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordTOfAMonth), Ruled(kRecordFOfAMonth)));
-}
+class CsstPaymentsRecords : public CsstPayment {
+ protected:
+  std::string Code() const override { return "25"; }
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordFOfAnAmount}; }
+};
+
+class CsstPaymentsRecordsOf26 : public CsstPayment {
+ protected:
+  std::string Code() const override { return "26"; }
+  std::vector<std::string> Expected() const override { return {kRecordT}; }
+};
+
+class CsstPaymentsRecordsOf27 : public CsstPayment {
+ protected:
+  std::string Code() const override { return "27"; }
+  /// A year and a month, whose fields are filled one after the other.
+  void FillIn(frmQue_Rev_CSST_Payments& /*form*/, UserDriver& user) const override { Type(user, "202605"); }
+  std::vector<std::string> Expected() const override { return {kRecordTOfAMonth, kRecordFOfAMonth}; }
+};
+
+const bool kTestsAdded = AddRecordsTests<CsstPaymentsRecords>("CsstPaymentsRecords") &&
+                         AddRecordsTests<CsstPaymentsRecordsOf26>("CsstPaymentsRecordsOf26") &&
+                         AddRecordsTests<CsstPaymentsRecordsOf27>("CsstPaymentsRecordsOf27");
 
 TEST_F(CsstPaymentsRecords, AreTheSameForEveryBiller) {
   for (const char* biller : {"001053", "001055", ""}) {
     session.CompCode(biller);
-    EXPECT_TRUE(EnterAndPressOk("25"));
+    EXPECT_TRUE(EnterAndPressOk());
     EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordFOfAnAmount))) << biller;
   }
 }
 
 TEST_F(CsstPaymentsRecords, HoldTheAmountAsItIsShown) {
-  EXPECT_TRUE(Show<frmQue_Rev_CSST_Payments>("25", [](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
-    Type(user, "20260531");
-    form.txtAmountPayable.Text("-12.34");
-    user.Click(form.cmdOK);
-  }));
+  EXPECT_TRUE(EnterAndPressOk([](frmQue_Rev_CSST_Payments& form) { form.txtAmountPayable.Text("-12.34"); }));
   EXPECT_EQ(Records()[1],
             // head  |amount              |nothing             |nothing             |nothing             |
             Ruled("PC40001F01-00000000000001234020000000000000000000300000000000000000004000000000000000000"));
 }
 
-TEST_F(CsstPaymentsRecords, HoldWhateverTheFieldsHold) {
-  EXPECT_TRUE(Show<frmQue_Rev_CSST_Payments>("25", [](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
-    Type(user, "20260531");
-    form.txtRemittancePeriod.Text("2011");
-    user.Click(form.cmdOK);
-  }));
+TEST_F(CsstPaymentsRecords, HoldWhateverTheFieldHolds) {
+  EXPECT_TRUE(EnterAndPressOk([](frmQue_Rev_CSST_Payments& form) { form.txtRemittancePeriod.Text("2011"); }));
   EXPECT_EQ(Records()[0].substr(8, 24), "        2011            ");
-  EXPECT_TRUE(Show<frmQue_Rev_CSST_Payments>("27", [](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
-    Type(user, "202605");
+}
+
+TEST_F(CsstPaymentsRecordsOf27, HoldWhateverTheFieldsHold) {
+  EXPECT_TRUE(EnterAndPressOk([](frmQue_Rev_CSST_Payments& form) {
     form.txtYear.Text("19");
     form.txtMonth.Text("9");
-    user.Click(form.cmdOK);
   }));
   EXPECT_EQ(Records()[1],
             // head  |year and month      |no slot             |no slot             |no slot             |
             Ruled("PC40001F01199               "));
-}
-
-TEST_F(CsstPaymentsRecords, AreQuotedLinesInTheFile) {
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_TRUE(EnterAndPressOk("27"));
-  EXPECT_EQ(files->contents["payment.pc4"],
-            '"' + Ruled(kRecordTOfAMonth) + "\"\r\n\"" + Ruled(kRecordFOfAMonth) + "\"\r\n");
-  EXPECT_TRUE(EnterAndPressOk("26"));
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-  EXPECT_TRUE(EnterAndPressOk("25"));
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordFOfAnAmount) + "\"\r\n");
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(CsstPaymentsRecords, LieInAClosedFileAsSoonAsTheFormHides) {
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_TRUE(Show<frmQue_Rev_CSST_Payments>("25", [&](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
-    Type(user, "20260531");
-    user.Click(form.cmdOK);
-    EXPECT_FALSE(form.IsUp());
-    EXPECT_EQ(files->openFiles, 0);
-  }));
-}
-
-TEST_F(CsstPaymentsRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk("25"));
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T        20260531                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(CsstPaymentsRecords, FailForANameOf31) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk("26"); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(CsstPaymentsRecords, FailForATitleOf21) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk("25"); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(CsstPaymentsRecords, AreIncompleteOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
-  files->printsLeft = 1;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk("25"); }), 61);
-  EXPECT_EQ(files->openFiles, 1);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-  EXPECT_FALSE(Show<frmQue_Rev_CSST_Payments>("25", [](frmQue_Rev_CSST_Payments&, UserDriver&) {}));
-  EXPECT_EQ(files->openFiles, 0);
-}
-
-TEST_F(CsstPaymentsRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk("27"));
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  std::vector<std::string> slots;
-  for (const clsPC4FreeFormat& slot : free) slots.push_back(slot.FieldNum() + slot.FieldValue());
-  EXPECT_THAT(slots, ElementsAre("01202605            ", "                    ", "                    ",
-                                 "                    "));
 }
 
 class CsstPayments : public ScreenTest {
@@ -199,7 +112,7 @@ class CsstPayments : public ScreenTest {
   }
 };
 
-TEST_F(CsstPayments, FieldsAreAsLongAsTheirEntriesAndTheAmountStandsRight) {
+TEST_F(CsstPayments, FieldsFitTheirEntries) {
   const frmQue_Rev_CSST_Payments form;
   EXPECT_EQ(form.txtRemittancePeriod.MaxLength(), 8);
   EXPECT_EQ(form.txtRemittancePeriod.Designed().alignment, Alignment::Left);
@@ -210,8 +123,6 @@ TEST_F(CsstPayments, FieldsAreAsLongAsTheirEntriesAndTheAmountStandsRight) {
   EXPECT_FALSE(form.txtAmountPayable.Designed().tabStop);
   EXPECT_TRUE(form.txtAmountPayable.Designed().locked);
   EXPECT_TRUE(form.lblAmountPayable.Designed().bold);
-  EXPECT_TRUE(form.cmdCancel.Designed().cancel);
-  EXPECT_FALSE(form.cmdOK.Designed().cancel);
 }
 
 TEST_F(CsstPayments, TheFrameWithoutACaptionHoldsYearAndMonth) {
@@ -369,28 +280,25 @@ TEST_F(CsstPayments, OnlyEnterByItselfMovesOn) {
   });
 }
 
-TEST_F(CsstPayments, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  EXPECT_TRUE(Show<frmQue_Rev_CSST_Payments>("25", [](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
-    Type(user, "20260531");
-    user.Click(form.cmdOK);
-  }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
-}
-
 // A form that a failed output has left loaded keeps its look, and goes by the new code in all else.
 class CsstPaymentsUnderAnotherCode : public CsstPaymentsRecords {
  protected:
-  CsstPaymentsUnderAnotherCode() { session.WriteFile(kTrue); }
+  CsstPaymentsUnderAnotherCode() {
+    TheModule().files = files;
+    session.WriteFile(kTrue);
+  }
 
   /// Makes the output of this code fail, and then launches the form by the other one.
   bool ShowAfterFailed(std::string_view failed, std::string_view code,
                        const std::function<void(frmQue_Rev_CSST_Payments& form, UserDriver& user)>& acts) {
     files->printsLeft = 0;
-    EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(failed); }), 61);
+    EXPECT_EQ(ErrorOf([&] {
+                Show<frmQue_Rev_CSST_Payments>(failed, [&](frmQue_Rev_CSST_Payments& form, UserDriver& user) {
+                  Type(user, failed == "27" ? "202605" : "20260531");
+                  user.Click(form.cmdOK);
+                });
+              }),
+              61);
     files->printsLeft = 100;
     return Show<frmQue_Rev_CSST_Payments>(code, acts);
   }

@@ -2,16 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
-
 #include "core/forms/keys.h"
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
-#include "tests/support/raises.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
@@ -21,26 +15,30 @@ using testing::ElementsAre;
 constexpr const char* kMatch = "The Amount Remitted must match the Amount to be paid.";
 constexpr const char* kNothing = "The Amount Remitted must be greater than zero.";
 
-/// 300.00 of GST/HST and 200.00 of QST.
-void FillIn(UserDriver& user) {
-  Type(user, "20260401");
-  Type(user, "20260531");
-  Type(user, "30000\r20000\r");
-}
+// clang-format off
+const std::string kRecordT =
+    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
+    "PC40001T2026040120260531                Jane Doe                      Clerk                         ";
+const std::string kRecordF =
+    // head  |QST                 |GST/HST             |nothing             |nothing             |
+    "PC40001F01000000000000020000020000000000000300000300000000000000000004000000000000000000";
+// clang-format on
 
-class QstGstInstalmentOkPath : public OkPathTest<frmQue_Rev_QSTGSTInst> {
+class QstGstInstalmentPayment : public PaymentTest<frmQue_Rev_QSTGSTInst> {
  protected:
-  QstGstInstalmentOkPath() {
-    session.SeqNumber("0001");
-    session.PaidAmount("50000");
-  }
+  QstGstInstalmentPayment() : PaymentTest("50000") { session.CompCode("001051"); }
 
   std::string Code() const override { return "19"; }
-  void FillValid(frmQue_Rev_QSTGSTInst& /*form*/, UserDriver& user) const override { FillIn(user); }
+  // 300.00 of GST/HST and 200.00 of QST.
+  void FillIn(frmQue_Rev_QSTGSTInst& /*form*/, UserDriver& user) const override {
+    Type(user, "20260401");
+    Type(user, "20260531");
+    Type(user, "30000\r20000\r");
+  }
   Button& OkButton(frmQue_Rev_QSTGSTInst& form) const override { return form.cmdOK; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "total is another amount",
          .spoil = [](frmQue_Rev_QSTGSTInst& form) { form.txtAmountPayable.Text("500.01"); },
          .message = kMatch,
@@ -56,28 +54,19 @@ class QstGstInstalmentOkPath : public OkPathTest<frmQue_Rev_QSTGSTInst> {
     };
     return kRows;
   }
+
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF}; }
 };
 
-TEST_F(QstGstInstalmentOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(QstGstInstalmentOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(QstGstInstalmentOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre(kMatch, kNothing));
-}
-
-TEST_F(QstGstInstalmentOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
+using QstGstInstalmentOkPath = QstGstInstalmentPayment;
+using QstGstInstalmentRecords = QstGstInstalmentPayment;
+const bool kTestsAdded = AddOkPathTests<QstGstInstalmentPayment>("QstGstInstalmentOkPath") &&
+                         AddRecordsTests<QstGstInstalmentPayment>("QstGstInstalmentRecords");
 
 TEST_F(QstGstInstalmentOkPath, RefusesAnEmptyTotalEvenWhereNothingIsPaid) {
   session.PaidAmount("0");
   EXPECT_FALSE(Show<frmQue_Rev_QSTGSTInst>("19", [&](frmQue_Rev_QSTGSTInst& form, UserDriver& user) {
-    FillIn(user);
+    FillIn(form, user);
     form.txtAmountPayable.Text("");
     user.Click(form.cmdOK);
     const std::vector<BoxRequest> boxes = TakeBoxes();
@@ -88,58 +77,17 @@ TEST_F(QstGstInstalmentOkPath, RefusesAnEmptyTotalEvenWhereNothingIsPaid) {
 }
 
 TEST_F(QstGstInstalmentOkPath, AcceptsTheTotalAsItStands) {
-  EXPECT_TRUE(Show<frmQue_Rev_QSTGSTInst>("19", [](frmQue_Rev_QSTGSTInst& form, UserDriver& user) {
-    FillIn(user);
-    form.txtQSTInstalment.Text("9.99");
-    user.Click(form.cmdOK);
-  }));
+  EXPECT_TRUE(EnterAndPressOk([](frmQue_Rev_QSTGSTInst& form) { form.txtQSTInstalment.Text("9.99"); }));
   EXPECT_EQ(Records()[1].substr(8, 40), "0100000000000000099902000000000000030000");
 }
 
 // The period has no test on OK: a bad one goes out as it stands.
 TEST_F(QstGstInstalmentOkPath, AcceptsAPeriodThatIsNoneAnyMore) {
-  EXPECT_TRUE(Show<frmQue_Rev_QSTGSTInst>("19", [](frmQue_Rev_QSTGSTInst& form, UserDriver& user) {
-    FillIn(user);
+  EXPECT_TRUE(EnterAndPressOk([](frmQue_Rev_QSTGSTInst& form) {
     form.period.From.Text("2027");
     form.period.To.Text("2026");
-    user.Click(form.cmdOK);
   }));
   EXPECT_EQ(Records()[0].substr(8, 16), "2027    2026    ");
-}
-
-class QstGstInstalmentRecords : public ScreenTest {
- protected:
-  QstGstInstalmentRecords() {
-    session.SeqNumber("0001");
-    session.CompCode("001051");
-    session.PaidAmount("50000");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-    TheModule().files = files;
-  }
-
-  bool EnterAndPressOk() {
-    return Show<frmQue_Rev_QSTGSTInst>("19", [](frmQue_Rev_QSTGSTInst& form, UserDriver& user) {
-      FillIn(user);
-      user.Click(form.cmdOK);
-    });
-  }
-
-  std::shared_ptr<MemoryFiles> files = std::make_shared<MemoryFiles>();
-};
-
-// clang-format off
-const std::string kRecordT =
-    // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2   |
-    "PC40001T2026040120260531                Jane Doe                      Clerk                         ";
-const std::string kRecordF =
-    // head  |QST                 |GST/HST             |nothing             |nothing             |
-    "PC40001F01000000000000020000020000000000000300000300000000000000000004000000000000000000";
-// clang-format on
-
-TEST_F(QstGstInstalmentRecords, AreOneGovernmentAndOneFreeFormatRecord) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF)));
 }
 
 TEST_F(QstGstInstalmentRecords, AreTheSameForEveryBiller) {
@@ -165,81 +113,12 @@ TEST_F(QstGstInstalmentRecords, HoldTheAmountsAndNotTheTypedTotal) {
             Ruled("PC40001F01-00000000000000123020000000000000004560300000000000000000004000000000000000000"));
 }
 
-TEST_F(QstGstInstalmentRecords, AreQuotedLinesInTheFile) {
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF) + "\"\r\n");
-  EXPECT_EQ(files->openFiles, 0);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(QstGstInstalmentRecords, LieInAClosedFileAsSoonAsTheFormHides) {
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_TRUE(Show<frmQue_Rev_QSTGSTInst>("19", [&](frmQue_Rev_QSTGSTInst& form, UserDriver& user) {
-    FillIn(user);
-    user.Click(form.cmdOK);
-    EXPECT_FALSE(form.IsUp());
-    EXPECT_EQ(files->openFiles, 0);
-  }));
-}
-
-TEST_F(QstGstInstalmentRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T2026040120260531                abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(QstGstInstalmentRecords, FailForANameOf31) {
-  session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(QstGstInstalmentRecords, FailForATitleOf21) {
-  session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(QstGstInstalmentRecords, AreIncompleteOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
-  files->printsLeft = 1;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
-  EXPECT_EQ(files->openFiles, 1);
-  EXPECT_EQ(files->contents["payment.pc4"], '"' + Ruled(kRecordT) + "\"\r\n");
-  EXPECT_FALSE(Show<frmQue_Rev_QSTGSTInst>("19", [](frmQue_Rev_QSTGSTInst&, UserDriver&) {}));
-  EXPECT_EQ(files->openFiles, 0);
-}
-
-TEST_F(QstGstInstalmentRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "20260401");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "20260531");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  std::vector<std::string> slots;
-  for (const clsPC4FreeFormat& slot : free) slots.push_back(slot.FieldNum() + slot.FieldValue());
-  EXPECT_THAT(slots, ElementsAre("01000000000000020000", "02000000000000030000", "03000000000000000000",
-                                 "04000000000000000000"));
-}
-
 class QstGstInstalment : public ScreenTest {
  protected:
   QstGstInstalment() { session.PaidAmount("50000"); }
 };
 
-TEST_F(QstGstInstalment, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
+TEST_F(QstGstInstalment, FieldsFitTheirEntries) {
   const frmQue_Rev_QSTGSTInst form;
   for (const TextField* date : {&form.period.From, &form.period.To}) {
     EXPECT_EQ(date->MaxLength(), 8) << date->Name();
@@ -250,8 +129,6 @@ TEST_F(QstGstInstalment, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
     EXPECT_EQ(amount->MaxLength(), 12) << amount->Name();
     EXPECT_EQ(amount->Designed().alignment, Alignment::Right) << amount->Name();
   }
-  EXPECT_TRUE(form.cmdCancel.Designed().cancel);
-  EXPECT_FALSE(form.cmdOK.Designed().cancel);
 }
 
 // The mouse alone reaches the total, and may type over it.
@@ -302,18 +179,6 @@ TEST_F(QstGstInstalment, FullFieldsKeepTheFocusWhereTheNextIsDisabled) {
     expectToStay(form.txtGSTInstalment, "00000000.001", form.txtQSTInstalment);
     expectToStay(form.txtQSTInstalment, "00000000.001", form.cmdOK);
   });
-}
-
-TEST_F(QstGstInstalment, WritesNoPlayByPlayLog) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.Path("Zelmor"));
-  Levyra::MainPath(folder.Path());
-  Levyra::PlayByPlayEnabled(kTrue);
-  EXPECT_TRUE(Show<frmQue_Rev_QSTGSTInst>("19", [](frmQue_Rev_QSTGSTInst& form, UserDriver& user) {
-    FillIn(user);
-    user.Click(form.cmdOK);
-  }));
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 class QstGstInstalmentRandomly : public RandomActsTest<frmQue_Rev_QSTGSTInst> {

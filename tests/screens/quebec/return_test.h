@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,10 +10,7 @@
 #include "core/forms/keys.h"
 #include "core/forms/label.h"
 #include "core/forms/text_field.h"
-#include "core/records/record_reader.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
-#include "tests/support/raises.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
@@ -66,105 +62,33 @@ inline void ExpectToStay(const Form& form, UserDriver& user, const std::string& 
   form.ControlNamed(next).Enabled(true);
 }
 
-/// A return that is filled in and sent: `Code`, `FillIn` and what it makes, for a payment that matches.
+/// A return that is filled in and sent.
 template <class FormClass>
-class ReturnTest : public ScreenTest {
+class ReturnTest : public PaymentTest<FormClass> {
  protected:
-  explicit ReturnTest(std::string_view cents) {
-    session.SeqNumber("0001");
-    session.PaidAmount(cents);
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-    TheModule().files = files;
-  }
-
-  virtual std::string Code() const = 0;
-  virtual void FillIn(UserDriver& user) const = 0;
-
-  /// Fills the form in, spoils or changes it, and presses OK.
-  bool EnterAndPressOk(const std::function<void(FormClass& form)>& change = {}) {
-    return Show<FormClass>(Code(), [&](FormClass& form, UserDriver& user) {
-      FillIn(user);
-      if (change)
-        change(form);
-      user.Click(form.cmdOK);
-      focusBehindOk = user.FocusName();
-    });
-  }
+  using PaymentTest<FormClass>::PaymentTest;
 
   /// OK refuses the changed form with this box and gives the focus to this control.
   void ExpectRefusal(const std::function<void(FormClass& form)>& change, const std::string& message,
                      const std::string& focus) {
-    EXPECT_FALSE(EnterAndPressOk(change));
-    const std::vector<BoxRequest> boxes = TakeBoxes();
+    EXPECT_FALSE(this->EnterAndPressOk(change));
+    const std::vector<BoxRequest> boxes = this->TakeBoxes();
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].text, message);
     EXPECT_EQ(boxes[0].style, MessageStyle::Critical);
-    EXPECT_EQ(focusBehindOk, focus);
-  }
-
-  void ExpectInTheFile(const std::vector<std::string>& records) {
-    session.WriteFile(kTrue);
-    session.GovFilename("payment.pc4");
-    EXPECT_TRUE(EnterAndPressOk());
-    EXPECT_EQ(files->contents["payment.pc4"], LinesOf(records));
-    EXPECT_EQ(files->openFiles, 0);
-    EXPECT_EQ(session.PC4Records(), nullptr);
-  }
-
-  /// The file stays open until the form unloads, which the failure keeps it from.
-  void ExpectOnAFullDisk(const std::vector<std::string>& recordsThatFit) {
-    files->printsLeft = static_cast<int>(recordsThatFit.size());
-    session.WriteFile(kTrue);
-    session.GovFilename("payment.pc4");
-    EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
-    EXPECT_EQ(files->openFiles, 1);
-    EXPECT_EQ(files->contents["payment.pc4"], LinesOf(recordsThatFit));
-    EXPECT_FALSE(Show<FormClass>(Code(), [](FormClass&, UserDriver&) {}));
-    EXPECT_EQ(files->openFiles, 0);
-  }
-
-  void ExpectNoRoomForANameOf31OrATitleOf21() {
-    session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-    EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-    session.EnterName("Jane Doe");
-    session.EnterTitle("ABCDEFGHIJKLMNOPQRSTU");
-    EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 5);
-    EXPECT_EQ(session.PC4Records(), nullptr);
-  }
-
-  /// The records, cut: the fields of the first one and the slots of all others.
-  void ExpectToBeReadBackAs(const std::vector<std::string>& fields, const std::vector<std::string>& slots) {
-    clsPC4GovFormats government;
-    clsPC4FreeFormats free;
-    CutRecords(*session.PC4Records(), government, free);
-    ASSERT_EQ(government.Count(), 1);
-    const clsPC4GovFormat& first = government.Item(1);
-    EXPECT_THAT(fields,
-                testing::ElementsAre(first.PeriodStartDate(), first.PeriodEndDate(), first.PeriodDueDate(),
-                                     first.Filler1(), first.ContactName(), first.ContactTitle(), first.Filler2()));
-    std::vector<std::string> read;
-    for (const clsPC4FreeFormat& slot : free) read.push_back(slot.FieldNum() + slot.FieldValue());
-    EXPECT_EQ(read, slots);
-  }
-
-  void ExpectNoPlayByPlayLog() {
-    Levyra::MainPath("logs");
-    Levyra::PlayByPlayEnabled(kTrue);
-    EXPECT_TRUE(EnterAndPressOk());
-    EXPECT_TRUE(files->contents.empty());
+    EXPECT_EQ(this->focusBehindOk, focus);
   }
 
   /// An amount is refused by its label, as it reads now.
   void ExpectAmountsToBeRefusedByTheirCaptions(const std::vector<std::string>& names) {
-    Show<FormClass>(Code(), [&](FormClass& form, UserDriver& user) {
-      FillIn(user);
+    this->template Show<FormClass>(this->Code(), [&](FormClass& form, UserDriver& user) {
+      this->FillIn(form, user);
       for (const std::string& name : names) {
         LabelOf(form, "lbl" + name).Caption(name + " line");
         user.PressMouse(Field(form, "txt" + name));
         Field(form, "txt" + name).Text("-1");
         user.PressMouse(form.cmdOK);
-        const std::vector<BoxRequest> boxes = TakeBoxes();
+        const std::vector<BoxRequest> boxes = this->TakeBoxes();
         ASSERT_EQ(boxes.size(), 1U) << name;
         EXPECT_EQ(boxes[0].text, name + " line cannot be negative.");
         EXPECT_EQ(boxes[0].style, MessageStyle::Plain);
@@ -175,8 +99,8 @@ class ReturnTest : public ScreenTest {
   }
 
   void ExpectOnlyEnterByItselfToMoveOn(const std::string& from, const std::string& next) {
-    Show<FormClass>(Code(), [&](FormClass& form, UserDriver& user) {
-      FillIn(user);
+    this->template Show<FormClass>(this->Code(), [&](FormClass& form, UserDriver& user) {
+      this->FillIn(form, user);
       user.PressMouse(form.ControlNamed(from));
       for (const int shift : {shift_state::kShift, shift_state::kControl, shift_state::kAlt}) {
         user.PressKey({.keyCode = key::kEnter, .shift = shift, .character = key::kEnter});
@@ -185,16 +109,6 @@ class ReturnTest : public ScreenTest {
       user.PressKey({.keyCode = key::kEnter, .character = key::kEnter});
       EXPECT_EQ(user.FocusName(), next);
     });
-  }
-
-  std::shared_ptr<MemoryFiles> files = std::make_shared<MemoryFiles>();
-  std::string focusBehindOk = {};
-
- private:
-  static std::string LinesOf(const std::vector<std::string>& records) {
-    std::string lines;
-    for (const std::string& record : records) lines += '"' + Ruled(record) + "\"\r\n";
-    return lines;
   }
 };
 

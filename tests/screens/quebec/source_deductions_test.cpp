@@ -2,10 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "core/records/record_reader.h"
 #include "tests/screens/quebec/source_deductions_entries.h"
 #include "tests/support/memory_files.h"
-#include "tests/support/ok_path.h"
+#include "tests/support/payment_test.h"
 #include "tests/support/raises.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
@@ -18,24 +17,21 @@ using testing::ElementsAre;
 constexpr const char* kAskType = "Please select a Remittance Type.";
 constexpr const char* kMatch = "The Amount Payable must match the Amount to be paid.";
 
-class QuebecSourceDeductionsOkPath : public OkPathTest<frmQue_Rev_SourceDeduct> {
+class QuebecSourceDeductionsOkPath : public PaymentTest<frmQue_Rev_SourceDeduct> {
  protected:
-  QuebecSourceDeductionsOkPath() {
-    session.CompCode("001052");
-    session.PaidAmount("1500");
-  }
+  QuebecSourceDeductionsOkPath() : PaymentTest("1500") { session.CompCode("001052"); }
 
   std::string Code() const override { return "20"; }
 
-  void FillValid(frmQue_Rev_SourceDeduct& form, UserDriver& user) const override {
-    FillIn(form, user);
+  void FillIn(frmQue_Rev_SourceDeduct& form, UserDriver& user) const override {
+    fiscalon::FillIn(form, user);
     user.Choose(form.cmbRemittanceType, 0);
   }
 
   Button& OkButton(frmQue_Rev_SourceDeduct& form) const override { return form.cmdOK; }
 
-  const std::vector<Row>& Rows() const override {
-    static const std::vector<Row> kRows = {
+  std::span<const Row> Rows() const override {
+    static constexpr Row kRows[] = {
         {.name = "type is missing",
          .spoil = [](frmQue_Rev_SourceDeduct& form) { form.cmbRemittanceType.ListIndex(-1); },
          .message = kAskType,
@@ -50,58 +46,13 @@ class QuebecSourceDeductionsOkPath : public OkPathTest<frmQue_Rev_SourceDeduct> 
   }
 };
 
-TEST_F(QuebecSourceDeductionsOkPath, EachRowRefusesWithItsMessageAndFocus) {
-  ExpectEachRowRefuses();
-}
-
-TEST_F(QuebecSourceDeductionsOkPath, EachRowIsMetBeforeEveryLaterRow) {
-  ExpectEachRowIsMetBeforeLaterOnes();
-}
-
-TEST_F(QuebecSourceDeductionsOkPath, TheRowsAreAllThereInOrder) {
-  EXPECT_THAT(MessagesWhileMending(), ElementsAre(kAskType, kMatch));
-}
-
-TEST_F(QuebecSourceDeductionsOkPath, AcceptsAValidForm) {
-  ExpectAValidFormIsAccepted();
-}
+const bool kOkPathTestsAdded = AddOkPathTests<QuebecSourceDeductionsOkPath>("QuebecSourceDeductionsOkPath");
 
 // The period has no test on OK: a bad one goes out as it stands.
 TEST_F(QuebecSourceDeductionsOkPath, AcceptsAPeriodThatIsNoneAnyMore) {
-  session.SeqNumber("0001");
-  EXPECT_TRUE(Show<frmQue_Rev_SourceDeduct>("20", [&](frmQue_Rev_SourceDeduct& form, UserDriver& user) {
-    FillValid(form, user);
-    form.txtRemittancePeriod.Text("199913");
-    user.Click(form.cmdOK);
-  }));
+  EXPECT_TRUE(EnterAndPressOk([](frmQue_Rev_SourceDeduct& form) { form.txtRemittancePeriod.Text("199913"); }));
   EXPECT_EQ(Records()[0].substr(24, 8), "199913  ");
 }
-
-class QuebecSourceDeductionsRecords : public ScreenTest {
- protected:
-  QuebecSourceDeductionsRecords() {
-    session.SeqNumber("0001");
-    session.CompCode("001051");
-    session.PaidAmount("1500");
-    session.EnterName("Jane Doe");
-    session.EnterTitle("Clerk");
-    TheModule().files = files;
-    Levyra::MainPath("logs");
-  }
-
-  bool EnterAndPressOk(int type = ListControl::kNothingSelected) {
-    return Show<frmQue_Rev_SourceDeduct>("20", [&](frmQue_Rev_SourceDeduct& form, UserDriver& user) {
-      FillIn(form, user);
-      if (type >= 0)
-        user.Choose(form.cmbRemittanceType, type);
-      user.Click(form.cmdOK);
-      openBehindOk = files->openFiles;
-    });
-  }
-
-  std::shared_ptr<MemoryFiles> files = std::make_shared<MemoryFiles>();
-  int openBehindOk = 0;
-};
 
 // clang-format off
 const std::string kRecordT =
@@ -115,14 +66,30 @@ const std::string kRecordF2 =
     "PC40001F05000000000000000000060000000000000005000700000000000000000008000000000000000000";
 // clang-format on
 
-TEST_F(QuebecSourceDeductionsRecords, AreOneGovernmentAndTwoFreeFormatRecords) {
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_THAT(Records(), ElementsAre(Ruled(kRecordT), Ruled(kRecordF1), Ruled(kRecordF2)));
-}
+class QuebecSourceDeductionsRecords : public PaymentTest<frmQue_Rev_SourceDeduct> {
+ protected:
+  QuebecSourceDeductionsRecords() : PaymentTest("1500") {
+    session.CompCode("001051");
+    TheModule().files = files;
+    Levyra::MainPath("logs");
+  }
+
+  std::string Code() const override { return "20"; }
+  void FillIn(frmQue_Rev_SourceDeduct& form, UserDriver& user) const override { fiscalon::FillIn(form, user); }
+  Button& OkButton(frmQue_Rev_SourceDeduct& form) const override { return form.cmdOK; }
+  std::vector<std::string> Expected() const override { return {kRecordT, kRecordF1, kRecordF2}; }
+  bool WritesAPlayByPlayLog() const override { return true; }
+};
+
+const bool kRecordsTestsAdded = AddRecordsTests<QuebecSourceDeductionsRecords>("QuebecSourceDeductionsRecords");
 
 TEST_F(QuebecSourceDeductionsRecords, NumberTheTypeForItsBiller) {
   session.CompCode("001052");
-  EXPECT_TRUE(EnterAndPressOk(5));
+  EXPECT_TRUE(Show<frmQue_Rev_SourceDeduct>("20", [this](frmQue_Rev_SourceDeduct& form, UserDriver& user) {
+    FillIn(form, user);
+    user.Choose(form.cmbRemittanceType, 5);
+    user.Click(form.cmdOK);
+  }));
   EXPECT_THAT(Records(),
               ElementsAre(Ruled(kRecordT), Ruled(kRecordF1),
                           // head  |remittance type     |CSST                |nothing             |nothing             |
@@ -134,45 +101,6 @@ TEST_F(QuebecSourceDeductionsRecords, HoldZerosForTheTypeOfAnyOtherBiller) {
   session.CompCode("");
   EXPECT_TRUE(EnterAndPressOk());
   EXPECT_EQ(Records()[2], Ruled(kRecordF2));
-}
-
-TEST_F(QuebecSourceDeductionsRecords, AreQuotedLinesInTheFile) {
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(files->contents["payment.pc4"],
-            '"' + Ruled(kRecordT) + "\"\r\n\"" + Ruled(kRecordF1) + "\"\r\n\"" + Ruled(kRecordF2) + "\"\r\n");
-  EXPECT_EQ(openBehindOk, 0);
-  EXPECT_EQ(session.PC4Records(), nullptr);
-}
-
-TEST_F(QuebecSourceDeductionsRecords, TakeANameOf30AndATitleOf20) {
-  session.EnterName(" abcdefghijklmnopqrstuvwxyz1234 ");
-  session.EnterTitle(" ABCDEFGHIJKLMNOPQRST ");
-  EXPECT_TRUE(EnterAndPressOk());
-  EXPECT_EQ(Records()[0],
-            // head  |start   |end     |due     |filler1 |contact name                  |contact title       |filler2 |
-            Ruled("PC40001T                202606          abcdefghijklmnopqrstuvwxyz1234ABCDEFGHIJKLMNOPQRST"));
-}
-
-TEST_F(QuebecSourceDeductionsRecords, AreReadBackAsTheyWereWritten) {
-  EXPECT_TRUE(EnterAndPressOk());
-  clsPC4GovFormats government;
-  clsPC4FreeFormats free;
-  CutRecords(*session.PC4Records(), government, free);
-  ASSERT_EQ(government.Count(), 1);
-  EXPECT_EQ(government.Item(1).PeriodStartDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodEndDate(), "        ");
-  EXPECT_EQ(government.Item(1).PeriodDueDate(), "202606  ");
-  EXPECT_EQ(government.Item(1).Filler1(), "        ");
-  EXPECT_EQ(government.Item(1).ContactName(), "Jane Doe                      ");
-  EXPECT_EQ(government.Item(1).ContactTitle(), "Clerk               ");
-  EXPECT_EQ(government.Item(1).Filler2(), "          ");
-  std::vector<std::string> slots;
-  for (const clsPC4FreeFormat& slot : free) slots.push_back(slot.FieldNum() + slot.FieldValue());
-  EXPECT_THAT(slots, ElementsAre("01000000000000000100", "02000000000000000200", "03000000000000000300",
-                                 "04000000000000000400", "05000000000000000000", "06000000000000000500",
-                                 "07000000000000000000", "08000000000000000000"));
 }
 
 TEST_F(QuebecSourceDeductionsRecords, AreMissingForANameOf31WhichIsReported) {
@@ -192,7 +120,8 @@ TEST_F(QuebecSourceDeductionsRecords, AreMissingForANameOf31WhichIsReported) {
             "\"frmQue_Rev_SourceDeduct.DoWrite\"\r\n");
 }
 
-TEST_F(QuebecSourceDeductionsRecords, AreIncompleteOnAFullDiskAndTheFileStaysOpenUntilTheFormUnloads) {
+TEST_F(QuebecSourceDeductionsRecords, AreIncompleteOnAFullDiskWhichIsReported) {
+  WriteToMemory();
   files->printsLeft = 2;
   // By the time of the report, somebody has made room.
   frontEnd.onMessage = [this](const BoxRequest& box) {
@@ -201,8 +130,6 @@ TEST_F(QuebecSourceDeductionsRecords, AreIncompleteOnAFullDiskAndTheFileStaysOpe
     files->printsLeft = 10;
     return MessageAnswer::Ok;
   };
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
   EXPECT_TRUE(EnterAndPressOk());
   EXPECT_EQ(openBehindOk, 1);
   EXPECT_EQ(files->openFiles, 0);
@@ -212,9 +139,8 @@ TEST_F(QuebecSourceDeductionsRecords, AreIncompleteOnAFullDiskAndTheFileStaysOpe
 }
 
 TEST_F(QuebecSourceDeductionsRecords, FailForTheHostWhereTheReportFailsToo) {
+  WriteToMemory();
   files->printsLeft = 0;
-  session.WriteFile(kTrue);
-  session.GovFilename("payment.pc4");
   EXPECT_EQ(ErrorOf([&] { EnterAndPressOk(); }), 61);
   EXPECT_EQ(TakeBoxes().size(), 1U);
 }
@@ -230,7 +156,7 @@ class QuebecSourceDeductions : public ScreenTest {
   std::shared_ptr<MemoryFiles> files = std::make_shared<MemoryFiles>();
 };
 
-TEST_F(QuebecSourceDeductions, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight) {
+TEST_F(QuebecSourceDeductions, FieldsFitTheirEntries) {
   const frmQue_Rev_SourceDeduct form;
   EXPECT_EQ(form.txtRemittancePeriod.MaxLength(), 6);
   EXPECT_EQ(form.txtRemittancePeriod.Designed().alignment, Alignment::Left);
@@ -242,8 +168,6 @@ TEST_F(QuebecSourceDeductions, FieldsAreAsLongAsTheirEntriesAndAmountsStandRight
   }
   EXPECT_TRUE(form.lblAmountPayable.Designed().bold);
   EXPECT_FALSE(form.txtAmountPayable.Designed().tabStop);
-  EXPECT_TRUE(form.cmdCancel.Designed().cancel);
-  EXPECT_FALSE(form.cmdOK.Designed().cancel);
 }
 
 TEST_F(QuebecSourceDeductions, OnlyEnterByItselfMovesOn) {
