@@ -123,7 +123,7 @@ class HeadingReader {
     const std::string& name = line.arguments[0];
     const std::vector<std::string> values(line.arguments.begin() + 1, line.arguments.end());
     if (screens_.empty())
-      Refuse(line, "\"name\" says what a name stands for on each of the file's \"screens\", which are missing");
+      Refuse(line, R"("name" says what a name stands for on each of the file's "screens", which are missing)");
     if (IsOfTheLanguage(name))
       Refuse(line, Quoted(name) + " has a meaning by itself; take another name");
     if (screens_.front().meanings.contains(name))
@@ -148,7 +148,7 @@ class HeadingReader {
 /// What is wrong with a name that stands for nothing on a screen.
 std::string ComplaintAboutName(std::string_view name, const FileScreen& screen) {
   if (screen.code.empty())
-    return Quoted(name) + " is the code of a screen, and a line such as \"screens 15 17\" that names them is missing";
+    return Quoted(name) + R"( is the code of a screen, and a line such as "screens 15 17" that names them is missing)";
   for (const ButtonName& button : kButtonNames)
     if (button.name == name)
       return "the screen " + Quoted(screen.code) + " has no button " + Quoted(button.caption) + " for " + Quoted(name);
