@@ -61,8 +61,7 @@ Date AddMonths(const Date& date, int months) {
     Raise(error_number::kInvalidProcedureCall);
   const auto year = static_cast<int>(total / kMonthsOfYear);
   const auto month = static_cast<int>(total % kMonthsOfYear + 1);
-  const auto length = static_cast<int>(RolledOver(year, month + 1, 1) - RolledOver(year, month, 1));
-  return {year, month, std::min(date.day, length)};
+  return {year, month, std::min(date.day, DaysOfMonth(year, month))};
 }
 
 Date AddYears(const Date& date, int years) {

@@ -4,6 +4,17 @@
 
 namespace fiscalon {
 
+constexpr bool IsLeapYear(int year) {
+  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+inline constexpr int kDaysOfCommonYear[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
+/// How many days a month, from 1 to 12, has.
+constexpr int DaysOfMonth(int year, int month) {
+  return kDaysOfCommonYear[month - 1] + (month == 2 && IsLeapYear(year) ? 1 : 0);
+}
+
 /// Dates have years from 100 to 9999; a result outside is error 5.
 
 /// The date of year, month and day. Months and days that do not exist roll over: month 0 is the December

@@ -22,6 +22,16 @@ int32_t PartsError(int year, int month, int day) {
   return ErrorOf([&] { DateFromParts(year, month, day); });
 }
 
+TEST(DaysOfMonth, CountsTheLeapDay) {
+  constexpr int kCommonYear[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  for (int month = 1; month <= 12; ++month) {
+    EXPECT_EQ(DaysOfMonth(2026, month), kCommonYear[month - 1]) << month;
+    EXPECT_EQ(DaysOfMonth(2028, month), month == 2 ? 29 : kCommonYear[month - 1]) << month;
+  }
+  EXPECT_EQ(DaysOfMonth(1900, 2), 28);
+  EXPECT_EQ(DaysOfMonth(2000, 2), 29);
+}
+
 TEST(DateFromParts, KeepsARealDate) {
   EXPECT_EQ(DateFromParts(2026, 6, 15), (Date{2026, 6, 15}));
 }
