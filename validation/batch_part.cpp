@@ -11,6 +11,7 @@
 #include "validation/judge_payment.h"
 #include "validation/payment_rows.h"
 #include "validation/record_block.h"
+#include "validation/rule_sets.h"
 
 namespace fiscalon {
 
@@ -21,14 +22,13 @@ constexpr size_t kSampleBytes = size_t{16} << 10;
 /// In how many places a sample may be found before it tells nothing.
 constexpr size_t kMostPlaces = 4096;
 
-/// Payments of one screen are about equally long, so lengths are told apart by screen.
-constexpr size_t kScreens = 3;
+/// Payments of one screen are about equally long, so lengths are told apart by screen: each that has rules, and all
+/// others.
+constexpr size_t kScreens = RuleSets().size() + 1;
 using PerScreen = std::array<double, kScreens>;
 
 size_t ScreenIndex(std::string_view screen) {
-  if (screen == "03")
-    return 0;
-  return screen == "20" ? 1 : 2;
+  return static_cast<size_t>(std::ranges::find(RuleSets(), RulesOf(screen)) - RuleSets().begin());
 }
 
 /// Reads rows one after the other, whatever is wrong with them.

@@ -1,13 +1,60 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <span>
 #include <string_view>
 
 #include "validation/expectation.h"
 
-/// The tests that a field's value must pass, each with the predicate of its message. A value is given with
-/// its blanks. A test allocates nothing while the value is good, and raises the run-time errors of the
-/// conversions that it makes.
+/// The tests that the values of fields must pass, and those that rules share. What one rule set alone asks for stands
+/// in its own source.
 namespace fiscalon {
+
+/// A test, with the predicate of its message. It is given a value with its blanks, allocates nothing while the value is
+/// good, and raises the run-time errors of the conversions that it makes.
+struct FieldTest {
+  bool (*passes)(std::string_view value, const Expectation& expected) = nullptr;
+  /// What is wrong, behind the field's label.
+  std::string_view predicate = {};
+  /// The same as a fault's code.
+  std::string_view code = {};
+  /// A value that it refuses: if there is one, a value that no other test of its fields has anything against.
+  std::string_view refused = {};
+};
+
+/// A look at the 18 characters of a value, as quick as can be. Gives the number that they write down, or any other but
+/// `kNoDigits`, where the value passes all tests of its field for sure.
+using QuickTest = uint64_t (*)(const char* value, const Expectation& expected);
+
+/// The tests of a field. What the quick test passes meets none of the others: change both.
+class FieldTests {
+ public:
+  /// A field without a quick test does not compile, nor a test without its routine, code or refused value.
+  // NOLINTNEXTLINE(google-explicit-constructor): a row of a table
+  consteval FieldTests(QuickTest quickTest, std::initializer_list<FieldTest> tests) : quick_(quickTest) {
+    if (quickTest == nullptr)
+      throw "a field has a quick test";
+    for (const FieldTest& test : tests) {
+      if (test.passes == nullptr || test.code.empty() || test.refused.empty())
+        throw "a test has a routine, a code and a value that it refuses";
+      tests_[count_++] = test;
+    }
+  }
+
+  constexpr QuickTest Quick() const { return quick_; }
+  /// From the top; the first that fails gives the field's only message.
+  constexpr std::span<const FieldTest> InOrder() const { return {tests_.data(), count_}; }
+
+ private:
+  static constexpr size_t kMost = 8;
+
+  QuickTest quick_;
+  std::array<FieldTest, kMost> tests_ = {};
+  size_t count_ = 0;
+};
 
 bool IsFilled(std::string_view value, const Expectation&);
 bool HasFullLength(std::string_view value, const Expectation&);
@@ -19,28 +66,20 @@ bool IsDateInRange(std::string_view value, const Expectation& expected);
 /// Error 6 for cents above 2,147,483,647.
 bool IsWholeDollars(std::string_view value, const Expectation&);
 bool IsAtLeastOne(std::string_view value, const Expectation&);
-bool IsRemittanceType(std::string_view value, const Expectation&);
 bool IsBlankOrZero(std::string_view value, const Expectation&);
 
-struct FieldTest {
-  bool (*passes)(std::string_view value, const Expectation& expected) = nullptr;
-  /// What is wrong, behind the field's label.
-  std::string_view predicate = {};
-  /// The same as a fault's code.
-  std::string_view code = {};
-};
-
-inline constexpr FieldTest kFilled{IsFilled, " cannot be blank", "blank"};
-inline constexpr FieldTest kFullLength{HasFullLength, " is invalid", "short"};
-inline constexpr FieldTest kNumeric{IsNumber, " is invalid", "not-a-number"};
-inline constexpr FieldTest kNotNegative{IsNotNegative, " cannot be less than 0", "negative"};
-inline constexpr FieldTest kDigits{HoldsDigits, " is invalid", "not-digits"};
-inline constexpr FieldTest kPayment{EqualsPayment, " is not equal to amount to be paid", "not-the-amount"};
-inline constexpr FieldTest kDate{IsDateInRange, " is invalid", "not-a-date"};
-inline constexpr FieldTest kWholeDollars{IsWholeDollars, " cannot have decimal value or invalid", "has-cents"};
-inline constexpr FieldTest kAtLeastOne{IsAtLeastOne, " is invalid", "below-one"};
-inline constexpr FieldTest kRemittanceType{IsRemittanceType, " is invalid", "not-a-type"};
+// clang-format off
+inline constexpr FieldTest kFilled       {IsFilled,       " cannot be blank",                        "blank",          " "};
+inline constexpr FieldTest kFullLength   {HasFullLength,  " is invalid",                             "short",          "00000000000012300"};
+inline constexpr FieldTest kNumeric      {IsNumber,       " is invalid",                             "not-a-number",   "999999999999999900"};
+inline constexpr FieldTest kNotNegative  {IsNotNegative,  " cannot be less than 0",                  "negative",       "-00000000000012300"};
+inline constexpr FieldTest kDigits       {HoldsDigits,    " is invalid",                             "not-digits",     "00000000000000001-"};
+inline constexpr FieldTest kPayment      {EqualsPayment,  " is not equal to amount to be paid",      "not-the-amount", "000000000000012346"};
+inline constexpr FieldTest kDate         {IsDateInRange,  " is invalid",                             "not-a-date",     "20260229"};
+inline constexpr FieldTest kWholeDollars {IsWholeDollars, " cannot have decimal value or invalid",   "has-cents",      "000000000000012345"};
+inline constexpr FieldTest kAtLeastOne   {IsAtLeastOne,   " is invalid",                             "below-one",      "000000000000000000"};
 /// For a number that the screen does not use: its label ends with a blank.
-inline constexpr FieldTest kUnused{IsBlankOrZero, "is not required", "not-required"};
+inline constexpr FieldTest kUnused       {IsBlankOrZero,  "is not required",                         "not-required",   "000000000000000001"};
+// clang-format on
 
 }  // namespace fiscalon

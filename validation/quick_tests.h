@@ -2,27 +2,17 @@
 
 #include <cstdint>
 
+#include "core/values/calendar.h"
 #include "validation/expectation.h"
 #include "validation/quick_digits.h"
 
-/// Quick tests. Each looks at a value of 18 characters and gives the number that it writes down, or any other but
-/// `kNoDigits`, where the value passes all tests of its row for sure. What a quick test does not recognise goes through
-/// the tests one by one.
+/// The quick tests (`QuickTest`) that rules share. What a quick test does not recognise goes through the tests of its
+/// field one by one.
 namespace fiscalon {
 
 /// The largest whole number that `Money` holds: more is no number in the sense of `IsNumeric`. A float holds
 /// every whole number up to it.
 inline constexpr uint64_t kLargestNumber = 922'337'203'685'477;
-
-inline constexpr int kDaysOfMonth[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-
-constexpr bool IsLeapYear(int year) {
-  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-}
-
-constexpr int DaysOf(int year, int month) {
-  return kDaysOfMonth[month - 1] + (month == 2 && IsLeapYear(year) ? 1 : 0);
-}
 
 inline uint64_t QuickPayment(const char* value, const Expectation& expected) {
   const uint64_t number = EighteenDigits(value);
@@ -38,7 +28,7 @@ inline uint64_t QuickDate(const char* value, const Expectation& expected) {
   const auto month = static_cast<int>(pairs >> 32 & 0xFF);
   const auto day = static_cast<int>(pairs >> 48);
   return year >= expected.day->firstYear && year <= expected.day->lastYear && month >= 1 && month <= 12 && day >= 1 &&
-                 (day <= 28 || day <= DaysOf(year, month))
+                 (day <= 28 || day <= DaysOfMonth(year, month))
              ? 0
              : kNoDigits;
 }
@@ -58,13 +48,6 @@ inline uint64_t QuickCount(const char* value, const Expectation&) {
     return eight != InAllEight('0') ? 0 : kNoDigits;
   const uint64_t number = EighteenDigits(value);
   return number >= 1 && number <= kLargestNumber ? number : kNoDigits;
-}
-
-inline uint64_t QuickRemittanceType(const char* value, const Expectation&) {
-  // Nothing but zeros before the last character.
-  constexpr uint64_t kOne = uint64_t{1} << 56;
-  const uint64_t type = LoadEight(value + 10) - InAllEight('0');
-  return BeginWithTenZeros(value) && type % kOne == 0 && type >= kOne && type <= 6 * kOne ? 0 : kNoDigits;
 }
 
 inline uint64_t QuickAmount(const char* value, const Expectation&) {

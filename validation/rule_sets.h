@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+#include <cassert>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,7 +14,7 @@
 #include "validation/field_tests.h"
 
 /// The rules of the screens whose payments also come in bulk, as tables, and the one routine that judges a
-/// payment's records by them.
+/// payment's records by them. docs/adding-a-rule.md goes through them.
 namespace fiscalon {
 
 inline constexpr int kNoAddend = -1;
@@ -19,10 +22,7 @@ inline constexpr int kNoAddend = -1;
 /// What holds for the field of one number.
 struct FieldRule {
   std::string_view number = {};
-  /// From the top; the first that fails gives the field's only message.
-  std::span<const FieldTest> tests = {};
-  /// All tests in one look at the value's 18 characters; see quick_tests.h.
-  uint64_t (*quickTest)(const char* value, const Expectation& expected) = nullptr;
+  FieldTests tests;
   /// Which of the addends of the payment's total the field is.
   int addend = kNoAddend;
   /// The biller for whom alone the field is looked at; empty for all billers.
@@ -32,7 +32,9 @@ struct FieldRule {
 enum class Periods { Ignored, Tested };
 enum class Total { Ignored, EqualsPayment };
 
-/// What holds for the records of one screen.
+struct TrialRecipe;
+
+/// What holds for the records of one screen. Made by `RulesWith` (quick_rules.h), which gives it its quick test.
 struct RuleSet {
   std::string_view screenCode = {};
   /// The validator's routine, for the logs.
@@ -44,21 +46,38 @@ struct RuleSet {
   Periods periods = Periods::Ignored;
   /// Whether the addends must make the amount to be paid.
   Total total = Total::Ignored;
-  /// The quick tests of all this, compiled for these very rules; null where there are none.
+  /// The quick tests of all this, compiled for these very rules.
   bool (*quickTest)(std::span<const std::string_view> records, const Expectation& expected) = nullptr;
+  /// How `fiscalon generate` makes payments of the screen, good ones and bad ones (trial_payments.h).
+  const TrialRecipe* trial = nullptr;
 };
 
 extern const RuleSet kAgencyRules;
 extern const RuleSet kQuebecRules;
 
+/// All rule sets, by their screens' codes. Who asks which screens' payments can be judged asks here.
+inline constexpr std::array kRuleSets = {&kAgencyRules, &kQuebecRules};
+
+constexpr std::span<const RuleSet* const> RuleSets() {
+  return kRuleSets;
+}
+
+inline constexpr size_t kScreenCodeLength = 2;
+
 /// The rules of a screen code; null for a screen whose payments are not judged.
 inline const RuleSet* RulesOf(std::string_view screenCode) {
-  if (screenCode.size() != 2)
+  // Asked for each payment of a batch: a length that is known here makes the comparison one of numbers.
+  if (screenCode.size() != kScreenCodeLength)
     return nullptr;
-  if (screenCode[0] == '0' && screenCode[1] == '3')
-    return &kAgencyRules;
-  return screenCode[0] == '2' && screenCode[1] == '0' ? &kQuebecRules : nullptr;
+  for (const RuleSet* const rules : RuleSets()) {
+    if (std::memcmp(rules->screenCode.data(), screenCode.data(), kScreenCodeLength) == 0)
+      return rules;
+  }
+  return nullptr;
 }
+
+/// The rule of a field's number; for a number that the screen does not use, that its field be blank or zero.
+const FieldRule& RuleOf(const RuleSet& rules, std::string_view number);
 
 /// What a screen without rules is told, and the code of that fault.
 inline constexpr std::string_view kUnsupportedScreen = "Invalid or not supported Screen Type";
@@ -74,11 +93,16 @@ bool JudgeRecords(const RuleSet& rules, std::span<const std::string_view> record
 std::vector<Fault> FaultsOfRecords(const RuleSet& rules, std::span<const std::string_view> records,
                                    const Expectation& expected);
 
+/// Whether records meet the rules, test by test, whatever the quick tests say.
+bool PassEveryTest(const RuleSet& rules, std::span<const std::string_view> records, const Expectation& expected);
+
 /// Whether records meet the rules by quick tests alone, as nearly all good ones do. False says nothing. `JudgeRecords`
 /// begins with it.
 inline bool PassesQuickly(const RuleSet& rules, std::span<const std::string_view> records,
                           const Expectation& expected) {
-  return rules.quickTest != nullptr && rules.quickTest(records, expected);
+  const bool passes = rules.quickTest(records, expected);
+  assert(!passes || PassEveryTest(rules, records, expected));
+  return passes;
 }
 
 }  // namespace fiscalon

@@ -13,11 +13,14 @@
 #include "core/records/record_composer.h"
 #include "tests/support/module_test.h"
 #include "tests/support/plain_validator.h"
+#include "tests/support/raises.h"
 #include "tests/support/random_payments.h"
 #include "tests/support/ruled_record.h"
 #include "tests/support/temporary_folder.h"
 #include "validation/batch_report.h"
 #include "validation/generate_batch.h"
+#include "validation/rule_sets.h"
+#include "validation/trial_payments.h"
 
 namespace fiscalon {
 namespace {
@@ -417,8 +420,8 @@ class GeneratedBatch : public ModuleTest {
 };
 
 TEST_F(GeneratedBatch, WhatWasPlantedIsFoundAndNothingElse) {
-  for (const char* screen : {"03", "20"}) {
-    const Made made = Make(screen, 5000, 0.1, 11);
+  for (const RuleSet* const rules : RuleSets()) {
+    const Made made = Make(std::string(rules->screenCode), 5000, 0.1, 11);
     const std::string planted = WithoutDefects(made.planted);
     EXPECT_GT(std::count(planted.begin(), planted.end(), '\n'), 400);
     EXPECT_EQ(Found(made.batch, 1), planted);
@@ -427,12 +430,13 @@ TEST_F(GeneratedBatch, WhatWasPlantedIsFoundAndNothingElse) {
 }
 
 TEST_F(GeneratedBatch, HasDefectsOfEveryKind) {
-  for (const char* screen : {"03", "20"}) {
+  for (const RuleSet* const rules : RuleSets()) {
+    const std::string screen(rules->screenCode);
     const Made made = Make(screen, 3000, 1, 12);
-    for (const std::string_view defect : DefectsOf(screen))
-      EXPECT_NE(made.planted.find("," + std::string(defect) + ","), std::string::npos) << screen << " " << defect;
+    for (const Defect& defect : rules->trial->defects)
+      EXPECT_NE(made.planted.find("," + std::string(defect.name) + ","), std::string::npos) << screen << defect.name;
   }
-  EXPECT_TRUE(DefectsOf("15").empty());
+  EXPECT_EQ(ErrorOf([] { Make("15", 1, 0, 1); }), 5);
 }
 
 TEST_F(GeneratedBatch, IsTheSameForTheSameSeed) {

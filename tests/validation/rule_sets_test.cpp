@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 
-#include "core/records/record_composer.h"
 #include "tests/support/bulk_payment.h"
 #include "tests/support/module_test.h"
 #include "validation/judge_payment.h"
@@ -278,25 +277,6 @@ TEST_F(Rules, OtherScreensHaveNone) {
   EXPECT_EQ(Check({.screen = "04"}), "Invalid or not supported Screen Type");
   EXPECT_EQ(RulesOf("04"), nullptr);
   EXPECT_EQ(RulesOf("20")->screenCode, "20");
-}
-
-/// Rules of a screen that has none so far: a filled field "01" and nothing else.
-const FieldTest kFilledOnly[] = {kFilled};
-const FieldRule kOneField[] = {{.number = "01", .tests = kFilledOnly}};
-const RuleSet kOtherRules = {.screenCode = "15", .noFieldsMessage = "No fields", .fields = kOneField};
-
-TEST(OtherRules, AreJudgedByTheirTestsAloneWhereTheyHaveNoQuickOnes) {
-  const JudgingDay day = JudgingDayOf({.year = 2026, .month = 6, .day = 15});
-  const Expectation expected = {.day = &day};
-  const auto judge = [&](std::string_view value) {
-    const std::string record = ComposeFreeFormat("0001", {{"01", std::string(value)}});
-    const std::string_view records[] = {record};
-    std::string reason;
-    EXPECT_FALSE(PassesQuickly(kOtherRules, records, expected));
-    return JudgeRecords(kOtherRules, records, expected, reason) ? "valid" : reason;
-  };
-  EXPECT_EQ(judge("anything"), "valid");
-  EXPECT_EQ(judge(""), "Field 01 Amount payable cannot be blank");
 }
 
 TEST(QuickTests, BelongToTheirRuleSets) {

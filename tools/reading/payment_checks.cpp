@@ -7,7 +7,7 @@
 #include "core/platform/code_page.h"
 #include "core/records/record_reader.h"
 #include "core/user_locale.h"
-#include "validation/quick_tests.h"
+#include "validation/quick_digits.h"
 
 namespace fiscalon {
 namespace {
@@ -35,10 +35,8 @@ void SayOf(const RuleSet& rules, std::string_view record, const JudgingDay& day,
 bool PassesQuickly(const RuleSet& rules, const FreeFormatSlotView& slot, const JudgingDay& day) {
   const char* const value = slot.fieldValue.data();
   const Expectation expected{.paymentCents = EighteenDigits(value), .day = &day};
-  for (const FieldRule& rule : rules.fields)
-    if (rule.number == slot.fieldNum)
-      return !rule.onlyForBiller.empty() || rule.quickTest(value, expected) != kNoDigits;
-  return QuickUnused(value, expected) != kNoDigits;
+  const FieldRule& rule = RuleOf(rules, slot.fieldNum);
+  return !rule.onlyForBiller.empty() || rule.tests.Quick()(value, expected) != kNoDigits;
 }
 
 }  // namespace
