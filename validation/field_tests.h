@@ -29,11 +29,10 @@ struct FieldTest {
 /// `kNoDigits`, where the value passes all tests of its field for sure.
 using QuickTest = uint64_t (*)(const char* value, const Expectation& expected);
 
-/// The tests of a field. What the quick test passes meets none of the others: change both.
+/// The tests of a field. What the quick test passes, every other one passes: change both.
 class FieldTests {
  public:
   /// A field without a quick test does not compile, nor a test without its routine, code or refused value.
-  // NOLINTNEXTLINE(google-explicit-constructor): a row of a table
   consteval FieldTests(QuickTest quickTest, std::initializer_list<FieldTest> tests) : quick_(quickTest) {
     if (quickTest == nullptr)
       throw "a field has a quick test";

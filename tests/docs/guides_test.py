@@ -10,7 +10,7 @@ import unittest
 from pathlib import Path
 
 TREE = Path(__file__).resolve().parents[2]
-GUIDES = [TREE / "docs/adding-a-screen.md", TREE / "docs/architecture.md"]
+GUIDES = [TREE / "docs/adding-a-rule.md", TREE / "docs/adding-a-screen.md", TREE / "docs/architecture.md"]
 SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "tools", "include", "tests/support")
 FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 # A path has a folder or an ending that the tree uses; <...> and * stand for names that the reader chooses.

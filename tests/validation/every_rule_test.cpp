@@ -94,7 +94,7 @@ TEST(RuleSets, AreFoundByTheirScreens) {
     EXPECT_EQ(RulesOf(rules->screenCode), rules);
     screens.insert(rules->screenCode);
   }
-  EXPECT_EQ(screens, (std::set<std::string_view>{"03", "20"}));
+  EXPECT_EQ(screens.size(), RuleSets().size());
   for (const char* other : {"", "0", "04", "003", "033", "30", "02"}) EXPECT_EQ(RulesOf(other), nullptr) << other;
 }
 

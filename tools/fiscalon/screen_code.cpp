@@ -1,6 +1,7 @@
 #include "tools/fiscalon/screen_code.h"
 
 #include "tools/fiscalon/files/program_end.h"
+#include "validation/rule_sets.h"
 
 namespace fiscalon {
 
@@ -19,6 +20,22 @@ const LaunchRow& ScreenWithForm(const std::string& code) {
   if (row.make == nullptr)
     throw CommandError("this version does not have the form of screen \"" + code + "\" yet");
   return row;
+}
+
+std::vector<std::string> JudgedScreens() {
+  std::vector<std::string> codes;
+  for (const RuleSet* const rules : RuleSets()) codes.emplace_back(rules->screenCode);
+  return codes;
+}
+
+std::string JudgedScreensInWords() {
+  std::string words;
+  for (const RuleSet* const rules : RuleSets()) {
+    if (!words.empty())
+      words += rules == RuleSets().back() ? " or " : ", ";
+    words += rules->screenCode;
+  }
+  return words;
 }
 
 }  // namespace fiscalon

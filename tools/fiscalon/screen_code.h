@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/launch.h"
 
@@ -11,5 +12,10 @@ const LaunchRow& ScreenOf(const std::string& code);
 
 /// The same. A `CommandError` where this version does not have the form yet.
 const LaunchRow& ScreenWithForm(const std::string& code);
+
+/// The codes of the screens whose payments can be judged.
+std::vector<std::string> JudgedScreens();
+/// The same for people: "03 or 20".
+std::string JudgedScreensInWords();
 
 }  // namespace fiscalon

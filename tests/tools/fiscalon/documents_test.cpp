@@ -33,6 +33,14 @@ class Documents : public CommandLine {
     return options;
   }
 
+  std::set<std::string> JudgedScreens() const {
+    std::set<std::string> codes;
+    std::istringstream listed(Run("fiscalon screens --judged | awk 'NR > 1 { print $1 }'").out);
+    for (std::string code; listed >> code;) codes.insert(code);
+    EXPECT_THAT(codes, testing::Contains("20"));
+    return codes;
+  }
+
   std::string ManPage(const std::string& name) const {
     return Run("sed 's/\\\\-/-/g' '" + std::string(kMan) + name + ".1'").out;
   }
@@ -52,6 +60,17 @@ TEST_F(Documents, ManPagesOfCommandsNameTheirOptions) {
     const std::set<std::string> options = OptionsOf(command);
     EXPECT_THAT(options, testing::Contains("--help")) << command;
     for (const std::string& option : options) EXPECT_THAT(page, HasSubstr(option)) << command;
+  }
+}
+
+TEST_F(Documents, HelpAndManPagesNameTheScreensThatAreJudged) {
+  for (const std::string command : {"validate", "generate"}) {
+    const std::string help = Run("fiscalon " + command + " --help | tr -s ' \\n' ' '").out;
+    const size_t from = help.find("screen: ");
+    ASSERT_NE(from, std::string::npos) << command;
+    const std::string named = help.substr(from, help.find(" --", from) - from);
+    for (const std::string& code : JudgedScreens()) EXPECT_THAT(named, HasSubstr(code)) << command;
+    EXPECT_THAT(ManPage("fiscalon-" + command), HasSubstr(named)) << command;
   }
 }
 
@@ -131,6 +150,11 @@ TEST_P(Completion, OffersWhatAnOptionTakes) {
   EXPECT_EQ(Offered("fiscalon play --toolkit q"), (std::set<std::string>{"qt"}));
   EXPECT_EQ(Offered("fiscalon show --screen 2"), (std::set<std::string>{"20", "25", "26", "27", "28"}));
   EXPECT_EQ(Offered("fiscalon collect 15 --write-file ''"), (std::set<std::string>{"False", "True"}));
+}
+
+TEST_P(Completion, OffersScreensThatAreJudgedWhereNoOthersGo) {
+  for (const char* command : {"validate", "generate"})
+    EXPECT_EQ(Offered(std::string("fiscalon ") + command + " --screen ''"), JudgedScreens()) << command;
 }
 
 TEST_P(Completion, OffersScreensWithAForm) {

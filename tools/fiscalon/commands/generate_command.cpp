@@ -10,6 +10,7 @@
 #include "core/module_state.h"
 #include "tools/fiscalon/files/whole_file.h"
 #include "tools/fiscalon/option_names.h"
+#include "tools/fiscalon/screen_code.h"
 #include "validation/generate_batch.h"
 
 namespace fiscalon {
@@ -116,10 +117,10 @@ void AddGenerateCommand(CLI::App& app, Context& context) {
       ->type_name("N")
       ->required()
       ->check(WholeNumber);
-  command->add_option("--screen", plan->screen, "Their screen")
+  command->add_option("--screen", plan->screen, "Their screen: " + JudgedScreensInWords())
       ->type_name("CODE")
       ->required()
-      ->check(OneOf({"03", "20"}));
+      ->check(OneOf(JudgedScreens()));
   command->add_option("--bad", plan->badRate, "Which share of them is bad, from 0 to 1; without it none")
       ->type_name("RATE")
       ->check(Share);

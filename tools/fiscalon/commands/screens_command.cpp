@@ -2,8 +2,10 @@
 
 #include <iomanip>
 #include <iostream>
+#include <memory>
 
 #include "core/launch.h"
+#include "validation/rule_sets.h"
 
 namespace fiscalon {
 namespace {
@@ -11,10 +13,11 @@ namespace {
 constexpr const char* kExamples = R"(Examples:
   fiscalon screens
   fiscalon screens | grep Quebec
+  fiscalon screens --judged
 
 A form that is not "here" is not part of this version; showing its screen is an error.)";
 
-void PrintScreens(const Context& context) {
+void PrintScreens(const Context& context, bool judged) {
   size_t formWidth = 0;
   for (const LaunchRow& row : LaunchTable()) formWidth = std::max(formWidth, row.form.size());
   const auto line = [&](std::string_view code, std::string_view form, std::string_view here,
@@ -26,7 +29,8 @@ void PrintScreens(const Context& context) {
   };
   std::cout << context.paint.Heading(line("Code", "Form", "Here", "Collects")) << '\n';
   for (const LaunchRow& row : LaunchTable())
-    std::cout << line(row.code, row.form, row.make == nullptr ? "no" : "yes", row.collects) << '\n';
+    if (!judged || RulesOf(row.code) != nullptr)
+      std::cout << line(row.code, row.form, row.make == nullptr ? "no" : "yes", row.collects) << '\n';
 }
 
 }  // namespace
@@ -34,7 +38,9 @@ void PrintScreens(const Context& context) {
 void AddScreensCommand(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("screens", "List the screen codes, their forms and what each collects");
   command->footer(kExamples);
-  command->callback([&context] { PrintScreens(context); });
+  const auto judged = std::make_shared<bool>(false);
+  command->add_flag("--judged", *judged, "Only those whose payments \"validate\" judges");
+  command->callback([judged, &context] { PrintScreens(context, *judged); });
 }
 
 }  // namespace fiscalon

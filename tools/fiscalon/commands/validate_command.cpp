@@ -149,7 +149,8 @@ void AddValidateCommand(CLI::App& app, Context& context) {
   const auto options = std::make_shared<ValidateOptions>();
   BatchOptions* const batch = &options->batch;
   command->add_option("FILE", options->file, "The records of one payment; - is standard input")->check(NameGiven);
-  command->add_option("--screen", options->screen, "The payment's screen: 03 or 20")->type_name("CODE");
+  command->add_option("--screen", options->screen, "The payment's screen: " + JudgedScreensInWords())
+      ->type_name("CODE");
   command->add_option("--amount", options->amount, "The payment's amount in cents")->type_name("CENTS");
   command->add_option("--biller", options->biller, "The payment's biller, such as 001052")->type_name("CODE");
   const auto file = [&](const char* option, std::string& name, const char* text) {

@@ -27,6 +27,13 @@ TEST_F(ScreensCommand, ListsAllCodesInOrder) {
             "01 02 03 04 05 06 07 08 10 11 14 15 16 17 18 19 20 25 26 27 28 ");
 }
 
+TEST_F(ScreensCommand, ListsThoseWhosePaymentsAreJudged) {
+  const Outcome seen = Run("fiscalon screens --judged");
+  EXPECT_EQ(seen.status, 0);
+  EXPECT_THAT(seen.out, StartsWith("Code  Form                      "));
+  EXPECT_EQ(Run("fiscalon screens --judged | cut -c 1-2 | tail -n +2").out, "03\n20\n");
+}
+
 // What is called here must be a screen that can be shown, and what is not must be an error that names the form.
 TEST_F(ScreensCommand, TellsWhichFormsThisVersionHas) {
   const std::string listed = Run("fiscalon screens | tail -n +2 | awk '{ print $1, $2, $3 }'").out;
