@@ -62,15 +62,21 @@ class Outcome : public BatchListener {
 
 class BatchParts : public ModuleTest {
  protected:
-  static BatchStretches Cut(const Batch& batch, const BatchPart& part, BatchListener& listener) {
-    const auto payments = ByteSource::Of(batch.payments, "batch.csv");
-    const auto records = ByteSource::Of(batch.records, "batch.pc4");
-    return CutPart(*payments, *records, part, listener);
-  }
+  /// A part of a batch, with the files that it is cut from.
+  struct Cut {
+    Cut(const Batch& batch, const BatchPart& part, BatchListener& listener)
+        : payments(ByteSource::Of(batch.payments, "batch.csv")),
+          records(ByteSource::Of(batch.records, "batch.pc4")),
+          stretches(CutPart(*payments, *records, part, listener)) {}
+
+    const std::unique_ptr<ByteSource> payments;
+    const std::unique_ptr<ByteSource> records;
+    const BatchStretches stretches;
+  };
 
   static void Judge(const Batch& batch, const BatchPart& part, Outcome& outcome) {
-    const BatchStretches stretches = Cut(batch, part, outcome);
-    ValidateBatch(*stretches.payments, *stretches.records, 1, outcome);
+    const Cut cut(batch, part, outcome);
+    ValidateBatch(*cut.stretches.payments, *cut.stretches.records, 1, outcome);
   }
 
   static Outcome Whole(const Batch& batch) {
@@ -222,11 +228,11 @@ TEST_F(BatchParts, AreAboutEquallyLong) {
   std::string rows;
   for (uint64_t part = 1; part <= kParts; ++part) {
     Outcome outcome;
-    const BatchStretches stretches = Cut(batch, {part, kParts}, outcome);
-    EXPECT_NEAR(static_cast<double>(stretches.records->Peek(0).size()),
+    const Cut cut(batch, {part, kParts}, outcome);
+    EXPECT_NEAR(static_cast<double>(cut.stretches.records->Peek(0).size()),
                 static_cast<double>(batch.records.size()) / kParts, kSlack);
-    records += stretches.records->Peek(0);
-    rows += stretches.payments->Peek(0);
+    records += cut.stretches.records->Peek(0);
+    rows += cut.stretches.payments->Peek(0);
   }
   EXPECT_TRUE(records == batch.records);
   EXPECT_TRUE(rows == batch.payments);
