@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "core/launch.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "core/session.h"
 
 /// The properties that launches set on forms, for the rows of a launch table.

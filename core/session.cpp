@@ -6,7 +6,7 @@
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/platform/runtime_error.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "core/value_routines.h"
 #include "core/values/integers.h"
 

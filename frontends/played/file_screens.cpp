@@ -6,7 +6,7 @@
 
 #include "core/forms/button.h"
 #include "core/launch.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "frontends/played/argument_kinds.h"
 #include "frontends/played/nearest_word.h"
 #include "frontends/played/scenario_grammar.h"

@@ -6,7 +6,7 @@
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
 #include "core/platform/utf8_path.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "core/values/text.h"
 #include "frontends/played/scenario_run.h"
 

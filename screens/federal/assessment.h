@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/forms/control_array.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "screens/parts/help_button.h"
 #include "screens/parts/moving_on.h"
 #include "screens/parts/payment_head.h"

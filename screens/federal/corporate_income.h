@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "screens/parts/date_entry.h"
 #include "screens/parts/entered_text.h"
 #include "screens/parts/help_button.h"

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "screens/federal/gst34_line.h"
 #include "screens/parts/date_entry.h"
 #include "screens/parts/help_button.h"

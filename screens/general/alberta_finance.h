@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "screens/parts/date_entry.h"
 #include "screens/parts/enter_as_tab.h"
 #include "screens/parts/moving_on.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "screens/parts/enter_as_tab.h"
 #include "screens/parts/key_filter.h"
 #include "screens/parts/moving_on.h"

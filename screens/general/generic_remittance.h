@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/forms/control_array.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "screens/parts/date_entry.h"
 #include "screens/parts/help_button.h"
 #include "screens/parts/payment_head.h"

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/forms/list_control.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "core/values/money.h"
 #include "screens/parts/date_entry.h"
 #include "screens/parts/help_button.h"

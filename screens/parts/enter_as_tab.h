@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/screen_contract.h"
+#include "core/screen.h"
 
 namespace fiscalon {
 

@@ -6,7 +6,7 @@
 #include "core/forms/label.h"
 #include "core/forms/layout.h"
 #include "core/forms/text_field.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 
 /// What stands above the entries of a screen: the payment that the host has set. A form has its head as a member in
 /// its table of controls; the controls keep the names that they have on the form.

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "core/screen_contract.h"
+#include "core/screen.h"
 
 namespace fiscalon {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "screens/parts/account_number.h"
 #include "screens/parts/amount_entry.h"
 #include "screens/parts/calculated_total.h"

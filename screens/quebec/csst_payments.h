@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "screens/parts/calculated_total.h"
 #include "screens/parts/digits_entry.h"
 #include "screens/parts/enter_as_tab.h"

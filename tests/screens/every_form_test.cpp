@@ -10,7 +10,7 @@
 #include "core/forms/button.h"
 #include "core/forms/layout.h"
 #include "core/launch.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 
 namespace fiscalon {
 namespace {

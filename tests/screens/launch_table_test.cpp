@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/launch.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "core/session.h"
 #include "tests/support/module_test.h"
 

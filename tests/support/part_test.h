@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/screen_contract.h"
+#include "core/screen.h"
 #include "tests/support/module_test.h"
 #include "tests/support/raises.h"
 #include "tests/support/test_form.h"

@@ -3,7 +3,7 @@
 #include "core/forms/button.h"
 #include "core/forms/label.h"
 #include "core/forms/list_control.h"
-#include "core/screen_contract.h"
+#include "core/screen.h"
 
 namespace fiscalon {
 

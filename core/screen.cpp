@@ -1,4 +1,4 @@
-#include "core/screen_contract.h"
+#include "core/screen.h"
 
 #include "core/module_state.h"
 

@@ -1,4 +1,4 @@
-#include "core/screen_contract.h"
+#include "core/screen.h"
 
 #include <gmock/gmock.h>
 
