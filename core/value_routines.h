@@ -7,8 +7,8 @@
 #include "core/boolean.h"
 #include "core/email_address.h"
 #include "core/platform/date.h"
+#include "core/quebec_source_deductions.h"
 #include "core/records/field_values.h"
-#include "core/remittance_period.h"
 #include "core/user_locale.h"
 
 /// The module `modLevyra`: the free routines that screens and the validator share for texts, amounts and

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/remittance_period.h"
+#include "core/quebec_source_deductions.h"
 #include "core/value_routines.h"
 
 namespace fiscalon {

@@ -1,7 +1,7 @@
 #include "validation/payment_total.h"
 
 #include "core/module_state.h"
-#include "core/remittance_period.h"
+#include "core/quebec_source_deductions.h"
 #include "core/resume_next.h"
 #include "core/user_locale.h"
 #include "core/values/leading_number.h"

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "core/logging.h"
+#include "core/quebec_source_deductions.h"
 #include "core/records/field_names.h"
 #include "core/records/record_reader.h"
-#include "core/remittance_period.h"
 #include "core/resume_next.h"
 #include "core/values/text.h"
 #include "validation/payment_total.h"

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/logging.h"
-#include "core/remittance_period.h"
+#include "core/quebec_source_deductions.h"
 #include "core/resume_next.h"
 #include "screens/parts/moving_on.h"
 #include "screens/parts/refusal.h"

@@ -1,8 +1,8 @@
 #include "tests/support/plain_validator.h"
 
 #include "core/logging.h"
+#include "core/quebec_source_deductions.h"
 #include "core/records/record_reader.h"
-#include "core/remittance_period.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"

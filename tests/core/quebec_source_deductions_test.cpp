@@ -1,4 +1,4 @@
-#include "core/remittance_period.h"
+#include "core/quebec_source_deductions.h"
 
 #include <gtest/gtest.h>
 
