@@ -60,7 +60,7 @@ class ToggleButton : public AnyButton {
   bool Value() const;
   void Value(bool value);
 
-  std::string DefaultValue() const override { return Value() ? "1" : "0"; }
+  std::string ValueInComparisons() const override { return Value() ? "1" : "0"; }
 
   void Reset(PassKey<fiscalon::Form> key) override;
   bool IsClickedBy(PassKey<UserActs> /*key*/, int keyCode) const override { return keyCode == key::kSpace; }

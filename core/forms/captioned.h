@@ -17,7 +17,7 @@ class Captioned : public Control {
   /// The caption as it reads, without the mark of an access key.
   virtual std::string PlainCaption() const { return Caption(); }
 
-  std::string DefaultValue() const override { return Caption(); }
+  std::string ValueInComparisons() const override { return Caption(); }
 
   void Reset(PassKey<fiscalon::Form> key) override;
 

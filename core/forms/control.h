@@ -60,7 +60,7 @@ class Control {
   virtual int AccessKey() const { return 0; }
 
   /// What the control holds, as a comparison with a text sees it: a field's text, a button's caption.
-  virtual std::string DefaultValue() const { return {}; }
+  virtual std::string ValueInComparisons() const { return {}; }
 
   // What the form, the focus and the user do to a control: only they can.
 

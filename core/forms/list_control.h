@@ -39,7 +39,7 @@ class ListControl : public Control {
   /// The text of the selected row, empty where none is.
   std::string Text() const { return List(ListIndex()); }
 
-  std::string DefaultValue() const override { return Text(); }
+  std::string ValueInComparisons() const override { return Text(); }
 
   void Reset(PassKey<fiscalon::Form> key) override;
   void FocusCame(PassKey<Focus> /*key*/, FocusBy /*by*/) override { typed_.clear(); }

@@ -46,7 +46,7 @@ class TextField : public Control {
   void Select(Selection selection);
   void SelectAll();
 
-  std::string DefaultValue() const override { return Text(); }
+  std::string ValueInComparisons() const override { return Text(); }
 
   void Reset(PassKey<fiscalon::Form> key) override;
   void FocusCame(PassKey<Focus> key, FocusBy by) override;

@@ -77,7 +77,7 @@ std::string ScriptedUser::FocusName() {
 
 std::string ScriptedUser::Text(Control& control) {
   const auto* captioned = dynamic_cast<const Captioned*>(&control);
-  return captioned != nullptr ? captioned->Caption() : control.DefaultValue();
+  return captioned != nullptr ? captioned->Caption() : control.ValueInComparisons();
 }
 
 std::string ScriptedUser::SelectedText(Control& control) {

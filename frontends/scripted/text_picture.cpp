@@ -70,7 +70,7 @@ std::string DrawControl(const Control& control) {
       return "[" + Padded(ToUtf8(static_cast<const DropDownList&>(control).Text()), 30) + "\u25BC]";
     default:
       // Labels have no access key: what a host names "Smith & Sons" is read so.
-      return ToUtf8(control.DefaultValue());
+      return ToUtf8(control.ValueInComparisons());
   }
 }
 

@@ -61,7 +61,7 @@ bool AmountEntry::IsOutOfRange(double amount) const {
 AmountCheck AmountEntry::Check() {
   // This compares what the active control holds, not its name, so it is practically never met.
   const Control* const active = Owner().ActiveControl();
-  if (active != nullptr && active->DefaultValue() == "cmdCancel")
+  if (active != nullptr && active->ValueInComparisons() == "cmdCancel")
     return AmountCheck::Skipped;
   const double amount = Amount();
   if (IsOutOfRange(amount) && !FocusIsOn(rule_.cancel)) {

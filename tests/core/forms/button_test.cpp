@@ -171,7 +171,7 @@ TEST(Frame, HidesAndDisablesWhatLiesInIt) {
   });
 }
 
-TEST(DefaultValue, IsWhatAComparisonWithATextSees) {
+TEST(ValueInComparisons, IsWhatAComparisonWithATextSees) {
   class ValuesForm : public TestForm {
    public:
     Label lbl{*this, "lbl", {.caption = "Label"}};
@@ -184,13 +184,13 @@ TEST(DefaultValue, IsWhatAComparisonWithATextSees) {
   form.chk.Value(true);
   form.txt.Text("typed");
   form.cmb.AddItem("row");
-  EXPECT_EQ(form.lbl.DefaultValue(), "Label");
-  EXPECT_EQ(form.cmd.DefaultValue(), "Cancel");
-  EXPECT_EQ(form.chk.DefaultValue(), "1");
-  EXPECT_EQ(form.txt.DefaultValue(), "typed");
-  EXPECT_EQ(form.cmb.DefaultValue(), "");
+  EXPECT_EQ(form.lbl.ValueInComparisons(), "Label");
+  EXPECT_EQ(form.cmd.ValueInComparisons(), "Cancel");
+  EXPECT_EQ(form.chk.ValueInComparisons(), "1");
+  EXPECT_EQ(form.txt.ValueInComparisons(), "typed");
+  EXPECT_EQ(form.cmb.ValueInComparisons(), "");
   form.cmb.ListIndex(0);
-  EXPECT_EQ(form.cmb.DefaultValue(), "row");
+  EXPECT_EQ(form.cmb.ValueInComparisons(), "row");
 }
 
 }  // namespace
