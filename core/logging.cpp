@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "core/messages.h"
 #include "core/module_state.h"
 #include "core/resume_next.h"
 #include "core/values/format.h"

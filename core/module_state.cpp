@@ -1,6 +1,5 @@
 #include "core/module_state.h"
 
-#include "core/forms/form.h"
 #include "core/platform/runtime_error.h"
 
 namespace fiscalon {
@@ -15,18 +14,6 @@ Toolkit& TheToolkit() {
     return *toolkit;
   throw RuntimeError(error_number::kObjectNotSet,
                      "No forms toolkit is installed. Call UseToolkit before a screen or a message box is shown.");
-}
-
-MessageAnswer ShowMessage(const BoxRequest& box) {
-  Toolkit& toolkit = TheToolkit();
-  for (const auto& [name, form] : TheModule().forms)
-    if (form->IsUp())
-      form->UserWasTold();
-  return toolkit.ShowMessage(box);
-}
-
-MessageAnswer ShowMessage(std::string_view text, MessageStyle style) {
-  return ShowMessage({.text = std::string(text), .style = style});
 }
 
 void QueryDecimalSeparator() {

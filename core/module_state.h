@@ -49,11 +49,6 @@ ModuleState& TheModule();
 /// The installed front end. Error 91 where a host has installed none, with the remedy in the description.
 Toolkit& TheToolkit();
 
-/// Shows a message box and returns its answer. Forms that are up know by it that their user was told something.
-MessageAnswer ShowMessage(const BoxRequest& box);
-/// The same for a box without a title.
-MessageAnswer ShowMessage(std::string_view text, MessageStyle style);
-
 /// Asks the user's locale for its decimal separator and keeps it, as every construction of a `Levyra` does.
 void QueryDecimalSeparator();
 

@@ -1,7 +1,7 @@
 #include "core/quebec_source_deductions.h"
 
 #include "core/logging.h"
-#include "core/module_state.h"
+#include "core/messages.h"
 #include "core/platform/runtime_error.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/messages.h"
 #include "core/module_state.h"
 #include "core/platform/runtime_error.h"
 #include "core/values/calendar.h"

@@ -1,7 +1,7 @@
 #include "screens/general/donation.h"
 
 #include "core/email_address.h"
-#include "core/module_state.h"
+#include "core/messages.h"
 #include "core/provinces.h"
 #include "core/values/text.h"
 

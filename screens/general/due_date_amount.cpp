@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/messages.h"
 #include "core/resume_next.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/forms/keys.h"
-#include "core/module_state.h"
+#include "core/messages.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"

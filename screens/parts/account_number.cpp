@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/forms/keys.h"
+#include "core/messages.h"
 #include "core/resume_next.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"

@@ -1,5 +1,6 @@
 #include "screens/parts/period_pair.h"
 
+#include "core/messages.h"
 #include "core/resume_next.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/forms/form.h"
-#include "core/module_state.h"
+#include "core/messages.h"
 
 namespace fiscalon {
 

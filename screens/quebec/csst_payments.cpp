@@ -1,5 +1,6 @@
 #include "screens/quebec/csst_payments.h"
 
+#include "core/messages.h"
 #include "core/resume_next.h"
 #include "core/value_routines.h"
 #include "core/values/leading_number.h"

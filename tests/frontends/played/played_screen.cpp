@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/launch_properties.h"
+#include "core/messages.h"
 #include "core/module_state.h"
 #include "core/platform/runtime_error.h"
 #include "core/values/format.h"

@@ -1,9 +1,10 @@
-#include "core/module_state.h"
+#include "core/messages.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
+#include "core/module_state.h"
 #include "tests/support/test_form.h"
 
 namespace fiscalon {
