@@ -15,6 +15,37 @@
 namespace fiscalon {
 namespace {
 
+/// A screen code with its launch routine and its form.
+struct Launched {
+  std::string_view code = {};
+  std::string_view routine = {};
+  std::string_view form = {};
+};
+
+constexpr Launched kLaunched[] = {
+    {"01", "ShowAssessmentForm", "Assessment"},
+    {"02", "ShowCorpIncomeForm", "GOVCORPINCOME"},
+    {"03", "ShowSourceDeductionForm", "GOVSOURCEDEDUCTION"},
+    {"04", "ShowIndividualForm", "GOVINDIDUAL"},
+    {"05", "ShowGST34Form", "GOVGST34"},
+    {"06", "ShowGST58Form", "GOVGST58"},
+    {"07", "ShowGenericForm", "GENERICFORM"},
+    {"08", "ShowInvPaymentsForm", "InvoicePayments"},
+    {"10", "ShowPaymentFrom", "frmDonation"},
+    {"11", "ShowInvPaymentsForm", "InvoicePayments"},
+    {"14", "ShowAlbertaRevenueForm", "frmAlbertaRevenue"},
+    {"15", "ShowDueDateAmountForm", "frmDueDateAmount"},
+    {"16", "ShowQue_Rev_QSTForm", "frmQue_Rev_QST"},
+    {"17", "ShowInstalmentForm", "frmInstalments"},
+    {"18", "ShowQue_Rev_QSTGSTReturnForm", "frmQue_Rev_QSTGSTComb"},
+    {"19", "ShowQue_Rev_QSTGSTInstForm", "frmQue_Rev_QSTGSTInst"},
+    {"20", "ShowQue_Rev_SourceDeductForm", "frmQue_Rev_SourceDeduct"},
+    {"25", "ShowQue_Rev_CSST_Payments", "frmQue_Rev_CSST_Payments"},
+    {"26", "ShowQue_Rev_CSST_Payments", "frmQue_Rev_CSST_Payments"},
+    {"27", "ShowQue_Rev_CSST_Payments", "frmQue_Rev_CSST_Payments"},
+    {"28", "ShowQue_Rev_GSTForm", "frmQue_Rev_GST"},
+};
+
 /// A form's controls by their tab indexes; those that have none come last, as "-".
 struct TabOrder {
   std::string_view code = {};
@@ -69,6 +100,26 @@ const std::vector<TabOrder> kTabOrders = {
             "10 txtPensionPlanRebate", "11 cmdOK", "12 cmdCancel", "25 txtAmountPayable"}, "cmdCancel"},
 };
 // clang-format on
+
+TEST(Launch, FindsEveryScreenCodeWithItsRoutineAndForm) {
+  for (const Launched& expected : kLaunched) {
+    const LaunchRow* const row = FindLaunchRow(expected.code);
+    ASSERT_NE(row, nullptr) << expected.code;
+    EXPECT_EQ(row->routine, expected.routine) << expected.code;
+    EXPECT_EQ(row->form, expected.form) << expected.code;
+    EXPECT_NE(row->collects, "") << expected.code;
+  }
+}
+
+TEST(Launch, KnowsNoOtherCode) {
+  EXPECT_EQ(LaunchTable().size(), std::size(kLaunched));
+  for (const std::string_view code : {"", "1", "015", "15 ", " 15", "1\0005", "AA"})
+    EXPECT_EQ(FindLaunchRow(code), nullptr);
+  int valid = 0;
+  for (char tens = '0'; tens <= '9'; ++tens)
+    for (char units = '0'; units <= '9'; ++units) valid += FindLaunchRow(std::string{tens, units}) != nullptr ? 1 : 0;
+  EXPECT_EQ(static_cast<size_t>(valid), std::size(kLaunched));
+}
 
 TEST(TabOrder, IsThatOfTheTabIndexesOnEveryForm) {
   for (const TabOrder& expected : kTabOrders) {
