@@ -151,7 +151,7 @@ class BatchRun {
       if (!portion.rows.NextQuickly(row) && !TakeRow(portion, i, row))
         continue;
       if (i == portion.records.PaymentCount() || !portion.records.IsSequence(i, row.seq)) {
-        Part(portion, i, row.seq);
+        NoteParting(portion, i, row.seq);
         return;
       }
       const PaymentFigures figures{row.screen, row.biller, row.cents};
@@ -165,7 +165,7 @@ class BatchRun {
     }
     portion.judged = portion.rowCount;
     if (portion.rowCount < portion.records.PaymentCount())
-      Part(portion, portion.rowCount, {});
+      NoteParting(portion, portion.rowCount, {});
   }
 
   /// Reads any row, and notes what is wrong with it. False where not even its payment is known.
@@ -178,7 +178,7 @@ class BatchRun {
   }
 
   /// The payment of a row, and that of the records at the same place, are not the same one.
-  void Part(Portion& portion, size_t payment, std::string_view seq) const {
+  void NoteParting(Portion& portion, size_t payment, std::string_view seq) const {
     portion.judged = payment;
     if (payment == portion.records.PaymentCount()) {
       portion.partingRow = {payment, "payment " + Quoted(seq) + " has no records"};

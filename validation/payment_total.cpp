@@ -13,7 +13,7 @@ void PaymentTotal::Keep(int addend, std::string_view value) {
   texts_[static_cast<size_t>(addend)] = NumberText(LeadingNumber(value) / 100);
 }
 
-bool PaymentTotal::Makes(const Expectation& expected, std::string& total) const {
+bool PaymentTotal::Equals(const Expectation& expected, std::string& total) const {
   const auto& [a, b, c, d, e] = texts_;
   total.clear();
   if (expected.logging != Logging::None)

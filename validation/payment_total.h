@@ -21,7 +21,7 @@ class PaymentTotal {
   /// Whether the total, written by "0.00" under the user's locale and read back with "." as its point, is the
   /// amount to be paid, both as `Money`. `total` becomes what was written: empty where it is beyond `Money`. Error 6
   /// where the amount to be paid is.
-  bool Makes(const Expectation& expected, std::string& total) const;
+  bool Equals(const Expectation& expected, std::string& total) const;
 
  private:
   /// Dollars, with "." as the point.
@@ -34,7 +34,7 @@ class QuickTotal {
   void Keep(int addend, uint64_t cents) { cents_[static_cast<size_t>(addend)] = cents; }
 
   /// Whether the total makes the amount to be paid for sure. False says nothing.
-  bool Makes(const Expectation& expected) const {
+  bool Equals(const Expectation& expected) const {
     uint64_t total = 0;
     for (const uint64_t cents : cents_) total += cents;
     return total == expected.paymentCents && total <= kLargestExact && IsReadBackAsWritten();

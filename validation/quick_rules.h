@@ -112,7 +112,7 @@ bool RecordsPassQuickly(std::span<const std::string_view> records, const Expecta
     }
   }
   return fields > 0 && (kPeriods == Periods::Ignored || periods > 0) &&
-         (kTotal == Total::Ignored || total.Makes(expected));
+         (kTotal == Total::Ignored || total.Equals(expected));
 }
 
 /// What a rule set has beside its fields.

@@ -44,7 +44,7 @@ class Judgement {
       Fail(kNoPeriod);
     if (JudgeAll<RecordKind::FreeFormat>(records) == 0)
       Fail({kNoFieldsCode, rules_.noFieldsMessage});
-    else if (rules_.total == Total::EqualsPayment && !total_.Makes(expected_, totalText_))
+    else if (rules_.total == Total::EqualsPayment && !total_.Equals(expected_, totalText_))
       Fail(kOtherTotal, totalText_);
     return valid_;
   }
