@@ -12,7 +12,7 @@
 #include "core/launch.h"
 #include "core/screen.h"
 
-namespace fiscalon {
+namespace fiscalon::every_form_test {
 namespace {
 
 /// A screen code with its launch routine and its form.
@@ -177,4 +177,4 @@ TEST(Layouts, TellWhereEachControlOfEveryFormStands) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::every_form_test

@@ -7,7 +7,7 @@
 #include "core/session.h"
 #include "tests/support/module_test.h"
 
-namespace fiscalon {
+namespace fiscalon::launch_table_test {
 namespace {
 
 using LaunchTableTest = ModuleTest;
@@ -96,4 +96,4 @@ TEST_F(LaunchTableTest, OneScreenAloneIsSetUpBeforeItIsShown) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::launch_table_test

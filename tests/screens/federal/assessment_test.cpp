@@ -6,7 +6,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::assessment_test {
 namespace {
 
 using testing::ElementsAre;
@@ -26,7 +26,7 @@ constexpr const char* kAskClass = "Please enter classification number.";
 constexpr const char* kBadClass = "Invalid classification number.";
 
 /// April to June 2026, one pair.
-void FillIn(Assessment& form, UserDriver& user) {
+void EnterOnePair(Assessment& form, UserDriver& user) {
   user.PressMouse(form.WCBperiodfrommm);
   Type(user, "04062026");
   Type(user, "1234567\r12345\r");
@@ -55,7 +55,7 @@ class AssessmentPayment : public PaymentTest<Assessment> {
   AssessmentPayment() : PaymentTest("12345") {}
 
   std::string Code() const override { return "01"; }
-  void FillIn(Assessment& form, UserDriver& user) const override { fiscalon::FillIn(form, user); }
+  void FillIn(Assessment& form, UserDriver& user) const override { EnterOnePair(form, user); }
   Button& OkButton(Assessment& form) const override { return form.Command3D6; }
 
   std::span<const Row> Rows() const override {
@@ -281,7 +281,7 @@ class AssessmentRandomly : public RandomActsTest<Assessment> {
 
   void Begin(Assessment& form, UserDriver& user, RandomUser& random) override {
     if (random.Below(2) == 0)
-      FillIn(form, user);
+      EnterOnePair(form, user);
   }
 
   void ExpectRecordsOf(const std::string& seqNumber, const RandomPayment& /*payment*/) override {
@@ -313,4 +313,4 @@ TEST_F(AssessmentRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::assessment_test

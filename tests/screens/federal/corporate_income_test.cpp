@@ -6,7 +6,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::corporate_income_test {
 namespace {
 
 using testing::ElementsAre;
@@ -347,4 +347,4 @@ TEST_F(CorporateIncomeRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::corporate_income_test

@@ -5,7 +5,7 @@
 #include "tests/screens/federal/gst34_entries.h"
 #include "tests/support/raises.h"
 
-namespace fiscalon {
+namespace fiscalon::gst34_line_test {
 namespace {
 
 class Gst34Lines : public ScreenTest {
@@ -205,4 +205,4 @@ TEST_F(Gst34Lines, KeyInSuchANetTaxFailsTheForm) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::gst34_line_test

@@ -7,7 +7,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::gst34_records_test {
 namespace {
 
 using testing::ElementsAre;
@@ -133,4 +133,4 @@ TEST_F(Gst34Randomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::gst34_records_test

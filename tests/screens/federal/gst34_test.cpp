@@ -3,7 +3,7 @@
 #include "tests/screens/federal/gst34_entries.h"
 #include "tests/support/raises.h"
 
-namespace fiscalon {
+namespace fiscalon::gst34_test {
 namespace {
 
 constexpr const char* kAskStart = "Please enter the date for the start of the period.";
@@ -338,4 +338,4 @@ TEST_F(Gst34, BalanceBeyondMoneyCountsAsNone) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::gst34_test

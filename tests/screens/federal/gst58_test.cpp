@@ -10,7 +10,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::gst58_test {
 namespace {
 
 using testing::ElementsAre;
@@ -53,7 +53,7 @@ void SetEnd(GOVGST58& form, std::string_view text) {
 }
 
 // 50.00 + 20.00 + 30.45 + 13.00 + 10.00 = 123.45
-void FillIn(GOVGST58& form, UserDriver& user) {
+void EnterEachCategory(GOVGST58& form, UserDriver& user) {
   user.PressMouse(form.PeriodStartDate);
   Type(user, "20260401");
   Type(user, "20260630");
@@ -93,7 +93,7 @@ class Gst58Payment : public PaymentTest<GOVGST58> {
   Gst58Payment() : PaymentTest("12345") { yesOrNo = MessageAnswer::No; }
 
   std::string Code() const override { return "06"; }
-  void FillIn(GOVGST58& form, UserDriver& user) const override { fiscalon::FillIn(form, user); }
+  void FillIn(GOVGST58& form, UserDriver& user) const override { EnterEachCategory(form, user); }
   Button& OkButton(GOVGST58& form) const override { return form.Command3D6; }
 
   std::span<const Row> Rows() const override {
@@ -292,7 +292,7 @@ TEST_F(Gst58, FullDatesKeepTheFocusWhereTheNextFieldIsDisabled) {
 TEST_F(Gst58, OkCancelAndClosingLeaveTheFlagOfTheSession) {
   TheModule().showGst58 = true;
   EXPECT_TRUE(Show<GOVGST58>("06", [](GOVGST58& form, UserDriver& user) {
-    FillIn(form, user);
+    EnterEachCategory(form, user);
     user.Click(form.Command3D6);
   }));
   EXPECT_TRUE(session.ShowGST58());
@@ -358,4 +358,4 @@ TEST_F(Gst58Randomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::gst58_test

@@ -6,7 +6,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::individual_tax_test {
 namespace {
 
 using testing::ElementsAre;
@@ -163,4 +163,4 @@ TEST_F(IndividualTaxRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::individual_tax_test

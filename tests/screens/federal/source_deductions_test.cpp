@@ -6,7 +6,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::source_deductions_test {
 namespace {
 
 using testing::ElementsAre;
@@ -182,4 +182,4 @@ TEST_F(SourceDeductionsRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::source_deductions_test

@@ -6,7 +6,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::alberta_finance_test {
 namespace {
 
 using testing::AnyOf;
@@ -172,4 +172,4 @@ TEST_F(AlbertaFinanceRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::alberta_finance_test

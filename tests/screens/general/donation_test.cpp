@@ -9,7 +9,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::donation_test {
 namespace {
 
 using testing::ElementsAre;
@@ -293,4 +293,4 @@ TEST_F(DonationRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::donation_test

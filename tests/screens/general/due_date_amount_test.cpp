@@ -8,7 +8,7 @@
 #include "tests/support/ruled_record.h"
 #include "tests/support/temporary_folder.h"
 
-namespace fiscalon {
+namespace fiscalon::due_date_amount_test {
 namespace {
 
 constexpr const char* kPeriodMessage =
@@ -168,4 +168,4 @@ TEST_F(DueDateAmountRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::due_date_amount_test

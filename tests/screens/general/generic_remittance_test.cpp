@@ -10,7 +10,7 @@
 #include "tests/support/ruled_record.h"
 #include "tests/support/temporary_folder.h"
 
-namespace fiscalon {
+namespace fiscalon::generic_remittance_test {
 namespace {
 
 using testing::ElementsAre;
@@ -448,4 +448,4 @@ TEST_F(GenericRemittanceRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::generic_remittance_test

@@ -6,7 +6,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::instalments_test {
 namespace {
 
 constexpr const char* kMatch = "The Instalment Amount must match the Amount to be paid.";
@@ -194,4 +194,4 @@ TEST_F(InstalmentsRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::instalments_test

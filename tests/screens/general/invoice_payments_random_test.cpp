@@ -6,7 +6,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/temporary_folder.h"
 
-namespace fiscalon {
+namespace fiscalon::invoice_payments_random_test {
 namespace {
 
 constexpr size_t kEntryWidth = 45;
@@ -77,4 +77,4 @@ TEST_F(InvoicePaymentsRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::invoice_payments_random_test

@@ -6,7 +6,7 @@
 #include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
 
-namespace fiscalon {
+namespace fiscalon::invoice_payments_statement_rows_test {
 namespace {
 
 /// The process's current folder for the time of a test.
@@ -128,4 +128,4 @@ TEST_F(InvoicePaymentsStatementRows, AreNotWrittenByOk) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::invoice_payments_statement_rows_test

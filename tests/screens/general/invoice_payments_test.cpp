@@ -6,7 +6,7 @@
 #include "tests/support/payment_test.h"
 #include "tests/support/temporary_folder.h"
 
-namespace fiscalon {
+namespace fiscalon::invoice_payments_test {
 namespace {
 
 constexpr const char* kTitle = "Invoice Payments Details";
@@ -406,4 +406,4 @@ TEST_F(InvoicePaymentsForm, ChoosingLeavesADisabledDateAlone) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::invoice_payments_test

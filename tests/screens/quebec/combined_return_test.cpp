@@ -2,7 +2,7 @@
 
 #include "tests/screens/quebec/return_test.h"
 
-namespace fiscalon {
+namespace fiscalon::combined_return_test {
 namespace {
 
 using testing::ElementsAre;
@@ -240,4 +240,4 @@ TEST_F(CombinedReturnRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::combined_return_test

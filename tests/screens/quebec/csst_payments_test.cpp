@@ -10,7 +10,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::csst_payments_test {
 namespace {
 
 using testing::ElementsAre;
@@ -415,4 +415,4 @@ TEST_F(CsstPaymentsRandomly, NoActsLeadToACrashOrABadRecordOf27) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::csst_payments_test

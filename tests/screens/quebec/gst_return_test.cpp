@@ -2,7 +2,7 @@
 
 #include "tests/screens/quebec/return_test.h"
 
-namespace fiscalon {
+namespace fiscalon::gst_return_test {
 namespace {
 
 using testing::ElementsAre;
@@ -214,4 +214,4 @@ TEST_F(GstReturnRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::gst_return_test

@@ -7,7 +7,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::qst_gst_instalment_test {
 namespace {
 
 using testing::ElementsAre;
@@ -214,4 +214,4 @@ TEST_F(QstGstInstalmentRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qst_gst_instalment_test

@@ -2,7 +2,7 @@
 
 #include "tests/screens/quebec/return_test.h"
 
-namespace fiscalon {
+namespace fiscalon::qst_return_test {
 namespace {
 
 using testing::ElementsAre;
@@ -230,4 +230,4 @@ TEST_F(QstReturnRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qst_return_test

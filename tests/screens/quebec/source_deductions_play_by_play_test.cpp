@@ -3,7 +3,7 @@
 #include "tests/screens/quebec/source_deductions_entries.h"
 #include "tests/support/memory_files.h"
 
-namespace fiscalon {
+namespace fiscalon::quebec_source_deductions_play_by_play_test {
 namespace {
 
 using testing::ElementsAre;
@@ -187,4 +187,4 @@ TEST_F(QuebecSourceDeductionsPlayByPlay, IsSilentWhenItIsOff) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::quebec_source_deductions_play_by_play_test

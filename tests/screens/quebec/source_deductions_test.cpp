@@ -9,7 +9,7 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 
-namespace fiscalon {
+namespace fiscalon::quebec_source_deductions_test {
 namespace {
 
 using testing::ElementsAre;
@@ -309,4 +309,4 @@ TEST_F(QuebecSourceDeductionsRandomly, NoActsLeadToACrashOrABadRecord) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::quebec_source_deductions_test
