@@ -13,7 +13,7 @@ namespace {
 constexpr int kNameCharacters = 16;
 constexpr int kCodeCharacters = 7;
 constexpr int kAmountCharacters = 12;
-const QString kDateOfHosts = QStringLiteral("MMddyyyy");
+constexpr QStringView kDateOfHosts = u"MMddyyyy";
 
 /// Two fields stand side by side, each behind its label: the columns of the labels.
 constexpr int kLeft = 0;

@@ -22,8 +22,8 @@ class ProgramStart {
  private:
   std::vector<std::string> texts_;
   std::vector<char*> arguments_;
-  /// How the terminal showed texts before.
-  unsigned terminalBefore_ = 0;
+  /// How the terminal showed texts before, where programs change it.
+  [[maybe_unused]] unsigned terminalBefore_ = 0;
 };
 
 }  // namespace fiscalon

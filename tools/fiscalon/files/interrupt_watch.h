@@ -27,7 +27,7 @@ class InterruptWatch {
   InterruptWatch& operator=(const InterruptWatch&) = delete;
 
   /// Where the bytes of a mapped file lie. At most two files can be watched.
-  void Mapped(std::string file, std::string_view bytes);
+  void Mapped(std::string_view file, std::string_view bytes);
 
  private:
   void Begin();

@@ -28,7 +28,7 @@ std::array<std::array<char, 4096>, 8> fleetingFiles = {};
 
 /// The mapped files and their names, for the same reason.
 struct MappedInput {
-  std::string file = {};
+  std::array<char, 4096> file = {};
   std::string_view bytes = {};
 };
 std::array<MappedInput, 2> mappedInputs = {};
@@ -69,7 +69,7 @@ void EndForShrunkenFile(int, siginfo_t* fault, void*) {
   Say("fiscalon: ");
   for (const MappedInput& input : mappedInputs) {
     if (Holds(input.bytes, fault->si_addr))
-      Say(input.file);
+      Say(input.file.data());
   }
   Say(": the file became shorter while it was read\n");
   ::_exit(static_cast<int>(ExitStatus::Unusable));
@@ -164,9 +164,10 @@ void InterruptWatch::End() {
   mappedInputs = {};
 }
 
-void InterruptWatch::Mapped(std::string file, std::string_view bytes) {
+void InterruptWatch::Mapped(std::string_view file, std::string_view bytes) {
   MappedInput& place = mappedInputs[mappedInputs[0].bytes.empty() ? 0 : 1];
-  place = {std::move(file), bytes};
+  place = {.bytes = bytes};
+  std::copy_n(file.begin(), std::min(file.size(), place.file.size() - 1), place.file.begin());
 }
 
 void FleetingFile::Become(std::string path) noexcept {

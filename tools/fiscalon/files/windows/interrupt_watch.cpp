@@ -53,7 +53,7 @@ void InterruptWatch::End() {
 }
 
 /// The system lets no mapped file shrink.
-void InterruptWatch::Mapped(std::string /*file*/, std::string_view /*bytes*/) {}
+void InterruptWatch::Mapped(std::string_view /*file*/, std::string_view /*bytes*/) {}
 
 void FleetingFile::Become(std::string path) noexcept {
   path_ = std::move(path);
