@@ -13,6 +13,8 @@ namespace {
 
 constexpr size_t kFields = 4;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+/// Far more than four fields take. What is longer is no row, and is not taken into memory as one.
+constexpr size_t kLongestRow = size_t{64} << 10;
 /// The largest amount that `Money` holds.
 constexpr int64_t kLargestAmount = 92'233'720'368'547'758;
 
@@ -77,6 +79,27 @@ bool IsHeader(std::string_view line) {
   return unquoted == kPaymentsHeader;
 }
 
+/// How the first line of a list must look, or what stands in its place: what other programs make of a list when they
+/// save it, told by the first bytes. Empty where it is the header.
+std::string WrongWithStart(std::string_view start) {
+  constexpr std::string_view kUtf16[] = {"\xFF\xFE", "\xFE\xFF"};
+  const std::string header(kPaymentsHeader);
+  if (start.starts_with(kByteOrderMark))
+    return "a byte-order mark; save the list without it";
+  if (start.starts_with(kUtf16[0]) || start.starts_with(kUtf16[1]) || start.substr(0, 2).find('\0') != start.npos)
+    return "the list is in UTF-16; save it in UTF-8";
+  const std::string_view line = WithoutEnd(start.substr(0, std::min(start.find('\n'), start.size() - 1) + 1));
+  if (const size_t end = line.find('\r'); end != line.npos && IsHeader(line.substr(0, end)))
+    return "the lines end with CR alone; save the list with LF or CR LF";
+  for (const auto& [separator, name] : {std::pair{';', "semicolons"}, std::pair{'\t', "tabs"}}) {
+    std::string commas(line.substr(0, 2 * header.size()));
+    std::replace(commas.begin(), commas.end(), separator, ',');
+    if (commas != line && IsHeader(commas))
+      return std::string("its fields are separated by ") + name + "; save the list with commas";
+  }
+  return line.size() <= 2 * header.size() && IsHeader(line) ? "" : "the first line is not " + header;
+}
+
 /// How many line ends there are in so many characters, at most 255. Written so that compilers make it a few
 /// wide instructions.
 constexpr size_t kChunk = 128;
@@ -138,6 +161,8 @@ std::string RowReader::Next(PaymentRow& row) {
   rest_.remove_prefix(length);
   if (line.empty())
     return "an empty row";
+  if (line.size() > kLongestRow)
+    return "a row of " + std::to_string(line.size()) + " characters";
   if (line.find('\0') != line.npos)
     return "a NUL byte";
   std::vector<std::string> fields;
@@ -151,23 +176,22 @@ std::string RowReader::Next(PaymentRow& row) {
 }
 
 void RowFeed::TakeHeader() {
+  // A header in quotes, and room to see what stands in its place.
+  constexpr size_t kStart = 256;
+  if (const std::string problem = WrongWithStart(source_.Peek(kStart).substr(0, kStart)); !problem.empty())
+    throw BatchError({BatchProblem{source_.Name(), 1, problem}});
   std::string storage;
   size_t count = 1;
-  const std::string_view bytes = Take(count, storage);
-  const std::string_view header = WithoutEnd(bytes.substr(0, bytes.find('\n')));
-  if (header.starts_with(kByteOrderMark))
-    throw BatchError({BatchProblem{source_.Name(), 1, "a byte-order mark; save the list without it"}});
-  if (!IsHeader(header))
-    throw BatchError({BatchProblem{source_.Name(), 1, "the first line is not " + std::string(kPaymentsHeader)}});
+  Take(count, storage);
 }
 
 std::string_view RowFeed::Take(size_t& count, std::string& storage) {
   constexpr size_t kBytesPerRow = 32;
-  constexpr size_t kLongestStretch = size_t{64} << 20;
+  constexpr size_t kLongestStretch = size_t{16} << 20;
   const size_t wantedRows = count;
   for (size_t wanted = (count + 1) * kBytesPerRow;; wanted *= 2) {
     if (wanted > kLongestStretch)
-      throw BatchError({BatchProblem{source_.Name(), line_, "the row never ends"}});
+      throw BatchError({BatchProblem{source_.Name(), line_, "the row is too long, or never ends"}});
     std::string_view bytes = source_.Peek(wanted);
     const bool isWhole = bytes.size() < wanted;
     count = wantedRows;

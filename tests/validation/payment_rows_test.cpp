@@ -149,7 +149,7 @@ TEST(RowFeed, NamesARowThatNeverEnds) {
     feed.Take(count, storage);
     ADD_FAILURE() << "a row of " << storage.size() << " characters";
   } catch (const BatchError& error) {
-    EXPECT_STREQ(error.what(), "batch.csv:3: the row never ends");
+    EXPECT_STREQ(error.what(), "batch.csv:3: the row is too long, or never ends");
   }
 }
 
@@ -170,6 +170,16 @@ TEST(RowFeed, RefusesAnotherHeader) {
   EXPECT_EQ(error(""), "batch.csv:1: the first line is not seq,screen,biller,amount");
   EXPECT_EQ(error("\xEF\xBB\xBFseq,screen,biller,amount\n"),
             "batch.csv:1: a byte-order mark; save the list without it");
+  EXPECT_EQ(error("seq;screen;biller;amount\n0001;03;;1\n"),
+            "batch.csv:1: its fields are separated by semicolons; save the list with commas");
+  EXPECT_EQ(error("seq\tscreen\tbiller\tamount\r\n"),
+            "batch.csv:1: its fields are separated by tabs; save the list with commas");
+  EXPECT_EQ(error("seq,screen,biller,amount\r0001,03,,1\r"),
+            "batch.csv:1: the lines end with CR alone; save the list with LF or CR LF");
+  for (const std::string_view utf16 : {std::string_view("\xFF\xFEs\0e\0", 6), std::string_view("\xFE\xFF\0s\0e", 6),
+                                       std::string_view("s\0e\0q\0", 6), std::string_view("\0s\0e\0q", 6)})
+    EXPECT_EQ(error(std::string(utf16)), "batch.csv:1: the list is in UTF-16; save it in UTF-8");
+  EXPECT_EQ(error(std::string(1'000'000, ',')), "batch.csv:1: the first line is not seq,screen,biller,amount");
 }
 
 }  // namespace

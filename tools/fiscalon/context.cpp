@@ -6,6 +6,7 @@
 
 #include "core/module_state.h"
 #include "tools/fiscalon/files/terminal.h"
+#include "tools/reading/visible_text.h"
 
 namespace fiscalon {
 namespace {
@@ -39,7 +40,7 @@ bool ColourIsWanted() {
 
 void Complain(std::string_view line) {
   std::cout.flush();
-  std::cerr << line << '\n';
+  std::cerr << VisibleUtf8(line) << '\n';
 }
 
 }  // namespace fiscalon

@@ -1,5 +1,4 @@
 #include <cerrno>
-#include <cstring>
 #include <iostream>
 #include <new>
 
@@ -102,12 +101,16 @@ std::vector<std::string> OptionsOf(CLI::App& app) {
 
 /// What is wrong with a command line, with the word that it is about.
 std::string ComplaintAbout(CLI::App& app, const CLI::ParseError& error) {
+  const std::string said = error.what();
+  const std::string option = said.substr(0, said.find(": "));
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch))
+    return option + (said.find("received") == said.npos ? " needs a value behind it" : " is given more than once");
   const std::vector<std::string> unknown = app.remaining(true);
   // Errors bear the name of the command, so their codes tell them apart.
   const auto is = [&](CLI::ExitCodes code) { return error.get_exit_code() == static_cast<int>(code); };
   const bool wantsCommand = app.get_subcommands().empty() && is(CLI::ExitCodes::RequiredError);
   if (unknown.empty() || (!wantsCommand && !is(CLI::ExitCodes::ExtrasError)))
-    return error.what();
+    return said;
   const std::string& word = unknown.front();
   if (word.starts_with("-"))
     return "there is no option \"" + word + "\"" + DidYouMean(word, OptionsOf(app));
@@ -157,7 +160,7 @@ ExitStatus RunAtAll(int argc, char** argv) {
     if (IsInterrupted())
       std::cerr << "fiscalon: interrupted\n";
     else if (error.number != EPIPE)
-      std::cerr << "fiscalon: standard output can't be written: " << std::strerror(error.number) << '\n';
+      std::cerr << "fiscalon: " << TextOf(error) << '\n';
   } catch (const std::bad_alloc&) {
     std::cerr << "fiscalon: there is not enough memory\n";
   }

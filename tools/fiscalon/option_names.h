@@ -1,7 +1,11 @@
 #pragma once
 
+#include <charconv>
 #include <filesystem>
+#include <limits>
+#include <optional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "tools/fiscalon/nearest.h"
@@ -21,6 +25,46 @@ inline std::string NameStemGiven(const std::string& name) {
     return "a name is needed behind the folder \"" + name + "\"";
   return NameGiven(name);
 }
+
+/// The number that a whole text is. CLI11 by itself takes "-1" for the largest whole number there is, and "nan" for a
+/// number in any range.
+template <typename Number>
+std::optional<Number> NumberIn(const std::string& text) {
+  Number number = {};
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  return error == std::errc{} && stop == end ? std::optional(number) : std::nullopt;
+}
+
+/// Of options that take a number out of a range, both ends included.
+template <typename Number>
+class NumberFrom {
+ public:
+  explicit NumberFrom(Number least, Number most = std::numeric_limits<Number>::max()) : least_(least), most_(most) {}
+
+  std::string operator()(const std::string& text) const {
+    const std::optional<Number> number = NumberIn<Number>(text);
+    // What is no number at all is neither less nor more.
+    if (number && *number >= least_ && *number <= most_)
+      return {};
+    std::string complaint =
+        "\"" + text + "\" is no " + (std::is_integral_v<Number> ? "whole number" : "number") + " from " + Shown(least_);
+    if (most_ < std::numeric_limits<Number>::max())
+      complaint += " to " + Shown(most_);
+    else if (number == std::nullopt && !text.empty() && text.find_first_not_of("0123456789") == text.npos)
+      complaint += " that there is room for";
+    return complaint;
+  }
+
+ private:
+  static std::string Shown(Number number) {
+    char text[32];
+    return {text, std::to_chars(text, text + sizeof text, number).ptr};
+  }
+
+  Number least_;
+  Number most_;
+};
 
 /// Of options that take one of a few words.
 class OneOf {

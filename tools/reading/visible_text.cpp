@@ -28,6 +28,16 @@ std::string VisibleCharacter(char character) {
   return IsControlCharacter(character) ? "\uFFFD" : ToUtf8(std::string_view(&character, 1));
 }
 
+/// How many bytes the character of UTF-8 at the start takes; 0 where there is none.
+size_t LengthOfCharacter(std::string_view utf8) {
+  const auto lead = static_cast<unsigned char>(utf8.front());
+  const size_t length = lead < 0x80 ? 1 : lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+  if (length > utf8.size())
+    return 0;
+  const std::string_view rest = utf8.substr(1, std::max<size_t>(length, 1) - 1);
+  return std::all_of(rest.begin(), rest.end(), [](char byte) { return (byte & 0xC0) == 0x80; }) ? length : 0;
+}
+
 }  // namespace
 
 bool IsControlCharacter(char character) {
@@ -57,6 +67,24 @@ void AppendVisible(std::string& out, std::string_view text) {
 std::string VisibleText(std::string_view text) {
   std::string visible;
   AppendVisible(visible, text);
+  return visible;
+}
+
+std::string VisibleUtf8(std::string_view utf8) {
+  std::string visible;
+  while (!utf8.empty()) {
+    const size_t length = LengthOfCharacter(utf8);
+    const auto code = static_cast<unsigned char>(utf8.front());
+    // Terminals take U+0080 to U+009F for commands too.
+    const bool isCommand = length == 2 && code == 0xC2 && static_cast<unsigned char>(utf8[1]) < 0xA0;
+    if (length == 0 || isCommand)
+      visible += "\uFFFD";
+    else if (length == 1 && code != '\n')
+      visible += VisibleCharacter(utf8.front());
+    else
+      visible += utf8.substr(0, length);
+    utf8.remove_prefix(std::max<size_t>(length, 1));
+  }
   return visible;
 }
 

@@ -10,6 +10,10 @@ namespace fiscalon {
 /// Control characters become their pictures, such as "␀"; everything else stands as it is.
 std::string VisibleText(std::string_view text);
 
+/// The same of a text that is UTF-8 or was meant to be, such as the name of a file, which may hold any bytes: none of
+/// them drives a terminal. Line ends stand as they are.
+std::string VisibleUtf8(std::string_view utf8);
+
 void AppendVisible(std::string& out, std::string_view text);
 
 /// In quotes, the blanks at either end as "·". It takes two columns more than the text.

@@ -142,5 +142,29 @@ TEST_F(Program, SaysWhereMemoryDoesNotDo) {
   EXPECT_EQ(Run(poor + "play huge").err, "huge:0: the file can't be read: it is too large for the memory there is\n");
 }
 
+TEST_F(Program, SaysInItsOwnWordsWhatIsWrongWithAnOption) {
+  EXPECT_THAT(Run("fiscalon validate --jobs 1 --jobs 2").err, StartsWith("fiscalon: --jobs is given more than once\n"));
+  EXPECT_THAT(Run("fiscalon validate --jobs").err, StartsWith("fiscalon: --jobs needs a value behind it\n"));
+  EXPECT_THAT(Run("fiscalon validate --jobs 257").err, HasSubstr("\"257\" is no whole number from 1 to 256\n"));
+  EXPECT_THAT(Run("fiscalon generate --screen 03 --payments 0").err, HasSubstr("\"0\" is no whole number from 1\n"));
+  EXPECT_THAT(Run("fiscalon generate --screen 03 --payments 1 --seed 18446744073709551616").err,
+              HasSubstr("\"18446744073709551616\" is no whole number from 0 that there is room for\n"));
+  EXPECT_THAT(Run("fiscalon generate --screen 03 --payments 1 --bad nan").err,
+              HasSubstr("\"nan\" is no number from 0 to 1\n"));
+}
+
+TEST_F(Program, SendsNoCommandsToTheTerminalInNames) {
+  // Escape, a bell, the one-character form of "Escape [", a byte that is no UTF-8; and a name in letters, which stays.
+  EXPECT_THAT(Run("fiscalon show \"$(printf 'a\\033[31mb\\007c\\302\\233d\\377\\303\\251')\"").err,
+              StartsWith("fiscalon: a\u241B[31mb\u2407c\uFFFDd\uFFFD\u00E9 can't be read"));
+}
+
+TEST_F(Program, TakesNoEndlessScenario) {
+  const Outcome seen = Run("ulimit -v 1000000; timeout 60 '" FISCALON_PROGRAM "' play /dev/zero");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_THAT(seen.err, HasSubstr("/dev/zero"));
+  EXPECT_THAT(seen.err, HasSubstr("it holds more than 64 MiB"));
+}
+
 }  // namespace
 }  // namespace fiscalon

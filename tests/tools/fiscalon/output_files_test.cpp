@@ -109,6 +109,72 @@ TEST_F(OutputFiles, GoToAPipeAsTheyCome) {
   EXPECT_TRUE(std::filesystem::is_fifo(Path("pipe")));
 }
 
+TEST_F(OutputFiles, GoToThePipeOfADescriptor) {
+  EXPECT_EQ(Run(std::string("exec bash -c \"") + "'" FISCALON_PROGRAM
+                                                 "' validate --payments trial.csv --records trial.pc4 --report >(gzip "
+                                                 ">report.gz); wait \\$!\"")
+                .err,
+            "");
+  EXPECT_THAT(Run("gunzip -c report.gz").out, StartsWith("seq,screen,valid,reason\n"));
+  const Outcome seen = Run(std::string("{ ") + kValidate + "/dev/stderr 2>&1 >/dev/null; } | cat");
+  EXPECT_THAT(seen.out, StartsWith("seq,screen,valid,reason\n"));
+  EXPECT_THAT(Run(std::string("{ ") + kValidate + "/dev/fd/7 7>&1 >/dev/null; } | cat").out,
+              StartsWith("seq,screen,valid,reason\n"));
+}
+
+TEST_F(OutputFiles, AreNotTwoOfOneNameWhateverTheName) {
+  const std::string both = std::string(kValidate) + "- --faults ";
+  // What is printed and what is written would take one another's place.
+  EXPECT_EQ(Run(both + "out >out").err,
+            "fiscalon: --report and --faults name one file\n"
+            "Run \"fiscalon validate --help\" for its options.\n");
+  EXPECT_EQ(Run(both + "/dev/stdout | cat").out, "");
+  EXPECT_EQ(Run(both + "/dev/fd/7 7>&1 | cat").out, "");
+  EXPECT_EQ(Run(both + "/dev/null >/dev/null").status, 0);
+  std::filesystem::create_symlink("list.pc4", Path("list.csv"));
+  const Outcome made = Run("fiscalon generate --payments 3 --screen 03 --out list --force");
+  EXPECT_EQ(made.status, 2);
+  EXPECT_EQ(made.err, "fiscalon: list.csv and list.pc4 are one file\n");
+  EXPECT_TRUE(std::filesystem::is_symlink(Path("list.csv")));
+}
+
+TEST_F(OutputFiles, StandWhereNobodyTakesTheSummary) {
+  for (const char* nobody : {">&-", ">/dev/full", "| true"}) {
+    const Outcome seen = Run(std::string("{ ") + kValidate + "report.csv; echo $? >status; } " + nobody);
+    EXPECT_EQ(Read("status"), "0\n") << nobody;
+    EXPECT_THAT(Read("report.csv"), StartsWith("seq,"));
+    std::filesystem::remove(Path("report.csv"));
+  }
+}
+
+TEST_F(OutputFiles, NameTheFolderThatTakesNoFile) {
+  if (!std::filesystem::is_directory("/sys/kernel"))
+    GTEST_SKIP() << "no folder that takes no file of root's either";
+  EXPECT_EQ(Run(std::string(kValidate) + "/sys/kernel/report.csv").err,
+            "fiscalon: /sys/kernel/report.csv can't be written: its folder takes no new file: Permission denied\n");
+}
+
+TEST_F(OutputFiles, OfAKilledRunAreTakenAwayByTheNext) {
+  EXPECT_EQ(Run("'" FISCALON_PROGRAM "' generate --payments 10000000000 --screen 03 --out long & program=$!\n"
+                "until ls -A | grep -q '^.fiscalon-'; do :; done\n"
+                "kill -KILL $program; wait $program")
+                .status,
+            128 + SIGKILL);
+  EXPECT_THAT(Listed(), HasSubstr(".fiscalon-"));
+  EXPECT_EQ(Run(std::string(kValidate) + "report.csv").status, 0);
+  EXPECT_EQ(Listed(), "report.csv\n");
+}
+
+TEST_F(OutputFiles, OfARunThatStillGoesOnAreLeftAlone) {
+  const Outcome seen =
+      Run("env --default-signal '" FISCALON_PROGRAM
+          "' generate --payments 10000000000 --screen 03 --out long & program=$!\n"
+          "until [ $(ls -A | grep -c '^.fiscalon-') = 3 ]; do :; done\n" +
+          std::string(kValidate) + "report.csv\nls -A | grep -c '^.fiscalon-'\nkill -INT $program; wait $program");
+  EXPECT_THAT(seen.out, testing::EndsWith("\n3\n"));
+  EXPECT_EQ(Listed(), "report.csv\n");
+}
+
 TEST_F(OutputFiles, StandardOutputHasItsOtherNamesToo) {
   const Outcome seen = Run(std::string(kValidate) + "/dev/stdout");
   EXPECT_THAT(seen.out, StartsWith("seq,screen,valid,reason\n"));
@@ -233,6 +299,16 @@ TEST_F(PictureFiles, AreWholeOrNotThere) {
   EXPECT_EQ(Listed(), "15.png\n");
   EXPECT_EQ(Run("fiscalon picture 15 --out /dev/full").err,
             "fiscalon: /dev/full can't be written: No space left on device\n");
+}
+
+TEST_F(PictureFiles, AreNotMadeAtAScaleThatIsNone) {
+  Write("15.png", "older");
+  for (const char* scale : {"nan", "inf", "-nan", "0.49", "4.01", "1x", "''"}) {
+    const Outcome seen = Run(std::string("fiscalon picture 15 --out 15.png --scale ") + scale);
+    EXPECT_EQ(seen.status, 2) << scale;
+    EXPECT_THAT(seen.err, HasSubstr("is no number from 0.5 to 4")) << scale;
+  }
+  EXPECT_EQ(Read("15.png"), "older");
 }
 
 TEST_F(PictureFiles, AreNeverTheirScenario) {

@@ -1,17 +1,9 @@
 #include "tools/fiscalon/commands/batch_desk.h"
 
-#include <filesystem>
-
 #include "tools/fiscalon/files/program_end.h"
 
 namespace fiscalon {
 namespace {
-
-/// Whether two outputs would take one another's place. What is written to a device as it comes takes none.
-bool AreInEachOthersWay(const std::string& one, const std::string& other) {
-  std::error_code ignored;
-  return !std::filesystem::is_character_file(one, ignored) && WholeFile::IsSamePlace(one, other);
-}
 
 /// An option and what it was given.
 struct NamedOutput {
@@ -24,8 +16,7 @@ void RefuseOneFileForTwo(const BatchOutputs& outputs) {
       {"--report", outputs.report}, {"--faults", outputs.faults}, {"--good", outputs.good}, {"--bad", outputs.bad}};
   for (const NamedOutput& one : named) {
     for (const NamedOutput& other : named) {
-      if (&one < &other && !one.name.empty() && !other.name.empty() &&
-          (one.name == "-" ? other.name == "-" : AreInEachOthersWay(one.name, other.name)))
+      if (&one < &other && !one.name.empty() && !other.name.empty() && WholeFile::IsSamePlace(one.name, other.name))
         throw UsageError(std::string(one.option).append(" and ").append(other.option).append(" name one file"));
     }
   }

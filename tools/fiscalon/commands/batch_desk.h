@@ -64,7 +64,9 @@ class BatchDesk : public BatchListener {
  private:
   /// A file, and what is to be written to it next.
   struct Output {
-    Output(const std::string& given, const std::vector<std::string>& inputs) : name(given), file(given, inputs) {}
+    /// Where all is good, no bad record is what was asked for.
+    Output(const std::string& given, const std::vector<std::string>& inputs)
+        : name(given), file(given, inputs, WholeFile::Older::Replaced, WholeFile::Empty::Allowed) {}
 
     std::string name;
     WholeFile file;

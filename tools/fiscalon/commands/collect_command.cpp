@@ -217,12 +217,17 @@ class Collecting {
     }
   }
 
+  /// The payment is collected by now, or not, whatever becomes of its recording.
   void WriteRecording() {
     if (options_.record.empty())
       return;
-    WholeFile file(options_.record);
-    file.Write(recorder_.Text());
-    file.Commit();
+    try {
+      WholeFile file(options_.record);
+      file.Write(recorder_.Text());
+      file.Commit();
+    } catch (const CommandError& error) {
+      Complain(std::string("fiscalon: the session is not recorded: ") + error.what());
+    }
   }
 
   const CollectOptions& options_;

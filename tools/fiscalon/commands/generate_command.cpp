@@ -1,16 +1,22 @@
 #include "tools/fiscalon/commands/generate_command.h"
 
-#include <charconv>
+#include <algorithm>
+#include <array>
+#include <functional>
 #include <iostream>
 #include <memory>
-#include <optional>
 #include <streambuf>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/module_state.h"
+#include "tools/fiscalon/files/progress_line.h"
+#include "tools/fiscalon/files/standard_output.h"
 #include "tools/fiscalon/files/whole_file.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/screen_code.h"
+#include "tools/reading/visible_text.h"
 #include "validation/generate_batch.h"
 
 namespace fiscalon {
@@ -28,7 +34,8 @@ these names are replaced with --force only. The payments are good as of --today.
 /// Stands behind a stream into a file, with room for large writes.
 class FileBuffer final : public std::streambuf {
  public:
-  explicit FileBuffer(WholeFile& file) : file_(file), buffer_(kBuffer) {
+  FileBuffer(WholeFile& file, std::function<void(std::string_view bytes)> beforeWrite)
+      : file_(file), beforeWrite_(std::move(beforeWrite)), buffer_(kBuffer) {
     setp(buffer_.data(), buffer_.data() + buffer_.size());
   }
 
@@ -41,39 +48,25 @@ class FileBuffer final : public std::streambuf {
                                                                    : sputc(traits_type::to_char_type(character));
   }
   int sync() override {
-    file_.Write({pbase(), static_cast<size_t>(pptr() - pbase())});
+    const std::string_view bytes(pbase(), static_cast<size_t>(pptr() - pbase()));
+    beforeWrite_(bytes);
+    file_.Write(bytes);
     setp(buffer_.data(), buffer_.data() + buffer_.size());
     return 0;
   }
 
   WholeFile& file_;
+  std::function<void(std::string_view bytes)> beforeWrite_;
   std::vector<char> buffer_;
 };
-
-/// CLI11 by itself takes "-1" for the largest number there is, and "nan" for a number in any range.
-template <typename Number>
-std::optional<Number> NumberIn(const std::string& text) {
-  Number number = {};
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  return error == std::errc{} && stop == end ? std::optional(number) : std::nullopt;
-}
-
-// What is wrong with the text of an option; empty where nothing is.
-
-std::string WholeNumber(const std::string& text) {
-  return NumberIn<uint64_t>(text) ? "" : "Value " + text + " is no whole number, or too large";
-}
-
-std::string Share(const std::string& text) {
-  const double share = NumberIn<double>(text).value_or(-1);
-  return share >= 0 && share <= 1 ? "" : "Value " + text + " not in range 0 to 1";
-}
 
 /// A file and the stream into it. What the file throws comes out of the stream.
 class StreamedFile {
  public:
-  StreamedFile(const std::string& name, WholeFile::Older older) : file_(name, {}, older) {
+  StreamedFile(
+      const std::string& name, WholeFile::Older older,
+      std::function<void(std::string_view bytes)> beforeWrite = [](std::string_view) {})
+      : file_(name, {}, older), buffer_(file_, std::move(beforeWrite)) {
     stream_.exceptions(std::ios::badbit);
   }
   std::ostream& Stream() { return stream_; }
@@ -84,7 +77,7 @@ class StreamedFile {
 
  private:
   WholeFile file_;
-  FileBuffer buffer_{file_};
+  FileBuffer buffer_;
   std::ostream stream_{&buffer_};
 };
 
@@ -97,13 +90,25 @@ struct GenerateOptions {
 void Generate(const GenerateOptions& options) {
   const std::string& name = options.name;
   const auto older = options.force ? WholeFile::Older::Replaced : WholeFile::Older::Refused;
-  StreamedFile payments(name + ".csv", older);
-  StreamedFile records(name + ".pc4", older);
-  StreamedFile planted(name + ".planted.csv", older);
+  const std::array names = {name + ".csv", name + ".pc4", name + ".planted.csv"};
+  for (size_t i = 1; i < names.size(); ++i)
+    for (size_t j = 0; j < i; ++j)
+      if (WholeFile::IsSamePlace(names[i], names[j]))
+        throw CommandError(names[j] + " and " + names[i] + " are one file");
+  ProgressLine progress;
+  uint64_t made = 0;
+  StreamedFile payments(names[0], older, [&](std::string_view rows) {
+    made += static_cast<uint64_t>(std::count(rows.begin(), rows.end(), '\n'));
+    progress.Show({made, "payments", made, options.plan.payments});
+  });
+  StreamedFile records(names[1], older);
+  StreamedFile planted(names[2], older);
   GenerateBatch(options.plan, payments.Stream(), records.Stream(), planted.Stream());
   WholeFile::Commit({payments.Whole(), records.Whole(), planted.Whole()});
-  std::cout << name << ".csv, " << name << ".pc4, " << name << ".planted.csv: " << options.plan.payments
-            << " payments\n";
+  SayWhatStands([&] {
+    std::cout << VisibleUtf8(names[0] + ", " + names[1] + ", " + names[2]) << ": "
+              << Counted(options.plan.payments, "payment") << '\n';
+  });
 }
 
 }  // namespace
@@ -116,17 +121,17 @@ void AddGenerateCommand(CLI::App& app, Context& context) {
   command->add_option("--payments", plan->payments, "How many payments")
       ->type_name("N")
       ->required()
-      ->check(WholeNumber);
+      ->check(NumberFrom<uint64_t>(1));
   command->add_option("--screen", plan->screen, "Their screen: " + JudgedScreensInWords())
       ->type_name("CODE")
       ->required()
       ->check(OneOf(JudgedScreens()));
   command->add_option("--bad", plan->badRate, "Which share of them is bad, from 0 to 1; without it none")
       ->type_name("RATE")
-      ->check(Share);
+      ->check(NumberFrom(0.0, 1.0));
   command->add_option("--seed", plan->seed, "Another seed makes another batch; without it 1")
       ->type_name("S")
-      ->check(WholeNumber);
+      ->check(NumberFrom<uint64_t>(0));
   command->add_option("--out", options->name, "The files' name without its endings; without it \"batch\"")
       ->type_name("NAME")
       ->check(NameStemGiven);

@@ -67,6 +67,8 @@ ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
   bool taken = false;
   PlayWatcher watcher;
   watcher.lineEnds = [&](const ScenarioLine&, Form* form) {
+    if (IsInterrupted())
+      throw CommandError("interrupted");
     if (form == nullptr || form->Name() != screen.form)
       return;
     toolkit->TakePicture();
@@ -98,7 +100,7 @@ void AddPictureCommand(CLI::App& app, Context& context) {
       ->check(NameGiven);
   command->add_option("--scale", options->scale, "Pixels for each of a usual screen")
       ->type_name("FACTOR")
-      ->check(CLI::Range(0.5, 4.0));
+      ->check(NumberFrom(0.5, 4.0));
   command->add_flag("--dark", options->dark, "In a dark theme");
   command->callback([options, &context] { context.status = MakePicture(*options, context); });
 }

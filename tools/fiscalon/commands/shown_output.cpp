@@ -17,7 +17,7 @@ class TextOutput : public ShownOutput {
   TextOutput(const std::string& name, const LaunchRow* screen, const Context& context)
       : paint_(context.paint),
         printer_({.paint = context.paint, .locale = context.SpokenLocale(), .width = TerminalWidth()}),
-        heading_(name) {
+        heading_(VisibleUtf8(name)) {
     if (screen != nullptr)
       heading_.append(", of screen ").append(screen->code).append(" (").append(screen->form).append(")");
   }

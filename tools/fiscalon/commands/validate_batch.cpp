@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "core/records/record_line.h"
+#include "tools/fiscalon/files/standard_output.h"
 #include "tools/reading/visible_text.h"
 #include "validation/payment_rows.h"
 
@@ -14,7 +15,7 @@ namespace fiscalon {
 namespace {
 
 void PrintSummary(std::ostream& out, const BatchProgress& counts, const ReasonCounts& reasons, const Paint& paint) {
-  out << counts.payments << " payments: ";
+  out << Counted(counts.payments, "payment") << ": ";
   if (counts.invalid == 0) {
     out << paint.Good("all valid") << '\n';
     return;
@@ -27,8 +28,8 @@ void PrintSummary(std::ostream& out, const BatchProgress& counts, const ReasonCo
 /// What is said of a batch that ended at the bad payment that was one too many.
 void PrintEnd(std::ostream& out, const BatchOptions& options, const EnoughBad& end, const ReasonCounts& reasons,
               const Paint& paint) {
-  out << paint.Bad(std::to_string(options.outputs.mostBad) + " invalid") << ", the last of them at " << options.payments
-      << ":" << end.row << "; the payments behind it were not judged\n";
+  out << paint.Bad(std::to_string(options.outputs.mostBad) + " invalid") << ", the last of them at "
+      << VisibleUtf8(options.payments) << ":" << end.row << "; the payments behind it were not judged\n";
   reasons.Print(out);
 }
 
@@ -56,7 +57,7 @@ ExitStatus Judge(ByteSource& payments, ByteSource& records, const BatchOptions& 
     }
     desk.Commit();
     desk.EndProgress();
-    PrintSummary(out, counts, desk.Reasons(), context.paint);
+    SayWhatStands([&] { PrintSummary(out, counts, desk.Reasons(), context.paint); });
     return counts.invalid == 0 ? ExitStatus::Done : ExitStatus::Invalid;
   } catch (const EnoughBad& end) {
     payments.RefuseChange();
@@ -65,7 +66,7 @@ ExitStatus Judge(ByteSource& payments, ByteSource& records, const BatchOptions& 
     desk.EndProgress();
     if (!missed.empty())
       Complain("fiscalon: not written, since they tell of the whole batch: " + missed);
-    PrintEnd(out, options, end, desk.Reasons(), context.paint);
+    SayWhatStands([&] { PrintEnd(out, options, end, desk.Reasons(), context.paint); });
     return ExitStatus::Invalid;
   }
 }

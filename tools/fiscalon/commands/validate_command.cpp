@@ -130,13 +130,6 @@ ExitStatus Validate(const ValidateOptions& options, const Context& context) {
 
 // What is wrong with the text of an option; empty where nothing is.
 
-std::string BadCount(const std::string& text) {
-  uint64_t count = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, count);
-  return error == std::errc{} && stop == end && count > 0 ? "" : "\"" + text + "\" is no whole number from 1";
-}
-
 std::string PartGiven(const std::string& text) {
   return PartOf(text) ? "" : "\"" + text + "\" is no part: 2/8 is the second of eight, and there are a million at most";
 }
@@ -165,14 +158,14 @@ void AddValidateCommand(CLI::App& app, Context& context) {
   command->add_flag("--json-lines", batch->outputs.asJson, "Write report and faults as JSON, an object a line");
   command->add_option("--max-bad", batch->outputs.mostBad, "End a batch at the Nth bad payment")
       ->type_name("N")
-      ->check(BadCount);
+      ->check(NumberFrom<uint64_t>(1));
   command->add_option("--part", options->part, "Judge the Ith of N parts of a batch")
       ->type_name("I/N")
       ->check(PartGiven)
       ->each([batch](const std::string& text) { batch->part = PartOf(text).value_or(BatchPart()); });
   command->add_option("--jobs", batch->jobs, "How many threads judge a batch; as many as there are cores")
       ->type_name("N")
-      ->check(CLI::Range(1, 256));
+      ->check(NumberFrom(1, 256));
   command->callback([options, &context] { context.status = Validate(*options, context); });
 }
 

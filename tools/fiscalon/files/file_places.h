@@ -5,12 +5,13 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <string_view>
 
 /// What `WholeFile` asks of the system about names and what they stand for. Paths are UTF-8. What fails says so by
 /// its result and leaves the reason in `errno`.
 namespace fiscalon {
 
-enum class FileKind { None, File, Folder, Device };
+enum class FileKind { None, File, Folder, Pipe, Device };
 
 /// What a path stands for, and which of all files it is.
 struct SeenFile {
@@ -19,6 +20,8 @@ struct SeenFile {
   uint64_t number = 0;
 
   bool IsSameFile(const SeenFile& other) const { return volume == other.volume && number == other.number; }
+  /// What is written there is written as it comes, and nothing takes its place.
+  bool TakesAsItComes() const { return kind == FileKind::Pipe || kind == FileKind::Device; }
 };
 
 /// Follows links. Nothing where it can't be told.
@@ -34,7 +37,8 @@ void TakeOutputBack(size_t count);
 
 /// Whether a path is the system's own name of standard output.
 bool NamesStandardOutput(const std::string& path);
-/// Where the links of a path lead: the place of a file that may not exist yet. Nothing where they lead in a circle.
+/// Where the links of a path lead: the place of a file that may not exist yet. A pipe or a device is where it is.
+/// Nothing where they lead in a circle.
 std::optional<std::string> PlaceOf(const std::string& path);
 /// Whether two paths, which may stand for nothing yet, mean the same place.
 bool IsSameName(const std::string& a, const std::string& b);
@@ -42,6 +46,22 @@ bool IsSameName(const std::string& a, const std::string& b);
 bool MayBeWritten(const std::string& path);
 /// Makes a file for writing; fails with EEXIST where the name is taken.
 std::FILE* CreateNew(const std::string& path);
+/// Holds on to a file that `CreateNew` has made, also when it is closed: while this lives, nobody takes it for one that
+/// a run has left behind.
+class Claim {
+ public:
+  explicit Claim(std::FILE* file);
+  ~Claim();
+  Claim(const Claim&) = delete;
+  Claim& operator=(const Claim&) = delete;
+
+ private:
+  int descriptor_ = -1;
+};
+/// Takes away those files whose names begin so which runs have made with `CreateNew` and left behind, since nothing
+/// could end them in order.
+void RemoveAbandoned(const std::string& folder, std::string_view namesBegin);
+
 /// Opens what is there for writing, and leaves it as long as it is.
 std::FILE* OpenThere(const std::string& path);
 /// Whoever could read the older file can read the new one, as far as this user may give it away.

@@ -11,6 +11,13 @@
 
 namespace fiscalon {
 
+namespace {
+
+/// Far more than any file that people write.
+constexpr size_t kLargestInput = size_t{64} << 20;
+
+}  // namespace
+
 std::string ReadInput(const std::string& path) {
   const auto close = [](std::FILE* file) { return file == stdin ? 0 : std::fclose(file); };
   const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(path == "-" ? stdin : OpenInput(path), close);
@@ -19,8 +26,11 @@ std::string ReadInput(const std::string& path) {
   std::string bytes;
   std::array<char, 65536> piece;
   try {
-    while (const size_t count = std::fread(piece.data(), 1, piece.size(), file.get()))
+    while (const size_t count = std::fread(piece.data(), 1, piece.size(), file.get())) {
+      if (bytes.size() + count > kLargestInput)
+        throw UnreadableFile("it holds more than 64 MiB");
       bytes.append(piece.data(), count);
+    }
   } catch (const std::bad_alloc&) {
     throw UnreadableFile("it is too large for the memory there is");
   }

@@ -11,7 +11,7 @@ class UnreadableFile : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// All bytes of a file; "-" is standard input. Throws `UnreadableFile`, for a folder too.
+/// All bytes of a file; "-" is standard input. Throws `UnreadableFile`, for a folder too, and for more than 64 MiB.
 std::string ReadInput(const std::string& path);
 
 }  // namespace fiscalon

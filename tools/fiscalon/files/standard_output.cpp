@@ -6,12 +6,17 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <iostream>
 
 #include "tools/fiscalon/files/file_places.h"
 #include "tools/fiscalon/files/interrupt_watch.h"
 
 namespace fiscalon {
+
+std::string TextOf(const OutputError& error) {
+  return std::string("standard output can't be written: ") + std::strerror(error.number);
+}
 
 StandardOutput::StandardOutput() {
   setp(buffer_.data(), buffer_.data() + buffer_.size());

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <array>
+#include <cerrno>
+#include <iostream>
 #include <span>
 #include <streambuf>
+#include <string>
 #include <string_view>
 
 namespace fiscalon {
@@ -13,6 +16,9 @@ struct OutputError {
   /// The system's error number; EPIPE where the reader has gone.
   int number = 0;
 };
+
+/// What went wrong with it, in a sentence.
+std::string TextOf(const OutputError& error);
 
 /// Stands behind `std::cout` while it lives, so that a failed write is noticed when it happens: writing throws
 /// `OutputError`. What is written comes out in order with standard error after each `flush`.
@@ -39,5 +45,19 @@ class StandardOutput final : public std::streambuf {
   std::array<char, 16384> buffer_ = {};
   std::streambuf* before_ = nullptr;
 };
+
+/// Runs a routine that prints what has been done. Where nobody takes that, what has been done stands, and the program's
+/// status tells of it: standard error says that it could not be printed.
+template <typename Routine>
+void SayWhatStands(Routine say) {
+  try {
+    say();
+    std::cout.flush();
+  } catch (const OutputError& error) {
+    std::cout.clear();
+    if (error.number != EPIPE)
+      std::cerr << "fiscalon: " << TextOf(error) << '\n';
+  }
+}
 
 }  // namespace fiscalon

@@ -15,14 +15,26 @@
 namespace fiscalon {
 namespace {
 
+// What the names of files begin with that are being written, and of those whose places these take.
+constexpr std::string_view kUnfinished = ".fiscalon-new-";
+constexpr std::string_view kOlder = ".fiscalon-old-";
+
 /// A name in the folder of a file that nobody else has: short, whatever the length of the file's own.
-std::string NameBeside(const std::string& place) {
+std::string NameBeside(const std::string& place, std::string_view beginning) {
   constexpr std::string_view kLetters = "0123456789abcdefghijklmnopqrstuvwxyz";
   constexpr int kLength = 12;
   static std::random_device random;
-  std::string name = ".fiscalon-";
+  std::string name(beginning);
   for (int i = 0; i < kLength; ++i) name += kLetters[random() % kLetters.size()];
   return Utf8Of(Utf8Path(place).parent_path() / name);
+}
+
+bool IsStandardOutputs(const std::string& name) {
+  return name == "-" || NamesStandardOutput(name);
+}
+
+std::optional<SeenFile> LookAtOutput(const std::string& name) {
+  return IsStandardOutputs(name) ? LookAtStandardOutput() : LookAt(name);
 }
 
 [[noreturn]] void RefuseOlder(const std::string& name) {
@@ -31,8 +43,8 @@ std::string NameBeside(const std::string& place) {
 
 }  // namespace
 
-WholeFile::WholeFile(std::string name, const std::vector<std::string>& inputs, Older older)
-    : name_(std::move(name)), older_(older), isStandardOutput_(name_ == "-" || NamesStandardOutput(name_)) {
+WholeFile::WholeFile(std::string name, const std::vector<std::string>& inputs, Older older, Empty empty)
+    : name_(std::move(name)), older_(older), empty_(empty), isStandardOutput_(IsStandardOutputs(name_)) {
   for (const std::string& input : inputs) RefuseInput(input);
   if (isStandardOutput_)
     return;
@@ -49,7 +61,7 @@ WholeFile::WholeFile(std::string name, const std::vector<std::string>& inputs, O
   }
   if (there->kind != FileKind::None && older_ == Older::Refused)
     RefuseOlder(name_);
-  if (there->kind == FileKind::Device)
+  if (there->TakesAsItComes())
     OpenInPlace();
   else
     OpenBeside(there->kind == FileKind::File);
@@ -59,7 +71,7 @@ WholeFile::~WholeFile() = default;
 
 void WholeFile::RefuseInput(const std::string& input) const {
   const std::optional<SeenFile> in = input == "-" ? LookAtStandardInput() : LookAt(input);
-  const std::optional<SeenFile> out = isStandardOutput_ ? LookAtStandardOutput() : LookAt(name_);
+  const std::optional<SeenFile> out = LookAtOutput(name_);
   if (in && out && in->kind == FileKind::File && in->IsSameFile(*out))
     throw CommandError((isStandardOutput_ ? "standard output" : name_) + " would take the place of " +
                        (input == "-" ? "standard input" : input) + ", which is read");
@@ -70,15 +82,21 @@ void WholeFile::OpenBeside(bool hasOlder) {
   if (hasOlder && !MayBeWritten(place_))
     Fail();
   auto fleeting = std::make_unique<FleetingFile>();
+  RemoveAbandoned(Utf8Of(Utf8Path(place_).parent_path()), kUnfinished);
   std::string beside;
   do {
-    beside = NameBeside(place_);
+    beside = NameBeside(place_, kUnfinished);
     file_.reset(CreateNew(beside));
   } while (!file_ && errno == EEXIST);
+  if (!file_ && errno != ENOENT) {
+    const std::string reason = std::strerror(errno);
+    throw CommandError(name_ + " can't be written: its folder takes no new file: " + reason);
+  }
   if (!file_)
     Fail();
   fleeting->Become(std::move(beside));
   beside_ = std::move(fleeting);
+  claim_ = std::make_unique<Claim>(file_.get());
   if (hasOlder)
     GiveAccess(place_, file_.get());
 }
@@ -99,6 +117,7 @@ void WholeFile::Fail() const {
 void WholeFile::Write(std::string_view bytes) {
   if (IsInterrupted())
     throw CommandError("interrupted");
+  isWrittenTo_ = isWrittenTo_ || !bytes.empty();
   if (isStandardOutput_)
     std::cout << bytes;
   else if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size())
@@ -106,6 +125,8 @@ void WholeFile::Write(std::string_view bytes) {
 }
 
 void WholeFile::Finish() {
+  if (!isWrittenTo_ && empty_ == Empty::Refused)
+    throw CommandError(name_ + " is not written: it would be empty");
   if (isStandardOutput_) {
     std::cout.flush();
     return;
@@ -135,12 +156,13 @@ void WholeFile::TakePlace(Return way) {
       Fail();
   }
   beside_->Keep();
+  claim_.reset();
   hasPlace_ = true;
 }
 
 void WholeFile::KeepOlder() {
   auto fleeting = std::make_unique<FleetingFile>();
-  std::string before = NameBeside(place_);
+  std::string before = NameBeside(place_, kOlder);
   if (MoveAside(place_, before)) {
     fleeting->Become(std::move(before));
     before_ = std::move(fleeting);
@@ -174,7 +196,7 @@ void WholeFile::Try(const std::string& name) {
   const std::optional<std::string> place = PlaceOf(name);
   const std::optional<SeenFile> there = place ? LookAt(*place) : std::nullopt;
   // Opening a pipe would wait for its reader, and what is written to a device stays there.
-  if (there && there->kind == FileKind::Device) {
+  if (there && there->TakesAsItComes()) {
     if (!MayBeWritten(*place))
       throw CommandError(name + " can't be written: " + std::strerror(errno));
     return;
@@ -185,9 +207,13 @@ void WholeFile::Try(const std::string& name) {
 }
 
 bool WholeFile::IsSamePlace(const std::string& a, const std::string& b) {
-  const std::optional<SeenFile> one = LookAt(a), other = LookAt(b);
+  if (IsStandardOutputs(a) && IsStandardOutputs(b))
+    return true;
+  const std::optional<SeenFile> one = LookAtOutput(a), other = LookAtOutput(b);
   const auto isThere = [](const std::optional<SeenFile>& seen) { return seen && seen->kind != FileKind::None; };
-  return isThere(one) && isThere(other) ? one->IsSameFile(*other) : IsSameName(a, b);
+  if (isThere(one) && isThere(other))
+    return one->kind != FileKind::Device && one->IsSameFile(*other);
+  return !IsStandardOutputs(a) && !IsStandardOutputs(b) && IsSameName(a, b);
 }
 
 }  // namespace fiscalon

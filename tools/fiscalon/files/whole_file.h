@@ -6,13 +6,15 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/fiscalon/files/file_places.h"
 #include "tools/fiscalon/files/interrupt_watch.h"
 
 namespace fiscalon {
 
 /// Every file that a command writes: it is whole, or its place is untouched. It is written in the folder of its place,
 /// under a name that only this run has, and takes its place when it is done and on the disk. Whatever ends the program
-/// before takes it away, an interrupt too, which makes the next write fail. Failures throw `CommandError`.
+/// before takes it away, an interrupt too, which makes the next write fail; what a run leaves that was killed, the next
+/// one in that folder takes away. Failures throw `CommandError`.
 ///
 /// A symbolic link stays one: the file that it leads to is written. A device or a pipe stays what it is too, and is
 /// written as it comes.
@@ -20,10 +22,13 @@ class WholeFile {
  public:
   /// What becomes of a file that has the name already.
   enum class Older { Replaced, Refused };
+  /// Whether it may turn out to be empty. Mostly that is a mistake, which is to cost nobody an older file.
+  enum class Empty { Allowed, Refused };
 
   /// A name as the user gives it; "-" is standard output. The inputs are what the command reads, "-" for standard
   /// input: none of them can be the place.
-  explicit WholeFile(std::string name, const std::vector<std::string>& inputs = {}, Older older = Older::Replaced);
+  explicit WholeFile(std::string name, const std::vector<std::string>& inputs = {}, Older older = Older::Replaced,
+                     Empty empty = Empty::Refused);
   ~WholeFile();
   WholeFile(const WholeFile&) = delete;
   WholeFile& operator=(const WholeFile&) = delete;
@@ -37,7 +42,8 @@ class WholeFile {
 
   /// Finds out whether a file could be written there, and leaves nothing.
   static void Try(const std::string& name);
-  /// Whether two names mean one file, be it there or not.
+  /// Whether two names mean one file, be it there or not; "-" is standard output. Devices are never one another's
+  /// place.
   static bool IsSamePlace(const std::string& a, const std::string& b);
 
  private:
@@ -62,10 +68,13 @@ class WholeFile {
   /// Where the links lead.
   std::string place_;
   Older older_;
+  Empty empty_;
   bool isStandardOutput_ = false;
+  bool isWrittenTo_ = false;
   /// The file while it is written, and what stood in its place while it takes it.
   std::unique_ptr<FleetingFile> beside_;
   std::unique_ptr<FleetingFile> before_;
+  std::unique_ptr<Claim> claim_;
   bool hasPlace_ = false;
   std::unique_ptr<std::FILE, Closer> file_;
 };

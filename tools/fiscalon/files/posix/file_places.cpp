@@ -1,6 +1,7 @@
 #include "tools/fiscalon/files/file_places.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,9 +17,10 @@ namespace {
 constexpr mode_t kNewFileMode = 0666;
 
 SeenFile Seen(const struct stat& status) {
-  const FileKind kind = S_ISREG(status.st_mode)   ? FileKind::File
-                        : S_ISDIR(status.st_mode) ? FileKind::Folder
-                                                  : FileKind::Device;
+  const FileKind kind = S_ISREG(status.st_mode)                                ? FileKind::File
+                        : S_ISDIR(status.st_mode)                              ? FileKind::Folder
+                        : S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode) ? FileKind::Pipe
+                                                                               : FileKind::Device;
   return {.kind = kind, .volume = status.st_dev, .number = status.st_ino};
 }
 
@@ -82,6 +84,9 @@ bool NamesStandardOutput(const std::string& path) {
 }
 
 std::optional<std::string> PlaceOf(const std::string& path) {
+  // The links of descriptors name nothing where these are pipes.
+  if (const auto there = LookAt(path); there && there->TakesAsItComes())
+    return path;
   // As many links as the system follows.
   constexpr int kMostLinks = 40;
   std::filesystem::path place = path;
@@ -109,8 +114,40 @@ bool MayBeWritten(const std::string& path) {
   return ::access(path.c_str(), W_OK) == 0;
 }
 
+/// Whoever finds the file unlocked takes it for abandoned, be it in the moment before it is locked: then it is one that
+/// is taken already.
 std::FILE* CreateNew(const std::string& path) {
-  return StreamOf(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode));
+  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+  struct stat status = {};
+  const bool isTaken = descriptor >= 0 && ::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  if (isTaken || (descriptor >= 0 && ::fstat(descriptor, &status) == 0 && status.st_nlink == 0)) {
+    ::close(descriptor);
+    errno = EEXIST;
+    return nullptr;
+  }
+  return StreamOf(descriptor);
+}
+
+Claim::Claim(std::FILE* file) : descriptor_(::fcntl(::fileno(file), F_DUPFD_CLOEXEC, 0)) {}
+
+Claim::~Claim() {
+  if (descriptor_ >= 0)
+    ::close(descriptor_);
+}
+
+void RemoveAbandoned(const std::string& folder, std::string_view namesBegin) {
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string path = entry->path().string();
+    if (!entry->path().filename().string().starts_with(namesBegin))
+      continue;
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (descriptor >= 0 && ::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+      ::unlink(path.c_str());
+    if (descriptor >= 0)
+      ::close(descriptor);
+  }
 }
 
 std::FILE* OpenThere(const std::string& path) {
