@@ -115,7 +115,7 @@ def summary(counts):
     """What one run says: how many payments are valid, and the reasons, the most frequent first."""
     total = sum(counts.values())
     invalid = total - counts.pop("", 0)
-    lines = [f"{total} payments: " + (f"{total - invalid} valid, {invalid} invalid" if invalid else "all valid")]
+    lines = [f"{total} payment{'' if total == 1 else 's'}: " + (f"{total - invalid} valid, {invalid} invalid" if invalid else "all valid")]
     ranked = sorted(counts.items(), key=lambda entry: (-entry[1], entry[0]))
     lines += [f"{count:12}{(count * 1000 // invalid + 5) // 10:6} %  {reason}" for reason, count in ranked[:20]]
     return "\n".join(lines), invalid
