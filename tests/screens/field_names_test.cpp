@@ -9,6 +9,19 @@
 namespace fiscalon {
 namespace {
 
+TEST(FieldTable, NamesTheFieldsOfAScreenByNumber) {
+  EXPECT_EQ(FieldNameOf("03", "02"), "End of Remitting Period");
+  EXPECT_EQ(FieldNameOf("05", "08"), "Refund claimed (114)");
+  EXPECT_EQ(FieldNameOf("18", "10"), "GST account number");
+  EXPECT_EQ(FieldNameOf("27", "01"), "Month for which non-resident tax was withheld");
+}
+
+TEST(FieldTable, HasNothingOfScreensWithoutSuchRecords) {
+  EXPECT_EQ(FieldNameOf("03", "05"), "");
+  EXPECT_TRUE(FieldNamesOf("10").empty());
+  EXPECT_TRUE(FieldNamesOf("26").empty());
+}
+
 TEST(FieldTable, TellsWhatTheValuesAre) {
   const auto kind = [](std::string_view screen, std::string_view number) { return FindField(screen, number)->kind; };
   EXPECT_EQ(kind("01", "11"), FieldKind::Text);
@@ -29,6 +42,13 @@ TEST(FieldTable, TellsWhatTheValuesAre) {
   EXPECT_EQ(kind("18", "12"), FieldKind::Date);
   EXPECT_EQ(kind("20", "05"), FieldKind::Count);
   EXPECT_EQ(kind("27", "01"), FieldKind::Month);
+}
+
+// The rest of the screens collect nothing but amounts.
+TEST(FieldTable, HasAmountsOnTheOtherScreens) {
+  for (const std::string_view code : {"06", "15", "16", "17", "19", "25", "28"})
+    for (const FieldName& field : FieldNamesOf(code))
+      EXPECT_EQ(field.kind, FieldKind::Amount) << code << ' ' << field.number;
 }
 
 TEST(FieldTable, StandsInTheOrderOfCodesAndNumbers) {
