@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -11,27 +12,14 @@
 #include "validation/rule_sets.h"
 #include "validation/trial_payments.h"
 
-/// What binds the tests of a field to its quick test: what the quick test passes meets none of them. Held against each
+/// What binds the tests of a field to its quick test: what that passes, each of them passes. Held against each
 /// value that a test gives as one it refuses, and against each value of good and of spoilt trial payments. So that no
 /// test escapes, there must be a value that fails that one alone.
 namespace fiscalon {
 
-/// A test that can't fail alone: what it refuses, one of those by which it is implied refuses too.
-struct Implied {
-  std::string_view code = {};
-  std::string_view by = {};
-};
-
-inline constexpr Implied kImplied[] = {
-    {"blank", "short"},
-    {"blank", "not-a-date"},
-    // A sign is no digit.
-    {"negative", "not-digits"},
-    {"negative", "has-cents"},
-    // What is no number has another character than digits, or too many of them for a type.
-    {"not-a-number", "not-digits"},
-    {"not-a-number", "not-a-type"},
-};
+/// What fails these tests of form fails another test too: a blank is short, a sign is no digit, and what has too many
+/// digits for a number has too many for most tests. That a value fails them first must do.
+inline constexpr std::string_view kNeverAlone[] = {"blank", "negative", "not-a-number"};
 
 class RuleLaw {
  public:
@@ -105,21 +93,24 @@ class RuleLaw {
 
   std::vector<std::string> BreachesOf(const FieldTests& tests) const {
     std::vector<std::string> breaches;
-    std::vector<Codes> failures;
     std::set<std::string_view> alone;
+    std::set<std::string_view> first;
+    std::set<std::string_view> passed;
     for (const std::string& value : values_)
       for (const Expectation& expected : ExpectedOf(value)) {
         const Codes failed = Failed(tests, value, expected);
+        if (failed.empty())
+          continue;
+        first.insert(failed.front());
         if (failed.size() == 1)
           alone.insert(failed.front());
-        if (!failed.empty() && tests.Quick()(value.data(), expected) != kNoDigits)
+        if (tests.Quick()(value.data(), expected) != kNoDigits && passed.insert(failed.front()).second)
           breaches.push_back("the quick test passes '" + value + "', which " + Named(failed.front()) + " refuses");
-        failures.push_back(failed);
       }
     for (const FieldTest& test : tests.InOrder()) {
       if (!Refuses(tests, test))
         breaches.push_back(Named(test.code) + " passes the value that it gives as `refused`");
-      if (!alone.contains(test.code) && !IsImplied(test.code, failures, alone))
+      if (!(Has(kNeverAlone, test.code) ? first : alone).contains(test.code))
         breaches.push_back("no value fails " + Named(test.code) + " alone: give the test one as `refused`");
     }
     return breaches;
@@ -127,24 +118,14 @@ class RuleLaw {
 
   static std::string Named(std::string_view code) { return "\"" + std::string(code) + "\""; }
 
-  static bool Has(const Codes& codes, std::string_view code) { return std::ranges::find(codes, code) != codes.end(); }
+  static bool Has(std::span<const std::string_view> codes, std::string_view code) {
+    return std::ranges::find(codes, code) != codes.end();
+  }
 
   bool Refuses(const FieldTests& tests, const FieldTest& test) const {
     const std::string value = InField(test.refused);
     return std::ranges::any_of(
         ExpectedOf(value), [&](const Expectation& expected) { return Has(Failed(tests, value, expected), test.code); });
-  }
-
-  /// Whether each value that fails a test fails one of those by which it is implied. These fail alone, or they would
-  /// bind nothing.
-  static bool IsImplied(std::string_view code, const std::vector<Codes>& failures,
-                        const std::set<std::string_view>& alone) {
-    const auto implies = [&](std::string_view other) {
-      return alone.contains(other) &&
-             std::ranges::any_of(kImplied, [&](const Implied& row) { return row.code == code && row.by == other; });
-    };
-    return std::ranges::all_of(
-        failures, [&](const Codes& failed) { return !Has(failed, code) || std::ranges::any_of(failed, implies); });
   }
 
   const RuleSet& rules_;
