@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+#include <iterator>
+#include <regex>
 #include <set>
 
 #include "core/records/field_names.h"
@@ -65,6 +68,15 @@ TEST_P(EveryRule, IsKeptByItsQuickTest) {
 
 TEST_P(EveryRule, HasANameForItsField) {
   for (const FieldRule& rule : rules_.fields) EXPECT_NE(FieldNameOf(rules_.screenCode, rule.number), "") << rule.number;
+}
+
+TEST_P(EveryRule, HasItsCodeInTheManual) {
+  std::ifstream file(FISCALON_SOURCE_DIR "/man/fiscalon-validate.1");
+  const std::string page{std::istreambuf_iterator(file), {}};
+  for (const FieldRule& rule : rules_.fields)
+    for (const FieldTest& test : rule.tests.InOrder())
+      EXPECT_THAT(page, HasSubstr("\n.B " + std::regex_replace(std::string(test.code), std::regex("-"), "\\-") + "\n"))
+          << rule.number;
 }
 
 TEST_P(EveryRule, IsBrokenByADefectOfTheTrialPayments) {
