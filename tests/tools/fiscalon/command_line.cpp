@@ -4,6 +4,8 @@
 
 #include <cstdlib>
 
+#include "core/launch.h"
+
 namespace fiscalon {
 
 Outcome CommandLine::Run(const std::string& commandLine) const {
@@ -14,6 +16,12 @@ Outcome CommandLine::Run(const std::string& commandLine) const {
   const int ended = std::system(shell.c_str());
   return {
       .status = WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, .out = outputs_.Read("out"), .err = outputs_.Read("err")};
+}
+
+std::string EveryScreenCode() {
+  std::string codes;
+  for (const LaunchRow& row : LaunchTable()) codes.append(codes.empty() ? "" : ", ").append(row.code);
+  return codes;
 }
 
 }  // namespace fiscalon

@@ -16,6 +16,9 @@ struct Outcome {
   std::string err = {};
 };
 
+/// All screen codes as messages list them: "01, 02, 03" and so on.
+std::string EveryScreenCode();
+
 /// A user in a folder of her own, at a shell where `fiscalon` is the program that was built. Not a terminal, English
 /// (Canada) by default, and standard input empty.
 class CommandLine : public testing::Test {
