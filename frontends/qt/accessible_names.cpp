@@ -2,7 +2,7 @@
 
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 void NameFields(const Form& form, const std::function<QWidget&(const Control&)>& widgetOf) {
   for (const LaidOutGroup& group : LaidOut(form))
@@ -17,4 +17,4 @@ void NameFields(const Form& form, const std::function<QWidget&(const Control&)>&
       }
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -11,7 +11,7 @@
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 QAbstractButton& NewPushButton(QWidget& parent) {
@@ -85,4 +85,4 @@ void ToggleView::Refresh() {
   Native().setChecked(toggle_.Value());
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -5,7 +5,7 @@
 #include "core/forms/button.h"
 #include "frontends/qt/control_view.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// What push buttons, check boxes and option buttons share: the widget shows the press, the form clicks.
 class AnyButtonView : public ControlView {
@@ -44,4 +44,4 @@ class ToggleView final : public AnyButtonView {
   ToggleButton& toggle_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

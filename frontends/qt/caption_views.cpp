@@ -3,7 +3,7 @@
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 QString AsShown(const QString& caption) {
   return QString(caption).replace(u'&', QStringLiteral("&&"));
@@ -46,4 +46,4 @@ void FrameView::Refresh() {
     native_.setTitle(shown);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

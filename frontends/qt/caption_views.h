@@ -6,7 +6,7 @@
 #include "core/forms/label.h"
 #include "frontends/qt/control_view.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// A label: the caption of a field, a hint, or a value that the form shows.
 class LabelView final : public ControlView {
@@ -38,4 +38,4 @@ QString AsShown(const QString& caption);
 /// The other way round: the caption that is shown so.
 QString AsCaption(QString shown);
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -10,7 +10,7 @@
 #include "frontends/qt/list_views.h"
 #include "frontends/qt/text_view.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 void ControlView::Refresh() {
   widget_.setEnabled(control_.EnabledInFrames());
@@ -62,4 +62,4 @@ std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, Watched
   return std::make_unique<LineView>(field, parent, acts);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

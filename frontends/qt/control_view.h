@@ -11,8 +11,10 @@ class QKeyEvent;
 class QMouseEvent;
 
 namespace fiscalon {
-
 class WatchedActs;
+}
+
+namespace fiscalon::qt {
 
 /// One control of a form as a widget: shows what the control holds, and makes acts of what the user does to it.
 /// The dialog filters the widget's events and asks the view first.
@@ -77,4 +79,4 @@ class ControlView {
 
 std::unique_ptr<ControlView> MakeView(Control& control, QWidget& parent, WatchedActs& acts);
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

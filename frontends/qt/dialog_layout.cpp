@@ -13,7 +13,7 @@
 #include "core/forms/button.h"
 #include "core/forms/label.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 /// A cell takes a column of the grid for its caption, one for its field and hint, and a gap before the next.
@@ -200,4 +200,4 @@ void DialogLayout::AlignCaptions(const Column& column) {
       grid->setColumnMinimumWidth(i, fieldsOf(*grid, i) - (i == 0 ? Inset(*grid) : 0));
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -10,7 +10,7 @@
 
 #include "core/forms/laid_out.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// Lays the widgets of a form out by the form's own layout: groups beneath each other in columns, captions and
 /// fields of a column aligned through all its groups, hints beside their fields, buttons at the bottom.
@@ -50,4 +50,4 @@ class DialogLayout {
   std::map<int, Column> columns_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -23,7 +23,7 @@
 #include "frontends/qt/key_strokes.h"
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 /// Layouts inside layouts and inside boxes remember sizes until they are activated, the innermost first.
@@ -245,7 +245,7 @@ bool FormDialog::Compose(ControlView* view, QEvent& event) {
     if (!form_.IsUp() || form_.ActiveControl() == nullptr)
       break;
     ControlView& active = ViewOf(*form_.ActiveControl());
-    const KeyOutcome outcome = acts_.Key(StrokeOf(character));
+    const KeyOutcome outcome = acts_.Key(fiscalon::StrokeOf(character));
     if (outcome.editing && form_.IsUp())
       active.Insert(static_cast<char>(outcome.character));
   }
@@ -360,4 +360,4 @@ void FormDialog::changeEvent(QEvent* event) {
       Qt::QueuedConnection);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

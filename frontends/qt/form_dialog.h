@@ -17,7 +17,7 @@ class QEventLoop;
 class QLabel;
 class QScrollArea;
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// A form as a modal dialog, made from its controls and its layout alone. Keys, mouse and focus go to the form
 /// first; text editing stays native. No exception crosses Qt: acts on a form do not throw.
@@ -88,4 +88,4 @@ class FormDialog final : public QDialog, private FormObserver {
   bool movingFocus_ = false;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

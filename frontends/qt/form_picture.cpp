@@ -10,7 +10,7 @@
 
 #include "frontends/qt/form_dialog.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 struct ThemeColours {
@@ -88,4 +88,4 @@ std::string FormPicture::Png() const {
   return bytes.toStdString();
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

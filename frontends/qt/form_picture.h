@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 class FormDialog;
 
@@ -28,4 +28,4 @@ class FormPicture {
   std::unique_ptr<State> state_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

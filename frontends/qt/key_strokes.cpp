@@ -5,7 +5,7 @@
 
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 /// A key that is known by its own name rather than by the character that it makes.
@@ -85,7 +85,7 @@ std::optional<KeyStroke> StrokeOf(const QKeyEvent& event) {
   const std::string typed = FromQt(TypedText(event));
   if (typed.size() != 1)
     return KeyStroke{.keyCode = LatinKeyCode(event.key()), .shift = shift};
-  KeyStroke stroke = StrokeOf(typed.front());
+  KeyStroke stroke = fiscalon::StrokeOf(typed.front());
   // The keyboard knows better than the character which keys were held, Caps Lock for one.
   stroke.shift = shift;
   return stroke;
@@ -114,4 +114,4 @@ QtKey QtKeyOf(const KeyStroke& stroke) {
   return result;
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

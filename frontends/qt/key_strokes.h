@@ -5,7 +5,7 @@
 
 #include "core/forms/keys.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// The stroke of a key event; nothing for a key that only changes others, such as Shift.
 std::optional<KeyStroke> StrokeOf(const QKeyEvent& event);
@@ -18,4 +18,4 @@ struct QtKey {
 };
 QtKey QtKeyOf(const KeyStroke& stroke);
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

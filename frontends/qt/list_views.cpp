@@ -13,7 +13,7 @@
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 QStringList RowsOf(const ListControl& list) {
@@ -159,4 +159,4 @@ void ListBoxView::Released(int row) {
     Refresh();
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -6,7 +6,7 @@
 #include "core/forms/list_control.h"
 #include "frontends/qt/control_view.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// A drop-down list. Arrow keys and letters are the form's; dropping down and picking by mouse are native.
 class DropDownView final : public ControlView {
@@ -48,4 +48,4 @@ class ListBoxView final : public ControlView {
   bool interrupted_ = false;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

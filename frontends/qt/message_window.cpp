@@ -8,7 +8,7 @@
 
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 struct StyleRow {
@@ -88,4 +88,4 @@ MessageAnswer AnswerOf(const QMessageBox& window, const BoxRequest& box) {
   return box.ClosedAnswer();
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -5,7 +5,7 @@
 
 #include "core/forms/toolkit.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// A message box as a window over its parent: icon, plain text, buttons, default button and title.
 std::unique_ptr<QMessageBox> NewMessageWindow(const BoxRequest& box, QWidget* parent);
@@ -19,4 +19,4 @@ QAbstractButton* ButtonFor(const QMessageBox& window, MessageAnswer answer);
 /// The answer that closed the window. One that was closed without a button answers the most careful thing it can.
 MessageAnswer AnswerOf(const QMessageBox& window, const BoxRequest& box);
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

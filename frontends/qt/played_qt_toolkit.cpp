@@ -14,13 +14,15 @@ namespace {
 /// A dialog in the list of those that are up, while it is.
 class Listed {
  public:
-  Listed(std::vector<FormDialog*>& dialogs, FormDialog& dialog) : dialogs_(dialogs) { dialogs_.push_back(&dialog); }
+  Listed(std::vector<qt::FormDialog*>& dialogs, qt::FormDialog& dialog) : dialogs_(dialogs) {
+    dialogs_.push_back(&dialog);
+  }
   ~Listed() { dialogs_.pop_back(); }
   Listed(const Listed&) = delete;
   Listed& operator=(const Listed&) = delete;
 
  private:
-  std::vector<FormDialog*>& dialogs_;
+  std::vector<qt::FormDialog*>& dialogs_;
 };
 
 }  // namespace
@@ -28,7 +30,7 @@ class Listed {
 PlayedQtToolkit::Platform::Platform() {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
-  InstallProgramMessages("fiscalon");
+  qt::InstallProgramMessages("fiscalon");
 }
 
 PlayedQtToolkit::PlayedQtToolkit() {
@@ -43,28 +45,28 @@ void PlayedQtToolkit::Opening(Form& form) {
 void PlayedQtToolkit::ServeModal(Form& form) {
   if (watcher_ != nullptr)
     watcher_->Opened(form);
-  FormDialog dialog(form, Dialog(), watcher_);
+  qt::FormDialog dialog(form, Dialog(), watcher_);
   const Listed listed(dialogs_, dialog);
   dialog.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
   dialog.Present();
   QCoreApplication::processEvents();
-  QtDriver user(dialog);
+  qt::QtDriver user(dialog);
   if (onForm)
     Call(onForm, form, user);
 }
 
 MessageAnswer PlayedQtToolkit::ShowMessage(const BoxRequest& box) {
-  const auto window = NewMessageWindow(box, Dialog());
+  const auto window = qt::NewMessageWindow(box, Dialog());
   window->show();
-  const BoxRequest shown = ShownIn(*window);
+  const BoxRequest shown = qt::ShownIn(*window);
   const MessageAnswer answer = onMessage ? Call(onMessage, shown) : shown.DefaultAnswer();
-  if (QAbstractButton* button = ButtonFor(*window, answer))
+  if (QAbstractButton* button = qt::ButtonFor(*window, answer))
     button->click();
   // The window beneath is active again before its handler goes on, as after a box that a person has answered.
   if (Dialog() != nullptr)
     Dialog()->activateWindow();
   QCoreApplication::processEvents();
-  const MessageAnswer given = AnswerOf(*window, box);
+  const MessageAnswer given = qt::AnswerOf(*window, box);
   if (watcher_ != nullptr)
     watcher_->BoxAnswered(box, given);
   return given;

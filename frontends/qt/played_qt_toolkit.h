@@ -7,9 +7,11 @@
 #include "frontends/played/user_driver.h"
 #include "frontends/qt/qt_application.h"
 
-namespace fiscalon {
-
+namespace fiscalon::qt {
 class FormDialog;
+}
+
+namespace fiscalon {
 
 /// The Qt front end without a person: real dialogs and boxes, driven through the window system's events and read
 /// off the widgets. For scenarios, tests and pictures. Needs no display: windows go to Qt's "offscreen" platform unless
@@ -28,7 +30,7 @@ class PlayedQtToolkit final : public DrivenToolkit, private FormObserver {
   void Watch(ActWatcher* watcher) { watcher_ = watcher; }
 
   /// The dialog that is up; null where none is.
-  FormDialog* Dialog() const { return dialogs_.empty() ? nullptr : dialogs_.back(); }
+  qt::FormDialog* Dialog() const { return dialogs_.empty() ? nullptr : dialogs_.back(); }
 
  private:
   void HandlerRuns(std::string_view object, std::string_view event) override;
@@ -39,8 +41,8 @@ class PlayedQtToolkit final : public DrivenToolkit, private FormObserver {
   };
 
   Platform platform_;
-  QtApplication application_;
-  std::vector<FormDialog*> dialogs_;
+  qt::QtApplication application_;
+  std::vector<qt::FormDialog*> dialogs_;
   ActWatcher* watcher_ = nullptr;
 };
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 const char* theProgram = "";
@@ -40,4 +40,4 @@ void InstallProgramMessages(const char* program) {
   qInstallMessageHandler(PassMessage);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

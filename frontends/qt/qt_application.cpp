@@ -8,7 +8,7 @@
 
 #include "core/platform/runtime_error.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 /// The program's own file name, for message boxes without a title.
@@ -61,4 +61,4 @@ bool QtApplication::CanShow() {
 #endif
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -4,7 +4,7 @@
 
 class QApplication;
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// The process's QApplication: the host's, or one made here for a host that has none. One that was made here goes
 /// with the last object of this class. Throws `RuntimeError` 5 where the host's application can't show widgets.
@@ -24,4 +24,4 @@ class QtApplication {
   std::shared_ptr<Own> own_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

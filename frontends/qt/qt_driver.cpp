@@ -20,7 +20,7 @@
 #include "frontends/qt/key_strokes.h"
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 void Press(QWindow* window, const KeyStroke& stroke) {
@@ -80,7 +80,7 @@ void SelectSpan(QWidget& widget, Span span) {
 }  // namespace
 
 void QtDriver::Type(char character) {
-  PressKey(StrokeOf(character));
+  PressKey(fiscalon::StrokeOf(character));
 }
 
 void QtDriver::PressKey(const KeyStroke& stroke) {
@@ -235,4 +235,4 @@ int QtDriver::Items(Control& control) {
   return list == nullptr ? 0 : list->count();
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -7,7 +7,7 @@
 
 class QWidget;
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 class FormDialog;
 
@@ -45,4 +45,4 @@ class QtDriver final : public UserDriver {
   FormDialog& dialog_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

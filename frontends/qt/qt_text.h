@@ -8,7 +8,7 @@
 #include "core/platform/code_page.h"
 
 /// The edge between the library's text in the code page and Qt's.
-namespace fiscalon {
+namespace fiscalon::qt {
 
 inline QString ToQt(std::string_view text) {
   const std::string utf8 = ToUtf8(text);
@@ -32,4 +32,4 @@ inline QString TextOfDocument(const QTextDocument& document) {
   return document.toRawText().replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

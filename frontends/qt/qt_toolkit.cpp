@@ -24,8 +24,8 @@ void GiveKeyboardBackTo(QWidget* window) {
 }  // namespace
 
 struct QtToolkit::State {
-  QtApplication application;
-  std::vector<FormDialog*> dialogs;
+  qt::QtApplication application;
+  std::vector<qt::FormDialog*> dialogs;
   ActWatcher* watcher = nullptr;
 
   MessageAnswer Ask(const BoxRequest& box) const;
@@ -36,7 +36,7 @@ QtToolkit::QtToolkit() : state_(std::make_unique<State>()) {}
 QtToolkit::~QtToolkit() = default;
 
 bool QtToolkit::HasDisplay() {
-  return QtApplication::CanShow();
+  return qt::QtApplication::CanShow();
 }
 
 void QtToolkit::Watch(ActWatcher* watcher) {
@@ -47,7 +47,7 @@ void QtToolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
   const QPointer<QWidget> parent = state_->TopWindow();
-  FormDialog dialog(form, parent, state_->watcher);
+  qt::FormDialog dialog(form, parent, state_->watcher);
   state_->dialogs.push_back(&dialog);
   dialog.Serve();
   state_->dialogs.pop_back();
@@ -56,10 +56,10 @@ void QtToolkit::ServeModal(Form& form) {
 
 MessageAnswer QtToolkit::State::Ask(const BoxRequest& box) const {
   QWidget* parent = TopWindow();
-  const auto window = NewMessageWindow(box, parent);
+  const auto window = qt::NewMessageWindow(box, parent);
   window->exec();
   GiveKeyboardBackTo(parent);
-  return AnswerOf(*window, box);
+  return qt::AnswerOf(*window, box);
 }
 
 MessageAnswer QtToolkit::ShowMessage(const BoxRequest& box) {
@@ -78,11 +78,11 @@ void QtToolkit::Beep() {
 void QtToolkit::OpenHelp(std::string_view file, int32_t context) {
   if (state_->watcher != nullptr)
     state_->watcher->HelpOpened(file, context);
-  const QString path = ToQt(file.substr(0, file.find('>')));
+  const QString path = qt::ToQt(file.substr(0, file.find('>')));
   if (!QFileInfo::exists(path))
-    state_->Ask({.text = "The help file " + FromQt(path) + " is missing.", .style = MessageStyle::Exclamation});
+    state_->Ask({.text = "The help file " + qt::FromQt(path) + " is missing.", .style = MessageStyle::Exclamation});
   else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath())))
-    state_->Ask({.text = "No program on this computer opens the help file " + FromQt(path) + ".",
+    state_->Ask({.text = "No program on this computer opens the help file " + qt::FromQt(path) + ".",
                  .style = MessageStyle::Exclamation});
 }
 

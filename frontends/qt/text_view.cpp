@@ -14,7 +14,7 @@
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 bool IsPair(const std::string& text, size_t i) {
@@ -265,4 +265,4 @@ void MultiLineView::SetLocked(bool locked) {
   native_.setPalette(Shades());
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -7,7 +7,7 @@
 #include "core/forms/text_field.h"
 #include "frontends/qt/control_view.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// A text field. The editor is native; the form hears what it makes of the text, and may change that.
 class TextView : public ControlView {
@@ -92,4 +92,4 @@ class MultiLineView final : public TextView {
   QPlainTextEdit& native_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -8,7 +8,7 @@
 #include "core/forms/watched_acts.h"
 #include "core/platform/windows/wide_text.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 bool AnyButtonView::MousePressed(UINT message, POINT /*place*/) {
   const bool left = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
@@ -87,4 +87,4 @@ void ToggleView::Refresh() {
     Native(BM_SETCHECK, value, 0);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

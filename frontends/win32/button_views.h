@@ -3,7 +3,7 @@
 #include "core/forms/button.h"
 #include "frontends/win32/control_view.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// What push buttons, check boxes and option buttons share: the window shows the press, the form clicks.
 class AnyButtonView : public ControlView {
@@ -51,4 +51,4 @@ class ToggleView final : public AnyButtonView {
   ToggleButton& toggle_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -5,7 +5,7 @@
 #include "core/forms/usual_sizes.h"
 #include "core/platform/windows/wide_text.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 std::wstring AsShown(std::wstring_view caption) {
   std::wstring shown;
@@ -59,4 +59,4 @@ void FrameView::Refresh() {
   ShowText(AsShown(ToWide(frame_.Caption())));
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

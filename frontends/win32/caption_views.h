@@ -5,7 +5,7 @@
 #include "core/forms/label.h"
 #include "frontends/win32/control_view.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// A label: the caption of a field, a hint, or a value that the form shows.
 class LabelView final : public ControlView {
@@ -41,4 +41,4 @@ std::wstring AsShown(std::wstring_view caption);
 /// The other way round: the caption that is shown so.
 std::wstring AsCaption(std::wstring_view shown);
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// The manifest's resource, as common_controls.rc has it.
@@ -52,4 +52,4 @@ CommonControls::~CommonControls() {
     ::DeactivateActCtx(0, cookie_);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

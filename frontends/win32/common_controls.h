@@ -2,7 +2,7 @@
 
 #include "frontends/win32/windows_api.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// While one is there, controls and boxes are made with the common controls of version 6, whatever the host's manifest
 /// says. Without the library's own manifest, in a program that has not linked it, they look as the host's do.
@@ -18,4 +18,4 @@ class CommonControls {
   bool active_ = false;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

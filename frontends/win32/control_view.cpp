@@ -8,7 +8,7 @@
 #include "frontends/win32/list_views.h"
 #include "frontends/win32/text_view.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 int WidthOf(const RECT& place) {
@@ -110,4 +110,4 @@ std::unique_ptr<ControlView> MakeView(Control& control, WatchedActs& acts) {
   return std::make_unique<TextView>(static_cast<TextField&>(control), acts);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -7,8 +7,11 @@
 #include "frontends/win32/dialog_fonts.h"
 
 namespace fiscalon {
-
 class WatchedActs;
+}
+
+namespace fiscalon::win32 {
+
 class FormWindow;
 
 /// One control of a form as a window: shows what the control holds, and makes acts of what the user does to it. The
@@ -95,4 +98,4 @@ class ControlView {
 
 std::unique_ptr<ControlView> MakeView(Control& control, WatchedActs& acts);
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

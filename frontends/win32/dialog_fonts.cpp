@@ -5,7 +5,7 @@
 
 #include "frontends/win32/screen_scale.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// A font on a surface, while texts are measured by it.
@@ -75,4 +75,4 @@ int DialogFonts::DigitsWidth(int digits, FontKind kind) const {
   return ::MulDiv(digits, Extent(L"0000000000", kind).cx, kMeasured);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

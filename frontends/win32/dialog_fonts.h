@@ -5,7 +5,7 @@
 
 #include "frontends/win32/windows_api.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 enum class FontKind { Plain, Bold, FixedPitch };
 
@@ -51,4 +51,4 @@ class DialogFonts {
   SIZE base_ = {};
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -7,7 +7,7 @@
 #include "core/forms/label.h"
 #include "core/forms/text_field.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 // Distances in dialog units.
@@ -295,4 +295,4 @@ std::map<const Control*, RECT> DialogLayout::Buttons(int width) const {
   return places;
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

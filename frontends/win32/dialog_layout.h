@@ -8,7 +8,7 @@
 #include "core/forms/laid_out.h"
 #include "frontends/win32/dialog_fonts.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// Where the controls of a form stand, by the form's own layout: groups beneath each other in columns, captions and
 /// fields of a column aligned through all its groups, hints beside their fields, buttons at the bottom. What is hidden
@@ -101,4 +101,4 @@ class DialogLayout {
   SIZE body_ = {};
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

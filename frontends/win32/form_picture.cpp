@@ -10,7 +10,7 @@ using std::min;
 
 #include <gdiplus.h>
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 std::string ContentOf(IStream& stream) {
@@ -65,4 +65,4 @@ void FormPicture::Take(HWND window) {
   ::ReleaseDC(window, shown);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -4,7 +4,7 @@
 
 #include "frontends/win32/windows_api.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// Pictures of windows as they look on this desktop.
 class FormPicture {
@@ -24,4 +24,4 @@ class FormPicture {
   std::string png_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

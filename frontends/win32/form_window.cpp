@@ -11,7 +11,7 @@
 #include "frontends/win32/dialog_layout.h"
 #include "frontends/win32/window_class.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
@@ -422,4 +422,4 @@ void FormWindow::HandlerRuns(std::string_view object, std::string_view event) {
     onHandler(object, event);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -13,7 +13,7 @@
 #include "frontends/win32/hints.h"
 #include "frontends/win32/screen_scale.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// A form as a modal window, made from its controls and its layout alone. Keys, mouse and focus go to the form first,
 /// whether their messages were posted or sent; text editing stays native. No exception crosses Windows: acts on a form
@@ -127,4 +127,4 @@ class FormWindow final : private FormObserver {
   Follows follows_ = Follows::Nothing;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

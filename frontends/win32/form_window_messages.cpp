@@ -6,7 +6,7 @@
 #include "frontends/win32/form_window.h"
 #include "frontends/win32/key_strokes.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// WM_DPICHANGED of systems that scale by monitor.
@@ -248,4 +248,4 @@ LRESULT FormWindow::HearOwn(HWND window, UINT message, WPARAM wide, LPARAM extra
   return ::DefWindowProcW(window, message, wide, extra);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -4,7 +4,7 @@
 
 #include "frontends/win32/common_controls.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// The entry of a control. Its size is that of all versions of the common controls.
@@ -40,4 +40,4 @@ void Hints::Set(HWND form, HWND control, const std::wstring& text, int widest) {
   ::SendMessageW(window_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&entry));
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

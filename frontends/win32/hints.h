@@ -2,7 +2,7 @@
 
 #include "frontends/win32/windows_api.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// The texts that a form shows while the mouse rests over a control.
 class Hints {
@@ -20,4 +20,4 @@ class Hints {
   HWND window_ = nullptr;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -2,7 +2,7 @@
 
 #include "core/platform/windows/wide_text.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 bool IsHeld(int key) {
@@ -48,4 +48,4 @@ bool HasNoCode(int keyCode) {
   return keyCode == VK_PACKET || keyCode == VK_PROCESSKEY;
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -5,7 +5,7 @@
 #include "core/forms/keys.h"
 #include "frontends/win32/windows_api.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// Which of Shift, Ctrl and Alt are held, as `KeyDown` handlers see them.
 int ShiftStateNow();
@@ -19,4 +19,4 @@ bool IsSystemKey(int keyCode, int shift);
 /// The key stands for a character alone, or for an input method's own work.
 bool HasNoCode(int keyCode);
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

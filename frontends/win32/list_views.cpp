@@ -11,7 +11,7 @@
 #include "core/forms/watched_acts.h"
 #include "core/platform/windows/wide_text.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// Posted by a drop-down list to itself: a row was picked, and Windows is done with the list.
@@ -212,4 +212,4 @@ void ListBoxView::Notified(int code) {
     Refresh();
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

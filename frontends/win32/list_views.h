@@ -3,7 +3,7 @@
 #include "core/forms/list_control.h"
 #include "frontends/win32/control_view.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// A drop-down list. Arrow keys and letters are the form's while it is closed; an open one is Windows'.
 class DropDownView final : public ControlView {
@@ -52,4 +52,4 @@ class ListBoxView final : public ControlView {
   int pressedRow_ = ListControl::kNothingSelected;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -7,7 +7,7 @@
 #include "core/platform/windows/wide_text.h"
 #include "frontends/win32/common_controls.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 struct StyleRow {
@@ -117,4 +117,4 @@ BoxRequest ShownIn(HWND window) {
   return shown;
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -3,7 +3,7 @@
 #include "core/forms/toolkit.h"
 #include "frontends/win32/windows_api.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// Shows a box over its owner, null for none, and waits for the answer.
 MessageAnswer AskByBox(const BoxRequest& box, HWND owner);
@@ -17,4 +17,4 @@ int ButtonIdOf(MessageAnswer answer);
 /// The name of the host application: of its program file where it says none.
 std::wstring NameOfHost();
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

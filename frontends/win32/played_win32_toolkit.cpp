@@ -13,13 +13,15 @@ namespace {
 /// A window in the list of those that are up, while it is.
 class Listed {
  public:
-  Listed(std::vector<FormWindow*>& windows, FormWindow& window) : windows_(windows) { windows_.push_back(&window); }
+  Listed(std::vector<win32::FormWindow*>& windows, win32::FormWindow& window) : windows_(windows) {
+    windows_.push_back(&window);
+  }
   ~Listed() { windows_.pop_back(); }
   Listed(const Listed&) = delete;
   Listed& operator=(const Listed&) = delete;
 
  private:
-  std::vector<FormWindow*>& windows_;
+  std::vector<win32::FormWindow*>& windows_;
 };
 
 /// Reads the next box of the thread when it comes up, and presses the button that somebody says.
@@ -70,14 +72,14 @@ class BoxUser {
   }
 
   void Answer(HWND box) {
-    const BoxRequest shown = ShownIn(box);
+    const BoxRequest shown = win32::ShownIn(box);
     MessageAnswer answer = shown.DefaultAnswer();
     try {
       answer = answers_(shown);
     } catch (...) {
       failure_ = std::current_exception();
     }
-    const int id = ButtonIdOf(answer);
+    const int id = win32::ButtonIdOf(answer);
     ::PostMessageW(box, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(::GetDlgItem(box, id)));
   }
 
@@ -105,11 +107,11 @@ void PlayedWin32Toolkit::Opening(Form& form) {
 void PlayedWin32Toolkit::ServeModal(Form& form) {
   if (watcher_ != nullptr)
     watcher_->Opened(form);
-  FormWindow window(form, windows_.empty() ? nullptr : Window()->Window(), watcher_, dotsPerInch_);
+  win32::FormWindow window(form, windows_.empty() ? nullptr : Window()->Window(), watcher_, dotsPerInch_);
   const Listed listed(windows_, window);
   window.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
   window.Present();
-  Win32Driver user(window);
+  win32::Win32Driver user(window);
   user.ServeMessages();
   if (onForm)
     Call(onForm, form, user);
@@ -124,7 +126,7 @@ MessageAnswer PlayedWin32Toolkit::ShowMessage(const BoxRequest& box) {
   // Whatever program plays, the host's name is this one.
   if (asked.title.empty())
     asked.title = "Fiscalon";
-  const MessageAnswer given = AskByBox(asked, Window() == nullptr ? nullptr : Window()->Window());
+  const MessageAnswer given = win32::AskByBox(asked, Window() == nullptr ? nullptr : Window()->Window());
   user.Rethrow();
   if (watcher_ != nullptr)
     watcher_->BoxAnswered(box, given);

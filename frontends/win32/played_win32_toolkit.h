@@ -7,9 +7,11 @@
 #include "frontends/played/user_driver.h"
 #include "frontends/win32/windows_api.h"
 
-namespace fiscalon {
-
+namespace fiscalon::win32 {
 class FormWindow;
+}
+
+namespace fiscalon {
 
 /// The native front end without a person: real windows and boxes, driven by messages and read off the controls. For
 /// scenarios, tests and pictures. Needs no display where the system can do without.
@@ -28,13 +30,13 @@ class PlayedWin32Toolkit final : public DrivenToolkit, private FormObserver {
   void Watch(ActWatcher* watcher) { watcher_ = watcher; }
 
   /// The window of the form that is up; null where none is.
-  FormWindow* Window() const { return windows_.empty() ? nullptr : windows_.back(); }
+  win32::FormWindow* Window() const { return windows_.empty() ? nullptr : windows_.back(); }
 
  private:
   void HandlerRuns(std::string_view object, std::string_view event) override;
 
   int dotsPerInch_;
-  std::vector<FormWindow*> windows_;
+  std::vector<win32::FormWindow*> windows_;
   ActWatcher* watcher_ = nullptr;
 };
 

@@ -1,6 +1,6 @@
 #include "frontends/win32/screen_scale.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// A routine that older systems do not have, or null.
@@ -65,4 +65,4 @@ ScalingByMonitor::~ScalingByMonitor() {
     SwitchTo(before_);
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

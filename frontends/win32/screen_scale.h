@@ -3,7 +3,7 @@
 #include "frontends/win32/windows_api.h"
 
 /// How many pixels an inch of a screen has, where windows know that for themselves.
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 constexpr int kUsualDotsPerInch = 96;
 
@@ -28,4 +28,4 @@ class ScalingByMonitor {
   HANDLE before_ = nullptr;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -11,7 +11,7 @@
 #include "core/platform/windows/wide_text.h"
 #include "frontends/win32/form_window.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// A key that the editor has a message for.
@@ -296,4 +296,4 @@ Selection TextView::FieldSelection() const {
   return {.start = start, .length = positionOf(selection.End()) - start};
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -7,7 +7,7 @@
 #include "core/forms/text_field.h"
 #include "frontends/win32/control_view.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// A text field, of one line or several. The editor is native; the form hears what it makes of the text, and may change
 /// that.
@@ -57,4 +57,4 @@ class TextView final : public ControlView {
   bool edited_ = false;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -8,7 +8,7 @@
 #include "frontends/win32/caption_views.h"
 #include "frontends/win32/form_window.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// Keys that are held while messages are dealt with. Posted messages alone do not change what the thread takes for
@@ -292,4 +292,4 @@ int Win32Driver::Items(Control& control) {
   return 0;
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -6,7 +6,7 @@
 #include "frontends/played/user_driver.h"
 #include "frontends/win32/windows_api.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 class FormWindow;
 
@@ -51,4 +51,4 @@ class Win32Driver final : public UserDriver {
   FormWindow& window_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

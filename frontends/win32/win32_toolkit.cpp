@@ -29,7 +29,7 @@ HelpResult ShowHelp(const std::wstring& file, const std::wstring& path, int32_t 
 }  // namespace
 
 struct Win32Toolkit::State {
-  std::vector<FormWindow*> windows;
+  std::vector<win32::FormWindow*> windows;
   ActWatcher* watcher = nullptr;
 
   HWND TopWindow() const { return windows.empty() ? ::GetActiveWindow() : windows.back()->Window(); }
@@ -38,7 +38,7 @@ struct Win32Toolkit::State {
     // What the handler has changed so far is seen behind the box.
     if (!windows.empty())
       windows.back()->Settle();
-    return AskByBox(box, TopWindow());
+    return win32::AskByBox(box, TopWindow());
   }
 };
 
@@ -52,7 +52,7 @@ void Win32Toolkit::Watch(ActWatcher* watcher) {
 void Win32Toolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
-  FormWindow window(form, state_->TopWindow(), state_->watcher);
+  win32::FormWindow window(form, state_->TopWindow(), state_->watcher);
   state_->windows.push_back(&window);
   try {
     window.Serve();

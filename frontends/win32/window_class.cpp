@@ -1,6 +1,6 @@
 #include "frontends/win32/window_class.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 constexpr const wchar_t* kName = L"FiscalonForm";
@@ -31,4 +31,4 @@ LPCWSTR WindowClass::Name(WNDPROC procedure) {
   return reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(windowClass.atom_));
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

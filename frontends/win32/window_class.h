@@ -2,7 +2,7 @@
 
 #include "frontends/win32/windows_api.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// The window class of forms, which is there as long as the library is.
 class WindowClass {
@@ -17,4 +17,4 @@ class WindowClass {
   ATOM atom_;
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

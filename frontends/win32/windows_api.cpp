@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 HINSTANCE OwnModule() {
   HMODULE module = nullptr;
@@ -23,4 +23,4 @@ std::wstring TextOfWindow(HWND window) {
   return text;
 }
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

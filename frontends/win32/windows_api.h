@@ -9,7 +9,7 @@
 #include <string>
 
 /// What the sources of this front end need of the system.
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// The program or library that holds this code, to which its window classes and resources belong.
 HINSTANCE OwnModule();
@@ -20,4 +20,4 @@ HINSTANCE OwnModule();
 /// The text of a window or of a control.
 std::wstring TextOfWindow(HWND window);
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

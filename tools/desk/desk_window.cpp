@@ -91,19 +91,19 @@ void DeskWindow::ShowScreen(const std::string& code) {
     result_->ShowError(tr("The payment can't be shown:"), error, Advice(error, session));
     return;
   }
-  result_->Say(tr("Screen %1 is open.").arg(ToQt(code)));
+  result_->Say(tr("Screen %1 is open.").arg(qt::ToQt(code)));
   try {
     Launch(session, *screen);
   } catch (const RuntimeError& error) {
     result_->ShowError(
-        tr("Screen %1 ended with an error. Shown again, it goes on with what was typed.").arg(ToQt(code)), error,
+        tr("Screen %1 ended with an error. Shown again, it goes on with what was typed.").arg(qt::ToQt(code)), error,
         Advice(error, session));
   }
 }
 
 void DeskWindow::Launch(Levyra& session, const LaunchRow& screen) {
   const bool toFile = session.WriteFile() == kTrue;
-  const QString name = ToQt(session.GovFilename());
+  const QString name = qt::ToQt(session.GovFilename());
   const QDateTime before = LastWritten(name);
   if (!session.ShowLevyraScreen(screen.code))
     result_->Say(tr("Cancelled. Nothing was written."));

@@ -15,7 +15,7 @@ namespace {
 constexpr int kUnusable = 2;
 
 int OpenDesk(int argc, char** argv) {
-  fiscalon::InstallProgramMessages("fiscalon-desk");
+  fiscalon::qt::InstallProgramMessages("fiscalon-desk");
   const QApplication application(argc, argv);
   QApplication::setApplicationDisplayName(QStringLiteral("Fiscalon"));
   fiscalon::QtToolkit toolkit;

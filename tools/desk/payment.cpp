@@ -22,18 +22,18 @@ Payment ExamplePayment() {
 }
 
 void Give(const Payment& payment, Levyra& session) {
-  session.ZelmorNumber(FromQt(payment.customerNumber));
-  session.CompCode(FromQt(payment.billerCode));
-  session.CompName(FromQt(payment.billerName));
-  session.PaidAmount(FromQt(payment.cents));
-  session.PaidDate(FromQt(payment.date));
-  session.EnterName(FromQt(payment.enteredBy));
-  session.EnterTitle(FromQt(payment.title));
+  session.ZelmorNumber(qt::FromQt(payment.customerNumber));
+  session.CompCode(qt::FromQt(payment.billerCode));
+  session.CompName(qt::FromQt(payment.billerName));
+  session.PaidAmount(qt::FromQt(payment.cents));
+  session.PaidDate(qt::FromQt(payment.date));
+  session.EnterName(qt::FromQt(payment.enteredBy));
+  session.EnterTitle(qt::FromQt(payment.title));
   session.APHoldFlg(payment.onHold ? 1 : 0);
-  session.SeqNumber(FromQt(payment.sequence));
+  session.SeqNumber(qt::FromQt(payment.sequence));
   session.NumberOfInfoCollect(std::to_string(payment.items));
-  session.BusinessName(FromQt(payment.businessName));
-  session.GovFilename(FromQt(payment.file));
+  session.BusinessName(qt::FromQt(payment.businessName));
+  session.GovFilename(qt::FromQt(payment.file));
   session.WriteFile(payment.destination == Payment::Destination::File ? kTrue : kFalse);
 }
 

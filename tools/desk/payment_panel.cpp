@@ -85,10 +85,10 @@ PaymentPanel::PaymentPanel(QWidget* parent)
 
 void PaymentPanel::NameDoubts() {
   Levyra session;
-  session.SeqNumber(FromQt(sequence_->text()));
-  session.EnterName(FromQt(enteredBy_->text()));
-  session.EnterTitle(FromQt(title_->text()));
-  session.GovFilename(FromQt(file_->text()));
+  session.SeqNumber(qt::FromQt(sequence_->text()));
+  session.EnterName(qt::FromQt(enteredBy_->text()));
+  session.EnterTitle(qt::FromQt(title_->text()));
+  session.GovFilename(qt::FromQt(file_->text()));
   session.WriteFile(toFile_->isChecked());
   QStringList doubts;
   for (const std::string& doubt : DoubtsAbout(session)) doubts.append(QString::fromStdString(doubt));

@@ -137,7 +137,7 @@ void ResultPanel::Say(const QString& words) {
 
 void ResultPanel::ShowError(const QString& words, const RuntimeError& error, const QString& advice) {
   const QString what = tr("%1\nNumber: %2\nSource: %3\nDescription: %4")
-                           .arg(words, NumberOf(error), ToQt(error.Source()), ToQt(error.Description()));
+                           .arg(words, NumberOf(error), qt::ToQt(error.Source()), qt::ToQt(error.Description()));
   Say(advice.isEmpty() ? what : what + u'\n' + advice);
 }
 
@@ -172,7 +172,7 @@ void ResultPanel::AddRecord(const ShownRecord& record) {
 }
 
 void ResultPanel::AddField(QTreeWidgetItem& top, const ShownRecord& record, const ShownField& field, int line) {
-  auto* row = new QTreeWidgetItem(&top, {ToQt(field.name), QString(), Plain(DottedText(record.TextOf(field))),
+  auto* row = new QTreeWidgetItem(&top, {qt::ToQt(field.name), QString(), Plain(DottedText(record.TextOf(field))),
                                          Plain(RemarkOn(record, field, TheModule().locale))});
   row->setFont(kText, lines_->font());
   SetPlace(*row, line, field.from, field.to);

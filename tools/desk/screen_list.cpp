@@ -54,8 +54,8 @@ ScreenList::ScreenList(QWidget* parent)
 bool ScreenList::ListScreens() {
   bool all = true;
   for (const LaunchRow& row : LaunchTable()) {
-    auto* item = new QTreeWidgetItem(list_, {ToQt(row.code), ToQt(row.collects)});
-    item->setToolTip(kCollects, ToQt(row.collects) + u'\n' + ToQt(row.form));
+    auto* item = new QTreeWidgetItem(list_, {qt::ToQt(row.code), qt::ToQt(row.collects)});
+    item->setToolTip(kCollects, qt::ToQt(row.collects) + u'\n' + qt::ToQt(row.form));
     if (row.make != nullptr)
       continue;
     all = false;
@@ -66,7 +66,7 @@ bool ScreenList::ListScreens() {
 
 void ScreenList::Choose(const std::string& code) {
   for (int i = 0; i < list_->topLevelItemCount(); ++i)
-    if (list_->topLevelItem(i)->text(kCode) == ToQt(code))
+    if (list_->topLevelItem(i)->text(kCode) == qt::ToQt(code))
       list_->setCurrentItem(list_->topLevelItem(i));
   show_->setFocus();
 }
@@ -78,7 +78,7 @@ bool ScreenList::CanShow(const QTreeWidgetItem* item) {
 void ScreenList::ShowChosen() {
   const QTreeWidgetItem* item = list_->currentItem();
   if (CanShow(item) && onShow)
-    onShow(FromQt(item->text(kCode)));
+    onShow(qt::FromQt(item->text(kCode)));
 }
 
 }  // namespace fiscalon

@@ -11,19 +11,19 @@ namespace {
 class PhotographedQt final : public PhotographedToolkit {
  public:
   explicit PhotographedQt(const PictureLook& look)
-      : picture_(look.theme == PictureLook::Theme::Dark ? FormPicture::Theme::Dark : FormPicture::Theme::Light,
+      : picture_(look.theme == PictureLook::Theme::Dark ? qt::FormPicture::Theme::Dark : qt::FormPicture::Theme::Light,
                  look.scale) {}
 
   DrivenToolkit& Toolkit() override { return toolkit_; }
   void TakePicture() override {
-    if (FormDialog* dialog = toolkit_.Dialog())
+    if (qt::FormDialog* dialog = toolkit_.Dialog())
       picture_.Take(*dialog);
   }
   std::string Picture() const override { return picture_.Png(); }
 
  private:
   PlayedQtToolkit toolkit_;
-  FormPicture picture_;
+  qt::FormPicture picture_;
 };
 
 }  // namespace
@@ -39,7 +39,7 @@ std::unique_ptr<DrivenToolkit> NewPlayedForms() {
 std::unique_ptr<Toolkit> NewForms(ActWatcher* watcher) {
   if (!QtToolkit::HasDisplay())
     throw CommandError("there is no display to show the form on; set DISPLAY or WAYLAND_DISPLAY");
-  InstallProgramMessages("fiscalon");
+  qt::InstallProgramMessages("fiscalon");
   auto toolkit = std::make_unique<QtToolkit>();
   toolkit->Watch(watcher);
   return toolkit;

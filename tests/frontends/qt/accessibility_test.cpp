@@ -8,7 +8,7 @@
 #include "screens/general/invoice_payments.h"
 #include "tests/frontends/qt/played_form.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 class Accessibility : public testing::Test, protected PlayedForm {
@@ -187,4 +187,4 @@ TEST_F(Accessibility, TellsWhichEntryKeepsTheFocus) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

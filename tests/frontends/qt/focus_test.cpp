@@ -5,7 +5,7 @@
 
 #include "tests/frontends/qt/played_form.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 class DialogFocus : public testing::Test, protected PlayedForm {
@@ -151,4 +151,4 @@ TEST_F(DialogFocus, TakesAGroupOfOptionsForOneTabStop) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -10,7 +10,7 @@
 #include "screens/general/donation.h"
 #include "tests/frontends/qt/played_form.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 class Dialog : public testing::Test, protected PlayedForm {
@@ -281,4 +281,4 @@ TEST_F(Dialog, ShowsHowALongLockedTextBeginsAndAllOfItAsAHint) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

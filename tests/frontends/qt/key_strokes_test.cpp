@@ -6,7 +6,7 @@
 
 #include "frontends/qt/qt_text.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 struct KeyRow {
@@ -82,7 +82,7 @@ TEST(QtKeyOf, ComesBackAsTheSameStroke) {
     strokes.push_back(*StrokeNamed(name));
   for (int character = ' '; character < 256; ++character)
     if (ToQt(std::string(1, static_cast<char>(character))).front().isPrint())
-      strokes.push_back(StrokeOf(static_cast<char>(character)));
+      strokes.push_back(fiscalon::StrokeOf(static_cast<char>(character)));
   for (const KeyStroke& stroke : strokes) {
     const QtKey key = QtKeyOf(stroke);
     const auto back = StrokeOf(QKeyEvent(QEvent::KeyPress, key.key, key.modifiers, key.text));
@@ -102,4 +102,4 @@ TEST(QtText, SurvivesThereAndBack) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -5,7 +5,7 @@
 
 #include "tests/frontends/qt/played_form.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 class Lists : public testing::Test, protected PlayedForm {
@@ -220,4 +220,4 @@ TEST_F(Lists, KeepTheirRowWhereEscapeClosesTheDroppedDownRows) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

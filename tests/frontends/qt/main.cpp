@@ -8,6 +8,6 @@
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  const fiscalon::QtApplication application;
+  const fiscalon::qt::QtApplication application;
   return RUN_ALL_TESTS();
 }

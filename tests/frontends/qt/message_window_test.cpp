@@ -5,7 +5,7 @@
 #include <QGuiApplication>
 #include <QPushButton>
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 TEST(MessageWindow, ShowsTextIconAndTitle) {
@@ -90,4 +90,4 @@ TEST(MessageWindow, ReadsBackWhatItShows) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -6,7 +6,7 @@
 
 #include "tests/frontends/qt/played_form.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 class Mouse : public testing::Test, protected PlayedForm {
@@ -165,4 +165,4 @@ TEST_F(Mouse, ClicksByAnAssistiveProgram) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -14,7 +14,7 @@
 #include "frontends/qt/played_qt_toolkit.h"
 #include "tests/support/every_kind_form.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 
 /// A form shown by real widgets, and a played user at it.
 class PlayedForm {
@@ -38,4 +38,4 @@ class PlayedForm {
   static void Press(UserDriver& user, std::string_view key) { user.PressKey(*StrokeNamed(key)); }
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -7,7 +7,7 @@
 #include "core/platform/runtime_error.h"
 #include "frontends/qt/qt_toolkit.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 class OfAHost : public testing::Test {
@@ -54,4 +54,4 @@ TEST_F(OfAHost, HasADisplayWhereOneIsNamed) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -17,7 +17,7 @@
 #include "tests/support/every_kind_form.h"
 #include "tests/support/temporary_folder.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 /// A form served by Qt's own event loop. The test acts from within it.
@@ -183,4 +183,4 @@ TEST_F(ModalForm, SaysWhichHelpFileIsMissing) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

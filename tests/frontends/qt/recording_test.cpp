@@ -14,7 +14,7 @@
 #include "frontends/qt/played_qt_toolkit.h"
 #include "frontends/scripted/scripted_toolkit.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 /// A session at real widgets that is written down, and played back from there.
@@ -214,4 +214,4 @@ TEST_F(Recording, PlaysBackWhateverWasDone) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -6,7 +6,7 @@
 #include "frontends/qt/played_qt_toolkit.h"
 #include "tests/support/walk.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 bool IsLong() {
@@ -31,4 +31,4 @@ TEST(QtFrontEnd, DoesWhatTheScriptedOneDoesWithEveryKindOfControl) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -8,7 +8,7 @@
 #include "frontends/qt/qt_text.h"
 #include "tests/frontends/qt/played_form.h"
 
-namespace fiscalon {
+namespace fiscalon::qt {
 namespace {
 
 class Typing : public testing::Test, protected PlayedForm {
@@ -283,4 +283,4 @@ TEST_F(Typing, NeverGivesDialogKeysToTheWidget) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::qt

@@ -4,7 +4,7 @@
 
 #include "tests/support/every_kind_form.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// Every caption is 60 wide, the total's 90, every field 100 by 20; on a form that is loaded and has no window.
@@ -84,4 +84,4 @@ TEST_F(Places, PutTheButtonsToTheRight) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

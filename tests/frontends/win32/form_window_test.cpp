@@ -8,7 +8,7 @@
 #include "core/platform/windows/wide_text.h"
 #include "tests/frontends/win32/played_form.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 bool HasStyle(HWND window, LONG_PTR style) {
@@ -309,4 +309,4 @@ TEST_F(Windows, ShowBoxesWithTitleIconAndButtons) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -6,7 +6,7 @@
 
 // What other programs do to a form by messages of their own: assistive ones, and those that fill forms in.
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 using testing::ElementsAre;
@@ -166,4 +166,4 @@ TEST_F(SentMessages, DoNothingToAFormThatWaitsInAHandler) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -7,7 +7,7 @@
 #include "frontends/win32/played_win32_toolkit.h"
 #include "tests/support/every_kind_form.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 
 /// A form shown by real windows, and a played user at it.
 class PlayedForm {
@@ -27,4 +27,4 @@ class PlayedForm {
   static void Press(UserDriver& user, std::string_view key) { user.PressKey(*StrokeNamed(key)); }
 };
 
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -5,7 +5,7 @@
 #include "frontends/win32/played_win32_toolkit.h"
 #include "tests/support/walk.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// Wine 8 reads beyond its tables where a native field holds some mixtures of letters, whoever put them there.
@@ -31,4 +31,4 @@ TEST(Win32FrontEnd, DoesWhatTheScriptedOneDoesWithEveryKindOfControl) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

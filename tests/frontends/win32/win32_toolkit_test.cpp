@@ -10,7 +10,7 @@
 #include "frontends/win32/windows_api.h"
 #include "tests/support/test_form.h"
 
-namespace fiscalon {
+namespace fiscalon::win32 {
 namespace {
 
 /// A window of the host's own, the active one of the thread.
@@ -112,4 +112,4 @@ TEST(Win32Toolkit, ServesTheHostsWindowsMeanwhile) {
 }
 
 }  // namespace
-}  // namespace fiscalon
+}  // namespace fiscalon::win32

@@ -16,14 +16,14 @@ class PhotographedWin32 final : public PhotographedToolkit {
 
   DrivenToolkit& Toolkit() override { return toolkit_; }
   void TakePicture() override {
-    if (const FormWindow* window = toolkit_.Window())
+    if (const win32::FormWindow* window = toolkit_.Window())
       picture_.Take(window->Window());
   }
   std::string Picture() const override { return picture_.Png(); }
 
  private:
   PlayedWin32Toolkit toolkit_;
-  FormPicture picture_;
+  win32::FormPicture picture_;
 };
 
 }  // namespace
