@@ -21,7 +21,7 @@ void OpenEach(benchmark::State& state, DrivenToolkit& toolkit) {
   int opened = 0;
   toolkit.onForm = [&opened](Form& /*form*/, UserDriver& user) {
     ++opened;
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
   };
   UseToolkit(&toolkit);
   Levyra session;

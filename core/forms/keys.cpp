@@ -16,7 +16,7 @@ constexpr std::array kNamedStrokes = {
     NamedStroke{"Shift+Tab", {.keyCode = key::kTab, .shift = shift_state::kShift, .character = key::kTab}},
     NamedStroke{"Enter", {.keyCode = key::kEnter, .character = key::kEnter}},
     NamedStroke{"Shift+Enter", {.keyCode = key::kEnter, .shift = shift_state::kShift, .character = key::kEnter}},
-    NamedStroke{"Ctrl+Enter", {.keyCode = key::kEnter, .shift = shift_state::kControl, .character = '\n'}},
+    NamedStroke{"Ctrl+Enter", {.keyCode = key::kEnter, .shift = shift_state::kControl, .character = key::kLineFeed}},
     NamedStroke{"Escape", {.keyCode = key::kEscape, .character = key::kEscape}},
     NamedStroke{"Backspace", {.keyCode = key::kBackspace, .character = key::kBackspace}},
     NamedStroke{"Delete", {.keyCode = key::kDelete}},

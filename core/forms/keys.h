@@ -10,6 +10,7 @@ namespace fiscalon {
 namespace key {
 constexpr int kBackspace = 8;
 constexpr int kTab = 9;
+constexpr int kLineFeed = 10;
 constexpr int kEnter = 13;
 constexpr int kShift = 16;
 constexpr int kControl = 17;
@@ -60,8 +61,8 @@ constexpr int kAlt = 4;
 struct KeyStroke {
   int keyCode = 0;
   int shift = shift_state::kNone;
-  /// The character that the key makes, in the code page (Backspace is 8, Enter 13, Ctrl+Enter 10); 0 where it makes
-  /// none.
+  /// The character that the key makes, in the code page (Backspace is 8, Enter 13, Ctrl+Enter a line feed); 0 where it
+  /// makes none.
   int character = 0;
 };
 

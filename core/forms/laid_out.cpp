@@ -1,7 +1,5 @@
 #include "core/forms/laid_out.h"
 
-#include <set>
-
 #include "core/forms/button.h"
 #include "core/forms/form_misuse.h"
 #include "core/forms/label.h"
@@ -109,6 +107,19 @@ std::vector<LaidOutGroup> LaidOut(const Form& form) {
     last.frame = nullptr;
   }
   return groups;
+}
+
+std::set<const Control*> StandingOut(const Form& form) {
+  std::set<const Control*> controls;
+  for (const LaidOutGroup& group : LaidOut(form)) {
+    if (group.heading != nullptr)
+      controls.insert(group.heading);
+    for (const LaidOutRow& row : group.rows)
+      for (const LaidOutCell& cell : row)
+        if (cell.standsOut && cell.field != nullptr)
+          controls.insert(cell.field);
+  }
+  return controls;
 }
 
 std::string StatusOf(const Form& form) {

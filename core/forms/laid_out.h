@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,9 @@ struct LaidOutGroup {
 /// The groups of a form, with captions as they read now. Controls that the layout forgets stand in a group at the end.
 /// Throws `FormMisuse` for a frame within a frame.
 std::vector<LaidOutGroup> LaidOut(const Form& form);
+
+/// The controls that stand out: headings, and the fields of captions that do, such as totals.
+std::set<const Control*> StandingOut(const Form& form);
 
 /// What a form that is up says without a box, for a status line: which entry keeps the focus in silence. Empty mostly.
 std::string StatusOf(const Form& form);

@@ -68,8 +68,7 @@ void TextField::FocusCame(PassKey<Focus> /*key*/, FocusBy by) {
 }
 
 KeyOutcome TextField::KeyMeans(PassKey<UserActs> /*key*/, int keyCode, int character) {
-  constexpr int kLineFeed = 10;
-  const bool enters = character == key::kEnter || character == kLineFeed;
+  const bool enters = character == key::kEnter || character == key::kLineFeed;
   // Of the control characters fields know Backspace, and line ends where there are lines.
   if (enters ? !IsMultiLine() : (character != 0 && character < ' ' && character != key::kBackspace))
     return {};

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <algorithm>
-
 #include "core/forms/text_field.h"
 
-/// How large fields are in windows, in characters and lines.
+/// How large fields are in windows, in characters and lines, and how they stand in their rows.
 namespace fiscalon {
 
 /// Of a field without a limit.
@@ -17,13 +15,13 @@ constexpr int kRowsOfList = 8;
 /// a locked field has what code puts into it.
 constexpr int kCharactersOfAmount = 14;
 
-inline int CharactersOf(const TextField& field) {
-  constexpr int kMost = 44;
-  if (field.MaxLength() == FieldDesign::kNoLimit || field.IsMultiLine())
-    return kCharactersOfText;
-  const FieldDesign& design = field.Designed();
-  const int least = design.alignment == Alignment::Right || design.locked ? kCharactersOfAmount : 0;
-  return std::clamp(field.MaxLength() + 1, least, kMost);
-}
+int CharactersOf(const TextField& field);
+
+/// Takes all the width that its row leaves.
+bool GrowsWide(const Control& control);
+/// Higher than a line: what stands beside it is in line with its upper edge.
+bool IsTall(const Control& control);
+/// Begins where captions do, when none stands before it.
+bool BeginsAtLeft(const Control& control);
 
 }  // namespace fiscalon

@@ -8,10 +8,11 @@
 
 namespace fiscalon {
 
-/// The acts of the user on the form of one dialog. After each the dialog is brought in line with the form.
+/// The acts of the user on the form of one dialog. After each the dialog, if it has to, is brought in line with
+/// the form.
 class WatchedActs {
  public:
-  WatchedActs(Form& form, ActWatcher* watcher, std::function<void()> settle)
+  WatchedActs(Form& form, ActWatcher* watcher, std::function<void()> settle = {})
       : acts_(form.Acts()), watcher_(watcher), settle_(std::move(settle)) {}
   WatchedActs(const WatchedActs&) = delete;
   WatchedActs& operator=(const WatchedActs&) = delete;
@@ -48,6 +49,7 @@ class WatchedActs {
   bool Press(Control& control) {
     bool clicks = false;
     Do(PressAct{&control}, [&] { clicks = acts_.Press(control); });
+    pressed_ = clicks ? &control : nullptr;
     return clicks;
   }
   void Release(Control& control) {
@@ -55,6 +57,13 @@ class WatchedActs {
   }
   void Click(Control& control) {
     Do(ClickAct{&control}, [&] { acts_.Click(control); });
+  }
+  /// A widget tells that it was clicked: its press is completed; without one the click comes from an assistive program.
+  void Clicked(Control& control) {
+    if (std::exchange(pressed_, nullptr) == &control)
+      Release(control);
+    else
+      Click(control);
   }
   /// The act of choosing has begun with a press, if the mouse was it.
   void Pick(ListControl& list, int row) {
@@ -82,13 +91,14 @@ class WatchedActs {
     --depth_;
     if (heard)
       watcher_->ActEnded();
-    if (depth_ == 0)
+    if (depth_ == 0 && settle_)
       settle_();
   }
 
   UserActs& acts_;
   ActWatcher* watcher_;
   std::function<void()> settle_;
+  const Control* pressed_ = nullptr;
   int depth_ = 0;
   int interruptions_ = 0;
 };

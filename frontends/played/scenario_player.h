@@ -7,8 +7,8 @@
 
 #include "core/found_records.h"
 #include "core/platform/date.h"
+#include "frontends/played/driven_toolkit.h"
 #include "frontends/played/scenario.h"
-#include "frontends/played/user_driver.h"
 
 namespace fiscalon {
 

@@ -135,28 +135,28 @@ void SessionRecorder::Opened(Form& form) {
 void SessionRecorder::ActBegins(const UserAct& act) {
   SettleLastKey();
   caret_.ActBegins(ActiveField());
-  std::visit(Overloaded{[this](const KeyAct& key) { Key(key); }, [this](const EditAct& edit) { Edit(edit); },
-                        [this](const PressAct& press) {
-                          // Labels can be pressed too, and nothing comes of it.
-                          if (press.control->CanTakeFocus())
-                            text_.Begin((press.control->Kind() == ControlKind::TextField ? "click " : "focus ") +
-                                        NameOf(*press.control));
-                        },
-                        [this](const ReleaseAct& release) {
-                          const std::string name = NameOf(*release.control);
-                          text_.BeginInPlaceOf("focus " + name, "click " + name);
-                        },
-                        [this](const ClickAct& click) { text_.Begin("click " + NameOf(*click.control)); },
-                        [this](const ChooseAct& choose) {
-                          const std::string name = NameOf(*choose.list);
-                          const std::string row = QuotedFromCodePage(choose.list->List(choose.row));
-                          text_.BeginInPlaceOf("focus " + name, "choose " + name + " " + row);
-                        },
-                        [this](const BringFocusAct& bring) { text_.Begin("focus " + NameOf(*bring.control)); },
-                        [this](const CloseAct& close) {
-                          text_.Begin("close " + std::to_string(static_cast<int>(close.reason)));
-                        }},
-             act);
+  std::visit(
+      Overloaded{
+          [this](const KeyAct& key) { Key(key); }, [this](const EditAct& edit) { Edit(edit); },
+          [this](const PressAct& press) {
+            // Labels can be pressed too, and nothing comes of it.
+            if (press.control->CanTakeFocus())
+              text_.Begin((dynamic_cast<const TextField*>(press.control) != nullptr ? "click " : "focus ") +
+                          NameOf(*press.control));
+          },
+          [this](const ReleaseAct& release) {
+            const std::string name = NameOf(*release.control);
+            text_.BeginInPlaceOf("focus " + name, "click " + name);
+          },
+          [this](const ClickAct& click) { text_.Begin("click " + NameOf(*click.control)); },
+          [this](const ChooseAct& choose) {
+            const std::string name = NameOf(*choose.list);
+            const std::string row = QuotedFromCodePage(choose.list->List(choose.row));
+            text_.BeginInPlaceOf("focus " + name, "choose " + name + " " + row);
+          },
+          [this](const BringFocusAct& bring) { text_.Begin("focus " + NameOf(*bring.control)); },
+          [this](const CloseAct& close) { text_.Begin("close " + std::to_string(static_cast<int>(close.reason))); }},
+      act);
 }
 
 void SessionRecorder::ActEnded() {
@@ -264,8 +264,7 @@ void SessionRecorder::HelpOpened(std::string_view file, int32_t context) {
 TextField* SessionRecorder::ActiveField() const {
   if (form_ == nullptr || !form_->IsUp())
     return nullptr;
-  Control* const active = form_->ActiveControl();
-  return active != nullptr && active->Kind() == ControlKind::TextField ? static_cast<TextField*>(active) : nullptr;
+  return dynamic_cast<TextField*>(form_->ActiveControl());
 }
 
 }  // namespace fiscalon

@@ -76,7 +76,7 @@ void ExpectItems(ScenarioRun& run, const Arguments& arguments) {
 }
 
 /// How a control is, yes or no.
-template <bool (UserDriver::*state)(Control&)>
+template <bool (UserDriver::*state)(const Control&)>
 void ExpectState(ScenarioRun& run, const Arguments& arguments) {
   run.Compare(arguments[1], YesNo((run.User().*state)(run.ControlNamed(arguments[0]))));
 }

@@ -34,9 +34,10 @@ void Click(ScenarioRun& run, const Arguments& arguments) {
 
 void Choose(ScenarioRun& run, const Arguments& arguments) {
   Control& control = run.ControlNamed(arguments[0]);
-  if (control.Kind() != ControlKind::DropDownList && control.Kind() != ControlKind::ListBox)
+  auto* const asList = dynamic_cast<ListControl*>(&control);
+  if (asList == nullptr)
     run.Senseless("\"" + control.Name() + "\" of \"" + run.NameOfForm() + "\" is no list");
-  auto& list = static_cast<ListControl&>(control);
+  ListControl& list = *asList;
   const std::string wanted = FromUtf8(arguments[1]);
   std::string rows;
   for (int row = 0; row < list.ListCount(); ++row) {
@@ -53,7 +54,7 @@ void Paste(ScenarioRun& run, const Arguments& arguments) {
 }
 
 void Close(ScenarioRun& run, const Arguments& arguments) {
-  run.User().CloseWindow(static_cast<int>(*ParseNumber(arguments[0])));
+  run.User().CloseWindow(static_cast<CloseReason>(*ParseNumber(arguments[0])));
 }
 
 void Answer(ScenarioRun& run, const Arguments& arguments) {

@@ -40,9 +40,8 @@ AnyButtonView::AnyButtonView(Captioned& button, QAbstractButton& native, Watched
 bool AnyButtonView::MousePressed(QMouseEvent& event) {
   interrupted_ = false;
   const AfterPress after = event.button() == Qt::LeftButton ? Press() : AfterPress::Over;
-  pressed_ = after != AfterPress::Over;
   if (after != AfterPress::Interrupted)
-    return !pressed_;
+    return after == AfterPress::Over;
   // A check has shown a box and let the focus go: the click is completed where the button came up meanwhile.
   interrupted_ = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
   if (!interrupted_)
@@ -56,11 +55,7 @@ void AnyButtonView::ReleasedLate(QPoint globalPosition) {
 }
 
 void AnyButtonView::Clicked() {
-  // A click without a press comes from an assistive program.
-  if (std::exchange(pressed_, false))
-    Acts().Release(button_);
-  else
-    Acts().Click(button_);
+  Acts().Clicked(button_);
   // The widget may have changed its state where the form did not.
   if (button_.Owner().IsUp())
     Refresh();
@@ -73,6 +68,10 @@ void AnyButtonView::Refresh() {
     native_.setText(caption);
 }
 
+ShownControl AnyButtonView::Content() const {
+  return {.text = FromQt(native_.text()), .checked = native_.isChecked()};
+}
+
 ButtonView::ButtonView(Button& button, QWidget& parent, WatchedActs& acts)
     : AnyButtonView(button, NewPushButton(parent), acts) {}
 
@@ -83,6 +82,11 @@ void ToggleView::Refresh() {
   AnyButtonView::Refresh();
   Native().setCheckable(true);
   Native().setChecked(toggle_.Value());
+}
+
+QPoint ToggleView::PointToPress() const {
+  // On its mark.
+  return {Native().height() / 2, Native().height() / 2};
 }
 
 }  // namespace fiscalon::qt

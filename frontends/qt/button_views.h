@@ -18,13 +18,13 @@ class AnyButtonView : public ControlView {
   AnyButtonView(Captioned& button, QAbstractButton& native, WatchedActs& acts);
 
   QAbstractButton& Native() const { return native_; }
+  ShownControl Content() const override;
 
  private:
   void Clicked();
 
   Captioned& button_;
   QAbstractButton& native_;
-  bool pressed_ = false;
   bool interrupted_ = false;
 };
 
@@ -39,6 +39,7 @@ class ToggleView final : public AnyButtonView {
   ToggleView(ToggleButton& toggle, QWidget& parent, WatchedActs& acts);
 
   void Refresh() override;
+  QPoint PointToPress() const override;
 
  private:
   ToggleButton& toggle_;

@@ -5,13 +5,19 @@
 
 namespace fiscalon::qt {
 
+namespace {
+
+/// In labels and frames an ampersand is one; Qt would take it for the mark of an access key.
 QString AsShown(const QString& caption) {
   return QString(caption).replace(u'&', QStringLiteral("&&"));
 }
 
+/// The other way round: the caption that is shown so.
 QString AsCaption(QString shown) {
   return shown.replace(QStringLiteral("&&"), QStringLiteral("&"));
 }
+
+}  // namespace
 
 LabelView::LabelView(Label& label, QWidget& parent, WatchedActs& acts)
     : ControlView(label, *new QLabel(&parent), acts), label_(label), native_(static_cast<QLabel&>(Widget())) {
@@ -32,6 +38,10 @@ void LabelView::Refresh() {
     native_.setText(shown);
 }
 
+ShownControl LabelView::Content() const {
+  return {.text = FromQt(native_.buddy() == nullptr ? native_.text() : AsCaption(native_.text()))};
+}
+
 void LabelView::Restyle() {
   native_.setFont(Font());
 }
@@ -44,6 +54,10 @@ void FrameView::Refresh() {
   const QString shown = AsShown(ToQt(frame_.Caption()));
   if (native_.title() != shown)
     native_.setTitle(shown);
+}
+
+ShownControl FrameView::Content() const {
+  return {.text = FromQt(AsCaption(native_.title()))};
 }
 
 }  // namespace fiscalon::qt

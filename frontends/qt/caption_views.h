@@ -17,6 +17,8 @@ class LabelView final : public ControlView {
   void Restyle() override;
 
  private:
+  ShownControl Content() const override;
+
   Label& label_;
   QLabel& native_;
 };
@@ -29,13 +31,10 @@ class FrameView final : public ControlView {
   void Refresh() override;
 
  private:
+  ShownControl Content() const override;
+
   Frame& frame_;
   QGroupBox& native_;
 };
-
-/// In labels and frames an ampersand is one; Qt would take it for the mark of an access key.
-QString AsShown(const QString& caption);
-/// The other way round: the caption that is shown so.
-QString AsCaption(QString shown);
 
 }  // namespace fiscalon::qt

@@ -12,6 +12,13 @@
 
 namespace fiscalon::qt {
 
+ShownControl ControlView::Shown() const {
+  ShownControl shown = Content();
+  shown.enabled = widget_.isEnabled();
+  shown.visible = widget_.isVisibleTo(widget_.window());
+  return shown;
+}
+
 void ControlView::Refresh() {
   widget_.setEnabled(control_.EnabledInFrames());
   widget_.setVisible(control_.VisibleInFrames());

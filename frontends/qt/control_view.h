@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "core/forms/control.h"
+#include "core/forms/shown_control.h"
 #include "core/forms/user_acts.h"
 
 class QKeyEvent;
@@ -29,6 +30,11 @@ class ControlView {
   QWidget& Widget() const { return widget_; }
   /// Where the mouse points at the control: the widget, or the part of it that scrolls.
   virtual QWidget& MouseArea() const { return widget_; }
+
+  /// What a user sees of the control, read off the widget.
+  ShownControl Shown() const;
+  /// Where a user points at the control, in its mouse area.
+  virtual QPoint PointToPress() const { return MouseArea().rect().center(); }
 
   /// Brings the widget in line with the control. The form must be up.
   virtual void Refresh();
@@ -55,6 +61,9 @@ class ControlView {
   virtual bool WheelTurned() const { return false; }
 
  protected:
+  /// What the widget shows but for its being there and enabled.
+  virtual ShownControl Content() const = 0;
+
   WatchedActs& Acts() const { return acts_; }
   /// The theme's font, bold where the control stands out.
   QFont Font() const;

@@ -12,6 +12,7 @@
 
 #include "core/forms/button.h"
 #include "core/forms/label.h"
+#include "core/forms/usual_sizes.h"
 
 namespace fiscalon::qt {
 namespace {
@@ -42,16 +43,6 @@ int CaptionWidth(const QGridLayout& grid, int column) {
 int Inset(const QGridLayout& grid) {
   const auto* box = qobject_cast<const QGroupBox*>(grid.parentWidget());
   return box == nullptr ? 0 : box->contentsMargins().left() + box->layout()->contentsMargins().left();
-}
-
-bool GrowsWide(const Control& control) {
-  return control.Kind() == ControlKind::ListBox;
-}
-
-/// A caption stands at the upper edge of such a field.
-bool IsTall(const Control& control) {
-  const auto* field = dynamic_cast<const TextField*>(&control);
-  return GrowsWide(control) || (field != nullptr && field->IsMultiLine());
 }
 
 }  // namespace
@@ -135,9 +126,7 @@ int DialogLayout::AddRow(QGridLayout& grid, int rowNumber, const LaidOutRow& row
     }
     if (alone)
       continue;
-    // Nothing before a wide field, and nothing before a toggle that is alone in its row: they begin at the left.
-    const bool toggle = dynamic_cast<const ToggleButton*>(cell.field) != nullptr;
-    const bool fromLeft = cell.caption == nullptr && cell.field != nullptr && (toggle || GrowsWide(*cell.field));
+    const bool fromLeft = cell.caption == nullptr && cell.field != nullptr && BeginsAtLeft(*cell.field);
     grid.addLayout(FieldsWithHints(close), rowNumber, fromLeft ? column : column + 1, 1,
                    fromLeft ? kColumnsPerCell : 1);
   }

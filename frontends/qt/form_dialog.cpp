@@ -106,14 +106,7 @@ void FormDialog::LayOut() {
       view->Widget().setGeometry(0, 0, 0, 0);
     view->Refresh();
   }
-  for (const LaidOutGroup& group : LaidOut(form_)) {
-    if (group.heading != nullptr)
-      ViewOf(*group.heading).StandOut();
-    for (const LaidOutRow& row : group.rows)
-      for (const LaidOutCell& cell : row)
-        if (cell.standsOut && cell.field != nullptr)
-          ViewOf(*cell.field).StandOut();
-  }
+  for (const Control* control : StandingOut(form_)) ViewOf(*control).StandOut();
   layout_->AlignCaptions();
   NameFields(form_, [this](const Control& control) -> QWidget& { return WidgetOf(control); });
 }

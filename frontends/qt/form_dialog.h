@@ -32,9 +32,9 @@ class FormDialog final : public QDialog, private FormObserver {
   /// Serves the user until the form is no longer up, or the application quits.
   void Serve();
 
+  ControlView& ViewOf(const Control& control) const { return *views_.at(&control); }
   /// The widget of a control.
   QWidget& WidgetOf(const Control& control) const { return ViewOf(control).Widget(); }
-  QWidget& MouseAreaOf(const Control& control) const { return ViewOf(control).MouseArea(); }
   /// The control of a widget; null for a widget that is none's.
   Control* ControlOf(const QObject* widget) const;
 
@@ -74,7 +74,6 @@ class FormDialog final : public QDialog, private FormObserver {
   void ShowStatus();
   void GrowToFit();
 
-  ControlView& ViewOf(const Control& control) const { return *views_.at(&control); }
   ControlView* ViewOfWatched(const QObject* watched) const;
 
   Form& form_;

@@ -35,8 +35,6 @@ constexpr std::array kNamedKeys = {
     NamedKey{Qt::Key_Delete, key::kDelete, 0},
 };
 
-constexpr int kLineFeed = 10;
-
 bool OnlyChangesOthers(int key) {
   constexpr std::array kModifiers = {Qt::Key_Shift,   Qt::Key_Control,   Qt::Key_Alt,     Qt::Key_Meta,
                                      Qt::Key_AltGr,   Qt::Key_Super_L,   Qt::Key_Super_R, Qt::Key_CapsLock,
@@ -61,7 +59,7 @@ int LatinKeyCode(int key) {
 /// Ctrl and Alt make shortcuts of these keys. Ctrl+Enter is a line feed.
 int CharacterOf(const NamedKey& named, int shift) {
   if (named.keyCode == key::kEnter && (shift & (shift_state::kControl | shift_state::kAlt)) == shift_state::kControl)
-    return kLineFeed;
+    return key::kLineFeed;
   return (shift & (shift_state::kControl | shift_state::kAlt)) == 0 ? named.character : 0;
 }
 
@@ -96,7 +94,7 @@ QtKey QtKeyOf(const KeyStroke& stroke) {
   result.modifiers.setFlag(Qt::ShiftModifier, (stroke.shift & shift_state::kShift) != 0);
   result.modifiers.setFlag(Qt::ControlModifier, (stroke.shift & shift_state::kControl) != 0);
   result.modifiers.setFlag(Qt::AltModifier, (stroke.shift & shift_state::kAlt) != 0);
-  if (stroke.keyCode == key::kEnter && stroke.character == kLineFeed)
+  if (stroke.keyCode == key::kEnter && stroke.character == key::kLineFeed)
     result.text = QStringLiteral("\r");
   else if (stroke.character != 0)
     result.text = ToQt(std::string(1, static_cast<char>(stroke.character)));

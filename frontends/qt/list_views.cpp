@@ -41,7 +41,7 @@ QFont FontOfRows(const ListControl& list, QFont font) {
 }  // namespace
 
 DropDownView::DropDownView(DropDownList& list, QWidget& parent, WatchedActs& acts)
-    : ControlView(list, *new QComboBox(&parent), acts), list_(list), native_(static_cast<QComboBox&>(Widget())) {
+    : AnyListView(list, *new QComboBox(&parent), acts), list_(list), native_(static_cast<QComboBox&>(Widget())) {
   native_.setSizeAdjustPolicy(QComboBox::AdjustToContents);
   Restyle();
   QObject::connect(&native_, &QComboBox::activated, &native_, [this](int row) {
@@ -77,13 +77,21 @@ void DropDownView::Refresh() {
   native_.setCurrentIndex(list_.ListIndex());
 }
 
+ShownControl DropDownView::Content() const {
+  return {.text = FromQt(native_.currentText()), .items = native_.count()};
+}
+
+QAbstractItemView* DropDownView::Rows() const {
+  return native_.view()->isVisible() ? native_.view() : nullptr;
+}
+
 bool DropDownView::KeepsKey(const QKeyEvent& event) const {
   const bool arrow = event.key() == Qt::Key_Down || event.key() == Qt::Key_Up;
   return event.key() == Qt::Key_F4 || (arrow && event.modifiers().testFlag(Qt::AltModifier));
 }
 
 ListBoxView::ListBoxView(ListBox& list, QWidget& parent, WatchedActs& acts)
-    : ControlView(list, *new QListWidget(&parent), acts), list_(list), native_(static_cast<QListWidget&>(Widget())) {
+    : AnyListView(list, *new QListWidget(&parent), acts), list_(list), native_(static_cast<QListWidget&>(Widget())) {
   native_.setUniformItemSizes(true);
   Restyle();
   // The mouse and the keyboard go past the widget: what is left is an assistive program.
@@ -107,6 +115,11 @@ void ListBoxView::Refresh() {
     native_.addItems(rows);
   }
   ShowRow(list_.ListIndex());
+}
+
+ShownControl ListBoxView::Content() const {
+  const QListWidgetItem* row = native_.currentItem();
+  return {.text = row == nullptr ? std::string() : FromQt(row->text()), .items = native_.count()};
 }
 
 void ListBoxView::ShowRow(int row) {

@@ -8,8 +8,17 @@
 
 namespace fiscalon::qt {
 
+/// What drop-down lists and list boxes share.
+class AnyListView : public ControlView {
+ public:
+  using ControlView::ControlView;
+
+  /// The rows, where a user can pick one: those that have dropped down, or the list itself. Null while it is closed.
+  virtual QAbstractItemView* Rows() const = 0;
+};
+
 /// A drop-down list. Arrow keys and letters are the form's; dropping down and picking by mouse are native.
-class DropDownView final : public ControlView {
+class DropDownView final : public AnyListView {
  public:
   DropDownView(DropDownList& list, QWidget& parent, WatchedActs& acts);
 
@@ -19,13 +28,16 @@ class DropDownView final : public ControlView {
   // The wheel would change a choice that nobody looks at.
   bool WheelTurned() const override { return true; }
   void Restyle() override;
+  QAbstractItemView* Rows() const override;
 
  private:
+  ShownControl Content() const override;
+
   DropDownList& list_;
   QComboBox& native_;
 };
 
-class ListBoxView final : public ControlView {
+class ListBoxView final : public AnyListView {
  public:
   ListBoxView(ListBox& list, QWidget& parent, WatchedActs& acts);
 
@@ -35,8 +47,10 @@ class ListBoxView final : public ControlView {
   bool MousePressed(QMouseEvent& event) override;
   bool MouseReleased(QMouseEvent& event) override;
   void ReleasedLate(QPoint globalPosition) override;
+  QAbstractItemView* Rows() const override { return &native_; }
 
  private:
+  ShownControl Content() const override;
   void ShowRow(int row);
   /// The button comes up over that row.
   void Released(int row);

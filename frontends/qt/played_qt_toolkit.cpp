@@ -38,57 +38,28 @@ PlayedQtToolkit::PlayedQtToolkit() {
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Fiscalon"));
 }
 
-void PlayedQtToolkit::Opening(Form& form) {
-  form.Observe(this);
-}
-
 void PlayedQtToolkit::ServeModal(Form& form) {
-  if (watcher_ != nullptr)
-    watcher_->Opened(form);
-  qt::FormDialog dialog(form, Dialog(), watcher_);
+  if (Watcher() != nullptr)
+    Watcher()->Opened(form);
+  qt::FormDialog dialog(form, Dialog(), Watcher());
   const Listed listed(dialogs_, dialog);
   dialog.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
   dialog.Present();
   QCoreApplication::processEvents();
   qt::QtDriver user(dialog);
-  if (onForm)
-    Call(onForm, form, user);
+  Drive(form, user);
 }
 
 MessageAnswer PlayedQtToolkit::ShowMessage(const BoxRequest& box) {
   const auto window = qt::NewMessageWindow(box, Dialog());
   window->show();
-  const BoxRequest shown = qt::ShownIn(*window);
-  const MessageAnswer answer = onMessage ? Call(onMessage, shown) : shown.DefaultAnswer();
-  if (QAbstractButton* button = qt::ButtonFor(*window, answer))
+  if (QAbstractButton* button = qt::ButtonFor(*window, AnswerTo(qt::ShownIn(*window))))
     button->click();
   // The window beneath is active again before its handler goes on, as after a box that a person has answered.
   if (Dialog() != nullptr)
     Dialog()->activateWindow();
   QCoreApplication::processEvents();
-  const MessageAnswer given = qt::AnswerOf(*window, box);
-  if (watcher_ != nullptr)
-    watcher_->BoxAnswered(box, given);
-  return given;
-}
-
-void PlayedQtToolkit::Beep() {
-  if (watcher_ != nullptr)
-    watcher_->Beeped();
-  if (onBeep)
-    Call(onBeep);
-}
-
-void PlayedQtToolkit::OpenHelp(std::string_view file, int32_t context) {
-  if (watcher_ != nullptr)
-    watcher_->HelpOpened(file, context);
-  if (onHelp)
-    Call(onHelp, file, context);
-}
-
-void PlayedQtToolkit::HandlerRuns(std::string_view object, std::string_view event) {
-  if (onEvent)
-    Call(onEvent, std::string(object).append("_").append(event));
+  return Answered(box, qt::AnswerOf(*window, box));
 }
 
 }  // namespace fiscalon

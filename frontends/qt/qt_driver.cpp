@@ -1,24 +1,17 @@
 #include "frontends/qt/qt_driver.h"
 
-#include <QAbstractButton>
-#include <QApplication>
+#include <QAbstractItemView>
 #include <QClipboard>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPlainTextEdit>
+#include <QGuiApplication>
 #include <QScrollArea>
 #include <QTest>
-#include <QTextDocument>
 #include <QWindow>
-#include <optional>
 
-#include "frontends/qt/caption_views.h"
 #include "frontends/qt/form_dialog.h"
 #include "frontends/qt/key_strokes.h"
+#include "frontends/qt/list_views.h"
 #include "frontends/qt/qt_text.h"
+#include "frontends/qt/text_view.h"
 
 namespace fiscalon::qt {
 namespace {
@@ -29,66 +22,19 @@ void Press(QWindow* window, const KeyStroke& stroke) {
   QTest::sendKeyEvent(QTest::Release, window, key.key, key.text, key.modifiers);
 }
 
-QString TextOf(const QWidget& widget) {
-  if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
-    return line->text();
-  if (const auto* lines = qobject_cast<const QPlainTextEdit*>(&widget))
-    return TextOfDocument(*lines->document());
-  if (const auto* label = qobject_cast<const QLabel*>(&widget))
-    return label->buddy() == nullptr ? label->text() : AsCaption(label->text());
-  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
-    return button->text();
-  if (const auto* box = qobject_cast<const QGroupBox*>(&widget))
-    return AsCaption(box->title());
-  if (const auto* dropDown = qobject_cast<const QComboBox*>(&widget))
-    return dropDown->currentText();
-  if (const auto* list = qobject_cast<const QListWidget*>(&widget); list != nullptr && list->currentItem() != nullptr)
-    return list->currentItem()->text();
-  return {};
-}
-
-/// The characters from one position to another, the caret at the latter.
-struct Span {
-  int anchor = 0;
-  int caret = 0;
-};
-
-/// The selection of an editor; nothing for a widget that is none.
-std::optional<Span> SpanOf(const QWidget& widget) {
-  if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) {
-    const int caret = line->cursorPosition();
-    const int anchor = line->selectionStart() == caret ? line->selectionEnd() : line->selectionStart();
-    return Span{.anchor = line->hasSelectedText() ? anchor : caret, .caret = caret};
-  }
-  if (const auto* lines = qobject_cast<const QPlainTextEdit*>(&widget))
-    return Span{.anchor = lines->textCursor().anchor(), .caret = lines->textCursor().position()};
-  return std::nullopt;
-}
-
-void SelectSpan(QWidget& widget, Span span) {
-  if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
-    line->setCursorPosition(span.anchor);
-    line->cursorForward(true, span.caret - span.anchor);
-  } else if (auto* lines = qobject_cast<QPlainTextEdit*>(&widget)) {
-    QTextCursor cursor = lines->textCursor();
-    cursor.setPosition(span.anchor);
-    cursor.setPosition(span.caret, QTextCursor::KeepAnchor);
-    lines->setTextCursor(cursor);
-  }
+void Click(QWindow* window, QPoint place) {
+  QTest::mousePress(window, Qt::LeftButton, {}, place);
+  QTest::mouseRelease(window, Qt::LeftButton, {}, place);
 }
 
 }  // namespace
-
-void QtDriver::Type(char character) {
-  PressKey(fiscalon::StrokeOf(character));
-}
 
 void QtDriver::PressKey(const KeyStroke& stroke) {
   Press(dialog_.windowHandle(), stroke);
 }
 
-bool QtDriver::Point(const Control& control, QPoint& place) const {
-  QWidget& widget = dialog_.WidgetOf(control);
+bool QtDriver::Point(const ControlView& view, QPoint& place) const {
+  QWidget& widget = view.Widget();
   if (!widget.isVisible())
     return false;
   // Positions are those of a dialog that has dealt with what the acts before have changed.
@@ -96,80 +42,70 @@ bool QtDriver::Point(const Control& control, QPoint& place) const {
   for (QWidget* outer = widget.parentWidget(); outer != nullptr; outer = outer->parentWidget())
     if (auto* scroller = qobject_cast<QScrollArea*>(outer))
       scroller->ensureWidgetVisible(&widget);
-  const QWidget& area = dialog_.MouseAreaOf(control);
-  QPoint within = area.rect().center();
-  if (control.Kind() == ControlKind::TextField)
-    within = area.rect().bottomRight() - QPoint(4, 4);
-  else if (control.Kind() == ControlKind::CheckBox || control.Kind() == ControlKind::OptionButton)
-    within = QPoint(area.height() / 2, area.height() / 2);
-  place = area.mapTo(&dialog_, within);
+  place = view.MouseArea().mapTo(&dialog_, view.PointToPress());
   return true;
 }
 
-void QtDriver::PressAndRelease(const Control& control, QPoint down, QPoint up) const {
-  QWidget& widget = dialog_.WidgetOf(control);
-  const bool hadFocus = dialog_.focusWidget() == &widget;
-  const auto before = SpanOf(widget);
+void QtDriver::PressAndRelease(ControlView& view, QPoint down, QPoint up) const {
+  auto* const editor = dynamic_cast<TextView*>(&view);
+  const bool hadFocus = dialog_.focusWidget() == &view.Widget();
+  const Selection before = editor == nullptr ? Selection{} : editor->NativeSelection();
   QTest::mousePress(dialog_.windowHandle(), Qt::LeftButton, {}, down);
-  QTest::mouseRelease(dialog_.windowHandle(), Qt::LeftButton, {}, up);
-  const auto after = SpanOf(widget);
+  // Beside an editor the mouse would drag a selection.
+  QTest::mouseRelease(dialog_.windowHandle(), Qt::LeftButton, {}, editor == nullptr ? up : down);
   // Where a check has shown a box, the mouse selects nothing any more.
-  const bool selects = after && after->anchor == after->caret;
-  if (!before || !selects || dialog_.focusWidget() != &widget)
+  if (editor == nullptr || editor->NativeSelection().length > 0 || dialog_.focusWidget() != &view.Widget())
     return;
   // Scenarios point behind the last character, which may lie beyond what the field shows; and in a field that has
   // the focus already they leave the selection alone.
-  const auto end = static_cast<int>(TextOf(widget).size());
-  SelectSpan(widget, hadFocus ? *before : Span{.anchor = end, .caret = end});
+  const Selection end = {.start = static_cast<int>(editor->NativeText().size())};
+  editor->SetNativeSelection(hadFocus ? before : end);
 }
 
 void QtDriver::PressMouse(Control& control) {
+  ControlView& view = dialog_.ViewOf(control);
   QPoint place;
-  if (!Point(control, place))
+  if (!Point(view, place))
     return;
-  // The button comes up beside the control, so that nothing is clicked; in a field it would drag a selection.
-  PressAndRelease(control, place, control.Kind() == ControlKind::TextField ? place : QPoint(1, 1));
-  if (auto* dropDown = qobject_cast<QComboBox*>(&dialog_.WidgetOf(control)); dropDown && dropDown->view()->isVisible())
-    Press(dropDown->view()->window()->windowHandle(), *StrokeNamed("Escape"));
+  // The button comes up beside the control, so that nothing is clicked.
+  PressAndRelease(view, place, QPoint(1, 1));
+  const auto* list = dynamic_cast<const AnyListView*>(&view);
+  if (const QAbstractItemView* rows = list == nullptr ? nullptr : list->Rows(); rows && rows->window() != &dialog_)
+    Press(rows->window()->windowHandle(), *StrokeNamed("Escape"));
 }
 
 void QtDriver::Click(Control& control) {
   // Which row a click in a list would hit is not for a scenario to know: it chooses rows by their texts.
-  if (control.Kind() == ControlKind::ListBox || control.Kind() == ControlKind::DropDownList)
+  if (dynamic_cast<const ListControl*>(&control) != nullptr)
     return PressMouse(control);
-  if (QPoint place; Point(control, place))
-    PressAndRelease(control, place, place);
+  ControlView& view = dialog_.ViewOf(control);
+  if (QPoint place; Point(view, place))
+    PressAndRelease(view, place, place);
 }
 
 void QtDriver::Choose(ListControl& list, int row) {
   list.ExpectRow(row);
+  const auto& view = dynamic_cast<const AnyListView&>(dialog_.ViewOf(list));
   QPoint place;
-  if (!Point(list, place))
+  if (!Point(view, place))
     return;
-  QWidget& widget = dialog_.WidgetOf(list);
-  if (auto* rows = qobject_cast<QListWidget*>(&widget)) {
-    rows->scrollToItem(rows->item(row));
-    place = rows->viewport()->mapTo(&dialog_, rows->visualItemRect(rows->item(row)).center());
-  }
-  QTest::mousePress(dialog_.windowHandle(), Qt::LeftButton, {}, place);
-  QTest::mouseRelease(dialog_.windowHandle(), Qt::LeftButton, {}, place);
-  ChooseInPopup(widget, row);
+  if (view.Rows() == nullptr)
+    qt::Click(dialog_.windowHandle(), place);
+  if (QAbstractItemView* rows = view.Rows())
+    PickIn(*rows, row);
 }
 
-void QtDriver::ChooseInPopup(QWidget& list, int row) const {
-  auto* dropDown = qobject_cast<QComboBox*>(&list);
-  if (dropDown == nullptr || !dropDown->view()->isVisible())
-    return;
-  QAbstractItemView& view = *dropDown->view();
-  const QModelIndex index = dropDown->model()->index(row, dropDown->modelColumn());
-  view.scrollTo(index);
-  QWidget& popup = *view.window();
-  const QPoint place = view.viewport()->mapTo(&popup, view.visualRect(index).center());
+void QtDriver::PickIn(QAbstractItemView& rows, int row) const {
+  const QModelIndex index = rows.model()->index(row, 0);
+  rows.scrollTo(index);
+  QWidget& window = *rows.window();
+  const QPoint place = rows.viewport()->mapTo(&window, rows.visualRect(index).center());
   // A popup that the mouse has just opened takes a click only after the mouse has moved in it.
-  QTest::mouseMove(popup.windowHandle(), QPoint(1, 1));
-  QTest::mouseMove(popup.windowHandle(), place);
-  QTest::mousePress(popup.windowHandle(), Qt::LeftButton, {}, place);
-  QTest::mouseRelease(popup.windowHandle(), Qt::LeftButton, {}, place);
+  if (&window != &dialog_) {
+    QTest::mouseMove(window.windowHandle(), QPoint(1, 1));
+    QTest::mouseMove(window.windowHandle(), place);
+  }
+  qt::Click(window.windowHandle(), place);
 }
 
 void QtDriver::Paste(std::string_view text) {
@@ -177,11 +113,11 @@ void QtDriver::Paste(std::string_view text) {
   QTest::keyClick(dialog_.windowHandle(), Qt::Key_V, Qt::ControlModifier);
 }
 
-void QtDriver::CloseWindow(int reason) {
-  if (static_cast<CloseReason>(reason) == CloseReason::CloseBox)
+void QtDriver::CloseWindow(CloseReason reason) {
+  if (reason == CloseReason::CloseBox)
     dialog_.close();
   else
-    dialog_.CloseFor(static_cast<CloseReason>(reason));
+    dialog_.CloseFor(reason);
 }
 
 std::string QtDriver::Title() {
@@ -193,46 +129,8 @@ std::string QtDriver::FocusName() {
   return control == nullptr ? std::string() : control->Name();
 }
 
-std::string QtDriver::Text(Control& control) {
-  return FromQt(TextOf(dialog_.WidgetOf(control)));
-}
-
-std::string QtDriver::SelectedText(Control& control) {
-  const QWidget& widget = dialog_.WidgetOf(control);
-  if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
-    return FromQt(line->selectedText());
-  if (const auto* lines = qobject_cast<const QPlainTextEdit*>(&widget))
-    return FromQt(lines->textCursor().selectedText().replace(QChar::ParagraphSeparator, u'\n'));
-  return {};
-}
-
-bool QtDriver::Enabled(Control& control) {
-  return dialog_.WidgetOf(control).isEnabled();
-}
-
-bool QtDriver::Visible(Control& control) {
-  return dialog_.WidgetOf(control).isVisibleTo(&dialog_);
-}
-
-bool QtDriver::Checked(Control& control) {
-  const auto* button = qobject_cast<const QAbstractButton*>(&dialog_.WidgetOf(control));
-  return button != nullptr && button->isChecked();
-}
-
-bool QtDriver::Locked(Control& control) {
-  const QWidget& widget = dialog_.WidgetOf(control);
-  if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
-    return line->isReadOnly();
-  const auto* lines = qobject_cast<const QPlainTextEdit*>(&widget);
-  return lines != nullptr && lines->isReadOnly();
-}
-
-int QtDriver::Items(Control& control) {
-  const QWidget& widget = dialog_.WidgetOf(control);
-  if (const auto* dropDown = qobject_cast<const QComboBox*>(&widget))
-    return dropDown->count();
-  const auto* list = qobject_cast<const QListWidget*>(&widget);
-  return list == nullptr ? 0 : list->count();
+ShownControl QtDriver::Shown(const Control& control) {
+  return dialog_.ViewOf(control).Shown();
 }
 
 }  // namespace fiscalon::qt

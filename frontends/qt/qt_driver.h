@@ -5,10 +5,11 @@
 
 #include "frontends/played/user_driver.h"
 
-class QWidget;
+class QAbstractItemView;
 
 namespace fiscalon::qt {
 
+class ControlView;
 class FormDialog;
 
 /// A played user at a Qt dialog: keys and mouse come through the window system's door as a person's do, and what is
@@ -17,30 +18,23 @@ class QtDriver final : public UserDriver {
  public:
   explicit QtDriver(FormDialog& dialog) : dialog_(dialog) {}
 
-  void Type(char character) override;
   void PressKey(const KeyStroke& stroke) override;
   void PressMouse(Control& control) override;
   void Click(Control& control) override;
   void Choose(ListControl& list, int row) override;
   void Paste(std::string_view text) override;
-  void CloseWindow(int reason) override;
+  void CloseWindow(CloseReason reason) override;
 
   std::string Title() override;
   std::string FocusName() override;
-  std::string Text(Control& control) override;
-  std::string SelectedText(Control& control) override;
-  bool Enabled(Control& control) override;
-  bool Visible(Control& control) override;
-  bool Checked(Control& control) override;
-  bool Locked(Control& control) override;
-  int Items(Control& control) override;
+  ShownControl Shown(const Control& control) override;
 
  private:
   /// Where a user would point at a control: within its window. False for a control that can't be seen.
-  bool Point(const Control& control, QPoint& place) const;
+  bool Point(const ControlView& view, QPoint& place) const;
   /// The mouse button goes down at a place and comes up at another.
-  void PressAndRelease(const Control& control, QPoint down, QPoint up) const;
-  void ChooseInPopup(QWidget& list, int row) const;
+  void PressAndRelease(ControlView& view, QPoint down, QPoint up) const;
+  void PickIn(QAbstractItemView& rows, int row) const;
 
   FormDialog& dialog_;
 };

@@ -140,6 +140,17 @@ bool TextView::MousePressed(QMouseEvent& /*event*/) {
   return Press() != AfterPress::Goes;
 }
 
+QPoint TextView::PointToPress() const {
+  // Behind the text, where it does not fill the field.
+  return MouseArea().rect().bottomRight() - QPoint(4, 4);
+}
+
+ShownControl TextView::Content() const {
+  const QString text = NativeText();
+  const Selection selection = NativeSelection();
+  return {.text = FromQt(text), .selection = FromQt(text.mid(selection.start, selection.length)), .locked = IsLocked()};
+}
+
 Selection TextView::FieldSelection() const {
   const QString native = NativeText();
   const Selection selection = NativeSelection();

@@ -16,6 +16,12 @@ class TextView : public ControlView {
   void Edit(const KeyOutcome& outcome, QKeyEvent& event) override;
   void Insert(char character) override;
   bool MousePressed(QMouseEvent& event) override;
+  QPoint PointToPress() const override;
+
+  // The native editor's text and selection. Positions count its own characters.
+  virtual QString NativeText() const = 0;
+  virtual Selection NativeSelection() const = 0;
+  virtual void SetNativeSelection(Selection selection) = 0;
 
  protected:
   TextView(TextField& field, QWidget& native, WatchedActs& acts) : ControlView(field, native, acts), field_(field) {}
@@ -27,15 +33,14 @@ class TextView : public ControlView {
   /// The palette of the editor: shaded where the field is locked.
   QPalette Shades() const;
 
-  // The native editor. Positions count its own characters.
-  virtual QString NativeText() const = 0;
+  // The native editor.
   virtual void SetNativeText(const QString& text) = 0;
-  virtual Selection NativeSelection() const = 0;
-  virtual void SetNativeSelection(Selection selection) = 0;
   virtual void InsertNatively(const QString& text) = 0;
+  virtual bool IsLocked() const = 0;
   virtual void SetLocked(bool locked) = 0;
 
  private:
+  ShownControl Content() const override;
   /// Runs native editing, and tells the form what came of it afterwards.
   template <class Editing>
   void EditWith(Editing&& editing);
@@ -58,13 +63,14 @@ class LineView final : public TextView {
   LineView(TextField& field, QWidget& parent, WatchedActs& acts);
 
   void Restyle() override;
-
- private:
   QString NativeText() const override { return native_.text(); }
-  void SetNativeText(const QString& text) override;
   Selection NativeSelection() const override;
   void SetNativeSelection(Selection selection) override;
+
+ private:
+  void SetNativeText(const QString& text) override;
   void InsertNatively(const QString& text) override { native_.insert(text); }
+  bool IsLocked() const override { return native_.isReadOnly(); }
   void SetLocked(bool locked) override;
   /// A text that is too long for a field that can't be edited: how it begins, and all of it as a hint.
   void ShowBeginning();
@@ -80,13 +86,14 @@ class MultiLineView final : public TextView {
 
   QWidget& MouseArea() const override { return *native_.viewport(); }
   void Restyle() override;
-
- private:
   QString NativeText() const override;
-  void SetNativeText(const QString& text) override { native_.setPlainText(text); }
   Selection NativeSelection() const override;
   void SetNativeSelection(Selection selection) override;
+
+ private:
+  void SetNativeText(const QString& text) override { native_.setPlainText(text); }
   void InsertNatively(const QString& text) override { native_.insertPlainText(text); }
+  bool IsLocked() const override { return native_.isReadOnly(); }
   void SetLocked(bool locked) override;
 
   QPlainTextEdit& native_;

@@ -24,35 +24,31 @@ EditedText Edited(const TextField& field, const KeyStroke& stroke, int character
 
 }  // namespace
 
-void ScriptedUser::Type(char character) {
-  PressKey(StrokeOf(character));
-}
-
 void ScriptedUser::PressKey(const KeyStroke& stroke) {
-  UserActs& acts = form_.Acts();
   Control* const control = form_.ActiveControl();
-  const KeyOutcome outcome = acts.Key(stroke);
+  const KeyOutcome outcome = acts_.Key(stroke);
   if (!outcome.editing || !form_.IsUp())
     return;
   auto& field = static_cast<TextField&>(*control);
   const EditedText edited = Edited(field, stroke, outcome.character);
   // The caret moves in a locked field too.
   if (edited.text == field.Text())
-    acts.SelectText(field, edited.selection);
+    acts_.SelectText(field, edited.selection);
   else
-    acts.EditText(field, edited.text, edited.selection);
+    acts_.EditText(
+        {.field = &field, .text = edited.text, .selection = edited.selection, .origin = EditAct::Origin::Key});
 }
 
 void ScriptedUser::PressMouse(Control& control) {
-  form_.Acts().Press(control);
+  acts_.Press(control);
 }
 
 void ScriptedUser::Click(Control& control) {
-  form_.Acts().Click(control);
+  acts_.Click(control);
 }
 
 void ScriptedUser::Choose(ListControl& list, int row) {
-  form_.Acts().Choose(list, row);
+  acts_.Choose(list, row);
 }
 
 void ScriptedUser::Paste(std::string_view text) {
@@ -60,11 +56,11 @@ void ScriptedUser::Paste(std::string_view text) {
   if (field == nullptr || field->Locked())
     return;
   const EditedText edited = InsertText(*field, text);
-  form_.Acts().EditText(*field, edited.text, edited.selection);
+  acts_.EditText({.field = field, .text = edited.text, .selection = edited.selection});
 }
 
-void ScriptedUser::CloseWindow(int reason) {
-  form_.Acts().Close(static_cast<CloseReason>(reason));
+void ScriptedUser::CloseWindow(CloseReason reason) {
+  acts_.Close(reason);
 }
 
 std::string ScriptedUser::Title() {
@@ -75,69 +71,49 @@ std::string ScriptedUser::FocusName() {
   return form_.ActiveControl() == nullptr ? std::string() : form_.ActiveControl()->Name();
 }
 
-std::string ScriptedUser::Text(Control& control) {
-  const auto* captioned = dynamic_cast<const Captioned*>(&control);
-  return captioned != nullptr ? captioned->Caption() : control.ValueInComparisons();
-}
-
-std::string ScriptedUser::SelectedText(Control& control) {
-  const auto* field = dynamic_cast<const TextField*>(&control);
-  if (field == nullptr)
-    return {};
-  const Selection selection = field->Selected();
-  return field->Text().substr(static_cast<size_t>(selection.start), static_cast<size_t>(selection.length));
-}
-
-bool ScriptedUser::Enabled(Control& control) {
-  return control.EnabledInFrames();
-}
-
-bool ScriptedUser::Visible(Control& control) {
-  return control.VisibleInFrames();
-}
-
-bool ScriptedUser::Checked(Control& control) {
-  const auto* toggle = dynamic_cast<const ToggleButton*>(&control);
-  return toggle != nullptr && toggle->Value();
-}
-
-bool ScriptedUser::Locked(Control& control) {
-  const auto* field = dynamic_cast<const TextField*>(&control);
-  return field != nullptr && field->Locked();
-}
-
-int ScriptedUser::Items(Control& control) {
-  const auto* list = dynamic_cast<const ListControl*>(&control);
-  return list == nullptr ? 0 : list->ListCount();
-}
-
-void ScriptedToolkit::Opening(Form& form) {
-  form.Observe(this);
+ShownControl ScriptedUser::Shown(const Control& control) {
+  ShownControl shown = {.enabled = control.EnabledInFrames(), .visible = control.VisibleInFrames()};
+  switch (control.Kind()) {
+    case ControlKind::Label:
+    case ControlKind::Frame:
+    case ControlKind::Button:
+      shown.text = static_cast<const Captioned&>(control).Caption();
+      break;
+    case ControlKind::CheckBox:
+    case ControlKind::OptionButton: {
+      const auto& toggle = static_cast<const ToggleButton&>(control);
+      shown.text = toggle.Caption();
+      shown.checked = toggle.Value();
+      break;
+    }
+    case ControlKind::TextField: {
+      const auto& field = static_cast<const TextField&>(control);
+      const Selection selection = field.Selected();
+      shown.text = field.Text();
+      shown.selection = shown.text.substr(static_cast<size_t>(selection.start), static_cast<size_t>(selection.length));
+      shown.locked = field.Locked();
+      break;
+    }
+    case ControlKind::DropDownList:
+    case ControlKind::ListBox: {
+      const auto& list = static_cast<const ListControl&>(control);
+      shown.text = list.Text();
+      shown.items = list.ListCount();
+      break;
+    }
+  }
+  return shown;
 }
 
 void ScriptedToolkit::ServeModal(Form& form) {
-  ScriptedUser user(form);
-  if (onForm)
-    Call(onForm, form, user);
+  if (Watcher() != nullptr)
+    Watcher()->Opened(form);
+  ScriptedUser user(form, Watcher());
+  Drive(form, user);
 }
 
 MessageAnswer ScriptedToolkit::ShowMessage(const BoxRequest& box) {
-  return onMessage ? Call(onMessage, box) : box.DefaultAnswer();
-}
-
-void ScriptedToolkit::Beep() {
-  if (onBeep)
-    Call(onBeep);
-}
-
-void ScriptedToolkit::OpenHelp(std::string_view file, int32_t context) {
-  if (onHelp)
-    Call(onHelp, file, context);
-}
-
-void ScriptedToolkit::HandlerRuns(std::string_view object, std::string_view event) {
-  if (onEvent)
-    Call(onEvent, std::string(object).append("_").append(event));
+  return Answered(box, AnswerTo(box));
 }
 
 }  // namespace fiscalon

@@ -68,10 +68,14 @@ std::string DrawControl(const Control& control) {
       return "[ " + CaptionOf(static_cast<const Button&>(control)) + " ]";
     case ControlKind::DropDownList:
       return "[" + Padded(ToUtf8(static_cast<const DropDownList&>(control).Text()), 30) + "\u25BC]";
-    default:
+    case ControlKind::Label:
+    case ControlKind::Frame:
+    // Its rows stand beneath the row that it lies in.
+    case ControlKind::ListBox:
       // Labels have no access key: what a host names "Smith & Sons" is read so.
-      return ToUtf8(control.ValueInComparisons());
+      break;
   }
+  return ToUtf8(control.ValueInComparisons());
 }
 
 /// The drawn parts of one cell: the caption, and the field with its hint beside it.
@@ -164,11 +168,11 @@ class FormPicture {
   static std::vector<std::string> DrawListRows(const LaidOutRow& row) {
     std::vector<std::string> lines;
     for (const LaidOutCell& cell : row) {
-      if (cell.field == nullptr || cell.field->Kind() != ControlKind::ListBox || !cell.field->VisibleInFrames())
+      const auto* list = dynamic_cast<const ListBox*>(cell.field);
+      if (list == nullptr || !list->VisibleInFrames())
         continue;
-      const auto& list = static_cast<const ListBox&>(*cell.field);
-      for (int i = 0; i < list.ListCount(); ++i)
-        lines.push_back((i == list.ListIndex() ? "  * " : "    ") + ToUtf8(list.List(i)));
+      for (int i = 0; i < list->ListCount(); ++i)
+        lines.push_back((i == list->ListIndex() ? "  * " : "    ") + ToUtf8(list->List(i)));
     }
     return lines;
   }

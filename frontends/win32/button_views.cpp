@@ -1,7 +1,6 @@
 #include "frontends/win32/button_views.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "core/forms/form.h"
 #include "core/forms/scoped_value.h"
@@ -13,7 +12,6 @@ namespace fiscalon::win32 {
 bool AnyButtonView::MousePressed(UINT message, POINT /*place*/) {
   const bool left = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
   const AfterPress after = left ? Press() : AfterPress::Over;
-  pressed_ = after != AfterPress::Over;
   // A check has shown a box and let the focus go: the button came up meanwhile, and the click is completed.
   if (after == AfterPress::Interrupted)
     Clicked();
@@ -33,10 +31,7 @@ void AnyButtonView::Notified(int code) {
 }
 
 void AnyButtonView::Clicked() {
-  if (std::exchange(pressed_, false))
-    Acts().Release(button_);
-  else
-    Acts().Click(button_);
+  Acts().Clicked(button_);
   if (button_.Owner().IsUp())
     Refresh();
 }
@@ -44,6 +39,11 @@ void AnyButtonView::Clicked() {
 void AnyButtonView::Refresh() {
   ControlView::Refresh();
   ShowText(ToWide(button_.Caption()));
+}
+
+ShownControl AnyButtonView::Content() const {
+  return {.text = FromWide(TextOfWindow(Window())),
+          .checked = ::SendMessageW(Window(), BM_GETCHECK, 0, 0) == BST_CHECKED};
 }
 
 SIZE AnyButtonView::ExtentOfCaption(const DialogFonts& fonts) const {
@@ -85,6 +85,13 @@ void ToggleView::Refresh() {
   const WPARAM value = toggle_.Value() ? BST_CHECKED : BST_UNCHECKED;
   if (static_cast<WPARAM>(Native(BM_GETCHECK, 0, 0)) != value)
     Native(BM_SETCHECK, value, 0);
+}
+
+POINT ToggleView::PointToPress() const {
+  // On its mark.
+  RECT area = {};
+  ::GetClientRect(Window(), &area);
+  return {area.bottom / 2, area.bottom / 2};
 }
 
 }  // namespace fiscalon::win32

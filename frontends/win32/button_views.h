@@ -17,12 +17,12 @@ class AnyButtonView : public ControlView {
   AnyButtonView(AnyButton& button, WatchedActs& acts) : ControlView(button, acts), button_(button) {}
 
   SIZE ExtentOfCaption(const DialogFonts& fonts) const;
+  ShownControl Content() const override;
 
  private:
   void Clicked();
 
   AnyButton& button_;
-  bool pressed_ = false;
   bool releasing_ = false;
 };
 
@@ -44,6 +44,7 @@ class ToggleView final : public AnyButtonView {
 
   SIZE Wanted(const DialogFonts& fonts) const override;
   void Refresh() override;
+  POINT PointToPress() const override;
 
  private:
   Design Designed() const override;

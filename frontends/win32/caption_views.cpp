@@ -1,18 +1,24 @@
 #include "frontends/win32/caption_views.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 
 #include "core/forms/usual_sizes.h"
 #include "core/platform/windows/wide_text.h"
 
 namespace fiscalon::win32 {
 
+namespace {
+
+/// In frames an ampersand is one; Windows would take it for the mark of an access key.
 std::wstring AsShown(std::wstring_view caption) {
   std::wstring shown;
   for (const wchar_t character : caption) shown.append(character == L'&' ? 2 : 1, character);
   return shown;
 }
 
+/// The other way round: the caption that is shown so.
 std::wstring AsCaption(std::wstring_view shown) {
   std::wstring caption;
   for (size_t i = 0; i < shown.size(); ++i) {
@@ -22,6 +28,8 @@ std::wstring AsCaption(std::wstring_view shown) {
   }
   return caption;
 }
+
+}  // namespace
 
 LabelView::LabelView(Label& label, WatchedActs& acts) : ControlView(label, acts), label_(label) {
   if (label.Designed().bold)
@@ -46,6 +54,10 @@ void LabelView::Refresh() {
   ShowText(ToWide(label_.Caption()));
 }
 
+ShownControl LabelView::Content() const {
+  return {.text = FromWide(TextOfWindow(Window()))};
+}
+
 ControlView::Design FrameView::Designed() const {
   return {.windowClass = L"BUTTON", .style = BS_GROUPBOX};
 }
@@ -57,6 +69,10 @@ SIZE FrameView::Wanted(const DialogFonts& fonts) const {
 void FrameView::Refresh() {
   ControlView::Refresh();
   ShowText(AsShown(ToWide(frame_.Caption())));
+}
+
+ShownControl FrameView::Content() const {
+  return {.text = FromWide(AsCaption(TextOfWindow(Window())))};
 }
 
 }  // namespace fiscalon::win32

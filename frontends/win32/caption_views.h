@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "core/forms/label.h"
 #include "frontends/win32/control_view.h"
 
@@ -17,6 +15,7 @@ class LabelView final : public ControlView {
 
  private:
   Design Designed() const override;
+  ShownControl Content() const override;
 
   Label& label_;
 };
@@ -32,13 +31,9 @@ class FrameView final : public ControlView {
 
  private:
   Design Designed() const override;
+  ShownControl Content() const override;
 
   Frame& frame_;
 };
-
-/// In frames an ampersand is one; Windows would take it for the mark of an access key.
-std::wstring AsShown(std::wstring_view caption);
-/// The other way round: the caption that is shown so.
-std::wstring AsCaption(std::wstring_view shown);
 
 }  // namespace fiscalon::win32

@@ -52,6 +52,20 @@ void ControlView::Restyle(const DialogFonts& fonts) {
   ::SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Font(Font())), FALSE);
 }
 
+ShownControl ControlView::Shown() const {
+  ShownControl shown = Content();
+  const LONG_PTR style = ::GetWindowLongPtrW(window_, GWL_STYLE);
+  shown.enabled = (style & WS_DISABLED) == 0;
+  shown.visible = (style & WS_VISIBLE) != 0;
+  return shown;
+}
+
+POINT ControlView::PointToPress() const {
+  RECT area = {};
+  ::GetClientRect(window_, &area);
+  return {area.right / 2, area.bottom / 2};
+}
+
 void ControlView::Refresh() {
   const auto style = static_cast<DWORD>(::GetWindowLongPtrW(window_, GWL_STYLE));
   const bool enabled = control_.EnabledInFrames();

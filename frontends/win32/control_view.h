@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "core/forms/control.h"
+#include "core/forms/shown_control.h"
 #include "core/forms/user_acts.h"
 #include "frontends/win32/dialog_fonts.h"
 
@@ -35,6 +36,11 @@ class ControlView {
   /// Takes the font of another scale.
   virtual void Restyle(const DialogFonts& fonts);
 
+  /// What a user sees of the control, read off the window.
+  ShownControl Shown() const;
+  /// Where a user points at the control.
+  virtual POINT PointToPress() const;
+
   /// Brings the window in line with the control. The form must be up.
   virtual void Refresh();
   /// For headings, and for the field of a caption that stands out, such as a total. Before the window is made.
@@ -65,6 +71,8 @@ class ControlView {
     DWORD extendedStyle = 0;
   };
   virtual Design Designed() const = 0;
+  /// What the window shows but for its being there and enabled.
+  virtual ShownControl Content() const = 0;
   /// The room that the window must be given to be seen at its place.
   virtual RECT RoomFor(const RECT& place, const DialogFonts& /*fonts*/) const { return place; }
   virtual FontKind Font() const { return bold_ ? FontKind::Bold : FontKind::Plain; }

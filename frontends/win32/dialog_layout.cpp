@@ -5,7 +5,7 @@
 
 #include "core/forms/button.h"
 #include "core/forms/label.h"
-#include "core/forms/text_field.h"
+#include "core/forms/usual_sizes.h"
 
 namespace fiscalon::win32 {
 namespace {
@@ -24,20 +24,6 @@ constexpr int kBetweenButtons = 4;
 
 bool IsShown(const Control* control) {
   return control != nullptr && control->VisibleInFrames();
-}
-
-bool GrowsWide(const Control& control) {
-  return control.Kind() == ControlKind::ListBox;
-}
-
-/// A caption stands at the upper edge of such a field.
-bool IsTall(const Control& control) {
-  const auto* field = dynamic_cast<const TextField*>(&control);
-  return GrowsWide(control) || (field != nullptr && field->IsMultiLine());
-}
-
-bool IsToggle(const Control& control) {
-  return control.Kind() == ControlKind::CheckBox || control.Kind() == ControlKind::OptionButton;
 }
 
 RECT RectangleOf(int left, int top, SIZE size) {
@@ -125,8 +111,7 @@ DialogLayout::Slot DialogLayout::Measured(std::vector<LaidOutCell>::const_iterat
   slot.isCaptionAlone = cell.field == nullptr && cell.hint == nullptr && end - first == 1;
   if (slot.caption != nullptr && !slot.isCaptionAlone)
     slot.captionWidth = SizeOfVisible(slot.caption).cx;
-  // Nothing before a wide field, and nothing before a toggle: they begin at the left.
-  slot.fromLeft = cell.caption == nullptr && cell.field != nullptr && (IsToggle(*cell.field) || GrowsWide(*cell.field));
+  slot.fromLeft = cell.caption == nullptr && cell.field != nullptr && BeginsAtLeft(*cell.field);
   slot.isTall = IsShown(cell.field) && IsTall(*cell.field);
   for (auto each = first; each != end; ++each) {
     if (each != first)

@@ -108,7 +108,7 @@ void FormWindow::MakeWindows(HWND owner) {
 
 void FormWindow::MakeViews() {
   for (Control* control : form_.Controls()) views_[control] = MakeView(*control, acts_);
-  StandOut();
+  for (const Control* control : StandingOut(form_)) ViewOf(*control).StandOut();
   // Places first: windows are made where they stand.
   LayOut();
   const CommonControls look;
@@ -117,17 +117,6 @@ void FormWindow::MakeViews() {
     const bool isInRow = std::find(buttons.begin(), buttons.end(), control) != buttons.end();
     ViewOf(*control).Create(isInRow ? window_ : body_, places_[control], *fonts_, *this);
     ViewOf(*control).Refresh();
-  }
-}
-
-void FormWindow::StandOut() {
-  for (const LaidOutGroup& group : LaidOut(form_)) {
-    if (group.heading != nullptr)
-      ViewOf(*group.heading).StandOut();
-    for (const LaidOutRow& row : group.rows)
-      for (const LaidOutCell& cell : row)
-        if (cell.standsOut && cell.field != nullptr)
-          ViewOf(*cell.field).StandOut();
   }
 }
 

@@ -68,7 +68,6 @@ class FormWindow final : private FormObserver {
 
   void MakeWindows(HWND owner);
   void MakeViews();
-  void StandOut();
   /// The controls as a reader meets them: captions before their fields.
   std::vector<Control*> InReadingOrder() const;
   void LayOut();

@@ -9,8 +9,6 @@ bool IsHeld(int key) {
   return ::GetKeyState(key) < 0;
 }
 
-constexpr int kLineFeed = 10;
-
 }  // namespace
 
 int ShiftStateNow() {
@@ -26,8 +24,8 @@ std::optional<int> CharacterOf(wchar_t unit, int shift) {
     return static_cast<unsigned char>(FromWide({&unit, 1}).front());
   const bool control = (shift & shift_state::kControl) != 0;
   switch (unit) {
-    case kLineFeed:
-      return kLineFeed;
+    case key::kLineFeed:
+      return key::kLineFeed;
     case key::kBackspace:
     case key::kTab:
     case key::kEnter:

@@ -44,6 +44,13 @@ std::vector<std::wstring> RowsShown(HWND window, const ListMessages& messages) {
   return rows;
 }
 
+ShownControl ContentOf(HWND window, const ListMessages& messages) {
+  const std::vector<std::wstring> rows = RowsShown(window, messages);
+  const LRESULT selected = ::SendMessageW(window, messages.selected, 0, 0);
+  return {.text = selected < 0 ? std::string() : FromWide(rows[static_cast<size_t>(selected)]),
+          .items = static_cast<int>(rows.size())};
+}
+
 void ShowRows(HWND window, const ListControl& list, const ListMessages& messages) {
   const std::vector<std::wstring> rows = RowsOf(list);
   if (rows != RowsShown(window, messages)) {
@@ -95,6 +102,16 @@ void DropDownView::Refresh() {
   const ScopedValue refreshing(refreshing_, true);
   ControlView::Refresh();
   ShowRows(Window(), list_, kOfDropDown);
+}
+
+ShownControl DropDownView::Content() const {
+  return ContentOf(Window(), kOfDropDown);
+}
+
+HWND DropDownView::Rows() const {
+  COMBOBOXINFO info = {};
+  info.cbSize = sizeof(info);
+  return IsOpen() && ::GetComboBoxInfo(Window(), &info) != FALSE ? info.hwndList : nullptr;
 }
 
 bool DropDownView::IsOpen() const {
@@ -168,6 +185,10 @@ void ListBoxView::Refresh() {
   const ScopedValue refreshing(refreshing_, true);
   ControlView::Refresh();
   ShowRows(Window(), list_, kOfListBox);
+}
+
+ShownControl ListBoxView::Content() const {
+  return ContentOf(Window(), kOfListBox);
 }
 
 int ListBoxView::RowAt(POINT place) {

@@ -5,10 +5,20 @@
 
 namespace fiscalon::win32 {
 
-/// A drop-down list. Arrow keys and letters are the form's while it is closed; an open one is Windows'.
-class DropDownView final : public ControlView {
+/// What drop-down lists and list boxes share.
+class AnyListView : public ControlView {
  public:
-  DropDownView(DropDownList& list, WatchedActs& acts) : ControlView(list, acts), list_(list) {}
+  using ControlView::ControlView;
+
+  /// The window of the rows, where a user can pick one: what has dropped down, or the list itself. Null while it is
+  /// closed.
+  virtual HWND Rows() const = 0;
+};
+
+/// A drop-down list. Arrow keys and letters are the form's while it is closed; an open one is Windows'.
+class DropDownView final : public AnyListView {
+ public:
+  DropDownView(DropDownList& list, WatchedActs& acts) : AnyListView(list, acts), list_(list) {}
 
   SIZE Wanted(const DialogFonts& fonts) const override;
   void Restyle(const DialogFonts& fonts) override;
@@ -19,9 +29,11 @@ class DropDownView final : public ControlView {
   bool TurnsByWheel() const override { return IsOpen(); }
   LRESULT Message(UINT message, WPARAM wide, LPARAM extra) override;
   void Notified(int code) override;
+  HWND Rows() const override;
 
  private:
   Design Designed() const override;
+  ShownControl Content() const override;
   /// With room for the rows, which drop down over what lies beneath.
   RECT RoomFor(const RECT& place, const DialogFonts& fonts) const override;
   FontKind Font() const override;
@@ -31,9 +43,9 @@ class DropDownView final : public ControlView {
   bool refreshing_ = false;
 };
 
-class ListBoxView final : public ControlView {
+class ListBoxView final : public AnyListView {
  public:
-  ListBoxView(ListBox& list, WatchedActs& acts) : ControlView(list, acts), list_(list) {}
+  ListBoxView(ListBox& list, WatchedActs& acts) : AnyListView(list, acts), list_(list) {}
 
   SIZE Wanted(const DialogFonts& fonts) const override;
   void Refresh() override;
@@ -41,9 +53,11 @@ class ListBoxView final : public ControlView {
   bool MouseReleased(POINT place) override;
   bool TurnsByWheel() const override { return true; }
   void Notified(int code) override;
+  HWND Rows() const override { return Window(); }
 
  private:
   Design Designed() const override;
+  ShownControl Content() const override;
   FontKind Font() const override;
   int RowAt(POINT place);
 

@@ -100,56 +100,29 @@ PlayedWin32Toolkit::PlayedWin32Toolkit(int dotsPerInch) : dotsPerInch_(dotsPerIn
   ::LoadKeyboardLayoutW(L"00000409", KLF_ACTIVATE);
 }
 
-void PlayedWin32Toolkit::Opening(Form& form) {
-  form.Observe(this);
-}
-
 void PlayedWin32Toolkit::ServeModal(Form& form) {
-  if (watcher_ != nullptr)
-    watcher_->Opened(form);
-  win32::FormWindow window(form, windows_.empty() ? nullptr : Window()->Window(), watcher_, dotsPerInch_);
+  if (Watcher() != nullptr)
+    Watcher()->Opened(form);
+  win32::FormWindow window(form, windows_.empty() ? nullptr : Window()->Window(), Watcher(), dotsPerInch_);
   const Listed listed(windows_, window);
   window.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
   window.Present();
   win32::Win32Driver user(window);
   user.ServeMessages();
-  if (onForm)
-    Call(onForm, form, user);
+  Drive(form, user);
 }
 
 MessageAnswer PlayedWin32Toolkit::ShowMessage(const BoxRequest& box) {
   if (Window() != nullptr)
     Window()->Settle();
-  const BoxUser user(
-      [this](const BoxRequest& shown) { return onMessage ? Call(onMessage, shown) : shown.DefaultAnswer(); });
+  const BoxUser user([this](const BoxRequest& shown) { return AnswerTo(shown); });
   BoxRequest asked = box;
   // Whatever program plays, the host's name is this one.
   if (asked.title.empty())
     asked.title = "Fiscalon";
   const MessageAnswer given = win32::AskByBox(asked, Window() == nullptr ? nullptr : Window()->Window());
   user.Rethrow();
-  if (watcher_ != nullptr)
-    watcher_->BoxAnswered(box, given);
-  return given;
-}
-
-void PlayedWin32Toolkit::Beep() {
-  if (watcher_ != nullptr)
-    watcher_->Beeped();
-  if (onBeep)
-    Call(onBeep);
-}
-
-void PlayedWin32Toolkit::OpenHelp(std::string_view file, int32_t context) {
-  if (watcher_ != nullptr)
-    watcher_->HelpOpened(file, context);
-  if (onHelp)
-    Call(onHelp, file, context);
-}
-
-void PlayedWin32Toolkit::HandlerRuns(std::string_view object, std::string_view event) {
-  if (onEvent)
-    Call(onEvent, std::string(object).append("_").append(event));
+  return Answered(box, given);
 }
 
 }  // namespace fiscalon

@@ -126,7 +126,7 @@ SIZE TextView::Wanted(const DialogFonts& fonts) const {
 
 void TextView::SetLimit() {
   // Code may set a longer text than can be typed.
-  const size_t least = std::max(static_cast<size_t>(field_.MaxLength()), Shown().size());
+  const size_t least = std::max(static_cast<size_t>(field_.MaxLength()), WantedText().size());
   const size_t limit = field_.MaxLength() == FieldDesign::kNoLimit ? 0 : least;
   if (std::exchange(limit_, limit) != limit)
     Native(EM_SETLIMITTEXT, limit, 0);
@@ -139,7 +139,7 @@ void TextView::Refresh() {
   if (isLocked != field_.Locked())
     Native(EM_SETREADONLY, field_.Locked() ? TRUE : FALSE, 0);
   SetLimit();
-  ShowText(Shown());
+  ShowText(WantedText());
   ShowBeginning();
   if (!IsActive() || FieldSelection() == field_.Selected())
     return;
@@ -153,7 +153,7 @@ void TextView::ShowBeginning() {
   if (field_.Locked() && !field_.IsMultiLine()) {
     RECT room = {};
     Native(EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
-    if (std::wstring text = Shown(); Owner().Fonts().Extent(text, Font()).cx > room.right - room.left)
+    if (std::wstring text = WantedText(); Owner().Fonts().Extent(text, Font()).cx > room.right - room.left)
       hint = std::move(text);
   }
   if (!hint.empty() && !IsActive())
@@ -261,14 +261,23 @@ void TextView::SelectionMoved() {
     Acts().SelectText(field_, selection);
 }
 
-std::wstring TextView::Shown() const {
+ShownControl TextView::Content() const {
+  const std::wstring native = TextOfWindow(Window());
+  const Selection selection = NativeSelection();
+  return {.text = FromWide(native),
+          .selection = FromWide(std::wstring_view(native).substr(static_cast<size_t>(selection.start),
+                                                                 static_cast<size_t>(selection.length))),
+          .locked = (::GetWindowLongPtrW(Window(), GWL_STYLE) & ES_READONLY) != 0};
+}
+
+std::wstring TextView::WantedText() const {
   return ToWide(field_.IsMultiLine() ? WithWholeLineEnds(field_.Text()) : field_.Text());
 }
 
 std::string TextView::FieldText() const {
   // Code may have set line ends of another kind.
   const std::wstring native = TextOfWindow(Window());
-  return native == Shown() ? field_.Text() : FromWide(native);
+  return native == WantedText() ? field_.Text() : FromWide(native);
 }
 
 Selection TextView::NativeSelection() const {
@@ -285,7 +294,7 @@ void TextView::SetNativeSelection(Selection selection) {
 Selection TextView::FieldSelection() const {
   const std::wstring native = TextOfWindow(Window());
   const Selection selection = NativeSelection();
-  const bool aligned = native == Shown();
+  const bool aligned = native == WantedText();
   const auto positionOf = [&](int inEditor) {
     // What takes two units there may be one character here.
     const auto units = std::min(native.size(), static_cast<size_t>(inEditor));

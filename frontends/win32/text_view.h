@@ -22,8 +22,12 @@ class TextView final : public ControlView {
   void Edit(const KeyOutcome& outcome, const KeyStroke& stroke, LPARAM extra) override;
   bool MousePressed(UINT message, POINT place) override;
 
+  /// Positions in the editor.
+  Selection NativeSelection() const;
+
  private:
   Design Designed() const override;
+  ShownControl Content() const override;
 
   /// A command of the editor's own, such as a copy. False for any other key.
   bool DoCommand(const KeyStroke& stroke);
@@ -36,13 +40,11 @@ class TextView final : public ControlView {
   void SelectionMoved();
 
   /// The text as the editor has it: its line ends are all of one kind.
-  std::wstring Shown() const;
-  bool IsAligned() const { return TextOfWindow(Window()) == Shown(); }
+  std::wstring WantedText() const;
+  bool IsAligned() const { return TextOfWindow(Window()) == WantedText(); }
   // What the editor holds, as a field holds it.
   std::string FieldText() const;
   Selection FieldSelection() const;
-  // Positions in the editor.
-  Selection NativeSelection() const;
   void SetNativeSelection(Selection selection);
   void SetLimit();
   /// A text that is too long for a field that can't be edited: how it begins, and all of it as a hint.

@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-#include "frontends/played/user_driver.h"
+#include "frontends/played/driven_toolkit.h"
 
 namespace fiscalon {
 

@@ -227,7 +227,7 @@ class ArbitraryUser {
   void Close(UserDriver& user) {
     const int reason = choices_.Below(6);
     tell_("close " + std::to_string(reason));
-    user.CloseWindow(reason);
+    user.CloseWindow(static_cast<CloseReason>(reason));
   }
 
   /// Up and down in a text of several lines, and the ends of its lines, depend on where a widget breaks them.

@@ -48,7 +48,8 @@ class RandomUser {
       case 9:
         return user.Paste(Garbage());
       case 10:
-        return Below(8) == 0 ? user.CloseWindow(Below(6)) : user.PressMouse(*OneOf(form.Controls()));
+        return Below(8) == 0 ? user.CloseWindow(static_cast<CloseReason>(Below(6)))
+                             : user.PressMouse(*OneOf(form.Controls()));
       case 11:
         return user.Click(*OneOf(form.Controls()));
       case 12:

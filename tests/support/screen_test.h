@@ -32,7 +32,7 @@ class ScreenTest : public ModuleTest {
   bool Show(std::string_view code, const std::function<void(FormClass& form, UserDriver& user)>& acts) {
     frontEnd.onForm = [&](Form& form, UserDriver& user) {
       acts(static_cast<FormClass&>(form), user);
-      user.CloseWindow(0);
+      user.CloseWindow(CloseReason::CloseBox);
     };
     return session.ShowLevyraScreen(code);
   }

@@ -82,7 +82,7 @@ class Walk {
       if (!form.IsUp())
         return;
       Look(form, user);
-      user.CloseWindow(0);
+      user.CloseWindow(CloseReason::CloseBox);
     };
   }
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/forms/act_watcher.h"
-#include "frontends/played/user_driver.h"
+#include "frontends/played/driven_toolkit.h"
 
 /// What the commands want of the front end that shows forms: Qt's, or on Windows the system's own. Loading Qt takes
 /// longer than many a command does, so the program itself has none there: it has a twin that does.

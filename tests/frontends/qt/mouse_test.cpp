@@ -142,13 +142,13 @@ TEST_F(Mouse, ClosesTheWindowForTheForm) {
   form.whenClosing = [](bool& cancel, CloseReason /*reason*/) { cancel = true; };
   Show(form, [&](FormDialog& dialog, UserDriver& user) {
     form.TakeNotes();
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
     EXPECT_EQ(form.TakeNotes(), Notes{"Form_QueryUnload 0"});
     EXPECT_TRUE(dialog.isVisible());
-    user.CloseWindow(3);
+    user.CloseWindow(CloseReason::TaskManager);
     EXPECT_EQ(form.TakeNotes(), Notes{"Form_QueryUnload 3"});
     form.whenClosing = nullptr;
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
     EXPECT_FALSE(dialog.isVisible());
   });
   EXPECT_FALSE(form.IsLoaded());

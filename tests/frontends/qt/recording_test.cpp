@@ -94,7 +94,7 @@ TEST_F(Recording, SaysWhatWasPastedClickedAndClosed) {
     user.PressKey(*StrokeNamed("Enter"));
     user.PressMouse(*form.FindControl("cmdCancel"));
     user.Click(*form.FindControl("txtAmountPayable"));
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
   });
   EXPECT_EQ(ActsOf("15"),
             "paste 2026\nkey Enter\n"
@@ -115,7 +115,7 @@ TEST_F(Recording, BringsACaretThatTheMouseHasPlaced) {
                       line.mapTo(&dialog, QPoint(line.width() - 5 - width, line.height() / 2)));
     Type(user, "2");
     EXPECT_EQ(user.Text(amount), "12345");
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
   });
   EXPECT_EQ(
       ActsOf("15"),
@@ -127,7 +127,7 @@ TEST_F(Recording, PutsAnUndoIntoKeys) {
     Type(user, "2026");
     QTest::keyClick(dialog.windowHandle(), Qt::Key_Z, Qt::ControlModifier);
     Type(user, "1");
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
   });
   EXPECT_EQ(ActsOf("15"), "type 2026\nkey Backspace\nkey Backspace\nkey Backspace\nkey Backspace\ntype 1\nclose 0\n");
 }
@@ -139,7 +139,7 @@ TEST_F(Recording, GivesAnAnswerBeforeTheLineThatAsks) {
     };
     Type(user, "1000\t5\t20251231");
     user.Click(*form.FindControl("Command3D6"));
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
   });
   const std::string acts = ActsOf("03");
   EXPECT_NE(acts.find("answer No\n"), std::string::npos) << acts;
@@ -204,7 +204,7 @@ TEST_F(Recording, PlaysBackWhateverWasDone) {
           }
         }
         if (form.IsUp())
-          user.CloseWindow(0);
+          user.CloseWindow(CloseReason::CloseBox);
       });
       const std::string text = recorder.Text();
       ASSERT_EQ(PlayBack(text, scripted), "") << "screen " << code << ", seed " << seed << "\n" << text;

@@ -3,8 +3,10 @@
 #include <gmock/gmock.h>
 
 #include "core/session.h"
+#include "frontends/played/session_recorder.h"
 #include "tests/frontends/played/play_scenario.h"
 #include "tests/frontends/played/played_screen.h"
+#include "tests/support/every_kind_form.h"
 #include "tests/support/module_test.h"
 
 namespace fiscalon {
@@ -218,6 +220,27 @@ TEST_F(SelfReplacing, CallbacksMayPutOthersInTheirPlace) {
   EXPECT_EQ(seen, (std::vector<std::string>{"Form_Load " + longEnoughForTheHeap, "form " + longEnoughForTheHeap,
                                             "beep " + longEnoughForTheHeap, "help " + longEnoughForTheHeap,
                                             "box " + longEnoughForTheHeap}));
+}
+
+TEST(ScriptedToolkit, ItsUserCanBeWatched) {
+  EveryKindForm form;
+  ScriptedToolkit frontEnd;
+  SessionRecorder recorder;
+  frontEnd.Watch(&recorder);
+  frontEnd.onForm = [&](Form&, UserDriver& user) {
+    user.Click(form.txtPeriod);
+    user.Type('2');
+    user.Paste("0261");
+    user.Click(form.chkFinal);
+    user.PressMouse(form.cmdOK);
+    user.Choose(form.cmbProvince, 1);
+    frontEnd.Beep();
+    user.CloseWindow(CloseReason::CloseBox);
+  };
+  form.ShowModal(frontEnd);
+  EXPECT_EQ(recorder.Text(),
+            "click txtPeriod\ntype 2\npaste 0261\nclick chkFinal\nfocus cmdOK\nchoose cmbProvince Manitoba\n"
+            "expect beep\nclose 0\n");
 }
 
 }  // namespace

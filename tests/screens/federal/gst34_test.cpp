@@ -294,7 +294,7 @@ TEST_F(Gst34, ClosingClearsTheFlagWhereItCancels) {
   for (const int reason : {0, 1, 2, 3, 4, 5}) {
     SCOPED_TRACE(reason);
     TheModule().showGst58 = true;
-    Show<GOVGST34>("05", [&](GOVGST34&, UserDriver& user) { user.CloseWindow(reason); });
+    Show<GOVGST34>("05", [&](GOVGST34&, UserDriver& user) { user.CloseWindow(static_cast<CloseReason>(reason)); });
     EXPECT_EQ(session.ShowGST58(), reason == 1 || reason == 4 || reason == 5);
   }
 }

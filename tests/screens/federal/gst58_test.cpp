@@ -299,7 +299,7 @@ TEST_F(Gst58, OkCancelAndClosingLeaveTheFlagOfTheSession) {
   Show<GOVGST58>("06", [](GOVGST58& form, UserDriver& user) { user.Click(form.Command3D5); });
   EXPECT_TRUE(session.ShowGST58());
   for (const int reason : {0, 1, 2, 3, 4, 5}) {
-    Show<GOVGST58>("06", [&](GOVGST58&, UserDriver& user) { user.CloseWindow(reason); });
+    Show<GOVGST58>("06", [&](GOVGST58&, UserDriver& user) { user.CloseWindow(static_cast<CloseReason>(reason)); });
     EXPECT_TRUE(session.ShowGST58()) << reason;
   }
 }

@@ -46,7 +46,7 @@ class PaymentDesk : public testing::Test {
     desk_->show();
     desk_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(desk_.get()));
-    toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(0); };
+    toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(CloseReason::CloseBox); };
   }
   ~PaymentDesk() override {
     desk_.reset();
@@ -93,7 +93,7 @@ TEST_F(PaymentDesk, OpensWithAFormOnePressAway) {
   std::string form;
   toolkit_.onForm = [&](Form& shown, UserDriver& user) {
     form = shown.Name();
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
   };
   QTest::keyClick(desk_->focusWidget(), Qt::Key_Return);
   EXPECT_EQ(form, "frmDueDateAmount");
@@ -108,7 +108,7 @@ TEST_F(PaymentDesk, ShowsTheChosenScreen) {
   std::string form;
   toolkit_.onForm = [&](Form& shown, UserDriver& user) {
     form = shown.Name();
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
   };
   auto& screens = Find<QTreeWidget>("screens");
   screens.setCurrentItem(screens.findItems("03", Qt::MatchExactly).at(0));
@@ -188,7 +188,7 @@ TEST_F(PaymentDesk, TakesAnEarlierResultAwayWhileAScreenIsUp) {
   toolkit_.onForm = [&](Form&, UserDriver& user) {
     EXPECT_EQ(Words(), "Screen 15 is open.");
     EXPECT_FALSE(ShowsRecords());
-    user.CloseWindow(0);
+    user.CloseWindow(CloseReason::CloseBox);
   };
   Press("show");
 }
@@ -197,7 +197,7 @@ TEST_F(PaymentDesk, TakesAnEarlierResultAwayWhileAScreenIsUp) {
 TEST_F(PaymentDesk, ShowsNoRecordsOfAnEarlierPayment) {
   toolkit_.onForm = Accept;
   Press("show");
-  toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(0); };
+  toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(CloseReason::CloseBox); };
   Press("show");
   EXPECT_EQ(Words(), "Accepted, but no records were handed back.");
   EXPECT_FALSE(ShowsRecords());
@@ -252,7 +252,7 @@ TEST_F(PaymentDesk, TakesNoEarlierFileForANewOne) {
   WriteToFile(folder.Path("payment.pc4"));
   toolkit_.onForm = Accept;
   Press("show");
-  toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(0); };
+  toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(CloseReason::CloseBox); };
   Press("show");
   EXPECT_EQ(Words(), "Accepted, but no records were written: the file is from before.\n" + folder.Path("payment.pc4"));
   EXPECT_FALSE(ShowsRecords());
