@@ -57,6 +57,10 @@ function __fiscalon_operand
         string match -qr -- "^  $before [A-Z]"
 end
 
+function __fiscalon_front_ends
+    fiscalon play --help 2>/dev/null | string replace -rf '.*--toolkit.*the forms: *' '' | string split ', '
+end
+
 function __fiscalon_operand_of
     contains -- "$(__fiscalon_command)" $argv; and __fiscalon_operand
 end
@@ -69,7 +73,7 @@ complete -c fiscalon -n '__fiscalon_operand_of play' -a '(__fiscalon_scenarios)'
 complete -c fiscalon -n '__fiscalon_operand_of show validate' -F
 
 complete -c fiscalon -n '__fiscalon_after locale' -a 'en-CA en-US fr-CA system'
-complete -c fiscalon -n '__fiscalon_after toolkit' -a 'scripted qt'
+complete -c fiscalon -n '__fiscalon_after toolkit' -a '(__fiscalon_front_ends)'
 complete -c fiscalon -n '__fiscalon_after screen; and test "$(__fiscalon_command)" = show' -a '(__fiscalon_screens)'
 complete -c fiscalon -n '__fiscalon_after screen; and test "$(__fiscalon_command)" != show' -a '(__fiscalon_screens "" --judged)'
 complete -c fiscalon -n '__fiscalon_after write-file play-by-play-enabled' -a 'True False'

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <limits>
@@ -66,19 +67,22 @@ class NumberFrom {
   Number most_;
 };
 
+/// Words with commas between them.
+inline std::string Listed(const std::vector<std::string>& words) {
+  std::string all;
+  for (const std::string& word : words) all.append(all.empty() ? "" : ", ").append(word);
+  return all;
+}
+
 /// Of options that take one of a few words.
 class OneOf {
  public:
   explicit OneOf(std::vector<std::string> known) : known_(std::move(known)) {}
 
   std::string operator()(const std::string& given) const {
-    std::string all;
-    for (const std::string& each : known_) {
-      if (each == given)
-        return {};
-      all.append(all.empty() ? "" : ", ").append(each);
-    }
-    return "\"" + given + "\" is none of " + all + DidYouMean(given, known_);
+    if (std::find(known_.begin(), known_.end(), given) != known_.end())
+      return {};
+    return "\"" + given + "\" is none of " + Listed(known_) + DidYouMean(given, known_);
   }
 
  private:

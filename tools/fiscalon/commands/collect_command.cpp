@@ -15,7 +15,7 @@
 #include "frontends/played/host_properties.h"
 #include "frontends/played/session_recorder.h"
 #include "tools/fiscalon/files/whole_file.h"
-#include "tools/fiscalon/forms_front_end.h"
+#include "tools/fiscalon/front_ends.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/screen_code.h"
 #include "tools/reading/payment_advice.h"
@@ -110,8 +110,7 @@ class Collecting {
   ExitStatus Run() {
     const std::string code(ScreenWithForm(options_.code).code);
     CheckFiles();
-    GoOnWithForms(context_);
-    const auto toolkit = NewForms(&recorder_);
+    const auto toolkit = GoOnWithOneThatShows(context_).shown(&recorder_);
     PrepareModule(*toolkit);
     const ExitStatus status = Show(code);
     UseToolkit(nullptr);

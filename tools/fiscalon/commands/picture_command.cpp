@@ -3,7 +3,7 @@
 #include "frontends/played/scenario_player.h"
 #include "tools/fiscalon/files/input_file.h"
 #include "tools/fiscalon/files/whole_file.h"
-#include "tools/fiscalon/forms_front_end.h"
+#include "tools/fiscalon/front_ends.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/screen_code.h"
 
@@ -55,11 +55,11 @@ std::vector<std::string> InputsOf(const PictureOptions& options) {
 }
 
 ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
-  GoOnWithForms(context);
+  const FrontEnd& frontEnd = GoOnWithOneThatTakesPictures(context);
   const LaunchRow& screen = ScreenWithForm(options.code);
   const Scenario scenario = ScenarioOf(options);
   WholeFile file(options.out, InputsOf(options));
-  const auto toolkit = NewPhotographedForms(
+  const auto toolkit = frontEnd.photographed(
       {.theme = options.dark ? PictureLook::Theme::Dark : PictureLook::Theme::Light, .scale = options.scale});
   PlaySettings settings{.today = context.today};
   if (!context.localeName.empty())

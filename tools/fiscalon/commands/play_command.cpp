@@ -5,11 +5,10 @@
 
 #include "core/platform/utf8_path.h"
 #include "frontends/played/scenario_player.h"
-#include "frontends/scripted/scripted_toolkit.h"
 #include "tools/fiscalon/commands/narrator.h"
 #include "tools/fiscalon/commands/transcript.h"
 #include "tools/fiscalon/files/input_file.h"
-#include "tools/fiscalon/forms_front_end.h"
+#include "tools/fiscalon/front_ends.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/reading/visible_text.h"
 
@@ -28,24 +27,18 @@ scenarios that say nothing else; without them: the real day, and en-CA.)";
 
 struct PlayOptions {
   std::vector<std::string> files = {};
-  std::string toolkit = "scripted";
+  std::string toolkit = NamesOfFrontEnds().front();
   /// The name of the scenarios to play; empty for all.
   std::string only = {};
   bool transcript = false;
   bool narrate = false;
 };
 
-std::unique_ptr<DrivenToolkit> MakeToolkit(const std::string& name) {
-  if (name == kFormsToolkit)
-    return NewPlayedForms();
-  return std::make_unique<ScriptedToolkit>();
-}
-
 /// Plays the files one after the other and keeps the score.
 class Playing {
  public:
-  Playing(const PlayOptions& options, const Context& context)
-      : options_(options), context_(context), toolkit_(MakeToolkit(options.toolkit)) {
+  Playing(const PlayOptions& options, const Context& context, const FrontEnd& frontEnd)
+      : options_(options), context_(context), toolkit_(frontEnd.played()) {
     settings_.today = context.today;
     if (!context.localeName.empty())
       settings_.locale = context.localeName;
@@ -153,9 +146,7 @@ class Playing {
 };
 
 ExitStatus PlayFiles(const PlayOptions& options, const Context& context) {
-  if (options.toolkit == kFormsToolkit)
-    GoOnWithForms(context);
-  Playing playing(options, context);
+  Playing playing(options, context, GoOnWith(options.toolkit, context));
   for (const std::string& file : options.files) playing.Play(file);
   return playing.Finish();
 }
@@ -168,9 +159,10 @@ void AddPlayCommand(CLI::App& app, Context& context) {
   command->footer(kExamples);
   const auto options = std::make_shared<PlayOptions>();
   command->add_option("FILE", options->files, "Scenario files")->required()->check(NameGiven);
-  command->add_option("--toolkit", options->toolkit, "The front end that shows the forms")
+  command
+      ->add_option("--toolkit", options->toolkit, "The front end that shows the forms: " + Listed(NamesOfFrontEnds()))
       ->type_name("NAME")
-      ->check(OneOf({"scripted", kFormsToolkit}));
+      ->check(OneOf(NamesOfFrontEnds()));
   command->add_option("--only", options->only, "Play the scenarios of that name alone")
       ->type_name("NAME")
       ->check(NameGiven);

@@ -1,0 +1,50 @@
+#include "frontends/qt/front_end.h"
+
+#include <stdexcept>
+
+#include "frontends/qt/form_picture.h"
+#include "frontends/qt/played_qt_toolkit.h"
+#include "frontends/qt/program_messages.h"
+#include "frontends/qt/qt_toolkit.h"
+
+namespace fiscalon::qt {
+namespace {
+
+class Photographed final : public PhotographedToolkit {
+ public:
+  explicit Photographed(const PictureLook& look)
+      : picture_(look.theme == PictureLook::Theme::Dark ? FormPicture::Theme::Dark : FormPicture::Theme::Light,
+                 look.scale) {}
+
+  DrivenToolkit& Toolkit() override { return toolkit_; }
+  void TakePicture() override {
+    if (FormDialog* dialog = toolkit_.Dialog())
+      picture_.Take(*dialog);
+  }
+  std::string Picture() const override { return picture_.Png(); }
+
+ private:
+  PlayedQtToolkit toolkit_;
+  FormPicture picture_;
+};
+
+}  // namespace
+
+std::unique_ptr<DrivenToolkit> NewPlayed() {
+  return std::make_unique<PlayedQtToolkit>();
+}
+
+std::unique_ptr<Toolkit> NewShown(ActWatcher* watcher) {
+  if (!QtToolkit::HasDisplay())
+    throw std::runtime_error("there is no display to show the form on; set DISPLAY or WAYLAND_DISPLAY");
+  InstallProgramMessages("fiscalon");
+  auto toolkit = std::make_unique<QtToolkit>();
+  toolkit->Watch(watcher);
+  return toolkit;
+}
+
+std::unique_ptr<PhotographedToolkit> NewPhotographed(const PictureLook& look) {
+  return std::make_unique<Photographed>(look);
+}
+
+}  // namespace fiscalon::qt
