@@ -8,51 +8,44 @@ Prints one line per offence, "file:line: what is wrong", and exits with 1 if the
 import re
 import sys
 from pathlib import Path
+from typing import NamedTuple
 
-# What each layer may include beside itself. docs/architecture.md says why.
-LAYERS = {
-    "platform": set(),
-    "values": {"platform"},
-    "records": {"values", "platform"},
-    "forms": {"platform"},
-    "core": {"records", "values", "forms", "platform"},
-    "parts": {"core", "records", "values", "forms", "platform"},
-    "screens": {"parts", "core", "records", "values", "forms", "platform"},
-    "validation": {"core", "records", "values", "platform"},
-    "played": {"screens", "core", "records", "values", "forms", "platform"},
-    "scripted": {"played", "core", "forms", "platform"},
+class Layer(NamedTuple):
+    name: str
+    # The longest that fits says which layer a file belongs to.
+    folder: str
+    # What it may include beside itself.
+    uses: str
+    # Made of the toolkit's or the system's own headers.
+    of_the_system: bool = False
+    # Its classes but for the toolkits lie in a namespace of its name, so that a program may link several of the kind.
+    own_namespace: bool = False
+
+
+# A row for each. docs/architecture.md says why. What has none (the programs, tests, examples, bench) stands on top and
+# may use everything.
+ROWS = (
+    Layer("platform", "core/platform/", ""),
+    Layer("values", "core/values/", "platform"),
+    Layer("records", "core/records/", "values platform"),
+    Layer("forms", "core/forms/", "platform"),
+    Layer("core", "core/", "records values forms platform"),
+    Layer("parts", "screens/parts/", "core records values forms platform"),
+    Layer("screens", "screens/", "parts core records values forms platform"),
+    Layer("validation", "validation/", "core records values platform"),
+    Layer("played", "frontends/played/", "screens core records values forms platform"),
+    Layer("scripted", "frontends/scripted/", "played core forms platform"),
     # What plays scenarios on widgets is part of the folder.
-    "qt": {"played", "core", "forms", "platform"},
-    "win32": {"played", "core", "forms", "platform"},
+    Layer("qt", "frontends/qt/", "played core forms platform", of_the_system=True, own_namespace=True),
+    Layer("win32", "frontends/win32/", "played core forms platform", of_the_system=True, own_namespace=True),
     # What hosts on Windows create by name: the library, and the forms that it shows there.
-    "component": {"win32", "validation", "core", "records", "platform"},
+    Layer("component", "component/", "win32 validation core records platform", of_the_system=True),
     # What a record says, for people.
-    "reading": {"validation", "core", "records", "values", "platform"},
+    Layer("reading", "tools/reading/", "validation core records values platform"),
     # The program's outputs, inputs and terminal.
-    "files": {"reading", "validation", "records", "platform"},
-}
-
-# The longest prefix that fits says which layer a file belongs to. What is not named here (the programs, tests,
-# examples, bench) stands on top and may use everything.
-FOLDERS = {
-    "core/": "core",
-    "core/platform/": "platform",
-    "core/values/": "values",
-    "core/records/": "records",
-    "core/forms/": "forms",
-    "screens/": "screens",
-    "screens/parts/": "parts",
-    "validation/": "validation",
-    "frontends/played/": "played",
-    "frontends/scripted/": "scripted",
-    "frontends/qt/": "qt",
-    "frontends/win32/": "win32",
-    "component/": "component",
-    "tools/reading/": "reading",
-    "tools/fiscalon/files/": "files",
-}
-# Those that are made of the toolkit's or the system's own headers.
-OF_THE_SYSTEM = ("qt", "win32", "component", "files")
+    Layer("files", "tools/fiscalon/files/", "reading validation records platform", of_the_system=True),
+)
+LAYERS = {row.name: row for row in ROWS}
 TOP = ("tools/", "tests/", "examples/", "bench/", "include/")
 QT_FOLDERS = ("frontends/qt/", "tools/desk/", "examples/qt_host/", "tests/")
 
@@ -86,12 +79,15 @@ GENERATED = ("fiscalon_component.h",)
 QT = re.compile(r"(Qt\w*/.*|Q[A-Z]\w*|q\w+\.h)")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]*)"|<([^>]*)>)')
+NAMESPACE = re.compile(r"^namespace (fiscalon[\w:]*) {$", re.MULTILINE)
+# A block of names alone, which declares what lies elsewhere.
+FORWARD = re.compile(r"^namespace fiscalon {\n(?:(?:class|struct) \w+;\n)+}\n", re.MULTILINE)
 LAYER_TARGET = re.compile(r"fiscalon_layer\(\s*(\w+)\s+(?:DEPENDS\s+([\w\s]*?)\s+)?SOURCES")
 
 
 def layer_of(path):
-    fitting = [prefix for prefix in FOLDERS if path.startswith(prefix)]
-    return FOLDERS[max(fitting, key=len)] if fitting else None
+    fitting = [row for row in ROWS if path.startswith(row.folder)]
+    return max(fitting, key=lambda row: len(row.folder)) if fitting else None
 
 
 def offence_of_quoted(tree, path, included):
@@ -106,9 +102,9 @@ def offence_of_quoted(tree, path, included):
     if layer is None or other == layer:
         return None
     if other is None:
-        return f'{layer} may not include "{included}", which stands above it'
-    if other not in LAYERS[layer]:
-        return f'{layer} may not include "{included}" of {other}'
+        return f'{layer.name} may not include "{included}", which stands above it'
+    if other.name not in layer.uses.split():
+        return f'{layer.name} may not include "{included}" of {other.name}'
     return None
 
 
@@ -116,13 +112,13 @@ def offence_of_angled(path, included):
     if QT.fullmatch(included):
         return None if path.startswith(QT_FOLDERS) else f"<{included}>: Qt belongs into {' and '.join(QT_FOLDERS[:2])}"
     layer = layer_of(path)
-    if layer is None or layer in OF_THE_SYSTEM or included in STANDARD:
+    if layer is None or layer.of_the_system or included in STANDARD:
         return None
     if path.startswith(POSIX_FOLDERS) and POSIX.fullmatch(included):
         return None
     if path.startswith(WINDOWS_FOLDERS) and WINDOWS.fullmatch(included):
         return None
-    return f"{layer} may not include <{included}>, which is not of the standard library"
+    return f"{layer.name} may not include <{included}>, which is not of the standard library"
 
 
 def source_offences(tree, path):
@@ -139,6 +135,17 @@ def source_offences(tree, path):
             yield f"{path}:{number}: {offence}"
 
 
+def namespace_offences(tree, path):
+    layer = layer_of(path)
+    if layer is None or not layer.own_namespace or Path(path).stem.endswith("_toolkit"):
+        return
+    text = (tree / path).read_text(encoding="utf-8", errors="replace")
+    for match in NAMESPACE.finditer(FORWARD.sub(lambda names: "\n" * names.group().count("\n"), text)):
+        if not f"{match.group(1)}::".startswith(f"fiscalon::{layer.name}::"):
+            line = text.count("\n", 0, match.start()) + 1
+            yield f"{path}:{line}: what {layer.name} defines lies in fiscalon::{layer.name}, but for its toolkits"
+
+
 def target_offences(tree, path):
     text = (tree / path).read_text(encoding="utf-8")
     for match in LAYER_TARGET.finditer(text):
@@ -146,18 +153,20 @@ def target_offences(tree, path):
         line = text.count("\n", 0, match.start()) + 1
         if layer not in LAYERS:
             yield f"{path}:{line}: the layer {layer} is not known to this check"
-        for wrong in sorted(depends - LAYERS.get(layer, depends)):
+            continue
+        for wrong in sorted(depends - set(LAYERS[layer].uses.split())):
             yield f"{path}:{line}: the target of {layer} may not link {wrong}"
 
 
 def offences(tree):
     found, files = [], 0
-    for top in sorted(set(folder.split("/")[0] for folder in FOLDERS) | set(folder.rstrip("/") for folder in TOP)):
+    for top in sorted(set(row.folder.split("/")[0] for row in ROWS) | set(folder.rstrip("/") for folder in TOP)):
         for file in sorted((tree / top).rglob("*")):
             path = file.relative_to(tree).as_posix()
             if file.suffix in (".h", ".cpp"):
                 files += 1
                 found += source_offences(tree, path)
+                found += namespace_offences(tree, path)
             elif file.name == "CMakeLists.txt":
                 found += target_offences(tree, path)
     if files == 0:

@@ -24,6 +24,8 @@ SOUND_TREE = {
     "screens/general/due_date.h": '#include "core/session.h"\n#include "screens/parts/head.h"\n',
     "validation/rules.h": '#include "core/session.h"\n#include <string_view>\n',
     "frontends/played/player.h": '#include "screens/general/due_date.h"\n',
+    "frontends/qt/view.h": "namespace fiscalon {\nclass Form;\n}\n\nnamespace fiscalon::qt {\nclass View;\n}\n",
+    "frontends/qt/qt_toolkit.h": "namespace fiscalon {\nclass QtToolkit {};\n}\n",
     "frontends/qt/dialog.h": '#include <QDialog>\n#include <QtWidgets/QLabel>\n#include "core/forms/form.h"\n',
     "tools/fiscalon/main.cpp": '#include <CLI/CLI.hpp>\n#include "frontends/qt/dialog.h"\n',
     "tools/fiscalon/files/terminal.h": '#include "tools/reading/shown_record.h"\n',
@@ -168,6 +170,18 @@ class CheckLayers(unittest.TestCase):
             "core/forms/CMakeLists.txt",
             "\nfiscalon_layer(forms\n  DEPENDS platform core\n  SOURCES\n    form.cpp)\n",
             "core/forms/CMakeLists.txt:2: the target of forms may not link core",
+        )
+
+    def test_a_front_end_keeps_to_its_namespace(self):
+        self.assert_one(
+            "frontends/qt/view.h",
+            "#pragma once\n\nnamespace fiscalon {\nclass View {};\n}\n",
+            "frontends/qt/view.h:3: what qt defines lies in fiscalon::qt, but for its toolkits",
+        )
+        self.assert_one(
+            "frontends/win32/view.cpp",
+            "namespace fiscalon::qt {\nclass View {};\n}\n",
+            "frontends/win32/view.cpp:1: what win32 defines lies in fiscalon::win32, but for its toolkits",
         )
 
     def test_an_unknown_layer_is_found(self):
