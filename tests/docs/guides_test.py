@@ -10,8 +10,13 @@ import unittest
 from pathlib import Path
 
 TREE = Path(__file__).resolve().parents[2]
-GUIDES = [TREE / "docs/adding-a-rule.md", TREE / "docs/adding-a-screen.md", TREE / "docs/architecture.md"]
-SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "tools", "include", "tests/support")
+GUIDES = sorted((TREE / "docs").glob("*.md"))
+SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "component", "tools", "include", "examples", "bench",
+                  "tests/support", "tests/scenarios")
+# Where a guide names a file by its last part.
+NAMED_FOLDERS = ("core", "screens", "frontends", "include", "examples", "tests")
+# What builds make, and what a reader's own front end would have.
+NOT_KEPT = re.compile(r"^build/|\bNAME\b|^fiscalon_component\.h$")
 FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 # A path has a folder or an ending that the tree uses; <...> and * stand for names that the reader chooses.
 PATH = re.compile(r"`([\w./-]+(?:/[\w./-]*|\.(?:h|cpp|md|py|txt|scenario)))`")
@@ -22,7 +27,7 @@ NAME = re.compile(r"`([A-Z]\w+)`")
 def sources():
     for folder in SOURCE_FOLDERS:
         for file in sorted((TREE / folder).rglob("*")):
-            if file.suffix in (".h", ".cpp"):
+            if file.suffix in (".h", ".cpp", ".py") or file.name == "CMakeLists.txt":
                 yield file.read_text(encoding="utf-8")
 
 
@@ -52,9 +57,11 @@ class Guides(unittest.TestCase):
     def test_name_files_that_exist(self):
         for guide in GUIDES:
             for path in PATH.findall(guide.read_text(encoding="utf-8")):
+                if NOT_KEPT.search(path):
+                    continue
                 # A source may go by its folder and stem, a header by its name alone.
-                there = [TREE / path, TREE / (path + ".h"), guide.parent / path]
-                there += [found for folder in ("core", "screens", "frontends") for found in (TREE / folder).rglob(Path(path).name)]
+                there = [TREE / path, TREE / "include" / path, TREE / (path + ".h"), guide.parent / path]
+                there += [found for folder in NAMED_FOLDERS for found in (TREE / folder).rglob(Path(path).name)]
                 self.assertTrue(any(each.exists() for each in there), f"{guide.name} names {path}, which is not there")
 
     def test_name_things_that_the_sources_have(self):
