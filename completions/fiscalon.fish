@@ -36,9 +36,9 @@ function __fiscalon_options
     end
 end
 
-# With "yes" the screens that have a form here, else all codes; with --judged those whose payments are judged.
+# All screens, or with --judged those whose payments are judged.
 function __fiscalon_screens
-    fiscalon screens $argv[2] 2>/dev/null | awk -v form="$argv[1]" 'NR > 1 && (form == "" || $3 == form) { code = $1; $1 = $2 = $3 = ""; sub(/^ +/, ""); print code "\t" $0 }'
+    fiscalon screens $argv 2>/dev/null | awk 'NR > 1 { code = $1; $1 = $2 = ""; sub(/^ +/, ""); print code "\t" $0 }'
 end
 
 function __fiscalon_scenarios
@@ -68,14 +68,14 @@ end
 complete -c fiscalon -f
 complete -c fiscalon -n 'not __fiscalon_command >/dev/null; and __fiscalon_operand' -a '(__fiscalon_commands)'
 complete -c fiscalon -n 'string match -q -- "-*" (commandline -ct)' -a '(__fiscalon_options)'
-complete -c fiscalon -n '__fiscalon_operand_of collect picture' -a '(__fiscalon_screens yes)'
+complete -c fiscalon -n '__fiscalon_operand_of collect picture' -a '(__fiscalon_screens)'
 complete -c fiscalon -n '__fiscalon_operand_of play' -a '(__fiscalon_scenarios)'
 complete -c fiscalon -n '__fiscalon_operand_of show validate' -F
 
 complete -c fiscalon -n '__fiscalon_after locale' -a 'en-CA en-US fr-CA system'
 complete -c fiscalon -n '__fiscalon_after toolkit' -a '(__fiscalon_front_ends)'
 complete -c fiscalon -n '__fiscalon_after screen; and test "$(__fiscalon_command)" = show' -a '(__fiscalon_screens)'
-complete -c fiscalon -n '__fiscalon_after screen; and test "$(__fiscalon_command)" != show' -a '(__fiscalon_screens "" --judged)'
+complete -c fiscalon -n '__fiscalon_after screen; and test "$(__fiscalon_command)" != show' -a '(__fiscalon_screens --judged)'
 complete -c fiscalon -n '__fiscalon_after write-file play-by-play-enabled' -a 'True False'
 complete -c fiscalon -n '__fiscalon_after scenario' -a '(__fiscalon_scenarios)'
 complete -c fiscalon -n '__fiscalon_after records report faults good out record gov-filename main-path' -F

@@ -25,8 +25,8 @@ struct LaunchRow {
   std::string_view collects = {};
   /// All that the form receives, in the order in which it is set.
   std::span<const LaunchProperty> properties = {};
-  /// Makes the form's one instance. Null while the form does not exist.
-  std::shared_ptr<Screen> (*make)() = nullptr;
+  /// Makes the form's one instance. A reference, so that a row without a form does not compile.
+  std::shared_ptr<Screen> (&make)();
   /// A routine of the form that runs after the last property is set, before the form is shown.
   void (*beforeShow)(Screen& screen) = nullptr;
 };

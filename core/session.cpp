@@ -15,13 +15,9 @@ namespace {
 
 constexpr std::string_view kShowSource = "Fiscalon.ShowLevyraScreen";
 constexpr auto kInvalidScreenType = static_cast<int32_t>(0x80040001);
-constexpr auto kScreenNotAvailable = static_cast<int32_t>(0x80040002);
 
 // The form's one instance, which lives as long as the library.
 std::shared_ptr<Form> InstanceOf(const LaunchRow& row) {
-  if (row.make == nullptr)
-    throw RuntimeError(kScreenNotAvailable, "Screen \"" + std::string(row.code) + "\" (" + std::string(row.form) +
-                                                ") is not part of this version");
   auto& forms = TheModule().forms;
   const auto made = forms.find(row.form);
   return made != forms.end() ? made->second : forms.emplace(row.form, row.make()).first->second;

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <array>
+#include <functional>
 
 #include "core/launch_properties.h"
 #include "screens/federal/assessment.h"
@@ -101,6 +103,10 @@ constexpr std::array kLaunchTable = {
               kWithCompCode, Make<frmQue_Rev_GST>},
 };
 // clang-format on
+
+static_assert(std::ranges::adjacent_find(kLaunchTable, std::ranges::greater_equal(), &LaunchRow::code) ==
+                  std::ranges::end(kLaunchTable),
+              "the codes stand in order, each once");
 
 }  // namespace
 

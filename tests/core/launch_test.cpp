@@ -80,7 +80,6 @@ constexpr std::array kTable = {
               [](Screen& screen) { static_cast<NotingScreen&>(screen).SetUp(); }},
     LaunchRow{"25", "ShowSharedForm", "frmShared", "", kTwoOwn, MakeScreen},
     LaunchRow{"26", "ShowSharedForm", "frmShared", "", kTwoOwn, MakeScreen},
-    LaunchRow{"28", "ShowMissingForm", "frmMissing", "", kCommonOrder},
 };
 
 }  // namespace
@@ -275,11 +274,6 @@ TEST_F(LaunchTest, UnknownCodesRaiseInvalidScreenType) {
 TEST_F(LaunchTest, UnknownCodesAreToldWithoutAToolkitToo) {
   UseToolkit(nullptr);
   EXPECT_EQ(ErrorOf([&] { session.ShowLevyraScreen("12"); }), static_cast<int32_t>(0x80040001));
-}
-
-TEST_F(LaunchTest, FormThatDoesNotExistYetIsNamed) {
-  ExpectError([&] { session.ShowLevyraScreen("28"); }, static_cast<int32_t>(0x80040002),
-              "Screen \"28\" (frmMissing) is not part of this version");
 }
 
 TEST_F(LaunchTest, ShowingWithoutAToolkitIsAnErrorThatTellsTheRemedy) {

@@ -12,15 +12,8 @@ namespace {
 
 using LaunchTableTest = ModuleTest;
 
-TEST_F(LaunchTableTest, FormsThatExistBearTheNameOfTheirRow) {
-  int existing = 0;
-  for (const LaunchRow& row : LaunchTable()) {
-    if (row.make == nullptr)
-      continue;
-    EXPECT_EQ(row.make()->Name(), row.form);
-    ++existing;
-  }
-  EXPECT_GE(existing, 3);
+TEST_F(LaunchTableTest, FormsBearTheNameOfTheirRow) {
+  for (const LaunchRow& row : LaunchTable()) EXPECT_EQ(row.make()->Name(), row.form);
 }
 
 using Order = std::vector<std::string_view>;

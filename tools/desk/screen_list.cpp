@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHeaderView>
-#include <QLabel>
 #include <QVBoxLayout>
 
 #include "core/launch.h"
@@ -26,7 +25,7 @@ ScreenList::ScreenList(QWidget* parent)
   constexpr int kLeastCharacters = 32;
   list_->setMinimumWidth(list_->fontMetrics().horizontalAdvance(u'0') * kLeastCharacters);
   list_->setAccessibleName(tr("Screens"));
-  const bool all = ListScreens();
+  ListScreens();
   list_->header()->setSectionResizeMode(kCode, QHeaderView::ResizeToContents);
   list_->header()->setSectionResizeMode(kCollects, QHeaderView::Stretch);
 
@@ -35,33 +34,21 @@ ScreenList::ScreenList(QWidget* parent)
   connect(show_, &QPushButton::clicked, this, [this] { ShowChosen(); });
   connect(list_, &QTreeWidget::itemActivated, this, [this] { ShowChosen(); });
   connect(list_, &QTreeWidget::itemSelectionChanged, this,
-          [this] { show_->setEnabled(CanShow(list_->currentItem())); });
+          [this] { show_->setEnabled(list_->currentItem() != nullptr); });
   // The button stands beneath the group, so that the group's access key leads to the list.
   auto* group = new QGroupBox(tr("What to col&lect"), this);
   (new QVBoxLayout(group))->addWidget(list_);
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->addWidget(group, 0, 0, 1, 2);
-  if (!all) {
-    auto* note = new QLabel(tr("Screens in grey are not part of this version."));
-    note->setWordWrap(true);
-    grid->addWidget(note, 1, 0);
-    grid->setColumnStretch(0, 1);
-  }
   grid->addWidget(show_, 1, 1, Qt::AlignRight);
 }
 
-bool ScreenList::ListScreens() {
-  bool all = true;
+void ScreenList::ListScreens() {
   for (const LaunchRow& row : LaunchTable()) {
     auto* item = new QTreeWidgetItem(list_, {qt::ToQt(row.code), qt::ToQt(row.collects)});
     item->setToolTip(kCollects, qt::ToQt(row.collects) + u'\n' + qt::ToQt(row.form));
-    if (row.make != nullptr)
-      continue;
-    all = false;
-    item->setFlags(Qt::NoItemFlags);
   }
-  return all;
 }
 
 void ScreenList::Choose(const std::string& code) {
@@ -71,13 +58,9 @@ void ScreenList::Choose(const std::string& code) {
   show_->setFocus();
 }
 
-bool ScreenList::CanShow(const QTreeWidgetItem* item) {
-  return item != nullptr && item->flags().testFlag(Qt::ItemIsEnabled);
-}
-
 void ScreenList::ShowChosen() {
   const QTreeWidgetItem* item = list_->currentItem();
-  if (CanShow(item) && onShow)
+  if (item != nullptr && onShow)
     onShow(qt::FromQt(item->text(kCode)));
 }
 

@@ -21,9 +21,7 @@ class ScreenList final : public QWidget {
   void ShowChosen();
 
  private:
-  /// Fills the list. True where this version has the forms of all screens.
-  bool ListScreens();
-  static bool CanShow(const QTreeWidgetItem* item);
+  void ListScreens();
 
   QTreeWidget* list_;
   QPushButton* show_;

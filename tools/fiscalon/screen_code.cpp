@@ -15,13 +15,6 @@ const LaunchRow& ScreenOf(const std::string& code) {
   throw UsageError("there is no screen \"" + code + "\"; the codes are " + codes + meant);
 }
 
-const LaunchRow& ScreenWithForm(const std::string& code) {
-  const LaunchRow& row = ScreenOf(code);
-  if (row.make == nullptr)
-    throw CommandError("this version does not have the form of screen \"" + code + "\" yet");
-  return row;
-}
-
 std::vector<std::string> JudgedScreens() {
   std::vector<std::string> codes;
   for (const RuleSet* const rules : RuleSets()) codes.emplace_back(rules->screenCode);

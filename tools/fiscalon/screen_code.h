@@ -10,9 +10,6 @@ namespace fiscalon {
 /// The screen of a code given on the command line. A `UsageError` that lists the codes for any other.
 const LaunchRow& ScreenOf(const std::string& code);
 
-/// The same. A `CommandError` where this version does not have the form yet.
-const LaunchRow& ScreenWithForm(const std::string& code);
-
 /// The codes of the screens whose payments can be judged.
 std::vector<std::string> JudgedScreens();
 /// The same for people: "03 or 20".

@@ -146,15 +146,8 @@ TEST_F(Accessibility, NamesEveryFieldOfEveryScreen) {
       EXPECT_NE(NameOf(*toolkit.Dialog(), *control), "") << shown.Name() << " " << control->Name();
     }
   };
-  int screens = 0;
-  for (const LaunchRow& row : LaunchTable()) {
-    if (row.make == nullptr)
-      continue;
-    ++screens;
-    Levyra().ShowLevyraScreen(row.code);
-  }
-  EXPECT_GE(screens, 3);
-  EXPECT_GT(fields, screens * 3);
+  for (const LaunchRow& row : LaunchTable()) Levyra().ShowLevyraScreen(row.code);
+  EXPECT_GT(fields, static_cast<int>(LaunchTable().size()) * 3);
   ResetModule();
 }
 

@@ -108,7 +108,7 @@ class Collecting {
   Collecting(const CollectOptions& options, const Context& context) : options_(options), context_(context) {}
 
   ExitStatus Run() {
-    const std::string code(ScreenWithForm(options_.code).code);
+    const std::string code(ScreenOf(options_.code).code);
     CheckFiles();
     const auto toolkit = GoOnWithOneThatShows(context_).shown(&recorder_);
     PrepareModule(*toolkit);

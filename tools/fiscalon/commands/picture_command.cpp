@@ -56,7 +56,7 @@ std::vector<std::string> InputsOf(const PictureOptions& options) {
 
 ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
   const FrontEnd& frontEnd = GoOnWithOneThatTakesPictures(context);
-  const LaunchRow& screen = ScreenWithForm(options.code);
+  const LaunchRow& screen = ScreenOf(options.code);
   const Scenario scenario = ScenarioOf(options);
   WholeFile file(options.out, InputsOf(options));
   const auto toolkit = frontEnd.photographed(

@@ -13,24 +13,21 @@ namespace {
 constexpr const char* kExamples = R"(Examples:
   fiscalon screens
   fiscalon screens | grep Quebec
-  fiscalon screens --judged
-
-A form that is not "here" is not part of this version; showing its screen is an error.)";
+  fiscalon screens --judged)";
 
 void PrintScreens(const Context& context, bool judged) {
   size_t formWidth = 0;
   for (const LaunchRow& row : LaunchTable()) formWidth = std::max(formWidth, row.form.size());
-  const auto line = [&](std::string_view code, std::string_view form, std::string_view here,
-                        std::string_view collects) {
+  const auto line = [&](std::string_view code, std::string_view form, std::string_view collects) {
     std::ostringstream text;
     text << std::left << std::setw(4) << code << "  " << std::setw(static_cast<int>(formWidth)) << form << "  "
-         << std::setw(4) << here << "  " << collects;
+         << collects;
     return text.str();
   };
-  std::cout << context.paint.Heading(line("Code", "Form", "Here", "Collects")) << '\n';
+  std::cout << context.paint.Heading(line("Code", "Form", "Collects")) << '\n';
   for (const LaunchRow& row : LaunchTable())
     if (!judged || RulesOf(row.code) != nullptr)
-      std::cout << line(row.code, row.form, row.make == nullptr ? "no" : "yes", row.collects) << '\n';
+      std::cout << line(row.code, row.form, row.collects) << '\n';
 }
 
 }  // namespace

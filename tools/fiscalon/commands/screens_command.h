@@ -6,7 +6,7 @@
 
 namespace fiscalon {
 
-/// `fiscalon screens`: the screen codes, their forms, what each collects, and whether this version has the form.
+/// `fiscalon screens`: the screen codes, their forms, and what each collects.
 void AddScreensCommand(CLI::App& app, Context& context);
 
 }  // namespace fiscalon
