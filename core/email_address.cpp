@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view kForm = " e-mail address with the form 'name@example.com'.";
 
 bool IsAlphanumeric(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+  return IsDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
 /// A run of the characters that a mailbox name is made of.

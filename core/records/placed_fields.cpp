@@ -9,14 +9,6 @@
 namespace fiscalon {
 namespace {
 
-bool AreDigits(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
-bool AreBlanks(std::string_view text) {
-  return Trim(text).empty();
-}
-
 constexpr std::string_view kNoFieldNumber = "00";
 
 bool IsUsedFieldNumber(std::string_view text) {

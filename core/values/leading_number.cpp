@@ -6,6 +6,7 @@
 #include "core/platform/runtime_error.h"
 #include "core/values/decimal_text.h"
 #include "core/values/scaled_float.h"
+#include "core/values/text.h"
 
 namespace fiscalon {
 
@@ -18,7 +19,7 @@ class Walk {
 
   /// The character here; a NUL at the end.
   char Here() const { return at_ < text_.size() ? text_[at_] : '\0'; }
-  bool AtDigit() const { return Here() >= '0' && Here() <= '9'; }
+  bool AtDigit() const { return IsDigit(Here()); }
 
   char Take() {
     const char c = text_[at_++];

@@ -10,10 +10,6 @@ namespace {
 
 constexpr char kNoBreakSpace = '\xA0';
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 bool IsWhiteSpace(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r') || c == kNoBreakSpace;
 }

@@ -22,6 +22,23 @@ constexpr std::string_view Trim(std::string_view text) {
   return TrimLeft(TrimRight(text));
 }
 
+constexpr bool IsDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
+/// Whether the text is digits alone, at least one.
+constexpr bool AreDigits(std::string_view text) {
+  for (const char character : text)
+    if (!IsDigit(character))
+      return false;
+  return !text.empty();
+}
+
+/// Whether nothing but blanks stands in the text, or nothing at all.
+constexpr bool AreBlanks(std::string_view text) {
+  return Trim(text).empty();
+}
+
 /// The text with a blank for each character that would end a line or has no look, those under 32: what stands on one
 /// line stays there.
 inline std::string OnOneLine(std::string text) {

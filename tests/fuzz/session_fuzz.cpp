@@ -22,14 +22,6 @@
 namespace fiscalon {
 namespace {
 
-bool AreBlanks(std::string_view text) {
-  return text.find_first_not_of(' ') == text.npos;
-}
-
-bool AreDigits(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
-}
-
 /// Watches a form for what a front end's editing makes of its fields.
 class Watch final : public FormObserver {
  public:

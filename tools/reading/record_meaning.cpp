@@ -42,14 +42,6 @@ Role RoleOf(std::string_view name) {
   return row == kRoles.end() ? Role::Text : row->role;
 }
 
-bool AreBlanks(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return c == ' '; });
-}
-
-bool AreDigits(std::string_view text) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
 bool AreZeros(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c == '0'; });
 }
