@@ -15,33 +15,52 @@ namespace {
 enum class Type { Text, Boolean, Byte, Float };
 
 struct HostProperty {
-  std::string_view name;
-  Type type;
+  std::string_view name = {};
+  std::string_view help = {};
+  Type type = Type::Text;
   void (*setText)(Levyra&, std::string_view) = nullptr;
   void (*setNumber)(Levyra&, double) = nullptr;
 };
 
 // clang-format off
 constexpr std::array kHostProperties = {
-    HostProperty{"ZelmorNumber",        Type::Text,    [](Levyra& to, std::string_view text) { to.ZelmorNumber(text); }},
-    HostProperty{"CompCode",            Type::Text,    [](Levyra& to, std::string_view text) { to.CompCode(text); }},
-    HostProperty{"CompName",            Type::Text,    [](Levyra& to, std::string_view text) { to.CompName(text); }},
-    HostProperty{"AccountNumber",       Type::Text,    [](Levyra& to, std::string_view text) { to.AccountNumber(text); }},
-    HostProperty{"PaidAmount",          Type::Text,    [](Levyra& to, std::string_view text) { to.PaidAmount(text); }},
-    HostProperty{"PaidDate",            Type::Text,    [](Levyra& to, std::string_view text) { to.PaidDate(text); }},
-    HostProperty{"NumberOfInfoCollect", Type::Text,    [](Levyra& to, std::string_view text) { to.NumberOfInfoCollect(text); }},
-    HostProperty{"GovFilename",         Type::Text,    [](Levyra& to, std::string_view text) { to.GovFilename(text); }},
-    HostProperty{"EnterName",           Type::Text,    [](Levyra& to, std::string_view text) { to.EnterName(text); }},
-    HostProperty{"EnterTitle",          Type::Text,    [](Levyra& to, std::string_view text) { to.EnterTitle(text); }},
-    HostProperty{"APHoldFlg",           Type::Byte,    nullptr, [](Levyra& to, double value) { to.APHoldFlg(static_cast<uint8_t>(value)); }},
-    HostProperty{"SeqNumber",           Type::Text,    [](Levyra& to, std::string_view text) { to.SeqNumber(text); }},
-    HostProperty{"BusinessName",        Type::Text,    [](Levyra& to, std::string_view text) { to.BusinessName(text); }},
-    HostProperty{"WriteFile",           Type::Boolean, nullptr, [](Levyra& to, double value) { to.WriteFile(static_cast<int16_t>(value)); }},
-    HostProperty{"PlayByPlayEnabled",   Type::Boolean, nullptr, [](Levyra& to, double value) { to.PlayByPlayEnabled(static_cast<int16_t>(value)); }},
-    HostProperty{"MainPath",            Type::Text,    [](Levyra& to, std::string_view text) { to.MainPath(text); }},
-    HostProperty{"SessionNumber",       Type::Float,   nullptr, [](Levyra& to, double value) { to.SessionNumber(value); }},
+    HostProperty{"ZelmorNumber",        "The host's customer number",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.ZelmorNumber(text); }},
+    HostProperty{"CompCode",            "Biller code, such as 001052",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.CompCode(text); }},
+    HostProperty{"CompName",            "Biller name, shown on the screens",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.CompName(text); }},
+    HostProperty{"AccountNumber",       "Account number; no screen receives it",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.AccountNumber(text); }},
+    HostProperty{"PaidAmount",          "Amount of the payment in cents: 12345 is 123.45",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.PaidAmount(text); }},
+    HostProperty{"PaidDate",            "Payment date: month, day, year in 8 digits",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.PaidDate(text); }},
+    HostProperty{"NumberOfInfoCollect", "How many items screen 07 collects, 1 to 12",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.NumberOfInfoCollect(text); }},
+    HostProperty{"GovFilename",         "Record file to write",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.GovFilename(text); }},
+    HostProperty{"EnterName",           "The person entering, up to 30 characters",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.EnterName(text); }},
+    HostProperty{"EnterTitle",          "That person's title, up to 20 characters",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.EnterTitle(text); }},
+    HostProperty{"APHoldFlg",           "1: the payment is on hold, without a fixed date",
+                 Type::Byte,    nullptr, [](Levyra& to, double value) { to.APHoldFlg(static_cast<uint8_t>(value)); }},
+    HostProperty{"SeqNumber",           "Four characters that head each record",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.SeqNumber(text); }},
+    HostProperty{"BusinessName",        "Name offered on screen 10",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.BusinessName(text); }},
+    HostProperty{"WriteFile",           "True: records go to the file; False: they are printed",
+                 Type::Boolean, nullptr, [](Levyra& to, double value) { to.WriteFile(static_cast<int16_t>(value)); }},
+    HostProperty{"PlayByPlayEnabled",   "True: keep a play-by-play log",
+                 Type::Boolean, nullptr, [](Levyra& to, double value) { to.PlayByPlayEnabled(static_cast<int16_t>(value)); }},
+    HostProperty{"MainPath",            "Folder of the logs",
+                 Type::Text,    [](Levyra& to, std::string_view text) { to.MainPath(text); }},
+    HostProperty{"SessionNumber",       "The host's session number, for the error log",
+                 Type::Float,   nullptr, [](Levyra& to, double value) { to.SessionNumber(value); }},
 };
 // clang-format on
+static_assert(std::ranges::none_of(kHostProperties, &std::string_view::empty, &HostProperty::help));
 
 const HostProperty* Find(std::string_view name) {
   const auto found = std::find_if(kHostProperties.begin(), kHostProperties.end(),
@@ -62,11 +81,11 @@ std::optional<double> NumberFor(Type type, std::string_view value) {
 
 }  // namespace
 
-std::vector<std::string_view> HostPropertyNames() {
-  std::vector<std::string_view> names;
-  names.reserve(std::size(kHostProperties));
-  for (const HostProperty& property : kHostProperties) names.push_back(property.name);
-  return names;
+std::vector<HostPropertyHelp> HostProperties() {
+  std::vector<HostPropertyHelp> properties;
+  properties.reserve(std::size(kHostProperties));
+  for (const HostProperty& property : kHostProperties) properties.push_back({property.name, property.help});
+  return properties;
 }
 
 std::string ComplaintAboutHostProperty(std::string_view name, std::string_view value) {

@@ -9,8 +9,12 @@
 /// The properties that a host sets on a `Levyra`, by name, for scenarios and command lines.
 namespace fiscalon {
 
-/// The names of all of them, as the host interface has them.
-std::vector<std::string_view> HostPropertyNames();
+/// A property by its name in the host interface, and what it is, for people.
+struct HostPropertyHelp {
+  std::string_view name = {};
+  std::string_view help = {};
+};
+std::vector<HostPropertyHelp> HostProperties();
 
 /// What is wrong with a property's name or value (in UTF-8), or an empty text.
 std::string ComplaintAboutHostProperty(std::string_view name, std::string_view value);

@@ -1,7 +1,6 @@
 #include "tools/fiscalon/commands/collect_command.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <filesystem>
 #include <iostream>
@@ -33,38 +32,6 @@ between its date, amount and description). With it they go to that file, as scre
 write it, unless --write-file says False. --record writes down what the user did:
 "fiscalon play" comes to the same records with it.
 Exit status: 0 done, 1 cancelled, 2 nothing could be collected.)";
-
-struct PropertyHelp {
-  std::string_view property;
-  std::string_view help;
-};
-
-constexpr std::array kPropertyHelp = {
-    PropertyHelp{"ZelmorNumber", "The host's customer number"},
-    PropertyHelp{"CompCode", "Biller code, such as 001052"},
-    PropertyHelp{"CompName", "Biller name, shown on the screens"},
-    PropertyHelp{"AccountNumber", "Account number; no screen receives it"},
-    PropertyHelp{"PaidAmount", "Amount of the payment in cents: 12345 is 123.45"},
-    PropertyHelp{"PaidDate", "Payment date: month, day, year in 8 digits"},
-    PropertyHelp{"NumberOfInfoCollect", "How many items screen 07 collects, 1 to 12"},
-    PropertyHelp{"GovFilename", "Record file to write"},
-    PropertyHelp{"EnterName", "The person entering, up to 30 characters"},
-    PropertyHelp{"EnterTitle", "That person's title, up to 20 characters"},
-    PropertyHelp{"APHoldFlg", "1: the payment is on hold, without a fixed date"},
-    PropertyHelp{"SeqNumber", "Four characters that head each record"},
-    PropertyHelp{"BusinessName", "Name offered on screen 10"},
-    PropertyHelp{"WriteFile", "True: records go to the file; False: they are printed"},
-    PropertyHelp{"PlayByPlayEnabled", "True: keep a play-by-play log"},
-    PropertyHelp{"MainPath", "Folder of the logs"},
-    PropertyHelp{"SessionNumber", "The host's session number, for the error log"},
-};
-
-std::string HelpOn(std::string_view property) {
-  for (const PropertyHelp& each : kPropertyHelp)
-    if (each.property == property)
-      return std::string(each.help);
-  return std::string(property);
-}
 
 constexpr std::string_view kGovFilename = "GovFilename";
 constexpr std::string_view kMainPath = "MainPath";
@@ -127,7 +94,7 @@ class Collecting {
       if (property != kGovFilename)
         continue;
       std::error_code ignored;
-      const std::filesystem::path place = std::filesystem::absolute(Utf8Path(path));
+      const auto place = std::filesystem::absolute(Utf8Path(path));
       if (std::filesystem::is_directory(place, ignored))
         throw CommandError(path + " can't be written: it is a folder");
       if (!std::filesystem::is_directory(place.parent_path(), ignored))
@@ -241,11 +208,11 @@ void AddCollectCommand(CLI::App& app, Context& context) {
   command->footer(kExamples);
   const auto options = std::make_shared<CollectOptions>();
   command->add_option("CODE", options->code, "The screen's code")->required();
-  for (const std::string_view property : HostPropertyNames())
+  for (const auto& [name, help] : HostProperties())
     command
         ->add_option_function<std::string>(
-            FlagOf(property),
-            [options, property](const std::string& value) {
+            FlagOf(name),
+            [options, property = name](const std::string& value) {
               std::string complaint = ComplaintAboutHostProperty(property, value);
               if (property == kGovFilename || property == kMainPath)
                 complaint = NameGiven(value);
@@ -253,7 +220,7 @@ void AddCollectCommand(CLI::App& app, Context& context) {
                 throw CLI::ValidationError(FlagOf(property), complaint);
               options->host.emplace_back(property, value);
             },
-            HelpOn(property))
+            std::string(help))
         ->type_name("VALUE");
   command->add_option("--record", options->record, "Write the session down as a scenario")
       ->type_name("FILE")
