@@ -33,7 +33,7 @@ std::string Files::ParentFolder(std::string_view path) {
 
 std::string Files::CurrentFolder() {
   std::error_code failure;
-  const std::filesystem::path folder = std::filesystem::current_path(failure);
+  const auto folder = std::filesystem::current_path(failure);
   if (failure)
     Raise(error_number::kPathFileAccessError);
   return FromUtf8(Utf8Of(folder));

@@ -88,7 +88,7 @@ void ExpectFile(ScenarioRun& run, const Arguments& arguments) {
 /// What is written in files is in the code page, like records.
 void ExpectLine(ScenarioRun& run, const Arguments& arguments) {
   const auto& [name, position, text] = std::tie(arguments[0], arguments[1], arguments[2]);
-  const std::filesystem::path path = Utf8Path(name);
+  const auto path = Utf8Path(name);
   const std::string wanted = "line " + position + " of " + name + ": " + QuotedArgument(WithPlainLineEnds(text));
   std::error_code unreachable;
   if (!std::filesystem::is_regular_file(path, unreachable))

@@ -34,7 +34,7 @@ void SetHost(ScenarioRun& run, const Arguments& arguments) {
 
 void MakeFolder(ScenarioRun& run, const Arguments& arguments) {
   std::error_code error;
-  const std::filesystem::path folder = Utf8Path(arguments[0]);
+  const auto folder = Utf8Path(arguments[0]);
   std::filesystem::create_directories(folder, error);
   if (!std::filesystem::is_directory(folder, error))
     run.Fail("the folder " + arguments[0] + " to be made", error ? error.message() : "a file is in its place");

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "core/platform/runtime_error.h"
+#include "core/platform/utf8_path.h"
 
 namespace fiscalon::qt {
 namespace {
@@ -15,7 +16,7 @@ namespace {
 std::string ProgramName() {
   std::error_code error;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-  return error ? std::string("Fiscalon") : program.filename().string();
+  return error ? std::string("Fiscalon") : Utf8Of(program.filename());
 }
 
 }  // namespace

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <charconv>
-#include <filesystem>
 #include <limits>
 #include <optional>
 #include <string>
 #include <type_traits>
 #include <vector>
 
+#include "core/platform/utf8_path.h"
 #include "tools/fiscalon/nearest.h"
 
 /// Checks of what options are given. Each answers the complaint, or nothing.
@@ -21,7 +21,7 @@ inline std::string NameGiven(const std::string& name) {
 
 /// Of options that name files without their endings: a folder alone would make hidden files of these.
 inline std::string NameStemGiven(const std::string& name) {
-  const std::string last = std::filesystem::path(name).filename().string();
+  const std::string last = Utf8Of(Utf8Path(name).filename());
   if (!name.empty() && (last.empty() || last == "." || last == ".."))
     return "a name is needed behind the folder \"" + name + "\"";
   return NameGiven(name);

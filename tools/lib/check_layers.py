@@ -78,6 +78,18 @@ ASKS_WHICH_SYSTEM = re.compile(r"^\s*#\s*(?:el)?if.*(?:\b_?WIN(?:32|64)\b|__linu
 GENERATED = ("fiscalon_component.h",)
 QT = re.compile(r"(Qt\w*/.*|Q[A-Z]\w*|q\w+\.h)")
 
+# The standard library's paths are made of the system's own characters, so no text becomes one by itself: where it can, in
+# a path that is made or declared by its type, and in a call that is given a text, and where a path becomes a text.
+PATHS = "core/platform/utf8_path.h"
+TEXT = re.compile(r"\bstd::string(?:_view)?[\s&]+(\w+)\s*[,);={]")
+PATH_BY_HAND = re.compile(
+    r"\bfilesystem::path\s*[({]"
+    r"|\bfilesystem::path\s+[a-z]\w*\s*[({=]"
+    r"|\b(?:namespace\s+\w+\s*=|using(?:\s+namespace)?)\s+std::filesystem\b"
+    r"|\.(?:string|native|generic_string|u8string|generic_u8string)\(\)"
+)
+PATH_CALL = re.compile(r"\bfilesystem::\w+\((\w+)[,)]")
+
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]*)"|<([^>]*)>)')
 NAMESPACE = re.compile(r"^namespace (fiscalon[\w:]*) {$", re.MULTILINE)
 # A block of names alone, which declares what lies elsewhere.
@@ -121,9 +133,18 @@ def offence_of_angled(path, included):
     return f"{layer.name} may not include <{included}>, which is not of the standard library"
 
 
+def makes_a_path_by_hand(line, texts):
+    call = PATH_CALL.search(line)
+    return PATH_BY_HAND.search(line) or (call and call.group(1) in texts)
+
+
 def source_offences(tree, path):
     text = (tree / path).read_text(encoding="utf-8", errors="replace")
+    texts = set(TEXT.findall(text))
+    minds_paths = path != PATHS and not path.startswith(WINDOWS_FOLDERS + ("tests/", "bench/"))
     for number, line in enumerate(text.splitlines(), start=1):
+        if minds_paths and makes_a_path_by_hand(line, texts):
+            yield f'{path}:{number}: Utf8Path makes paths and Utf8Of reads them ("{PATHS}"); "auto" holds what they give'
         if ASKS_WHICH_SYSTEM.match(line) and not path.startswith(POSIX_FOLDERS + WINDOWS_FOLDERS + ("tests/", "bench/")):
             yield f"{path}:{number}: what differs between systems belongs into a folder of one system"
         match = INCLUDE.match(line)

@@ -6,13 +6,12 @@
 
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
+#include "core/platform/utf8_path.h"
 #include "core/records/record_layout.h"
 #include "core/values/text.h"
 
 namespace fiscalon {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr size_t kSequenceCharacters = FieldNamed(kRecordHead, "SeqNumber").Width();
 constexpr size_t kNameCharacters = FieldNamed(kGovernmentLayout, "ContactName").Width();
@@ -26,9 +25,10 @@ std::string Is(std::string_view property, std::string_view value) {
   return std::string(property) + " is " + Quoted(value);
 }
 
-bool IsFolder(const fs::path& path) {
+/// Of a name in UTF-8; an empty one is the folder that the program is in.
+bool IsFolder(std::string_view name) {
   std::error_code ignored;
-  return fs::is_directory(path.empty() ? fs::path(".") : path, ignored);
+  return std::filesystem::is_directory(Utf8Path(name.empty() ? "." : name), ignored);
 }
 
 /// The sentence for a text that is longer than the columns it goes to; empty where it fits.
@@ -41,9 +41,9 @@ std::string TooLong(std::string_view property, std::string_view text, size_t col
 }
 
 std::string OnMissingFolder(const Levyra& session) {
-  const fs::path file = ToUtf8(session.GovFilename());
-  if (session.WriteFile() == kTrue && !IsFolder(file.parent_path()))
-    return Is("GovFilename", session.GovFilename()) + ", and there is no folder \"" + file.parent_path().string() +
+  const std::string folder = Utf8Of(Utf8Path(ToUtf8(session.GovFilename())).parent_path());
+  if (session.WriteFile() == kTrue && !IsFolder(folder))
+    return Is("GovFilename", session.GovFilename()) + ", and there is no folder \"" + folder +
            "\": make it, or name another file.";
   const std::string& logs = TheModule().mainPath;
   if (!IsFolder(ToUtf8(logs)))
@@ -112,6 +112,7 @@ std::string AdviceOn(const RuntimeError& error, const Levyra& session) {
 
 std::vector<std::string> DoubtsAbout(const Levyra& session) {
   std::vector<std::string> doubts;
+  static_assert(kSequenceCharacters == 4, "the words say so too");
   if (const size_t length = session.SeqNumber().size(); length != kSequenceCharacters)
     doubts.push_back("SeqNumber has " + std::to_string(length) +
                      " characters instead of four, which shifts the columns of all records.");

@@ -12,7 +12,7 @@ std::filesystem::path MakeTemporaryFolder() {
   constexpr std::string_view kLetters = "0123456789abcdefghijklmnopqrstuvwxyz";
   constexpr int kLength = 12;
   std::error_code error;
-  const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  const auto folder = std::filesystem::temp_directory_path(error);
   if (error)
     throw std::system_error(error, "no temporary folder can be made where TMP says");
   std::random_device random;

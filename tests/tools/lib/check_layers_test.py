@@ -158,6 +158,36 @@ class CheckLayers(unittest.TestCase):
                 "tools/fiscalon/main.cpp:1: what differs between systems belongs into a folder of one system",
             )
 
+    def test_paths_are_made_and_read_in_one_place(self):
+        meant = 'Utf8Path makes paths and Utf8Of reads them ("core/platform/utf8_path.h"); "auto" holds what they give'
+        for line in (
+            "namespace fs = std::filesystem;",
+            "using std::filesystem::path;",
+            "using namespace std::filesystem;",
+            "const std::filesystem::path file = ToUtf8(name);",
+            "std::filesystem::path file(name);",
+            "return std::filesystem::path(name).filename();",
+            "bool IsThere(const std::string& name) { return std::filesystem::exists(name, ignored); }",
+            "return twin.string();",
+            "return twin.parent_path().u8string();",
+        ):
+            self.assert_one("tools/fiscalon/main.cpp", f"\n{line}\n", f"tools/fiscalon/main.cpp:2: {meant}")
+
+    def test_paths_may_be_passed_on_and_asked(self):
+        for line in (
+            "void Gather(const std::filesystem::path& folder);",
+            "std::filesystem::path path_;",
+            "std::filesystem::path MakeTemporaryFolder();",
+            "const auto file = Utf8Path(name);",
+            "return std::filesystem::exists(Utf8Path(name), ignored) && std::filesystem::is_directory(place, ignored);",
+            "return text.str();",
+        ):
+            self.assertEqual(self.offences_with("tools/fiscalon/main.cpp", line), [], line)
+
+    def test_paths_are_of_wide_characters_in_the_folders_of_windows(self):
+        for path in ("core/platform/utf8_path.h", "core/platform/windows/files.cpp", "tests/core/session_test.cpp"):
+            self.assertEqual(self.offences_with(path, "return std::filesystem::path(wide);\n"), [], path)
+
     def test_includes_start_at_the_root(self):
         self.assert_one(
             "core/values/money.h",

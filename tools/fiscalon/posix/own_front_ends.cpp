@@ -4,6 +4,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "core/platform/utf8_path.h"
 #include "frontends/scripted/front_end.h"
 #include "tools/fiscalon/context.h"
 #include "tools/fiscalon/front_ends.h"
@@ -23,7 +24,7 @@ void GoOnInTwin(char** arguments) {
   const auto twin = (program.parent_path() / kTwin).lexically_normal();
   ::execv(twin.c_str(), arguments);
   const std::string remedy = errno == ENOENT ? "; it is installed with the payment desk, fiscalon-desk" : "";
-  throw CommandError("the Qt front end " + twin.string() + " can't be started: " + std::strerror(errno) + remedy);
+  throw CommandError("the Qt front end " + Utf8Of(twin) + " can't be started: " + std::strerror(errno) + remedy);
 }
 
 }  // namespace

@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <filesystem>
 
+#include "core/platform/utf8_path.h"
+
 namespace fiscalon {
 namespace {
 
@@ -89,23 +91,24 @@ std::optional<std::string> PlaceOf(const std::string& path) {
     return path;
   // As many links as the system follows.
   constexpr int kMostLinks = 40;
-  std::filesystem::path place = path;
+  auto place = Utf8Path(path);
   std::error_code error;
   for (int links = 0; std::filesystem::is_symlink(place, error); ++links) {
-    const std::filesystem::path target = std::filesystem::read_symlink(place, error);
+    const auto target = std::filesystem::read_symlink(place, error);
     if (error || links == kMostLinks) {
       errno = ELOOP;
       return std::nullopt;
     }
     place = place.parent_path() / target;
   }
-  return place.string();
+  return Utf8Of(place);
 }
 
 bool IsSameName(const std::string& a, const std::string& b) {
   const auto canonical = [](const std::string& name) {
     std::error_code ignored;
-    return std::filesystem::weakly_canonical(std::filesystem::absolute(PlaceOf(name).value_or(name)), ignored);
+    return std::filesystem::weakly_canonical(std::filesystem::absolute(Utf8Path(PlaceOf(name).value_or(name))),
+                                             ignored);
   };
   return canonical(a) == canonical(b);
 }
@@ -137,10 +140,10 @@ Claim::~Claim() {
 
 void RemoveAbandoned(const std::string& folder, std::string_view namesBegin) {
   std::error_code error;
-  for (std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    const std::string path = entry->path().string();
-    if (!entry->path().filename().string().starts_with(namesBegin))
+  for (std::filesystem::directory_iterator entry(Utf8Path(folder.empty() ? "." : folder), error), end;
+       !error && entry != end; entry.increment(error)) {
+    const std::string path = Utf8Of(entry->path());
+    if (!Utf8Of(entry->path().filename()).starts_with(namesBegin))
       continue;
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (descriptor >= 0 && ::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
