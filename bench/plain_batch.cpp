@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
 #include "tests/support/plain_validator.h"
 
 namespace fiscalon {
@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: plain_batch PAYMENTS RECORDS\n";
     return 2;
   }
-  fiscalon::TheModule().locale = fiscalon::EnglishCanada();
-  fiscalon::TheModule().clock = std::make_shared<fiscalon::FixedClock>(fiscalon::DateTime{.date = {2026, 6, 15}});
+  fiscalon::UseLocale(fiscalon::EnglishCanada());
+  fiscalon::UseFixedClock({.date = {2026, 6, 15}});
   fiscalon::Judge(argv[1], argv[2]);
 }

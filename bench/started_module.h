@@ -2,15 +2,15 @@
 
 #include <memory>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
 
 namespace fiscalon {
 
 /// The library as freshly loaded, on June 15, 2026, under English (Canada).
 inline void StartModule() {
   ResetModule();
-  TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
-  TheModule().locale = EnglishCanada();
+  UseFixedClock({.date = {2026, 6, 15}});
+  UseLocale(EnglishCanada());
 }
 
 }  // namespace fiscalon

@@ -5,7 +5,7 @@
 
 #include <sstream>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
 #include "tests/support/bulk_payment.h"
 #include "tests/support/plain_validator.h"
 #include "validation/batch.h"
@@ -22,8 +22,8 @@ BulkPayment Payment(int64_t screen) {
 
 /// The module as the fields' dates need it.
 void SetUp(const benchmark::State&) {
-  TheModule().locale = EnglishCanada();
-  TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
+  UseLocale(EnglishCanada());
+  UseFixedClock({.date = {2026, 6, 15}});
 }
 
 void RuleCore(benchmark::State& state) {

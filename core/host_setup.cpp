@@ -4,21 +4,21 @@
 #include <optional>
 
 #include "core/forms/form.h"
-#include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "core/platform/runtime_error.h"
 
 namespace fiscalon {
 
 void UseToolkit(Toolkit* toolkit) {
-  TheModule().toolkit = toolkit;
+  ModuleToChange().toolkit = toolkit;
 }
 
 void UseFixedClock(const DateTime& now) {
-  TheModule().clock = std::make_shared<FixedClock>(now);
+  ModuleToChange().clock = std::make_shared<FixedClock>(now);
 }
 
 void UseLocale(const Locale& locale) {
-  TheModule().locale = locale;
+  ModuleToChange().locale = locale;
   QueryDecimalSeparator();
 }
 
@@ -31,8 +31,8 @@ void UseLocale(std::string_view name) {
 
 void ResetModule() {
   // Forms go before the services: one may still hold a file that a failed output left open.
-  TheModule().forms.clear();
-  TheModule() = ModuleState{};
+  ModuleToChange().forms.clear();
+  ModuleToChange() = ModuleState{};
   // A host's session outlives this, and relies on what its construction has found.
   QueryDecimalSeparator();
 }

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/messages.h"
-#include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "core/resume_next.h"
 #include "core/values/format.h"
 #include "core/values/number_text.h"
@@ -34,6 +34,10 @@ std::string Quoted(std::string_view text) {
 }
 
 }  // namespace
+
+void EnablePlayByPlay(int16_t value) {
+  ModuleToChange().playByPlayEnabled = value;
+}
 
 void WritePlayByPlay(std::string_view text, LogReset reset) {
   const ModuleState& module = TheModule();

@@ -13,6 +13,9 @@ namespace fiscalon {
 enum class LogReset { Keep, Drop };
 enum class Silent { No, Yes };
 
+/// Any value but 0 turns the play-by-play log on.
+void EnablePlayByPlay(int16_t value);
+
 /// Appends a line "<date and time> FISCALON - <text>" to "\Zelmor\PBP.txt" under `MainPath`; with `Drop`
 /// what the file held is gone. Does nothing unless `PlayByPlayEnabled` is set and `MainPath` is not blank.
 /// Never raises an error: the log does not disturb its caller.

@@ -1,10 +1,15 @@
 #include "core/module_state.h"
 
+#include "core/module_to_change.h"
 #include "core/platform/runtime_error.h"
 
 namespace fiscalon {
 
-ModuleState& TheModule() {
+const ModuleState& TheModule() {
+  return ModuleToChange();
+}
+
+ModuleState& ModuleToChange() {
   static ModuleState state;
   return state;
 }
@@ -18,7 +23,11 @@ Toolkit& TheToolkit() {
 
 void QueryDecimalSeparator() {
   const std::string& separator = TheModule().locale.decimal;
-  TheModule().decimalSeparator = separator.substr(0, separator.find('\0'));
+  ModuleToChange().decimalSeparator = separator.substr(0, separator.find('\0'));
+}
+
+void ClearShowGST58() {
+  ModuleToChange().showGst58 = false;
 }
 
 }  // namespace fiscalon

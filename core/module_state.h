@@ -43,13 +43,16 @@ struct ModuleState {
   std::map<std::string, std::shared_ptr<Form>, std::less<>> forms = {};
 };
 
-/// The process's module state.
-ModuleState& TheModule();
+/// The process's module state, to look at. core/module_to_change.h says who may change it, and how.
+const ModuleState& TheModule();
 
 /// The installed front end. Error 91 where a host has installed none, with the remedy in the description.
 Toolkit& TheToolkit();
 
 /// Asks the user's locale for its decimal separator and keeps it, as every construction of a `Levyra` does.
 void QueryDecimalSeparator();
+
+/// Has the host read `ShowGST58` as False.
+void ClearShowGST58();
 
 }  // namespace fiscalon

@@ -4,7 +4,8 @@
 #include <string>
 
 #include "core/launch.h"
-#include "core/module_state.h"
+#include "core/logging.h"
+#include "core/module_to_change.h"
 #include "core/platform/runtime_error.h"
 #include "core/screen.h"
 #include "core/value_routines.h"
@@ -18,14 +19,14 @@ constexpr auto kInvalidScreenType = static_cast<int32_t>(0x80040001);
 
 // The form's one instance, which lives as long as the library.
 std::shared_ptr<Form> InstanceOf(const LaunchRow& row) {
-  auto& forms = TheModule().forms;
+  auto& forms = ModuleToChange().forms;
   const auto made = forms.find(row.form);
   return made != forms.end() ? made->second : forms.emplace(row.form, row.make()).first->second;
 }
 
 // The next launch makes another one.
 void ForgetInstanceOf(const LaunchRow& row) {
-  auto& forms = TheModule().forms;
+  auto& forms = ModuleToChange().forms;
   if (const auto made = forms.find(row.form); made != forms.end())
     forms.erase(made);
 }
@@ -58,7 +59,7 @@ Levyra::Levyra() {
 
 void Levyra::ZelmorNumber(std::string_view text) {
   zelmorNumber_ = text;
-  TheModule().customerNumber = text;
+  ModuleToChange().customerNumber = text;
 }
 
 void Levyra::PaidAmount(std::string_view cents) {
@@ -70,15 +71,15 @@ bool Levyra::ShowGST58() const {
 }
 
 void Levyra::PlayByPlayEnabled(Boolean value) {
-  TheModule().playByPlayEnabled = value;
+  EnablePlayByPlay(value);
 }
 
 void Levyra::MainPath(std::string_view text) {
-  TheModule().mainPath = text;
+  ModuleToChange().mainPath = text;
 }
 
 void Levyra::SessionNumber(double number) {
-  TheModule().sessionNumber = ToInt32(number) % 1000;
+  ModuleToChange().sessionNumber = ToInt32(number) % 1000;
 }
 
 bool Levyra::ShowLevyraScreen(std::string_view screenCode) {

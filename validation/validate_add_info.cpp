@@ -54,7 +54,7 @@ void clsValidateAddInfo::PaymentAmount(std::string_view cents) {
 }
 
 void clsValidateAddInfo::PlayByPlayEnabled(Boolean value) {
-  TheModule().playByPlayEnabled = value;
+  EnablePlayByPlay(value);
 }
 
 bool clsValidateAddInfo::IsInfoValid() {

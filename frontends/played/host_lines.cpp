@@ -1,7 +1,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
 #include "core/platform/utf8_path.h"
 #include "frontends/played/host_properties.h"
 #include "frontends/played/scenario_run.h"
@@ -12,12 +12,11 @@ namespace {
 
 void SetToday(ScenarioRun& /*run*/, const Arguments& arguments) {
   const std::string time = arguments.size() > 1 ? arguments[1] : std::string();
-  TheModule().clock = std::make_shared<FixedClock>(*ParseDateTime(arguments[0], time));
+  UseFixedClock(*ParseDateTime(arguments[0], time));
 }
 
 void SetLocale(ScenarioRun& /*run*/, const Arguments& arguments) {
-  TheModule().locale = *NamedLocale(arguments[0]);
-  QueryDecimalSeparator();
+  UseLocale(arguments[0]);
 }
 
 std::string ComplaintAboutHost(const Arguments& arguments) {

@@ -31,9 +31,9 @@ ScenarioRun::ScenarioRun(const Scenario& scenario, DrivenToolkit& toolkit, const
     : scenario_(scenario), toolkit_(toolkit), watcher_(watcher) {
   ResetModule();
   UseToolkit(&toolkit_);
-  TheModule().locale = *NamedLocale(settings.locale);
+  UseLocale(settings.locale);
   if (settings.today)
-    TheModule().clock = std::make_shared<FixedClock>(*settings.today);
+    UseFixedClock(*settings.today);
   session_.emplace();
   toolkit_.onForm = [this](Form& form, UserDriver& user) { PlayWhileUp(form, user); };
   toolkit_.onMessage = [this](const BoxRequest& box) { return AnswerBox(box); };

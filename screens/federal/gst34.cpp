@@ -125,10 +125,6 @@ void GOVGST34::Command2_Click() {
   Cancelled();
 }
 
-void GOVGST34::ClearShowGST58() {
-  TheModule().showGst58 = false;
-}
-
 bool GOVGST34::ValidateForm() {
   return PeriodStartDate.Passes(kStartOnOk) && PeriodEndDate.Passes(kEndOnOk) && IsInOrder() &&
          SalesRevenue.Passes(kSalesOnOk) && LinesAreAmounts() && IsNetTaxRight() && AgreesWithAmountPaid();

@@ -92,8 +92,6 @@ class GOVGST34 final : public Screen {
 
   void Command1_Click();
   void Command2_Click();
-  /// What the host reads as `ShowGST58`.
-  static void ClearShowGST58();
   // What OK tests, in its order.
   bool ValidateForm();
   bool IsInOrder();

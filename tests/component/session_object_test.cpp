@@ -3,6 +3,7 @@
 
 #include "core/host_setup.h"
 #include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tests/component/host.h"
 
@@ -155,7 +156,7 @@ TEST_F(SessionTest, WhatHoldsForTheProcessIsWrittenAlone) {
 
 TEST_F(SessionTest, ANewSessionAsksForTheDecimalSeparator) {
   UseLocale("fr-CA");
-  TheModule().decimalSeparator = "?";
+  ModuleToChange().decimalSeparator = "?";
   NewSession();
   EXPECT_EQ(TheModule().decimalSeparator, ",");
 }

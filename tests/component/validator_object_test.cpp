@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "tests/component/host.h"
 
 namespace fiscalon::component {
@@ -11,7 +12,7 @@ class ValidatorTest : public Component {
   void SetUp() override {
     Component::SetUp();
     std::filesystem::create_directory(logs_);
-    TheModule().mainPath = logs_.string();
+    ModuleToChange().mainPath = logs_.string();
   }
   void TearDown() override {
     check_ = {};
@@ -78,7 +79,7 @@ TEST_F(ValidatorTest, WithoutRecordsTheErrorIsTheReason) {
 TEST_F(ValidatorTest, ALogThatCannotBeWrittenIsTheHostsError) {
   check_->put_PlayByPlayEnabled(VARIANT_TRUE);
   EXPECT_EQ(TheModule().playByPlayEnabled, -1);
-  TheModule().mainPath = (logs_ / "none").string();
+  ModuleToChange().mainPath = (logs_ / "none").string();
   VARIANT_BOOL valid = VARIANT_TRUE;
   const HRESULT code = check_->IsInfoValid(&valid);
   EXPECT_EQ(FailureOf(code), RunTimeError(76, L"Path not found"));

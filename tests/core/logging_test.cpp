@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "core/module_to_change.h"
 #include "tests/support/module_test.h"
 #include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
@@ -15,10 +16,10 @@ class Logs : public ModuleTest {
  protected:
   Logs() {
     std::filesystem::create_directory(folder.Path("Zelmor"));
-    TheModule().mainPath = folder.Path();
-    TheModule().playByPlayEnabled = -1;
-    TheModule().customerNumber = " 10077 ";
-    TheModule().sessionNumber = 456;
+    ModuleToChange().mainPath = folder.Path();
+    ModuleToChange().playByPlayEnabled = -1;
+    ModuleToChange().customerNumber = " 10077 ";
+    ModuleToChange().sessionNumber = 456;
   }
 
   std::string PlayByPlay() const { return folder.Read("Zelmor/PBP.txt"); }
@@ -51,30 +52,30 @@ TEST_F(WritePlayByPlayTest, DropsWhatTheFileHeldWhenToldTo) {
 }
 
 TEST_F(WritePlayByPlayTest, AnyValueButZeroTurnsItOn) {
-  TheModule().playByPlayEnabled = 1;
+  ModuleToChange().playByPlayEnabled = 1;
   WritePlayByPlay("x");
   EXPECT_NE(PlayByPlay(), "");
 }
 
 TEST_F(WritePlayByPlayTest, TouchesNoFileWhenItIsOff) {
-  TheModule().playByPlayEnabled = 0;
+  ModuleToChange().playByPlayEnabled = 0;
   WritePlayByPlay("x");
   EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 TEST_F(WritePlayByPlayTest, TouchesNoFileWithoutAMainPath) {
-  TheModule().mainPath = "  ";
+  ModuleToChange().mainPath = "  ";
   WritePlayByPlay("x");
   EXPECT_FALSE(std::filesystem::exists(folder.Path("Zelmor/PBP.txt")));
 }
 
 TEST_F(WritePlayByPlayTest, IgnoresAMissingFolder) {
-  TheModule().mainPath = folder.Path("nowhere");
+  ModuleToChange().mainPath = folder.Path("nowhere");
   EXPECT_EQ(ErrorOf([] { WritePlayByPlay("x"); }), 0);
 }
 
 TEST_F(ShowErrorTest, WritesOneLineOfElevenPieces) {
-  TheModule().playByPlayEnabled = 0;
+  ModuleToChange().playByPlayEnabled = 0;
   ShowError(13, "Type mismatch", "clsValidateAddInfo.IsInfoValid at line 0", Silent::Yes);
   EXPECT_EQ(ErrorLog(),
             "2026-06-15 1:05:09 p.m.,Fiscalon,10077,456,13,\"Type mismatch\","
@@ -115,7 +116,7 @@ TEST_F(ShowErrorTest, LogsItsOwnEntryInThePlayByPlay) {
 }
 
 TEST_F(ShowErrorTest, AFolderThatIsMissingIsTheCallersError) {
-  TheModule().mainPath = folder.Path("nowhere");
+  ModuleToChange().mainPath = folder.Path("nowhere");
   EXPECT_EQ(ErrorOf([] { ShowError(6, "Overflow", "x", Silent::Yes); }), 76);
 }
 

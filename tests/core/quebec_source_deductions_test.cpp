@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "core/boolean.h"
+#include "core/module_to_change.h"
 #include "tests/support/module_test.h"
 #include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
@@ -18,7 +19,7 @@ class QuebecRoutines : public ModuleTest {
  protected:
   QuebecRoutines() {
     std::filesystem::create_directory(folder.Path("Zelmor"));
-    TheModule().mainPath = folder.Path();
+    ModuleToChange().mainPath = folder.Path();
   }
 
   bool Valid(std::string_view period, Batch batch = Batch::Yes) {
@@ -94,12 +95,12 @@ TEST_F(RemittancePeriod, AMonthBeyondTheLastYearIsAnErrorToo) {
 }
 
 TEST_F(RemittancePeriod, AnErrorLogThatCannotBeWrittenReachesTheCaller) {
-  TheModule().mainPath = folder.Path("nowhere");
+  ModuleToChange().mainPath = folder.Path("nowhere");
   EXPECT_EQ(ErrorOf([&] { Valid("2026AB"); }), 76);
 }
 
 TEST_F(RemittancePeriod, LogsItsEntry) {
-  TheModule().playByPlayEnabled = kTrue;
+  ModuleToChange().playByPlayEnabled = kTrue;
   Valid("202606");
   EXPECT_EQ(folder.Read("Zelmor/PBP.txt"),
             "2026-06-15 1:05:09 p.m. FISCALON - modLevyra - IsValidRemittancePeriodQueRevSrcDeduct\r\n");
@@ -150,7 +151,7 @@ TEST_F(RecalcForm, AnOverflowInABatchIsLoggedSilently) {
 }
 
 TEST_F(RecalcForm, LogsItsEntry) {
-  TheModule().playByPlayEnabled = kTrue;
+  ModuleToChange().playByPlayEnabled = kTrue;
   std::string total;
   RecalcFormQueRevSrcDeduct(total, "", "", "", "", "");
   EXPECT_EQ(total, "0.00");

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "core/module_to_change.h"
 #include "core/platform/runtime_error.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/module_test.h"
@@ -68,7 +69,7 @@ class BareScreen : public Screen {
 
 class ScreenContract : public ModuleTest {
  protected:
-  ScreenContract() { TheModule().files = files; }
+  ScreenContract() { ModuleToChange().files = files; }
 
   /// Shows the screen and runs code while it is up.
   void WhileUp(const std::function<void()>& act) {

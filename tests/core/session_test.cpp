@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "core/module_to_change.h"
 #include "tests/support/module_test.h"
 #include "tests/support/raises.h"
 
@@ -189,11 +190,11 @@ TEST_F(LevyraTest, LogSettingsAreTheProcesss) {
 }
 
 TEST_F(LevyraTest, EachConstructionAsksForTheDecimalSeparator) {
-  TheModule().locale = FrenchCanada();
+  ModuleToChange().locale = FrenchCanada();
   EXPECT_EQ(TheModule().decimalSeparator, ".");
   const Levyra another;
   EXPECT_EQ(TheModule().decimalSeparator, ",");
-  TheModule().locale.decimal = std::string("::\0:", 4);
+  ModuleToChange().locale.decimal = std::string("::\0:", 4);
   const Levyra third;
   EXPECT_EQ(TheModule().decimalSeparator, "::");
 }

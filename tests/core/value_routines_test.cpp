@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "core/module_to_change.h"
 #include "core/values/leading_number.h"
 #include "tests/support/module_test.h"
 #include "tests/support/raises.h"
@@ -33,7 +34,7 @@ TEST_F(KeepNumericCharsTest, KeepsTheCommaUnderACommaLocale) {
 }
 
 TEST_F(KeepNumericCharsTest, TakesTheSeparatorAfreshAtEachCall) {
-  TheModule().locale = FrenchCanada();  // No Levyra was made since: the module's own text is still the point.
+  ModuleToChange().locale = FrenchCanada();  // No Levyra was made since: the module's own text is still the point.
   EXPECT_EQ(KeepNumericChars("1,5"), "1,5");
 }
 
@@ -190,7 +191,7 @@ TEST_F(ImplicitCents, FollowTheSeparatorThatTheModuleFoundLast) {
   SetLocale(FrenchCanada());
   EXPECT_EQ(WithImplicitCents(125.0, "125.00"), 1.25);
   EXPECT_EQ(WithImplicitCents(125.0, "125,00"), 125.0);
-  TheModule().locale = EnglishCanada();
+  ModuleToChange().locale = EnglishCanada();
   EXPECT_EQ(WithImplicitCents(125.0, "125.00"), 1.25);
 }
 

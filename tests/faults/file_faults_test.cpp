@@ -11,7 +11,7 @@
 
 #include "core/host_setup.h"
 #include "core/launch.h"
-#include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tests/faults/faulty_files.h"
 #include "tests/faults/screen_sessions.h"
@@ -47,7 +47,7 @@ class Host {
     ResetModule();
     UseFixedClock({.date = {2026, 6, 15}, .hour = 13, .minute = 5, .second = 9});
     UseLocale(EnglishCanada());
-    TheModule().files = files_;
+    ModuleToChange().files = files_;
     UseToolkit(&frontEnd_);
     SetPayment(levyra, session);
     levyra.WriteFile(writeFile);

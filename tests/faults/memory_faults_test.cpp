@@ -11,6 +11,7 @@
 #include "core/forms/text_field.h"
 #include "core/host_setup.h"
 #include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tests/faults/every_allocation.h"
 #include "tests/faults/faulty_files.h"
@@ -57,7 +58,7 @@ class CollectingHost : public HostWork {
   CollectingHost(const ScreenSession& session, const Setting& setting) : session_(session), setting_(setting) {
     UseFixedClock({.date = {2026, 6, 15}, .hour = 13, .minute = 5, .second = 9});
     UseLocale(EnglishCanada());
-    TheModule().files = files_;
+    ModuleToChange().files = files_;
     UseToolkit(&frontEnd_);
     frontEnd_.onForm = [this](Form& form, UserDriver& user) { setting_.acts(session_, form, user); };
     frontEnd_.onMessage = [this](const BoxRequest& box) {
@@ -67,9 +68,9 @@ class CollectingHost : public HostWork {
   }
   ~CollectingHost() override {
     // No more than what this host has set: a whole reset asks for the system's locale, thousands of times.
-    TheModule().forms.clear();
-    TheModule().files = std::make_shared<SystemFiles>();
-    TheModule().playByPlayEnabled = 0;
+    ModuleToChange().forms.clear();
+    ModuleToChange().files = std::make_shared<SystemFiles>();
+    ModuleToChange().playByPlayEnabled = 0;
     UseToolkit(nullptr);
   }
   CollectingHost(const CollectingHost&) = delete;
@@ -103,7 +104,7 @@ class CollectingHost : public HostWork {
       ending = "an error\n";
     }
     // A form that has come to an end of its own remembers some answers of its user.
-    TheModule().forms.clear();
+    ModuleToChange().forms.clear();
     evidence_ += ending;
   }
 

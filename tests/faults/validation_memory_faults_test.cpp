@@ -6,6 +6,7 @@
 
 #include "core/host_setup.h"
 #include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "core/records/record_composer.h"
 #include "tests/faults/every_allocation.h"
 #include "tests/faults/faulty_files.h"
@@ -27,11 +28,11 @@ class JudgingHost : public HostWork {
       : payment_(payment), handsRecordsOver_(handsRecordsOver) {
     UseFixedClock({.date = kToday});
     UseLocale(EnglishCanada());
-    TheModule().files = files_;
+    ModuleToChange().files = files_;
   }
   ~JudgingHost() override {
-    TheModule().files = std::make_shared<SystemFiles>();
-    TheModule().playByPlayEnabled = 0;
+    ModuleToChange().files = std::make_shared<SystemFiles>();
+    ModuleToChange().playByPlayEnabled = 0;
   }
   JudgingHost(const JudgingHost&) = delete;
   JudgingHost& operator=(const JudgingHost&) = delete;
@@ -61,7 +62,7 @@ class JudgingHost : public HostWork {
 
 void ExpectPaymentWithstands(const BulkPayment& payment, bool handsRecordsOver = true) {
   ResetModule();
-  TheModule().mainPath = "logs";
+  ModuleToChange().mainPath = "logs";
   for (const FaultLasts lasts : {FaultLasts::Once, FaultLasts::FromThenOn})
     ExpectEachAllocationMayFail(lasts, [&] { return std::make_unique<JudgingHost>(payment, handsRecordsOver); });
   ResetModule();

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
 #include "tests/fuzz/law.h"
 #include "validation/batch_part.h"
 #include "validation/batch_report.h"
@@ -60,8 +60,8 @@ std::optional<std::string> OutcomeOfParts(std::string_view list, std::string_vie
 }
 
 void Check(std::string_view input) {
-  TheModule().locale = EnglishCanada();
-  TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
+  UseLocale(EnglishCanada());
+  UseFixedClock({.date = {2026, 6, 15}});
   // The list ends at the first line that is empty; the records stand behind it.
   const size_t gap = input.find("\n\n");
   const std::string list = "seq,screen,biller,amount\n" + std::string(input.substr(0, gap)) + "\n";

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
 #include "tests/fuzz/law.h"
 #include "tests/support/plain_validator.h"
 #include "validation/judge_payment.h"
@@ -14,8 +14,8 @@ namespace {
 void Check(std::string_view input) {
   if (input.size() < 4)
     return;
-  TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
-  TheModule().locale = LocaleOf(static_cast<uint8_t>(input[0]));
+  UseFixedClock({.date = {2026, 6, 15}});
+  UseLocale(LocaleOf(static_cast<uint8_t>(input[0])));
   const int64_t cents = static_cast<unsigned char>(input[1]) * 100 + static_cast<unsigned char>(input[2]);
   BulkPayment payment{.screen = input[3] % 2 == 0 ? "03" : "20",
                       .biller = input[3] % 3 == 0 ? "001052" : "",

@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/host_setup.h"
+#include "core/module_to_change.h"
 #include "core/records/placed_fields.h"
 #include "core/records/record_line.h"
 #include "core/records/record_reader.h"
@@ -104,9 +106,9 @@ class Sessions {
  public:
   explicit Sessions(std::string_view bytes) : choices_(bytes) {
     ResetModule();
-    TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
-    TheModule().locale = EnglishCanada();
-    TheModule().files = files_;
+    UseFixedClock({.date = {2026, 6, 15}});
+    UseLocale(EnglishCanada());
+    ModuleToChange().files = files_;
     UseToolkit(&toolkit_);
     toolkit_.onMessage = [this](const BoxRequest& box) {
       return box.buttons == MessageButtons::YesNo && choices_.Below(2) == 0 ? MessageAnswer::No : box.DefaultAnswer();

@@ -10,6 +10,7 @@
 
 #include "core/forms/text_field.h"
 #include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "frontends/played/user_driver.h"
 #include "tests/support/good_sessions.h"
 
@@ -109,7 +110,7 @@ inline void SetUpSomehow(Choices& choices, const GoodSession& good, Levyra& sess
         session.SeqNumber(choices.AnyText());
         break;
       default:
-        TheModule().locale = choices.Below(2) == 0 ? FrenchCanada() : EnglishUnitedStates();
+        ModuleToChange().locale = choices.Below(2) == 0 ? FrenchCanada() : EnglishUnitedStates();
         QueryDecimalSeparator();
     }
   }

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "core/module_to_change.h"
 #include "tests/support/module_test.h"
 #include "tests/support/temporary_folder.h"
 
@@ -12,7 +13,7 @@ class LoggedTest : public ModuleTest {
  protected:
   LoggedTest() {
     std::filesystem::create_directory(folder.Path("Zelmor"));
-    TheModule().mainPath = folder.Path();
+    ModuleToChange().mainPath = folder.Path();
   }
 
   std::string PlayByPlay() const { return folder.Read("Zelmor/PBP.txt"); }

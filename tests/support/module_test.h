@@ -4,7 +4,8 @@
 
 #include <memory>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
+#include "core/module_to_change.h"
 #include "tests/support/recording_toolkit.h"
 
 namespace fiscalon {
@@ -21,15 +22,10 @@ class ModuleTest : public testing::Test {
   }
   ~ModuleTest() override { ResetModule(); }
 
-  static void SetToday(const Date& today) {
-    TheModule().clock = std::make_shared<FixedClock>(DateTime{today, 13, 5, 9});
-  }
+  static void SetToday(const Date& today) { UseFixedClock({today, 13, 5, 9}); }
 
   /// As the construction of a `Levyra` under that locale leaves the module.
-  static void SetLocale(const Locale& locale) {
-    TheModule().locale = locale;
-    QueryDecimalSeparator();
-  }
+  static void SetLocale(const Locale& locale) { UseLocale(locale); }
 
   RecordingToolkit toolkit;
 };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "core/module_to_change.h"
 #include "core/records/record_reader.h"
 #include "tests/support/good_sessions.h"
 #include "tests/support/raises.h"
@@ -82,7 +83,7 @@ bool AnyPaymentTest::EnterAndPressOk(const std::function<void(Form& form)>& chan
 }
 
 void AnyPaymentTest::WriteToMemory() {
-  TheModule().files = files;
+  ModuleToChange().files = files;
   session.WriteFile(kTrue);
   session.GovFilename(kFile);
 }
@@ -169,7 +170,7 @@ void AnyPaymentTest::AreWhatWasEntered() {
 
 void AnyPaymentTest::AreQuotedLinesInTheFile() {
   const TemporaryFolder folder;
-  TheModule().files = std::make_shared<SystemFiles>();
+  ModuleToChange().files = std::make_shared<SystemFiles>();
   session.WriteFile(kTrue);
   session.GovFilename(folder.Path(kFile));
   EXPECT_TRUE(EnterAndPressOk());
@@ -322,7 +323,7 @@ void AnyPaymentTest::OfALaterLaunchStandInTheCollectionOfTheFirst() {
 }
 
 void AnyPaymentTest::LeaveAPlayByPlayLogWhereTheScreenWritesOne() {
-  TheModule().files = files;
+  ModuleToChange().files = files;
   Levyra::MainPath("logs");
   Levyra::PlayByPlayEnabled(kTrue);
   EXPECT_TRUE(EnterAndPressOk());

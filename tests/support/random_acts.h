@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/module_to_change.h"
 #include "core/platform/runtime_error.h"
 #include "tests/support/random_user.h"
 #include "tests/support/screen_test.h"
@@ -23,7 +24,7 @@ struct RandomPayment {
 template <class FormClass>
 class RandomActsTest : public ScreenTest {
  protected:
-  RandomActsTest() { TheModule().mainPath = folder_.Path(); }
+  RandomActsTest() { ModuleToChange().mainPath = folder_.Path(); }
 
   virtual void ExpectRecordsOf(const std::string& seqNumber, const RandomPayment& payment) = 0;
   /// What else changes from launch to launch.

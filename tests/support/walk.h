@@ -10,8 +10,9 @@
 #include <vector>
 
 #include "core/found_records.h"
+#include "core/host_setup.h"
 #include "core/launch.h"
-#include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "core/session.h"
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tests/support/arbitrary_user.h"
@@ -38,9 +39,9 @@ class Walk {
   std::vector<std::string> At(DrivenToolkit& toolkit, const GoodSession& screen) {
     const auto files = std::make_shared<MemoryFiles>();
     ResetModule();
-    TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {.year = 2026, .month = 6, .day = 15}});
-    TheModule().locale = EnglishCanada();
-    TheModule().files = files;
+    UseFixedClock({.date = {.year = 2026, .month = 6, .day = 15}});
+    UseLocale(EnglishCanada());
+    ModuleToChange().files = files;
     UseToolkit(&toolkit);
     Levyra session;
     SetUpSomehow(choices_, screen, session);

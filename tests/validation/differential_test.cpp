@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <map>
 
+#include "core/module_to_change.h"
 #include "tests/support/logged_test.h"
 #include "tests/support/plain_validator.h"
 #include "tests/support/random_payments.h"
@@ -73,7 +74,7 @@ TEST_F(ThreeJudges, AgreeUnderACommaLocale) {
 }
 
 TEST_F(ThreeJudges, AgreeWhileThePlayByPlayIsOn) {
-  TheModule().playByPlayEnabled = -1;
+  ModuleToChange().playByPlayEnabled = -1;
   Compare(500, 3);
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/boolean.h"
+#include "core/module_to_change.h"
 #include "tests/support/bulk_payment.h"
 #include "tests/support/logged_test.h"
 #include "tests/support/raises.h"
@@ -155,7 +156,7 @@ TEST_F(ClsValidateAddInfo, GrossPayrollAbove2147483647CentsOverflows) {
 }
 
 TEST_F(ClsValidateAddInfo, AnErrorLogThatCannotBeWrittenIsTheHostsError) {
-  TheModule().mainPath = folder.Path("nowhere");
+  ModuleToChange().mainPath = folder.Path("nowhere");
   EXPECT_EQ(ErrorOf([&] { Check(AgencyPayment(With(GoodAgencyFields(), "02", "2026AB31"))); }), 76);
   EXPECT_EQ(validator.InvalidReason(), "Error 76 - Path not found");
   ASSERT_NE(validator.PC4FreeFormatRecords(), nullptr);

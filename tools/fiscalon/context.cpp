@@ -2,9 +2,8 @@
 
 #include <cstdlib>
 #include <iostream>
-#include <memory>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
 #include "tools/fiscalon/files/terminal.h"
 #include "tools/reading/visible_text.h"
 
@@ -29,9 +28,9 @@ Locale Context::SpokenLocale() const {
 }
 
 void Context::SetUpModule() const {
-  TheModule().locale = SpokenLocale();
+  UseLocale(SpokenLocale());
   if (today)
-    TheModule().clock = std::make_shared<FixedClock>(*today);
+    UseFixedClock(*today);
 }
 
 bool ColourIsWanted() {

@@ -74,6 +74,8 @@ WINDOWS_FOLDERS = (
 POSIX = re.compile(r"(sys/\w+|dirent|fcntl|langinfo|unistd)\.h")
 WINDOWS = re.compile(r"(sys/\w+|fcntl|io|windows)\.h")
 ASKS_WHICH_SYSTEM = re.compile(r"^\s*#\s*(?:el)?if.*(?:\b_?WIN(?:32|64)\b|__linux|__unix|__APPLE__|__MINGW|__has_include)")
+# Core's own, and for tests that set what no host can.
+TO_CHANGE = "core/module_to_change.h"
 # Made by the build.
 GENERATED = ("fiscalon_component.h",)
 QT = re.compile(r"(Qt\w*/.*|Q[A-Z]\w*|q\w+\.h)")
@@ -111,6 +113,8 @@ def offence_of_quoted(tree, path, included):
     for folders in (POSIX_FOLDERS, WINDOWS_FOLDERS):
         if included.startswith(folders) and not path.startswith(folders + ("tests/", "examples/windows/")):
             return f'"{included}" is of one system'
+    if included == TO_CHANGE and layer != "core" and not path.startswith("tests/"):
+        return f'"{included}" is for core alone: others set the module by core/host_setup.h and Levyra'
     if layer is None or other == layer:
         return None
     if other is None:

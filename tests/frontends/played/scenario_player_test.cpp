@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "core/module_state.h"
+#include "core/module_to_change.h"
 #include "tests/frontends/played/play_scenario.h"
 #include "tests/support/temporary_folder.h"
 
@@ -154,7 +155,7 @@ TEST(ScenarioPlayer, ChosenIsTheForms) {
 // Each scenario starts afresh.
 
 TEST(ScenarioPlayer, StartsAsInAFreshlyLoadedLibrary) {
-  TheModule().mainPath = "/before";
+  ModuleToChange().mainPath = "/before";
   ExpectPassed("show 15\n expect chosen False\n click cmdOK\n");
   EXPECT_EQ(TheModule().mainPath, "");
   ExpectPassed("host WriteFile True\nhost CompName x\nshow 15\n expect chosen False\n click cmdCancel\n");

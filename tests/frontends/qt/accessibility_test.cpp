@@ -2,8 +2,8 @@
 
 #include <QAccessible>
 
+#include "core/host_setup.h"
 #include "core/launch.h"
-#include "core/module_state.h"
 #include "core/session.h"
 #include "screens/general/invoice_payments.h"
 #include "tests/frontends/qt/played_form.h"
@@ -95,8 +95,8 @@ TEST_F(Accessibility, TellsEachRowOfAListBoxAsTheKeyboardComesToIt) {
 /// The invoices of a payment, entered and gone through by keyboard alone: each row is told as it stands.
 TEST_F(Accessibility, TellsEachInvoiceOfAPayment) {
   ResetModule();
-  TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
-  TheModule().locale = EnglishCanada();
+  UseFixedClock({.date = {2026, 6, 15}});
+  UseLocale(EnglishCanada());
   UseToolkit(&toolkit);
   toolkit.onForm = [&](Form& shown, UserDriver& user) {
     const auto& list = static_cast<InvoicePayments&>(shown).InvoicePaymentList;

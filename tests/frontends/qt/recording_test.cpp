@@ -5,8 +5,8 @@
 #include <random>
 
 #include "core/found_records.h"
+#include "core/host_setup.h"
 #include "core/launch.h"
-#include "core/module_state.h"
 #include "core/session.h"
 #include "frontends/played/scenario_player.h"
 #include "frontends/played/session_recorder.h"
@@ -28,8 +28,8 @@ class Recording : public testing::Test {
     ResetModule();
     recorder = SessionRecorder();
     const DateTime today{.date = {.year = 2026, .month = 6, .day = 15}};
-    TheModule().clock = std::make_shared<FixedClock>(today);
-    TheModule().locale = EnglishCanada();
+    UseFixedClock(today);
+    UseLocale(EnglishCanada());
     recorder.Today(today);
     recorder.UsesLocale("en-CA");
     Levyra session;

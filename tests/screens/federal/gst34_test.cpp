@@ -279,13 +279,13 @@ TEST_F(Gst34, PointAsTheOnlySeparatorFailsTheNetTaxUnderAComma) {
 }
 
 TEST_F(Gst34, OkAndCancelClearTheFlagOfTheOtherRemittance) {
-  TheModule().showGst58 = true;
+  ModuleToChange().showGst58 = true;
   EXPECT_TRUE(Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) {
     FillIn(form, user);
     user.Click(form.Command1);
   }));
   EXPECT_FALSE(session.ShowGST58());
-  TheModule().showGst58 = true;
+  ModuleToChange().showGst58 = true;
   Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) { user.Click(form.Command2); });
   EXPECT_FALSE(session.ShowGST58());
 }
@@ -293,14 +293,14 @@ TEST_F(Gst34, OkAndCancelClearTheFlagOfTheOtherRemittance) {
 TEST_F(Gst34, ClosingClearsTheFlagWhereItCancels) {
   for (const int reason : {0, 1, 2, 3, 4, 5}) {
     SCOPED_TRACE(reason);
-    TheModule().showGst58 = true;
+    ModuleToChange().showGst58 = true;
     Show<GOVGST34>("05", [&](GOVGST34&, UserDriver& user) { user.CloseWindow(static_cast<CloseReason>(reason)); });
     EXPECT_EQ(session.ShowGST58(), reason == 1 || reason == 4 || reason == 5);
   }
 }
 
 TEST_F(Gst34, RefusedOkLeavesTheFlag) {
-  TheModule().showGst58 = true;
+  ModuleToChange().showGst58 = true;
   Show<GOVGST34>("05", [&](GOVGST34& form, UserDriver& user) {
     user.Click(form.Command1);
     EXPECT_EQ(TakeBoxes().size(), 1U);
@@ -310,7 +310,7 @@ TEST_F(Gst34, RefusedOkLeavesTheFlag) {
 
 TEST_F(Gst34, FailedOutputLeavesTheFlag) {
   session.EnterName("abcdefghijklmnopqrstuvwxyz12345");
-  TheModule().showGst58 = true;
+  ModuleToChange().showGst58 = true;
   EXPECT_EQ(ErrorOf([&] {
               Show<GOVGST34>("05", [](GOVGST34& form, UserDriver& user) {
                 FillIn(form, user);

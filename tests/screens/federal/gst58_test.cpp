@@ -290,7 +290,7 @@ TEST_F(Gst58, FullDatesKeepTheFocusWhereTheNextFieldIsDisabled) {
 }
 
 TEST_F(Gst58, OkCancelAndClosingLeaveTheFlagOfTheSession) {
-  TheModule().showGst58 = true;
+  ModuleToChange().showGst58 = true;
   EXPECT_TRUE(Show<GOVGST58>("06", [](GOVGST58& form, UserDriver& user) {
     EnterEachCategory(form, user);
     user.Click(form.Command3D6);

@@ -284,7 +284,7 @@ TEST_F(CsstPayments, OnlyEnterByItselfMovesOn) {
 class CsstPaymentsUnderAnotherCode : public CsstPaymentsRecords {
  protected:
   CsstPaymentsUnderAnotherCode() {
-    TheModule().files = files;
+    ModuleToChange().files = files;
     session.WriteFile(kTrue);
   }
 

@@ -13,7 +13,7 @@ using testing::ElementsAreArray;
 class QuebecSourceDeductionsPlayByPlay : public ScreenTest {
  protected:
   QuebecSourceDeductionsPlayByPlay() {
-    TheModule().files = files;
+    ModuleToChange().files = files;
     Levyra::MainPath("logs");
     Levyra::PlayByPlayEnabled(kTrue);
     session.PaidAmount("1500");

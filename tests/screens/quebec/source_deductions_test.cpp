@@ -70,7 +70,7 @@ class QuebecSourceDeductionsRecords : public PaymentTest<frmQue_Rev_SourceDeduct
  protected:
   QuebecSourceDeductionsRecords() : PaymentTest("1500") {
     session.CompCode("001051");
-    TheModule().files = files;
+    ModuleToChange().files = files;
     Levyra::MainPath("logs");
   }
 
@@ -148,7 +148,7 @@ TEST_F(QuebecSourceDeductionsRecords, FailForTheHostWhereTheReportFailsToo) {
 class QuebecSourceDeductions : public ScreenTest {
  protected:
   QuebecSourceDeductions() {
-    TheModule().files = files;
+    ModuleToChange().files = files;
     Levyra::MainPath("logs");
     session.PaidAmount("1500");
   }

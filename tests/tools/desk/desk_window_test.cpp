@@ -20,7 +20,7 @@
 #include <utility>
 
 #include "core/forms/form.h"
-#include "core/module_state.h"
+#include "core/host_setup.h"
 #include "frontends/qt/played_qt_toolkit.h"
 #include "tests/support/temporary_folder.h"
 
@@ -40,8 +40,8 @@ class PaymentDesk : public testing::Test {
   PaymentDesk() {
     ResetModule();
     UseToolkit(&toolkit_);
-    TheModule().clock = std::make_shared<FixedClock>(DateTime{.date = {2026, 6, 15}});
-    TheModule().locale = EnglishCanada();
+    UseFixedClock({.date = {2026, 6, 15}});
+    UseLocale(EnglishCanada());
     desk_ = std::make_unique<DeskWindow>();
     desk_->show();
     desk_->activateWindow();

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
 
 namespace fiscalon {
 namespace {
 
 class ResultPanelTest : public testing::Test {
  protected:
-  ResultPanelTest() { TheModule().locale = EnglishCanada(); }
+  ResultPanelTest() { UseLocale(EnglishCanada()); }
   ~ResultPanelTest() override { ResetModule(); }
 
   const QTreeWidget& Fields() const { return *panel.findChild<QTreeWidget*>(QStringLiteral("fields")); }

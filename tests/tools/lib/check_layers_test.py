@@ -20,6 +20,8 @@ SOUND_TREE = {
     "core/values/money.h": "#pragma once\n",
     "core/forms/form.h": '#include "core/platform/clock.h"\n',
     "core/session.h": '#include "core/forms/form.h"\n#include "core/values/money.h"\n',
+    "core/module_to_change.h": "#pragma once\n",
+    "core/host_setup.cpp": '#include "core/module_to_change.h"\n',
     "screens/parts/head.h": '#include "core/forms/form.h"\n',
     "screens/general/due_date.h": '#include "core/session.h"\n#include "screens/parts/head.h"\n',
     "validation/rules.h": '#include "core/session.h"\n#include <string_view>\n',
@@ -84,6 +86,16 @@ class CheckLayers(unittest.TestCase):
             '#include "core/forms/form.h"\n',
             'validation/rules.h:1: validation may not include "core/forms/form.h" of forms',
         )
+
+    def test_core_and_tests_alone_change_the_module(self):
+        line = '#include "core/module_to_change.h"\n'
+        for path in ("screens/general/due_date.h", "tools/fiscalon/main.cpp", "bench/bench.cpp", "core/forms/form.h"):
+            self.assert_one(
+                path,
+                line,
+                f'{path}:1: "core/module_to_change.h" is for core alone: others set the module by core/host_setup.h and Levyra',
+            )
+        self.assertEqual(self.offences_with("tests/core/session_test.cpp", line), [])
 
     def test_no_layer_sees_the_tools(self):
         self.assert_one(
