@@ -62,7 +62,7 @@ std::optional<Locale> NamedLocale(std::string_view name) {
     return EnglishUnitedStates();
   if (name == "fr-CA")
     return FrenchCanada();
-  if (name == "system")
+  if (name == kSystemLocaleName)
     return SystemLocale();
   return std::nullopt;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,12 @@ struct Locale {
   /// Between groups of three digits; may be empty. A no-break space stands for blanks as well when a number
   /// is read.
   std::string group = ",";
+
+  /// How an amount of money is written: with the separators of numbers where it has none of its own.
+  std::optional<std::string> moneyDecimal = {};
+  std::optional<std::string> moneyGroup = {};
+  /// Behind its separator.
+  size_t moneyDigits = 2;
 
   std::string currencySymbol = "$";
   /// What stands before and behind an amount of money. The negative ones hold the sign.
@@ -48,9 +55,13 @@ Locale EnglishUnitedStates();
 /// "1 234,50 $", "(1 234,50 $)" with a no-break space between the groups, "2026-06-15 13:05:09"
 Locale FrenchCanada();
 
-/// The user's own locale. A locale that defines no currency ("C", "POSIX"), and one that the system does not
-/// have, count as English (Canada).
+/// The user's own locale, as the system has it at this moment. What goes by a locale that defines no currency ("C",
+/// "POSIX"), or by one that the system does not have, counts as English (Canada): numbers, money and moments each for
+/// themselves where the system sets them apart.
 Locale SystemLocale();
+
+/// Stands for the user's own among the names of locales.
+constexpr std::string_view kSystemLocaleName = "system";
 
 /// The locale called "en-CA", "en-US", "fr-CA" or "system"; nothing for another name.
 std::optional<Locale> NamedLocale(std::string_view name);

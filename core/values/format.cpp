@@ -8,28 +8,38 @@
 #include "core/values/number_pattern.h"
 #include "core/values/number_reader.h"
 #include "core/values/number_text.h"
+#include "core/values/separators.h"
 
 namespace fiscalon {
 
 namespace {
 
 constexpr std::string_view kCurrency = "Currency";
-constexpr NumberPattern kCurrencyPlaces = ParseNumberPattern("#,##0.00");
 constexpr size_t kGroupSize = 3;
 
+/// An amount of money: at least one digit in front, then the digits that the locale's money has.
+NumberPattern PlacesOfMoney(const Locale& locale) {
+  return {.leastWhole = 1,
+          .leastDecimals = locale.moneyDigits,
+          .mostDecimals = locale.moneyDigits,
+          .point = locale.moneyDigits > 0,
+          .places = true,
+          .grouped = true};
+}
+
 /// The digits before the point, zeros in front up to the pattern's places, with separators if it asks for them.
-void AppendWhole(std::string& text, const DecimalText& number, const NumberPattern& pattern, const Locale& locale) {
+void AppendWhole(std::string& text, const DecimalText& number, const NumberPattern& pattern, std::string_view group) {
   const std::string_view digits = number.Digits();
   const auto whole = static_cast<size_t>(std::max<int64_t>(number.Point(), 0));
   const std::string_view shown = digits.substr(0, whole);
   const size_t length = std::max(whole, pattern.leastWhole);
-  if (!pattern.grouped || locale.group.empty()) {
+  if (!pattern.grouped || group.empty()) {
     text.append(length - whole, '0').append(shown).append(whole - shown.size(), '0');
     return;
   }
   for (size_t i = 0; i < length; ++i) {
     if (i > 0 && (length - i) % kGroupSize == 0)
-      text += locale.group;
+      text += group;
     const size_t padding = length - whole;
     text += i >= padding && i - padding < shown.size() ? shown[i - padding] : '0';
   }
@@ -50,7 +60,7 @@ void AppendDecimals(std::string& text, const DecimalText& number, const NumberPa
 
 std::string Shown(DecimalText& number, std::string_view patternText, const Locale& locale) {
   const bool currency = patternText == kCurrency;
-  const NumberPattern pattern = currency ? kCurrencyPlaces : ParseNumberPattern(patternText);
+  const NumberPattern pattern = currency ? PlacesOfMoney(locale) : ParseNumberPattern(patternText);
   if (!pattern.places)
     return std::string(pattern.prefix);
   number.RoundHalfAway(static_cast<int>(pattern.mostDecimals));
@@ -59,9 +69,10 @@ std::string Shown(DecimalText& number, std::string_view patternText, const Local
     text += number.IsNegative() ? locale.negativePrefix : locale.positivePrefix;
   else
     text.append(number.IsNegative() ? "-" : "").append(pattern.prefix);
-  AppendWhole(text, number, pattern, locale);
+  const Separators separators = currency ? SeparatorsOfMoney(locale) : SeparatorsOfNumbers(locale);
+  AppendWhole(text, number, pattern, separators.group);
   if (pattern.point)
-    text += locale.decimal;
+    text += separators.decimal;
   AppendDecimals(text, number, pattern);
   if (currency)
     text += number.IsNegative() ? locale.negativeSuffix : locale.positiveSuffix;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/values/separators.h"
 #include "core/values/text.h"
 
 namespace fiscalon {
@@ -16,11 +17,11 @@ bool IsWhiteSpace(char c) {
 
 class NumberReader {
  public:
-  NumberReader(std::string_view text, const Locale& locale, DecimalText& number)
+  NumberReader(std::string_view text, const Separators& separators, std::string_view symbol, DecimalText& number)
       : text_(text),
-        decimal_(locale.decimal),
-        group_(locale.group),
-        symbol_(locale.currencySymbol),
+        decimal_(separators.decimal),
+        group_(separators.group),
+        symbol_(symbol),
         blanksGroup_(group_.size() == 1 && group_.front() == kNoBreakSpace),
         number_(number) {}
 
@@ -153,10 +154,21 @@ class NumberReader {
   DecimalText& number_;
 };
 
+/// Whether the text is a number with the currency symbol, by separators that only money has.
+bool IsMoney(std::string_view text, const Locale& locale) {
+  const Separators separators = SeparatorsOfMoney(locale);
+  const std::string_view symbol = locale.currencySymbol;
+  if (symbol.empty() || text.find(symbol) == text.npos || separators == SeparatorsOfNumbers(locale))
+    return false;
+  DecimalText number;
+  return NumberReader(text, separators, symbol, number).ReadUnderLocale();
+}
+
 }  // namespace
 
 bool ReadNumber(std::string_view text, const Locale& locale, DecimalText& number) noexcept {
-  return NumberReader(text, locale, number).ReadUnderLocale();
+  const Separators separators = IsMoney(text, locale) ? SeparatorsOfMoney(locale) : SeparatorsOfNumbers(locale);
+  return NumberReader(text, separators, locale.currencySymbol, number).ReadUnderLocale();
 }
 
 bool ReadPlainNumber(std::string_view text, DecimalText& number) noexcept {

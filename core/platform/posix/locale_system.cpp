@@ -2,10 +2,12 @@
 #include <locale.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <ctime>
 #include <iterator>
 #include <locale>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -22,6 +24,8 @@ namespace {
 using SystemHandle = std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(&::freelocale)>;
 
 constexpr wchar_t kNoBreakSpace = 0xA0;
+/// No money has more; a locale that does not tell says so by a number far beyond.
+constexpr int kMostMoneyDigits = 4;
 
 /// Some systems set a narrow or thin blank between groups; the code page knows one no-break space.
 wchar_t InCodePage(wchar_t character) {
@@ -82,25 +86,6 @@ std::string TimeField(const std::locale& system, const std::tm& moment, char fie
   return FromWide(text.str());
 }
 
-void NameDates(const std::locale& system, Locale& locale) {
-  std::tm moment = {};
-  for (moment.tm_mon = 0; moment.tm_mon < 12; ++moment.tm_mon) {
-    const auto month = static_cast<size_t>(moment.tm_mon);
-    locale.months[month] = TimeField(system, moment, 'B');
-    locale.shortMonths[month] = TimeField(system, moment, 'b');
-  }
-  moment.tm_mon = 0;
-  for (moment.tm_wday = 0; moment.tm_wday < 7; ++moment.tm_wday) {
-    const auto day = static_cast<size_t>(moment.tm_wday);
-    locale.weekdays[day] = TimeField(system, moment, 'A');
-    locale.shortWeekdays[day] = TimeField(system, moment, 'a');
-  }
-  moment.tm_hour = 1;
-  locale.am = TimeField(system, moment, 'p');
-  moment.tm_hour = 13;
-  locale.pm = TimeField(system, moment, 'p');
-}
-
 struct Compound {
   char field = 0;
   std::string_view meaning = {};
@@ -137,8 +122,8 @@ std::string PlainPattern(std::string_view pattern, std::string_view halfDayTime)
   return first == plain.npos ? "" : plain.substr(first, plain.find_last_not_of(' ') - first + 1);
 }
 
-std::string GeneralDatePattern() {
-  const SystemHandle handle(::newlocale(LC_TIME_MASK | LC_CTYPE_MASK, "", nullptr), &::freelocale);
+std::string GeneralDatePattern(const std::string& name) {
+  const SystemHandle handle(::newlocale(LC_TIME_MASK | LC_CTYPE_MASK, name.c_str(), nullptr), &::freelocale);
   if (!handle)
     return EnglishCanada().generalDate;
   const auto item = [&](nl_item which) { return FromUtf8(::nl_langinfo_l(which, handle.get())); };
@@ -146,16 +131,39 @@ std::string GeneralDatePattern() {
   return PlainPattern(item(D_FMT), halfDayTime) + ' ' + PlainPattern(item(T_FMT), halfDayTime);
 }
 
-Locale FromSystem(const std::locale& system) {
+void TakeMoments(const std::locale& system, Locale& locale) {
+  locale.generalDate = GeneralDatePattern(system.name());
+  std::tm moment = {};
+  for (moment.tm_mon = 0; moment.tm_mon < 12; ++moment.tm_mon) {
+    const auto month = static_cast<size_t>(moment.tm_mon);
+    locale.months[month] = TimeField(system, moment, 'B');
+    locale.shortMonths[month] = TimeField(system, moment, 'b');
+  }
+  moment.tm_mon = 0;
+  for (moment.tm_wday = 0; moment.tm_wday < 7; ++moment.tm_wday) {
+    const auto day = static_cast<size_t>(moment.tm_wday);
+    locale.weekdays[day] = TimeField(system, moment, 'A');
+    locale.shortWeekdays[day] = TimeField(system, moment, 'a');
+  }
+  moment.tm_hour = 1;
+  locale.am = TimeField(system, moment, 'p');
+  moment.tm_hour = 13;
+  locale.pm = TimeField(system, moment, 'p');
+}
+
+void TakeNumbers(const std::locale& system, Locale& locale) {
   const auto& numbers = std::use_facet<std::numpunct<wchar_t>>(system);
-  const auto& amounts = std::use_facet<std::moneypunct<wchar_t>>(system);
-  const std::wstring symbol = amounts.curr_symbol();
-  if (symbol.empty())
-    return EnglishCanada();
-  Locale locale;
-  locale.name = "system";
   locale.decimal = FromWide(std::wstring(1, numbers.decimal_point()));
   locale.group = numbers.grouping().empty() ? "" : FromWide(std::wstring(1, numbers.thousands_sep()));
+}
+
+void TakeMoney(const std::locale& system, Locale& locale) {
+  const auto& amounts = std::use_facet<std::moneypunct<wchar_t>>(system);
+  const std::wstring symbol = amounts.curr_symbol();
+  locale.moneyDecimal = FromWide(std::wstring(1, amounts.decimal_point()));
+  locale.moneyGroup = amounts.grouping().empty() ? "" : FromWide(std::wstring(1, amounts.thousands_sep()));
+  if (const int digits = amounts.frac_digits(); digits >= 0 && digits <= kMostMoneyDigits)
+    locale.moneyDigits = static_cast<size_t>(digits);
   locale.currencySymbol = FromWide(symbol);
   const Surroundings positive = AroundAmount(amounts.pos_format(), amounts.positive_sign(), symbol);
   const Surroundings negative = AroundAmount(amounts.neg_format(), amounts.negative_sign(), symbol);
@@ -163,20 +171,53 @@ Locale FromSystem(const std::locale& system) {
   locale.positiveSuffix = positive.suffix;
   locale.negativePrefix = negative.prefix;
   locale.negativeSuffix = negative.suffix;
-  locale.generalDate = GeneralDatePattern();
-  NameDates(system, locale);
-  return locale;
+}
+
+/// The name that the environment gives a category, "LC_TIME" say; empty where it names none.
+std::string NameOf(const char* category) {
+  for (const char* variable : {"LC_ALL", category, "LANG"})
+    if (const char* name = std::getenv(variable); name != nullptr && *name != '\0')
+      return name;
+  return "";
+}
+
+/// The system's locale for a category; nothing where the environment names none that the system has and that defines
+/// a currency.
+std::optional<std::locale> LocaleOf(const char* category) {
+  const std::string name = NameOf(category);
+  if (name.empty())
+    return std::nullopt;
+  try {
+    std::locale system(name);
+    if (std::use_facet<std::moneypunct<wchar_t>>(system).curr_symbol().empty())
+      return std::nullopt;
+    return system;
+  } catch (const std::runtime_error&) {
+    // It is not installed.
+    return std::nullopt;
+  }
 }
 
 }  // namespace
 
 Locale SystemLocale() {
-  try {
-    return FromSystem(std::locale(""));
-  } catch (const std::runtime_error&) {
-    // The environment names a locale that is not installed.
-    return EnglishCanada();
-  }
+  const std::optional<std::locale> numbers = LocaleOf("LC_NUMERIC");
+  const std::optional<std::locale> money = LocaleOf("LC_MONETARY");
+  const std::optional<std::locale> moments = LocaleOf("LC_TIME");
+  Locale locale = EnglishCanada();
+  if (!numbers && !money && !moments)
+    return locale;
+  locale.name = "system";
+  // Before the numbers' own: money that the system does not know keeps its form.
+  locale.moneyDecimal = locale.decimal;
+  locale.moneyGroup = locale.group;
+  if (numbers)
+    TakeNumbers(*numbers, locale);
+  if (money)
+    TakeMoney(*money, locale);
+  if (moments)
+    TakeMoments(*moments, locale);
+  return locale;
 }
 
 }  // namespace fiscalon

@@ -36,13 +36,25 @@ class LocaleServices {
     return size > 1 ? InCodePage({text.data(), static_cast<size_t>(size) - 1}) : "";
   }
 
-  /// A number that counts the forms of a table.
-  template <size_t Size>
-  AmountPicture Form(LCTYPE what, const std::array<AmountPicture, Size>& forms) const {
+  /// 0 where the system does not know.
+  size_t Number(LCTYPE what) const {
     const std::string digits = Text(what);
     size_t number = 0;
     std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return number;
+  }
+
+  /// A number that counts the forms of a table.
+  template <size_t Size>
+  AmountPicture Form(LCTYPE what, const std::array<AmountPicture, Size>& forms) const {
+    const size_t number = Number(what);
     return forms[number < Size ? number : 0];
+  }
+
+  /// A separator between groups; empty where there are none.
+  std::string Group(LCTYPE grouping, LCTYPE separator) const {
+    const std::string sizes = Text(grouping);
+    return sizes.empty() || sizes.front() == '0' ? "" : Text(separator);
   }
 
   /// The names of twelve months or seven days.
@@ -95,8 +107,10 @@ Locale LocaleFromServices(const wchar_t* name) {
   Locale locale;
   locale.name = "system";
   locale.decimal = decimal;
-  const std::string grouping = services.Text(LOCALE_SGROUPING);
-  locale.group = grouping.empty() || grouping.front() == '0' ? "" : services.Text(LOCALE_STHOUSAND);
+  locale.group = services.Group(LOCALE_SGROUPING, LOCALE_STHOUSAND);
+  locale.moneyDecimal = services.Text(LOCALE_SMONDECIMALSEP);
+  locale.moneyGroup = services.Group(LOCALE_SMONGROUPING, LOCALE_SMONTHOUSANDSEP);
+  locale.moneyDigits = services.Number(LOCALE_ICURRDIGITS);
   locale.currencySymbol = symbol;
   const std::string sign = services.Text(LOCALE_SNEGATIVESIGN);
   FormAmount(services.Form(LOCALE_ICURRENCY, kPositiveAmounts), symbol, sign, locale.positivePrefix,

@@ -85,6 +85,21 @@ TEST(Format, HasTheLocalesFormOfAnAmount) {
             "234,50 $)");
 }
 
+TEST(Format, ShowsCurrencyWithTheMoneysOwnSeparatorsAndDigits) {
+  Locale locale = FrenchCanada();
+  locale.moneyDecimal = "'";
+  locale.moneyGroup = ".";
+  EXPECT_EQ(Format(1234.5, "Currency", locale), "1.234'50 $");
+  EXPECT_EQ(Format(1234.5, "#,##0.00", locale),
+            "1\xA0"
+            "234,50");
+  locale.moneyDigits = 3;
+  EXPECT_EQ(Format(-1234.5, "Currency", locale), "(1.234'500 $)");
+  locale.moneyDigits = 0;
+  EXPECT_EQ(Format(1234.5, "Currency", locale), "1.235 $");
+  EXPECT_EQ(Format(0.25, "Currency", locale), "0 $");
+}
+
 TEST(Format, ShowsOptionalPlacesOnlyWhereTheyCount) {
   EXPECT_EQ(Shown(0.5, "#.##"), ".5");
   EXPECT_EQ(Shown(12, "#.0#"), "12.0");

@@ -89,6 +89,22 @@ TEST(ToMoney, HasNoSeparatorsWhereTheLocaleHasNone) {
   EXPECT_EQ(Read("1,234", locale), kNotANumber);
 }
 
+TEST(ToMoney, ReadsATextWithTheSymbolByTheMoneysOwnSeparatorsFirst) {
+  Locale locale = EnglishCanada();
+  locale.moneyDecimal = ",";
+  locale.moneyGroup = "\xA0";
+  EXPECT_EQ(Read("$1\xA0"
+                 "234,50",
+                 locale),
+            "12345000 units");
+  EXPECT_EQ(Read("(1 234,50 $)", locale), "-12345000 units");
+  EXPECT_EQ(Read("1,234", locale), "12340000 units");
+  EXPECT_EQ(Read("1,234 $", locale), "12340 units");
+  // What is no amount of money may still be a number.
+  EXPECT_EQ(Read("$1,234.50", locale), "12345000 units");
+  EXPECT_EQ(Read("$1.2.3", locale), kNotANumber);
+}
+
 TEST(ToMoney, AllowsWhiteSpaceAroundButNotInside) {
   EXPECT_EQ(Read("\t\n\v\f\r \xA0"
                  "5\t\n\v\f\r \xA0"),

@@ -3,27 +3,11 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <iterator>
-
 #include "core/platform/windows/locale_services.h"
+#include "tests/support/users_setting.h"
 
 namespace fiscalon {
 namespace {
-
-/// Another decimal separator in the user's settings, which all programs see, for as long as the object lives.
-class UserDecimal {
- public:
-  explicit UserDecimal(const wchar_t* separator) {
-    ::GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, before_, static_cast<int>(std::size(before_)));
-    ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator);
-  }
-  ~UserDecimal() { ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, before_); }
-  UserDecimal(const UserDecimal&) = delete;
-  UserDecimal& operator=(const UserDecimal&) = delete;
-
- private:
-  wchar_t before_[16] = {};
-};
 
 /// Separators, then both forms of an amount, then the form of a moment.
 std::string Described(const Locale& locale) {
@@ -55,9 +39,23 @@ TEST(SystemLocale, IsTheUsersOwn) {
 }
 
 TEST(SystemLocale, FollowsTheUsersSettings) {
-  const UserDecimal now(L";");
+  const UsersSetting now(LOCALE_SDECIMAL, L";");
   EXPECT_EQ(SystemLocale().decimal, ";");
   EXPECT_EQ(LocaleFromServices(L"fr-CA").decimal, ",");
+}
+
+TEST(SystemLocale, ReadsWhatOnlyMoneyHas) {
+  const UsersSetting decimal(LOCALE_SMONDECIMALSEP, L"'");
+  const UsersSetting group(LOCALE_SMONTHOUSANDSEP, L"_");
+  const UsersSetting digits(LOCALE_ICURRDIGITS, L"3");
+  const Locale locale = SystemLocale();
+  EXPECT_EQ(locale.moneyDecimal, "'");
+  EXPECT_EQ(locale.moneyGroup, "_");
+  EXPECT_EQ(locale.moneyDigits, 3u);
+  EXPECT_NE(locale.decimal, "'");
+  const UsersSetting ungrouped(LOCALE_SMONGROUPING, L"0");
+  EXPECT_EQ(SystemLocale().moneyGroup, "");
+  EXPECT_NE(SystemLocale().group, "");
 }
 
 }  // namespace
