@@ -19,6 +19,7 @@ void UseFixedClock(const DateTime& now) {
 
 void UseLocale(const Locale& locale) {
   ModuleToChange().locale = locale;
+  ModuleToChange().localeIsFixed = true;
   QueryDecimalSeparator();
 }
 
@@ -27,6 +28,7 @@ void UseLocale(std::string_view name) {
   if (!locale)
     Raise(error_number::kInvalidProcedureCall);
   UseLocale(*locale);
+  ModuleToChange().localeIsFixed = name != kSystemLocaleName;
 }
 
 void ResetModule() {

@@ -15,8 +15,9 @@ void UseToolkit(Toolkit* toolkit);
 /// Has it be that moment, until `ResetModule`: for tests that must come out the same on any day.
 void UseFixedClock(const DateTime& now);
 
-/// Has the user be one of that locale, until `ResetModule`, whatever the system says. By its name "en-CA", "en-US",
-/// "fr-CA" or "system"; error 5 for another.
+/// Has the user be one of that locale, until `ResetModule`, whatever the system says. By its name "en-CA", "en-US" or
+/// "fr-CA"; "system" goes by the system again, whose settings every construction of a `Levyra` asks for. Error 5 for
+/// another name.
 void UseLocale(const Locale& locale);
 void UseLocale(std::string_view name);
 

@@ -21,8 +21,15 @@ Toolkit& TheToolkit() {
                      "No forms toolkit is installed. Call UseToolkit before a screen or a message box is shown.");
 }
 
+const Locale& AskForLocale() {
+  ModuleState& module = ModuleToChange();
+  if (!module.localeIsFixed)
+    module.locale = SystemLocale();
+  return module.locale;
+}
+
 void QueryDecimalSeparator() {
-  const std::string& separator = TheModule().locale.decimal;
+  const std::string& separator = AskForLocale().decimal;
   ModuleToChange().decimalSeparator = separator.substr(0, separator.find('\0'));
 }
 

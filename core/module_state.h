@@ -21,7 +21,9 @@ class Form;
 struct ModuleState {
   std::shared_ptr<const Clock> clock = std::make_shared<SystemClock>();
   std::shared_ptr<Files> files = std::make_shared<SystemFiles>();
+  /// As the system had it when it was last asked, or as the host has fixed it.
   Locale locale = SystemLocale();
+  bool localeIsFixed = false;
   /// Not owned: the host keeps its front end alive while it shows screens.
   Toolkit* toolkit = nullptr;
 
@@ -49,7 +51,11 @@ const ModuleState& TheModule();
 /// The installed front end. Error 91 where a host has installed none, with the remedy in the description.
 Toolkit& TheToolkit();
 
-/// Asks the user's locale for its decimal separator and keeps it, as every construction of a `Levyra` does.
+/// Asks the system for the user's locale as it is now, unless the host has fixed one. It takes a tenth of a
+/// millisecond: too long for what is done a million times.
+const Locale& AskForLocale();
+
+/// Asks for the user's locale and keeps its decimal separator, as every construction of a `Levyra` does.
 void QueryDecimalSeparator();
 
 /// Has the host read `ShowGST58` as False.

@@ -38,7 +38,7 @@ bool TrimmedHoldsOnly(std::string_view text, Passes passes) {
 }  // namespace
 
 std::string KeepNumericChars(std::string_view text) {
-  const std::string separator = TheModule().locale.decimal.substr(0, 1);
+  const std::string separator = AskForLocale().decimal.substr(0, 1);
   return Keep(text, [&](char c) { return IsDigit(c) || c == '-' || (!separator.empty() && c == separator.front()); });
 }
 

@@ -110,8 +110,7 @@ inline void SetUpSomehow(Choices& choices, const GoodSession& good, Levyra& sess
         session.SeqNumber(choices.AnyText());
         break;
       default:
-        ModuleToChange().locale = choices.Below(2) == 0 ? FrenchCanada() : EnglishUnitedStates();
-        QueryDecimalSeparator();
+        UseLocale(choices.Below(2) == 0 ? FrenchCanada() : EnglishUnitedStates());
     }
   }
 }

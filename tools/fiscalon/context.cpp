@@ -23,12 +23,16 @@ std::string Paint::In(std::string_view code, std::string_view text) const {
   return std::string("\x1B[").append(code).append("m").append(text).append("\x1B[0m");
 }
 
+std::string_view Context::SpokenLocaleName() const {
+  return localeName.empty() ? kSystemLocaleName : localeName;
+}
+
 Locale Context::SpokenLocale() const {
-  return *NamedLocale(localeName.empty() ? "system" : localeName);
+  return *NamedLocale(SpokenLocaleName());
 }
 
 void Context::SetUpModule() const {
-  UseLocale(SpokenLocale());
+  UseLocale(SpokenLocaleName());
   if (today)
     UseFixedClock(*today);
 }

@@ -38,6 +38,7 @@ struct Context {
   ExitStatus status = ExitStatus::Done;
 
   /// The locale in which the command speaks: --locale, or the user's own.
+  std::string_view SpokenLocaleName() const;
   Locale SpokenLocale() const;
   /// Gives the module that locale, and the clock of --today.
   void SetUpModule() const;
