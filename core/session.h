@@ -1,11 +1,14 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/boolean.h"
+#include "core/platform/runtime_error.h"
 #include "core/records/pc4_records.h"
 
 namespace fiscalon {
@@ -53,7 +56,13 @@ class Levyra {
   void EnterTitle(std::string_view text) { enterTitle_ = text; }
   /// 1: the payment is on hold and has no fixed date.
   uint8_t APHoldFlg() const { return apHoldFlg_; }
-  void APHoldFlg(uint8_t value) { apHoldFlg_ = value; }
+  /// Error 6 for a number that 8 bits do not hold.
+  template <std::integral Number>
+  void APHoldFlg(Number value) {
+    if (!std::in_range<uint8_t>(+value))
+      Raise(error_number::kOverflow);
+    apHoldFlg_ = static_cast<uint8_t>(value);
+  }
   /// Four characters that head each record of the payment.
   std::string SeqNumber() const { return seqNumber_; }
   void SeqNumber(std::string_view text) { seqNumber_ = text; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -65,18 +66,28 @@ class KeyedCollection {
   using iterator = Walk<Member>;
   using const_iterator = Walk<const Member>;
 
-  Member& Item(int32_t position) { return *members_[Index(position)]; }
-  const Member& Item(int32_t position) const { return *members_[Index(position)]; }
+  template <std::integral Position>
+  Member& Item(Position position) {
+    return *members_[Index(position)];
+  }
+  template <std::integral Position>
+  const Member& Item(Position position) const {
+    return *members_[Index(position)];
+  }
   Member& Item(std::string_view key) { return *Find(key)->second; }
   const Member& Item(std::string_view key) const { return *Find(key)->second; }
 
   /// A member that whoever takes it may keep: it stays what it is when the collection lets it go.
-  std::shared_ptr<Member> Kept(int32_t position) const { return members_[Index(position)]; }
+  template <std::integral Position>
+  std::shared_ptr<Member> Kept(Position position) const {
+    return members_[Index(position)];
+  }
   std::shared_ptr<Member> Kept(std::string_view key) const { return Find(key)->second; }
 
   int32_t Count() const { return static_cast<int32_t>(members_.size()); }
 
-  void Remove(int32_t position) {
+  template <std::integral Position>
+  void Remove(Position position) {
     const size_t index = Index(position);
     if (keys_)
       std::erase_if(*keys_, [&](const auto& entry) { return entry.second == members_[index]; });
@@ -121,8 +132,10 @@ class KeyedCollection {
   /// A payment has two to five records.
   static constexpr size_t kUsualCount = 4;
 
-  size_t Index(int32_t position) const {
-    if (position < 1 || position > Count())
+  /// A position of any width: none is cut before it is looked at.
+  template <std::integral Position>
+  size_t Index(Position position) const {
+    if (std::cmp_less(+position, 1) || std::cmp_greater(+position, members_.size()))
       Raise(error_number::kSubscriptOutOfRange);
     return static_cast<size_t>(position) - 1;
   }

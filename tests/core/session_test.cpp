@@ -82,6 +82,18 @@ TEST_F(LevyraTest, NumbersAreKeptAsTheyAre) {
   EXPECT_EQ(session.WriteFile(), 1);
 }
 
+TEST_F(LevyraTest, HoldFlagBeyond8BitsOverflows) {
+  session.APHoldFlg(7);
+  EXPECT_EQ(ErrorOf([&] { session.APHoldFlg(300); }), 6);
+  EXPECT_EQ(ErrorOf([&] { session.APHoldFlg(257U); }), 6);
+  EXPECT_EQ(ErrorOf([&] { session.APHoldFlg(256LL); }), 6);
+  EXPECT_EQ(ErrorOf([&] { session.APHoldFlg(-1); }), 6);
+  EXPECT_EQ(ErrorOf([&] { session.APHoldFlg(int8_t{-1}); }), 6);
+  EXPECT_EQ(session.APHoldFlg(), 7);
+  session.APHoldFlg(true);
+  EXPECT_EQ(session.APHoldFlg(), 1);
+}
+
 TEST_F(LevyraTest, BooleansAreTrueOrFalseAndNumbersStayNumbers) {
   session.WriteFile(true);
   EXPECT_EQ(session.WriteFile(), kTrue);

@@ -87,6 +87,11 @@ TEST(KeyedCollection, UnknownPositionIsError9) {
   EXPECT_EQ(ErrorOf([&] { records.Item(0); }), 9);
   EXPECT_EQ(ErrorOf([&] { records.Item(4); }), 9);
   EXPECT_EQ(ErrorOf([&] { records.Item(-1); }), 9);
+  // In 32 bits they would be positions 1 to 3.
+  EXPECT_EQ(ErrorOf([&] { records.Item(4294967297); }), 9);
+  EXPECT_EQ(ErrorOf([&] { records.Item(uint64_t{1} << 63 | 2); }), 9);
+  EXPECT_EQ(ErrorOf([&] { records.Kept(-4294967295); }), 9);
+  EXPECT_EQ(ErrorOf([&] { records.Remove(4294967299); }), 9);
   EXPECT_EQ(ErrorOf([&] { records.Remove(4); }), 9);
 }
 
