@@ -33,6 +33,8 @@ void ForgetInstanceOf(const LaunchRow& row) {
 
 /// Sets a host's payment on its screen, shows it, and hands over what the user has confirmed.
 bool Show(const LaunchRow& row, Levyra& host, Screen& screen, Toolkit& toolkit) {
+  // The payment on a screen that is up stays what it is.
+  screen.RefuseSecondShow();
   for (const LaunchProperty& property : row.properties) property.set(host, row.code, screen);
   if (row.beforeShow != nullptr)
     row.beforeShow(screen);

@@ -66,10 +66,14 @@ void Form::Load() {
   Run("Form", "Load", [this] { Form_Load(); });
 }
 
-void Form::ShowModal(Toolkit& toolkit) {
+void Form::RefuseSecondShow() const {
   constexpr int32_t kAlreadyUp = 400;
   if (showing_)
     throw RuntimeError(kAlreadyUp, "Form already displayed; can't show modally");
+}
+
+void Form::ShowModal(Toolkit& toolkit) {
+  RefuseSecondShow();
   const ScopedValue showing(showing_, true);
   try {
     toolkit.Opening(*this);

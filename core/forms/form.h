@@ -44,6 +44,8 @@ class Form {
 
   /// Returns all controls to their design and runs `Form_Load`. Does nothing on a loaded form.
   void Load();
+  /// Error 400 while the form is being shown. Whoever sets a form up for a show asks before anything of it changes.
+  void RefuseSecondShow() const;
   /// Shows the form and serves the user until it hides or unloads. Throws what left a handler: the form then stays
   /// loaded. Error 400 while it is being shown.
   void ShowModal(Toolkit& toolkit);

@@ -321,6 +321,31 @@ TEST_F(LaunchTest, ScreenThatIsUpCannotBeShownAgain) {
   EXPECT_EQ(inner, 400);
 }
 
+TEST_F(LaunchTest, SecondShowOfAScreenThatIsUpTouchesNothingOfIt) {
+  session.SeqNumber("0001");
+  Levyra other;
+  other.SeqNumber("0002");
+  frontEnd.serve = [&] {
+    NotingScreen::notes.clear();
+    ExpectError([&] { other.ShowLevyraScreen("26"); }, 400, "Form already displayed; can't show modally");
+    EXPECT_THAT(NotingScreen::notes, ElementsAre());
+    ScreenOf("frmShared").PressOk();
+  };
+  EXPECT_TRUE(session.ShowLevyraScreen("25"));
+  EXPECT_EQ(session.PC4Records()->Item(1).Description(), "record of 0001");
+  EXPECT_EQ(other.PC4Records(), nullptr);
+}
+
+TEST_F(LaunchTest, ScreenThatIsLoadingForAShowCannotBeShownEither) {
+  Levyra other;
+  NotingScreen::whenLoading = [&] {
+    NotingScreen::notes.clear();
+    EXPECT_EQ(ErrorOf([&] { other.ShowLevyraScreen("01"); }), 400);
+    EXPECT_THAT(NotingScreen::notes, ElementsAre());
+  };
+  EXPECT_FALSE(PressCancel());
+}
+
 TEST_F(LaunchTest, ResetWhileAScreenIsUpLeavesItAndTheSessionUsable) {
   frontEnd.serve = [&] {
     Screen& screen = ScreenOf("frmPlain");
