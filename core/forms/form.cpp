@@ -63,7 +63,13 @@ void Form::Load() {
   phase_ = Phase::Loaded;
   caption_ = designedCaption_;
   for (Control* control : controls_) control->Reset({});
-  Run("Form", "Load", [this] { Form_Load(); });
+  try {
+    Run("Form", "Load", [this] { Form_Load(); });
+  } catch (...) {
+    // Half a form must not meet the next show.
+    Unload();
+    throw;
+  }
 }
 
 void Form::RefuseSecondShow() const {

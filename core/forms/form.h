@@ -42,12 +42,13 @@ class Form {
   /// The same, but throws `FormMisuse` where the form has none.
   Control& ControlNamed(std::string_view name) const;
 
-  /// Returns all controls to their design and runs `Form_Load`. Does nothing on a loaded form.
+  /// Returns all controls to their design and runs `Form_Load`; where that fails, the form is not loaded. Does nothing
+  /// on a loaded form.
   void Load();
   /// Error 400 while the form is being shown. Whoever sets a form up for a show asks before anything of it changes.
   void RefuseSecondShow() const;
-  /// Shows the form and serves the user until it hides or unloads. Throws what left a handler: the form then stays
-  /// loaded. Error 400 while it is being shown.
+  /// Shows the form and serves the user until it hides or unloads. Throws what left a handler: a form that was
+  /// loaded then stays so. Error 400 while it is being shown.
   void ShowModal(Toolkit& toolkit);
   /// Drops pending events and ends the modal show; the controls keep their state.
   void Hide();

@@ -60,9 +60,33 @@ TEST(FormError, OfLoadAndActivateComesOutBeforeServing) {
     ServingToolkit toolkit;
     toolkit.serve = [] { ADD_FAILURE() << "served"; };
     EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), 6) << handler;
-    EXPECT_TRUE(form.IsLoaded()) << handler;
     EXPECT_FALSE(form.IsUp()) << handler;
   }
+}
+
+TEST(FormError, OfActivateLeavesTheFormLoaded) {
+  TwoFieldForm form;
+  form.when["Form_Activate"] = [] { Raise(error_number::kOverflow); };
+  ServingToolkit toolkit;
+  EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), 6);
+  EXPECT_TRUE(form.IsLoaded());
+}
+
+TEST(FormError, OfLoadLeavesNothingForTheNextShow) {
+  TwoFieldForm form;
+  form.when["Form_Load"] = [&] {
+    form.txtA.Text("half");
+    Raise(error_number::kOverflow);
+  };
+  ServingToolkit toolkit;
+  EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), 6);
+  EXPECT_FALSE(form.IsLoaded());
+  // Code that touches a control loads it too, and meets the same.
+  EXPECT_EQ(ErrorOf([&] { form.txtB.Text("x"); }), 6);
+  EXPECT_FALSE(form.IsLoaded());
+  form.when.clear();
+  toolkit.serve = [&] { EXPECT_EQ(form.txtA.Text() + form.txtB.Text(), ""); };
+  form.ShowModal(toolkit);
 }
 
 TEST(FormError, OfQueryUnloadLeavesTheFormLoaded) {
@@ -175,10 +199,10 @@ TEST(FormObserver, HearsNothingAfterAShowHoweverItEnded) {
     EXPECT_EQ(ErrorOf([&] { form.ShowModal(toolkit); }), *failing == '\0' ? 0 : 6) << failing;
     const int heard = observer.others;
     EXPECT_GT(heard, 0) << failing;
+    form.when.clear();
     form.txtA.Text("x");
     form.Caption("x");
     ServingToolkit unobserving;
-    form.when.clear();
     form.ShowModal(unobserving);
     EXPECT_EQ(observer.others, heard) << failing;
   }
