@@ -37,7 +37,7 @@ bool ValidateGSTAccountNumber(std::string_view number) {
   int sum = 0;
   for (size_t i = 0; i < number.size(); ++i) {
     if (number[i] < '0' || number[i] > '9')
-      continue;
+      return false;
     const int digit = number[i] - '0';
     // Every second digit is doubled, and both digits of the result count.
     const int counted = i % 2 == 0 ? digit : digit * 2;

@@ -9,7 +9,7 @@
 
 namespace fiscalon {
 
-/// Whether nine digits of a business number agree with their check digit. A character that is no digit counts nothing.
+/// Whether a business number is all digits, and these agree with their check digit.
 bool ValidateGSTAccountNumber(std::string_view number);
 
 /// A GST account number, such as 123456782RT0001: a CRA business number with its program. Letters become capitals as

@@ -41,6 +41,12 @@ TEST(ValidateGSTAccountNumber, WeighsEverySecondDigitTwice) {
   EXPECT_TRUE(ValidateGSTAccountNumber("091000000"));
 }
 
+TEST(ValidateGSTAccountNumber, RefusesNumbersThatAreNotAllDigits) {
+  // Without the letter, the sums would be 2 + 4 + 3 + 8 + 5 + (1 + 2) + 7 + 8 = 40 and 1 + 9 = 10.
+  for (const char* number : {"2234567E8", "1E0000009", "-00000000", "1.2345674", "+91000000"})
+    EXPECT_FALSE(ValidateGSTAccountNumber(number)) << number;
+}
+
 TEST_F(AccountNumberTest, TakesDigitsAndLettersAsCapitals) {
   WhileUp([&](FormUser& user) {
     user.Type("1 2-a.\xe9Zz,");
@@ -69,7 +75,7 @@ TEST_F(AccountNumberTest, FullNumberMovesOn) {
 TEST_F(AccountNumberTest, IsCheckedWhenItIsLeft) {
   EXPECT_THAT(Left("123456782RT0001"), ElementsAre());
   for (const char* bad : {"", "123456782RT001", "123456783RT0001", "123456782XX0001", "12345678ART0001",
-                          "123456782RT000A", "123456782TR0001"})
+                          "123456782RT000A", "123456782TR0001", "2234567E8RT0001", "1E0000009RT0001"})
     EXPECT_THAT(Left(bad), ElementsAre(kInvalid)) << bad;
 }
 
