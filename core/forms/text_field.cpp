@@ -109,11 +109,14 @@ void TextField::Edit(PassKey<UserActs> /*key*/, std::string text, Selection sele
       return Changed();
     edited = line;
   }
-  // A text that code has made too long may stay, but grows no longer.
-  const int limit = std::max(MaxLength(), static_cast<int>(text_.size()));
-  const int excess = static_cast<int>(edited.text.size()) - limit;
-  if (MaxLength() != FieldDesign::kNoLimit && excess > 0)
+  // What stays of a text that code has made too long may stay as it is, but nothing more goes in.
+  const int kept = static_cast<int>(text_.size()) - selection_.length;
+  const int excess = static_cast<int>(edited.text.size()) - std::max(MaxLength(), kept);
+  if (MaxLength() != FieldDesign::kNoLimit && excess > 0) {
+    if (kept >= MaxLength())
+      return Changed();
     edited = Shortened(edited, excess);
+  }
   const bool whole = edited.caret == selection.End();
   const bool changed = edited.text != text_;
   text_ = std::move(edited.text);

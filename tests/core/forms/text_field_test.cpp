@@ -256,6 +256,36 @@ TEST(MaxLength, LetsATooLongTextOfCodeShrinkButNotGrow) {
   });
 }
 
+TEST(MaxLength, CutsWhatTakesThePlaceOfATooLongText) {
+  struct Row {
+    Selection selection;
+    std::string edited;
+    std::string after;
+    Selection selectedAfter;
+  };
+  // The text is "123456789" before, and "abcdefgh" was put in, by an editor that may have cut it already.
+  const std::vector<Row> rows = {
+      {{.start = 0, .length = 9}, "abcdefgh", "abcdef", {.start = 6}},
+      {{.start = 0, .length = 4}, "abcd56789", "a56789", {.start = 1}},
+      {{.start = 4, .length = 5}, "1234abcdefgh", "1234ab", {.start = 6}},
+      {{.start = 0, .length = 2}, "ab3456789", "123456789", {.start = 0, .length = 2}},
+      {{.start = 9}, "123456789abcdefgh", "123456789", {.start = 9}},
+      // The selection is deleted, and no more.
+      {{.start = 0, .length = 2}, "3456789", "3456789", {}},
+  };
+  for (const Row& row : rows) {
+    LimitedForm form;
+    form.txtSix.Text("123456789");
+    Play(form, [&](FormUser& user) {
+      user.acts.SelectText(form.txtSix, row.selection);
+      const int unselected = 9 - row.selection.End();
+      user.acts.EditText(form.txtSix, row.edited, {.start = static_cast<int>(row.edited.size()) - unselected});
+      EXPECT_EQ(form.txtSix.Text(), row.after) << row.edited;
+      EXPECT_EQ(form.txtSix.Selected(), row.selectedAfter) << row.edited;
+    });
+  }
+}
+
 TEST(MaxLength, HoldsWhereTheEditTellsNoSensibleCaret) {
   for (const int caret : {-5, 0, 3, 100}) {
     LimitedForm form;
