@@ -123,7 +123,7 @@ TEST_F(ShowErrorTest, AFolderThatIsMissingIsTheCallersError) {
 TEST_F(ShowErrorTest, WithoutAMainPathTheLogIsInTheCurrentFolder) {
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(folder.Path());
-  TheModule().mainPath.clear();
+  ModuleToChange().mainPath.clear();
   ShowError(6, "Overflow", "x", Silent::Yes);
   std::filesystem::current_path(before);
   EXPECT_NE(ErrorLog(), "");

@@ -4,7 +4,8 @@
 
 #include <memory>
 
-#include "core/module_state.h"
+#include "core/host_setup.h"
+#include "core/module_to_change.h"
 #include "tests/support/test_form.h"
 
 namespace fiscalon {
@@ -12,7 +13,7 @@ namespace {
 
 TEST(ShowMessage, TellsFormsThatAreUpThatTheirUserWasToldSomething) {
   const auto form = std::make_shared<TwoFieldForm>();
-  TheModule().forms["frmTest"] = form;
+  ModuleToChange().forms["frmTest"] = form;
   ServingToolkit toolkit;
   UseToolkit(&toolkit);
   bool isSilent = true;
