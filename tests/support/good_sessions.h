@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "core/forms/form.h"
 #include "core/session.h"
 #include "frontends/played/user_driver.h"
 
