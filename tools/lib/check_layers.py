@@ -113,7 +113,7 @@ def offence_of_quoted(tree, path, included):
     for folders in (POSIX_FOLDERS, WINDOWS_FOLDERS):
         if included.startswith(folders) and not path.startswith(folders + ("tests/", "examples/windows/")):
             return f'"{included}" is of one system'
-    if included == TO_CHANGE and layer != "core" and not path.startswith("tests/"):
+    if included == TO_CHANGE and (layer is None or layer.name != "core") and not path.startswith("tests/"):
         return f'"{included}" is for core alone: others set the module by core/host_setup.h and Levyra'
     if layer is None or other == layer:
         return None
