@@ -1,5 +1,6 @@
 #include "tools/fiscalon/files/file_places.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
@@ -10,6 +11,7 @@
 #include <climits>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 
 #include "core/platform/utf8_path.h"
 
@@ -138,16 +140,18 @@ Claim::~Claim() {
     ::close(descriptor_);
 }
 
+/// By the system's own routines: the standard library's iterator ends the program where memory runs out under it.
 void RemoveAbandoned(const std::string& folder, std::string_view namesBegin) {
-  std::error_code error;
-  for (std::filesystem::directory_iterator entry(Utf8Path(folder.empty() ? "." : folder), error), end;
-       !error && entry != end; entry.increment(error)) {
-    const std::string path = Utf8Of(entry->path());
-    if (!Utf8Of(entry->path().filename()).starts_with(namesBegin))
+  const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.empty() ? "." : folder.c_str()), ::closedir);
+  if (!entries)
+    return;
+  const int place = ::dirfd(entries.get());
+  while (const dirent* const entry = ::readdir(entries.get())) {
+    if (!std::string_view(entry->d_name).starts_with(namesBegin))
       continue;
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    const int descriptor = ::openat(place, entry->d_name, O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (descriptor >= 0 && ::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
-      ::unlink(path.c_str());
+      ::unlinkat(place, entry->d_name, 0);
     if (descriptor >= 0)
       ::close(descriptor);
   }
