@@ -17,8 +17,8 @@ SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "component", "to
 NAMED_FOLDERS = ("core", "screens", "frontends", "include", "examples", "tests")
 # What builds make, and what a reader's own front end would have.
 NOT_KEPT = re.compile(r"^build/|\bNAME\b|^fiscalon_component\.h$")
-# Behind the language may stand the file that a listing is.
-FENCE = re.compile(r"^```(\w*)(?: [^\n]*)?\n(.*?)^```$", re.MULTILINE | re.DOTALL)
+# Behind the language may stand the file that a listing is; such listings are built by the examples' tests.
+FENCE = re.compile(r"^```(\w*)( [^\n]*)?\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 # A path has a folder or an ending that the tree uses; <...> and * stand for names that the reader chooses.
 PATH = re.compile(r"`([\w./-]+(?:/[\w./-]*|\.(?:h|cpp|md|py|txt|scenario)))`")
 # What the reader's own form would have is written small.
@@ -37,7 +37,7 @@ def without_indent(text):
 
 
 def blocks(guide, language):
-    return [body for kind, body in FENCE.findall(guide.read_text(encoding="utf-8")) if kind == language]
+    return [body for kind, file, body in FENCE.findall(guide.read_text(encoding="utf-8")) if kind == language and not file]
 
 
 class Guides(unittest.TestCase):
