@@ -70,12 +70,13 @@ std::string DrawControl(const Control& control) {
       return "[" + Padded(ToUtf8(static_cast<const DropDownList&>(control).Text()), 30) + "\u25BC]";
     case ControlKind::Label:
     case ControlKind::Frame:
-    // Its rows stand beneath the row that it lies in.
-    case ControlKind::ListBox:
       // Labels have no access key: what a host names "Smith & Sons" is read so.
+      return ToUtf8(static_cast<const Captioned&>(control).Caption());
+    case ControlKind::ListBox:
+      // Its rows stand beneath the row that it lies in.
       break;
   }
-  return ToUtf8(control.ValueInComparisons());
+  return ToUtf8(static_cast<const ListBox&>(control).Text());
 }
 
 /// The drawn parts of one cell: the caption, and the field with its hint beside it.
