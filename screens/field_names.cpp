@@ -1,6 +1,9 @@
 #include "core/records/field_names.h"
 
 namespace fiscalon {
+
+/// Apart, since the kinds' short names mean something else in other sources.
+namespace field_names {
 namespace {
 
 using enum FieldKind;
@@ -175,9 +178,10 @@ constexpr ScreenFields kFieldTable[] = {
 // clang-format on
 
 }  // namespace
+}  // namespace field_names
 
 std::span<const ScreenFields> FieldTable() {
-  return kFieldTable;
+  return field_names::kFieldTable;
 }
 
 }  // namespace fiscalon

@@ -25,10 +25,6 @@ void AppendCsvField(std::string& row, std::string_view text) {
   row += '"';
 }
 
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 void AppendText(std::string& row, std::string_view text) {
   if (IsAscii(text))
     AppendCsvField(row, text);

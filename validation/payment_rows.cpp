@@ -11,16 +11,12 @@ namespace fiscalon {
 
 namespace {
 
-constexpr size_t kFields = 4;
+constexpr size_t kColumns = 4;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// Far more than four fields take. What is longer is no row, and is not taken into memory as one.
 constexpr size_t kLongestRow = size_t{64} << 10;
 /// The largest amount that `Money` holds.
 constexpr int64_t kLargestAmount = 92'233'720'368'547'758;
-
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
 
 /// A line without its end.
 std::string_view WithoutEnd(std::string_view line) {
@@ -168,7 +164,7 @@ std::string RowReader::Next(PaymentRow& row) {
   std::vector<std::string> fields;
   if (!SplitFields(line, fields))
     return "a quote out of place";
-  if (fields.size() != kFields)
+  if (fields.size() != kColumns)
     return "a row of " + std::to_string(fields.size()) + " fields; it has " + std::string(kPaymentsHeader);
   std::string_view* const texts[] = {&row.seq, &row.screen, &row.biller};
   for (size_t i = 0; i < std::size(texts); ++i) *texts[i] = texts_.emplace_back(std::move(fields[i]));

@@ -105,6 +105,10 @@ std::string ToUtf8(std::string_view text) {
   return utf8;
 }
 
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 char UpperCase(char character) {
   const int code = static_cast<unsigned char>(character);
   const bool latin = code >= 0xE0 && code <= 0xFE && code != 0xF7;

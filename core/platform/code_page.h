@@ -15,6 +15,9 @@ std::string FromUtf8(std::string_view utf8);
 /// characters of the same number, so any text survives there and back.
 std::string ToUtf8(std::string_view text);
 
+/// Whether the text is the same in both, as nearly all of it is.
+bool IsAscii(std::string_view text);
+
 /// The capital of a letter of the code page, accented ones too; any other character as it is.
 char UpperCase(char character);
 

@@ -26,10 +26,6 @@ struct ButtonName {
 constexpr std::array kButtonNames = {ButtonName{"$OK", "OK"}, ButtonName{"$CANCEL", "Cancel"},
                                      ButtonName{"$HELP", "Help"}};
 
-std::string Quoted(std::string_view words) {
-  return '"' + std::string(words) + '"';
-}
-
 bool IsOfTheLanguage(std::string_view name) {
   return name.starts_with(kFolderName) || name == kCodeName ||
          std::any_of(kButtonNames.begin(), kButtonNames.end(),

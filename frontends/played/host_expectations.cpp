@@ -107,7 +107,7 @@ void ExpectLine(ScenarioRun& run, const Arguments& arguments) {
 }
 
 // clang-format off
-constexpr std::array kLines = {
+constexpr std::array kHostExpectations = {
     LineForm{"expect result",  Turn::Watcher, {&argument::kTrueFalse}, {}, ExpectResult},
     LineForm{"expect error",   Turn::Watcher, {&argument::kNumber, &argument::kSource, &argument::kDescription}, {}, ExpectError},
     LineForm{"expect chosen",  Turn::Watcher, {&argument::kTrueFalse}, {}, ExpectChosen},
@@ -123,7 +123,7 @@ constexpr std::array kLines = {
 }  // namespace
 
 std::span<const LineForm> HostExpectations() {
-  return kLines;
+  return kHostExpectations;
 }
 
 }  // namespace fiscalon

@@ -44,7 +44,7 @@ void Show(ScenarioRun& run, const Arguments& arguments) {
 }
 
 // clang-format off
-constexpr std::array kLines = {
+constexpr std::array kHostLines = {
     LineForm{"today",  Turn::Host, {&argument::kDate}, {&argument::kTime}, SetToday},
     LineForm{"locale", Turn::Host, {&argument::kLocale}, {}, SetLocale},
     LineForm{"host",   Turn::Host, {&argument::kProperty, &argument::kValue}, {}, SetHost, ComplaintAboutHost},
@@ -56,7 +56,7 @@ constexpr std::array kLines = {
 }  // namespace
 
 std::span<const LineForm> HostLines() {
-  return kLines;
+  return kHostLines;
 }
 
 }  // namespace fiscalon

@@ -27,10 +27,6 @@ void VisitLineForms(const Visitor& visit) {
     for (const LineForm& form : forms) visit(form);
 }
 
-std::string Quoted(std::string_view words) {
-  return '"' + std::string(words) + '"';
-}
-
 /// The words that a line can begin with and that are most like these. Behind "expect" it is the word behind it that was
 /// meant otherwise.
 std::string_view NearestWords(std::string_view words) {
@@ -70,6 +66,10 @@ std::string Usage(const LineForm& form) {
 }
 
 }  // namespace
+
+std::string Quoted(std::string_view words) {
+  return '"' + std::string(words) + '"';
+}
 
 const LineForm* FindLineForm(std::string_view words) {
   const LineForm* found = nullptr;

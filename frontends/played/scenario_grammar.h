@@ -58,6 +58,9 @@ std::span<const LineForm> HostExpectations();
 /// Null where no line begins with these words.
 const LineForm* FindLineForm(std::string_view words);
 
+/// Words of a file as complaints show them.
+std::string Quoted(std::string_view words);
+
 /// What is wrong with a line, or an empty text: an unknown verb, too few arguments, a word that should be one of a few,
 /// a number that is none.
 std::string ComplaintAbout(const ScenarioLine& line);

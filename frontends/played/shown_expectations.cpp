@@ -82,7 +82,7 @@ void ExpectState(ScenarioRun& run, const Arguments& arguments) {
 }
 
 // clang-format off
-constexpr std::array kLines = {
+constexpr std::array kShownExpectations = {
     LineForm{"expect message",   Turn::Watcher, {&argument::kStyle, &argument::kText}, {&argument::kTitleWord, &argument::kTitle}, ExpectMessage},
     LineForm{"expect beep",      Turn::Watcher, {}, {}, ExpectBeep},
     LineForm{"expect help",      Turn::Watcher, {&argument::kFile, &argument::kContext}, {}, ExpectHelp},
@@ -102,7 +102,7 @@ constexpr std::array kLines = {
 }  // namespace
 
 std::span<const LineForm> ShownExpectations() {
-  return kLines;
+  return kShownExpectations;
 }
 
 }  // namespace fiscalon

@@ -66,7 +66,7 @@ void Answer(ScenarioRun& run, const Arguments& arguments) {
 }
 
 // clang-format off
-constexpr std::array kLines = {
+constexpr std::array kUserLines = {
     LineForm{"type",   Turn::User,   {&argument::kText}, {}, Type},
     LineForm{"key",    Turn::User,   {&argument::kKey}, {}, PressKey},
     LineForm{"focus",  Turn::User,   {&argument::kControl}, {}, PressMouse},
@@ -81,7 +81,7 @@ constexpr std::array kLines = {
 }  // namespace
 
 std::span<const LineForm> UserLines() {
-  return kLines;
+  return kUserLines;
 }
 
 }  // namespace fiscalon

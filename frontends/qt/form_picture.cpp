@@ -11,11 +11,13 @@
 #include "frontends/qt/form_dialog.h"
 
 namespace fiscalon::qt {
-namespace {
 
 struct ThemeColours {
   QRgb window, base, text, button, highlight, titleBar;
 };
+
+namespace {
+
 constexpr ThemeColours kLight = {0xFFEFEFEF, 0xFFFFFFFF, 0xFF1A1A1A, 0xFFF6F6F6, 0xFF2A6DB0, 0xFFDADDE1};
 constexpr ThemeColours kDark = {0xFF2B2D30, 0xFF1C1E20, 0xFFE6E6E6, 0xFF3A3D41, 0xFF3F7FC4, 0xFF1F2123};
 

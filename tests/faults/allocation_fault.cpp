@@ -7,56 +7,56 @@
 namespace fiscalon {
 namespace {
 
-std::atomic<size_t> live = 0;
+std::atomic<size_t> liveAllocations = 0;
 /// Counted while a fault stands.
-std::atomic<size_t> made = 0;
+std::atomic<size_t> madeUnderFault = 0;
 /// 0 while none stands.
-std::atomic<size_t> failing = 0;
-std::atomic<bool> lasting = false;
-std::atomic<bool> thrown = false;
+std::atomic<size_t> failingAllocation = 0;
+std::atomic<bool> faultLasts = false;
+std::atomic<bool> faultThrown = false;
 
 bool Fails() {
-  const size_t nth = failing;
+  const size_t nth = failingAllocation;
   if (nth == 0)
     return false;
-  const size_t count = ++made;
-  return lasting ? count >= nth : count == nth;
+  const size_t count = ++madeUnderFault;
+  return faultLasts ? count >= nth : count == nth;
 }
 
 void* Allocate(size_t size) {
   void* const memory = Fails() ? nullptr : std::malloc(size == 0 ? 1 : size);
-  live += memory == nullptr ? 0 : 1;
+  liveAllocations += memory == nullptr ? 0 : 1;
   return memory;
 }
 
 void Free(void* memory) {
-  live -= memory == nullptr ? 0 : 1;
+  liveAllocations -= memory == nullptr ? 0 : 1;
   std::free(memory);
 }
 
 }  // namespace
 
 size_t LiveAllocations() {
-  return live;
+  return liveAllocations;
 }
 
 AllocationFault::AllocationFault(size_t nth, FaultLasts lasts) {
-  made = 0;
-  thrown = false;
-  lasting = lasts == FaultLasts::FromThenOn;
-  failing = nth;
+  madeUnderFault = 0;
+  faultThrown = false;
+  faultLasts = lasts == FaultLasts::FromThenOn;
+  failingAllocation = nth;
 }
 
 AllocationFault::~AllocationFault() {
-  failing = 0;
+  failingAllocation = 0;
 }
 
 size_t AllocationFault::Allocations() const {
-  return made;
+  return madeUnderFault;
 }
 
 bool AllocationFault::HasThrown() const {
-  return thrown;
+  return faultThrown;
 }
 
 }  // namespace fiscalon
@@ -67,7 +67,7 @@ void* operator new(size_t size, const std::nothrow_t&) noexcept {
 void* operator new(size_t size) {
   if (void* const memory = fiscalon::Allocate(size))
     return memory;
-  fiscalon::thrown = true;
+  fiscalon::faultThrown = true;
   throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept {

@@ -7,18 +7,18 @@
 namespace fiscalon {
 namespace {
 
-std::atomic<size_t> count = 0;
+std::atomic<size_t> allocationsMade = 0;
 
 }  // namespace
 
 size_t Allocations() {
-  return count;
+  return allocationsMade;
 }
 
 }  // namespace fiscalon
 
 void* operator new(size_t size, const std::nothrow_t&) noexcept {
-  ++fiscalon::count;
+  ++fiscalon::allocationsMade;
   return std::malloc(size == 0 ? 1 : size);
 }
 void* operator new(size_t size) {

@@ -1,20 +1,20 @@
 #pragma once
 
 #include <stdlib.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
-
-#include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 
 /// The environment's locale on a POSIX system, for as long as the object lives: variables and the names that they give.
-/// What the variables were before is back afterwards. Locales are compiled into a folder of the test's own, but for
+/// What the variables were before is back afterwards. Locales are compiled once and lie in the build folder, but for
 /// "C" and its kin and for those of country XX, which no system has.
 class UsersLocale {
  public:
@@ -28,7 +28,7 @@ class UsersLocale {
         Compile(name);
       ::setenv(variable, name.c_str(), 1);
     }
-    ::setenv("LOCPATH", folder_.Path().c_str(), 1);
+    ::setenv("LOCPATH", kFolder, 1);
   }
   ~UsersLocale() {
     for (const auto& [variable, value] : before_)
@@ -51,15 +51,25 @@ class UsersLocale {
   }
 
   void Compile(const std::string& name) {
-    const std::string source = name.substr(0, name.find('.'));
-    const std::string charset = name.substr(name.find('.') + 1);
-    const std::string command = "localedef -i " + source + " -f " + charset + " " + folder_.Path(name) + " 2>/dev/null";
-    // The compiler's warnings make its exit status 1; the folder tells whether it made the locale.
-    [[maybe_unused]] const int status = ::system(command.c_str());
-    available_ = available_ && std::filesystem::exists(folder_.Path(name));
+    const std::filesystem::path locale = std::filesystem::path(kFolder) / name;
+    if (!std::filesystem::exists(locale)) {
+      const std::string source = name.substr(0, name.find('.'));
+      const std::string charset = name.substr(name.find('.') + 1);
+      // Beside its place, which it takes when it is whole: another test may be about to do the same.
+      const std::string fresh = locale.string() + "-" + std::to_string(::getpid());
+      std::error_code ignored;
+      std::filesystem::create_directories(kFolder, ignored);
+      const std::string command = "localedef -i " + source + " -f " + charset + " " + fresh + " 2>/dev/null";
+      // The compiler's warnings make its exit status 1; the folder tells whether it made the locale.
+      [[maybe_unused]] const int status = ::system(command.c_str());
+      std::filesystem::rename(fresh, locale, ignored);
+      std::filesystem::remove_all(fresh, ignored);
+    }
+    available_ = available_ && std::filesystem::exists(locale);
   }
 
-  TemporaryFolder folder_;
+  static constexpr const char* kFolder = FISCALON_BUILD_DIR "/tests/locales";
+
   std::vector<std::pair<const char*, std::optional<std::string>>> before_;
   bool available_ = true;
 };

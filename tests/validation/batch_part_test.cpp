@@ -18,7 +18,7 @@
 namespace fiscalon {
 namespace {
 
-struct Batch {
+struct PartedBatch {
   std::string payments = "seq,screen,biller,amount\n";
   std::string records = {};
 
@@ -29,7 +29,7 @@ struct Batch {
     for (int record = 0; record < more; ++record)
       records += QuotedLine(ComposeFreeFormat(seq, {{"01", "000000000000012345"}}));
   }
-  void Append(const Batch& other) {
+  void Append(const PartedBatch& other) {
     payments += other.payments.substr(other.payments.find('\n') + 1);
     records += other.records;
   }
@@ -64,7 +64,7 @@ class BatchParts : public ModuleTest {
  protected:
   /// A part of a batch, with the files that it is cut from.
   struct Cut {
-    Cut(const Batch& batch, const BatchPart& part, BatchListener& listener)
+    Cut(const PartedBatch& batch, const BatchPart& part, BatchListener& listener)
         : payments(ByteSource::Of(batch.payments, "batch.csv")),
           records(ByteSource::Of(batch.records, "batch.pc4")),
           stretches(CutPart(*payments, *records, part, listener)) {}
@@ -74,12 +74,12 @@ class BatchParts : public ModuleTest {
     const BatchStretches stretches;
   };
 
-  static void Judge(const Batch& batch, const BatchPart& part, Outcome& outcome) {
+  static void Judge(const PartedBatch& batch, const BatchPart& part, Outcome& outcome) {
     const Cut cut(batch, part, outcome);
     ValidateBatch(*cut.stretches.payments, *cut.stretches.records, 1, outcome);
   }
 
-  static Outcome Whole(const Batch& batch) {
+  static Outcome Whole(const PartedBatch& batch) {
     Outcome whole;
     const auto payments = ByteSource::Of(batch.payments, "batch.csv");
     const auto records = ByteSource::Of(batch.records, "batch.pc4");
@@ -88,14 +88,14 @@ class BatchParts : public ModuleTest {
   }
 
   /// The outcomes of all parts, one behind the other.
-  static Outcome Joined(const Batch& batch, uint64_t parts) {
+  static Outcome Joined(const PartedBatch& batch, uint64_t parts) {
     Outcome joined;
     for (uint64_t part = 1; part <= parts; ++part) Judge(batch, {part, parts}, joined);
     return joined;
   }
 
   /// The problems of all parts.
-  static std::vector<std::string> ProblemsOf(const Batch& batch, uint64_t parts) {
+  static std::vector<std::string> ProblemsOf(const PartedBatch& batch, uint64_t parts) {
     std::vector<std::string> problems;
     for (uint64_t part = 1; part <= parts; ++part) {
       Outcome outcome;
@@ -108,7 +108,7 @@ class BatchParts : public ModuleTest {
     return problems;
   }
 
-  static Batch Generated(const std::string& screen, uint64_t payments, double badRate) {
+  static PartedBatch Generated(const std::string& screen, uint64_t payments, double badRate) {
     std::ostringstream list, records, planted;
     GenerateBatch({.payments = payments, .screen = screen, .badRate = badRate, .today = {2026, 6, 15}}, list, records,
                   planted);
@@ -119,7 +119,7 @@ class BatchParts : public ModuleTest {
 };
 
 TEST_F(BatchParts, MakeTheWholeOfASmallBatch) {
-  Batch batch;
+  PartedBatch batch;
   for (int payment = 0; payment < 5; ++payment) batch.Add(Seq(payment), payment == 3 ? "1" : "12345", 1 + payment % 3);
   const Outcome whole = Whole(batch);
   EXPECT_EQ(whole.faults,
@@ -132,7 +132,7 @@ TEST_F(BatchParts, MakeTheWholeOfASmallBatch) {
 TEST_F(BatchParts, MakeTheWholeWhereNumbersComeAgainAndScreensAreMixed) {
   // Two screens one after the other, whose payments differ in length: the middle of the records is not that of the
   // list.
-  Batch batch = Generated("20", 10'500, 0.05);
+  PartedBatch batch = Generated("20", 10'500, 0.05);
   batch.Append(Generated("03", 10'500, 0.05));
   const Outcome whole = Whole(batch);
   EXPECT_GT(whole.bad.size(), 100'000u);
@@ -144,7 +144,7 @@ TEST_F(BatchParts, MakeTheWholeWhereNumbersComeAgainAndScreensAreMixed) {
 }
 
 TEST_F(BatchParts, AreFoundByNumbersThatComeOnceWhateverElseIsWrong) {
-  Batch batch;
+  PartedBatch batch;
   for (int payment = 0; payment < 2000; ++payment) batch.Add(Seq(payment), "1", payment < 300 ? 7 : 1);
   const Outcome whole = Whole(batch);
   const Outcome joined = Joined(batch, 6);
@@ -154,7 +154,7 @@ TEST_F(BatchParts, AreFoundByNumbersThatComeOnceWhateverElseIsWrong) {
 
 TEST_F(BatchParts, AreFoundByTheEndOfTheList) {
   // Nothing tells the payments apart, but behind the cut all that is left of the records is looked at.
-  Batch batch;
+  PartedBatch batch;
   for (int payment = 0; payment < 60; ++payment)
     batch.Add(payment % 2 == 0 ? "0001" : "0002", "1", payment < 20 ? 4 : 1);
   const Outcome joined = Joined(batch, 2);
@@ -164,7 +164,7 @@ TEST_F(BatchParts, AreFoundByTheEndOfTheList) {
 
 TEST_F(BatchParts, AreCountedWhereNothingTellsTheRow) {
   // Two numbers in turns, all amounts the same.
-  Batch alike;
+  PartedBatch alike;
   for (int payment = 0; payment < 3000; ++payment)
     alike.Add(payment % 2 == 0 ? "0001" : "0002", "12345", payment < 500 ? 3 : 1);
   const Outcome joined = Joined(alike, 3);
@@ -172,7 +172,7 @@ TEST_F(BatchParts, AreCountedWhereNothingTellsTheRow) {
   EXPECT_GT(joined.blocksCounted, 0);
 
   // The same numbers again and again, and no payment is good.
-  Batch bad;
+  PartedBatch bad;
   for (int payment = 0; payment < 3000; ++payment) bad.Add(Seq(payment % 500), "1", payment < 500 ? 3 : 1);
   EXPECT_TRUE(Joined(bad, 4) == Whole(bad));
 }
@@ -182,7 +182,7 @@ TEST_F(BatchParts, AreCountedWhereTheWitnessesDisagree) {
   // the numbers tell.
   constexpr int kRound = 400;
   constexpr int kPayments = 2000;
-  Batch batch;
+  PartedBatch batch;
   for (int payment = 0; payment < kPayments; ++payment) {
     const std::string amount = std::to_string(10'000 + payment);
     const std::string seq = Seq(payment % kRound);
@@ -197,7 +197,7 @@ TEST_F(BatchParts, AreCountedWhereTheWitnessesDisagree) {
 }
 
 TEST_F(BatchParts, TakeRowsInQuotesAndLinesInAnyFrame) {
-  Batch batch;
+  PartedBatch batch;
   for (int payment = 0; payment < 1500; ++payment) {
     const std::string seq = payment % 5 == 0 ? "\xE9" + Seq(payment).substr(1) : Seq(payment);
     const std::string written = payment % 5 == 0 ? "\xC3\xA9" + Seq(payment).substr(1) : Seq(payment);
@@ -213,14 +213,14 @@ TEST_F(BatchParts, TakeRowsInQuotesAndLinesInAnyFrame) {
 }
 
 TEST_F(BatchParts, AreEmptyWhereThereIsNothingLeft) {
-  EXPECT_EQ(Joined(Batch{}, 4).report, "");
-  Batch one;
+  EXPECT_EQ(Joined(PartedBatch{}, 4).report, "");
+  PartedBatch one;
   one.Add("0001");
   EXPECT_EQ(Joined(one, 4).report, "0001,03,yes,\n");
 }
 
 TEST_F(BatchParts, AreAboutEquallyLong) {
-  const Batch batch = Generated("03", 1000, 0);
+  const PartedBatch batch = Generated("03", 1000, 0);
   constexpr uint64_t kParts = 7;
   // Two records of 164 characters, for the payment in which the cut is wanted and the one behind it.
   constexpr size_t kSlack = 4 * 164;
@@ -239,7 +239,7 @@ TEST_F(BatchParts, AreAboutEquallyLong) {
 }
 
 TEST_F(BatchParts, NameProblemsByTheLinesOfTheWholeFiles) {
-  Batch batch;
+  PartedBatch batch;
   for (int payment = 0; payment < 1000; ++payment) batch.Add(Seq(payment));
   // Behind 600 payments of two lines each; behind the header and 700 rows.
   batch.records.insert(600 * 2 * 164, "hello\n");
@@ -256,22 +256,22 @@ TEST_F(BatchParts, NameProblemsByTheLinesOfTheWholeFiles) {
 }
 
 TEST_F(BatchParts, DoNotAllSucceedWhereARowOrAPaymentIsMissing) {
-  Batch whole;
+  PartedBatch whole;
   for (int payment = 0; payment < 1000; ++payment) whole.Add(Seq(payment % 250));
-  Batch row = whole;
+  PartedBatch row = whole;
   row.payments.erase(25 + 300 * 15, 15);
-  Batch payment = whole;
+  PartedBatch payment = whole;
   payment.records.erase(700 * 2 * 164, 2 * 164);
-  Batch round = whole;
+  PartedBatch round = whole;
   round.records.erase(300 * 2 * 164, 250 * 2 * 164);
-  for (const Batch* batch : {&row, &payment, &round}) {
+  for (const PartedBatch* batch : {&row, &payment, &round}) {
     for (const uint64_t parts : {2, 3, 8}) EXPECT_FALSE(ProblemsOf(*batch, parts).empty()) << parts;
   }
 }
 
 TEST_F(BatchParts, NameALineThatNeverEndsWhereItKeepsThemFromBeingCounted) {
   // Two numbers in turns, so that what stands before a part must be counted.
-  Batch batch;
+  PartedBatch batch;
   for (int payment = 0; payment < 9000; ++payment) batch.Add(payment % 2 == 0 ? "0001" : "0002");
   // In the third of the blocks that are counted.
   batch.records.insert(8000 * 2 * 164, std::string(size_t{17} << 20, 'a') + "\n");
@@ -285,7 +285,7 @@ TEST_F(BatchParts, NameALineThatNeverEndsWhereItKeepsThemFromBeingCounted) {
 }
 
 TEST_F(BatchParts, NeedAList) {
-  Batch batch;
+  PartedBatch batch;
   batch.Add("0001");
   batch.payments = "0001,03,,12345\n";
   for (const uint64_t part : {1, 2}) {

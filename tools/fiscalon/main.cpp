@@ -19,7 +19,7 @@
 namespace fiscalon {
 namespace {
 
-constexpr const char* kExamples = R"(Examples:
+constexpr const char* kProgramExamples = R"(Examples:
   fiscalon screens
   fiscalon collect 15 --paid-amount 12345 --paid-date 06152026
   fiscalon play examples/due_date_amount.scenario
@@ -40,7 +40,7 @@ DateTime ParseToday(const std::string& text) {
 /// The whole command line: the global options, and one line for each command.
 void DefineCommandLine(CLI::App& app, Context& context) {
   app.description("Collects what a government remittance needs beside the payment, and reads its records.");
-  app.footer(kExamples);
+  app.footer(kProgramExamples);
   app.set_version_flag("--version", "fiscalon " FISCALON_VERSION, "Print the version and exit");
   app.require_subcommand(1);
   // The global options may stand behind the command's name too.

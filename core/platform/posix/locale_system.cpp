@@ -23,14 +23,14 @@ namespace {
 
 using SystemHandle = std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(&::freelocale)>;
 
-constexpr wchar_t kNoBreakSpace = 0xA0;
+constexpr wchar_t kWideNoBreakSpace = 0xA0;
 /// No money has more; a locale that does not tell says so by a number far beyond.
 constexpr int kMostMoneyDigits = 4;
 
 /// Some systems set a narrow or thin blank between groups; the code page knows one no-break space.
 wchar_t InCodePage(wchar_t character) {
   constexpr std::wstring_view kNarrowBlanks = L"\x2007\x2009\x202F";
-  return kNarrowBlanks.find(character) == kNarrowBlanks.npos ? character : kNoBreakSpace;
+  return kNarrowBlanks.find(character) == kNarrowBlanks.npos ? character : kWideNoBreakSpace;
 }
 
 std::string FromWide(std::wstring_view wide) {

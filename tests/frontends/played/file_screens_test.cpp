@@ -2,22 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/frontends/played/complaint.h"
 #include "tests/frontends/played/play_scenario.h"
 
 namespace fiscalon {
 namespace {
 
 using testing::ElementsAre;
-
-/// What the reader says of a text that it refuses.
-std::string Complaint(std::string_view text) {
-  try {
-    ParseScenarios("s", text);
-  } catch (const ScenarioError& error) {
-    return error.what();
-  }
-  return "no complaint";
-}
 
 std::vector<std::string> Titles(std::string_view text) {
   std::vector<std::string> titles;

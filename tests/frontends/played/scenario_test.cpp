@@ -4,22 +4,13 @@
 
 #include <filesystem>
 
+#include "tests/frontends/played/complaint.h"
 #include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
 
 using testing::ElementsAre;
-
-/// What the reader says of a text that it refuses.
-std::string Complaint(std::string_view text) {
-  try {
-    ParseScenarios("s", text);
-  } catch (const ScenarioError& error) {
-    return error.what();
-  }
-  return "no complaint";
-}
 
 std::vector<std::string> Words(std::string_view line) {
   const Scenario scenario = ParseScenario("s", line);

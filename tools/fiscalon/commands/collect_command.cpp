@@ -22,7 +22,7 @@
 namespace fiscalon {
 namespace {
 
-constexpr const char* kExamples = R"(Examples:
+constexpr const char* kCollectExamples = R"(Examples:
   fiscalon collect 15 --paid-amount 12345 --paid-date 06152026 --comp-name "Summit Levies"
   fiscalon collect 15 --paid-amount 12345 --seq-number 0001 --gov-filename payment.pc4
   fiscalon collect 15 --paid-amount 12345 --record my.scenario
@@ -205,7 +205,7 @@ class Collecting {
 
 void AddCollectCommand(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("collect", "Show a screen to the user and hand out the records");
-  command->footer(kExamples);
+  command->footer(kCollectExamples);
   const auto options = std::make_shared<CollectOptions>();
   command->add_option("CODE", options->code, "The screen's code")->required();
   for (const auto& [name, help] : HostProperties())

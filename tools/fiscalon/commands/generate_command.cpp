@@ -22,7 +22,7 @@
 namespace fiscalon {
 namespace {
 
-constexpr const char* kExamples = R"(Examples:
+constexpr const char* kGenerateExamples = R"(Examples:
   fiscalon generate --payments 1000 --screen 03
   fiscalon generate --payments 1000000 --screen 20 --bad 0.01 --seed 7 --out trial
   fiscalon validate --payments trial.csv --records trial.pc4
@@ -115,7 +115,7 @@ void Generate(const GenerateOptions& options) {
 
 void AddGenerateCommand(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("generate", "Make a batch for trials, with planted defects");
-  command->footer(kExamples);
+  command->footer(kGenerateExamples);
   const auto options = std::make_shared<GenerateOptions>();
   BatchPlan* const plan = &options->plan;
   command->add_option("--payments", plan->payments, "How many payments")

@@ -10,7 +10,7 @@
 namespace fiscalon {
 namespace {
 
-constexpr const char* kExamples = R"(Examples:
+constexpr const char* kPictureExamples = R"(Examples:
   fiscalon picture 15 --out due-date.png
   fiscalon picture 15 --out filled.png --scenario examples/due_date_amount.scenario
   fiscalon picture 15 --out large.png --scale 2 --dark
@@ -91,7 +91,7 @@ ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
 
 void AddPictureCommand(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("picture", "Draw a screen as its dialog looks, into a PNG file");
-  command->footer(kExamples);
+  command->footer(kPictureExamples);
   const auto options = std::make_shared<PictureOptions>();
   command->add_option("CODE", options->code, "The screen's code")->required();
   command->add_option("--out", options->out, "The picture")->required()->type_name("FILE.png")->check(NameGiven);

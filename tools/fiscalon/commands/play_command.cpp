@@ -15,7 +15,7 @@
 namespace fiscalon {
 namespace {
 
-constexpr const char* kExamples = R"(Examples:
+constexpr const char* kPlayExamples = R"(Examples:
   fiscalon play examples/*.scenario
   fiscalon play --transcript my.scenario     every line, every handler, every box
   fiscalon play --narrate my.scenario        with pictures of the form, and the records
@@ -156,7 +156,7 @@ ExitStatus PlayFiles(const PlayOptions& options, const Context& context) {
 void AddPlayCommand(CLI::App& app, Context& context) {
   CLI::App* command =
       app.add_subcommand("play", "Play scenarios: a host and a user at a screen, and what must be seen");
-  command->footer(kExamples);
+  command->footer(kPlayExamples);
   const auto options = std::make_shared<PlayOptions>();
   command->add_option("FILE", options->files, "Scenario files")->required()->check(NameGiven);
   command

@@ -10,7 +10,7 @@
 namespace fiscalon {
 namespace {
 
-constexpr const char* kExamples = R"(Examples:
+constexpr const char* kScreensExamples = R"(Examples:
   fiscalon screens
   fiscalon screens | grep Quebec
   fiscalon screens --judged)";
@@ -34,7 +34,7 @@ void PrintScreens(const Context& context, bool judged) {
 
 void AddScreensCommand(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("screens", "List the screen codes, their forms and what each collects");
-  command->footer(kExamples);
+  command->footer(kScreensExamples);
   const auto judged = std::make_shared<bool>(false);
   command->add_flag("--judged", *judged, "Only those whose payments \"validate\" judges");
   command->callback([judged, &context] { PrintScreens(context, *judged); });

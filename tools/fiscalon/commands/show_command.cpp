@@ -18,7 +18,7 @@
 namespace fiscalon {
 namespace {
 
-constexpr const char* kExamples = R"(Examples:
+constexpr const char* kShowExamples = R"(Examples:
   fiscalon show payment.pc4
   fiscalon show payment.pc4 --screen 15      fields by their names on the screen, read as what they are
   fiscalon show payment.pc4 --json           the same for machines, as one document
@@ -144,7 +144,7 @@ ExitStatus ShowFile(const ShowOptions& options, const Context& context) {
 void AddShowCommand(CLI::App& app, Context& context) {
   CLI::App* command =
       app.add_subcommand("show", "Print the records of a file taken apart, and what is wrong with them");
-  command->footer(kExamples);
+  command->footer(kShowExamples);
   const auto options = std::make_shared<ShowOptions>();
   command->add_option("FILE", options->file, "A record file; - is standard input")->required()->check(NameGiven);
   command->add_option("--screen", options->screen, "The screen that the records come from: tells what their fields are")

@@ -20,7 +20,7 @@
 namespace fiscalon {
 namespace {
 
-constexpr const char* kExamples = R"(Examples:
+constexpr const char* kValidateExamples = R"(Examples:
   fiscalon validate --screen 03 --amount 12345 payment.pc4
   fiscalon validate --screen 20 --amount 12345 --biller 001052 payment.pc4
   fiscalon validate --payments batch.csv --records batch.pc4 --report out.csv
@@ -138,7 +138,7 @@ std::string PartGiven(const std::string& text) {
 
 void AddValidateCommand(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("validate", "Check the records of a payment, or of a batch of payments");
-  command->footer(kExamples);
+  command->footer(kValidateExamples);
   const auto options = std::make_shared<ValidateOptions>();
   BatchOptions* const batch = &options->batch;
   command->add_option("FILE", options->file, "The records of one payment; - is standard input")->check(NameGiven);
