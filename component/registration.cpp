@@ -11,7 +11,7 @@ namespace fiscalon::component {
 
 namespace {
 
-const std::wstring kClasses = L"Software\\Classes\\";
+const std::wstring kClassesKey = L"Software\\Classes\\";
 /// The system's own proxy for interfaces that a type library describes.
 const std::wstring kProxyOfTypeLibraries = L"{00020424-0000-0000-C000-000000000046}";
 
@@ -93,11 +93,11 @@ Registry RegistryOf(Audience audience) {
 }
 
 std::wstring ClassKey(const NamedType& type) {
-  return kClasses + L"CLSID\\" + type.id;
+  return kClassesKey + L"CLSID\\" + type.id;
 }
 
 std::wstring InterfaceKey(const NamedType& type) {
-  return kClasses + L"Interface\\" + type.id;
+  return kClassesKey + L"Interface\\" + type.id;
 }
 
 /// The name by which hosts create a class, which is a key too.
@@ -106,7 +106,7 @@ std::wstring ProgramId(const NamedType& type) {
 }
 
 std::wstring VersionKey(const ComponentTypes& types) {
-  return kClasses + L"TypeLib\\" + types.library + L"\\" + types.version;
+  return kClassesKey + L"TypeLib\\" + types.library + L"\\" + types.version;
 }
 
 void WriteClass(const Registry& registry, const ComponentTypes& types, const NamedType& type,
@@ -120,8 +120,8 @@ void WriteClass(const Registry& registry, const ComponentTypes& types, const Nam
   registry.Write(key + L"\\Programmable", L"", L"");
   registry.Write(key + L"\\TypeLib", L"", types.library);
   registry.Write(key + L"\\Version", L"", types.version);
-  registry.Write(kClasses + name, L"", name);
-  registry.Write(kClasses + name + L"\\CLSID", L"", type.id);
+  registry.Write(kClassesKey + name, L"", name);
+  registry.Write(kClassesKey + name + L"\\CLSID", L"", type.id);
 }
 
 void WriteInterface(const Registry& registry, const ComponentTypes& types, const NamedType& type) {
@@ -150,11 +150,11 @@ void RemoveAll(const Registry& registry, const ComponentTypes& types) {
   registry.Remove(version + L"\\0\\" + kThisWordSize);
   // Names and type library are one for both word sizes.
   if (!registry.Has(version + L"\\0\\" + kOtherWordSize)) {
-    for (const NamedType& type : types.classes) registry.Remove(kClasses + ProgramId(type));
+    for (const NamedType& type : types.classes) registry.Remove(kClassesKey + ProgramId(type));
     registry.Remove(version);
-    registry.RemoveIfEmpty(kClasses + L"TypeLib\\" + types.library);
+    registry.RemoveIfEmpty(kClassesKey + L"TypeLib\\" + types.library);
   }
-  for (const wchar_t* folder : {L"CLSID", L"Interface", L"TypeLib"}) registry.RemoveIfEmpty(kClasses + folder);
+  for (const wchar_t* folder : {L"CLSID", L"Interface", L"TypeLib"}) registry.RemoveIfEmpty(kClassesKey + folder);
   registry.RemoveIfEmpty(L"Software\\Classes");
 }
 

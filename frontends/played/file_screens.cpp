@@ -59,8 +59,8 @@ std::string ComplaintAboutCode(const std::string& code) {
   for (const LaunchRow& row : LaunchTable()) codes.push_back(row.code);
   // Most who leave a digit out leave the zero out.
   const LaunchRow* withZero = FindLaunchRow("0" + code);
-  return "there is no screen " + Quoted(code) + "; did you mean " +
-         Quoted(withZero != nullptr ? withZero->code : NearestWord(code, codes)) + "?";
+  return "there is no screen " + InQuotes(code) + "; did you mean " +
+         InQuotes(withZero != nullptr ? withZero->code : NearestWord(code, codes)) + "?";
 }
 
 /// Reads the headings of one file.
@@ -95,7 +95,7 @@ class HeadingReader {
       if (before.number >= line.number)
         return;
       if (before.verb == "scenario")
-        Refuse(line, Quoted(line.verb) + " stands ahead of the scenarios, the first of which begins in line " +
+        Refuse(line, InQuotes(line.verb) + " stands ahead of the scenarios, the first of which begins in line " +
                          std::to_string(before.number));
     }
   }
@@ -110,7 +110,7 @@ class HeadingReader {
         Refuse(line, ComplaintAboutCode(code));
       for (const FileScreen& screen : screens_)
         if (screen.code == code)
-          Refuse(line, "the screen " + Quoted(code) + " stands here twice");
+          Refuse(line, "the screen " + InQuotes(code) + " stands here twice");
       screens_.push_back(ScreenOf(*row));
     }
   }
@@ -121,11 +121,11 @@ class HeadingReader {
     if (screens_.empty())
       Refuse(line, R"("name" says what a name stands for on each of the file's "screens", which are missing)");
     if (IsOfTheLanguage(name))
-      Refuse(line, Quoted(name) + " has a meaning by itself; take another name");
+      Refuse(line, InQuotes(name) + " has a meaning by itself; take another name");
     if (screens_.front().meanings.contains(name))
-      Refuse(line, Quoted(name) + " has a meaning already, from a line above");
+      Refuse(line, InQuotes(name) + " has a meaning already, from a line above");
     if (values.size() != screens_.size())
-      Refuse(line, Quoted(name) + " needs a value for each of the " + std::to_string(screens_.size()) +
+      Refuse(line, InQuotes(name) + " needs a value for each of the " + std::to_string(screens_.size()) +
                        " screens; here are " + std::to_string(values.size()));
     try {
       for (size_t i = 0; i < values.size(); ++i)
@@ -144,13 +144,15 @@ class HeadingReader {
 /// What is wrong with a name that stands for nothing on a screen.
 std::string ComplaintAboutName(std::string_view name, const FileScreen& screen) {
   if (screen.code.empty())
-    return Quoted(name) + R"( is the code of a screen, and a line such as "screens 15 17" that names them is missing)";
+    return InQuotes(name) +
+           R"( is the code of a screen, and a line such as "screens 15 17" that names them is missing)";
   for (const ButtonName& button : kButtonNames)
     if (button.name == name)
-      return "the screen " + Quoted(screen.code) + " has no button " + Quoted(button.caption) + " for " + Quoted(name);
+      return "the screen " + InQuotes(screen.code) + " has no button " + InQuotes(button.caption) + " for " +
+             InQuotes(name);
   std::vector<std::string_view> known = {kFolderName};
   for (const auto& [each, meaning] : screen.meanings) known.push_back(each);
-  return Quoted(name) + " stands for nothing; did you mean " + Quoted(NearestWord(name, known)) + "?";
+  return InQuotes(name) + " stands for nothing; did you mean " + InQuotes(NearestWord(name, known)) + "?";
 }
 
 }  // namespace

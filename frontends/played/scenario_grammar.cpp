@@ -67,7 +67,7 @@ std::string Usage(const LineForm& form) {
 
 }  // namespace
 
-std::string Quoted(std::string_view words) {
+std::string InQuotes(std::string_view words) {
   return '"' + std::string(words) + '"';
 }
 
@@ -84,19 +84,19 @@ std::string ComplaintAbout(const ScenarioLine& line) {
   if (line.verb == "expect")
     return "\"expect\" needs to say what is expected";
   if (line.form == nullptr)
-    return Quoted(line.verb) + " is nothing that a scenario can say; did you mean " + Quoted(NearestWords(line.verb)) +
-           "?";
+    return InQuotes(line.verb) + " is nothing that a scenario can say; did you mean " +
+           InQuotes(NearestWords(line.verb)) + "?";
   const LineForm& form = *line.form;
   const size_t least = Number(form.needed), count = line.arguments.size();
   const bool fits = count == least || count == least + Number(form.perhaps) || (count > least && form.more != nullptr);
   if (!fits)
-    return Quoted(line.verb) + " takes " + Usage(form) + "; here are " + std::to_string(count);
+    return InQuotes(line.verb) + " takes " + Usage(form) + "; here are " + std::to_string(count);
   for (size_t i = 0; i < count; ++i) {
     const ArgumentKind& kind = *(i < least              ? form.needed[i]
                                  : form.more != nullptr ? form.more
                                                         : form.perhaps[i - least]);
     if (kind.fits != nullptr && !kind.fits(line.arguments[i]))
-      return Quoted(line.verb) + ": expected " + std::string(kind.wanted) + ", not " + Quoted(line.arguments[i]);
+      return InQuotes(line.verb) + ": expected " + std::string(kind.wanted) + ", not " + InQuotes(line.arguments[i]);
   }
   return form.complaint == nullptr ? std::string() : form.complaint(line.arguments);
 }

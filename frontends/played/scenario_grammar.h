@@ -59,7 +59,7 @@ std::span<const LineForm> HostExpectations();
 const LineForm* FindLineForm(std::string_view words);
 
 /// Words of a file as complaints show them.
-std::string Quoted(std::string_view words);
+std::string InQuotes(std::string_view words);
 
 /// What is wrong with a line, or an empty text: an unknown verb, too few arguments, a word that should be one of a few,
 /// a number that is none.

@@ -88,7 +88,7 @@ class RegistrationTest : public Component {
 
 const std::wstring kSession = L"{59DF283E-D04B-4201-9D14-40F0A37E9651}";
 const std::wstring kSessionInterface = L"{CA6A468F-B8D2-4F93-9932-2510454008C1}";
-const std::wstring kLibrary = L"{2CF4D79D-59C6-45C6-81C2-8CC1F3046A37}";
+const std::wstring kLibraryKey = L"{2CF4D79D-59C6-45C6-81C2-8CC1F3046A37}";
 #ifdef _WIN64
 const std::wstring kThis = L"win64";
 const std::wstring kOther = L"win32";
@@ -104,13 +104,13 @@ void ExpectRegistered(Export found) {
   EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\InprocServer32|"], path);
   EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\InprocServer32|ThreadingModel"], L"Apartment");
   EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\ProgID|"], L"Fiscalon.Levyra");
-  EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\TypeLib|"], kLibrary);
+  EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\TypeLib|"], kLibraryKey);
   EXPECT_EQ(found[at + L"Interface\\" + kSessionInterface + L"|"], L"_Levyra");
   EXPECT_EQ(found[at + L"Interface\\" + kSessionInterface + L"\\ProxyStubClsid32|"],
             L"{00020424-0000-0000-C000-000000000046}");
-  EXPECT_EQ(found[at + L"Interface\\" + kSessionInterface + L"\\TypeLib|"], kLibrary);
+  EXPECT_EQ(found[at + L"Interface\\" + kSessionInterface + L"\\TypeLib|"], kLibraryKey);
   EXPECT_EQ(found[at + L"Interface\\" + kSessionInterface + L"\\TypeLib|Version"], L"1.0");
-  EXPECT_EQ(found[at + L"TypeLib\\" + kLibrary + L"\\1.0\\0\\" + kThis + L"|"], path);
+  EXPECT_EQ(found[at + L"TypeLib\\" + kLibraryKey + L"\\1.0\\0\\" + kThis + L"|"], path);
   size_t classes = 0;
   size_t interfaces = 0;
   for (const auto& [key, text] : found) {
@@ -144,7 +144,7 @@ TEST_F(RegistrationTest, TheUsersTouchesNothingOfTheMachines) {
 TEST_F(RegistrationTest, WhatOthersHaveStays) {
   Write(machine_, L"Software\\Classes\\CLSID\\{00000000-0000-0000-0000-000000000001}");
   Write(machine_, L"Software\\Classes\\Other.Program\\CLSID");
-  Write(machine_, (L"Software\\Classes\\TypeLib\\" + kLibrary + L"\\0.9").c_str());
+  Write(machine_, (L"Software\\Classes\\TypeLib\\" + kLibraryKey + L"\\0.9").c_str());
   const Export before = All(machine_);
   EXPECT_EQ(DllRegisterServer(), S_OK);
   EXPECT_EQ(DllUnregisterServer(), S_OK);
@@ -153,12 +153,12 @@ TEST_F(RegistrationTest, WhatOthersHaveStays) {
 
 TEST_F(RegistrationTest, WhatTheOtherWordSizeNeedsStaysWithIt) {
   EXPECT_EQ(DllRegisterServer(), S_OK);
-  Write(machine_, (L"Software\\Classes\\TypeLib\\" + kLibrary + L"\\1.0\\0\\" + kOther).c_str());
+  Write(machine_, (L"Software\\Classes\\TypeLib\\" + kLibraryKey + L"\\1.0\\0\\" + kOther).c_str());
   EXPECT_EQ(DllUnregisterServer(), S_OK);
   Export left = All(machine_);
   EXPECT_EQ(left[L"Software\\Classes\\Fiscalon.Levyra\\CLSID|"], kSession);
-  EXPECT_TRUE(left.contains(L"Software\\Classes\\TypeLib\\" + kLibrary + L"\\1.0\\FLAGS|"));
-  EXPECT_FALSE(left.contains(L"Software\\Classes\\TypeLib\\" + kLibrary + L"\\1.0\\0\\" + kThis + L"|"));
+  EXPECT_TRUE(left.contains(L"Software\\Classes\\TypeLib\\" + kLibraryKey + L"\\1.0\\FLAGS|"));
+  EXPECT_FALSE(left.contains(L"Software\\Classes\\TypeLib\\" + kLibraryKey + L"\\1.0\\0\\" + kThis + L"|"));
   EXPECT_FALSE(left.contains(L"Software\\Classes\\CLSID|"));
 }
 
@@ -196,7 +196,7 @@ class ReadOnlyKey {
 };
 
 TEST_F(RegistrationTest, ARegistryThatCannotBeWrittenSaysWhereAndWhatToDo) {
-  const std::wstring path = L"Software\\Classes\\TypeLib\\" + kLibrary + L"\\1.0";
+  const std::wstring path = L"Software\\Classes\\TypeLib\\" + kLibraryKey + L"\\1.0";
   const std::wstring remedy = L" Register as an administrator, or for one user: regsvr32 /n /i:user fiscalon.dll";
   const ReadOnlyKey ofTheMachine(machine_, path);
   const ReadOnlyKey ofTheUser(user_, path);
