@@ -37,7 +37,10 @@ TEST(MappedFile, IsWhatItWasUnderAnotherName) {
   const TemporaryFolder folder;
   const auto mapped = MapPath(folder.Write("records.pc4", "PC4"));
   ASSERT_TRUE(mapped);
-  std::filesystem::rename(folder.Path("records.pc4"), folder.Path("older.pc4"));
+  std::error_code error;
+  std::filesystem::rename(folder.Path("records.pc4"), folder.Path("older.pc4"), error);
+  if (error)
+    GTEST_SKIP() << "the system gives no mapped file another name: " << error.message();
   EXPECT_FALSE(mapped->HasChanged());
 }
 
