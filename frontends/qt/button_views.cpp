@@ -1,5 +1,6 @@
 #include "frontends/qt/button_views.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -8,6 +9,7 @@
 #include <utility>
 
 #include "core/forms/form.h"
+#include "core/forms/scoped_value.h"
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/qt_text.h"
 
@@ -21,12 +23,25 @@ QAbstractButton& NewPushButton(QWidget& parent) {
   return *button;
 }
 
+/// A click leaves the state of the widget alone: the form changes it. What else changes it is an assistive program.
+template <class Native>
+class FormsToggle final : public Native {
+ public:
+  using Native::Native;
+
+ protected:
+  void nextCheckState() override {}
+};
+
 QAbstractButton& NewToggle(const ToggleButton& toggle, QWidget& parent) {
   if (toggle.Kind() == ControlKind::CheckBox)
-    return *new QCheckBox(&parent);
-  auto* button = new QRadioButton(&parent);
-  // Which options exclude each other is the form's to say.
-  button->setAutoExclusive(false);
+    return *new FormsToggle<QCheckBox>(&parent);
+  auto* button = new FormsToggle<QRadioButton>(&parent);
+  // Which options exclude each other is the form's to say: each is in a group of its own. One that would exclude none
+  // by itself would be told as a check box.
+  auto* group = new QButtonGroup(button);
+  group->setExclusive(false);
+  group->addButton(button);
   return *button;
 }
 
@@ -56,9 +71,6 @@ void AnyButtonView::ReleasedLate(QPoint globalPosition) {
 
 void AnyButtonView::Clicked() {
   Acts().Clicked(button_);
-  // The widget may have changed its state where the form did not.
-  if (button_.Owner().IsUp())
-    Refresh();
 }
 
 void AnyButtonView::Refresh() {
@@ -76,9 +88,21 @@ ButtonView::ButtonView(Button& button, QWidget& parent, WatchedActs& acts)
     : AnyButtonView(button, NewPushButton(parent), acts) {}
 
 ToggleView::ToggleView(ToggleButton& toggle, QWidget& parent, WatchedActs& acts)
-    : AnyButtonView(toggle, NewToggle(toggle, parent), acts), toggle_(toggle) {}
+    : AnyButtonView(toggle, NewToggle(toggle, parent), acts), toggle_(toggle) {
+  QObject::connect(&Native(), &QAbstractButton::toggled, &Native(), [this] { Toggled(); });
+}
+
+void ToggleView::Toggled() {
+  if (refreshing_)
+    return;
+  Acts().Click(toggle_);
+  // The form may have other ideas, such as those of an option that is already chosen.
+  if (toggle_.Owner().IsUp())
+    Refresh();
+}
 
 void ToggleView::Refresh() {
+  const ScopedValue refreshing(refreshing_, true);
   AnyButtonView::Refresh();
   Native().setCheckable(true);
   Native().setChecked(toggle_.Value());

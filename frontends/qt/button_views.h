@@ -42,7 +42,11 @@ class ToggleView final : public AnyButtonView {
   QPoint PointToPress() const override;
 
  private:
+  /// The state of the widget has changed.
+  void Toggled();
+
   ToggleButton& toggle_;
+  bool refreshing_ = false;
 };
 
 }  // namespace fiscalon::qt

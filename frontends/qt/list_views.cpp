@@ -95,15 +95,24 @@ ListBoxView::ListBoxView(ListBox& list, QWidget& parent, WatchedActs& acts)
   native_.setUniformItemSizes(true);
   Restyle();
   // The mouse and the keyboard go past the widget: what is left is an assistive program.
-  QObject::connect(&native_, &QListWidget::currentRowChanged, &native_, [this](int row) {
-    if (refreshing_)
-      return;
-    // A list to which the focus comes makes a row its current one, and selects none by that.
-    if (row >= 0 && native_.item(row)->isSelected())
-      Acts().Choose(list_, row);
-    if (list_.Owner().IsUp())
+  QObject::connect(native_.selectionModel(), &QItemSelectionModel::selectionChanged, &native_,
+                   [this](const QItemSelection& selected) {
+                     RowSelected(selected.isEmpty() ? ListControl::kNothingSelected : selected.front().top());
+                   });
+  // A list to which the focus comes makes a row its current one, and selects none by that.
+  QObject::connect(&native_, &QListWidget::currentRowChanged, &native_, [this] {
+    if (!refreshing_ && native_.selectedItems().isEmpty() && list_.Owner().IsUp())
       Refresh();
   });
+}
+
+void ListBoxView::RowSelected(int row) {
+  if (refreshing_ || !list_.Owner().IsUp())
+    return;
+  if (row != ListControl::kNothingSelected && row != list_.ListIndex())
+    Acts().Choose(list_, row);
+  if (list_.Owner().IsUp())
+    Refresh();
 }
 
 void ListBoxView::Refresh() {

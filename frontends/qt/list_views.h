@@ -52,6 +52,7 @@ class ListBoxView final : public AnyListView {
  private:
   ShownControl Content() const override;
   void ShowRow(int row);
+  void RowSelected(int row);
   /// The button comes up over that row.
   void Released(int row);
 

@@ -119,13 +119,18 @@ void TextView::EditWith(Editing&& editing) {
     SelectionMoved();
 }
 
-void TextView::Edited() {
+void TextView::TextChanged() {
   if (!refreshing_ && !editing_)
     Report(EditAct::Origin::Elsewhere);
 }
 
 void TextView::Report(EditAct::Origin origin) {
-  Acts().EditText({.field = &field_, .text = FieldText(), .selection = FieldSelection(), .origin = origin});
+  const EditAct edit = {.field = &field_, .text = FieldText(), .selection = FieldSelection(), .origin = origin};
+  // An assistive program enters texts wherever it likes: the focus comes first, as it does before all other editing.
+  if (!IsActive())
+    Acts().BringFocus(field_);
+  if (IsActive())
+    Acts().EditText(edit);
   if (field_.Owner().IsUp())
     Refresh();
 }
@@ -180,7 +185,7 @@ LineView::LineView(TextField& field, QWidget& parent, WatchedActs& acts)
   if (field.MaxLength() != FieldDesign::kNoLimit)
     native_.setMaxLength(field.MaxLength());
   Restyle();
-  QObject::connect(&native_, &QLineEdit::textEdited, &native_, [this] { Edited(); });
+  QObject::connect(&native_, &QLineEdit::textChanged, &native_, [this] { TextChanged(); });
   QObject::connect(&native_, &QLineEdit::selectionChanged, &native_, [this] { SelectionMoved(); });
   QObject::connect(&native_, &QLineEdit::cursorPositionChanged, &native_, [this] { SelectionMoved(); });
 }
@@ -238,7 +243,7 @@ MultiLineView::MultiLineView(TextField& field, QWidget& parent, WatchedActs& act
     : TextView(field, *new QPlainTextEdit(&parent), acts), native_(static_cast<QPlainTextEdit&>(Widget())) {
   native_.setTabChangesFocus(true);
   Restyle();
-  QObject::connect(&native_, &QPlainTextEdit::textChanged, &native_, [this] { Edited(); });
+  QObject::connect(&native_, &QPlainTextEdit::textChanged, &native_, [this] { TextChanged(); });
   QObject::connect(&native_, &QPlainTextEdit::selectionChanged, &native_, [this] { SelectionMoved(); });
   QObject::connect(&native_, &QPlainTextEdit::cursorPositionChanged, &native_, [this] { SelectionMoved(); });
 }

@@ -27,8 +27,8 @@ class TextView : public ControlView {
   TextView(TextField& field, QWidget& native, WatchedActs& acts) : ControlView(field, native, acts), field_(field) {}
 
   TextField& Field() const { return field_; }
-  /// Signals of the native editor: its text was edited, its caret or selection moved.
-  void Edited();
+  /// Signals of the native editor: its text has changed, its caret or selection moved.
+  void TextChanged();
   void SelectionMoved();
   /// The palette of the editor: shaded where the field is locked.
   QPalette Shades() const;

@@ -33,6 +33,8 @@ TEST_F(Accessibility, NamesFieldsAsTheirLabelsRead) {
     EXPECT_EQ(NameOf(dialog, form.cmdOK), "OK");
     EXPECT_EQ(NameOf(dialog, form.chkFinal), "Final payment");
     EXPECT_EQ(NameOf(dialog, form.optFirst), "First");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&dialog.WidgetOf(form.optFirst))->role(), QAccessible::RadioButton);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&dialog.WidgetOf(form.chkFinal))->role(), QAccessible::CheckBox);
     EXPECT_EQ(NameOf(dialog, form.fraKind), "Kind of payment");
     EXPECT_EQ(NameOf(dialog, form.lblAmount), "$123.45");
     EXPECT_EQ(Read(dialog, form.lblAmount, QAccessible::Description), "Amount to be paid");
