@@ -17,12 +17,22 @@ HRESULT WithTypes(REFIID interfaceId, Act&& act) noexcept {
   }
 }
 
-void SayMismatch() noexcept {
+/// What is refused before the object hears of the call, said as the object would say it.
+void SayRefused(HRESULT refused) noexcept {
   try {
-    Raise(error_number::kTypeMismatch);
+    if (refused == DISP_E_TYPEMISMATCH)
+      Raise(error_number::kTypeMismatch);
+    if (refused == DISP_E_OVERFLOW)
+      Raise(error_number::kOverflow);
   } catch (...) {
     ReportFailure(IID_IDispatch);
   }
+}
+
+/// A script that makes a statement of a member, or an enumerator of a collection, asks for a method, whether it is one
+/// or a property. Not the other way round: whoever looks at a property must not set a method off.
+WORD FlagsOf(const MemberCall& call) {
+  return (call.flags & DISPATCH_METHOD) != 0 ? call.flags | DISPATCH_PROPERTYGET : call.flags;
 }
 
 void Forget(EXCEPINFO& exception) {
@@ -62,15 +72,14 @@ HRESULT CallMember(REFIID interfaceId, void* object, const MemberCall& call) {
     EXCEPINFO exception = {};
     HRESULT called =
         TypeInformation(interfaceId)
-            ->Invoke(object, call.member, call.flags, call.arguments, call.result, &exception, call.wrongArgument);
+            ->Invoke(object, call.member, FlagsOf(call), call.arguments, call.result, &exception, call.wrongArgument);
     if (call.exception != nullptr)
       *call.exception = exception;
     else
       Forget(exception);
     if (called == E_NOINTERFACE)
       called = DISP_E_TYPEMISMATCH;
-    if (called == DISP_E_TYPEMISMATCH)
-      SayMismatch();
+    SayRefused(called);
     return called;
   });
 }

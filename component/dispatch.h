@@ -30,7 +30,7 @@ struct MemberCall {
 };
 
 /// Turns each argument into the type that the member takes, and calls it. An object that lacks the wanted interface is
-/// a mismatch of types like any other.
+/// a mismatch of types like any other. A property is read also for who calls it as a method.
 HRESULT CallMember(REFIID interfaceId, void* object, const MemberCall& call);
 
 }  // namespace fiscalon::component

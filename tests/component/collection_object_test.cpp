@@ -122,9 +122,25 @@ TEST_P(CollectionTest, ItemIsTheDefaultMember) {
   EXPECT_EQ(called.value.Object(), first.value.Object());
 }
 
+TEST_P(CollectionTest, PropertiesAreReadByWhoCallsThemAsMethods) {
+  const Called first = Add(L"1");
+  EXPECT_EQ(Do(collection_.Get(), L"Item", {1}).value.Object(), first.value.Object());
+  EXPECT_EQ(Do(collection_.Get(), L"Item", {2}).failed, RunTimeError(9, L"Subscript out of range"));
+  EXPECT_EQ(Do(collection_.Get(), L"Count").value.Number(), 1);
+  EXPECT_EQ(Call(collection_.Get(), DISPID_NEWENUM, DISPATCH_METHOD).value.Type(), VT_UNKNOWN);
+  EXPECT_EQ(Call(collection_.Get(), DISPID_NEWENUM, DISPATCH_PROPERTYGET).value.Type(), VT_UNKNOWN);
+}
+
+TEST_P(CollectionTest, NoMethodRunsForWhoReadsAProperty) {
+  Add(L"1");
+  EXPECT_EQ(Get(collection_.Get(), L"Clear").code, DISP_E_MEMBERNOTFOUND);
+  EXPECT_EQ(Count(), 1);
+}
+
 TEST_P(CollectionTest, AnUnknownPositionIsError9) {
   Add(L"1");
-  for (const HostValue& position : {HostValue(0), HostValue(2), HostValue(-1), HostValue(1e10), HostValue(0.5)})
+  for (const HostValue& position :
+       {HostValue(0), HostValue(2), HostValue(-1), HostValue(1e10), HostValue(4294967297.0), HostValue(0.5)})
     EXPECT_EQ(Look(position).failed, RunTimeError(9, L"Subscript out of range"));
 }
 

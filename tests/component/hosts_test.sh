@@ -10,7 +10,7 @@ readonly component=$1 host=$2 fillForm=$3
 folder=$(mktemp -d)
 cd "$folder"
 cp "$component/fiscalon.dll" "$component/fiscalon.manifest" .
-cp "$root"/examples/windows/{payment.vbs,payment.exe.manifest,batch.csv,batch.pc4} "$root/tests/component/every_member.vbs" .
+cp "$root"/examples/windows/{payment.vbs,payment.exe.manifest,batch.csv,batch.pc4} "$root"/tests/component/{every_member.vbs,collections.js} .
 cp "$host" payment.exe
 cp "$fillForm" fill_form.exe
 End() {
@@ -89,6 +89,8 @@ Expect 2 fill_form.exe "$typed" '&OK' cscript //nologo payment.vbs 15 'Q:\record
 ExpectLines 'Error 76 from Fiscalon.ShowLevyraScreen: Path not found'
 Expect 0 cscript //nologo every_member.vbs "$(winepath -w .)"
 ExpectLines '197 looked at, 0 wrong'
+Expect 0 cscript //nologo collections.js
+ExpectLines '27 looked at, 0 wrong'
 Expect 0 regsvr32 /s /u fiscalon.dll
 Classes after
 cmp before after

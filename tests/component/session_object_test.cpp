@@ -4,8 +4,10 @@
 #include "core/host_setup.h"
 #include "core/module_state.h"
 #include "core/module_to_change.h"
+#include "core/value_routines.h"
 #include "frontends/scripted/scripted_toolkit.h"
 #include "tests/component/host.h"
+#include "tests/support/users_setting.h"
 
 namespace fiscalon::component {
 namespace {
@@ -116,7 +118,7 @@ TEST_F(SessionTest, HoldFlagIsAByte) {
   EXPECT_EQ(session->put_APHoldFlg(255), S_OK);
   EXPECT_EQ(session->get_APHoldFlg(&flag), S_OK);
   EXPECT_EQ(flag, 255);
-  EXPECT_EQ(Put(session.Get(), L"APHoldFlg", 256).code, DISP_E_OVERFLOW);
+  EXPECT_EQ(FailureOf(Put(session.Get(), L"APHoldFlg", 256).code), (Failed{DISP_E_OVERFLOW, L"Fiscalon", L"Overflow"}));
   EXPECT_EQ(Get(session.Get(), L"APHoldFlg").value.Type(), VT_UI1);
 }
 
@@ -159,6 +161,20 @@ TEST_F(SessionTest, ANewSessionAsksForTheDecimalSeparator) {
   ModuleToChange().decimalSeparator = "?";
   NewSession();
   EXPECT_EQ(TheModule().decimalSeparator, ",");
+}
+
+TEST_F(SessionTest, ANewSessionFollowsTheUsersSettings) {
+  UseLocale("system");
+  {
+    const UsersSetting now(LOCALE_SDECIMAL, L";");
+    NewSession();
+    EXPECT_EQ(TheModule().decimalSeparator, ";");
+    EXPECT_EQ(KeepNumericChars("1,2;3.4"), "12;34");
+  }
+  EXPECT_NE(KeepNumericChars("1,2;3.4"), "12;34");
+  EXPECT_EQ(TheModule().decimalSeparator, ";");
+  NewSession();
+  EXPECT_NE(TheModule().decimalSeparator, ";");
 }
 
 TEST_F(SessionTest, TextsAreOfTheCodePageInside) {
@@ -340,9 +356,15 @@ TEST_F(SessionTest, AnotherThreadIsTurnedAwayWhileTheFormIsUp) {
   const Reference<_Levyra> other = NewSession();
   host.toolkit.onForm = [&](Form&, UserDriver&) {
     std::thread([&] {
-      EXPECT_EQ(FailureOf(other->put_MainPath(HostText(L"x"))),
-                (Failed{RPC_E_SERVERCALL_RETRYLATER, L"Fiscalon",
-                        L"A screen is open on another thread of this program. Call again when it is closed."}));
+      const Failed turnedAway = {RPC_E_SERVERCALL_RETRYLATER, L"Fiscalon",
+                                 L"A screen is open on another thread of this program. Call again when it is closed."};
+      EXPECT_EQ(FailureOf(other->put_MainPath(HostText(L"x"))), turnedAway);
+      HostText text;
+      EXPECT_EQ(FailureOf(other->get_SeqNumber(text.Place())), turnedAway);
+      Reference<IClassFactory> factory;
+      EXPECT_EQ(
+          FailureOf(DllGetClassObject(__uuidof(Levyra), IID_IClassFactory, reinterpret_cast<void**>(factory.Place()))),
+          turnedAway);
     }).join();
   };
   host.Show();
