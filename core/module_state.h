@@ -51,7 +51,7 @@ const ModuleState& TheModule();
 /// The installed front end. Error 91 where a host has installed none, with the remedy in the description.
 Toolkit& TheToolkit();
 
-/// Asks the system for the user's locale as it is now, unless the host has fixed one. It takes a tenth of a
+/// Asks the system for the user's locale as it is now, unless the host has fixed one. It may take a
 /// millisecond: too long for what is done a million times.
 const Locale& AskForLocale();
 
