@@ -69,7 +69,7 @@ class ScenarioRun {
   void PlayLine();
   void BeginTurn(const ScenarioLine& line);
   void PlayWhileUp(Form& form, UserDriver& user);
-  MessageAnswer AnswerBox(const BoxRequest& box);
+  MessageAnswer AnswerBox(const BoxRequest& shown);
   void Notice(SeenThing thing);
   void RefuseUnclaimed() const;
   Arguments WithFolder(Arguments arguments) const;

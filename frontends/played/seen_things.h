@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "core/forms/toolkit.h"
@@ -15,6 +16,9 @@ struct SeenHelp {
   std::string file = {};
   int32_t context = 0;
 };
+
+/// What the window of a box without a title of its own bears: the application's name.
+constexpr std::string_view kApplicationTitle = "Fiscalon";
 
 /// What a user is shown in passing, and a scenario must claim.
 using SeenThing = std::variant<BoxRequest, SeenBeep, SeenHelp>;

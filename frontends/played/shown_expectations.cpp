@@ -8,9 +8,6 @@
 namespace fiscalon {
 namespace {
 
-/// What a box without a title bears: the application's name.
-constexpr std::string_view kDefaultTitle = "Fiscalon";
-
 std::string YesNo(bool value) {
   return value ? "yes" : "no";
 }
@@ -30,7 +27,7 @@ void ExpectMessage(ScenarioRun& run, const Arguments& arguments) {
     if (!withTitle)
       box->title.clear();
     else if (box->title.empty())
-      box->title = kDefaultTitle;
+      box->title = kApplicationTitle;
   }
   run.Compare(expected, Described(seen));
 }

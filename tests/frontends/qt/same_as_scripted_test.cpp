@@ -4,6 +4,7 @@
 
 #include "frontends/qt/form_dialog.h"
 #include "frontends/qt/played_qt_toolkit.h"
+#include "tests/support/told_boxes.h"
 #include "tests/support/walk.h"
 
 namespace fiscalon::qt {
@@ -28,6 +29,11 @@ INSTANTIATE_TEST_SUITE_P(AllForms, QtFrontEndOnEachForm, testing::ValuesIn(AllFo
 TEST(QtFrontEnd, DoesWhatTheScriptedOneDoesWithEveryKindOfControl) {
   PlayedQtToolkit played;
   WalkOverEveryKind(played, IsLong() ? 20'000 : 100);
+}
+
+TEST(QtFrontEnd, TellsBoxesWithTheirOwnTitles) {
+  PlayedQtToolkit played;
+  ExpectBoxesToldWithTheirOwnTitles(played);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "frontends/win32/played_win32_toolkit.h"
+#include "tests/support/told_boxes.h"
 #include "tests/support/walk.h"
 
 namespace fiscalon::win32 {
@@ -28,6 +29,11 @@ INSTANTIATE_TEST_SUITE_P(AllForms, Win32FrontEndOnEachForm, testing::ValuesIn(Al
 TEST(Win32FrontEnd, DoesWhatTheScriptedOneDoesWithEveryKindOfControl) {
   PlayedWin32Toolkit played;
   WalkOverEveryKind(played, IsLong() ? 1000 : 40, kSettings);
+}
+
+TEST(Win32FrontEnd, TellsBoxesWithTheirOwnTitles) {
+  PlayedWin32Toolkit played;
+  ExpectBoxesToldWithTheirOwnTitles(played);
 }
 
 }  // namespace
