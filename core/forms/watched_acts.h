@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 #include "core/forms/act_watcher.h"
@@ -23,6 +24,12 @@ class WatchedActs {
   /// Another window, such as a message box, blocks the dialog.
   void Interrupted() { ++interruptions_; }
   int Interruptions() const { return interruptions_; }
+
+  /// The form has moved the focus.
+  void FocusMoved(FocusBy by) { moved_ = by; }
+  /// Whether code has moved the focus since the last press began, and the press itself not since: a field that was
+  /// pressed has it by code then, its whole text selected.
+  bool IsFocusGiven() const { return moved_ == FocusBy::KeyboardOrCode; }
 
   KeyOutcome Key(const KeyStroke& stroke) {
     KeyOutcome outcome;
@@ -48,6 +55,7 @@ class WatchedActs {
   void SelectText(TextField& field, Selection selection) { acts_.SelectText(field, selection); }
   bool Press(Control& control) {
     bool clicks = false;
+    moved_.reset();
     Do(PressAct{&control}, [&] { clicks = acts_.Press(control); });
     pressed_ = clicks ? &control : nullptr;
     return clicks;
@@ -101,6 +109,7 @@ class WatchedActs {
   const Control* pressed_ = nullptr;
   int depth_ = 0;
   int interruptions_ = 0;
+  std::optional<FocusBy> moved_ = {};
 };
 
 }  // namespace fiscalon

@@ -53,8 +53,9 @@ class ControlView {
   /// The native editing of a composed character that the form has let through.
   virtual void Insert(char /*character*/) {}
 
-  /// A mouse button goes down or comes up. True: nothing is left for the widget to do.
+  /// A mouse button goes down, the mouse moves with it, or it comes up. True: nothing is left for the widget to do.
   virtual bool MousePressed(QMouseEvent& event);
+  virtual bool MouseMoved() { return false; }
   virtual bool MouseReleased(QMouseEvent& /*event*/) { return false; }
   /// A mouse button comes up that Qt gives to no widget, since another window was up while it was down.
   virtual void ReleasedLate(QPoint /*globalPosition*/) {}

@@ -197,6 +197,8 @@ bool FormDialog::eventFilter(QObject* watched, QEvent* event) {
       return view != nullptr && watched == &view->MouseArea() && view->MousePressed(*static_cast<QMouseEvent*>(event));
     case QEvent::MouseButtonRelease:
       return view != nullptr && watched == &view->MouseArea() && view->MouseReleased(*static_cast<QMouseEvent*>(event));
+    case QEvent::MouseMove:
+      return view != nullptr && watched == &view->MouseArea() && view->MouseMoved();
     case QEvent::Wheel:
       return view != nullptr && view->WheelTurned();
     case QEvent::WindowBlocked:
@@ -309,11 +311,12 @@ void FormDialog::ControlChanged(const Control& control) {
 void FormDialog::FocusMoved(const Control& /*control*/, FocusBy by) {
   // Styles mark the button or the list that has the focus for users who go by keyboard.
   setAttribute(Qt::WA_KeyboardFocusChange, by != FocusBy::Mouse);
+  acts_.FocusMoved(by);
   AlignFocus();
 }
 
 void FormDialog::CaptionChanged() {
-  setWindowTitle(ToQt(form_.Caption()));
+  setWindowTitle(AsTitle(ToQt(form_.Caption())));
 }
 
 void FormDialog::ShowEnded() {

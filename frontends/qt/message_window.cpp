@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QGuiApplication>
 #include <QPushButton>
+#include <QWindow>
 #include <algorithm>
 #include <array>
 
@@ -53,7 +54,7 @@ std::unique_ptr<QMessageBox> NewMessageWindow(const BoxRequest& box, QWidget* pa
   window->setAttribute(Qt::WA_QuitOnClose, false);
   window->setTextFormat(Qt::PlainText);
   window->setText(WithPlainLineEnds(ToQt(box.text)));
-  window->setWindowTitle(box.title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(box.title));
+  window->setWindowTitle(AsTitle(box.title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(box.title)));
   window->setIcon(
       std::find_if(kStyles.begin(), kStyles.end(), [&](const StyleRow& row) { return row.style == box.style; })->icon);
   window->setStandardButtons(ButtonsOf(box));
@@ -70,7 +71,7 @@ BoxRequest ShownIn(const QMessageBox& window) {
                       .buttons = buttons.testFlag(QMessageBox::Yes)      ? MessageButtons::YesNo
                                  : buttons.testFlag(QMessageBox::Cancel) ? MessageButtons::OkCancel
                                                                          : MessageButtons::Ok,
-                      .title = FromQt(window.windowTitle())};
+                      .title = FromQt(window.windowHandle()->title())};
   if (window.defaultButton() != ButtonFor(window, shown.DefaultAnswer()))
     shown.defaultButton = DefaultButton::Second;
   return shown;

@@ -10,7 +10,7 @@ namespace fiscalon::qt {
 /// A message box as a window over its parent: icon, plain text, buttons, default button and title.
 std::unique_ptr<QMessageBox> NewMessageWindow(const BoxRequest& box, QWidget* parent);
 
-/// What a user sees in such a window, read back from it.
+/// What a user sees in such a window, read back from it once it is shown.
 BoxRequest ShownIn(const QMessageBox& window);
 
 /// The button that gives an answer; null where the window has none.

@@ -121,7 +121,7 @@ void QtDriver::CloseWindow(CloseReason reason) {
 }
 
 std::string QtDriver::Title() {
-  return FromQt(dialog_.windowTitle());
+  return FromQt(dialog_.windowHandle()->title());
 }
 
 std::string QtDriver::FocusName() {

@@ -26,6 +26,11 @@ inline QString WithPlainLineEnds(QString text) {
   return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
 }
 
+/// As a window's title: there "[*]" is the place of a mark for changes, unless it stands twice.
+inline QString AsTitle(QString text) {
+  return text.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
 /// What an editor of several lines holds. The plain text of a document would lose no-break spaces; its raw text has
 /// marks of its own for line ends.
 inline QString TextOfDocument(const QTextDocument& document) {

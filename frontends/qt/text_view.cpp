@@ -66,11 +66,17 @@ void TextView::Refresh() {
   SetLocked(field_.Locked());
   if (const QString text = WithPlainLineEnds(ToQt(field_.Text())); text != NativeText())
     SetNativeText(text);
-  if (IsActive() && FieldSelection() != field_.Selected()) {
-    const Selection selection = field_.Selected();
-    const int start = PositionInEditor(field_.Text(), selection.start);
-    SetNativeSelection({.start = start, .length = PositionInEditor(field_.Text(), selection.End()) - start});
-  }
+  const Selection selection = field_.Selected();
+  if (!ShowsSelection() || FieldSelection() == selection)
+    return;
+  const int start = PositionInEditor(field_.Text(), selection.start);
+  SetNativeSelection({.start = start, .length = PositionInEditor(field_.Text(), selection.End()) - start});
+}
+
+bool TextView::ShowsSelection() const {
+  // A field that was left shows none. Where the focus can't go, there is no caret either.
+  const bool selects = field_.Selected().length > 0 || FieldSelection().length > 0;
+  return IsActive() || (selects && !field_.CanTakeFocus());
 }
 
 void TextView::Edit(const KeyOutcome& outcome, QKeyEvent& event) {
@@ -141,8 +147,14 @@ void TextView::SelectionMoved() {
 }
 
 bool TextView::MousePressed(QMouseEvent& /*event*/) {
-  // Any button brings the focus, as it does natively; where it stays, the editor places its caret.
-  return Press() != AfterPress::Goes;
+  // Any button brings the focus, as it does natively; where it stays, the editor places its caret, unless checks have
+  // taken the focus and given it back.
+  pressIsOver_ = Press() != AfterPress::Goes || Acts().IsFocusGiven();
+  return pressIsOver_;
+}
+
+bool TextView::MouseReleased(QMouseEvent& /*event*/) {
+  return std::exchange(pressIsOver_, false);
 }
 
 QPoint TextView::PointToPress() const {

@@ -16,6 +16,8 @@ class TextView : public ControlView {
   void Edit(const KeyOutcome& outcome, QKeyEvent& event) override;
   void Insert(char character) override;
   bool MousePressed(QMouseEvent& event) override;
+  bool MouseMoved() override { return pressIsOver_; }
+  bool MouseReleased(QMouseEvent& event) override;
   QPoint PointToPress() const override;
 
   // The native editor's text and selection. Positions count its own characters.
@@ -49,6 +51,8 @@ class TextView : public ControlView {
   bool CollapseSelection(const QKeyEvent& event);
   /// The editor shows the field's text.
   bool IsAligned() const;
+  /// Whether the editor is to have the field's selection.
+  bool ShowsSelection() const;
   // What the editor holds, as a field holds it.
   std::string FieldText() const;
   Selection FieldSelection() const;
@@ -56,6 +60,8 @@ class TextView : public ControlView {
   TextField& field_;
   bool refreshing_ = false;
   bool editing_ = false;
+  /// Of a press that was none of the editor's nothing more is its own.
+  bool pressIsOver_ = false;
 };
 
 class LineView final : public TextView {

@@ -393,7 +393,8 @@ void FormWindow::ControlChanged(const Control& control) {
     Settle();
 }
 
-void FormWindow::FocusMoved(const Control& /*control*/, FocusBy /*by*/) {
+void FormWindow::FocusMoved(const Control& /*control*/, FocusBy by) {
+  acts_.FocusMoved(by);
   AlignFocus();
 }
 

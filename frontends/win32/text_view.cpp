@@ -141,11 +141,17 @@ void TextView::Refresh() {
   SetLimit();
   ShowText(WantedText());
   ShowBeginning();
-  if (!IsActive() || FieldSelection() == field_.Selected())
-    return;
   const Selection selection = field_.Selected();
+  if (!ShowsSelection() || FieldSelection() == selection)
+    return;
   const int start = PositionAmongWhole(field_.Text(), selection.start);
   SetNativeSelection({.start = start, .length = PositionAmongWhole(field_.Text(), selection.End()) - start});
+}
+
+bool TextView::ShowsSelection() const {
+  // A field that was left shows none. Where the focus can't go, there is no caret either.
+  const bool selects = field_.Selected().length > 0 || FieldSelection().length > 0;
+  return IsActive() || (selects && !field_.CanTakeFocus());
 }
 
 void TextView::ShowBeginning() {
@@ -249,8 +255,9 @@ void TextView::Notified(int code) {
 }
 
 bool TextView::MousePressed(UINT /*message*/, POINT /*place*/) {
-  // Any button brings the focus, as it does natively; where it stays, the editor places its caret.
-  return Press() != AfterPress::Goes;
+  // Any button brings the focus, as it does natively; where it stays, the editor places its caret, unless checks have
+  // taken the focus and given it back.
+  return Press() != AfterPress::Goes || Acts().IsFocusGiven();
 }
 
 void TextView::SelectionMoved() {

@@ -42,6 +42,8 @@ class TextView final : public ControlView {
   /// The text as the editor has it: its line ends are all of one kind.
   std::wstring WantedText() const;
   bool IsAligned() const { return TextOfWindow(Window()) == WantedText(); }
+  /// Whether the editor is to have the field's selection.
+  bool ShowsSelection() const;
   // What the editor holds, as a field holds it.
   std::string FieldText() const;
   Selection FieldSelection() const;

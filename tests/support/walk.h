@@ -91,7 +91,7 @@ class Walk {
 
   void Look(const Form& form, UserDriver& user) {
     const std::string focus = user.FocusName();
-    std::string seen = "focus " + focus;
+    std::string seen = "title " + user.Title() + " | focus " + focus;
     for (Control* control : form.Controls()) {
       seen.append(" | ").append(control->Name()).append(" ").append(user.Text(*control));
       if (!user.Enabled(*control))
@@ -104,7 +104,9 @@ class Walk {
         seen += " locked";
       if (const int rows = user.Items(*control); rows != 0)
         seen.append(" rows ").append(std::to_string(rows));
-      if (focus == control->Name())
+      // A field that was left may keep its selection or not, unseen.
+      const bool isClosed = control->Kind() == ControlKind::TextField && !control->CanTakeFocus();
+      if (focus == control->Name() || isClosed)
         seen.append(" <").append(user.SelectedText(*control)).append(">");
     }
     Note(WithPlainLineEnds(seen));

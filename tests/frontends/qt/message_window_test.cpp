@@ -26,6 +26,14 @@ TEST(MessageWindow, CarriesTheApplicationsNameWithoutATitle) {
   QGuiApplication::setApplicationDisplayName(before);
 }
 
+TEST(MessageWindow, ShowsTheMarksOfItsTitle) {
+  for (const char* title : {"[*]", "Blue [*] Sky", "[*][*]Blue[*]", "[[*]*]"}) {
+    const auto window = NewMessageWindow({.text = "x", .title = title}, nullptr);
+    window->show();
+    EXPECT_EQ(ShownIn(*window).title, title);
+  }
+}
+
 TEST(MessageWindow, HasTheIconOfEachStyle) {
   const auto iconOf = [](MessageStyle style) {
     return NewMessageWindow({.text = "x", .style = style}, nullptr)->icon();
@@ -81,7 +89,9 @@ TEST(MessageWindow, ReadsBackWhatItShows) {
                        .buttons = MessageButtons::YesNo,
                        .defaultButton = DefaultButton::Second,
                        .title = "Date Warning"};
-  const BoxRequest shown = ShownIn(*NewMessageWindow(box, nullptr));
+  const auto window = NewMessageWindow(box, nullptr);
+  window->show();
+  const BoxRequest shown = ShownIn(*window);
   EXPECT_EQ(shown.text, box.text);
   EXPECT_EQ(shown.style, box.style);
   EXPECT_EQ(shown.buttons, box.buttons);

@@ -62,6 +62,28 @@ TEST_F(Mouse, ClicksNothingWhereACheckPullsTheFocusBack) {
   });
 }
 
+TEST_F(Mouse, SelectsTheWholeTextWhereCodeGivesTheFocusBack) {
+  // The check of the total takes the focus from the period, whose own check takes it back.
+  form.when["txtTotal_LostFocus"] = [this] { form.txtTotal.SetFocus(); };
+  form.when["txtPeriod_LostFocus"] = [this] {
+    if (!form.txtPeriod.Text().empty())
+      form.txtPeriod.SetFocus();
+  };
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    user.Click(form.txtTotal);
+    form.txtPeriod.Text("2026");
+    const QPoint place = Middle(dialog, form.txtPeriod);
+    QTest::mousePress(dialog.windowHandle(), Qt::LeftButton, {}, place);
+    QTest::mouseMove(dialog.windowHandle(), place - QPoint(20, 0));
+    QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, place - QPoint(20, 0));
+    EXPECT_EQ(user.FocusName(), "txtPeriod");
+    EXPECT_EQ(user.SelectedText(form.txtPeriod), "2026");
+    // A press on the field that has the focus places the caret again.
+    QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(user.SelectedText(form.txtPeriod), "");
+  });
+}
+
 TEST_F(Mouse, CompletesTheClickWhereACheckShowsABoxAndLetsGo) {
   form.when["txtPeriod_LostFocus"] = [this] { toolkit.ShowMessage({.text = "That is another year."}); };
   Show(form, [&](FormDialog&, UserDriver& user) {
