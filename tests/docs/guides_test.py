@@ -83,5 +83,49 @@ class Guides(unittest.TestCase):
                 self.assertEqual(played.returncode, 0, played.stdout + played.stderr)
 
 
+class AScreen(unittest.TestCase):
+    """The list of what a screen touches, at the end of its guide, is true of each, and complete."""
+
+    # A file that names most of the screens has a line for each.
+    MOST = 2 / 3
+    # These name screens as examples, or tell of a release; a further screen needs no line there.
+    NO_LINE = {"docs/performance.md", "tests/screens/field_names_test.cpp", "tests/screens/launch_table_test.cpp"}
+
+    def setUp(self):
+        guide = (TREE / "docs/adding-a-screen.md").read_text(encoding="utf-8")
+        self.touched = re.findall(r"(?m)^\d+\. .*`([^`]+)`$", guide)
+        table = (TREE / "screens/launch_table.cpp").read_text(encoding="utf-8")
+        self.codes = dict(re.findall(r'LaunchRow\{"(\d\d)", +"\w+", *"(\w+)"', table))
+        self.headers = {name: file for file in (TREE / "screens").glob("*/*.h") if file.parent.name != "parts"
+                        for name in re.findall(r"(?m)^class (\w+) (?:final )?: public Screen\b", file.read_text(encoding="utf-8"))}
+
+    def places(self, code):
+        header = self.headers[self.codes[code]]
+        return [TREE / each.replace("<folder>", header.parent.name).replace("<name>", header.stem).replace("<code>", code)
+                for each in self.touched]
+
+    def test_touches_ten_files_or_folders_at_most(self):
+        self.assertTrue(0 < len(self.touched) <= 10)
+
+    def test_has_all_that_is_told(self):
+        for form in set(self.codes.values()):
+            drawn = min(code for code, name in self.codes.items() if name == form)
+            for place in self.places(drawn):
+                self.assertTrue(place.exists(), f"{form} has no {place.relative_to(TREE)}")
+
+    def test_has_no_line_in_another_file(self):
+        listed = subprocess.run(["git", "-C", TREE, "ls-files"], capture_output=True, text=True)
+        if listed.returncode != 0:
+            self.skipTest("there is no list of the tree's files")
+        naming = set()
+        for name in filter(lambda each: (TREE / each).is_file(), listed.stdout.splitlines()):
+            words = set(re.findall(r'"\d\d"|\d\d\.png|\w+', (TREE / name).read_text(encoding="latin-1")))
+            named = [code for code, form in self.codes.items()
+                     if words & {f'"{code}"', f"{code}.png", form, self.headers[form].stem}]
+            if len(named) > self.MOST * len(self.codes):
+                naming.add(name)
+        self.assertEqual(naming - self.NO_LINE, {each for each in self.touched if "<" not in each})
+
+
 if __name__ == "__main__":
     unittest.main()

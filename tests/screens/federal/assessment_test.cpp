@@ -5,12 +5,24 @@
 #include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::assessment_test {
 namespace {
 
 using testing::ElementsAre;
 using testing::MatchesRegex;
+
+const bool kFormTold =
+    Tell({.codes = {"01"},
+          .routine = "ShowAssessmentForm",
+          .form = "Assessment",
+          .controls = {"3 WCBstatementonly(0)", "4 WCBstatementonly(1)", "5 WCBperiodfrommm",   "6 WCBperiodtomm",
+                       "7 WCBperiodyyyy",       "8 WCBclass(0)",         "9 WCBassessment(0)",  "10 WCBclass(1)",
+                       "11 WCBassessment(1)",   "12 WCBclass(2)",        "13 WCBassessment(2)", "14 WCBclass(3)",
+                       "15 WCBassessment(3)",   "16 WCBclass(4)",        "17 WCBassessment(4)", "18 WCBclass(5)",
+                       "19 WCBassessment(5)",   "- WCBpayeename",        "- Command3D6",        "- Command3D5",
+                       "- Command3D4"}});
 
 constexpr const char* kAskMonth = "Please enter the month for the start of the period.";
 constexpr const char* kAskYear = "Please enter year field.";

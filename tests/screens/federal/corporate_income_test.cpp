@@ -5,11 +5,19 @@
 #include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::corporate_income_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold =
+    Tell({.codes = {"02"},
+          .routine = "ShowCorpIncomeForm",
+          .form = "GOVCORPINCOME",
+          .controls = {"0 optRC99", "1 optRC100", "3 ArrearsPayment", "4 InstalmentPayment", "5 EndDate",
+                       "6 Command3D6", "7 Command3D5", "8 Command3D4", "19 PayeeName"}});
 
 constexpr const char* kNoInstalment = "Instalment Payment cannot be 0.";
 constexpr const char* kNothingOwing = "Amounts Owing Payment cannot be 0.";

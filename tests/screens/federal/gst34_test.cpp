@@ -2,9 +2,18 @@
 
 #include "tests/screens/federal/gst34_entries.h"
 #include "tests/support/raises.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::gst34_test {
 namespace {
+
+const bool kFormTold =
+    Tell({.codes = {"05"},
+          .routine = "ShowGST34Form",
+          .form = "GOVGST34",
+          .controls = {"1 PeriodStartDate", "2 PeriodEndDate", "3 SalesRevenue", "4 InstalmentPayment", "5 Rebates",
+                       "6 RealProperty", "7 ImportedTax", "8 TotalGST", "9 TotalITCs", "10 NetTax", "11 RefundAmount",
+                       "12 PaymentEnclosed", "36 PayeeName", "- Command1", "- Command2", "- Command3"}});
 
 constexpr const char* kAskStart = "Please enter the date for the start of the period.";
 constexpr const char* kAskEnd = "Please enter the date for the end of period.";

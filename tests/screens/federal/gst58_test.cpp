@@ -9,11 +9,20 @@
 #include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::gst58_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold =
+    Tell({.codes = {"06"},
+          .routine = "ShowGST58Form",
+          .form = "GOVGST58",
+          .controls = {"1 PeriodStartDate", "2 PeriodEndDate", "3 InstalmentPayment", "4 ArrearsPayment",
+                       "5 OtherPayment", "6 AuditAssessment", "7 NetTaxDue", "8 PaymentEnclosed", "28 PayeeName",
+                       "- Command3D6", "- Command3D5", "- Command3D4"}});
 
 constexpr const char* kAskStart = "Please enter the date for the start of the period.";
 constexpr const char* kAskEnd = "Please enter the date for the end of period.";

@@ -5,11 +5,18 @@
 #include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::individual_tax_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold = Tell(
+    {.codes = {"04"},
+     .routine = "ShowIndividualForm",
+     .form = "GOVINDIDUAL",
+     .controls = {"2 PayYear", "3 PaymentAmount", "15 PayeeName", "- Command3D6", "- Command3D5", "- Command3D4"}});
 
 constexpr const char* kAskYear = "Please enter instalment payment year.";
 constexpr const char* kAskAmount = "Please enter amount of payment.";

@@ -5,11 +5,18 @@
 #include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::source_deductions_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold = Tell({.codes = {"03"},
+                             .routine = "ShowSourceDeductionForm",
+                             .form = "GOVSOURCEDEDUCTION",
+                             .controls = {"1 GrossPayroll", "2 NumberOfEmployees", "3 EndDate", "4 PaymentAmount",
+                                          "19 PayeeName", "- Command3D6", "- Command3D5", "- Command3D4"}});
 
 constexpr const char* kAskAmount = "Please enter amount of payment.";
 constexpr const char* kOtherAmount = "Amount of Payment is not equal to amount to be paid.";

@@ -5,12 +5,19 @@
 #include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::alberta_finance_test {
 namespace {
 
 using testing::AnyOf;
 using testing::ElementsAre;
+
+const bool kFormTold =
+    Tell({.codes = {"14"},
+          .routine = "ShowAlbertaRevenueForm",
+          .form = "frmAlbertaRevenue",
+          .controls = {"0 cmbTaxProgram", "1 txtPeriodEndDate", "2 txtFacilityNumber", "- cmdOK", "- cmdCancel"}});
 
 constexpr const char* kAskProgram = "Please select the tax program you wish to remit for.";
 constexpr const char* kAskDate = "Please enter the Period End Date.";

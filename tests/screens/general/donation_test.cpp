@@ -8,11 +8,19 @@
 #include "tests/support/raises.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::donation_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold = Tell({.codes = {"10"},
+                             .routine = "ShowPaymentFrom",
+                             .form = "frmDonation",
+                             .controls = {"0 txtName", "1 txtAddress", "2 txtCity", "3 cmbProvince", "4 txtPostalCode",
+                                          "5 txtEmail", "6 txtPhoneNo1", "7 txtPhoneNo2", "8 txtPhoneNo3",
+                                          "9 txtAmount", "10 txtPurpose", "- cmdOK", "- cmdCancel"}});
 
 constexpr const char* kIncomplete = "Please enter a complete e-mail address with the form 'name@example.com'.";
 constexpr const char* kInvalid = "Please enter a valid e-mail address with the form 'name@example.com'.";

@@ -7,9 +7,16 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::due_date_amount_test {
 namespace {
+
+const bool kFormTold = Tell({.codes = {"15"},
+                             .routine = "ShowDueDateAmountForm",
+                             .form = "frmDueDateAmount",
+                             .controls = {"0 txtRemittancePeriod", "1 txtAmountPayable", "2 cmdOK", "3 cmdCancel"},
+                             .escape = "cmdCancel"});
 
 constexpr const char* kPeriodMessage =
     "'Taxation year ends on' must be in the form YYYYMM. Your entry can range from 199001 to 202705.";

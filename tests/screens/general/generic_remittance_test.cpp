@@ -9,11 +9,22 @@
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::generic_remittance_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold =
+    Tell({.codes = {"07"},
+          .routine = "ShowGenericForm",
+          .form = "GENERICFORM",
+          .controls = {"1 StatementOnly(0)", "2 StatementOnly(1)", "3 PeriodStartDate", "4 PeriodEndDate", "5 DueDate",
+                       "6 Box(0)",           "35 PayeeName",       "36 Box(1)",         "37 Box(2)",       "38 Box(3)",
+                       "39 Box(4)",          "40 Box(5)",          "41 Box(6)",         "42 Box(7)",       "43 Box(8)",
+                       "44 Box(9)",          "45 Box(10)",         "46 Box(11)",        "47 Box(12)",      "48 Box(13)",
+                       "- Command3D6",       "- Command3D5",       "- Command3D4"}});
 
 constexpr const char* kAskStart = "Please enter the date for the start of the period.";
 constexpr const char* kAskEnd = "Please enter the date for the end of the period.";

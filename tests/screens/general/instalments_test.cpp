@@ -5,9 +5,17 @@
 #include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::instalments_test {
 namespace {
+
+const bool kFormTold =
+    Tell({.codes = {"17"},
+          .routine = "ShowInstalmentForm",
+          .form = "frmInstalments",
+          .controls = {"0 txtPeriodFrom", "1 txtPeriodTo", "2 txtAmountPayable", "3 cmdOK", "4 cmdCancel"},
+          .escape = "cmdCancel"});
 
 constexpr const char* kMatch = "The Instalment Amount must match the Amount to be paid.";
 constexpr const char* kBadTo =

@@ -5,9 +5,18 @@
 #include "tests/screens/general/invoice_payments_entries.h"
 #include "tests/support/payment_test.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::invoice_payments_test {
 namespace {
+
+const bool kFormTold =
+    Tell({.codes = {"08", "11"},
+          .routine = "ShowInvPaymentsForm",
+          .form = "InvoicePayments",
+          .controls = {"1 InvoiceStatementOnly(0)", "2 InvoiceStatementOnly(1)", "3 InvoiceDate", "4 InvoiceNumber",
+                       "5 InvoiceAmount", "6 InvoicePaymentList", "7 CancelInvoice", "19 InvoicePayeeName", "20 cmdOK",
+                       "21 cmdCancel", "22 cmdHelp"}});
 
 constexpr const char* kTitle = "Invoice Payments Details";
 constexpr const char* kAskDate = "Please enter invoice date.";

@@ -1,11 +1,37 @@
 #include "screens/quebec/combined_return.h"
 
 #include "tests/screens/quebec/return_test.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::combined_return_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold = Tell({.codes = {"18"},
+                             .routine = "ShowQue_Rev_QSTGSTReturnForm",
+                             .form = "frmQue_Rev_QSTGSTComb",
+                             .controls = {"0 txtGSTAccountNumber",
+                                          "1 txtGSTPeriodFrom",
+                                          "2 txtGSTPeriodTo",
+                                          "3 txtQSTPeriodFrom",
+                                          "4 txtQSTPeriodTo",
+                                          "5 txtGSTCollectible",
+                                          "6 txtGSTITCs",
+                                          "7 txtGSTInstalment",
+                                          "8 txtOtherGSTHSTRebates",
+                                          "9 txtNewHousingRebate",
+                                          "10 txtQSTCollectible",
+                                          "11 txtQSTITRs",
+                                          "12 txtQSTInstalment",
+                                          "13 txtOtherQSTRebates",
+                                          "14 txtSupplies",
+                                          "15 cmdOK",
+                                          "16 cmdCancel",
+                                          "29 txtGSTPayable",
+                                          "34 txtQSTPayable",
+                                          "39 txtAmountPayable"},
+                             .escape = "cmdCancel"});
 
 constexpr const char* kAccount =
     "The GST Account Number must be a valid CRA Business Number in the form 999999999RT9999.";

@@ -9,11 +9,19 @@
 #include "tests/support/raises.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::csst_payments_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold = Tell(
+    {.codes = {"25", "26", "27"},
+     .routine = "ShowQue_Rev_CSST_Payments",
+     .form = "frmQue_Rev_CSST_Payments",
+     .controls = {"0 txtRemittancePeriod", "1 cmdOK", "2 cmdCancel", "3 txtYear", "4 txtMonth", "12 txtAmountPayable"},
+     .escape = "cmdCancel"});
 
 constexpr const char* kAfter2011 =
     "Remittance Period End Date must be a valid date, in the form YYYYMMDD and after January 1, 2011.";

@@ -1,11 +1,22 @@
 #include "screens/quebec/gst_return.h"
 
 #include "tests/screens/quebec/return_test.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::gst_return_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold =
+    Tell({.codes = {"28"},
+          .routine = "ShowQue_Rev_GSTForm",
+          .form = "frmQue_Rev_GST",
+          .controls = {"0 txtPeriodFrom", "1 txtPeriodTo", "2 txtSupplies", "3 txtTaxCollectible", "4 txtITRs",
+                       "5 txtInstalments", "6 txtOtherRebates", "7 txtNewHousingRebates", "8 txtExemptSupplies",
+                       "9 txtAssociatesTaxableSales", "10 txtPensionPlanRebate", "11 cmdOK", "12 cmdCancel",
+                       "25 txtAmountPayable"},
+          .escape = "cmdCancel"});
 
 constexpr const char* kExempt =
     "The Exempt supplies, zero-rated exports, and other sales (91) must be less than or equal to Supplies (sales "

@@ -6,11 +6,19 @@
 #include "tests/support/payment_test.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::qst_gst_instalment_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold = Tell({.codes = {"19"},
+                             .routine = "ShowQue_Rev_QSTGSTInstForm",
+                             .form = "frmQue_Rev_QSTGSTInst",
+                             .controls = {"0 txtPeriodFrom", "1 txtPeriodTo", "2 txtGSTInstalment",
+                                          "3 txtQSTInstalment", "4 cmdOK", "5 cmdCancel", "16 txtAmountPayable"},
+                             .escape = "cmdCancel"});
 
 constexpr const char* kMatch = "The Amount Remitted must match the Amount to be paid.";
 constexpr const char* kNothing = "The Amount Remitted must be greater than zero.";

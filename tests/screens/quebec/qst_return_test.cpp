@@ -1,11 +1,20 @@
 #include "screens/quebec/qst_return.h"
 
 #include "tests/screens/quebec/return_test.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::qst_return_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold = Tell({.codes = {"16"},
+                             .routine = "ShowQue_Rev_QSTForm",
+                             .form = "frmQue_Rev_QST",
+                             .controls = {"0 txtPeriodFrom", "1 txtPeriodTo", "2 txtSupplies", "3 txtTaxCollectible",
+                                          "4 txtITRs", "5 txtInstalments", "6 txtOtherRebates",
+                                          "7 txtNewHousingRebates", "8 cmdOK", "9 cmdCancel", "22 txtAmountPayable"},
+                             .escape = "cmdCancel"});
 
 // clang-format off
 const std::string kRecordT =

@@ -8,11 +8,20 @@
 #include "tests/support/raises.h"
 #include "tests/support/random_acts.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/told_form.h"
 
 namespace fiscalon::quebec_source_deductions_test {
 namespace {
 
 using testing::ElementsAre;
+
+const bool kFormTold =
+    Tell({.codes = {"20"},
+          .routine = "ShowQue_Rev_SourceDeductForm",
+          .form = "frmQue_Rev_SourceDeduct",
+          .controls = {"0 txtRemittancePeriod", "1 txtIncomeTaxWithheld", "2 txtQPP", "3 txtHealthFund", "4 txtQPIP",
+                       "5 txtCSST", "6 cmbRemittanceType", "7 cmdOK", "8 cmdCancel", "14 txtAmountPayable"},
+          .escape = "cmdCancel"});
 
 constexpr const char* kAskType = "Please select a Remittance Type.";
 constexpr const char* kMatch = "The Amount Payable must match the Amount to be paid.";

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <set>
 
 #include "core/launch.h"
@@ -14,69 +15,80 @@ namespace {
 
 using testing::HasSubstr;
 
-/// docs/screens: a scenario and a picture for each form, by a code that shows it; for a form that looks different by
-/// its code there are more.
+namespace fs = std::filesystem;
+
+std::string TextOf(const fs::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Each form has a picture in docs/screens, by a code that shows it, and the scenario that fills the form for it among
+/// its other ones. A form that looks different by its code has more of them.
 class ScreenPictures : public CommandLine {
  protected:
-  static std::string Folder() { return FISCALON_SOURCE_DIR "/docs/screens/"; }
-
   static constexpr double kTolerance = 0.25;
 
-  /// Draws the picture anew, as the build does.
-  Outcome Make(const std::string& code) const {
-    std::string command = "fiscalon picture " + code;
-    command.append(" --scale 2 --out made.png --scenario '").append(Folder()).append(code).append(".scenario'");
-    return Run(command);
+  /// The scenarios, by the codes that they show.
+  static std::map<std::string, fs::path> Scenarios() {
+    std::map<std::string, fs::path> found;
+    for (const auto& entry : fs::recursive_directory_iterator(FISCALON_SOURCE_DIR "/tests/scenarios")) {
+      if (!entry.path().filename().string().starts_with("picture"))
+        continue;
+      const std::string text = TextOf(entry.path());
+      const std::string code = text.substr(text.find("\nshow ") + 6, 2);
+      EXPECT_TRUE(found.emplace(code, entry.path()).second) << "a second picture of " << code;
+    }
+    return found;
   }
 
-  static std::set<std::string> Codes() { return FilesWith(".scenario"); }
+  static std::string Picture(const std::string& code) { return FISCALON_SOURCE_DIR "/docs/screens/" + code + ".png"; }
 
-  static std::set<std::string> FilesWith(std::string_view extension) {
-    std::set<std::string> stems;
-    for (const auto& entry : std::filesystem::directory_iterator(Folder()))
-      if (entry.path().extension() == extension)
-        stems.insert(entry.path().stem().string());
-    return stems;
+  /// Draws the picture anew, as the build does.
+  Outcome Make(const std::string& code, const fs::path& scenario) const {
+    return Run("fiscalon picture " + code + " --scale 2 --out made.png --scenario '" + scenario.string() + "'");
   }
 };
 
 TEST_F(ScreenPictures, ThereIsOneForEachForm) {
+  const auto scenarios = Scenarios();
   std::set<std::string_view> forms;
   std::set<std::string_view> drawn;
   for (const LaunchRow& row : LaunchTable()) {
     forms.insert(row.form);
-    if (Codes().contains(std::string(row.code)))
+    if (scenarios.contains(std::string(row.code)))
       drawn.insert(row.form);
   }
   EXPECT_EQ(drawn, forms);
-  EXPECT_EQ(FilesWith(".png"), Codes()) << "build the target screen_pictures";
+  std::set<std::string> pictures;
+  for (const auto& entry : fs::directory_iterator(FISCALON_SOURCE_DIR "/docs/screens"))
+    if (entry.path().extension() == ".png")
+      pictures.insert(entry.path().string());
+  std::set<std::string> made;
+  for (const auto& [code, scenario] : scenarios) made.insert(Picture(code));
+  EXPECT_EQ(pictures, made) << "build the target screen_pictures";
 }
 
 TEST_F(ScreenPictures, AreMadeByScenariosThatPass) {
-  for (const std::string& code : Codes()) {
-    const Outcome seen = Make(code);
+  for (const auto& [code, scenario] : Scenarios()) {
+    const Outcome seen = Make(code, scenario);
     EXPECT_EQ(seen.status, 0) << seen.err;
   }
 }
 
 // Fonts are not the same everywhere, so a picture of another machine has other bytes and about the same size.
 TEST_F(ScreenPictures, HaveTheSizeOfTheForm) {
-  for (const std::string& code : Codes()) {
-    Make(code);
-    const QImage made(QString::fromStdString(CommandLine::Folder() + "/made.png"));
-    const QImage kept(QString::fromStdString(Folder() + code + ".png"));
+  for (const auto& [code, scenario] : Scenarios()) {
+    Make(code, scenario);
+    const QImage made(QString::fromStdString(Folder() + "/made.png"));
+    const QImage kept(QString::fromStdString(Picture(code)));
     EXPECT_NEAR(kept.width(), made.width(), made.width() * kTolerance) << code;
     EXPECT_NEAR(kept.height(), made.height(), made.height() * kTolerance) << code;
   }
 }
 
 TEST_F(ScreenPictures, AreShownOnOnePage) {
-  std::ifstream file(Folder() + "README.md");
-  const std::string page(std::istreambuf_iterator<char>(file), {});
-  for (const std::string& code : Codes()) {
-    EXPECT_THAT(page, HasSubstr("<img src=\"" + code + ".png\""));
-    EXPECT_THAT(page, HasSubstr("(" + code + ".scenario)"));
-  }
+  const std::string page = TextOf(FISCALON_SOURCE_DIR "/docs/screens/README.md");
+  for (const auto& [code, scenario] : Scenarios()) EXPECT_THAT(page, HasSubstr("<img src=\"" + code + ".png\""));
 }
 
 }  // namespace
