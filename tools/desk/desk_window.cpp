@@ -8,7 +8,10 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
+#include <optional>
 
+#include "core/module_state.h"
+#include "core/platform/code_page.h"
 #include "frontends/qt/qt_text.h"
 #include "tools/desk/payment_panel.h"
 #include "tools/desk/result_panel.h"
@@ -22,7 +25,11 @@ constexpr const char* kFirstScreen = "15";
 constexpr int kMargin = 9;
 
 QString Advice(const RuntimeError& error, const Levyra& session) {
-  return QString::fromStdString(AdviceOn(error, session));
+  return QString::fromStdString(AdviceOn(error, session,
+                                         {.govFilename = "The record file",
+                                          .enterName = "Entered by",
+                                          .enterTitle = "Title",
+                                          .paidAmount = "The amount"}));
 }
 
 /// When the file was last written; invalid where there is none.
@@ -37,7 +44,8 @@ DeskWindow::DeskWindow()
       screens_(new ScreenList),
       result_(new ResultPanel),
       above_(new QSplitter(Qt::Horizontal)),
-      whole_(new QSplitter(Qt::Vertical)) {
+      whole_(new QSplitter(Qt::Vertical)),
+      area_(new QScrollArea) {
   setWindowTitle(tr("Payment desk"));
   Arrange();
   for (const auto key : {QKeySequence::Quit, QKeySequence::Close}) {
@@ -63,13 +71,12 @@ void DeskWindow::Arrange() {
   for (QSplitter* splitter : {above_, whole_}) splitter->setChildrenCollapsible(false);
   sideBySide_ = whole_->minimumSizeHint().width();
   // A screen may be smaller than what stands on the desk.
-  auto* area = new QScrollArea;
-  area->setObjectName(QStringLiteral("desk"));
-  area->setFrameStyle(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidgetResizable(true);
-  area->setWidget(whole_);
-  setCentralWidget(area);
+  area_->setObjectName(QStringLiteral("desk"));
+  area_->setFrameStyle(QFrame::NoFrame);
+  area_->setFocusPolicy(Qt::NoFocus);
+  area_->setWidgetResizable(true);
+  area_->setWidget(whole_);
+  setCentralWidget(area_);
   setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   const int unit = fontMetrics().horizontalAdvance(u'0');
   const QSize wanted = QSize(150 * unit, 90 * unit).expandedTo(whole_->minimumSizeHint() + QSize(1, 1) * 2 * kMargin);
@@ -83,22 +90,49 @@ void DeskWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void DeskWindow::ShowScreen(const std::string& code) {
-  const LaunchRow* screen = FindLaunchRow(code);
-  Levyra session;
-  try {
-    Give(payment_->Current(), session);
-  } catch (const RuntimeError& error) {
-    result_->ShowError(tr("The payment can't be shown:"), error, Advice(error, session));
+  const Payment payment = payment_->Current();
+  if (IsStopped(payment, code))
     return;
-  }
+  Levyra session;
   result_->Say(tr("Screen %1 is open.").arg(qt::ToQt(code)));
   try {
-    Launch(session, *screen);
+    Give(payment, session);
+    Launch(session, *FindLaunchRow(code));
   } catch (const RuntimeError& error) {
     result_->ShowError(
         tr("Screen %1 ended with an error. Shown again, it goes on with what was typed.").arg(qt::ToQt(code)), error,
         Advice(error, session));
   }
+}
+
+bool DeskWindow::IsStopped(const Payment& payment, const std::string& code) {
+  QString reasons;
+  std::optional<PaymentEntry> first;
+  for (const Doubt& doubt : DoubtsAbout(payment)) {
+    if (doubt.weight != Doubt::Weight::Stops)
+      continue;
+    reasons += u'\n' + QString::fromStdString(SentenceOf(doubt));
+    first = first.value_or(doubt.entry);
+  }
+  const std::string question = first ? std::string() : QuestionAbout(payment);
+  if (!question.empty() && !Agrees(question)) {
+    reasons = u'\n' + tr("The file stays as it is: %1").arg(QString::fromStdString(payment.file));
+    first = PaymentEntry::File;
+  }
+  if (!first)
+    return false;
+  result_->Say(tr("Screen %1 was not opened.").arg(qt::ToQt(code)) + reasons);
+  payment_->GoTo(*first);
+  area_->ensureWidgetVisible(focusWidget());
+  return true;
+}
+
+bool DeskWindow::Agrees(const std::string& question) const {
+  return TheToolkit().ShowMessage({.text = FromUtf8(question),
+                                   .style = MessageStyle::Exclamation,
+                                   .buttons = MessageButtons::YesNo,
+                                   .defaultButton = DefaultButton::Second,
+                                   .title = qt::FromQt(windowTitle())}) == MessageAnswer::Yes;
 }
 
 void DeskWindow::Launch(Levyra& session, const LaunchRow& screen) {

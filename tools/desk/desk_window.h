@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QScrollArea>
 #include <QSplitter>
 #include <string>
 
 #include "core/launch.h"
 #include "core/session.h"
+#include "tools/paying/payment.h"
 
 namespace fiscalon {
 
@@ -24,6 +26,9 @@ class DeskWindow final : public QMainWindow {
   /// Where the window is too narrow for both, the screens stand beneath the payment.
   void resizeEvent(QResizeEvent* event) override;
   void ShowScreen(const std::string& code);
+  /// Whether the payment is nothing to show a screen with, or the user will not have a file replaced; says so then.
+  bool IsStopped(const Payment& payment, const std::string& code);
+  bool Agrees(const std::string& question) const;
   void Launch(Levyra& session, const LaunchRow& screen);
   void ShowRecordsHandedBack(const Levyra& session, const LaunchRow& screen);
   void ShowRecordFile(const QString& name, const LaunchRow& screen);
@@ -33,6 +38,7 @@ class DeskWindow final : public QMainWindow {
   ResultPanel* result_;
   QSplitter* above_;
   QSplitter* whole_;
+  QScrollArea* area_;
   /// How wide the window must be for payment and screens side by side.
   int sideBySide_ = 0;
 };

@@ -1,11 +1,11 @@
 #include "tools/desk/payment_panel.h"
 
+#include <QAccessible>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
-
-#include "frontends/qt/qt_text.h"
-#include "tools/reading/payment_advice.h"
+#include <QStyle>
 
 namespace fiscalon {
 namespace {
@@ -13,19 +13,18 @@ namespace {
 constexpr int kNameCharacters = 16;
 constexpr int kCodeCharacters = 7;
 constexpr int kAmountCharacters = 12;
-constexpr QStringView kDateOfHosts = u"MMddyyyy";
+constexpr QStringView kDateForm = u"yyyy-MM-dd";
 
 /// Two fields stand side by side, each behind its label: the columns of the labels.
 constexpr int kLeft = 0;
 constexpr int kRight = 2;
 
-void Add(QGridLayout& grid, int row, int side, const QString& caption, QWidget* field, const QString& hint = {}) {
-  auto* label = new QLabel(caption);
-  label->setBuddy(field);
-  field->setToolTip(hint);
-  field->setAccessibleDescription(hint);
-  grid.addWidget(label, row, side);
-  grid.addWidget(field, row, side + 1, field->maximumWidth() < QWIDGETSIZE_MAX ? Qt::AlignLeft : Qt::Alignment());
+QString Said(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QString CaptionOf(PaymentEntry entry) {
+  return Said(WordsOf(entry).caption);
 }
 
 int CharactersWide(const QWidget& widget, int characters) {
@@ -43,87 +42,81 @@ PaymentPanel::PaymentPanel(QWidget* parent)
       cents_(NewLine("cents", kAmountCharacters)),
       dollars_(NewLine("dollars", kAmountCharacters)),
       date_(new QDateEdit(this)),
-      onHold_(new QCheckBox(tr("On &hold, without a fixed date"), this)),
+      onHold_(new QCheckBox(CaptionOf(PaymentEntry::OnHold), this)),
       enteredBy_(NewLine("enteredBy", kNameCharacters)),
       title_(NewLine("title", kAmountCharacters)),
       businessName_(NewLine("businessName", kNameCharacters)),
       items_(new QSpinBox(this)),
-      toCollection_(new QRadioButton(tr("Hand them bac&k"), this)),
-      toFile_(new QRadioButton(tr("&Write them to a file:"), this)),
+      toCollection_(new QRadioButton(CaptionOf(PaymentEntry::ToCollection), this)),
+      toFile_(new QRadioButton(CaptionOf(PaymentEntry::ToFile), this)),
       file_(NewLine("file", kNameCharacters)),
       chooseFile_(new QPushButton(tr("Ch&oose..."), this)),
+      warning_(new QLabel(this)),
       doubts_(new QLabel(this)) {
   for (QLineEdit* narrow : {sequence_, billerCode_, cents_, dollars_}) narrow->setFixedWidth(narrow->minimumWidth());
   auto* grid = new QGridLayout(this);
   grid->setHorizontalSpacing(3 * grid->horizontalSpacing() / 2);
   grid->setColumnStretch(kLeft + 1, 3);
   grid->setColumnStretch(kRight + 1, 2);
-  Add(*grid, 0, kLeft, tr("Customer nu&mber:"), customerNumber_);
-  Add(*grid, 0, kRight, tr("&Sequence:"), sequence_, tr("Four characters that head each record"));
-  Add(*grid, 1, kLeft, tr("&Biller:"), billerName_, tr("Shown on the screens"));
-  Add(*grid, 1, kRight, tr("Biller &code:"), billerCode_,
-      tr("001051, 001052, 001053 and 001055 have rules of their own"));
+  Add(*grid, 0, kLeft, PaymentEntry::CustomerNumber, customerNumber_);
+  Add(*grid, 0, kRight, PaymentEntry::Sequence, sequence_);
+  Add(*grid, 1, kLeft, PaymentEntry::BillerName, billerName_);
+  Add(*grid, 1, kRight, PaymentEntry::BillerCode, billerCode_);
   AddAmount(*grid, 2);
   AddDate(*grid, 3);
-  Add(*grid, 4, kLeft, tr("&Entered by:"), enteredBy_, tr("A record has room for 30 characters"));
-  Add(*grid, 4, kRight, tr("T&itle:"), title_, tr("A record has room for 20 characters"));
+  Add(*grid, 4, kLeft, PaymentEntry::EnteredBy, enteredBy_);
+  Add(*grid, 4, kRight, PaymentEntry::Title, title_);
   items_->setObjectName(QStringLiteral("items"));
   items_->setRange(1, 12);
   items_->setFixedWidth(CharactersWide(*items_, kCodeCharacters));
-  Add(*grid, 5, kLeft, tr("Business &name:"), businessName_, tr("Offered on screen 10"));
-  Add(*grid, 5, kRight, tr("Number o&f items:"), items_, tr("How many screen 07 collects"));
+  Add(*grid, 5, kLeft, PaymentEntry::BusinessName, businessName_);
+  Add(*grid, 5, kRight, PaymentEntry::Items, items_);
   AddDestination(*grid, 6);
-  doubts_->setObjectName(QStringLiteral("doubts"));
-  doubts_->setWordWrap(true);
-  doubts_->hide();
-  grid->addWidget(doubts_, grid->rowCount(), kLeft, 1, -1);
-  grid->setRowStretch(grid->rowCount(), 1);
-  for (QLineEdit* line : {sequence_, enteredBy_, title_, file_})
-    connect(line, &QLineEdit::textChanged, this, [this] { NameDoubts(); });
-  connect(toFile_, &QRadioButton::toggled, this, [this] { NameDoubts(); });
-}
-
-void PaymentPanel::NameDoubts() {
-  Levyra session;
-  session.SeqNumber(qt::FromQt(sequence_->text()));
-  session.EnterName(qt::FromQt(enteredBy_->text()));
-  session.EnterTitle(qt::FromQt(title_->text()));
-  session.GovFilename(qt::FromQt(file_->text()));
-  session.WriteFile(toFile_->isChecked());
-  QStringList doubts;
-  for (const std::string& doubt : DoubtsAbout(session)) doubts.append(QString::fromStdString(doubt));
-  doubts_->setText(doubts.join(u'\n'));
-  doubts_->setVisible(!doubts.isEmpty());
+  AddDoubts(*grid);
 }
 
 QLineEdit* PaymentPanel::NewLine(const char* name, int characters) {
   auto* line = new QLineEdit(this);
   line->setObjectName(QLatin1String(name));
   line->setMinimumWidth(CharactersWide(*line, characters));
-  connect(line, &QLineEdit::returnPressed, this, [this] {
-    if (onEnter)
-      onEnter();
-  });
+  connect(line, &QLineEdit::textChanged, this, [this] { NameDoubts(); });
+  connect(line, &QLineEdit::editingFinished, this, [this] { AnnounceDoubts(); });
   return line;
 }
 
+void PaymentPanel::Add(QGridLayout& grid, int row, int side, PaymentEntry entry, QWidget* field) {
+  auto* label = new QLabel(CaptionOf(entry));
+  label->setBuddy(field);
+  field->setToolTip(Said(WordsOf(entry).hint));
+  fields_[entry] = field;
+  grid.addWidget(label, row, side);
+  grid.addWidget(field, row, side + 1, field->maximumWidth() < QWIDGETSIZE_MAX ? Qt::AlignLeft : Qt::Alignment());
+}
+
 void PaymentPanel::AddAmount(QGridLayout& grid, int row) {
-  Add(grid, row, kLeft, tr("&Amount in cents:"), cents_, tr("What the host sets"));
-  Add(grid, row, kRight, tr("In &dollars:"), dollars_, tr("The same amount, with a point or a comma"));
+  Add(grid, row, kLeft, PaymentEntry::Cents, cents_);
+  Add(grid, row, kRight, PaymentEntry::Dollars, dollars_);
   for (QLineEdit* line : {cents_, dollars_}) {
     line->setAlignment(Qt::AlignRight);
     line->setPlaceholderText(tr("no amount"));
   }
-  connect(cents_, &QLineEdit::textEdited, this, [this](const QString& text) { dollars_->setText(DollarsOf(text)); });
-  connect(dollars_, &QLineEdit::textEdited, this, [this](const QString& text) { cents_->setText(CentsOf(text)); });
+  // The other one follows an amount, and keeps what it has where there is none.
+  const auto follow = [this](QLineEdit* typed, QLineEdit* other, std::string (*otherOf)(std::string_view)) {
+    connect(typed, &QLineEdit::textEdited, other, [other, otherOf](const QString& text) {
+      if (const std::string amount = otherOf(text.toStdString()); !amount.empty() || text.trimmed().isEmpty())
+        other->setText(Said(amount));
+    });
+  };
+  follow(cents_, dollars_, DollarsOf);
+  follow(dollars_, cents_, CentsOf);
 }
 
 void PaymentPanel::AddDate(QGridLayout& grid, int row) {
   date_->setObjectName(QStringLiteral("date"));
-  date_->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
+  date_->setDisplayFormat(kDateForm.toString());
   date_->setCalendarPopup(true);
   date_->setMaximumWidth(CharactersWide(*date_, kNameCharacters));
-  Add(grid, row, kLeft, tr("Payment da&te:"), date_);
+  Add(grid, row, kLeft, PaymentEntry::Date, date_);
   onHold_->setObjectName(QStringLiteral("onHold"));
   grid.addWidget(onHold_, row, kRight, 1, 2);
 }
@@ -132,17 +125,80 @@ void PaymentPanel::AddDestination(QGridLayout& grid, int row) {
   toCollection_->setObjectName(QStringLiteral("toCollection"));
   toFile_->setObjectName(QStringLiteral("toFile"));
   chooseFile_->setObjectName(QStringLiteral("chooseFile"));
-  file_->setAccessibleName(tr("Record file"));
+  // Enter presses it where it has the focus, as any button.
+  chooseFile_->setAutoDefault(true);
+  file_->setAccessibleName(CaptionOf(PaymentEntry::File));
+  fields_[PaymentEntry::File] = file_;
   // Whoever names a file wants it written.
   connect(file_, &QLineEdit::textEdited, toFile_, [this] { toFile_->setChecked(true); });
+  connect(toFile_, &QRadioButton::toggled, this, [this] { NameDoubts(); });
   connect(chooseFile_, &QPushButton::clicked, this, [this] { ChooseFile(); });
   grid.addWidget(new QLabel(tr("Records:")), row, kLeft);
   grid.addWidget(toCollection_, row, kLeft + 1, Qt::AlignLeft);
   auto* line = new QHBoxLayout;
+  line->setSpacing(grid.verticalSpacing());
   line->addWidget(toFile_);
   line->addWidget(file_, 1);
   line->addWidget(chooseFile_);
   grid.addLayout(line, row + 1, kLeft + 1, 1, kRight + 1);
+}
+
+void PaymentPanel::AddDoubts(QGridLayout& grid) {
+  doubts_->setObjectName(QStringLiteral("doubts"));
+  doubts_->setWordWrap(true);
+  doubts_->setTextFormat(Qt::PlainText);
+  const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  warning_->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(side));
+  auto* line = new QHBoxLayout;
+  line->setSpacing(grid.verticalSpacing());
+  line->addWidget(warning_, 0, Qt::AlignTop);
+  line->addWidget(doubts_, 1);
+  for (QLabel* label : {warning_, doubts_}) label->hide();
+  grid.addLayout(line, grid.rowCount(), kLeft, 1, -1);
+  grid.setRowStretch(grid.rowCount(), 1);
+}
+
+void PaymentPanel::NameDoubts() {
+  QStringList sentences;
+  std::map<PaymentEntry, QString> about;
+  for (const Doubt& doubt : DoubtsAbout(Current())) {
+    sentences.append(Said(SentenceOf(doubt)));
+    about[doubt.entry] += Said(doubt.text) + u' ';
+  }
+  doubts_->setText(sentences.join(u'\n'));
+  for (QLabel* label : {warning_, doubts_}) label->setVisible(!sentences.isEmpty());
+  FitDoubts();
+  // Whoever comes back to an entry without seeing the sentences hears its own.
+  for (const auto& [entry, field] : fields_) field->setAccessibleDescription(about[entry] + Said(WordsOf(entry).hint));
+}
+
+void PaymentPanel::FitDoubts() {
+  // Splitters ask nobody how high a text is that breaks into lines.
+  const int width = contentsRect().width() - layout()->contentsMargins().left() - layout()->contentsMargins().right() -
+                    warning_->sizeHint().width() - static_cast<QGridLayout*>(layout())->verticalSpacing();
+  doubts_->setMinimumHeight(doubts_->heightForWidth(width));
+}
+
+void PaymentPanel::resizeEvent(QResizeEvent* event) {
+  QGroupBox::resizeEvent(event);
+  FitDoubts();
+}
+
+void PaymentPanel::AnnounceDoubts() {
+  if (doubts_->text() == announced_)
+    return;
+  announced_ = doubts_->text();
+  QAccessibleEvent alert(doubts_, QAccessible::Alert);
+  if (!announced_.isEmpty())
+    QAccessible::updateAccessibility(&alert);
+}
+
+void PaymentPanel::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!isEnter || (event->modifiers() & ~Qt::KeypadModifier) != 0 || !onEnter)
+    QGroupBox::keyPressEvent(event);
+  else
+    onEnter();
 }
 
 void PaymentPanel::ChooseFile() {
@@ -157,36 +213,42 @@ void PaymentPanel::ChooseFile() {
 }
 
 Payment PaymentPanel::Current() const {
-  return {.customerNumber = customerNumber_->text(),
-          .billerCode = billerCode_->text(),
-          .billerName = billerName_->text(),
-          .cents = cents_->text(),
-          .date = date_->date().toString(kDateOfHosts),
-          .enteredBy = enteredBy_->text(),
-          .title = title_->text(),
+  return {.customerNumber = customerNumber_->text().toStdString(),
+          .billerCode = billerCode_->text().toStdString(),
+          .billerName = billerName_->text().toStdString(),
+          .cents = cents_->text().toStdString(),
+          .dollars = dollars_->text().toStdString(),
+          .date = date_->date().toString(kDateForm).toStdString(),
+          .enteredBy = enteredBy_->text().toStdString(),
+          .title = title_->text().toStdString(),
           .onHold = onHold_->isChecked(),
-          .sequence = sequence_->text(),
+          .sequence = sequence_->text().toStdString(),
           .items = items_->value(),
-          .businessName = businessName_->text(),
+          .businessName = businessName_->text().toStdString(),
           .destination = toFile_->isChecked() ? Payment::Destination::File : Payment::Destination::Collection,
-          .file = file_->text()};
+          .file = file_->text().toStdString()};
 }
 
 void PaymentPanel::Show(const Payment& payment) {
-  customerNumber_->setText(payment.customerNumber);
-  billerCode_->setText(payment.billerCode);
-  billerName_->setText(payment.billerName);
-  cents_->setText(payment.cents);
-  dollars_->setText(DollarsOf(payment.cents));
-  date_->setDate(QDate::fromString(payment.date, kDateOfHosts));
-  enteredBy_->setText(payment.enteredBy);
-  title_->setText(payment.title);
+  customerNumber_->setText(Said(payment.customerNumber));
+  billerCode_->setText(Said(payment.billerCode));
+  billerName_->setText(Said(payment.billerName));
+  cents_->setText(Said(payment.cents));
+  dollars_->setText(Said(payment.dollars));
+  date_->setDate(QDate::fromString(Said(payment.date), kDateForm));
+  enteredBy_->setText(Said(payment.enteredBy));
+  title_->setText(Said(payment.title));
   onHold_->setChecked(payment.onHold);
-  sequence_->setText(payment.sequence);
+  sequence_->setText(Said(payment.sequence));
   items_->setValue(payment.items);
-  businessName_->setText(payment.businessName);
+  businessName_->setText(Said(payment.businessName));
   (payment.destination == Payment::Destination::File ? toFile_ : toCollection_)->setChecked(true);
-  file_->setText(payment.file);
+  file_->setText(Said(payment.file));
+}
+
+void PaymentPanel::GoTo(PaymentEntry entry) {
+  if (const auto field = fields_.find(entry); field != fields_.end())
+    field->second->setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace fiscalon

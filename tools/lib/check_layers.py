@@ -42,6 +42,8 @@ ROWS = (
     Layer("component", "component/", "win32 validation core records platform", of_the_system=True),
     # What a record says, for people.
     Layer("reading", "tools/reading/", "validation core records values platform"),
+    # A payment as it is entered at a desk, on whatever that shows it.
+    Layer("paying", "tools/paying/", "reading core records values platform"),
     # The program's outputs, inputs and terminal.
     Layer("files", "tools/fiscalon/files/", "reading validation records platform", of_the_system=True),
 )

@@ -13,7 +13,6 @@
 namespace fiscalon {
 namespace {
 
-constexpr size_t kSequenceCharacters = FieldNamed(kRecordHead, "SeqNumber").Width();
 constexpr size_t kNameCharacters = FieldNamed(kGovernmentLayout, "ContactName").Width();
 constexpr size_t kTitleCharacters = FieldNamed(kGovernmentLayout, "ContactTitle").Width();
 
@@ -40,46 +39,48 @@ std::string TooLong(std::string_view property, std::string_view text, size_t col
          std::to_string(columns) + ": shorten it.";
 }
 
-std::string OnMissingFolder(const Levyra& session) {
+std::string OnMissingFolder(const Levyra& session, const PaymentWords& words) {
   const std::string folder = Utf8Of(Utf8Path(ToUtf8(session.GovFilename())).parent_path());
   if (session.WriteFile() == kTrue && !IsFolder(folder))
-    return Is("GovFilename", session.GovFilename()) + ", and there is no folder \"" + folder +
+    return Is(words.govFilename, session.GovFilename()) + ", and there is no folder \"" + folder +
            "\": make it, or name another file.";
   const std::string& logs = TheModule().mainPath;
   if (!IsFolder(ToUtf8(logs)))
-    return Is("MainPath", logs) + ", and there is no such folder for error.log: make it, or name another.";
+    return Is(words.mainPath, logs) + ", and there is no such folder for error.log: make it, or name another.";
   return {};
 }
 
-std::string OnAccess(const Levyra& session) {
+std::string OnAccess(const Levyra& session, const PaymentWords& words) {
   if (session.WriteFile() != kTrue)
-    return Is("MainPath", TheModule().mainPath) + ", and error.log can't be written there: look at its permissions.";
+    return Is(words.mainPath, TheModule().mainPath) +
+           ", and error.log can't be written there: look at its permissions.";
   const std::string name = session.GovFilename();
   if (name.empty())
-    return "GovFilename is empty, and WriteFile is True: name the file that the records go to.";
+    return std::string(words.govFilename) + " is empty, and WriteFile is True: name the file that the records go to.";
   if (IsFolder(ToUtf8(name)))
-    return Is("GovFilename", name) + ", which is a folder: name a file in it.";
-  return Is("GovFilename", name) + ", and that file can't be written: look at its permissions and its folder's.";
+    return Is(words.govFilename, name) + ", which is a folder: name a file in it.";
+  return Is(words.govFilename, name) + ", and that file can't be written: look at its permissions and its folder's.";
 }
 
-std::string OnOldFile(const Levyra& session) {
-  return Is("GovFilename", session.GovFilename()) +
+std::string OnOldFile(const Levyra& session, const PaymentWords& words) {
+  return Is(words.govFilename, session.GovFilename()) +
          ", and the older file of that name can't be deleted: look at the permissions of its folder.";
 }
 
-std::string OnFullDisk(const Levyra& session) {
-  return Is("GovFilename", session.GovFilename()) + ", and its disk is full: make room, then show the payment again.";
+std::string OnFullDisk(const Levyra& session, const PaymentWords& words) {
+  return Is(words.govFilename, session.GovFilename()) +
+         ", and its disk is full: make room, then show the payment again.";
 }
 
-std::string OnTooLong(const Levyra& session) {
-  const std::string name = TooLong("EnterName", session.EnterName(), kNameCharacters);
-  return name.empty() ? TooLong("EnterTitle", session.EnterTitle(), kTitleCharacters) : name;
+std::string OnTooLong(const Levyra& session, const PaymentWords& words) {
+  const std::string name = TooLong(words.enterName, session.EnterName(), kNameCharacters);
+  return name.empty() ? TooLong(words.enterTitle, session.EnterTitle(), kTitleCharacters) : name;
 }
 
-std::string OnNumber(const Levyra& session) {
+std::string OnNumber(const Levyra& session, const PaymentWords& words) {
   if (session.PaidAmount().empty())
-    return "PaidAmount takes cents as digits, such as 12345.";
-  return Is("PaidAmount", session.PaidAmount()) +
+    return std::string(words.paidAmount) + " takes cents as digits, such as 12345.";
+  return Is(words.paidAmount, session.PaidAmount()) +
          ", in dollars: it, or an amount that was typed, is no number or too large. Correct it; shown again, the "
          "screen "
          "goes on with what was typed.";
@@ -87,7 +88,7 @@ std::string OnNumber(const Levyra& session) {
 
 struct Advice {
   int32_t number = 0;
-  std::string (*about)(const Levyra& session) = nullptr;
+  std::string (*about)(const Levyra& session, const PaymentWords& words) = nullptr;
 };
 
 constexpr std::array kAdvice = {
@@ -103,26 +104,11 @@ constexpr std::array kAdvice = {
 
 }  // namespace
 
-std::string AdviceOn(const RuntimeError& error, const Levyra& session) {
+std::string AdviceOn(const RuntimeError& error, const Levyra& session, const PaymentWords& words) {
   for (const Advice& advice : kAdvice)
     if (advice.number == error.Number())
-      return advice.about(session);
+      return advice.about(session, words);
   return {};
-}
-
-std::vector<std::string> DoubtsAbout(const Levyra& session) {
-  std::vector<std::string> doubts;
-  static_assert(kSequenceCharacters == 4, "the words say so too");
-  if (const size_t length = session.SeqNumber().size(); length != kSequenceCharacters)
-    doubts.push_back("SeqNumber has " + std::to_string(length) +
-                     " characters instead of four, which shifts the columns of all records.");
-  for (std::string doubt : {TooLong("EnterName", session.EnterName(), kNameCharacters),
-                            TooLong("EnterTitle", session.EnterTitle(), kTitleCharacters)})
-    if (!doubt.empty())
-      doubts.push_back(std::move(doubt));
-  if (session.WriteFile() == kTrue && session.GovFilename().empty())
-    doubts.push_back("GovFilename is empty, so that no records can be written.");
-  return doubts;
 }
 
 }  // namespace fiscalon

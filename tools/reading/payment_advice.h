@@ -1,7 +1,7 @@
 #pragma once
 
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "core/platform/runtime_error.h"
 #include "core/session.h"
@@ -10,12 +10,17 @@
 /// Sentences in UTF-8.
 namespace fiscalon {
 
+/// What the properties are called where their names are not known.
+struct PaymentWords {
+  std::string_view govFilename = "GovFilename";
+  std::string_view mainPath = "MainPath";
+  std::string_view enterName = "EnterName";
+  std::string_view enterTitle = "EnterTitle";
+  std::string_view paidAmount = "PaidAmount";
+};
+
 /// What an error that ended a screen is about, by the property and its value, and what to do. Empty where its own words
 /// say all that is known.
-std::string AdviceOn(const RuntimeError& error, const Levyra& session);
-
-/// What of a payment the library takes without a word and records do not bear: a sequence that shifts their columns, a
-/// name that fails their output.
-std::vector<std::string> DoubtsAbout(const Levyra& session);
+std::string AdviceOn(const RuntimeError& error, const Levyra& session, const PaymentWords& words = {});
 
 }  // namespace fiscalon

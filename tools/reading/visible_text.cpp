@@ -88,6 +88,10 @@ std::string VisibleUtf8(std::string_view utf8) {
   return visible;
 }
 
+std::string QuotedUtf8(std::string_view utf8) {
+  return "\"" + VisibleUtf8(utf8) + "\"";
+}
+
 void AppendDotted(std::string& out, std::string_view text) {
   const std::string_view withoutTail = TrimRight(text);
   const std::string_view middle = TrimLeft(withoutTail);

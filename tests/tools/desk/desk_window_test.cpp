@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
@@ -16,6 +17,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>
+#include <filesystem>
 #include <map>
 #include <utility>
 
@@ -116,10 +118,33 @@ TEST_F(PaymentDesk, ShowsTheChosenScreen) {
   EXPECT_EQ(form, "GOVSOURCEDEDUCTION");
 }
 
-TEST_F(PaymentDesk, ShowsTheScreenByEnterInAField) {
-  toolkit_.onForm = Accept;
-  QTest::keyClick(&Find<QLineEdit>("title"), Qt::Key_Return);
-  EXPECT_EQ(Words(), "Accepted. Records handed back: 2.");
+TEST_F(PaymentDesk, ShowsTheScreenByEnterFromEachEntry) {
+  int shown = 0;
+  toolkit_.onForm = [&](Form&, UserDriver& user) {
+    ++shown;
+    user.CloseWindow(CloseReason::CloseBox);
+  };
+  int asked = 0;
+  for (const char* entry : {"customerNumber", "sequence", "billerName", "billerCode", "cents", "dollars", "date",
+                            "onHold", "enteredBy", "title", "businessName", "items", "toCollection"})
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+      Find<QWidget>(entry).setFocus();
+      QTest::keyClick(desk_->focusWidget(), key, key == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
+      EXPECT_EQ(shown, ++asked) << entry;
+    }
+  const TemporaryFolder folder;
+  WriteToFile(folder.Path("payment.pc4"));
+  for (const char* entry : {"toFile", "file"}) {
+    Find<QWidget>(entry).setFocus();
+    QTest::keyClick(desk_->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(shown, ++asked) << entry;
+  }
+}
+
+TEST_F(PaymentDesk, LeavesEnterWithOtherKeysAlone) {
+  toolkit_.onForm = [](Form&, UserDriver&) { FAIL() << "the screen was shown"; };
+  for (const Qt::KeyboardModifier modifier : {Qt::ControlModifier, Qt::AltModifier})
+    QTest::keyClick(&Find<QCheckBox>("onHold"), Qt::Key_Return, modifier);
 }
 
 TEST_F(PaymentDesk, ListsAllScreensWithWhatTheyCollect) {
@@ -211,23 +236,52 @@ TEST_F(PaymentDesk, ShowsAnErrorWithNumberSourceAndDescription) {
             "Number: 5\n"
             "Source: Fiscalon.ShowLevyraScreen\n"
             "Description: Invalid procedure call or argument\n"
-            "EnterName has 31 characters, and a record has room for 30: shorten it.");
+            "Entered by has 31 characters, and a record has room for 30: shorten it.");
   EXPECT_FALSE(ShowsRecords());
 }
 
-TEST_F(PaymentDesk, ShowsWhatAPropertyOfThePaymentRaises) {
-  Retype("cents", "1e400");
+TEST_F(PaymentDesk, OpensNoScreenForAnAmountThatIsNone) {
   toolkit_.onForm = [](Form&, UserDriver&) { FAIL() << "the screen was shown"; };
+  Retype("cents", "1e400");
   Press("show");
   EXPECT_EQ(Words(),
-            "The payment can't be shown:\nNumber: 6\nSource: Fiscalon\nDescription: Overflow\n"
-            "PaidAmount takes cents as digits, such as 12345.");
+            "Screen 15 was not opened.\n"
+            "Amount in cents: \"1e400\" is no amount in cents: up to 15 digits and nothing else, such as 12345.");
+  EXPECT_EQ(desk_->focusWidget()->objectName(), "cents");
+  EXPECT_EQ(Find<QLineEdit>("cents").text(), "1e400");
+}
+
+TEST_F(PaymentDesk, OpensNoScreenForDollarsThatAreNone) {
+  toolkit_.onForm = [](Form&, UserDriver&) { FAIL() << "the screen was shown"; };
+  for (const char* typed : {"12.3456", "$5.00", "1 234.50", "abc"}) {
+    Retype("dollars", typed);
+    QTest::keyClick(&Find<QLineEdit>("dollars"), Qt::Key_Return);
+    EXPECT_EQ(Words(),
+              std::string("Screen 15 was not opened.\nIn dollars: \"") + typed +
+                  "\" is no amount in dollars: digits, and at most two of them behind a point, such as 123.45.");
+    EXPECT_EQ(desk_->focusWidget()->objectName(), "dollars");
+    EXPECT_EQ(Find<QLineEdit>("dollars").text(), typed);
+    EXPECT_NE(Find<QLineEdit>("cents").text(), "");
+  }
+}
+
+TEST_F(PaymentDesk, SaysEverythingThatKeepsAScreenFromOpening) {
+  Retype("cents", "abc");
+  WriteToFile("");
+  Press("show");
+  EXPECT_EQ(Words().substr(Words().rfind('\n')), "\nRecord file: no file is named.");
+  EXPECT_EQ(Words().find("Screen 15 was not opened.\nAmount in cents: "), 0U);
+  EXPECT_EQ(desk_->focusWidget()->objectName(), "cents");
 }
 
 TEST_F(PaymentDesk, WritesRecordsToAFile) {
   const TemporaryFolder folder;
-  folder.Write("payment.pc4", "what was there before");
+  folder.Write("payment.pc4", "\"PC40001T an earlier payment\"\r\n");
   WriteToFile(folder.Path("payment.pc4"));
+  toolkit_.onMessage = [](const BoxRequest& box) {
+    ADD_FAILURE() << "asked for no reason: " << box.text;
+    return MessageAnswer::No;
+  };
   toolkit_.onForm = Accept;
   Press("show");
   EXPECT_EQ(Words(), "Accepted. Records written to the file: 2.\n" + folder.Path("payment.pc4"));
@@ -236,14 +290,41 @@ TEST_F(PaymentDesk, WritesRecordsToAFile) {
   EXPECT_EQ(folder.Read("payment.pc4").size(), 2 * (160 + 4U));
 }
 
+TEST_F(PaymentDesk, AsksBeforeItReplacesAFileThatHoldsNoRecords) {
+  const TemporaryFolder folder;
+  folder.Write("letter.txt", "Dear Ms Roy,");
+  WriteToFile(folder.Path("letter.txt"));
+  BoxRequest asked;
+  toolkit_.onMessage = [&](const BoxRequest& box) {
+    asked = box;
+    return MessageAnswer::No;
+  };
+  toolkit_.onForm = [](Form&, UserDriver&) { FAIL() << "the screen was shown"; };
+  Press("show");
+  EXPECT_EQ(asked.text, "\"" + folder.Path("letter.txt") +
+                            "\" is no record file. It has 12 bytes, and begins with \"Dear Ms Roy,\".\n\n"
+                            "Shall the records of this payment take its place?");
+  EXPECT_EQ(asked.buttons, MessageButtons::YesNo);
+  EXPECT_EQ(asked.defaultButton, DefaultButton::Second);
+  EXPECT_EQ(asked.title, "Payment desk");
+  EXPECT_EQ(Words(), "Screen 15 was not opened.\nThe file stays as it is: " + folder.Path("letter.txt"));
+  EXPECT_EQ(desk_->focusWidget()->objectName(), "file");
+  EXPECT_EQ(folder.Read("letter.txt"), "Dear Ms Roy,");
+
+  toolkit_.onMessage = [](const BoxRequest&) { return MessageAnswer::Yes; };
+  toolkit_.onForm = Accept;
+  Press("show");
+  EXPECT_EQ(Words(), "Accepted. Records written to the file: 2.\n" + folder.Path("letter.txt"));
+}
+
 TEST_F(PaymentDesk, LeavesAFileAloneWhereTheUserCancels) {
   const TemporaryFolder folder;
-  folder.Write("payment.pc4", "what was there before");
+  folder.Write("payment.pc4", "PC40001T an earlier payment");
   WriteToFile(folder.Path("payment.pc4"));
   toolkit_.onForm = [](Form& form, UserDriver& user) { user.Click(*form.FindControl("cmdCancel")); };
   Press("show");
   EXPECT_EQ(Words(), "Cancelled. Nothing was written.");
-  EXPECT_EQ(folder.Read("payment.pc4"), "what was there before");
+  EXPECT_EQ(folder.Read("payment.pc4"), "PC40001T an earlier payment");
 }
 
 TEST_F(PaymentDesk, TakesNoEarlierFileForANewOne) {
@@ -258,16 +339,38 @@ TEST_F(PaymentDesk, TakesNoEarlierFileForANewOne) {
 }
 
 TEST_F(PaymentDesk, ShowsTheErrorOfAFileThatCantBeWritten) {
-  WriteToFile("/nowhere/payment.pc4");
-  toolkit_.onForm = Accept;
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.Path("sub"));
+  WriteToFile(folder.Path("sub/payment.pc4"));
+  toolkit_.onForm = [&](Form& form, UserDriver& user) {
+    std::filesystem::remove(folder.Path("sub"));
+    Accept(form, user);
+  };
   Press("show");
   EXPECT_EQ(Words(),
             "Screen 15 ended with an error. Shown again, it goes on with what was typed.\n"
             "Number: 76\n"
             "Source: Fiscalon.ShowLevyraScreen\n"
             "Description: Path not found\n"
-            "GovFilename is \"/nowhere/payment.pc4\", and there is no folder \"/nowhere\": make it, or name another "
-            "file.");
+            "The record file is \"" +
+                folder.Path("sub/payment.pc4") + "\", and there is no folder \"" + folder.Path("sub") +
+                "\": make it, or name another file.");
+}
+
+TEST_F(PaymentDesk, TellsOfAPlaceThatNoFileCanHaveBeforeTheScreen) {
+  toolkit_.onForm = [](Form&, UserDriver&) { FAIL() << "the screen was shown"; };
+  const TemporaryFolder folder;
+  WriteToFile(folder.Path());
+  Press("show");
+  EXPECT_EQ(Words(),
+            "Screen 15 was not opened.\nRecord file: \"" + folder.Path() + "\" is a folder: name a file in it.");
+  WriteToFile("/nowhere/payment.pc4");
+  Press("show");
+  EXPECT_EQ(Words(),
+            "Screen 15 was not opened.\n"
+            "Record file: there is no folder \"/nowhere\": make it, or name another file.");
+  EXPECT_EQ(desk_->focusWidget()->objectName(), "file");
+  EXPECT_EQ(Find<QLineEdit>("file").text(), "/nowhere/payment.pc4");
 }
 
 TEST_F(PaymentDesk, ShowsTheAmountBothWays) {
@@ -275,9 +378,18 @@ TEST_F(PaymentDesk, ShowsTheAmountBothWays) {
   EXPECT_EQ(Find<QLineEdit>("dollars").text(), "987.65");
   Retype("dollars", "5.5");
   EXPECT_EQ(Find<QLineEdit>("cents").text(), "550");
-  Retype("cents", "abc");
-  EXPECT_EQ(Find<QLineEdit>("dollars").text(), "");
-  EXPECT_EQ(Find<QLineEdit>("dollars").placeholderText(), "no amount");
+  Find<QLineEdit>("dollars").selectAll();
+  QTest::keyClick(&Find<QLineEdit>("dollars"), Qt::Key_Delete);
+  EXPECT_EQ(Find<QLineEdit>("cents").text(), "");
+  EXPECT_EQ(Find<QLineEdit>("cents").placeholderText(), "no amount");
+}
+
+TEST_F(PaymentDesk, KeepsAnAmountWhereTheOtherIsNone) {
+  Retype("cents", "98765");
+  Retype("dollars", "abc");
+  EXPECT_EQ(Find<QLineEdit>("cents").text(), "98765");
+  Retype("dollars", "5");
+  EXPECT_EQ(Find<QLineEdit>("cents").text(), "500");
 }
 
 TEST_F(PaymentDesk, WritesToAFileAsSoonAsOneIsNamed) {
@@ -377,13 +489,36 @@ TEST_F(PaymentDesk, NamesDoubtfulEntriesBeforeTheShow) {
   EXPECT_FALSE(doubts.isVisible());
   Retype("sequence", "12345");
   EXPECT_TRUE(doubts.isVisible());
-  EXPECT_EQ(doubts.text(), "SeqNumber has 5 characters instead of four, which shifts the columns of all records.");
+  EXPECT_EQ(doubts.text(), "Sequence: 5 characters instead of four, which shifts the columns of all records.");
   Retype("enteredBy", QString(31, 'x'));
   EXPECT_EQ(doubts.text().count('\n'), 1);
   Retype("sequence", "1234");
-  EXPECT_EQ(doubts.text(), "EnterName has 31 characters, and a record has room for 30: shorten it.");
+  EXPECT_EQ(doubts.text(), "Entered by: 31 characters, and a record has room for 30: shorten it.");
   Retype("enteredBy", "A");
   EXPECT_FALSE(doubts.isVisible());
+}
+
+TEST_F(PaymentDesk, ShowsDoubtsInFullHoweverTheyBreakIntoLines) {
+  Retype("sequence", "12345");
+  Retype("cents", "abc");
+  Retype("dollars", "12.3456");
+  Retype("enteredBy", QString(31, 'x'));
+  const auto& doubts = Find<QLabel>("doubts");
+  for (const QSize size : {desk_->size(), QSize(1500, 900), QSize(640, 340)}) {
+    desk_->resize(size);
+    QCoreApplication::processEvents();
+    EXPECT_GE(doubts.height(), doubts.heightForWidth(doubts.width())) << size.width();
+  }
+}
+
+TEST_F(PaymentDesk, HasAnEntryTellItsDoubtToWhoComesBackToIt) {
+  Retype("sequence", "12345");
+  QAccessibleInterface* entry = QAccessible::queryAccessibleInterface(&Find<QLineEdit>("sequence"));
+  EXPECT_EQ(entry->text(QAccessible::Description).toStdString(),
+            "5 characters instead of four, which shifts the columns of all records. Four characters that head each "
+            "record");
+  Retype("sequence", "0001");
+  EXPECT_EQ(entry->text(QAccessible::Description), "Four characters that head each record");
 }
 
 TEST_F(PaymentDesk, CopiesAWholeRow) {

@@ -1,9 +1,8 @@
-#include "tools/desk/payment.h"
+#include "tools/paying/payment.h"
 
-#include <gtest/gtest.h>
-
-#include <QDate>
 #include <ostream>
+
+#include "tests/support/module_test.h"
 
 namespace fiscalon {
 namespace {
@@ -34,7 +33,7 @@ TEST(DollarsOf, TakesBlanksAndZerosOff) {
 }
 
 TEST(DollarsOf, IsEmptyForWhatIsNoWholeNumber) {
-  for (const char* text : {"abc", "12.5", "1e4", "-", "1 000", "1234567890123456"})
+  for (const char* text : {"abc", "12.5", "1e4", "-", "--5", "+5", "1 000", "1234567890123456"})
     EXPECT_EQ(DollarsOf(text), "") << text;
 }
 
@@ -43,25 +42,50 @@ TEST(CentsOf, TakesAPointOrACommaOrNeither) {
   EXPECT_EQ(CentsOf("123,45"), "12345");
   EXPECT_EQ(CentsOf("123.4"), "12340");
   EXPECT_EQ(CentsOf("123."), "12300");
-  EXPECT_EQ(CentsOf("123"), "12300");
+  EXPECT_EQ(CentsOf(" 0123 "), "12300");
 }
 
 TEST(CentsOf, IsEmptyForWhatIsNoAmount) {
-  for (const char* text : {"abc", "1.234", ".5", "$5", "1,234.50"}) EXPECT_EQ(CentsOf(text), "") << text;
+  for (const char* text :
+       {"abc", "1.234", "12.3456", ".5", "$5", "$5.00", "1,234.50", "1 234.50", "1..2", "12345678901234"})
+    EXPECT_EQ(CentsOf(text), "") << text;
 }
 
-TEST(ExamplePayment, IsDueTomorrow) {
-  EXPECT_EQ(ExamplePayment().date, QDate::currentDate().addDays(1).toString("MMddyyyy"));
+TEST(HostDateOf, PutsTheYearLast) {
+  EXPECT_EQ(HostDateOf("2026-06-15"), "06152026");
+  EXPECT_EQ(HostDateOf("2024-02-29"), "02292024");
 }
 
-TEST(Give, SetsEveryProperty) {
+TEST(HostDateOf, IsEmptyForWhatIsNoDayOfTheCalendar) {
+  for (const char* text : {"", "2026-02-29", "2026-13-01", "2026-00-01", "2026-01-00", "2026-1-01", "20260615",
+                           "06/15/2026", "2026-06-1x", "2026-06-15 "})
+    EXPECT_EQ(HostDateOf(text), "") << text;
+}
+
+TEST(DateText, HasTheYearFirst) {
+  EXPECT_EQ(DateText({2026, 6, 5}), "2026-06-05");
+}
+
+class PaymentTest : public ModuleTest {};
+
+TEST_F(PaymentTest, OfTheExampleIsDueTomorrow) {
+  EXPECT_EQ(ExamplePayment().date, "2026-06-16");
+  SetToday({2026, 12, 31});
+  EXPECT_EQ(ExamplePayment().date, "2027-01-01");
+}
+
+TEST_F(PaymentTest, OfTheExampleHasOneAmount) {
+  EXPECT_EQ(CentsOf(ExamplePayment().dollars), ExamplePayment().cents);
+}
+
+TEST_F(PaymentTest, SetsEveryProperty) {
   Levyra session;
   Give({.customerNumber = "1234567",
         .billerCode = "001052",
         .billerName = "Summit Levies",
         .cents = "12345",
-        .date = "06152026",
-        .enteredBy = QString::fromUtf8("Hélène Côté"),
+        .date = "2026-06-15",
+        .enteredBy = "Hélène Côté",
         .title = "Clerk",
         .onHold = true,
         .sequence = "0001",
@@ -85,7 +109,7 @@ TEST(Give, SetsEveryProperty) {
   EXPECT_EQ(session.WriteFile(), -1);
 }
 
-TEST(Give, HandsRecordsBackUnlessThereIsAFile) {
+TEST_F(PaymentTest, HasItsRecordsHandedBackUnlessTheyGoToAFile) {
   Levyra session;
   Give({.destination = Payment::Destination::Collection, .file = "payment.pc4"}, session);
   EXPECT_EQ(session.WriteFile(), 0);
