@@ -1,5 +1,9 @@
 #include "core/forms/laid_out.h"
 
+#include <array>
+#include <map>
+#include <utility>
+
 #include "core/forms/button.h"
 #include "core/forms/form_misuse.h"
 #include "core/forms/label.h"
@@ -52,8 +56,30 @@ LaidOutCell CellOf(const Cell& cell, const std::string& name) {
   return result;
 }
 
+bool IsList(const Cell& cell) {
+  return cell.field != nullptr && cell.field->Kind() == ControlKind::ListBox && cell.caption == nullptr &&
+         cell.hint == nullptr;
+}
+
+/// A caption that is alone in its row; null for other rows.
+Control* LoneCaption(const Row& row) {
+  const bool alone = row.cells.size() == 1 && row.cells.front().field == nullptr && row.cells.front().hint == nullptr;
+  return alone ? row.cells.front().caption : nullptr;
+}
+
+/// A list's columns are headed by what stands above it, with blanks between their names.
+void PutBelow(Control* head, LaidOutCell& list) {
+  std::string names;
+  for (const char character : CaptionOf(head))
+    if (character != ' ' || !names.ends_with(' '))
+      names += character;
+  list.head = head;
+  (list.name.empty() ? list.name : list.description) = names;
+}
+
 LaidOutGroup GroupOf(const Group& group) {
   LaidOutGroup result = {.heading = group.heading, .frame = FrameOf(group), .column = group.column};
+  Control* above = nullptr;
   for (const Row& row : group.rows) {
     std::string name = WithoutColon(CaptionOf(group.heading));
     LaidOutRow& cells = result.rows.emplace_back();
@@ -63,8 +89,57 @@ LaidOutGroup GroupOf(const Group& group) {
       cells.push_back(CellOf(cell, name));
       cells.back().isClose = cell.isClose && cells.size() > 1;
     }
+    if (above != nullptr && row.cells.size() == 1 && IsList(row.cells.front()))
+      PutBelow(above, cells.back());
+    above = LoneCaption(row);
   }
   return result;
+}
+
+/// A field with what stands around it, from near to far.
+struct NamedField {
+  LaidOutCell* cell = nullptr;
+  std::array<std::string, 2> around = {};
+};
+
+template <class Text>
+bool AreTold(const std::vector<NamedField>& fields, Text&& apartBy) {
+  std::set<std::string> texts;
+  for (const NamedField& field : fields) texts.insert(apartBy(field));
+  return texts.size() == fields.size();
+}
+
+/// Fields that would have one name are told apart by what stands around them; where that is the same too, by number.
+void TellApart(const std::vector<NamedField>& fields) {
+  for (size_t i = 0; i < fields.front().around.size(); ++i) {
+    if (!AreTold(fields, [i](const NamedField& field) { return field.around[i]; }))
+      continue;
+    for (const NamedField& field : fields)
+      if (const std::string& where = field.around[i]; !where.empty() && where != field.cell->name)
+        field.cell->name = where + ", " + field.cell->name;
+    return;
+  }
+  if (AreTold(fields, [](const NamedField& field) { return field.cell->description; })) {
+    for (const NamedField& field : fields)
+      if (const std::string hint = std::exchange(field.cell->description, {}); !hint.empty())
+        field.cell->name += " (" + hint + ")";
+    return;
+  }
+  for (size_t i = 0; i < fields.size(); ++i)
+    fields[i].cell->name += ", " + std::to_string(i + 1) + " of " + std::to_string(fields.size());
+}
+
+void TellApart(std::vector<LaidOutGroup>& groups) {
+  std::map<std::string, std::vector<NamedField>> named;
+  for (LaidOutGroup& group : groups)
+    for (LaidOutRow& row : group.rows)
+      for (LaidOutCell& cell : row)
+        if (cell.field != nullptr && !cell.name.empty())
+          named[cell.name].push_back(
+              {&cell, {WithoutColon(CaptionOf(row.front().caption)), WithoutColon(CaptionOf(group.heading))}});
+  for (const auto& [name, fields] : named)
+    if (fields.size() > 1)
+      TellApart(fields);
 }
 
 void RefuseFrameWithin(const Form& form, const Frame* outer, const Control* inner) {
@@ -106,6 +181,7 @@ std::vector<LaidOutGroup> LaidOut(const Form& form) {
     LaidOutGroup& last = groups.emplace_back(GroupOf(forgotten));
     last.frame = nullptr;
   }
+  TellApart(groups);
   return groups;
 }
 

@@ -9,19 +9,24 @@
 /// A form's layout as front ends show it, with what follows from it.
 namespace fiscalon {
 
-/// One field with what stands around it. Any of the three controls may be missing.
+/// One field with what stands around it. Any of the controls may be missing.
 struct LaidOutCell {
   Control* caption = nullptr;
   Control* field = nullptr;
   Control* hint = nullptr;
+  /// Above a list: the caption alone in its row that heads the list's columns.
+  Control* head = nullptr;
   /// Stands close behind the cell before it; never the first of a row.
   bool isClose = false;
   /// Caption and field stand out, such as those of a total.
   bool standsOut = false;
-  /// What a program that reads the form aloud calls the field: the caption before it, the last one in its row, or the
-  /// heading of its group. Empty where the field has a caption of its own.
+  /// What a program that reads the form aloud calls the field: the caption before it, the last one in its row, the
+  /// heading of its group, or a list's head; where that would be the name of several fields, with what tells them
+  /// apart: the first caption of the row, the heading or the hint, or else a number. Empty where the field has a
+  /// caption of its own.
   std::string name = {};
-  /// What such a program says beside: the hint, or what stands before a field that has a caption of its own.
+  /// What such a program says beside, unless the name does: the hint, a list's head, or what stands before a field that
+  /// has a caption of its own.
   std::string description = {};
 };
 

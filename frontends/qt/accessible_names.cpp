@@ -11,9 +11,13 @@ void NameFields(const Form& form, const std::function<QWidget&(const Control&)>&
         if (cell.field == nullptr)
           continue;
         QWidget& field = widgetOf(*cell.field);
-        field.setAccessibleName(ToQt(cell.name));
+        // Qt tells each setting to whoever reads the form aloud, of the same name too.
+        if (const QString name = ToQt(cell.name); field.accessibleName() != name)
+          field.setAccessibleName(name);
         const std::string status = cell.field == form.WaitingControl() ? StatusOf(form) : std::string();
-        field.setAccessibleDescription(ToQt(status.empty() ? cell.description : status));
+        if (const QString told = ToQt(status.empty() ? cell.description : status);
+            field.accessibleDescription() != told)
+          field.setAccessibleDescription(told);
       }
 }
 

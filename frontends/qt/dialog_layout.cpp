@@ -153,8 +153,8 @@ void DialogLayout::AddFieldWithHint(QHBoxLayout& line, const LaidOutCell& cell) 
   if (cell.field != nullptr) {
     QWidget& field = Place(*cell.field);
     line.addWidget(&field, GrowsWide(*cell.field) ? 1 : 0);
-    if (cell.caption != nullptr)
-      if (auto* caption = qobject_cast<QLabel*>(&Place(*cell.caption)); caption != nullptr)
+    for (const Control* its : {cell.caption, cell.head})
+      if (auto* caption = its == nullptr ? nullptr : qobject_cast<QLabel*>(&Place(*its)); caption != nullptr)
         caption->setBuddy(&field);
   }
   if (cell.hint != nullptr)

@@ -23,6 +23,11 @@ class LaidOutForm : public TestForm {
   OptionButton optA        {*this, "optA",        {.caption = "A", .frame = &fra}};
   Frame        fraNoPlace  {*this, "fraNoPlace",  {}};
   TextField    txtInside   {*this, "txtInside",   {.frame = &fraNoPlace}};
+  Label        lblParts    {*this, "lblParts",    {.caption = "Parts"}};
+  TextField    txtPart1    {*this, "txtPart1",    {}};
+  TextField    txtPart2    {*this, "txtPart2",    {}};
+  Label        lblList     {*this, "lblList",     {.caption = "Date     Amount"}};
+  ListBox      lst         {*this, "lst",         {}};
   TextField    txtForgot   {*this, "txtForgot",   {}, Keeping(txtForgot)};
   Button       cmdOK       {*this, "cmdOK",       {.caption = "&OK"}};
   Button       cmdForgot   {*this, "cmdForgot",   {.caption = "Forgotten"}};
@@ -48,8 +53,9 @@ class LaidOutForm : public TestForm {
                            {{{&lblTotal, &txtTotal}}},
                            {{{nullptr, &txtTo}}},
                            {{{&lblFrom, &chk}}},
-                           {{{.field = &txtFrom, .isClose = true}, {.field = &txtTo, .isClose = true}}}}},
-                 {.heading = &fra, .rows = {{{{nullptr, &optA}}}}},
+                           {{{.caption = &lblParts, .field = &txtPart1, .isClose = true},
+                             {.field = &txtPart2, .isClose = true}}}}},
+                 {.heading = &fra, .rows = {{{{nullptr, &optA}}}, {{{&lblList}}}, {{{nullptr, &lst}}}}},
                  {.rows = {{{{nullptr, &txtInside}}}}}},
       .buttons = {&cmdOK}};
 };
@@ -57,17 +63,53 @@ class LaidOutForm : public TestForm {
 TEST(LaidOut, NamesAFieldByWhatTheEyeReadsBeforeIt) {
   const LaidOutForm form;
   const LaidOutGroup group = LaidOut(form)[0];
-  EXPECT_EQ(group.rows[0][0].name, "From") << "without the colons";
+  EXPECT_EQ(group.rows[0][0].name, "From (YYYYMM)") << "without the colons";
   EXPECT_EQ(group.rows[0][1].name, "From") << "the last caption in its row";
   EXPECT_EQ(group.rows[1][0].name, "Total");
   EXPECT_EQ(group.rows[2][0].name, "Period") << "the heading of its group";
 }
 
 TEST(LaidOut, DescribesAFieldByItsHint) {
-  const LaidOutForm form;
-  const LaidOutGroup group = LaidOut(form)[0];
-  EXPECT_EQ(group.rows[0][0].description, "YYYYMM");
-  EXPECT_EQ(group.rows[0][1].description, "");
+  LaidOutForm form;
+  form.lblHead.Caption("Until");
+  EXPECT_EQ(LaidOut(form)[0].rows[0][0].description, "") << "the name says it, which two fields would have";
+  EXPECT_EQ(LaidOut(form)[0].rows[3][0].description, "From");
+}
+
+TEST(LaidOut, TellsFieldsThatWouldHaveOneNameApart) {
+  class PeriodsForm : public TestForm {
+   public:
+    Label lblLong{*this, "lblLong", {.caption = "Long:"}}, lblShort{*this, "lblShort", {.caption = "Short:"}};
+    Label lblTo{*this, "lblTo", {.caption = "to"}}, lblYear{*this, "lblYear", {.caption = "YYYY"}};
+    Label lblPhone{*this, "lblPhone", {.caption = "Phone"}};
+    Label lblFirst{*this, "lblFirst", {.caption = "First"}}, lblSecond{*this, "lblSecond", {.caption = "Second"}};
+    TextField txt1{*this, "txt1", {}}, txt2{*this, "txt2", {}}, txt3{*this, "txt3", {}}, txt4{*this, "txt4", {}};
+    TextField txt5{*this, "txt5", {}}, txt6{*this, "txt6", {}}, txt7{*this, "txt7", {}}, txt8{*this, "txt8", {}};
+    const Layout& FormLayout() const override { return layout_; }
+
+   private:
+    const Layout layout_ = {.groups = {{.rows = {{{{&lblLong, &txt1}, {&lblTo, &txt2}}},
+                                                 {{{&lblShort, &txt3}, {&lblTo, &txt4}}},
+                                                 {{{&lblPhone, &txt5}, {nullptr, &txt6}}}}},
+                                       {.heading = &lblFirst, .rows = {{{{&lblYear, &txt7}}}}},
+                                       {.heading = &lblSecond, .rows = {{{{&lblYear, &txt8}}}}}}};
+  };
+  const PeriodsForm form;
+  std::vector<std::string> names;
+  for (const LaidOutGroup& group : LaidOut(form))
+    for (const LaidOutRow& row : group.rows)
+      for (const LaidOutCell& cell : row) names.push_back(cell.name);
+  EXPECT_EQ(names, (std::vector<std::string>{"Long", "Long, to", "Short", "Short, to", "Phone, 1 of 2", "Phone, 2 of 2",
+                                             "First, YYYY", "Second, YYYY"}));
+}
+
+TEST(LaidOut, HeadsAListByTheCaptionAboveIt) {
+  LaidOutForm form;
+  const LaidOutCell list = LaidOut(form)[1].rows[2][0];
+  EXPECT_EQ(list.head, &form.lblList);
+  EXPECT_EQ(list.name, "Kind");
+  EXPECT_EQ(list.description, "Date Amount") << "the names of its columns";
+  EXPECT_EQ(LaidOut(form)[0].rows[2][0].head, nullptr) << "no list";
 }
 
 TEST(LaidOut, LeavesTheNameToAFieldWithACaptionOfItsOwn) {
@@ -80,7 +122,7 @@ TEST(LaidOut, LeavesTheNameToAFieldWithACaptionOfItsOwn) {
 TEST(LaidOut, ReadsCaptionsAsTheyAreNow) {
   LaidOutForm form;
   form.lblFrom.Caption("Since");
-  EXPECT_EQ(LaidOut(form)[0].rows[0][0].name, "Since");
+  EXPECT_EQ(LaidOut(form)[0].rows[0][0].name, "Since (YYYYMM)");
 }
 
 TEST(LaidOut, SaysWhatStandsOut) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <set>
 
 #include "core/host_setup.h"
 #include "core/launch.h"
@@ -36,6 +37,7 @@ TEST_F(Accessibility, NamesFieldsAsTheirLabelsRead) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&dialog.WidgetOf(form.optFirst))->role(), QAccessible::RadioButton);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&dialog.WidgetOf(form.chkFinal))->role(), QAccessible::CheckBox);
     EXPECT_EQ(NameOf(dialog, form.fraKind), "Kind of payment");
+    EXPECT_EQ(NameOf(dialog, form.lstInvoices), "Invoices") << "what stands above it";
     EXPECT_EQ(NameOf(dialog, form.lblAmount), "$123.45");
     EXPECT_EQ(Read(dialog, form.lblAmount, QAccessible::Description), "Amount to be paid");
   });
@@ -115,6 +117,12 @@ TEST_F(Accessibility, TellsEachInvoiceOfAPayment) {
     EXPECT_EQ(told->role(), QAccessible::List);
     EXPECT_TRUE(told->state().focused);
     EXPECT_EQ(told->text(QAccessible::Name).toStdString(), "Invoice Payments Details");
+    EXPECT_EQ(told->text(QAccessible::Description).toStdString(), "Invoice Date Invoice No./Description Amount");
+    const auto& head = static_cast<InvoicePayments&>(shown).Label12;
+    const auto headed =
+        QAccessible::queryAccessibleInterface(&toolkit.Dialog()->WidgetOf(head))->relations(QAccessible::Labelled);
+    ASSERT_EQ(headed.size(), 1);
+    EXPECT_EQ(headed[0].first, told);
     const std::vector<std::string> rows = {"20260601      INV-1                              10.00",
                                            "20260602      Freight, May                       20.00",
                                            "20260603      C-3                                -5.00"};
@@ -136,16 +144,19 @@ TEST_F(Accessibility, TellsEachInvoiceOfAPayment) {
 }
 
 /// The forms of all screens that there are, up in turn.
-TEST_F(Accessibility, NamesEveryFieldOfEveryScreen) {
+TEST_F(Accessibility, NamesEveryFieldOfEveryScreenApartFromTheOthers) {
   ResetModule();
   UseToolkit(&toolkit);
   int fields = 0;
   toolkit.onForm = [&](Form& shown, UserDriver&) {
+    std::set<std::string> names;
     for (const Control* control : shown.Controls()) {
       if (control->Kind() == ControlKind::Label || control->Kind() == ControlKind::Frame)
         continue;
       ++fields;
-      EXPECT_NE(NameOf(*toolkit.Dialog(), *control), "") << shown.Name() << " " << control->Name();
+      const std::string name = NameOf(*toolkit.Dialog(), *control);
+      EXPECT_NE(name, "") << shown.Name() << " " << control->Name();
+      EXPECT_TRUE(names.insert(name).second) << shown.Name() << " has two fields that are told as " << name;
     }
   };
   for (const LaunchRow& row : LaunchTable()) Levyra().ShowLevyraScreen(row.code);
