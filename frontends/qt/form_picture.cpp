@@ -30,6 +30,7 @@ QPalette PaletteOf(const ThemeColours& colours) {
   faint.setAlphaF(0.5F);
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
     palette.setColor(QPalette::Disabled, role, faint);
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(colours.window));
   palette.setColor(QPalette::Highlight, QColor(colours.highlight));
   palette.setColor(QPalette::HighlightedText, Qt::white);
   return palette;

@@ -1,6 +1,10 @@
 #include "frontends/qt/front_end.h"
 
+#include <QCoreApplication>
 #include <stdexcept>
+#include <string>
+#include <system_error>
+#include <thread>
 
 #include "frontends/qt/form_picture.h"
 #include "frontends/qt/played_qt_toolkit.h"
@@ -28,22 +32,36 @@ class Photographed final : public PhotographedToolkit {
   FormPicture picture_;
 };
 
+/// Qt waits for ever for a thread that the system does not make.
+void ExpectThreads() {
+  try {
+    std::thread([] {}).join();
+  } catch (const std::system_error& error) {
+    throw std::runtime_error("windows need threads, and the system makes none: " + error.code().message());
+  }
+}
+
 }  // namespace
 
 std::unique_ptr<DrivenToolkit> NewPlayed() {
+  ExpectThreads();
   return std::make_unique<PlayedQtToolkit>();
 }
 
 std::unique_ptr<Toolkit> NewShown(ActWatcher* watcher) {
   if (!QtToolkit::HasDisplay())
     throw std::runtime_error("there is no display to show the form on; set DISPLAY or WAYLAND_DISPLAY");
+  ExpectThreads();
   InstallProgramMessages("fiscalon");
   auto toolkit = std::make_unique<QtToolkit>();
+  // Boxes without a title have this one. The program may be a twin, of which users know nothing.
+  QCoreApplication::setApplicationName(QStringLiteral("Fiscalon"));
   toolkit->Watch(watcher);
   return toolkit;
 }
 
 std::unique_ptr<PhotographedToolkit> NewPhotographed(const PictureLook& look) {
+  ExpectThreads();
   return std::make_unique<Photographed>(look);
 }
 

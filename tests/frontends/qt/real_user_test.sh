@@ -20,9 +20,9 @@ Show() {
 # By keyboard alone: a wrong month is refused, Enter closes the box, the month is typed over, Enter moves on.
 Show 15 --gov-filename "$folder/keyboard.pc4" --record "$folder/keyboard.scenario"
 Type 202613
-Window '^fiscalon' >/dev/null
+Window '^Fiscalon$' >/dev/null
 xdotool key Return
-Gone '^fiscalon'
+Gone '^Fiscalon$'
 Type 202612
 Type 12345
 xdotool key alt+o
