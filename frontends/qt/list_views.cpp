@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <functional>
 #include <utility>
 
 #include "core/forms/form.h"
@@ -38,21 +39,83 @@ QFont FontOfRows(const ListControl& list, QFont font) {
   return font;
 }
 
+class DropDown final : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+  std::function<void()> whenClosed = {};
+
+ protected:
+  void hidePopup() override {
+    QComboBox::hidePopup();
+    if (whenClosed)
+      whenClosed();
+  }
+};
+
 }  // namespace
 
 DropDownView::DropDownView(DropDownList& list, QWidget& parent, WatchedActs& acts)
-    : AnyListView(list, *new QComboBox(&parent), acts), list_(list), native_(static_cast<QComboBox&>(Widget())) {
+    : AnyListView(list, *new DropDown(&parent), acts), list_(list), native_(static_cast<QComboBox&>(Widget())) {
   native_.setSizeAdjustPolicy(QComboBox::AdjustToContents);
   Restyle();
-  QObject::connect(&native_, &QComboBox::activated, &native_, [this](int row) {
-    // Without the focus it was an assistive program.
-    if (IsActive())
-      Acts().Pick(list_, row);
-    else
-      Acts().Choose(list_, row);
-    if (list_.Owner().IsUp())
-      Refresh();
-  });
+  // Qt tells that a row is picked after all else: when the rows are gone and the list has it.
+  const auto afterwards = [this] {
+    QMetaObject::invokeMethod(
+        &native_, [this] { Align(); }, Qt::QueuedConnection);
+  };
+  static_cast<DropDown&>(native_).whenClosed = afterwards;
+  QObject::connect(&native_, &QComboBox::activated, &native_, [this](int row) { Picked(row); });
+  QObject::connect(&native_, &QComboBox::currentIndexChanged, &native_, afterwards);
+  QObject::connect(native_.view()->selectionModel(), &QItemSelectionModel::selectionChanged, &native_,
+                   [this] { RowsMarked(); });
+}
+
+DropDownView::~DropDownView() {
+  // The widget outlives the view, and closes its rows when it goes.
+  static_cast<DropDown&>(native_).whenClosed = nullptr;
+  native_.view()->selectionModel()->disconnect(&native_);
+}
+
+void DropDownView::Picked(int row) {
+  // Without the focus it was an assistive program.
+  if (IsActive())
+    Acts().Pick(list_, row);
+  else
+    Acts().Choose(list_, row);
+  if (list_.Owner().IsUp())
+    Refresh();
+}
+
+void DropDownView::RowsMarked() {
+  if (refreshing_ || !list_.Owner().IsUp())
+    return;
+  // Whoever goes through the rows by keyboard or mouse marks the current one: another one is an assistive program's.
+  const QItemSelectionModel& rows = *native_.view()->selectionModel();
+  for (const QModelIndex& marked : rows.selectedIndexes())
+    if (marked != rows.currentIndex()) {
+      native_.hidePopup();
+      Picked(marked.row());
+      break;
+    }
+  if (list_.Owner().IsUp())
+    MarkRow();
+}
+
+void DropDownView::MarkRow() {
+  const ScopedValue refreshing(refreshing_, true);
+  QItemSelectionModel& rows = *native_.view()->selectionModel();
+  const QModelIndex own = native_.model()->index(list_.ListIndex(), native_.modelColumn());
+  rows.setCurrentIndex(Rows() == nullptr ? own : rows.currentIndex(), QItemSelectionModel::ClearAndSelect);
+}
+
+void DropDownView::Align() {
+  if (!list_.Owner().IsUp())
+    return;
+  if (native_.currentIndex() != list_.ListIndex())
+    Picked(native_.currentIndex());
+  if (list_.Owner().IsUp())
+    MarkRow();
 }
 
 bool DropDownView::MousePressed(QMouseEvent& event) {
@@ -68,13 +131,18 @@ void DropDownView::Restyle() {
 }
 
 void DropDownView::Refresh() {
+  const ScopedValue refreshing(refreshing_, true);
   ControlView::Refresh();
   const QStringList rows = RowsOf(list_);
-  if (rows != RowsOf(native_, [this](int row) { return native_.itemText(row); })) {
+  const bool others = rows != RowsOf(native_, [this](int row) { return native_.itemText(row); });
+  if (others) {
     native_.clear();
     native_.addItems(rows);
   }
+  if (!others && native_.currentIndex() == list_.ListIndex())
+    return;
   native_.setCurrentIndex(list_.ListIndex());
+  MarkRow();
 }
 
 ShownControl DropDownView::Content() const {

@@ -21,6 +21,7 @@ class AnyListView : public ControlView {
 class DropDownView final : public AnyListView {
  public:
   DropDownView(DropDownList& list, QWidget& parent, WatchedActs& acts);
+  ~DropDownView() override;
 
   void Refresh() override;
   bool KeepsKey(const QKeyEvent& event) const override;
@@ -32,9 +33,16 @@ class DropDownView final : public AnyListView {
 
  private:
   ShownControl Content() const override;
+  void Picked(int row);
+  /// Other rows are marked among those that drop down.
+  void RowsMarked();
+  /// The marked row is the one that a user has come to or, in a closed list, the form's.
+  void MarkRow();
+  void Align();
 
   DropDownList& list_;
   QComboBox& native_;
+  bool refreshing_ = false;
 };
 
 class ListBoxView final : public AnyListView {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QAccessible>
+#include <QComboBox>
 #include <QTest>
 
 #include "frontends/played/session_recorder.h"
@@ -26,11 +28,18 @@ class AssistiveActs : public testing::Test, protected PlayedForm {
     told.editableTextInterface()->replaceText(0, told.textInterface()->characterCount(), text);
   }
   static void ToggleRow(const FormDialog& dialog, const Control& control, int row) {
-    Told(dialog, control).child(row)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    ToggleRow(Told(dialog, control), row);
   }
+  static void ToggleRow(QAccessibleInterface& rows, int row) {
+    rows.child(row)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  }
+  /// The rows of the drop-down list.
+  QAccessibleInterface& Rows(const FormDialog& dialog) const { return *Told(dialog, form.cmbProvince).child(0); }
   static std::vector<int> SelectedRows(const FormDialog& dialog, const Control& control) {
+    return SelectedRows(Told(dialog, control));
+  }
+  static std::vector<int> SelectedRows(const QAccessibleInterface& rows) {
     std::vector<int> selected;
-    QAccessibleInterface& rows = Told(dialog, control);
     for (int row = 0; row < rows.childCount(); ++row)
       if (rows.child(row)->state().selected)
         selected.push_back(row);
@@ -165,6 +174,85 @@ TEST_F(AssistiveActs, SelectARowOfAListBox) {
     EXPECT_EQ(form.lstInvoices.ListIndex(), 0) << "a chosen row is given up by choosing another one";
     EXPECT_EQ(SelectedRows(dialog, form.lstInvoices), std::vector<int>{0});
     EXPECT_EQ(form.TakeNotes(), Notes{});
+  });
+}
+
+TEST_F(AssistiveActs, PickARowOfADropDownListThatIsClosed) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    for (const int row : {1, 2, 0}) {
+      form.TakeNotes();
+      ToggleRow(Rows(dialog), row);
+      EXPECT_EQ(form.cmbProvince.ListIndex(), row);
+      EXPECT_EQ(user.Text(form.cmbProvince), form.cmbProvince.List(row));
+      EXPECT_EQ(SelectedRows(Rows(dialog)), std::vector<int>{row});
+      EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Chosen");
+    }
+    EXPECT_EQ(user.FocusName(), "cmbProvince");
+    ToggleRow(Rows(dialog), 0);
+    EXPECT_EQ(form.cmbProvince.ListIndex(), 0) << "a chosen row is given up by choosing another one";
+    EXPECT_EQ(SelectedRows(Rows(dialog)), std::vector<int>{0});
+    EXPECT_EQ(form.TakeNotes(), Notes{});
+  });
+}
+
+TEST_F(AssistiveActs, PickARowOfADropDownListThatIsOpen) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    auto& list = In<QComboBox>(dialog, form.cmbProvince);
+    for (const int row : {2, 0}) {
+      Do(dialog, form.cmbProvince, QAccessibleActionInterface::showMenuAction());
+      ASSERT_TRUE(list.view()->isVisible());
+      // The keyboard has come to a row, which is only marked.
+      QTest::keyClick(list.view(), Qt::Key_Home);
+      QTest::keyClick(list.view(), Qt::Key_Down);
+      EXPECT_EQ(SelectedRows(Rows(dialog)), std::vector<int>{1});
+      form.TakeNotes();
+      ToggleRow(Rows(dialog), row);
+      EXPECT_FALSE(list.view()->isVisible());
+      EXPECT_EQ(form.cmbProvince.ListIndex(), row);
+      EXPECT_EQ(SelectedRows(Rows(dialog)), std::vector<int>{row});
+      EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Chosen");
+    }
+  });
+}
+
+TEST_F(AssistiveActs, SetTheRowOfADropDownList) {
+  Show(form, [&](FormDialog& dialog, UserDriver&) {
+    form.TakeNotes();
+    In<QComboBox>(dialog, form.cmbProvince).setCurrentIndex(2);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form.cmbProvince.ListIndex(), 2);
+    EXPECT_EQ(SelectedRows(Rows(dialog)), std::vector<int>{2});
+    EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Chosen");
+  });
+}
+
+TEST_F(AssistiveActs, PickNothingWhereACheckKeepsTheFocus) {
+  form.when["txtPeriod_LostFocus"] = [this] { form.txtPeriod.SetFocus(); };
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    user.Click(form.txtPeriod);
+    ToggleRow(Rows(dialog), 1);
+    ToggleRow(dialog, form.lstInvoices, 1);
+    In<QComboBox>(dialog, form.cmbProvince).setCurrentIndex(2);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(user.Text(form.cmbProvince), "");
+    EXPECT_EQ(form.cmbProvince.ListIndex(), ListControl::kNothingSelected);
+    EXPECT_EQ(SelectedRows(Rows(dialog)), std::vector<int>());
+    EXPECT_EQ(form.lstInvoices.ListIndex(), ListControl::kNothingSelected);
+    EXPECT_EQ(SelectedRows(dialog, form.lstInvoices), std::vector<int>());
+  });
+}
+
+TEST_F(AssistiveActs, SeeTheRowsAsTheyWereWhereAUserGivesUp) {
+  Show(form, [&](FormDialog& dialog, UserDriver& user) {
+    auto& list = In<QComboBox>(dialog, form.cmbProvince);
+    user.Choose(form.cmbProvince, 1);
+    list.showPopup();
+    QTest::keyClick(list.view(), Qt::Key_End);
+    EXPECT_EQ(SelectedRows(Rows(dialog)), std::vector<int>{2});
+    QTest::keyClick(list.view(), Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form.cmbProvince.ListIndex(), 1);
+    EXPECT_EQ(SelectedRows(Rows(dialog)), std::vector<int>{1});
   });
 }
 
