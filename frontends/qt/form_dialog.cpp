@@ -156,7 +156,10 @@ QSize FormDialog::sizeHint() const {
   const QSize buttons = layout()->itemAt(layout()->count() - 2)->sizeHint() + QSize(around.width(), 0);
   const QSize whole(std::max(wanted.width() + around.width() + scrollBar, buttons.width()),
                     wanted.height() + around.height());
-  return whole.boundedTo(room);
+  // Window managers size windows by steps. At a scale such as 1.5 these are more than one pixel of the screen, and a
+  // window becomes less than it asks for by up to a pixel of the form's own.
+  constexpr QSize kStep(1, 1);
+  return (whole + kStep).boundedTo(room);
 }
 
 void FormDialog::GrowToFit() {

@@ -1,10 +1,11 @@
 # shellcheck shell=bash
 # A display with nobody else at it, and a user who types and clicks there. Sourced by the tests with a real user; it
-# ends them with status 77, skipped, for want of Xvfb or xdotool. What they start they name in `shown`.
+# ends them with status 77, skipped, for want of Xvfb, xdotool or what else they name in `needed`. What they start they
+# name in `shown`, and `screen` is what they want for a screen.
 
-for tool in Xvfb xdotool; do
+for tool in ${needed:-Xvfb xdotool}; do
   if ! command -v "$tool" >/dev/null 2>&1; then
-    echo "skipped: $tool is not installed (apt-get install xvfb xdotool)"
+    echo "skipped: $tool is not installed (docs/dependencies.md)"
     exit 77
   fi
 done

@@ -20,6 +20,7 @@ tests | python3-distributed | a cluster judges a batch in parts
 tests | parallel           | so does GNU parallel
 tests | xvfb               | a display for the tests with a real user
 tests | xdotool            | types and clicks in those tests
+tests | openbox            | sizes windows by the steps that they ask for
 tests | zsh                | a shell whose completion is tested
 tests | fish               | another one
 windows | g++-mingw-w64-x86-64-posix | compiles for 64-bit Windows

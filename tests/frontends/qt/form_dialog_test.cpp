@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "core/launch.h"
 #include "core/module_state.h"
@@ -257,6 +259,20 @@ TEST_F(Dialog, PlacesEveryControlOfEveryScreenWhole) {
     session.ShowLevyraScreen(row.code);
   }
   EXPECT_EQ(screens, static_cast<int>(LaunchTable().size()));
+  ResetModule();
+}
+
+TEST_F(Dialog, NeedsNoScrollBarsWhereItGetsAPixelLess) {
+  ResetModule();
+  UseToolkit(&toolkit);
+  toolkit.onForm = [&](Form& shown, UserDriver&) {
+    FormDialog& dialog = *toolkit.Dialog();
+    dialog.resize(dialog.size() - QSize(1, 1));
+    const auto& scroller = *dialog.findChild<QScrollArea*>();
+    EXPECT_FALSE(scroller.verticalScrollBar()->isVisible()) << shown.Name();
+    EXPECT_FALSE(scroller.horizontalScrollBar()->isVisible()) << shown.Name();
+  };
+  for (const LaunchRow& row : LaunchTable()) Levyra().ShowLevyraScreen(row.code);
   ResetModule();
 }
 
