@@ -1,7 +1,8 @@
 # What `cmake --install` puts in place, by components:
 #   runtime      the shared library
 #   tools        the program, its man pages and its shell completion
-#   qt           what shows windows: the program's twin with Qt, the payment desk, its desktop entry and icon
+#   qt           the program's twin, for its commands that show windows
+#   desk         the payment desk, its man page, desktop entry and icon
 #   development  headers, libraries to link, CMake packages, pkg-config files
 #   documents    README, LICENSE, guides, examples
 include(CMakePackageConfigHelpers)
@@ -26,20 +27,6 @@ function(fiscalon_install_pkgconfig name)
   install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${FISCALON_PKGCONFIG_DIR} COMPONENT development)
 endfunction()
 
-# The headers that hosts are promised. What they include comes with them, and everything else is the library's own.
-set(FISCALON_PROMISED_HEADERS
-  include/fiscalon/fiscalon.h
-  include/fiscalon/batch.h
-  include/fiscalon/front_end.h
-  include/fiscalon/scripted.h)
-if(TARGET fiscalon_qt)
-  list(APPEND FISCALON_PROMISED_HEADERS include/fiscalon/qt.h)
-endif()
-install(CODE "
-  execute_process(COMMAND \"${CMAKE_COMMAND}\" -D \"SOURCE_DIR=${PROJECT_SOURCE_DIR}\"
-    -D \"STAGE_DIR=${PROJECT_BINARY_DIR}/headers/fiscalon\" -D \"HEADERS=${FISCALON_PROMISED_HEADERS}\"
-    -P \"${PROJECT_SOURCE_DIR}/cmake/StageHeaders.cmake\" COMMAND_ERROR_IS_FATAL ANY)"
-  COMPONENT development)
 install(DIRECTORY ${PROJECT_BINARY_DIR}/headers/fiscalon/ DESTINATION ${FISCALON_HEADER_DIR} COMPONENT development)
 
 fiscalon_install_library(fiscalon fiscalonTargets)
@@ -88,8 +75,13 @@ if(TARGET fiscalon_cli)
   fiscalon_install_man(tools ${pages})
   install(FILES ${PROJECT_SOURCE_DIR}/completions/fiscalon
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+  # Where zsh looks for what distributions bring, and for what an administrator installs.
+  set(zsh_folder site-functions)
+  if(FISCALON_PACKAGES)
+    set(zsh_folder vendor-completions)
+  endif()
   install(FILES ${PROJECT_SOURCE_DIR}/completions/_fiscalon
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT tools)
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder} COMPONENT tools)
   install(FILES ${PROJECT_SOURCE_DIR}/completions/fiscalon.fish
     DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT tools)
 endif()
@@ -97,12 +89,12 @@ if(TARGET fiscalon_cli_qt)
   install(TARGETS fiscalon_cli_qt RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/fiscalon COMPONENT qt)
 endif()
 if(TARGET fiscalon_desk)
-  install(TARGETS fiscalon_desk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT qt)
-  fiscalon_install_man(qt fiscalon-desk.1)
+  install(TARGETS fiscalon_desk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT desk)
+  fiscalon_install_man(desk fiscalon-desk.1)
   install(FILES ${PROJECT_SOURCE_DIR}/tools/desk/fiscalon-desk.desktop
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT qt)
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desk)
   install(FILES ${PROJECT_SOURCE_DIR}/tools/desk/fiscalon-desk.svg
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT qt)
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT desk)
 endif()
 
 install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md

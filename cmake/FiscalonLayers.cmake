@@ -25,6 +25,8 @@ option(FISCALON_JOINED "Compile several sources as one, and headers that nearly 
 function(fiscalon_compile_settings target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+  # For our own sources alone: a host that links us has headers of these names too.
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
   target_compile_options(${target} PRIVATE ${FISCALON_WARNINGS})
   if(FISCALON_WARN_OF_LOADING)
     target_compile_options(${target} PRIVATE -Wglobal-constructors)
@@ -62,17 +64,19 @@ function(fiscalon_standard_headers target)
     <algorithm> <array> <filesystem> <functional> <map> <memory> <optional> <string> <string_view> <vector>)
 endfunction()
 
-# fiscalon_layer(NAME [DEPENDS layer...] SOURCES file...)
+# fiscalon_layer(NAME [HIDDEN] [DEPENDS layer...] SOURCES file...): one folder. What a hidden one declares is for the layers
+# above it alone, and no shared library offers it to others. (Tests reach into each of them.)
 function(fiscalon_layer name)
-  cmake_parse_arguments(layer "" "" "DEPENDS;SOURCES" ${ARGN})
+  cmake_parse_arguments(layer "HIDDEN" "" "DEPENDS;SOURCES" ${ARGN})
   add_library(fiscalon_${name}_objects OBJECT ${layer_SOURCES})
   fiscalon_compile_settings(fiscalon_${name}_objects)
   fiscalon_standard_headers(fiscalon_${name}_objects)
-  target_include_directories(fiscalon_${name}_objects PUBLIC ${PROJECT_SOURCE_DIR})
+  if(layer_HIDDEN AND NOT FISCALON_TESTS)
+    set_target_properties(fiscalon_${name}_objects PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  endif()
   add_library(fiscalon_${name} STATIC $<TARGET_OBJECTS:fiscalon_${name}_objects>)
   set_target_properties(fiscalon_${name} PROPERTIES LINKER_LANGUAGE CXX)
   target_compile_features(fiscalon_${name} PUBLIC cxx_std_20)
-  target_include_directories(fiscalon_${name} PUBLIC ${PROJECT_SOURCE_DIR})
   foreach(dependency IN LISTS layer_DEPENDS)
     target_link_libraries(fiscalon_${name} PUBLIC fiscalon_${dependency})
   endforeach()
@@ -93,7 +97,7 @@ function(fiscalon_library name)
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
   target_compile_features(${name} PUBLIC cxx_std_20)
   target_include_directories(${name} PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+    $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/headers>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  add_dependencies(${name} fiscalon_headers)
 endfunction()

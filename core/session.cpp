@@ -15,7 +15,6 @@ namespace fiscalon {
 namespace {
 
 constexpr std::string_view kShowSource = "Fiscalon.ShowLevyraScreen";
-constexpr auto kInvalidScreenType = static_cast<int32_t>(0x80040001);
 
 // The form's one instance, which lives as long as the library.
 std::shared_ptr<Form> InstanceOf(const LaunchRow& row) {
@@ -88,7 +87,7 @@ bool Levyra::ShowLevyraScreen(std::string_view screenCode) {
   try {
     const LaunchRow* row = FindLaunchRow(screenCode);
     if (row == nullptr)
-      throw RuntimeError(kInvalidScreenType, "Invalid Screen Type");
+      throw RuntimeError(error_number::kInvalidScreenType, "Invalid Screen Type");
     return Launch(*row);
   } catch (const RuntimeError& error) {
     // The launch routine's own name stands in the source only until here: the host sees the last source.

@@ -73,9 +73,8 @@ void Form::Load() {
 }
 
 void Form::RefuseSecondShow() const {
-  constexpr int32_t kAlreadyUp = 400;
   if (showing_)
-    throw RuntimeError(kAlreadyUp, "Form already displayed; can't show modally");
+    Raise(error_number::kAlreadyShown);
 }
 
 void Form::ShowModal(Toolkit& toolkit) {

@@ -20,6 +20,7 @@ constexpr StandardError kStandardErrors[] = {
     {error_number::kPathFileAccessError, "Path/File access error"},
     {error_number::kPathNotFound, "Path not found"},
     {error_number::kObjectNotSet, "Object variable or With block variable not set"},
+    {error_number::kAlreadyShown, "Form already displayed; can't show modally"},
     {error_number::kDuplicateKey, "This key is already associated with an element of this collection"},
 };
 

@@ -26,6 +26,7 @@ class RuntimeError : public std::exception {
   std::string source_;
 };
 
+/// The numbers that hosts may meet, to be compared with `RuntimeError::Number()`, in a `switch` too.
 namespace error_number {
 
 inline constexpr int32_t kInvalidProcedureCall = 5;
@@ -38,7 +39,10 @@ inline constexpr int32_t kPermissionDenied = 70;
 inline constexpr int32_t kPathFileAccessError = 75;
 inline constexpr int32_t kPathNotFound = 76;
 inline constexpr int32_t kObjectNotSet = 91;
+inline constexpr int32_t kAlreadyShown = 400;
 inline constexpr int32_t kDuplicateKey = 457;
+/// 0x80040001, of a session that is asked for a screen that it does not have.
+inline constexpr int32_t kInvalidScreenType = static_cast<int32_t>(0x80040001);
 
 }  // namespace error_number
 

@@ -31,6 +31,10 @@ void Pay(QWidget& window) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (!fiscalon::QtToolkit::HasDisplay()) {
+    std::cerr << "qt_host: there is no display to show the payment on; set DISPLAY or WAYLAND_DISPLAY\n";
+    return 1;
+  }
   const QApplication application(argc, argv);
   fiscalon::QtToolkit toolkit;
   fiscalon::UseToolkit(&toolkit);

@@ -4,7 +4,8 @@ cmake_minimum_required(VERSION 3.25)
 
 set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${WORK_DIR}/host ${WORK_DIR}/qt_host ${WORK_DIR}/own
-  ${WORK_DIR}/guide ${WORK_DIR}/guide_host ${WORK_DIR}/guide_host_test ${WORK_DIR}/guide_qt_host)
+  ${WORK_DIR}/guide ${WORK_DIR}/guide_host ${WORK_DIR}/guide_host_test ${WORK_DIR}/guide_qt_host
+  ${WORK_DIR}/guide_fetched ${WORK_DIR}/guide_along ${WORK_DIR}/guide_missing)
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -68,10 +69,14 @@ foreach(header IN LISTS promised)
 endforeach()
 run(${COMPILER} -std=c++20 -fsyntax-only -I ${WORK_DIR}/own -I ${prefix}/include ${WORK_DIR}/own/everything.cpp)
 
-# build(FOLDER): a project of the guide or of the examples, against the library as it is installed.
-function(build source folder)
+# configure(SOURCE FOLDER option...), build(SOURCE FOLDER option...): a project of the guide or of the examples, which finds
+# the library as it is installed.
+function(configure source folder)
   run(${CMAKE_COMMAND} -S ${source} -B ${WORK_DIR}/${folder} -G Ninja
-    -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS})
+    -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS} ${ARGN})
+endfunction()
+function(build source folder)
+  configure(${source} ${folder} ${ARGN})
   run(${CMAKE_COMMAND} --build ${WORK_DIR}/${folder})
 endfunction()
 
@@ -90,9 +95,44 @@ file(WRITE ${guide}/host_test/CMakeLists.txt "${text}")
 build(${guide}/host_test guide_host_test)
 run(${WORK_DIR}/guide_host_test/host_test)
 
+# The same program with the library built along, fetched or in the host's own tree. Compiling it all once is enough: the
+# other way must only find the headers, and none but those below one folder.
+file(COPY ${guide}/host/main.cpp DESTINATION ${guide}/fetched)
+build(${guide}/fetched guide_fetched
+  -D FETCHCONTENT_SOURCE_DIR_FISCALON=${SOURCE_DIR} -D FISCALON_JOINED=ON -D "CMAKE_CXX_FLAGS=${FLAGS} -O0 -g0")
+expect_records(${WORK_DIR}/guide_fetched/host)
+if(EXISTS ${WORK_DIR}/guide_fetched/_deps/fiscalon-build/tools)
+  message(FATAL_ERROR "a host that builds the library along builds its programs too")
+endif()
+file(MAKE_DIRECTORY ${guide}/along/third_party)
+file(CREATE_LINK ${SOURCE_DIR} ${guide}/along/third_party/fiscalon SYMBOLIC)
+file(WRITE ${guide}/along/main.cpp [[
+#include <fiscalon/fiscalon.h>
+#if __has_include("core/session.h") || __has_include("core/logging.h") || __has_include("session.h")
+#error the library's own headers would be taken for those of the host
+#endif
+]])
+configure(${guide}/along guide_along)
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/guide_along --target CMakeFiles/host.dir/main.cpp.o)
+
+# A component that is not there is told by its name.
+file(WRITE ${guide}/missing/CMakeLists.txt "cmake_minimum_required(VERSION 3.25)\nproject(missing LANGUAGES CXX)\n"
+  "find_package(fiscalon 0.1 REQUIRED COMPONENTS gtk)\n")
+execute_process(COMMAND ${CMAKE_COMMAND} -S ${guide}/missing -B ${WORK_DIR}/guide_missing -G Ninja
+  -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} RESULT_VARIABLE result ERROR_VARIABLE output OUTPUT_QUIET)
+if(result STREQUAL "0" OR NOT output MATCHES "there is no component \"gtk\", only \"qt\"")
+  message(FATAL_ERROR "a component that is not there ended with ${result}, and this was said:\n${output}")
+endif()
+
 # Those with windows must find and link the front end; what they do is tried at a display elsewhere.
 if(HAS_QT)
   build(${SOURCE_DIR}/examples/qt_host qt_host)
+  execute_process(
+    COMMAND ${CMAKE_COMMAND} -E env --unset=DISPLAY --unset=WAYLAND_DISPLAY --unset=QT_QPA_PLATFORM ${WORK_DIR}/qt_host/qt_host
+    RESULT_VARIABLE result ERROR_VARIABLE output)
+  if(NOT result STREQUAL "1" OR NOT output MATCHES "^qt_host: there is no display to show the payment on;[^\n]*\n$")
+    message(FATAL_ERROR "without a display qt_host ended with ${result}, and said:\n${output}")
+  endif()
   build(${guide}/qt_host guide_qt_host)
 endif()
 
