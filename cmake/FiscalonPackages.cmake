@@ -7,11 +7,13 @@ set(CPACK_PACKAGE_VENDOR Fiscalon)
 set(CPACK_PACKAGE_CONTACT "Fiscalon contributors <fiscalon@fiscalon.example>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
+# Each package has a first line of its own.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
-set(CPACK_COMPONENTS_ALL runtime tools qt development documents)
+set(CPACK_COMPONENTS_ALL runtime tools qt desk development documents)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # The programs need this version of the library, which says so itself; what else they need is read from them.
@@ -19,7 +21,9 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
 set(interface ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 set(library libfiscalon${interface})
-set(same_library "${library} (= ${PROJECT_VERSION})")
+# Of the same version, whichever time it was packed: the programs use more of the library than hosts are promised.
+math(EXPR next_patch "${PROJECT_VERSION_PATCH} + 1")
+set(same_library "${library} (>= ${PROJECT_VERSION}), ${library} (<< ${interface}.${next_patch}~)")
 
 # The papers that each package must bear.
 set(papers ${PROJECT_BINARY_DIR}/debian)
@@ -54,7 +58,7 @@ function(fiscalon_package group component name section summary text)
   install(FILES ${papers}/copyright ${papers}/changelog.gz DESTINATION share/doc/${name} COMPONENT ${component})
 endfunction()
 
-fiscalon_package(library runtime ${library} libs "collects the details of government remittances"
+fiscalon_package(library runtime ${library} libs "forms for the details of government remittances, to be loaded"
 "Forms that ask for what a remittance to a Canadian authority needs beside the
 payment, and the check of such records. This is the library that programs load.")
 # CPack would write maintainer scripts that call ldconfig, where the policy wants a trigger. It writes none if it does
@@ -72,7 +76,7 @@ string(REGEX REPLACE "^shlibs:Depends=([^\n]*).*" "\\1" CPACK_DEBIAN_LIBRARY_PAC
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/LibraryNeeds.cmake)
 
 fiscalon_package(development development libfiscalon-dev libdevel
-"collects the details of government remittances - development"
+"headers and guides for programs that show forms of remittances"
 "Headers, CMake packages and pkg-config files for programs that show forms of
 government remittances, with guides and examples. The front end with windows is
 linked into the program, which needs Qt 6.")
@@ -84,20 +88,26 @@ fiscalon_package(tools tools fiscalon-tools utils "checks and shows records of g
 "The program fiscalon takes record files apart, judges single payments and whole
 batches, and plays scenarios of forms without a display.")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${same_library}")
-set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS fiscalon-desk)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS fiscalon-tools-qt)
 
-fiscalon_package(desk qt fiscalon-desk misc "shows the forms of government remittances"
-"The payment desk, a small host program for trying the forms out, and what the
-program fiscalon needs for commands that show windows.")
+fiscalon_package(qt qt fiscalon-tools-qt utils "collects and plays remittances in windows of Qt"
+"What the program fiscalon needs for its commands that show windows: payments
+that are collected, pictures of forms, and scenarios played on real widgets.")
+set(CPACK_DEBIAN_QT_PACKAGE_DEPENDS "${same_library}, fiscalon-tools")
+
+fiscalon_package(desk desk fiscalon-desk misc "payment desk that tries the forms of remittances out"
+"A small host program with one window: a payment to change, all screens to show,
+and the records that they hand back, taken apart.")
 set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same_library}")
 set(CPACK_DEBIAN_DESK_PACKAGE_RECOMMENDS fiscalon-tools)
 
 include(CPack)
-foreach(group IN ITEMS library development tools desk)
+foreach(group IN ITEMS library development tools qt desk)
   cpack_add_component_group(${group})
 endforeach()
 cpack_add_component(runtime GROUP library)
 cpack_add_component(development GROUP development)
 cpack_add_component(documents GROUP development)
 cpack_add_component(tools GROUP tools)
-cpack_add_component(qt GROUP desk)
+cpack_add_component(qt GROUP qt)
+cpack_add_component(desk GROUP desk)

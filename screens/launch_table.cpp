@@ -110,7 +110,12 @@ static_assert(std::ranges::adjacent_find(kLaunchTable, std::ranges::greater_equa
 
 }  // namespace
 
-std::span<const LaunchRow> LaunchTable() {
+// A shared library hides the screens, but our programs ask for this.
+#ifdef __ELF__
+[[gnu::visibility("default")]]
+#endif
+std::span<const LaunchRow>
+LaunchTable() {
   return kLaunchTable;
 }
 

@@ -41,11 +41,12 @@ fiscalon generate --payments 100 --screen 03 --out trial
 fiscalon validate --payments trial.csv --records trial.pc4 --report report.csv
 [ "$(wc -l <report.csv)" = 101 ]
 if fiscalon picture 15 --out without.png 2>said; then false; fi
-grep fiscalon-desk said
+grep fiscalon-tools-qt said
 
-apt-get -qy install --no-install-recommends ./fiscalon-desk_*.deb
+apt-get -qy install --no-install-recommends ./fiscalon-tools-qt_*.deb
 fiscalon picture 15 --out with.png
 [ -s with.png ]
+apt-get -qy install --no-install-recommends ./fiscalon-desk_*.deb
 QT_QPA_PLATFORM=offscreen fiscalon-desk --help
 
 apt-get -qy install --no-install-recommends ./libfiscalon-dev_*.deb g++ cmake make pkgconf qt6-base-dev

@@ -23,7 +23,7 @@ void GoOnInTwin(char** arguments) {
   const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
   const auto twin = (program.parent_path() / kTwin).lexically_normal();
   ::execv(twin.c_str(), arguments);
-  const std::string remedy = errno == ENOENT ? "; it is installed with the payment desk, fiscalon-desk" : "";
+  const std::string remedy = errno == ENOENT ? "; the package fiscalon-tools-qt has it" : "";
   throw CommandError("the Qt front end " + Utf8Of(twin) + " can't be started: " + std::strerror(errno) + remedy);
 }
 

@@ -255,8 +255,8 @@ TEST_F(PlayCommand, NamesTheFrontEndThatIsNotWhereItWasInstalled) {
   const Outcome seen = Run("bin/fiscalon play --toolkit qt good.scenario");
   EXPECT_EQ(seen.status, 2);
   EXPECT_THAT(seen.out, IsEmpty());
-  EXPECT_THAT(seen.err, HasSubstr("fiscalon-qt can't be started: No such file or directory; it is "
-                                  "installed with the payment desk, fiscalon-desk\n"));
+  EXPECT_THAT(seen.err, HasSubstr("fiscalon-qt can't be started: No such file or directory; the "
+                                  "package fiscalon-tools-qt has it\n"));
 }
 
 TEST_F(PlayCommand, TakesTheFrontEndByName) {
