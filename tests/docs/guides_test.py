@@ -44,7 +44,8 @@ class Guides(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.sources = [without_indent(text) for text in sources()]
-        cls.all_sources = "\n".join(cls.sources)
+        build = [TREE / "CMakeLists.txt", *sorted((TREE / "cmake").glob("*.cmake"))]
+        cls.all_sources = "\n".join(cls.sources + [file.read_text(encoding="utf-8") for file in build])
 
     def test_quote_code_that_stands_in_the_sources(self):
         quoted = 0
