@@ -25,21 +25,9 @@ set(library libfiscalon${interface})
 math(EXPR next_patch "${PROJECT_VERSION_PATCH} + 1")
 set(same_library "${library} (>= ${PROJECT_VERSION}), ${library} (<< ${interface}.${next_patch}~)")
 
-# The papers that each package must bear.
+# The papers that each package must bear: a copyright file, with the notices of what others wrote of its program, and a
+# changelog.
 set(papers ${PROJECT_BINARY_DIR}/debian)
-file(READ ${PROJECT_SOURCE_DIR}/LICENSE license)
-string(REGEX MATCH "Copyright \\(c\\) ([^\n]*)" owner "${license}")
-set(owner ${CMAKE_MATCH_1})
-string(REGEX REPLACE "\n(\n+)" "\n.\\1" license "${license}")
-string(REGEX REPLACE "\n([^\n])" "\n \\1" license "${license}")
-file(CONFIGURE OUTPUT ${papers}/copyright @ONLY CONTENT
-"Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/
-Upstream-Name: fiscalon
-
-Files: *
-Copyright: @owner@
-License: Expat
- @license@")
 file(CONFIGURE OUTPUT ${papers}/changelog @ONLY CONTENT
 "fiscalon (@PROJECT_VERSION@) unstable; urgency=medium
 
@@ -49,13 +37,20 @@ file(CONFIGURE OUTPUT ${papers}/changelog @ONLY CONTENT
 ")
 fiscalon_compress(${papers}/changelog ${papers}/changelog.gz)
 
-# fiscalon_package(GROUP COMPONENT NAME SECTION SUMMARY TEXT): one Debian package.
+include(${CMAKE_CURRENT_LIST_DIR}/FiscalonNotices.cmake)
+
+# fiscalon_package(GROUP COMPONENT NAME SECTION SUMMARY TEXT [program]): one Debian package.
 function(fiscalon_package group component name section summary text)
   string(TOUPPER ${group} key)
   set(CPACK_DEBIAN_${key}_PACKAGE_NAME ${name} PARENT_SCOPE)
   set(CPACK_DEBIAN_${key}_PACKAGE_SECTION ${section} PARENT_SCOPE)
   set(CPACK_DEBIAN_${key}_DESCRIPTION "${summary}\n${text}" PARENT_SCOPE)
-  install(FILES ${papers}/copyright ${papers}/changelog.gz DESTINATION share/doc/${name} COMPONENT ${component})
+  set(program)
+  if(ARGN)
+    set(program $<TARGET_FILE:${ARGN}>)
+  endif()
+  fiscalon_notices(${papers}/${name}/copyright ${component} --debian ${PROJECT_SOURCE_DIR}/LICENSE ${program})
+  install(FILES ${papers}/${name}/copyright ${papers}/changelog.gz DESTINATION share/doc/${name} COMPONENT ${component})
 endfunction()
 
 fiscalon_package(library runtime ${library} libs "forms for the details of government remittances, to be loaded"
@@ -86,18 +81,21 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "qt6-base-dev, fiscalon-tools")
 
 fiscalon_package(tools tools fiscalon-tools utils "checks and shows records of government remittances"
 "The program fiscalon takes record files apart, judges single payments and whole
-batches, and plays scenarios of forms without a display.")
+batches, and plays scenarios of forms without a display."
+fiscalon_cli)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${same_library}")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS fiscalon-tools-qt)
 
 fiscalon_package(qt qt fiscalon-tools-qt utils "collects and plays remittances in windows of Qt"
 "What the program fiscalon needs for its commands that show windows: payments
-that are collected, pictures of forms, and scenarios played on real widgets.")
+that are collected, pictures of forms, and scenarios played on real widgets."
+fiscalon_cli_qt)
 set(CPACK_DEBIAN_QT_PACKAGE_DEPENDS "${same_library}, fiscalon-tools")
 
 fiscalon_package(desk desk fiscalon-desk misc "payment desk that tries the forms of remittances out"
 "A small host program with one window: a payment to change, all screens to show,
-and the records that they hand back, taken apart.")
+and the records that they hand back, taken apart."
+fiscalon_desk)
 set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same_library}")
 set(CPACK_DEBIAN_DESK_PACKAGE_RECOMMENDS fiscalon-tools)
 

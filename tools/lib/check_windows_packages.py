@@ -13,8 +13,10 @@ import tempfile
 import zipfile
 from pathlib import Path
 
+import notices
+
 FILES = set(
-    """CHANGELOG.md LICENSE fiscalon.dll fiscalon.exe fiscalon.manifest fiscalon.tlb fiscalon_component.h
+    """CHANGELOG.md LICENSE THIRD-PARTY.txt fiscalon.dll fiscalon.exe fiscalon.manifest fiscalon.tlb fiscalon_component.h
     windows-guide.md""".split()
 )
 EXPORTS = {"DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer", "DllUnregisterServer"}
@@ -82,6 +84,10 @@ def offences_of(path):
             yield "the examples are missing"
         for name in sorted(name for name in inside & FILES if name.endswith((".dll", ".exe"))):
             yield from offences_of_binary(name, package.read(f"{folder}/{name}"), FORMATS[architecture])
+        if "THIRD-PARTY.txt" in inside:
+            told = package.read(f"{folder}/THIRD-PARTY.txt").decode()
+            linked = b"".join(package.read(f"{folder}/{name}") for name in inside if name.endswith((".dll", ".exe")))
+            yield from notices.offences_of(told, linked)
 
 
 def main(arguments):
