@@ -37,6 +37,7 @@ check | clang              | the other compiler, which runs the whole suite too
 check | dpkg-dev           | finds what the packages depend on
 check | file               | tells programs from other files when packages are made
 check | lintian            | checks the Debian packages
+check | reuse              | checks that each file has a licence
 long  | abigail-tools      | compares the interface of the library with that of the last tag
 long  | debootstrap        | a bare system to install the packages on
 long  | git                | finds the last tag
