@@ -2,7 +2,7 @@
 #   runtime      the shared library
 #   tools        the program, its man pages and its shell completion
 #   qt           the program's twin, for its commands that show windows
-#   desk         the payment desk, its man page, desktop entry and icon
+#   desk         the payment desk, its man page, desktop entry, icon and page for operators
 #   development  headers, libraries to link, CMake packages, pkg-config files
 #   documents    README, LICENSE, guides, examples
 include(CMakePackageConfigHelpers)
@@ -68,6 +68,8 @@ function(fiscalon_compress from to)
   set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${from})
 endfunction()
 
+include(${CMAKE_CURRENT_LIST_DIR}/FiscalonOperatorsPage.cmake)
+
 if(TARGET fiscalon_cli)
   install(TARGETS fiscalon_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
   file(GLOB pages CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/man ${PROJECT_SOURCE_DIR}/man/*.1)
@@ -91,6 +93,8 @@ endif()
 if(TARGET fiscalon_desk)
   install(TARGETS fiscalon_desk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT desk)
   fiscalon_install_man(desk fiscalon-desk.1)
+  # What its F1 opens belongs to the program: documents may be left out of an installation.
+  fiscalon_install_operators_page(${CMAKE_INSTALL_DATADIR}/fiscalon desk)
   install(FILES ${PROJECT_SOURCE_DIR}/tools/desk/fiscalon-desk.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desk)
   install(FILES ${PROJECT_SOURCE_DIR}/tools/desk/fiscalon-desk.svg

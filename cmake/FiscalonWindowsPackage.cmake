@@ -29,4 +29,6 @@ include(${CMAKE_CURRENT_LIST_DIR}/FiscalonNotices.cmake)
 fiscalon_notices(${PROJECT_BINARY_DIR}/THIRD-PARTY.txt Unspecified ${binaries})
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_BINARY_DIR}/THIRD-PARTY.txt
   DESTINATION .)
+include(${CMAKE_CURRENT_LIST_DIR}/FiscalonOperatorsPage.cmake)
+fiscalon_install_operators_page(. Unspecified)
 include(CPack)

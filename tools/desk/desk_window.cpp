@@ -13,6 +13,7 @@
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
 #include "frontends/qt/qt_text.h"
+#include "tools/desk/operators_page.h"
 #include "tools/desk/payment_panel.h"
 #include "tools/desk/result_panel.h"
 #include "tools/desk/screen_list.h"
@@ -39,8 +40,9 @@ QDateTime LastWritten(const QString& name) {
 
 }  // namespace
 
-DeskWindow::DeskWindow()
-    : payment_(new PaymentPanel),
+DeskWindow::DeskWindow(QString operatorsPage)
+    : operatorsPage_(std::move(operatorsPage)),
+      payment_(new PaymentPanel),
       screens_(new ScreenList),
       result_(new ResultPanel),
       above_(new QSplitter(Qt::Horizontal)),
@@ -48,17 +50,52 @@ DeskWindow::DeskWindow()
       area_(new QScrollArea) {
   setWindowTitle(tr("Payment desk"));
   Arrange();
+  AddKeys();
+  screens_->onShow = [this](const std::string& code) { ShowScreen(code); };
+  payment_->onEnter = [this] { screens_->ShowChosen(); };
+  payment_->Show(ExamplePayment());
+  screens_->Choose(kFirstScreen);
+  result_->Say(
+      tr("Nothing has been shown yet. Change the payment if you like, choose a screen, and show it. "
+         "F1 tells how forms are filled."));
+}
+
+void DeskWindow::AddKeys() {
   for (const auto key : {QKeySequence::Quit, QKeySequence::Close}) {
     auto* close = new QAction(this);
     close->setShortcuts(key);
     connect(close, &QAction::triggered, this, &QWidget::close);
     addAction(close);
   }
-  screens_->onShow = [this](const std::string& code) { ShowScreen(code); };
-  payment_->onEnter = [this] { screens_->ShowChosen(); };
-  payment_->Show(ExamplePayment());
-  screens_->Choose(kFirstScreen);
-  result_->Say(tr("Nothing has been shown yet. Change the payment if you like, choose a screen, and show it."));
+  auto* help = new QAction(this);
+  help->setShortcuts(QKeySequence::HelpContents);
+  connect(help, &QAction::triggered, this, [this] { OpenOperatorsPage(); });
+  addAction(help);
+}
+
+void DeskWindow::OpenOperatorsPage() {
+  if (openPage_.isNull() && !OperatorsPage::IsThere(operatorsPage_)) {
+    result_->Say(tr("The page for operators can't be read. It belongs here:\n%1").arg(operatorsPage_));
+    return;
+  }
+  if (openPage_.isNull()) {
+    openPage_ = new OperatorsPage(operatorsPage_);
+    // Without a window manager nobody else gives the keyboard, to it or back.
+    connect(openPage_, &QObject::destroyed, this, [this] { activateWindow(); });
+  }
+  openPage_->show();
+  openPage_->raise();
+  openPage_->activateWindow();
+}
+
+DeskWindow::~DeskWindow() {
+  delete openPage_;
+}
+
+void DeskWindow::closeEvent(QCloseEvent* event) {
+  // The page is no reason for the program to go on.
+  delete openPage_;
+  QMainWindow::closeEvent(event);
 }
 
 void DeskWindow::Arrange() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QScrollArea>
 #include <QSplitter>
 #include <string>
@@ -11,6 +12,7 @@
 
 namespace fiscalon {
 
+class OperatorsPage;
 class PaymentPanel;
 class ResultPanel;
 class ScreenList;
@@ -19,12 +21,17 @@ class ScreenList;
 /// It keeps nothing: each show has a session of its own, and what was handed over is taken out of the form.
 class DeskWindow final : public QMainWindow {
  public:
-  DeskWindow();
+  /// The operators' page is the file that F1 opens.
+  explicit DeskWindow(QString operatorsPage);
+  ~DeskWindow() override;
 
  private:
+  void AddKeys();
+  void OpenOperatorsPage();
   void Arrange();
   /// Where the window is too narrow for both, the screens stand beneath the payment.
   void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
   void ShowScreen(const std::string& code);
   /// Whether the payment is nothing to show a screen with, or the user will not have a file replaced; says so then.
   bool IsStopped(const Payment& payment, const std::string& code);
@@ -33,6 +40,8 @@ class DeskWindow final : public QMainWindow {
   void ShowRecordsHandedBack(const Levyra& session, const LaunchRow& screen);
   void ShowRecordFile(const QString& name, const LaunchRow& screen);
 
+  QString operatorsPage_;
+  QPointer<OperatorsPage> openPage_;
   PaymentPanel* payment_;
   ScreenList* screens_;
   ResultPanel* result_;

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
+#include <QDir>
 #include <exception>
 #include <iostream>
 
@@ -20,7 +21,9 @@ int OpenDesk(int argc, char** argv) {
   QApplication::setApplicationDisplayName(QStringLiteral("Fiscalon"));
   fiscalon::QtToolkit toolkit;
   fiscalon::UseToolkit(&toolkit);
-  fiscalon::DeskWindow desk;
+  // As the program is installed, wherever that lies.
+  fiscalon::DeskWindow desk(
+      QDir::cleanPath(QApplication::applicationDirPath() + QStringLiteral("/" FISCALON_OPERATORS_PAGE)));
   desk.show();
   // Without a window manager nobody else gives it the keyboard.
   desk.activateWindow();

@@ -48,6 +48,7 @@ fiscalon picture 15 --out with.png
 [ -s with.png ]
 apt-get -qy install --no-install-recommends ./fiscalon-desk_*.deb
 QT_QPA_PLATFORM=offscreen fiscalon-desk --help
+[ -s /usr/share/fiscalon/operator-guide.md ]
 
 apt-get -qy install --no-install-recommends ./libfiscalon-dev_*.deb g++ cmake make pkgconf qt6-base-dev
 fiscalon play /usr/share/doc/libfiscalon-dev/examples/*.scenario

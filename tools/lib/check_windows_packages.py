@@ -15,9 +15,11 @@ from pathlib import Path
 
 import notices
 
+# Folders that hold something, whatever it is.
+FOLDERS = ("examples/", "operator-guide/")
 FILES = set(
     """CHANGELOG.md LICENSE THIRD-PARTY.txt fiscalon.dll fiscalon.exe fiscalon.manifest fiscalon.tlb fiscalon_component.h
-    windows-guide.md""".split()
+    operator-guide.md windows-guide.md""".split()
 )
 EXPORTS = {"DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer", "DllUnregisterServer"}
 # What every Windows has.
@@ -78,10 +80,11 @@ def offences_of(path):
             yield f"not all files lie in {folder}/"
         for name in sorted(FILES - inside):
             yield f"{name} is missing"
-        for name in sorted(name for name in inside - FILES if not name.startswith("examples/")):
+        for name in sorted(name for name in inside - FILES if not name.startswith(FOLDERS)):
             yield f"{name} does not belong into it"
-        if not any(name.startswith("examples/") for name in inside):
-            yield "the examples are missing"
+        for wanted in FOLDERS:
+            if not any(name.startswith(wanted) for name in inside):
+                yield f"nothing lies in {wanted}"
         for name in sorted(name for name in inside & FILES if name.endswith((".dll", ".exe"))):
             yield from offences_of_binary(name, package.read(f"{folder}/{name}"), FORMATS[architecture])
         if "THIRD-PARTY.txt" in inside:

@@ -16,6 +16,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTreeWidget>
 #include <filesystem>
 #include <map>
@@ -44,7 +45,7 @@ class PaymentDesk : public testing::Test {
     UseToolkit(&toolkit_);
     UseFixedClock({.date = {2026, 6, 15}});
     UseLocale(EnglishCanada());
-    desk_ = std::make_unique<DeskWindow>();
+    desk_ = std::make_unique<DeskWindow>(QString::fromStdString(pages_.Path("operators.md")));
     desk_->show();
     desk_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(desk_.get()));
@@ -83,6 +84,14 @@ class PaymentDesk : public testing::Test {
     user.Click(*form.FindControl("cmdOK"));
   }
 
+  static QTextBrowser* OpenPage() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (auto* page = qobject_cast<QTextBrowser*>(window); page != nullptr && page->isVisible())
+        return page;
+    return nullptr;
+  }
+
+  TemporaryFolder pages_;
   PlayedQtToolkit toolkit_;
   std::unique_ptr<DeskWindow> desk_;
 };
@@ -102,7 +111,10 @@ TEST_F(PaymentDesk, OpensWithAFormOnePressAway) {
 }
 
 TEST_F(PaymentDesk, SaysNothingOfAResultBeforeThereIsOne) {
-  EXPECT_EQ(Words(), "Nothing has been shown yet. Change the payment if you like, choose a screen, and show it.");
+  EXPECT_EQ(
+      Words(),
+      "Nothing has been shown yet. Change the payment if you like, choose a screen, and show it. F1 tells how forms "
+      "are filled.");
   EXPECT_FALSE(ShowsRecords());
 }
 
@@ -519,6 +531,37 @@ TEST_F(PaymentDesk, HasAnEntryTellItsDoubtToWhoComesBackToIt) {
             "record");
   Retype("sequence", "0001");
   EXPECT_EQ(entry->text(QAccessible::Description), "Four characters that head each record");
+}
+
+TEST_F(PaymentDesk, OpensTheOperatorsPageByF1FromAnywhere) {
+  pages_.Write("operators.md", "# Forms by keyboard\n\nTab goes *on*.\n");
+  for (const char* name : {"show", "cents", "date", "screens"}) {
+    auto& widget = Find<QWidget>(name);
+    widget.setFocus();
+    QTest::keyClick(&widget, Qt::Key_F1);
+    QTextBrowser* page = OpenPage();
+    ASSERT_NE(page, nullptr) << name;
+    EXPECT_EQ(page->toPlainText(), "Forms by keyboard\nTab goes on.");
+    QTest::keyClick(page, Qt::Key_Escape);
+    EXPECT_EQ(OpenPage(), nullptr) << "Escape does not close the page";
+  }
+}
+
+TEST_F(PaymentDesk, OpensThePageOnceAndClosesItWithTheDesk) {
+  pages_.Write("operators.md", "# Forms by keyboard\n");
+  QTest::keyClick(desk_->focusWidget(), Qt::Key_F1);
+  QTextBrowser* page = OpenPage();
+  QTest::keyClick(&Find<QWidget>("show"), Qt::Key_F1);
+  EXPECT_EQ(OpenPage(), page);
+  EXPECT_EQ(QApplication::topLevelWidgets().count(page), 1);
+  desk_->close();
+  EXPECT_EQ(OpenPage(), nullptr);
+}
+
+TEST_F(PaymentDesk, SaysWhereThePageBelongsThatIsNotThere) {
+  QTest::keyClick(desk_->focusWidget(), Qt::Key_F1);
+  EXPECT_EQ(OpenPage(), nullptr);
+  EXPECT_EQ(Words(), "The page for operators can't be read. It belongs here:\n" + pages_.Path("operators.md"));
 }
 
 TEST_F(PaymentDesk, CopiesAWholeRow) {

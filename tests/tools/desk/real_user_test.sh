@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # A user at a real X server opens the payment desk: one press shows a form, the keyboard comes back to the desk when the
-# form has gone, access keys reach its fields, and the records are in the file that was named there.
+# form has gone, access keys reach its fields, the records are in the file that was named there, and F1 opens the page
+# for operators.
 #   real_user_test.sh DESK
 # Exit status 77: skipped, for want of Xvfb or xdotool.
 set -euo pipefail
@@ -44,6 +45,12 @@ Keyboard 'Payment desk'
 export LC_ALL=C
 printf '"%-160s"\r\n' $'PC40001T                202512          H\xE9l\xE8ne C\xF4t\xE9                   Clerk' >"$folder/expected"
 head -n 1 "$folder/payment.pc4" | cmp "$folder/expected" - || Fail "the file is not what was typed: $(<"$folder/payment.pc4")"
+
+# The operators' page, as it lies seen from the program.
+xdotool key F1
+Keyboard 'How forms are filled'
+xdotool key Escape
+Keyboard 'Payment desk'
 
 xdotool key ctrl+q
 Ended 0

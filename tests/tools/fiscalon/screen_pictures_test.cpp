@@ -91,5 +91,43 @@ TEST_F(ScreenPictures, AreShownOnOnePage) {
   for (const auto& [code, scenario] : Scenarios()) EXPECT_THAT(page, HasSubstr("<img src=\"" + code + ".png\""));
 }
 
+/// The pictures of the operators' page, each beside the scenario that it is made by.
+class GuidePictures : public CommandLine {
+ protected:
+  static constexpr double kTolerance = 0.25;
+
+  static std::set<fs::path> Scenarios() {
+    std::set<fs::path> found;
+    for (const auto& entry : fs::directory_iterator(FISCALON_SOURCE_DIR "/docs/operator-guide"))
+      if (entry.path().extension() == ".scenario")
+        found.insert(entry.path());
+    return found;
+  }
+};
+
+TEST_F(GuidePictures, AreWhatTheirScenariosShow) {
+  ASSERT_FALSE(Scenarios().empty());
+  for (const fs::path& scenario : Scenarios()) {
+    const std::string text = TextOf(scenario);
+    const std::string code = text.substr(text.find("\nshow ") + 6, 2);
+    const Outcome seen = Run("fiscalon picture " + code + " --out made.png --scenario '" + scenario.string() + "'");
+    EXPECT_EQ(seen.status, 0) << seen.err;
+    const QImage made(QString::fromStdString(Folder() + "/made.png"));
+    const QImage kept(QString::fromStdString(fs::path(scenario).replace_extension(".png").string()));
+    EXPECT_NEAR(kept.width(), made.width(), made.width() * kTolerance) << scenario;
+    EXPECT_NEAR(kept.height(), made.height(), made.height() * kTolerance) << scenario;
+  }
+}
+
+TEST_F(GuidePictures, StandOnThePageEachOnce) {
+  std::string page = TextOf(FISCALON_SOURCE_DIR "/docs/operator-guide.md");
+  for (const fs::path& scenario : Scenarios()) {
+    const std::string named = "](operator-guide/" + scenario.stem().string() + ".png)";
+    EXPECT_THAT(page, HasSubstr(named));
+    page.erase(page.find(named), named.size());
+  }
+  EXPECT_THAT(page, testing::Not(HasSubstr(".png)")));
+}
+
 }  // namespace
 }  // namespace fiscalon
