@@ -55,6 +55,36 @@ xdotool key End Return
 xdotool key Return
 Ended 0
 
+# RecordedInVain COMMAND PLACE REASON: the session can't be written down, which is said; the payment is collected all the
+# same. What is printed goes to pipes, which no limit holds for.
+RecordedInVain() {
+  local whole=$program
+  program=$1
+  Show 15 --record "$2" > >(cat >"$folder/printed") 2> >(cat >"$folder/said")
+  program=$whole
+  Type 202612
+  Type 12345
+  xdotool key alt+o
+  Ended 0
+  [[ "$(grep -c ^PC40001 "$folder/printed")" == 2 ]] || Fail "the records are not printed: $(<"$folder/printed")"
+  local said="fiscalon: the session is not recorded: $2 can't be written: $3"
+  [[ "$(<"$folder/said")" == "$said" ]] || Fail "where $2 can't grow it says: $(<"$folder/said")"
+}
+
+# A full disk; and one where there is no room for as much as a byte, which leaves an older file as it was.
+RecordedInVain "$program" /dev/full 'No space left on device'
+mkdir "$folder/small"
+echo older >"$folder/small/session.scenario"
+cat >"$folder/limited" <<COMMAND
+#!/usr/bin/env bash
+ulimit -f 0
+exec "$program" "\$@"
+COMMAND
+chmod +x "$folder/limited"
+RecordedInVain "$folder/limited" "$folder/small/session.scenario" 'File too large'
+[[ "$(ls -A "$folder/small")" == session.scenario && "$(<"$folder/small/session.scenario")" == older ]] ||
+  Fail "a recording that found no room has left something behind: $(ls -A "$folder/small")"
+
 # A display that nobody serves.
 status=0
 DISPLAY=:65432 "$program" collect 15 2>"$folder/said" || status=$?
