@@ -29,9 +29,10 @@ class BoxUser {
  public:
   using Answers = std::function<MessageAnswer(const BoxRequest& shown)>;
 
-  explicit BoxUser(Answers answers) : answers_(std::move(answers)), before_(std::exchange(current_, this)) {
-    hook_ = ::SetWindowsHookExW(WH_CBT, &BoxUser::Hook, nullptr, ::GetCurrentThreadId());
-  }
+  explicit BoxUser(Answers answers)
+      : answers_(std::move(answers)),
+        before_(std::exchange(current_, this)),
+        hook_(::SetWindowsHookExW(WH_CBT, &BoxUser::Hook, nullptr, ::GetCurrentThreadId())) {}
   ~BoxUser() {
     Unhook();
     current_ = before_;
@@ -88,7 +89,7 @@ class BoxUser {
 
   Answers answers_;
   BoxUser* before_;
-  HHOOK hook_ = nullptr;
+  HHOOK hook_;
   WNDPROC native_ = nullptr;
   std::exception_ptr failure_;
 };

@@ -54,11 +54,8 @@ NONCLIENTMETRICSW FontsOfSystem(int dotsPerInch) {
   return metrics;
 }
 
-ScalingByMonitor::ScalingByMonitor() {
-  // Per-monitor awareness: of the system's fixed handles the one that all versions know.
-  const auto perMonitor = reinterpret_cast<HANDLE>(static_cast<INT_PTR>(-3));
-  before_ = SwitchTo(perMonitor);
-}
+// Per-monitor awareness: of the system's fixed handles the one that all versions know.
+ScalingByMonitor::ScalingByMonitor() : before_(SwitchTo(reinterpret_cast<HANDLE>(static_cast<INT_PTR>(-3)))) {}
 
 ScalingByMonitor::~ScalingByMonitor() {
   if (before_ != nullptr)

@@ -83,10 +83,6 @@ void GOVGST34::Form_QueryUnload(bool& /*cancel*/, CloseReason reason) {
     ClearShowGST58();
 }
 
-void GOVGST34::NetTax_KeyPress(int& key) {
-  LimitAmountKey(NetTax, key, 12);
-}
-
 // What stands in the field does not count: it is calculated anew. A failure leaves this handler.
 void GOVGST34::NetTax_LostFocus() {
   if (NetTax.Text().empty())

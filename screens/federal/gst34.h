@@ -63,7 +63,7 @@ class GOVGST34 final : public Screen {
   Label       Label14           {*this, "Label14",           {.caption = "Net tax (109):"}};
   TypedAmount NetTax            {*this, "NetTax",            {.tabIndex = 10, .maxLength = 13, .alignment = Alignment::Right, .tabStop = false, .locked = true},
                                  {.keys = ".,-", .next = &Command1},
-                                 {.keyPress = On(&Self::NetTax_KeyPress), .lostFocus = On(&Self::NetTax_LostFocus)}};
+                                 {.keyPress = [this](int& key) { LimitAmountKey(NetTax, key, 12); }, .lostFocus = On(&Self::NetTax_LostFocus)}};
   Label       Label19           {*this, "Label19",           {.caption = "Refund claimed (114):", .bold = true}};
   Gst34Line   RefundAmount      {*this, "RefundAmount",      recalculate,
                                  {.tabIndex = 11, .next = &Command1, .filledBy = LineFilledBy::Form}};
@@ -81,7 +81,6 @@ class GOVGST34 final : public Screen {
   void Form_Load() override;
   void Form_Activate() override { FocusIfAble(PeriodStartDate); }
   void Form_QueryUnload(bool& cancel, CloseReason reason) override;
-  void NetTax_KeyPress(int& key);
   void NetTax_LostFocus();
 
   /// Net tax, and the balance as a payment or a refund. A balance of less than the least amount is neither.

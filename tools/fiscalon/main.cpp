@@ -101,7 +101,7 @@ std::vector<std::string> OptionsOf(CLI::App& app) {
 
 /// What is wrong with a command line, with the word that it is about.
 std::string ComplaintAbout(CLI::App& app, const CLI::ParseError& error) {
-  const std::string said = error.what();
+  std::string said = error.what();
   const std::string option = said.substr(0, said.find(": "));
   if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch))
     return option + (said.find("received") == said.npos ? " needs a value behind it" : " is given more than once");

@@ -48,8 +48,7 @@ class NumberFrom {
     // What is no number at all is neither less nor more.
     if (number && *number >= least_ && *number <= most_)
       return {};
-    std::string complaint =
-        "\"" + text + "\" is no " + (std::is_integral_v<Number> ? "whole number" : "number") + " from " + Shown(least_);
+    std::string complaint = "\"" + text + "\" is no " + kNumber + " from " + Shown(least_);
     if (most_ < std::numeric_limits<Number>::max())
       complaint += " to " + Shown(most_);
     else if (number == std::nullopt && !text.empty() && text.find_first_not_of("0123456789") == text.npos)
@@ -58,6 +57,8 @@ class NumberFrom {
   }
 
  private:
+  static constexpr const char* kNumber = std::is_integral_v<Number> ? "whole number" : "number";
+
   static std::string Shown(Number number) {
     char text[32];
     return {text, std::to_chars(text, text + sizeof text, number).ptr};

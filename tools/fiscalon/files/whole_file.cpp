@@ -201,7 +201,7 @@ void WholeFile::Try(const std::string& name) {
       throw CommandError(name + " can't be written: " + std::strerror(errno));
     return;
   }
-  WholeFile{name};
+  const WholeFile tried(name);
   if (IsInterrupted())
     throw CommandError("interrupted");
 }
