@@ -61,7 +61,7 @@ constexpr DateRow kEndOnEnterRows[] = {{date::IsMissing, kAskEnd}, {date::IsNotE
 // The text stays as it stands.
 constexpr AmountRow kSalesOnLeavingRows[] = {
     {amount::Trim},
-    {amount::ReadMoney},
+    {amount::ReadNumber},
     {amount::IsNegative, kSalesBelowZero, Reaction::Empties},
     {amount::IsZero, {}, Reaction::Passes},
     {amount::IsNoAmount},
