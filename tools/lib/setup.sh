@@ -15,7 +15,7 @@ tests | libgmock-dev       | matchers of the test framework
 tests | locales            | tests compile the user locales that they read
 tests | pkgconf            | a test compiles against the installed package through pkg-config
 tests | clang-format       | checks the formatting
-tests | python3            | runs the layering check
+tests | python3            | runs the layering check and the model of the screens
 tests | python3-distributed | a cluster judges a batch in parts
 tests | parallel           | so does GNU parallel
 tests | xvfb               | a display for the tests with a real user

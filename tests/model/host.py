@@ -1,0 +1,98 @@
+"""The host's side: a payment's properties, the launch of a screen, and where its records go."""
+
+import dataclasses
+import datetime
+
+from values import LOCALES, RunTimeError, host_amount
+
+FOLDER = '$TMP'
+
+
+@dataclasses.dataclass
+class Payment:
+    """What a host sets, by its names in a scenario."""
+
+    CompCode: str = ''
+    CompName: str = ''
+    PaidAmount: str = None
+    PaidDate: str = ''
+    NumberOfInfoCollect: str = ''
+    GovFilename: str = ''
+    EnterName: str = ''
+    EnterTitle: str = ''
+    APHoldFlg: int = 0
+    SeqNumber: str = ''
+    BusinessName: str = ''
+    ZelmorNumber: str = ''
+    WriteFile: int = 0
+
+    comp_code = property(lambda self: self.CompCode)
+    comp_name = property(lambda self: self.CompName)
+    paid_amount = property(lambda self: '' if self.PaidAmount is None else host_amount(self.PaidAmount))
+    paid_date = property(lambda self: self.PaidDate)
+    gov_filename = property(lambda self: self.GovFilename)
+    enter_name = property(lambda self: self.EnterName)
+    enter_title = property(lambda self: self.EnterTitle)
+    hold = property(lambda self: self.APHoldFlg)
+    seq_number = property(lambda self: self.SeqNumber)
+    write_file = property(lambda self: self.WriteFile)
+
+
+class Host:
+    """A program that shows a screen, again and again."""
+
+    def __init__(self, screen):
+        self.screen = screen
+        self.payment = Payment()
+        self.locale = LOCALES['en-CA']
+        self.today = datetime.date(2026, 6, 15)
+        self.files = {}
+        self.folders = {FOLDER}
+        self.records = None
+        self.form = None
+        self.ending = None
+
+    def set(self, name, value):
+        setattr(self.payment, name, value)
+
+    def open_file(self, path):
+        """The lines of a file that is opened anew."""
+        if not path or path in self.folders:
+            raise RunTimeError(75)
+        folder = path.rpartition('/')[0]
+        if folder not in self.folders:
+            raise RunTimeError(76)
+        self.files[path] = []
+        return self.files[path]
+
+    def show(self, code):
+        self.form = self.form or self.screen(self)
+        self.form.payment = dataclasses.replace(self.payment)
+        try:
+            self.form.launched(code)
+        except RunTimeError as error:
+            self.form.error = error
+        else:
+            self.form.show()
+        self.end_if_over()
+
+    def act(self, verb, *arguments):
+        self.form.act(verb, *arguments)
+        self.end_if_over()
+
+    def end_if_over(self):
+        if self.form.up:
+            return
+        if self.form.error is not None:
+            self.ending = self.form.error
+            return
+        self.ending = self.form.chosen
+        if self.form.chosen and self.payment.WriteFile != -1:
+            self.records = self.form.records
+        self.form.unload()
+
+    def found_records(self):
+        """What the host finds: the lines of its file, or the members of its collection."""
+        if self.payment.WriteFile == -1:
+            return self.files.get(self.payment.GovFilename, [])
+        return self.records or []

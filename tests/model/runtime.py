@@ -1,0 +1,596 @@
+"""Forms without a display: focus, keys, mouse, and the order in which handlers run."""
+
+import collections
+
+from values import RunTimeError
+
+ENTER, BACKSPACE, ESCAPE = 13, 8, 27
+DIGITS = frozenset(map(ord, '0123456789'))
+LETTERS = frozenset(range(ord('A'), ord('Z') + 1)) | frozenset(range(ord('a'), ord('z') + 1))
+
+Box = collections.namedtuple('Box', 'style text title answer default')
+
+
+class Control:
+    """What a form is made of: label, field, button, check, option, list or frame."""
+
+    focusable = True
+
+    def __init__(self, form, name, tab=None, caption='', visible=True, enabled=True, stop=True, frame=None):
+        self.form = form
+        self.name = name
+        self.base, _, index = name.partition('(')
+        self.index = int(index[:-1]) if index else None
+        self.tab = tab
+        self.caption = caption
+        self.design = (visible, enabled)
+        self.stop = stop and self.focusable
+        self.frame = frame
+        self.reset()
+
+    def reset(self):
+        self.visible, self.enabled = self.design
+
+    def shown_text(self):
+        return self.caption
+
+    # What is to be seen of it, as a scenario calls it.
+    seen_as = ('text', 'enabled', 'visible')
+
+    def seen(self):
+        return self.shown_text(), self.enabled, self.is_seen()
+
+    def set_visible(self, visible):
+        self.visible = visible
+        self.form.focus_must_be_possible()
+
+    def set_enabled(self, enabled):
+        self.enabled = enabled
+        self.form.focus_must_be_possible()
+
+    def is_seen(self):
+        return self.visible and (self.frame is None or self.frame.visible)
+
+    def is_open(self):
+        """Visible and enabled, with the frame around it."""
+        return self.visible and self.enabled and (self.frame is None or (self.frame.visible and self.frame.enabled))
+
+    def focus_came(self, by_mouse):
+        pass
+
+    def pressed(self):
+        pass
+
+    def key(self, name, character):
+        pass
+
+
+class Label(Control):
+    focusable = False
+
+    seen_as = ('text', 'visible')
+
+    def seen(self):
+        return self.caption, self.is_seen()
+
+    def __init__(self, form, name, caption='', **design):
+        self.designed = caption
+        super().__init__(form, name, caption=caption, **design)
+
+    def reset(self):
+        super().reset()
+        self.caption = self.designed
+
+
+class Frame(Label):
+    seen_as = ('visible',)
+
+    def seen(self):
+        return (self.visible,)
+
+
+class Button(Control):
+    def pressed(self):
+        self.form.fire(self, 'Click')
+
+
+class Field(Control):
+    """A text field with its caret: what is selected ends at it."""
+
+    def __init__(self, form, name, tab=None, length=0, locked=False, lines=False, **design):
+        self.length = length
+        self.locked = locked
+        self.lines = lines
+        super().__init__(form, name, tab, **design)
+
+    def reset(self):
+        super().reset()
+        self.text = ''
+        self.selection = (0, 0)
+
+    def shown_text(self):
+        return self.text
+
+    def trimmed(self):
+        return self.text.strip(' ')
+
+    def is_full(self):
+        return len(self.trimmed()) == self.length
+
+    def selected(self):
+        return self.text[self.selection[0]:self.selection[1]]
+
+    def select_all(self):
+        self.selection = (0, len(self.text))
+
+    def set(self, text):
+        """By code: the caret keeps its distance from the end."""
+        if text == self.text:
+            return
+        caret = max(0, len(text) - (len(self.text) - self.selection[1]))
+        self.text, self.selection = text, (caret, caret)
+        self.form.fire(self, 'Change')
+
+    def focus_came(self, by_mouse):
+        if by_mouse:
+            self.selection = (len(self.text), len(self.text))
+        else:
+            self.select_all()
+
+    def put(self, text):
+        """By the user: over the selection, as far as there is room."""
+        first, last = self.selection
+        if self.length:
+            text = text[:max(0, self.length - len(self.text) + last - first)]
+        self.edit(first, last, text)
+
+    def edit(self, first, last, text=''):
+        before = self.text
+        self.text = before[:first] + text + before[last:]
+        self.selection = (first + len(text),) * 2
+        if self.text != before:
+            self.form.fire(self, 'Change')
+
+    # A line end is stepped over as one.
+
+    def before(self, place):
+        return max(0, place - (2 if self.text[:place].endswith('\r\n') else 1))
+
+    def behind(self, place):
+        return min(len(self.text), place + (2 if self.text.startswith('\r\n', place) else 1))
+
+    def paste(self, text):
+        if self.locked:
+            return
+        text = text.replace('\r\n', '\n').replace('\r', '\n')
+        text = text.replace('\n', '\r\n') if self.lines else text.partition('\n')[0]
+        if text:
+            self.put(text)
+
+    def key(self, name, character):
+        first, last = self.selection
+        if name in ('Home', 'End', 'Left', 'Right'):
+            caret = {
+                'Home': 0,
+                'End': len(self.text),
+                'Left': first if first < last else self.before(first),
+                'Right': last if first < last else self.behind(last),
+            }[name]
+            self.selection = (caret, caret)
+        elif self.locked:
+            return
+        elif name == 'Delete' or character == BACKSPACE:
+            if first == last:
+                first, last = (first, self.behind(last)) if name == 'Delete' else (self.before(first), last)
+            if first < last:
+                self.edit(first, last)
+        elif character in (ENTER, 10):
+            if self.lines:
+                self.put('\r\n')
+        elif character is not None and character >= 32:
+            self.put(chr(character) if character < 128 else bytes([character]).decode('cp1252'))
+
+
+class Check(Control):
+    def reset(self):
+        super().reset()
+        self.on = False
+
+    def set(self, on):
+        if on != self.on:
+            self.on = on
+            self.form.fire(self, 'Click')
+
+    seen_as = ('checked', 'enabled', 'visible')
+
+    def seen(self):
+        return self.on, self.enabled, self.visible
+
+    def pressed(self):
+        self.set(not self.on)
+
+
+class Option(Check):
+    """One of the options of its form: exactly one is on."""
+
+    def set(self, on):
+        if on == self.on:
+            return
+        others = [each for each in self.group() if each is not self and each.on] if on else []
+        for each in others:
+            each.on = False
+        self.on = on
+        for each in [*others, self]:
+            self.form.fire(each, 'Click')
+
+    def group(self):
+        return [each for each in self.form.controls if isinstance(each, Option) and each.frame is self.frame]
+
+    def pressed(self):
+        self.set(True)
+
+    def key(self, name, character):
+        if name in ('Down', 'Up', 'Left', 'Right'):
+            group = [each for each in self.group() if each.is_open()]
+            step = 1 if name in ('Down', 'Right') else -1
+            following = group[(group.index(self) + step) % len(group)]
+            self.form.move_focus(following)
+            following.set(True)
+
+
+class List(Control):
+    """A drop-down list or a list box."""
+
+    def reset(self):
+        super().reset()
+        self.rows = []
+        self.row = -1
+        self.typed = ''
+
+    def shown_text(self):
+        return self.rows[self.row] if self.row >= 0 else ''
+
+    seen_as = (*Control.seen_as, 'items')
+
+    def seen(self):
+        return *super().seen(), len(self.rows)
+
+    def focus_came(self, by_mouse):
+        self.typed = ''
+
+    def fill(self, rows):
+        self.rows, self.row, self.typed = list(rows), -1, ''
+
+    def step(self, row):
+        if row != self.row:
+            self.row = row
+            self.form.fire(self, 'Click')
+
+    def key(self, name, character):
+        if name in ('Down', 'Up'):
+            self.typed = ''
+            if self.rows:
+                self.step(min(max(self.row + (1 if name == 'Down' else -1), 0), len(self.rows) - 1))
+        elif character == BACKSPACE:
+            self.typed = ''
+        elif character is not None and character >= 32:
+            self.search(chr(character) if character < 128 else bytes([character]).decode('cp1252'))
+
+    def search(self, letter):
+        """The row that begins with all that was typed, or else with the letter alone."""
+        around = range(len(self.rows))
+        start = max(self.row, 0)
+        for typed, first in ((self.typed + letter, start), (letter, self.row + 1)):
+            for each in around:
+                row = (first + each) % len(self.rows)
+                if self.rows[row].lower().startswith(typed.lower()):
+                    self.step(row)
+                    self.typed = typed
+                    return
+
+
+class Form:
+    """A form with its controls. Handlers are methods, control, underscore, event; those of an array get the index."""
+
+    name = ''
+    caption = ''
+    cancel_button = None
+
+    def __init__(self):
+        self.controls = []
+        self.by_name = {}
+        self.handlers = {}
+        self.loaded = False
+        self.up = False
+        self.shown = False
+        self.active = None
+        self.queue = collections.deque()
+        self.depth = 0
+        self.lost = collections.Counter()
+        self.error = None
+        self.title = self.caption
+        self.seen = []
+        self.refuses = False
+        self.build()
+        self.order = sorted(
+            (each for each in self.controls if each.focusable),
+            key=lambda each: (each.tab is None, each.tab if each.tab is not None else 0))
+
+    def add(self, kind, name, *place, **design):
+        control = kind(self, name, *place, **design)
+        self.controls.append(control)
+        self.by_name[name] = control
+        base = name.partition('(')[0]
+        if control.index is None:
+            setattr(self, name, control)
+        else:
+            setattr(self, base, [*getattr(self, base, []), control])
+        return control
+
+    # Life
+
+    def load(self):
+        if self.loaded:
+            return
+        self.loaded = True
+        self.title = self.caption
+        self.active = None
+        for each in self.controls:
+            each.reset()
+        try:
+            self.handle(self.Form_Load)
+        except RunTimeError:
+            self.loaded = False
+            raise
+
+    def Form_Load(self):
+        pass
+
+    def show(self):
+        """The form comes up; an error that ends it is kept."""
+        self.error = None
+        self.lost.clear()
+        try:
+            self.load()
+            self.up = self.shown = True
+            self.active = None
+            first = next((each for each in self.order if each.is_open()), None)
+            if first is not None:
+                self.move_focus(first)
+            self.queue.clear()
+            if hasattr(self, 'Form_Activate'):
+                self.handle(self.Form_Activate)
+            self.run_queue()
+        except RunTimeError as error:
+            self.fail(error)
+
+    def hide(self):
+        self.up = False
+        self.queue.clear()
+
+    def unload(self):
+        self.hide()
+        self.loaded = False
+        self.shown = False
+        self.active = None
+
+    def fail(self, error):
+        self.error = self.error or error
+        self.hide()
+
+    # Handlers
+
+    def handle(self, handler, *arguments):
+        """Runs one; what is posted runs when the outermost has returned."""
+        self.depth += 1
+        try:
+            result = handler(*arguments)
+        finally:
+            self.depth -= 1
+        if self.depth == 0:
+            self.run_queue()
+        return result
+
+    def fire(self, control, event, *arguments):
+        key = control.base, event
+        if key not in self.handlers:
+            self.handlers[key] = getattr(self, f'{control.base}_{event}', None)
+        handler = self.handlers[key]
+        if handler is None:
+            return arguments[0] if arguments else None
+        if control.index is not None:
+            arguments = (control.index, *arguments)
+        return self.handle(handler, *arguments)
+
+    def run_queue(self):
+        while self.queue and self.up:
+            event, control = self.queue.popleft()
+            if event == 'Tab':
+                self.tab(1)
+            elif self.lost[control] < 2:
+                self.lost[control] += 1
+                self.fire(control, 'LostFocus')
+
+    def do_events(self):
+        self.run_queue()
+
+    def send_tab(self):
+        self.queue.append(('Tab', None))
+
+    def box(self, text, style='critical', title='', answers=('OK',)):
+        answer = answers[0]
+        if self.refuses and len(answers) > 1:
+            answer, self.refuses = answers[1], False
+        self.seen.append(Box(style, text, title, answer, answers[0]))
+        return answer
+
+    # Focus
+
+    def move_focus(self, control, by_mouse=False):
+        if control is self.active:
+            return
+        if self.active is not None:
+            self.queue.append(('LostFocus', self.active))
+        self.active = control
+        control.focus_came(by_mouse)
+
+    def set_focus(self, control):
+        """By code."""
+        if not self.shown or control is self.active:
+            return
+        if not control.is_open() or not self.up:
+            raise RunTimeError(5)
+        self.move_focus(control)
+
+    def focus_if_able(self, control):
+        """By the control's own flags: what its frame is does not count."""
+        if control.enabled and control.visible:
+            self.set_focus(control)
+
+    def focus_must_be_possible(self):
+        """A control that is closed while it has the focus gives it to the next stop."""
+        if self.up and self.active is not None and not self.active.is_open():
+            following = self.next_stop(1)
+            if following is not None and following is not self.active:
+                self.move_focus(following)
+
+    def stops(self):
+        """The tab stops in their order: of a group of options the one that is on, or the first."""
+        for each in self.order:
+            if not each.stop or not each.is_open():
+                continue
+            if isinstance(each, Option) and each is not self.active:
+                group = [one for one in each.group() if one.is_open()]
+                if self.active in group:
+                    continue
+                if each is not next((one for one in group if one.on), group[0]):
+                    continue
+            yield each
+
+    def next_stop(self, step):
+        stops = list(self.stops())
+        if not stops:
+            return None
+        at = self.order.index(self.active) if self.active is not None else -1
+        places = [self.order.index(each) for each in stops]
+        if step > 0:
+            return next((each for each, place in zip(stops, places) if place > at), stops[0])
+        return next((each for each, place in zip(reversed(stops), reversed(places)) if place < at), stops[-1])
+
+    def tab(self, step):
+        following = self.next_stop(step)
+        if following is not None:
+            self.move_focus(following)
+
+    def active_name(self):
+        return self.active.name if self.active is not None else ''
+
+    # What a user does: each is one act
+
+    def act(self, verb, *arguments):
+        """Whatever becomes of the form is told by `up` and `error`."""
+        self.lost.clear()
+        try:
+            getattr(self, 'act_' + verb)(*arguments)
+            self.run_queue()
+        except RunTimeError as error:
+            self.fail(error)
+
+    def act_close(self, reason):
+        if getattr(self, 'Form_QueryUnload', None):
+            self.handle(self.Form_QueryUnload, reason)
+        self.unload()
+
+    def act_paste(self, text):
+        if isinstance(self.active, Field):
+            self.active.paste(text)
+
+    def press(self, control):
+        """Whether the control has the focus when all that this brings about is over."""
+        if not control.is_open() or not control.focusable:
+            return False
+        self.fire(control, 'MouseDown')
+        if not self.up or not control.is_open():
+            return False
+        self.move_focus(control, by_mouse=True)
+        self.run_queue()
+        return self.up and control is self.active
+
+    def act_focus(self, name):
+        self.press(self.by_name[name])
+
+    def act_click(self, name):
+        control = self.by_name[name]
+        if self.press(control):
+            control.pressed()
+
+    def act_choose(self, name, row):
+        control = self.by_name[name]
+        if self.press(control):
+            control.row, control.typed = control.rows.index(row), ''
+            self.fire(control, 'Click')
+            if self.up:
+                self.fire(control, 'Chosen')
+
+    def act_type(self, character):
+        if character == '\t':
+            self.act_key('Tab')
+        else:
+            self.stroke(character, ord(character.encode('cp1252')))
+
+    def act_key(self, name):
+        modifier, _, key = name.rpartition('+')
+        if key == 'Tab':
+            return self.tab(-1 if modifier else 1)
+        if name == 'Escape' and self.cancel_button:
+            button = self.by_name[self.cancel_button]
+            if button.is_open():
+                button.pressed()
+            return None
+        if modifier == 'Alt':
+            return self.access_key(key)
+        if name in ('Enter', 'Space') and isinstance(self.active, Button):
+            return self.active.pressed()
+        if name == 'Space' and isinstance(self.active, Check):
+            return self.active.pressed()
+        characters = {'Enter': ENTER, 'Backspace': BACKSPACE, 'Escape': ESCAPE, 'Space': 32}
+        return self.stroke(key, 10 if name == 'Ctrl+Enter' else characters.get(key), shift=bool(modifier))
+
+    def access_key(self, letter):
+        for each in self.controls:
+            if isinstance(each, Button) and f'&{letter}'.lower() in each.caption.lower():
+                if each.is_open():
+                    self.move_focus(each, by_mouse=True)
+                    self.run_queue()
+                    if self.up and each is self.active:
+                        each.pressed()
+                return
+        self.stroke('Alt+' + letter, None, shift=True)
+
+    def stroke(self, name, character, shift=False):
+        """A key that reaches handlers, and then the control."""
+        target = self.active
+        if character == 32 and isinstance(target, (Button, Check)):
+            return target.pressed()
+        if getattr(self, 'Form_KeyDown', None):
+            if not self.handle(self.Form_KeyDown, name, shift) or not self.goes_on(target):
+                return None
+        if target is not None:
+            if self.fire(target, 'KeyDown', name) is None or not self.goes_on(target):
+                return None
+        if character is not None:
+            if hasattr(self, 'Form_KeyPress'):
+                character = self.handle(self.Form_KeyPress, character)
+                if not character or not self.goes_on(target):
+                    return None
+            target = self.active
+            if target is not None:
+                character = self.fire(target, 'KeyPress', character)
+                if not character or not self.goes_on(target):
+                    return None
+        if self.active is target and target is not None:
+            target.key(name, character)
+        return None
+
+    def goes_on(self, target):
+        return self.up and (target is None or target.is_open())
