@@ -11,6 +11,7 @@ from pathlib import Path
 
 TREE = Path(__file__).resolve().parents[2]
 GUIDES = sorted((TREE / "docs").glob("*.md"))
+PAGES = [*TREE.glob("*.md"), *(TREE / "docs").rglob("*.md"), *(TREE / "tests").rglob("*.md"), *(TREE / "examples").rglob("*.md")]
 SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "component", "tools", "include", "examples", "bench",
                   "tests/support", "tests/scenarios")
 # Where a guide names a file by its last part.
@@ -82,6 +83,13 @@ class Guides(unittest.TestCase):
                 file.write_text(scenario, encoding="utf-8")
                 played = subprocess.run([os.environ["FISCALON_PROGRAM"], "play", file], capture_output=True, text=True)
                 self.assertEqual(played.returncode, 0, played.stdout + played.stderr)
+
+    def test_hold_to_lines_of_120_characters(self):
+        """But for tables, code and pictures, which no line can be broken in."""
+        for page in PAGES:
+            text = FENCE.sub("", page.read_text(encoding="utf-8"))
+            for line in text.splitlines():
+                self.assertTrue(len(line) <= 120 or re.match(r"\||<|    ", line), f"{page.relative_to(TREE)}: {line}")
 
 
 class AScreen(unittest.TestCase):
