@@ -4,7 +4,7 @@
 #   qt           the program's twin, for its commands that show windows
 #   desk         the payment desk, its man page, desktop entry, icon and page for operators
 #   development  headers, libraries to link, CMake packages, pkg-config files
-#   documents    README, LICENSE, guides, examples
+#   documents    LICENSE, CHANGELOG, guides for users, pictures of the screens, examples
 include(CMakePackageConfigHelpers)
 
 set(FISCALON_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/fiscalon)
@@ -101,8 +101,11 @@ if(TARGET fiscalon_desk)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT desk)
 endif()
 
-install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+# For whoever uses what is installed. What is for work on the project names its sources, and stays with them.
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documents)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documents
-  PATTERN CMakeLists.txt EXCLUDE)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/host-guide.md ${PROJECT_SOURCE_DIR}/docs/batch-guide.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT documents)
+fiscalon_install_operators_page(${CMAKE_INSTALL_DOCDIR}/docs documents)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/screens DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT documents)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documents)

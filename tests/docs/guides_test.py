@@ -16,8 +16,8 @@ SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "component", "to
                   "tests/support", "tests/scenarios")
 # Where a guide names a file by its last part.
 NAMED_FOLDERS = ("core", "screens", "frontends", "include", "examples", "tests")
-# What builds make, and what a reader's own front end would have.
-NOT_KEPT = re.compile(r"^build/|\bNAME\b|^fiscalon_component\.h$")
+# What builds make, what processes write, and what a reader's own front end would have.
+NOT_KEPT = re.compile(r"^build/|\bNAME\b|^fiscalon_component\.h$|^Zelmor/PBP\.txt$")
 # Behind the language may stand the file that a listing is; such listings are built by the examples' tests.
 FENCE = re.compile(r"^```(\w*)( [^\n]*)?\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 # A path has a folder or an ending that the tree uses; <...> and * stand for names that the reader chooses.

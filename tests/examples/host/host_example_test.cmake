@@ -4,7 +4,8 @@ cmake_minimum_required(VERSION 3.25)
 
 set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${WORK_DIR}/host ${WORK_DIR}/qt_host ${WORK_DIR}/own
-  ${WORK_DIR}/guide ${WORK_DIR}/guide_host ${WORK_DIR}/guide_host_test ${WORK_DIR}/guide_qt_host
+  ${WORK_DIR}/guide ${WORK_DIR}/guide_host ${WORK_DIR}/guide_host_test ${WORK_DIR}/guide_bulk
+  ${WORK_DIR}/guide_qt_host
   ${WORK_DIR}/guide_fetched ${WORK_DIR}/guide_along ${WORK_DIR}/guide_missing)
 
 function(run)
@@ -88,12 +89,19 @@ set(guide ${WORK_DIR}/guide)
 run(python3 ${CMAKE_CURRENT_LIST_DIR}/listings.py ${SOURCE_DIR}/docs/host-guide.md ${guide})
 build(${guide}/host guide_host)
 expect_records(${WORK_DIR}/guide_host/host)
-file(READ ${guide}/host/CMakeLists.txt text)
-string(REPLACE "add_executable(host " "add_executable(host_test " text "${text}")
-string(REPLACE "target_link_libraries(host " "target_link_libraries(host_test " text "${text}")
-file(WRITE ${guide}/host_test/CMakeLists.txt "${text}")
-build(${guide}/host_test guide_host_test)
+# Those whose project is the first one's but for the name.
+foreach(program IN ITEMS host_test bulk)
+  file(READ ${guide}/host/CMakeLists.txt text)
+  string(REPLACE "add_executable(host " "add_executable(${program} " text "${text}")
+  string(REPLACE "target_link_libraries(host " "target_link_libraries(${program} " text "${text}")
+  file(WRITE ${guide}/${program}/CMakeLists.txt "${text}")
+  build(${guide}/${program} guide_${program})
+endforeach()
 run(${WORK_DIR}/guide_host_test/host_test)
+execute_process(COMMAND ${WORK_DIR}/guide_bulk/bulk RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+if(NOT result STREQUAL "0" OR NOT errors STREQUAL "" OR NOT output STREQUAL "Field 01 Amount of Payment is not equal to amount to be paid\n")
+  message(FATAL_ERROR "the check in bulk ended with ${result}\nprinted:\n${output}said:\n${errors}")
+endif()
 
 # The same program with the library built along, fetched or in the host's own tree. Compiling it all once is enough: the
 # other way must only find the headers, and none but those below one folder.
