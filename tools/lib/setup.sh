@@ -21,6 +21,10 @@ tests | parallel           | so does GNU parallel
 tests | xvfb               | a display for the tests with a real user
 tests | xdotool            | types and clicks in those tests
 tests | openbox            | sizes windows by the steps that they ask for
+tests | at-spi2-core       | the bus of assistive programs
+tests | dbus               | a session with that bus
+tests | python3-gi         | an assistive program in those tests
+tests | gir1.2-atspi-2.0   | what it speaks by
 tests | zsh                | a shell whose completion is tested
 tests | fish               | another one
 windows | g++-mingw-w64-x86-64-posix | compiles for 64-bit Windows
