@@ -22,7 +22,7 @@ LRESULT AnyButtonView::Message(UINT message, WPARAM wide, LPARAM extra) {
   // An option button notifies a click of its own accord when the focus comes: only one by mouse counts, or by a
   // program that makes the same messages.
   const ScopedValue releasing(releasing_, message == WM_LBUTTONUP);
-  return Native(message, wide, extra);
+  return ControlView::Message(message, wide, extra);
 }
 
 void AnyButtonView::Notified(int code) {
@@ -85,6 +85,17 @@ void ToggleView::Refresh() {
   const WPARAM value = toggle_.Value() ? BST_CHECKED : BST_UNCHECKED;
   if (static_cast<WPARAM>(Native(BM_GETCHECK, 0, 0)) != value)
     Native(BM_SETCHECK, value, 0);
+}
+
+LRESULT ToggleView::Message(UINT message, WPARAM wide, LPARAM extra) {
+  if (message != BM_SETCHECK)
+    return AnyButtonView::Message(message, wide, extra);
+  // Another program's mark. The form's comes with the next refresh.
+  if (toggle_.Owner().IsUp() && (wide == BST_CHECKED) != toggle_.Value())
+    Acts().Click(toggle_);
+  if (toggle_.Owner().IsUp())
+    Refresh();
+  return 0;
 }
 
 POINT ToggleView::PointToPress() const {

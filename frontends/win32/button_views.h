@@ -44,6 +44,7 @@ class ToggleView final : public AnyButtonView {
 
   SIZE Wanted(const DialogFonts& fonts) const override;
   void Refresh() override;
+  LRESULT Message(UINT message, WPARAM wide, LPARAM extra) override;
   POINT PointToPress() const override;
 
  private:

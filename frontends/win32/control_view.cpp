@@ -80,6 +80,14 @@ LRESULT ControlView::Native(UINT message, WPARAM wide, LPARAM extra) {
   return ::CallWindowProcW(native_, window_, message, wide, extra);
 }
 
+LRESULT ControlView::Message(UINT message, WPARAM wide, LPARAM extra) {
+  const LRESULT result = Native(message, wide, extra);
+  // Another program's text: captions are the form's.
+  if (message == WM_SETTEXT && control_.Owner().IsUp())
+    Refresh();
+  return result;
+}
+
 bool ControlView::MousePressed(UINT message, POINT /*place*/) {
   const bool left = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
   return !left || Press() == AfterPress::Over;
@@ -100,7 +108,7 @@ bool ControlView::IsActive() const {
 
 void ControlView::ShowText(const std::wstring& text) {
   if (TextOfWindow(window_) != text)
-    ::SetWindowTextW(window_, text.c_str());
+    Native(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 std::unique_ptr<ControlView> MakeView(Control& control, WatchedActs& acts) {

@@ -49,7 +49,7 @@ class ControlView {
   /// The window's own procedure.
   LRESULT Native(UINT message, WPARAM wide, LPARAM extra);
   /// A message that is no key and no press.
-  virtual LRESULT Message(UINT message, WPARAM wide, LPARAM extra) { return Native(message, wide, extra); }
+  virtual LRESULT Message(UINT message, WPARAM wide, LPARAM extra);
   /// What the window tells its parent.
   virtual void Notified(int /*code*/) {}
 

@@ -1,6 +1,7 @@
 #include "frontends/win32/list_views.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,14 +18,11 @@ namespace {
 /// Posted by a drop-down list to itself: a row was picked, and Windows is done with the list.
 constexpr UINT kPicked = WM_APP + 1;
 
-/// The messages of a kind of list.
-struct ListMessages {
-  UINT count, length, text, add, clear, selected, select;
-};
-constexpr ListMessages kOfDropDown = {CB_GETCOUNT,     CB_GETLBTEXTLEN, CB_GETLBTEXT, CB_ADDSTRING,
-                                      CB_RESETCONTENT, CB_GETCURSEL,    CB_SETCURSEL};
-constexpr ListMessages kOfListBox = {LB_GETCOUNT,     LB_GETTEXTLEN, LB_GETTEXT,  LB_ADDSTRING,
-                                     LB_RESETCONTENT, LB_GETCURSEL,  LB_SETCURSEL};
+constexpr ListMessages kOfDropDown = {CB_GETCOUNT,     CB_GETLBTEXTLEN, CB_GETLBTEXT, CB_GETCURSEL,
+                                      CB_SETCURSEL,    CB_SELECTSTRING, CB_ADDSTRING, CB_INSERTSTRING,
+                                      CB_DELETESTRING, CB_RESETCONTENT};
+constexpr ListMessages kOfListBox = {LB_GETCOUNT,     LB_GETTEXTLEN, LB_GETTEXT,      LB_GETCURSEL,    LB_SETCURSEL,
+                                     LB_SELECTSTRING, LB_ADDSTRING,  LB_INSERTSTRING, LB_DELETESTRING, LB_RESETCONTENT};
 
 std::vector<std::wstring> RowsOf(const ListControl& list) {
   std::vector<std::wstring> rows;
@@ -32,53 +30,82 @@ std::vector<std::wstring> RowsOf(const ListControl& list) {
   return rows;
 }
 
-std::vector<std::wstring> RowsShown(HWND window, const ListMessages& messages) {
+bool Changes(const ListMessages& messages, UINT message) {
+  const std::array changing = {messages.select, messages.find,   messages.add,
+                               messages.insert, messages.remove, messages.clear};
+  return std::find(changing.begin(), changing.end(), message) != changing.end();
+}
+
+}  // namespace
+
+std::vector<std::wstring> AnyListView::NativeRows() const {
   std::vector<std::wstring> rows;
-  const auto count = static_cast<WPARAM>(::SendMessageW(window, messages.count, 0, 0));
+  const auto count = static_cast<WPARAM>(::SendMessageW(Window(), messages_.count, 0, 0));
   for (WPARAM row = 0; row < count; ++row) {
-    std::wstring text(static_cast<size_t>(::SendMessageW(window, messages.length, row, 0)) + 1, L'\0');
-    ::SendMessageW(window, messages.text, row, reinterpret_cast<LPARAM>(text.data()));
+    std::wstring text(static_cast<size_t>(::SendMessageW(Window(), messages_.length, row, 0)) + 1, L'\0');
+    ::SendMessageW(Window(), messages_.text, row, reinterpret_cast<LPARAM>(text.data()));
     text.pop_back();
     rows.push_back(std::move(text));
   }
   return rows;
 }
 
-ShownControl ContentOf(HWND window, const ListMessages& messages) {
-  const std::vector<std::wstring> rows = RowsShown(window, messages);
-  const LRESULT selected = ::SendMessageW(window, messages.selected, 0, 0);
+int AnyListView::NativeRow() {
+  return static_cast<int>(Native(messages_.selected, 0, 0));
+}
+
+ShownControl AnyListView::Content() const {
+  const std::vector<std::wstring> rows = NativeRows();
+  const LRESULT selected = ::SendMessageW(Window(), messages_.selected, 0, 0);
   return {.text = selected < 0 ? std::string() : FromWide(rows[static_cast<size_t>(selected)]),
           .items = static_cast<int>(rows.size())};
 }
 
-void ShowRows(HWND window, const ListControl& list, const ListMessages& messages) {
-  const std::vector<std::wstring> rows = RowsOf(list);
-  if (rows != RowsShown(window, messages)) {
-    ::SendMessageW(window, messages.clear, 0, 0);
-    for (const std::wstring& row : rows) ::SendMessageW(window, messages.add, 0, reinterpret_cast<LPARAM>(row.c_str()));
+FontKind AnyListView::Font() const {
+  return list_.Designed().fixedPitch ? FontKind::FixedPitch : ControlView::Font();
+}
+
+void AnyListView::Refresh() {
+  const ScopedValue refreshing(refreshing_, true);
+  ControlView::Refresh();
+  const std::vector<std::wstring> rows = RowsOf(list_);
+  if (rows != NativeRows()) {
+    Native(messages_.clear, 0, 0);
+    for (const std::wstring& row : rows) Native(messages_.add, 0, reinterpret_cast<LPARAM>(row.c_str()));
   }
-  if (::SendMessageW(window, messages.selected, 0, 0) != list.ListIndex())
-    ::SendMessageW(window, messages.select, static_cast<WPARAM>(list.ListIndex()), 0);
+  if (NativeRow() != list_.ListIndex())
+    Native(messages_.select, static_cast<WPARAM>(list_.ListIndex()), 0);
 }
 
-FontKind FontOfRows(const ListControl& list, FontKind otherwise) {
-  return list.Designed().fixedPitch ? FontKind::FixedPitch : otherwise;
+LRESULT AnyListView::Message(UINT message, WPARAM wide, LPARAM extra) {
+  const LRESULT result = Native(message, wide, extra);
+  // Another program's: the form's go to the window past this. A row that is set is picked; rows are the form's.
+  if (!Changes(messages_, message) || refreshing_ || !list_.Owner().IsUp())
+    return result;
+  const int row = NativeRow();
+  if (row >= 0 && row != list_.ListIndex() && NativeRows() == RowsOf(list_))
+    Picked(row);
+  if (list_.Owner().IsUp())
+    Refresh();
+  return result;
 }
 
-}  // namespace
+void AnyListView::Picked(int row) {
+  Acts().Choose(list_, row);
+  if (list_.Owner().IsUp())
+    Refresh();
+}
+
+DropDownView::DropDownView(DropDownList& list, WatchedActs& acts) : AnyListView(list, kOfDropDown, acts) {}
 
 ControlView::Design DropDownView::Designed() const {
   return {.windowClass = L"COMBOBOX", .style = CBS_DROPDOWNLIST | WS_VSCROLL};
 }
 
-FontKind DropDownView::Font() const {
-  return FontOfRows(list_, ControlView::Font());
-}
-
 SIZE DropDownView::Wanted(const DialogFonts& fonts) const {
   constexpr int kLeast = 60, kBesideText = 8;
   LONG widest = 0;
-  for (const std::wstring& row : RowsOf(list_)) widest = std::max(widest, fonts.Extent(row, Font()).cx);
+  for (const std::wstring& row : RowsOf(List())) widest = std::max(widest, fonts.Extent(row, Font()).cx);
   return {std::max<LONG>(fonts.X(kLeast), widest + ::GetSystemMetrics(SM_CXVSCROLL) + fonts.X(kBesideText)),
           fonts.FieldHeight()};
 }
@@ -96,16 +123,6 @@ void DropDownView::Restyle(const DialogFonts& fonts) {
   constexpr auto kClosed = static_cast<WPARAM>(-1);
   constexpr int kEdges = 6;
   Native(CB_SETITEMHEIGHT, kClosed, Wanted(fonts).cy - kEdges);
-}
-
-void DropDownView::Refresh() {
-  const ScopedValue refreshing(refreshing_, true);
-  ControlView::Refresh();
-  ShowRows(Window(), list_, kOfDropDown);
-}
-
-ShownControl DropDownView::Content() const {
-  return ContentOf(Window(), kOfDropDown);
 }
 
 HWND DropDownView::Rows() const {
@@ -137,42 +154,41 @@ bool DropDownView::MousePressed(UINT message, POINT /*place*/) {
 }
 
 void DropDownView::Notified(int code) {
-  if (refreshing_)
+  if (Refreshing())
     return;
   // The form hears of it when the list has closed: a handler may show a box, or hide the list. A row that is gone to
   // in a closed list was set by an assistive program.
-  if (code == CBN_SELENDOK || (code == CBN_SELCHANGE && !IsOpen()))
+  if (code == CBN_SELENDOK || (code == CBN_SELCHANGE && !IsOpen() && NativeRow() != List().ListIndex()))
     ::PostMessageW(Window(), kPicked, 0, 0);
-  else if (code == CBN_SELENDCANCEL && list_.Owner().IsUp())
+  else if (code == CBN_SELENDCANCEL && List().Owner().IsUp())
     Refresh();
 }
 
 LRESULT DropDownView::Message(UINT message, WPARAM wide, LPARAM extra) {
   if (message != kPicked)
-    return Native(message, wide, extra);
+    return IsOpen() ? ControlView::Message(message, wide, extra) : AnyListView::Message(message, wide, extra);
   // Windows may tell the same row twice.
   MSG same = {};
   while (::PeekMessageW(&same, Window(), kPicked, kPicked, PM_REMOVE) != FALSE) continue;
-  const auto row = static_cast<int>(Native(CB_GETCURSEL, 0, 0));
-  if (!list_.Owner().IsUp() || row < 0)
-    return 0;
-  if (IsActive())
-    Acts().Pick(list_, row);
-  else
-    Acts().Choose(list_, row);
-  if (list_.Owner().IsUp())
-    Refresh();
+  if (const int row = NativeRow(); List().Owner().IsUp() && row >= 0)
+    Picked(row);
   return 0;
 }
+
+void DropDownView::Picked(int row) {
+  if (!IsActive())
+    return AnyListView::Picked(row);
+  Acts().Pick(List(), row);
+  if (List().Owner().IsUp())
+    Refresh();
+}
+
+ListBoxView::ListBoxView(ListBox& list, WatchedActs& acts) : AnyListView(list, kOfListBox, acts) {}
 
 ControlView::Design ListBoxView::Designed() const {
   return {.windowClass = L"LISTBOX",
           .style = LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL,
           .extendedStyle = WS_EX_CLIENTEDGE};
-}
-
-FontKind ListBoxView::Font() const {
-  return FontOfRows(list_, ControlView::Font());
 }
 
 SIZE ListBoxView::Wanted(const DialogFonts& fonts) const {
@@ -181,20 +197,10 @@ SIZE ListBoxView::Wanted(const DialogFonts& fonts) const {
           fonts.LineHeight(Font()) * kRowsOfList + edges};
 }
 
-void ListBoxView::Refresh() {
-  const ScopedValue refreshing(refreshing_, true);
-  ControlView::Refresh();
-  ShowRows(Window(), list_, kOfListBox);
-}
-
-ShownControl ListBoxView::Content() const {
-  return ContentOf(Window(), kOfListBox);
-}
-
 int ListBoxView::RowAt(POINT place) {
   const LRESULT row = Native(LB_ITEMFROMPOINT, 0, MAKELPARAM(place.x, place.y));
   const bool outside = HIWORD(row) != 0;
-  return outside || LOWORD(row) >= list_.ListCount() ? ListControl::kNothingSelected : LOWORD(row);
+  return outside || LOWORD(row) >= List().ListCount() ? ListControl::kNothingSelected : LOWORD(row);
 }
 
 bool ListBoxView::MousePressed(UINT message, POINT place) {
@@ -217,20 +223,17 @@ bool ListBoxView::MouseReleased(POINT place) {
     ::ReleaseCapture();
   const int pressed = std::exchange(pressedRow_, ListControl::kNothingSelected);
   if (pressed >= 0 && pressed == RowAt(place))
-    Acts().Pick(list_, pressed);
-  if (list_.Owner().IsUp())
+    Acts().Pick(List(), pressed);
+  if (List().Owner().IsUp())
     Refresh();
   return true;
 }
 
 void ListBoxView::Notified(int code) {
   // The mouse and the keyboard go past the window: what is left is an assistive program.
-  const auto row = static_cast<int>(Native(LB_GETCURSEL, 0, 0));
-  if (refreshing_ || code != LBN_SELCHANGE || row < 0 || !list_.Owner().IsUp())
-    return;
-  Acts().Choose(list_, row);
-  if (list_.Owner().IsUp())
-    Refresh();
+  const int row = NativeRow();
+  if (!Refreshing() && code == LBN_SELCHANGE && row >= 0 && row != List().ListIndex() && List().Owner().IsUp())
+    Picked(row);
 }
 
 }  // namespace fiscalon::win32

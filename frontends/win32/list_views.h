@@ -1,28 +1,57 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "core/forms/list_control.h"
 #include "frontends/win32/control_view.h"
 
 namespace fiscalon::win32 {
 
+/// The messages of a kind of list.
+struct ListMessages {
+  UINT count, length, text, selected;
+  // Those that change it.
+  UINT select, find, add, insert, remove, clear;
+};
+
 /// What drop-down lists and list boxes share.
 class AnyListView : public ControlView {
  public:
-  using ControlView::ControlView;
-
+  void Refresh() override;
+  LRESULT Message(UINT message, WPARAM wide, LPARAM extra) override;
   /// The window of the rows, where a user can pick one: what has dropped down, or the list itself. Null while it is
   /// closed.
   virtual HWND Rows() const = 0;
+
+ protected:
+  AnyListView(ListControl& list, const ListMessages& messages, WatchedActs& acts)
+      : ControlView(list, acts), list_(list), messages_(messages) {}
+
+  ListControl& List() const { return list_; }
+  bool Refreshing() const { return refreshing_; }
+  /// The selected one; negative for none.
+  int NativeRow();
+  /// A row was picked past the mouse and the keyboard.
+  virtual void Picked(int row);
+  ShownControl Content() const override;
+  FontKind Font() const override;
+
+ private:
+  std::vector<std::wstring> NativeRows() const;
+
+  ListControl& list_;
+  const ListMessages& messages_;
+  bool refreshing_ = false;
 };
 
 /// A drop-down list. Arrow keys and letters are the form's while it is closed; an open one is Windows'.
 class DropDownView final : public AnyListView {
  public:
-  DropDownView(DropDownList& list, WatchedActs& acts) : AnyListView(list, acts), list_(list) {}
+  DropDownView(DropDownList& list, WatchedActs& acts);
 
   SIZE Wanted(const DialogFonts& fonts) const override;
   void Restyle(const DialogFonts& fonts) override;
-  void Refresh() override;
   bool KeepsKey(int keyCode, int shift) const override;
   bool MousePressed(UINT message, POINT place) override;
   // The wheel would change a choice that nobody looks at.
@@ -33,22 +62,17 @@ class DropDownView final : public AnyListView {
 
  private:
   Design Designed() const override;
-  ShownControl Content() const override;
   /// With room for the rows, which drop down over what lies beneath.
   RECT RoomFor(const RECT& place, const DialogFonts& fonts) const override;
-  FontKind Font() const override;
+  void Picked(int row) override;
   bool IsOpen() const;
-
-  DropDownList& list_;
-  bool refreshing_ = false;
 };
 
 class ListBoxView final : public AnyListView {
  public:
-  ListBoxView(ListBox& list, WatchedActs& acts) : AnyListView(list, acts), list_(list) {}
+  ListBoxView(ListBox& list, WatchedActs& acts);
 
   SIZE Wanted(const DialogFonts& fonts) const override;
-  void Refresh() override;
   bool MousePressed(UINT message, POINT place) override;
   bool MouseReleased(POINT place) override;
   bool TurnsByWheel() const override { return true; }
@@ -57,12 +81,8 @@ class ListBoxView final : public AnyListView {
 
  private:
   Design Designed() const override;
-  ShownControl Content() const override;
-  FontKind Font() const override;
   int RowAt(POINT place);
 
-  ListBox& list_;
-  bool refreshing_ = false;
   int pressedRow_ = ListControl::kNothingSelected;
 };
 

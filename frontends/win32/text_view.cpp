@@ -217,7 +217,12 @@ void TextView::EditWith(EditAct::Origin origin, Editing&& editing) {
     return;
   if (!std::exchange(edited_, false) || IsAligned())
     return SelectionMoved();
-  Acts().EditText({.field = &field_, .text = FieldText(), .selection = FieldSelection(), .origin = origin});
+  const EditAct edit = {.field = &field_, .text = FieldText(), .selection = FieldSelection(), .origin = origin};
+  // Another program sets texts wherever it likes: the focus comes first, as it does before all other editing.
+  if (!IsActive() && !field_.Locked())
+    Acts().BringFocus(field_);
+  if (IsActive())
+    Acts().EditText(edit);
   if (field_.Owner().IsUp())
     Refresh();
 }

@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <oleacc.h>
+
+#include <utility>
+
 #include "frontends/played/session_recorder.h"
 #include "tests/frontends/win32/played_form.h"
 
@@ -14,6 +18,15 @@ using testing::ElementsAre;
 class SentMessages : public testing::Test, protected PlayedForm {
  protected:
   EveryKindForm form;
+
+  static void SetText(HWND window, const wchar_t* text) {
+    ::SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+  }
+  /// What was posted is done.
+  static void Settle() {
+    MSG message = {};
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) ::DispatchMessageW(&message);
+  }
 };
 
 TEST_F(SentMessages, TypeIntoAField) {
@@ -58,19 +71,149 @@ TEST_F(SentMessages, LoseTheCharacterOfAKeyThatAHandlerHasEnded) {
   });
 }
 
-TEST_F(SentMessages, SetATextAsAnEdit) {
+TEST_F(SentMessages, SetATextAsAnEditWithTheFocus) {
   Show(form, [&](FormWindow& window, UserDriver& user) {
+    std::string before = "optFirst";
     for (TextField* field : {&form.txtPeriod, &form.txtPurpose}) {
       form.TakeNotes();
-      ::SendMessageW(In(window, *field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"C\u00F4t\u00E9"));
+      SetText(In(window, *field), L"C\u00F4t\u00E9");
       EXPECT_EQ(field->Text(), "C\xF4t\xE9");
-      EXPECT_THAT(form.TakeNotes(), ElementsAre(field->Name() + "_Change"));
+      EXPECT_THAT(form.TakeNotes(),
+                  ElementsAre(std::exchange(before, field->Name()) + "_LostFocus", field->Name() + "_Change"));
+      EXPECT_EQ(user.FocusName(), field->Name());
     }
     // The form's limits hold.
-    ::SendMessageW(In(window, form.txtPeriod), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"20261231"));
+    SetText(In(window, form.txtPeriod), L"20261231");
     EXPECT_EQ(user.Text(form.txtPeriod), "202612");
-    ::SendMessageW(In(window, form.txtPayee), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Somebody Else"));
+    SetText(In(window, form.txtPayee), L"Somebody Else");
     EXPECT_EQ(user.Text(form.txtPayee), "Summit Levies");
+    form.txtTotal.Enabled(false);
+    SetText(In(window, form.txtTotal), L"12.50");
+    EXPECT_EQ(form.txtTotal.Text() + user.Text(form.txtTotal), "");
+  });
+}
+
+TEST_F(SentMessages, SetNoTextWhereACheckKeepsTheFocus) {
+  form.when["txtPeriod_LostFocus"] = [this] { form.txtPeriod.SetFocus(); };
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    user.PressMouse(form.txtPeriod);
+    SetText(In(window, form.txtTotal), L"12.50");
+    EXPECT_EQ(user.FocusName(), "txtPeriod");
+    EXPECT_EQ(form.txtTotal.Text() + user.Text(form.txtTotal), "");
+  });
+}
+
+TEST_F(SentMessages, ReplaceASelectionAsAnEdit) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    for (TextField* field : {&form.txtPeriod, &form.txtPurpose}) {
+      ::SendMessageW(In(window, *field), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"2026"));
+      EXPECT_EQ(field->Text(), "2026");
+      ::SendMessageW(In(window, *field), EM_SETSEL, 0, 2);
+      ::SendMessageW(In(window, *field), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"19"));
+      EXPECT_EQ(field->Text(), "1926");
+      EXPECT_EQ(user.Text(*field), "1926");
+    }
+  });
+}
+
+TEST_F(SentMessages, LeaveCaptionsAsTheyAre) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    for (const Control* control :
+         {static_cast<const Control*>(&form.lblPeriod), static_cast<const Control*>(&form.cmdOK),
+          static_cast<const Control*>(&form.chkFinal), static_cast<const Control*>(&form.fraKind)}) {
+      const std::string caption = user.Text(*control);
+      SetText(In(window, *control), L"Something else");
+      EXPECT_EQ(user.Text(*control), caption);
+    }
+  });
+}
+
+TEST_F(SentMessages, SetAMarkAsAClick) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    form.TakeNotes();
+    ::SendMessageW(In(window, form.chkFinal), BM_SETCHECK, BST_CHECKED, 0);
+    EXPECT_TRUE(form.chkFinal.Value());
+    EXPECT_TRUE(user.Checked(form.chkFinal));
+    EXPECT_THAT(form.TakeNotes(), ElementsAre("chkFinal_MouseDown", "optFirst_LostFocus", "chkFinal_Click"));
+    ::SendMessageW(In(window, form.chkFinal), BM_SETCHECK, BST_CHECKED, 0);
+    EXPECT_THAT(form.TakeNotes(), ElementsAre()) << "it is on";
+    ::SendMessageW(In(window, form.chkFinal), BM_SETCHECK, BST_UNCHECKED, 0);
+    EXPECT_FALSE(form.chkFinal.Value());
+    EXPECT_FALSE(user.Checked(form.chkFinal));
+  });
+}
+
+TEST_F(SentMessages, ChooseOneOptionOfThoseThatExcludeEachOther) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    for (const OptionButton* chosen : {&form.optSecond, &form.optFirst}) {
+      ::SendMessageW(In(window, *chosen), BM_SETCHECK, BST_CHECKED, 0);
+      for (const OptionButton* option : {&form.optFirst, &form.optSecond}) {
+        EXPECT_EQ(option->Value(), option == chosen) << option->Name();
+        EXPECT_EQ(user.Checked(*option), option == chosen) << option->Name();
+      }
+    }
+    ::SendMessageW(In(window, form.optFirst), BM_SETCHECK, BST_UNCHECKED, 0);
+    EXPECT_TRUE(form.optFirst.Value()) << "one is given up by choosing another one";
+    EXPECT_TRUE(user.Checked(form.optFirst));
+  });
+}
+
+TEST_F(SentMessages, PickTheRowsThatTheySelect) {
+  struct Row {
+    ListControl& list;
+    UINT select, find;
+    const wchar_t* words;
+    int found;
+  };
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    for (const Row& row : {Row{form.lstInvoices, LB_SETCURSEL, LB_SELECTSTRING, L"INV-3", 2},
+                           Row{form.cmbProvince, CB_SETCURSEL, CB_SELECTSTRING, L"Que", 2}}) {
+      const HWND list = In(window, row.list);
+      form.TakeNotes();
+      EXPECT_EQ(::SendMessageW(list, row.select, 1, 0), 1);
+      EXPECT_EQ(row.list.ListIndex(), 1);
+      EXPECT_EQ(user.Text(row.list), row.list.List(1));
+      EXPECT_EQ(user.FocusName(), row.list.Name());
+      EXPECT_THAT(form.TakeNotes(), testing::IsSupersetOf({row.list.Name() + "_Click", row.list.Name() + "_Chosen"}));
+      // Some programs tell the list's window too, as Windows would.
+      const auto code = static_cast<WPARAM>(row.select == LB_SETCURSEL ? LBN_SELCHANGE : CBN_SELCHANGE);
+      ::SendMessageW(::GetParent(list), WM_COMMAND, code << 16U, reinterpret_cast<LPARAM>(list));
+      Settle();
+      EXPECT_THAT(form.TakeNotes(), ElementsAre()) << "it is one pick";
+      EXPECT_EQ(::SendMessageW(list, row.find, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(row.words)),
+                row.found);
+      EXPECT_EQ(row.list.ListIndex(), row.found);
+      ::SendMessageW(list, row.select, static_cast<WPARAM>(-1), 0);
+      EXPECT_EQ(row.list.ListIndex(), row.found) << "a row is given up by picking another one";
+      EXPECT_EQ(user.Text(row.list), row.list.List(row.found));
+    }
+  });
+}
+
+TEST_F(SentMessages, PickNoRowWhereACheckKeepsTheFocus) {
+  form.when["txtPeriod_LostFocus"] = [this] { form.txtPeriod.SetFocus(); };
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    user.PressMouse(form.txtPeriod);
+    ::SendMessageW(In(window, form.lstInvoices), LB_SETCURSEL, 1, 0);
+    ::SendMessageW(In(window, form.cmbProvince), CB_SETCURSEL, 1, 0);
+    EXPECT_EQ(form.lstInvoices.ListIndex(), ListControl::kNothingSelected);
+    EXPECT_EQ(form.cmbProvince.ListIndex(), ListControl::kNothingSelected);
+    EXPECT_EQ(user.Text(form.lstInvoices) + user.Text(form.cmbProvince), "");
+  });
+}
+
+TEST_F(SentMessages, LeaveTheRowsOfListsAsTheyAre) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    const auto text = reinterpret_cast<LPARAM>(L"Another");
+    ::SendMessageW(In(window, form.lstInvoices), LB_ADDSTRING, 0, text);
+    ::SendMessageW(In(window, form.lstInvoices), LB_DELETESTRING, 0, 0);
+    ::SendMessageW(In(window, form.cmbProvince), CB_INSERTSTRING, 0, text);
+    EXPECT_EQ(user.Items(form.lstInvoices), 3);
+    EXPECT_EQ(user.Items(form.cmbProvince), 3);
+    ::SendMessageW(In(window, form.cmbProvince), CB_SETCURSEL, 0, 0);
+    EXPECT_EQ(form.cmbProvince.Text(), "Alberta");
+    ::SendMessageW(In(window, form.cmbProvince), CB_RESETCONTENT, 0, 0);
+    EXPECT_EQ(user.Text(form.cmbProvince), "Alberta");
   });
 }
 
@@ -162,6 +305,30 @@ TEST_F(SentMessages, DoNothingToAFormThatWaitsInAHandler) {
     EXPECT_TRUE(form.IsUp());
     EXPECT_EQ(user.Text(form.txtPeriod), "");
     EXPECT_EQ(user.FocusName(), "chkFinal");
+  });
+}
+
+// The same by the accessible objects that Windows makes of controls. What they do comes as the messages above; Wine has
+// the texts of them.
+TEST_F(SentMessages, EnterATextByAnAccessibleObject) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    VARIANT self = {};
+    self.vt = VT_I4;
+    self.lVal = CHILDID_SELF;
+    for (TextField* field : {&form.txtPeriod, &form.txtPurpose, &form.txtPayee}) {
+      IAccessible* object = nullptr;
+      ASSERT_EQ(::AccessibleObjectFromWindow(In(window, *field), static_cast<DWORD>(OBJID_CLIENT),
+                                             __uuidof(IAccessible), reinterpret_cast<void**>(&object)),
+                S_OK);
+      const BSTR text = ::SysAllocString(L"2026");
+      EXPECT_EQ(object->put_accValue(self, text), S_OK);
+      ::SysFreeString(text);
+      object->Release();
+    }
+    EXPECT_EQ(form.txtPeriod.Text(), "2026");
+    EXPECT_EQ(form.txtPurpose.Text(), "2026");
+    EXPECT_EQ(user.Text(form.txtPayee), "Summit Levies") << "it is locked";
+    EXPECT_EQ(user.FocusName(), "txtPurpose");
   });
 }
 
