@@ -1,13 +1,11 @@
 #include "frontends/qt/form_dialog.h"
 
-#include <QAccessible>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QScrollArea>
@@ -22,6 +20,7 @@
 #include "frontends/qt/accessible_names.h"
 #include "frontends/qt/key_strokes.h"
 #include "frontends/qt/qt_text.h"
+#include "frontends/qt/status_line.h"
 
 namespace fiscalon::qt {
 namespace {
@@ -94,11 +93,7 @@ void FormDialog::LayOut() {
   whole->addWidget(scroller_, 1);
   whole->addSpacing(whole->spacing());
   whole->addLayout(layout_->Buttons());
-  status_ = new QLabel(this);
-  status_->setObjectName(QStringLiteral("status"));
-  status_->setTextFormat(Qt::PlainText);
-  status_->setWordWrap(true);
-  status_->hide();
+  status_ = new StatusLine(this);
   whole->addWidget(status_);
   for (const auto& [control, view] : views_) {
     // A frame without a place in the layout is no box, it only hides and disables with what it holds.
@@ -275,24 +270,10 @@ void FormDialog::AlignFocus() {
 }
 
 void FormDialog::ShowStatus() {
-  if (!form_.IsUp())
+  if (!form_.IsUp() || !status_->Say(ToQt(StatusOf(form_))))
     return;
-  const QString text = ToQt(StatusOf(form_));
-  if (status_->text() == text)
-    return;
-  status_->setText(text);
-  // Its place stays: buttons must not move under a mouse that is down.
-  if (!text.isEmpty()) {
-    status_->show();
-    status_->setMinimumHeight(QFontMetrics(status_->font()).height());
-  }
   NameFields(form_, [this](const Control& each) -> QWidget& { return WidgetOf(each); });
   GrowToFit();
-  // For users who do not see the line.
-  if (!text.isEmpty()) {
-    QAccessibleEvent told(status_, QAccessible::Alert);
-    QAccessible::updateAccessibility(&told);
-  }
 }
 
 void FormDialog::ControlChanged(const Control& control) {

@@ -14,10 +14,11 @@
 #include "frontends/qt/dialog_layout.h"
 
 class QEventLoop;
-class QLabel;
 class QScrollArea;
 
 namespace fiscalon::qt {
+
+class StatusLine;
 
 /// A form as a modal dialog, made from its controls and its layout alone. Keys, mouse and focus go to the form
 /// first; text editing stays native. No exception crosses Qt: acts on a form do not throw.
@@ -70,7 +71,6 @@ class FormDialog final : public QDialog, private FormObserver {
   void FocusArrived(const ControlView& view, const QFocusEvent& event);
   /// The focus is where the form has it, whatever Qt made of it meanwhile.
   void AlignFocus();
-  /// The status line below all, which is there from the first time that it says something.
   void ShowStatus();
   void GrowToFit();
 
@@ -82,7 +82,7 @@ class FormDialog final : public QDialog, private FormObserver {
   std::map<const QObject*, ControlView*> watched_;
   QScrollArea* scroller_ = nullptr;
   std::optional<DialogLayout> layout_;
-  QLabel* status_ = nullptr;
+  StatusLine* status_ = nullptr;
   QEventLoop* loop_ = nullptr;
   bool movingFocus_ = false;
 };

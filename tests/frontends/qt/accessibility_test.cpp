@@ -171,13 +171,15 @@ TEST_F(Accessibility, TellsWhichEntryKeepsTheFocus) {
       form.txtPeriod.SetFocus();
   };
   Show(form, [&](FormDialog& dialog, UserDriver& user) {
-    const auto& status = *dialog.findChild<QLabel*>("status");
+    auto& status = *dialog.findChild<QLabel*>("status");
     EXPECT_FALSE(status.isVisible());
     user.Click(form.txtPeriod);
     const int height = dialog.height();
     Press(user, "Tab");
     EXPECT_EQ(user.FocusName(), "txtPeriod");
     EXPECT_TRUE(status.isVisible());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&status)->role(), QAccessible::Notification);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&status)->text(QAccessible::Name), status.text());
     EXPECT_EQ(status.text(), "Please correct this entry: Period ends on (YYYYMM)");
     EXPECT_GT(dialog.height(), height);
     EXPECT_GT(status.y(), dialog.WidgetOf(form.cmdOK).y());

@@ -12,11 +12,11 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, GLib  # noqa: E402
 
 program, folder, scenarios = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
 PATIENCE = 15
-ENTER = 0xFF0D
+ENTER, TAB = 0xFF0D, 0xFF09
 
 
 def fail(what):
@@ -33,11 +33,41 @@ def until(what, found):
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end:
         # What is asked about may be gone by now, and its program busy.
-        with contextlib.suppress(gi.repository.GLib.Error):
+        with contextlib.suppress(GLib.Error):
             if answer := found():
                 return answer
         time.sleep(0.02)
     fail(what)
+
+
+class Told:
+    """What the form's program tells of itself while it lives: each event with role and name of its object."""
+
+    KINDS = ("object:property-change:accessible-name", "object:property-change:accessible-description",
+             "object:state-changed:showing")
+
+    def __init__(self):
+        self.events = []
+        self.listener = Atspi.EventListener.new(self.hear)
+        for kind in self.KINDS:
+            self.listener.register(kind)
+
+    def hear(self, event):
+        self.events.append((event.type, event.detail1, event.source.get_role_name(), event.source.get_name()))
+
+    def of(self, kind, detail, about):
+        """The events of a kind that came before the answer to what was asked last."""
+        loop = GLib.MainContext.default()
+        while loop.pending():
+            loop.iteration(False)
+        return [name for told, value, role, name in self.events if (told, value) == (kind, detail) and role in about]
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        for kind in self.KINDS:
+            self.listener.deregister(kind)
 
 
 def beneath(node):
@@ -88,7 +118,7 @@ class Form:
 
     def __exit__(self, kind, *_):
         if kind is not None:
-            with contextlib.suppress(gi.repository.GLib.Error):
+            with contextlib.suppress(GLib.Error):
                 for node in beneath(self.top.get_parent()):
                     print(node.get_role_name(), node.get_name(), *(state.value_nick for state in
                           node.get_state_set().get_states()), sep=" ", file=sys.stderr)
@@ -163,6 +193,11 @@ def has(node, state):
     return node.get_state_set().contains(state)
 
 
+def description_of(node):
+    node.clear_cache()
+    return node.get_description()
+
+
 def text_of(node):
     return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
 
@@ -188,6 +223,29 @@ def assessment():
         for on in (0, 1, 0):
             act(boxes[on], "Toggle")
             expect("the boxes", are_checked(*boxes), [on == 0, on == 1])
+        form.press("Cancel")
+        form.ended(1)
+
+
+def refused_month():
+    """Where no box says why an entry is refused, a notification does, and the entry's description. Nothing else does."""
+    with Form("01") as form:
+        form.enter("For the period from", "13")
+        refused = "Please correct this entry: For the period from (MM)"
+        month = form.find("text", "For the period from")
+        for _ in range(2):
+            with Told() as told:
+                type_key(TAB)
+                form.find("notification", refused)
+                until("the entry does not say that it is refused", lambda: description_of(month) == refused)
+                expect("focus", has(month, Atspi.StateType.FOCUSED), True)
+                expect("names", told.of(Told.KINDS[0], 0, ("text", "notification", "check box", "label")), [refused])
+                expect("descriptions", told.of(Told.KINDS[1], 0, ("text", "check box")), ["For the period from"])
+                expect("notifications", told.of(Told.KINDS[2], 1, ("notification",)), [refused])
+            form.enter("For the period from", "06")
+            until("the status stays", lambda: named(form.top, "notification", refused) is None)
+            until("the entry is still refused", lambda: description_of(month) == "MM")
+            form.enter("For the period from", "14")
         form.press("Cancel")
         form.ended(1)
 
@@ -278,7 +336,7 @@ def quebec_source_deductions():
 
 
 Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)
-for screen in (assessment, corporate_income, source_deductions, invoice_payments, donation, due_date_amount,
+for screen in (assessment, refused_month, corporate_income, source_deductions, invoice_payments, donation, due_date_amount,
                quebec_source_deductions):
     began = time.monotonic()
     screen()
