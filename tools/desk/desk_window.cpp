@@ -160,7 +160,7 @@ bool DeskWindow::IsStopped(const Payment& payment, const std::string& code) {
     return false;
   result_->Say(tr("Screen %1 was not opened.").arg(qt::ToQt(code)) + reasons);
   payment_->GoTo(*first);
-  area_->ensureWidgetVisible(focusWidget());
+  area_->ensureWidgetVisible(focusWidget(), 0, fontMetrics().height());
   return true;
 }
 
