@@ -10,9 +10,8 @@ class StatusLine final : public QLabel {
  public:
   explicit StatusLine(QWidget* parent);
 
-  /// Shows the text, and tells it to assistive programs once: as an alert, and as a notification that appears. Whether
-  /// it is another one than before.
-  bool Say(const QString& text);
+  /// Shows the text, and announces it. Whether it is another one than before.
+  bool Say(const QString& words);
 };
 
 }  // namespace fiscalon::qt

@@ -1,6 +1,5 @@
 #include "tools/desk/result_panel.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QClipboard>
 #include <QFontDatabase>
@@ -11,6 +10,7 @@
 #include <algorithm>
 
 #include "core/module_state.h"
+#include "frontends/qt/notice.h"
 #include "frontends/qt/qt_text.h"
 #include "tools/reading/field_remark.h"
 #include "tools/reading/visible_text.h"
@@ -70,7 +70,8 @@ QString NumberOf(const RuntimeError& error) {
 
 ResultPanel::ResultPanel(QWidget* parent)
     : QGroupBox(tr("The res&ult"), parent),
-      words_(new QPlainTextEdit(this)),
+      said_(new QWidget(this)),
+      words_(new QPlainTextEdit(said_)),
       records_(new QSplitter(Qt::Vertical, this)),
       fields_(new QTreeWidget),
       lines_(new QPlainTextEdit) {
@@ -82,12 +83,16 @@ ResultPanel::ResultPanel(QWidget* parent)
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   }
   auto* rows = new QVBoxLayout(this);
-  rows->addWidget(words_);
+  rows->addWidget(said_);
   rows->addWidget(records_, 1);
   rows->addStretch(0);
 }
 
 void ResultPanel::PrepareWords() {
+  qt::MakeNotice(*said_);
+  auto* line = new QVBoxLayout(said_);
+  line->setContentsMargins(0, 0, 0, 0);
+  line->addWidget(words_);
   words_->setObjectName(QStringLiteral("words"));
   words_->setAccessibleName(tr("How the screen ended"));
   words_->setFrameStyle(QFrame::NoFrame);
@@ -131,8 +136,7 @@ void ResultPanel::Say(const QString& words) {
   lines_->clear();
   records_->hide();
   // What has come of it is said to users who can't see it appear.
-  QAccessibleEvent alert(words_, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
+  qt::Announce(*said_, words);
 }
 
 void ResultPanel::ShowError(const QString& words, const RuntimeError& error, const QString& advice) {

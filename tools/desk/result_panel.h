@@ -37,6 +37,7 @@ class ResultPanel final : public QGroupBox {
   /// The words take as many lines as they need, up to a few.
   void FitWords();
 
+  QWidget* said_;
   QPlainTextEdit* words_;
   QSplitter* records_;
   QTreeWidget* fields_;

@@ -14,7 +14,8 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-program, folder, scenarios = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
+folder, scenarios, program, *desk = sys.argv[1:]
+folder, scenarios = pathlib.Path(folder), pathlib.Path(scenarios)
 PATIENCE = 15
 ENTER, TAB = 0xFF0D, 0xFF09
 
@@ -28,10 +29,17 @@ def expect(what, got, wanted):
         fail(f"{what}: got {got}, wanted {wanted}")
 
 
+def hear_events():
+    loop = GLib.MainContext.default()
+    while loop.pending():
+        loop.iteration(False)
+
+
 def until(what, found):
     """Asks again until there is an answer."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end:
+        hear_events()
         # What is asked about may be gone by now, and its program busy.
         with contextlib.suppress(GLib.Error):
             if answer := found():
@@ -53,13 +61,13 @@ class Told:
             self.listener.register(kind)
 
     def hear(self, event):
-        self.events.append((event.type, event.detail1, event.source.get_role_name(), event.source.get_name()))
+        # What is gone by now is of no interest.
+        with contextlib.suppress(GLib.Error):
+            self.events.append((event.type, event.detail1, event.source.get_role_name(), event.source.get_name()))
 
     def of(self, kind, detail, about):
         """The events of a kind that came before the answer to what was asked last."""
-        loop = GLib.MainContext.default()
-        while loop.pending():
-            loop.iteration(False)
+        hear_events()
         return [name for told, value, role, name in self.events if (told, value) == (kind, detail) and role in about]
 
     def __enter__(self):
@@ -100,18 +108,12 @@ class Scenario:
             yield value
 
 
-class Form:
-    """The form of a screen, shown by the program for a payment."""
+class Shown:
+    """A program with a window."""
 
-    def __init__(self, code, scenario=None):
-        self.scenario = scenario
-        self.output = folder / f"{code}.pc4"
-        self.process = subprocess.Popen(
-            [program, "--today", "2026-06-15", "--locale", "en-CA", "collect", code,
-             *(scenario.flags() if scenario else ("--paid-amount", "12345"))]
-            + (["--gov-filename", str(self.output)] if scenario and scenario.records else []),
-            stdout=subprocess.PIPE, text=True)
-        self.top = until(f"{code} is not on the bus", self.dialog)
+    def __init__(self, *command):
+        self.process = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
+        self.top = until(f"{command[0]} is not on the bus", self.first_window)
 
     def __enter__(self):
         return self
@@ -125,7 +127,7 @@ class Form:
         self.process.kill()
         self.process.communicate()
 
-    def dialog(self):
+    def first_window(self):
         desktop = Atspi.get_desktop(0)
         for i in range(desktop.get_child_count()):
             application = desktop.get_child_at_index(i)
@@ -134,7 +136,8 @@ class Form:
         return None
 
     def find(self, role, name):
-        return until(f"there is no {role} '{name}'", lambda: named(self.top, role, name))
+        """In any window of the program."""
+        return until(f"there is no {role} '{name}'", lambda: named(self.top.get_parent(), role, name))
 
     def answer(self, question, button):
         """Presses a button of the box that asks this."""
@@ -168,6 +171,17 @@ class Form:
             fail("the form stays")
         expect("the program's status", self.process.returncode, status)
         return said
+
+
+class Form(Shown):
+    """The form of a screen, shown by the program for a payment."""
+
+    def __init__(self, code, scenario=None):
+        self.scenario = scenario
+        self.output = folder / f"{code}.pc4"
+        super().__init__(program, "--today", "2026-06-15", "--locale", "en-CA", "collect", code,
+                         *(scenario.flags() if scenario else ("--paid-amount", "12345")),
+                         *(("--gov-filename", str(self.output)) if scenario and scenario.records else ()))
 
     def accept(self):
         """Presses OK, and compares what the host gets with what the scenario expects."""
@@ -336,8 +350,20 @@ def quebec_source_deductions():
 
 
 Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)
+def payment_desk():
+    """How a screen ended is said once, when the form has gone."""
+    if not desk:
+        return
+    cancelled = "Cancelled. Nothing was written."
+    with Shown(*desk) as window, Told() as told:
+        window.press("Show the screen")
+        window.press("Cancel")
+        window.find("notification", cancelled)
+        expect("times that it is said", told.of(Told.KINDS[2], 1, ("notification",)).count(cancelled), 1)
+
+
 for screen in (assessment, refused_month, corporate_income, source_deductions, invoice_payments, donation, due_date_amount,
-               quebec_source_deductions):
+               quebec_source_deductions, payment_desk):
     began = time.monotonic()
     screen()
     print(f"ok: {screen.__name__}, {time.monotonic() - began:.1f} s", flush=True)

@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
 # A user who neither sees nor points: an assistive program fills in forms by the accessibility bus, and the host gets
 # the records that the scenarios of these screens expect.
-#   assistive_program_test.sh PROGRAM
+#   assistive_program_test.sh PROGRAM [DESK]
 # Exit status 77: skipped, for want of Xvfb, xdotool, the bus or its bindings for Python.
 set -euo pipefail
-program=$1
 here=$(dirname "${BASH_SOURCE[0]}")
 python=''
 for candidate in python3 /usr/bin/python3; do
@@ -25,4 +24,4 @@ source "$here/../../support/real_user.sh"
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 unset DBUS_SESSION_BUS_ADDRESS AT_SPI_BUS_ADDRESS
 timeout --kill-after 5 110 dbus-run-session -- "$python" -W ignore::DeprecationWarning "$here/assistive_program.py" \
-  "$program" "$folder" "$here/../../scenarios"
+  "$folder" "$here/../../scenarios" "$@"

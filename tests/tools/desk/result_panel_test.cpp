@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+
 #include "core/host_setup.h"
 
 namespace fiscalon {
@@ -50,6 +52,13 @@ TEST_F(ResultPanelTest, TellsWhatIsOddFromWhatIsWrong) {
             "follows stands as much further right");
   const QTreeWidgetItem& unknown = *Fields().topLevelItem(2);
   EXPECT_EQ(unknown.child(unknown.childCount() - 1)->text(0).toStdString(), "Wrong");
+}
+
+TEST_F(ResultPanelTest, IsANotificationOfWhatItSays) {
+  panel.Say(QStringLiteral("Cancelled. Nothing was written."));
+  QWidget* said = panel.findChild<QWidget*>(QStringLiteral("words"))->parentWidget();
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(said)->role(), QAccessible::Notification);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(said)->text(QAccessible::Name), "Cancelled. Nothing was written.");
 }
 
 }  // namespace

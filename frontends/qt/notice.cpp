@@ -1,0 +1,37 @@
+#include "frontends/qt/notice.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+namespace fiscalon::qt {
+namespace {
+
+constexpr const char* kIsNotice = "fiscalonNotice";
+
+QAccessibleInterface* ToldAsNotice(const QString& /*className*/, QObject* object) {
+  const bool isNotice = object->isWidgetType() && object->property(kIsNotice).toBool();
+  return isNotice ? new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Notification) : nullptr;
+}
+
+void Tell(QWidget& notice, QAccessible::Event what) {
+  QAccessibleEvent event(&notice, what);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace
+
+void MakeNotice(QWidget& widget) {
+  QAccessible::installFactory(&ToldAsNotice);
+  widget.setProperty(kIsNotice, true);
+}
+
+void Announce(QWidget& notice, const QString& words) {
+  notice.setAccessibleName(words);
+  // Qt tells by itself that something hidden appears.
+  if (notice.isVisible())
+    Tell(notice, QAccessible::ObjectShow);
+  notice.show();
+  Tell(notice, QAccessible::Alert);
+}
+
+}  // namespace fiscalon::qt
