@@ -1,11 +1,12 @@
 #include "tools/desk/payment_panel.h"
 
-#include <QAccessible>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QStyle>
+
+#include "frontends/qt/notice.h"
 
 namespace fiscalon {
 namespace {
@@ -51,8 +52,9 @@ PaymentPanel::PaymentPanel(QWidget* parent)
       toFile_(new QRadioButton(CaptionOf(PaymentEntry::ToFile), this)),
       file_(NewLine("file", kNameCharacters)),
       chooseFile_(new QPushButton(tr("Ch&oose..."), this)),
-      warning_(new QLabel(this)),
-      doubts_(new QLabel(this)) {
+      notice_(new QWidget(this)),
+      warning_(new QLabel(notice_)),
+      doubts_(new QLabel(notice_)) {
   for (QLineEdit* narrow : {sequence_, billerCode_, cents_, dollars_}) narrow->setFixedWidth(narrow->minimumWidth());
   auto* grid = new QGridLayout(this);
   grid->setHorizontalSpacing(3 * grid->horizontalSpacing() / 2);
@@ -149,12 +151,14 @@ void PaymentPanel::AddDoubts(QGridLayout& grid) {
   doubts_->setTextFormat(Qt::PlainText);
   const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
   warning_->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(side));
-  auto* line = new QHBoxLayout;
+  qt::MakeNotice(*notice_);
+  auto* line = new QHBoxLayout(notice_);
+  line->setContentsMargins(0, 0, 0, 0);
   line->setSpacing(grid.verticalSpacing());
   line->addWidget(warning_, 0, Qt::AlignTop);
   line->addWidget(doubts_, 1);
   for (QLabel* label : {warning_, doubts_}) label->hide();
-  grid.addLayout(line, grid.rowCount(), kLeft, 1, -1);
+  grid.addWidget(notice_, grid.rowCount(), kLeft, 1, -1);
   grid.setRowStretch(grid.rowCount(), 1);
 }
 
@@ -185,12 +189,12 @@ void PaymentPanel::resizeEvent(QResizeEvent* event) {
 }
 
 void PaymentPanel::AnnounceDoubts() {
-  if (doubts_->text() == announced_)
+  if (doubts_->text() == notice_->accessibleName())
     return;
-  announced_ = doubts_->text();
-  QAccessibleEvent alert(doubts_, QAccessible::Alert);
-  if (!announced_.isEmpty())
-    QAccessible::updateAccessibility(&alert);
+  if (doubts_->text().isEmpty())
+    notice_->setAccessibleName({});
+  else
+    qt::Announce(*notice_, doubts_->text());
 }
 
 void PaymentPanel::keyPressEvent(QKeyEvent* event) {

@@ -64,9 +64,9 @@ class PaymentPanel final : public QGroupBox {
   QRadioButton* toFile_;
   QLineEdit* file_;
   QPushButton* chooseFile_;
+  QWidget* notice_;
   QLabel* warning_;
   QLabel* doubts_;
-  QString announced_;
   std::map<PaymentEntry, QWidget*> fields_;
 };
 

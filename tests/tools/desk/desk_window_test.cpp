@@ -510,6 +510,20 @@ TEST_F(PaymentDesk, NamesDoubtfulEntriesBeforeTheShow) {
   EXPECT_FALSE(doubts.isVisible());
 }
 
+TEST_F(PaymentDesk, IsANotificationOfDoubtsWhenAnEntryIsLeft) {
+  const QWidget* notice = Find<QLabel>("doubts").parentWidget();
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(Find<QLabel>("doubts").parentWidget())->role(),
+            QAccessible::Notification);
+  Retype("sequence", "12345");
+  EXPECT_EQ(notice->accessibleName(), "");
+  QTest::keyClick(&Find<QLineEdit>("sequence"), Qt::Key_Tab);
+  EXPECT_EQ(notice->accessibleName(),
+            "Sequence: 5 characters instead of four, which shifts the columns of all records.");
+  Retype("sequence", "0001");
+  QTest::keyClick(&Find<QLineEdit>("sequence"), Qt::Key_Tab);
+  EXPECT_EQ(notice->accessibleName(), "");
+}
+
 TEST_F(PaymentDesk, ShowsDoubtsInFullHoweverTheyBreakIntoLines) {
   Retype("sequence", "12345");
   Retype("cents", "abc");
