@@ -295,6 +295,8 @@ class Form:
     name = ''
     caption = ''
     cancel_button = None
+    # Those that only say something, with what they say.
+    labels = {}
 
     def __init__(self):
         self.controls = []
@@ -311,6 +313,8 @@ class Form:
         self.title = self.caption
         self.seen = []
         self.refuses = False
+        for label, caption in self.labels.items():
+            self.add(Label, label, caption)
         self.build()
         self.order = sorted(
             (each for each in self.controls if each.focusable),

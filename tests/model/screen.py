@@ -368,7 +368,7 @@ class QuebecScreen(GuardedPeriods, NewerScreen):
     def SetupForm(self):
         self.show_head()
 
-    def add_head(self, date='Payment Date:', amount='Amount to be paid:'):
+    def add_head(self):
         self.date = self.label('lblPayDate')
         self.amount = self.label('lblAmountPaid')
 

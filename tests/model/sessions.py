@@ -25,7 +25,8 @@ class Draw(random.Random):
 
     def cents(self):
         """An amount to be paid."""
-        return self.choice((0, 1, 199, 200, 12345, 50000, 100000, self.randrange(1, 10**self.randrange(2, 9))))
+        return self.choice((0, 1, 199, 200, 12345, 50000, 100000, 999999999, 10**self.randrange(9, 12),
+                            *(self.randrange(1, 10**self.randrange(2, 9)) for _ in range(4))))
 
     def shown(self, cents):
         """An amount as somebody types it."""
@@ -73,7 +74,7 @@ class Draw(random.Random):
         """Nearly the text, or something else."""
         place = self.randrange(len(text) + 1)
         return self.choice((
-            text[:place] + text[place + 1:], text[:place] + self.choice('0123456789.,- aZ') + text[place:],
+            '-' + text, text[:place] + text[place + 1:], text[:place] + self.choice('0123456789.,- aZ') + text[place:],
             text[:place] + self.choice('0123456789') + text[place + 1:], self.choice(JUNK)))
 
 
@@ -144,14 +145,20 @@ class Session:
             if self.form is None:
                 return
             careless = draw.choice((0, .1, .3))
+            meant = {}
             for name, text in self.form.plan(draw):
-                if self.form is None:
-                    return
+                meant[name] = text
                 if draw.odds(careless):
                     self.wander()
-                if self.form is None or draw.odds(careless / 3):
+                if draw.odds(careless / 3):
                     continue
                 self.enter(name, draw.spoiled(text) if draw.odds(careless / 2) else text)
+                if self.form is None:
+                    return
+                # What took the focus back is mended, before all else waits for it.
+                holding = self.form.active_name()
+                if holding != name and holding in meant and draw.odds(.8):
+                    self.enter(holding, meant[holding])
             if self.form is not None and draw.odds(.8):
                 self.press_ok()
             else:
@@ -184,8 +191,8 @@ class Session:
     def enter(self, name, text):
         """Brings the focus to a control and gives it a text, a row or a value."""
         draw, form = self.draw, self.form
-        control = form.by_name[name]
-        if not control.is_open():
+        control = form.by_name[name] if form is not None else None
+        if control is None or not control.is_open():
             return
         if isinstance(control, List):
             if draw.odds(.6):
@@ -211,7 +218,7 @@ class Session:
             self.play('key', 'Delete')
         if self.form is None or self.form.active is not control:
             return
-        if text and draw.odds(.9):
+        if text and draw.odds(.5 if '-' in text else .9):
             self.play('type', text.replace('\n', ''))
         elif text:
             self.play('paste', text)

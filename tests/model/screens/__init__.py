@@ -7,8 +7,8 @@ from screen import Screen
 
 
 def defined_in(module):
-    return [each for each in vars(module).values()
-            if isinstance(each, type) and issubclass(each, Screen) and each.__module__ == module.__name__ and each.codes]
+    classes = (each for each in vars(module).values() if isinstance(each, type) and issubclass(each, Screen))
+    return [each for each in classes if each.codes and each.__module__ == module.__name__]
 
 
 FORMS = sorted((form for found in pkgutil.iter_modules(__path__, __name__ + '.')

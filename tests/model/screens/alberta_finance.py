@@ -22,6 +22,14 @@ class AlbertaFinance(NewerScreen):
     codes = ('14',)
     name = 'frmAlbertaRevenue'
     caption = 'Alberta Finance'
+    labels = {
+        'Label1': 'Tax Program:',
+        'Label7': 'Period End Date:',
+        'Label9': 'YYYYMMDD',
+        'Label2': 'Facility Number:',
+        'lblCPayDate': 'Date:',
+        'Label3': 'Amount to be paid:',
+    }
 
     def build(self):
         self.date = self.label('lblPayDate')

@@ -19,6 +19,15 @@ class Assessment(OlderScreen):
     codes = ('01',)
     name = 'Assessment'
     caption = 'Additional Information to Accompany Payment'
+    labels = {
+        'Label7': 'For the period from:',
+        'Label8': 'MM',
+        'Label9': 'to:',
+        'Label10': 'MM/YYYY',
+        'Label1': 'Payment to:',
+        'Label2': 'Amount to be paid:',
+        'Label23': 'Assessment Details',
+    }
 
     def build(self):
         self.payee = self.add_payee('WCBpayeename', None)

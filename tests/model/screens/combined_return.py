@@ -34,6 +34,17 @@ class CombinedReturn(QuebecScreen):
     codes = ('18',)
     name = 'frmQue_Rev_QSTGSTComb'
     caption = 'Quebec GST/HST - QST Return'
+    labels = {
+        'lblGSTAccountNumber': 'GST account number:',
+        'Label6': 'GST/HST From:',
+        'Label7': 'To:',
+        'Label2': 'QST From:',
+        'Label3': 'To:',
+        'Label4': 'Reporting Period',
+        'lblGSTPayable': 'GST/HST payable or refund (113)',
+        'lblQSTPayable': 'QST payable or refund (213):',
+        'lblAmountPayable': 'Amount payable:',
+    }
 
     def build(self):
         self.add_head()

@@ -11,13 +11,21 @@ class CorporateIncome(OlderScreen):
     codes = ('02',)
     name = 'GOVCORPINCOME'
     caption = 'Corporation/Business Remittance Voucher'
+    labels = {
+        'Label5': 'Corporation/Business Remittance Voucher (Form RC98/RC99/RC100)',
+        'Label9': 'Amounts Owing Payment:',
+        'Label6': 'Instalment Payment:',
+        'Label7': 'Remittance Period Ending:',
+        'Label8': 'YYYYMMDD',
+        'Label1': 'Payment to:',
+        'Label3': 'Amount to be paid:',
+    }
 
     def build(self):
         self.payee = self.add_payee('PayeeName', 19)
         self.amount = self.label('AmountPaid')
         self.date_caption = self.label('lblCPayDate', 'Payment will be made on:')
         self.date = self.label('PayDate')
-        self.label('Label7', 'Remittance Period Ending:')
         self.add(Option, 'optRC99', 0, 'RC99')
         self.add(Option, 'optRC100', 1, 'RC100')
         self.add(Field, 'ArrearsPayment', 3, 10, locked=True)

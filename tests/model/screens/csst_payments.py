@@ -13,19 +13,25 @@ class CsstPayments(QuebecScreen):
     codes = ('25', '26', '27')
     name = 'frmQue_Rev_CSST_Payments'
     caption = 'Revenue Quebec CSST Payments'
+    labels = {
+        'lblPaymentDate': 'Payment Date',
+        'Label1': 'Amount to be paid',
+        'lblPeriodEndDate': 'Remittance Period End Date',
+        'lblRemittancePeriodFormat': 'YYYYMMDD',
+        'lblAmountPayable': 'CSST Payable',
+    }
 
     def build(self):
         self.add_head()
-        self.label('lblPeriodEndDate', 'Remittance Period End Date')
-        self.label('lblRemittancePeriodFormat', 'YYYYMMDD')
         self.add(Field, 'txtRemittancePeriod', 0, 8)
         self.add(Button, 'cmdOK', 1, '&OK')
         self.add(Button, 'cmdCancel', 2, 'Cancel')
         frame = self.add(Frame, 'fraMonthNonResidentTax')
         self.label('lblMonthWithheld', 'Month for which non-resident tax was withheld', frame=frame)
+        self.label('Label3', 'YYYY', frame=frame)
+        self.label('Label4', 'MM', frame=frame)
         self.add(Field, 'txtYear', 3, 4, frame=frame)
         self.add(Field, 'txtMonth', 4, 2, frame=frame)
-        self.label('lblAmountPayable', 'CSST Payable')
         self.add(Field, 'txtAmountPayable', 12, 12, locked=True, stop=False)
 
     def launched(self, code):

@@ -30,6 +30,21 @@ class Donation(NewerScreen):
     own_properties = {'BusinessName': ('', '', ' ', 'Levy & Sons', 'x' * 60, 'x' * 61)}
 
     Form_KeyDown = None
+    labels = {
+        'Label1': 'Please indicate the name and address of the person making the payment:',
+        'Label2': 'If a donation receipt is required, please provide the information requested below:',
+        'Label4': 'Payment to:',
+        'Label3': 'Total to be paid:',
+        'lblCName': 'Name:',
+        'lblCAddress': 'Address:',
+        'lblCCity': 'City:',
+        'lblCProvince': 'Province:',
+        'lblCPostalCode': 'Postal Code:',
+        'Label8': 'Email (if available):',
+        'lblCPhoneNo': 'Phone No:',
+        'lblCAmount': 'Amount:',
+        'lblCPurpose': 'Purpose:',
+    }
 
     def build(self):
         self.label('lblBillerName')

@@ -10,12 +10,17 @@ class DueDateAmount(NewerScreen):
     name = 'frmDueDateAmount'
     caption = 'Due Date / Amount Screen'
     cancel_button = 'cmdCancel'
+    labels = {
+        'Label1': 'Taxation year ends on:',
+        'Label9': 'YYYYMM',
+        'lblAmountPayable': 'Amount payable:',
+        'lblCPayDate': 'Payment Date:',
+        'Label8': 'Amount to be paid:',
+    }
 
     def build(self):
         self.date = self.label('lblPayDate')
         self.amount = self.label('lblAmountPaid')
-        self.label('Label1', 'Taxation year ends on:')
-        self.label('lblAmountPayable', 'Amount payable:')
         self.add(Field, 'txtRemittancePeriod', 0, 6)
         self.add(Field, 'txtAmountPayable', 1, 12)
         self.add(Button, 'cmdOK', 2, '&OK')

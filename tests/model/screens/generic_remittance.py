@@ -21,15 +21,28 @@ class GenericRemittance(OlderScreen):
     name = 'GENERICFORM'
     caption = 'Additional Information'
     own_properties = {'NumberOfInfoCollect': ('0', '1', '3', '4', '5', '12', '13', '2.5', '3.5', '', 'x')}
+    labels = {
+        'Label1': 'Payment to:',
+        'Label3': 'Amount to be paid:',
+        'Label21': 'For the period from:',
+        'Label22': 'YYYYMMDD',
+        'Label23': 'to:',
+        'Label24': 'YYYYMMDD',
+        'Label25': 'Due Date:',
+        'Label26': 'YYYYMMDD',
+        'Label7': 'A-01',
+        'Label27': 'Details:',
+        'Label28': 'Amount:',
+        'Label19': 'Other Amount/Comment',
+        'Label5': 'Additional Information',
+        'Label6': 'Box:',
+    }
 
     def build(self):
         self.payee = self.add_payee('PayeeName', 35)
         self.amount = self.label('AmountPaid')
         self.date_caption = self.label('lblCPayDate', 'Payment will be made on:')
         self.date = self.label('PayDate')
-        self.label('Label21', 'For the period from:')
-        self.label('Label23', 'to:')
-        self.label('Label25', 'Due Date:')
         self.add(Check, 'StatementOnly(0)', 1, 'Paying statement of account only')
         self.add(Check, 'StatementOnly(1)', 2, 'Paying with details below')
         self.add(Field, 'PeriodStartDate', 3, 8)

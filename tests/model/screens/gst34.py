@@ -28,6 +28,26 @@ class Gst34(OlderScreen):
     name = 'GOVGST34'
     caption = 'Goods and Services Tax  / Harmonized Sales Tax Return for Registrants '
     buttons = ('Command1', 'Command2', 'Command3')
+    labels = {
+        'Label4': 'Goods and Services Tax / Harmonized Sales Tax Return for Registrants (Form GST34) Details',
+        'Label6': 'Reporting Period From:',
+        'Label8': 'YYYYMMDD',
+        'Label7': 'To:',
+        'Label9': 'YYYYMMDD',
+        'Label11': 'Sales and  Other Revenue (101):',
+        'Label2': '.00',
+        'Label15': 'Instalments and Other Annual Filer Payments (110):',
+        'Label16': 'Rebates (111):',
+        'Label17': 'GST/HST due on acquisition of taxable real property (205):',
+        'Label18': 'Other GST/HST to be self-assessed (405):',
+        'Label12': 'Total GST/HST and adjustments for period (105):',
+        'Label13': 'Total ITCs and adjustments (108):',
+        'Label14': 'Net tax (109):',
+        'Label19': 'Refund claimed (114):',
+        'Label20': 'Payment enclosed (115):',
+        'Label1': 'Payment to:',
+        'Label3': 'Amount to be paid:',
+    }
 
     def build(self):
         self.payee = self.add_payee('PayeeName', 36)

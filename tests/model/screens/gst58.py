@@ -23,14 +23,27 @@ class Gst58(OlderScreen):
     codes = ('06',)
     name = 'GOVGST58'
     caption = 'Goods and Services Tax Remittance'
+    labels = {
+        'Label5': 'Goods and Services Tax Remittance Details',
+        'Label1': 'Payment to:',
+        'Label3': 'Amount to be paid:',
+        'Label6': 'Period From:',
+        'Label10': 'YYYYMMDD',
+        'Label7': 'To:',
+        'Label11': 'YYYYMMDD',
+        'Label9': 'Instalment Payment:',
+        'Label13': 'Arrears Payment:',
+        'Label34': 'Other Payment:',
+        'label33': 'Audit Assessment:',
+        'lebal10': 'Net Tax Remittance:',
+        'Label45': 'Total Payment Enclosed:',
+    }
 
     def build(self):
         self.payee = self.add_payee('PayeeName', 28)
         self.amount = self.label('AmountPaid')
         self.date_caption = self.label('lblCPayDate', 'Payment will be made on:')
         self.date = self.label('PayDate')
-        self.label('Label6', 'Period From:')
-        self.label('Label7', 'To:')
         self.add(Field, 'PeriodStartDate', 1, 8)
         self.add(Field, 'PeriodEndDate', 2, 8)
         for tab, (name, _) in enumerate(CATEGORIES, 3):

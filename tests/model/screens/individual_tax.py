@@ -13,6 +13,14 @@ class IndividualTax(OlderScreen):
     codes = ('04',)
     name = 'GOVINDIDUAL'
     caption = 'Individual Instalment Remittance'
+    labels = {
+        'Label8': 'Instalment Payment for:',
+        'Label9': 'YYYY',
+        'Label10': 'Amount of Payment:',
+        'Label1': 'Payment to:',
+        'Label3': 'Amount to be paid:',
+        'Label7': 'Individual Instalment Remittance Details',
+    }
 
     def build(self):
         self.payee = self.add_payee('PayeeName', 15)

@@ -10,12 +10,11 @@ from values import a_year_later, yyyymmdd
 class InstalmentPeriod(QuebecScreen):
     """The period of an instalment, which may end at any time to come. The window's closing decides nothing."""
 
+    labels = {'Label6': 'Instalment Period From:', 'Label7': 'To:'}
     Form_QueryUnload = None
 
     def add_period(self):
         self.add_head()
-        self.label('Label6', 'Instalment Period From:')
-        self.label('Label7', 'To:')
         self.add(Field, 'txtPeriodFrom', 0, 8)
         self.add(Field, 'txtPeriodTo', 1, 8)
 

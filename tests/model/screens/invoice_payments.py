@@ -21,6 +21,12 @@ class InvoicePayments(OlderScreen):
     caption = 'Zelmor - Invoice Payments'
     amount_pattern = '#,###,###0.00'
     buttons = ('cmdOK', 'cmdCancel', 'cmdHelp')
+    labels = {
+        'Label1': 'Payment to:',
+        'Label3': 'Amount to be paid:',
+        'Label7': 'Invoice Payments Details',
+        'Label12': 'Invoice Date          Invoice No./Description                                Amount',
+    }
 
     def build(self):
         self.payee = self.add_payee('InvoicePayeeName', 19)

@@ -10,13 +10,12 @@ from values import a_year_later, yyyymmdd
 class TaxReturn(QuebecScreen):
     """The lines from what is collectible to what is payable."""
 
-    rows = ()  # of field, caption, and the field that follows
-    first_amount_tab = 2
+    labels = {'Label6': 'Reporting Period From:', 'Label7': 'To:'}
+    rows = ()  # of field and caption
+    payable = ''
 
     def build(self):
         self.add_head()
-        self.label('Label6', 'Reporting Period From:')
-        self.label('Label7', 'To:')
         self.add(Field, 'txtPeriodFrom', 0, 8)
         self.add(Field, 'txtPeriodTo', 1, 8)
         self.add_amounts(2, self.rows)

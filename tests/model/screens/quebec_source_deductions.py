@@ -33,12 +33,15 @@ class QuebecSourceDeductions(QuebecScreen):
     name = 'frmQue_Rev_SourceDeduct'
     caption = 'Revenue Quebec Source Deductions'
     biller_codes = ('001051', '001052', '001052', '001099')
+    labels = {
+        'lblCPayDate': 'Payment Date:',
+        'lblRemittanceType': 'Remittance Type:',
+    }
 
     def build(self):
         self.add_head()
         self.add(Field, 'txtRemittancePeriod', 0, 6)
         self.add_amounts(1, [(name, None) for name in NAMES])
-        self.label('lblRemittanceType', 'Remittance Type:')
         self.add(List, 'cmbRemittanceType', 6)
         self.add(Button, 'cmdOK', 7, '&OK')
         self.add(Button, 'cmdCancel', 8, 'Cancel')

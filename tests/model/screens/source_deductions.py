@@ -13,6 +13,16 @@ class SourceDeductions(OlderScreen):
     codes = ('03',)
     name = 'GOVSOURCEDEDUCTION'
     caption = 'Additional Information'
+    labels = {
+        'Label8': 'Gross Payroll in Remitting Period (dollars only):',
+        'Label9': 'Number of Employees in Last Pay Period:',
+        'Label7': 'End of Remitting Period:',
+        'Label10': 'YYYYMMDD',
+        'Label6': 'Amount Paid:',
+        'Label1': 'Payment to:',
+        'Label3': 'Amount to be paid:',
+        'Label5': 'Additional Information',
+    }
 
     def __init__(self, host):
         super().__init__(host)
@@ -23,7 +33,6 @@ class SourceDeductions(OlderScreen):
         self.amount = self.label('AmountPaid')
         self.date_caption = self.label('lblCPayDate', 'Payment will be made on:')
         self.date = self.label('PayDate')
-        self.label('Label7', 'End of Remitting Period:')
         self.add(Field, 'GrossPayroll', 1, 12)
         self.add(Field, 'NumberOfEmployees', 2, 6)
         self.add(Field, 'EndDate', 3, 8)
