@@ -561,13 +561,13 @@ class Form:
         return self.stroke(key, 10 if name == 'Ctrl+Enter' else characters.get(key), shift=bool(modifier))
 
     def access_key(self, letter):
+        """A button that can't take the focus gets none of it: then it is a key like any other."""
         for each in self.controls:
-            if isinstance(each, Button) and f'&{letter}'.lower() in each.caption.lower():
-                if each.is_open():
-                    self.move_focus(each, by_mouse=True)
-                    self.run_queue()
-                    if self.up and each is self.active:
-                        each.pressed()
+            if isinstance(each, Button) and f'&{letter}'.lower() in each.caption.lower() and each.is_open():
+                self.move_focus(each, by_mouse=True)
+                self.run_queue()
+                if self.up and each is self.active:
+                    each.pressed()
                 return
         self.stroke('Alt+' + letter, None, shift=True)
 
