@@ -10,6 +10,7 @@
 
 #include "core/forms/keys.h"
 #include "core/platform/locale.h"
+#include "core/values/text.h"
 
 namespace fiscalon {
 namespace {
@@ -79,7 +80,7 @@ const ArgumentKind kCount       {"N",           "a number from 0 on",           
 
 std::string_view DollarNameAt(std::string_view text, size_t at) {
   const auto isLetter = [](char each) { return (each >= 'A' && each <= 'Z') || (each >= 'a' && each <= 'z'); };
-  const auto isOfName = [&](char each) { return isLetter(each) || (each >= '0' && each <= '9') || each == '_'; };
+  const auto isOfName = [&](char each) { return isLetter(each) || IsDigit(each) || each == '_'; };
   const std::string_view rest = text.substr(std::min(at, text.size()));
   if (rest.size() < 2 || rest[0] != '$' || !isLetter(rest[1]))
     return {};

@@ -5,6 +5,7 @@
 #include "core/module_state.h"
 #include "core/resume_next.h"
 #include "core/values/leading_number.h"
+#include "screens/parts/key_filter.h"
 
 namespace fiscalon {
 namespace {
@@ -68,7 +69,7 @@ void LimitAmountKey(const TextField& box, int& key, int maxDigits) {
     key = 0;
     return;
   }
-  const bool belongsToNumber = (key >= '0' && key <= '9') || key == '.' || key == '-';
+  const bool belongsToNumber = IsDigitKey(key) || key == '.' || key == '-';
   if (!belongsToNumber || HasRoomFor(key, box, maxDigits))
     return;
   key = 0;

@@ -57,7 +57,7 @@ constexpr AmountRow kOtherAmountOnOk[] = {{amount::Trim},
 
 bool IsBoxText(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char character) {
-    return (character >= '0' && character <= '9') || kBoxKeys.find(character) != std::string_view::npos;
+    return IsDigit(character) || kBoxKeys.find(character) != std::string_view::npos;
   });
 }
 

@@ -8,6 +8,7 @@
 #include "core/resume_next.h"
 #include "core/user_locale.h"
 #include "core/value_routines.h"
+#include "core/values/text.h"
 #include "screens/parts/moving_on.h"
 
 namespace fiscalon {
@@ -36,7 +37,7 @@ bool IsAccount(std::string_view text) {
 bool ValidateGSTAccountNumber(std::string_view number) {
   int sum = 0;
   for (size_t i = 0; i < number.size(); ++i) {
-    if (number[i] < '0' || number[i] > '9')
+    if (!IsDigit(number[i]))
       return false;
     const int digit = number[i] - '0';
     // Every second digit is doubled, and both digits of the result count.

@@ -6,8 +6,7 @@
 namespace fiscalon {
 
 void FilterKey(Control& field, int& character, std::string_view alsoAccepted) {
-  const bool accepted = (character >= '0' && character <= '9') || character == key::kBackspace ||
-                        character == key::kEnter ||
+  const bool accepted = IsDigitKey(character) || character == key::kBackspace || character == key::kEnter ||
                         alsoAccepted.find(static_cast<char>(character)) != std::string_view::npos;
   if (accepted)
     return;

@@ -10,6 +10,11 @@ namespace fiscalon {
 inline constexpr std::string_view kDigitsAlone;
 inline constexpr std::string_view kAmountKeys = ".,";
 
+/// Whether a key makes a digit.
+constexpr bool IsDigitKey(int character) {
+  return character >= '0' && character <= '9';
+}
+
 /// Swallows a key that is none of the field's and gives the field the focus again.
 void FilterKey(Control& field, int& character, std::string_view alsoAccepted);
 
