@@ -25,19 +25,19 @@ struct Outcome {
   friend bool operator==(const Outcome&, const Outcome&) = default;
 };
 
-/// The host guide's table of which screen needs which property.
-class HostGuide : public ModuleTest {
+/// The table of which screen needs which property, beside the screens' pictures.
+class PageOfTheScreens : public ModuleTest {
  protected:
   using Change = std::function<void(Levyra& payment)>;
 
   /// The screens of each property, as the table has them.
   static std::map<std::string, Codes> Table() {
-    std::ifstream file(FISCALON_SOURCE_DIR "/docs/host-guide.md");
+    std::ifstream file(FISCALON_SOURCE_DIR "/docs/screens/README.md");
     std::map<std::string, Codes> table;
     bool isThere = false;
     for (std::string line; std::getline(file, line);) {
       if (line.starts_with("#"))
-        isThere = line == "### Which screen needs what";
+        isThere = line == "## Which screen needs what";
       if (!isThere || !line.starts_with("| `"))
         continue;
       std::istringstream cells(line);
@@ -112,7 +112,7 @@ class HostGuide : public ModuleTest {
   }
 };
 
-TEST_F(HostGuide, TellsOnWhichScreensEachPropertyCounts) {
+TEST_F(PageOfTheScreens, TellsOnWhichScreensEachPropertyCounts) {
   const TemporaryFolder folder;
   const auto toFile = [&](Levyra& payment) {
     payment.GovFilename(folder.Path("records.pc4"));
