@@ -26,16 +26,10 @@ class Payment:
     ZelmorNumber: str = ''
     WriteFile: int = 0
 
-    comp_code = property(lambda self: self.CompCode)
-    comp_name = property(lambda self: self.CompName)
-    paid_amount = property(lambda self: '' if self.PaidAmount is None else host_amount(self.PaidAmount))
-    paid_date = property(lambda self: self.PaidDate)
-    gov_filename = property(lambda self: self.GovFilename)
-    enter_name = property(lambda self: self.EnterName)
-    enter_title = property(lambda self: self.EnterTitle)
-    hold = property(lambda self: self.APHoldFlg)
-    seq_number = property(lambda self: self.SeqNumber)
-    write_file = property(lambda self: self.WriteFile)
+    @property
+    def paid_amount(self):
+        """In dollars, as screens hold it; empty where the host has set none."""
+        return '' if self.PaidAmount is None else host_amount(self.PaidAmount)
 
 
 class Host:

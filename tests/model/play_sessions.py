@@ -22,15 +22,15 @@ AT_ONCE = 500
 class Program:
     """What is compared with the model."""
 
-    def __init__(self, path, folder):
-        self.path = path
+    def __init__(self, path, toolkit, folder):
+        self.command = [path, 'play', '--toolkit', toolkit]
         self.folder = folder
 
     def play(self, name, lines):
         """Whether all is as a scenario says, and what the program says of it."""
         file = self.folder / f'{name}.scenario'
         file.write_text('\n'.join(lines) + '\n', encoding='utf-8')
-        done = subprocess.run([self.path, 'play', file], capture_output=True, encoding='utf-8', check=False)
+        done = subprocess.run([*self.command, file], capture_output=True, encoding='utf-8', check=False)
         return done.returncode == 0, done.stdout + done.stderr
 
 
@@ -90,6 +90,7 @@ def sessions_that_differ(program, form, seed, numbers):
 def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument('--program', required=True, help='the command-line program')
+    arguments.add_argument('--toolkit', default='scripted', help='the front end that shows the forms')
     arguments.add_argument('--sessions', type=int, default=100, help='how many of each screen')
     arguments.add_argument('--seed', type=int, help='what they are drawn by; a fresh one without it')
     arguments.add_argument('--session', type=int, help='this one alone')
@@ -105,7 +106,7 @@ def main():
     with tempfile.TemporaryDirectory() as temporary:
         folder = given.keep or pathlib.Path(temporary)
         folder.mkdir(parents=True, exist_ok=True)
-        program = Program(given.program, folder)
+        program = Program(given.program, given.toolkit, folder)
         for form in forms:
             told = 0
             for number, telling in sessions_that_differ(program, form, seed, numbers):

@@ -3,7 +3,7 @@
 import datetime
 import random
 
-from runtime import Button, Check, Field, List
+from controls import Button, Check, Field, List
 from telling import Step, Telling
 
 KEYS = ('Tab', 'Shift+Tab', 'Enter', 'Escape', 'Backspace', 'Delete', 'Space')
@@ -247,8 +247,8 @@ class Session:
         elif way < .6:
             self.play('focus', draw.choice(open_ones).name)
         elif way < .7:
-            self.play('click', draw.choice([each for each in open_ones if isinstance(each, (Button, Check))]).name)
-        elif way < .8 and isinstance(form.active, Field):
+            self.play('click', draw.choice(open_ones).name)
+        elif way < .8 and (isinstance(form.active, Field) or draw.odds(.3)):
             self.play('type', draw.choice(JUNK) or '7')
         elif way < .9 and isinstance(form.active, Field):
             self.play('paste', draw.choice(JUNK) or '7')
@@ -264,9 +264,9 @@ class Session:
 
     def keys_for(self, control):
         """The keys of which is known what they do to a control."""
-        keys = list(KEYS)
-        if isinstance(control, Field):
-            keys += ['Left', 'Right', 'Home', 'End', 'Shift+Enter', 'Ctrl+Enter']
-        elif isinstance(control, List) or (isinstance(control, Check) and hasattr(control, 'group')):
-            keys += ['Up', 'Down']
+        keys = [*KEYS, 'Left', 'Right', 'Up', 'Down', 'Alt+X']
+        if not isinstance(control, List):
+            keys += ['Home', 'End']
+        if not isinstance(control, Button):
+            keys += ['Shift+Enter', 'Ctrl+Enter']
         return keys

@@ -3,8 +3,8 @@
 import collections
 import re
 
+from controls import Field, List
 from host import Host
-from runtime import Field, List
 from values import LOCALES
 
 Step = collections.namedtuple('Step', 'verb arguments refuses', defaults=(False,))

@@ -1,7 +1,9 @@
 """One of Alberta's tax programs, with the end of its period."""
 
-from runtime import ENTER, Button, Field, List
-from screen import DATE_KEYS, ZEROS, NewerScreen
+from controls import Button, Field, List
+from keys import DATE_KEYS, ENTER
+from newer_screen import NewerScreen
+from screen import ZEROS
 from values import leading_number, money
 
 PROGRAMS = {

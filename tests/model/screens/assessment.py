@@ -1,7 +1,8 @@
 """An assessment of a workers' compensation board."""
 
-from runtime import ENTER, Check, Field
-from screen import AMOUNT_KEYS, DATE_KEYS, OlderScreen
+from controls import Check, Field
+from keys import AMOUNT_KEYS, DATE_KEYS, ENTER
+from older_screen import OlderScreen
 from values import leading_number, money
 
 MEMBERS = range(6)

@@ -2,8 +2,10 @@
 
 import datetime
 
-from runtime import BACKSPACE, DIGITS, ENTER, LETTERS, Button, Field
-from screen import ZEROS, QuebecScreen, amounts
+from controls import Button, Field
+from keys import DATE_KEYS, LETTERS, capital
+from newer_screen import QuebecScreen, amounts
+from screen import ZEROS
 from values import a_year_later, is_numeric, pad_right, yyyymmdd
 
 ROWS = (
@@ -61,8 +63,8 @@ class CombinedReturn(QuebecScreen):
 
     def txtGSTAccountNumber_KeyPress(self, key):
         if key in LETTERS:
-            return ord(chr(key).upper())
-        return key if key in DIGITS or key in (ENTER, BACKSPACE) else 0
+            return capital(key)
+        return key if key in DATE_KEYS else 0
 
     def txtGSTAccountNumber_Change(self):
         field = self.txtGSTAccountNumber

@@ -1,7 +1,8 @@
 """Corporate income tax: amounts owing, or an instalment of a fiscal period."""
 
-from runtime import ENTER, Field, Option
-from screen import AMOUNT_KEYS, DATE_KEYS, OlderScreen
+from controls import Field, Option
+from keys import AMOUNT_KEYS, DATE_KEYS, ENTER
+from older_screen import OlderScreen
 from values import is_amount_text, leading_number, money
 
 ASK_DATE = 'Please enter the date for the end of fiscal period.'
@@ -194,5 +195,5 @@ class CorporateIncome(OlderScreen):
 
     def plan(self, draw):
         if draw.odds(.3):
-            return (('optRC99', ''),)
-        return (('optRC100', ''), ('EndDate', draw.near_now()))
+            return ('optRC99', ''), ('ArrearsPayment', '')
+        return ('optRC100', ''), ('InstalmentPayment', ''), ('EndDate', draw.near_now())

@@ -2,8 +2,9 @@
 
 import datetime
 
-from runtime import Button, Field, Frame
-from screen import ZEROS, QuebecScreen
+from controls import Button, Field, Frame
+from newer_screen import QuebecScreen
+from screen import ZEROS
 from values import RunTimeError, date_from_parts, format_text, leading_number, pad_right, yyyymmdd
 
 RANGE = 'must not be more than 8 years in the past or more than 1 year in the future.'
@@ -45,7 +46,7 @@ class CsstPayments(QuebecScreen):
         self.show_head()
         self.txtAmountPayable.set(format_text(self.payment.paid_amount, '0.00', self.host.locale))
         if self.code != '25':
-            self.title = self.payment.comp_name.strip(' ')
+            self.title = self.payment.CompName.strip(' ')
         for control in (self.lblAmountPayable, self.txtAmountPayable):
             control.set_visible(self.code == '25')
         for control in (self.lblPeriodEndDate, self.lblRemittancePeriodFormat, self.txtRemittancePeriod):

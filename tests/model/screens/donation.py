@@ -2,9 +2,10 @@
 
 import re
 
-from runtime import ENTER, Button, Field, List
-from screen import AMOUNT_KEYS, NewerScreen
-from values import blanks, leading_number, upper
+from controls import Button, Field, List
+from keys import AMOUNT_KEYS, ENTER, QUOTE, capital
+from newer_screen import NewerScreen
+from values import blanks, leading_number
 
 LENGTHS = {
     'txtName': 60, 'txtAddress': 60, 'txtCity': 20, 'cmbProvince': None, 'txtPostalCode': 9, 'txtEmail': 60,
@@ -15,12 +16,6 @@ ADDRESS = re.compile(
     r"^[a-z0-9!#$%&'*+/=?^_`{|}~-]+(?:\.[a-z0-9!#$%&'*+/=?^_`{|}~-]+)*@(?:[a-z0-9](?:[a-z0-9-]*[a-z0-9])?\.)+"
     r'[a-z0-9](?:[a-z0-9-]*[a-z0-9])?$', re.IGNORECASE | re.ASCII)
 FORM = "e-mail address with the form 'name@example.com'."
-QUOTE = ord('"')
-
-
-def capital(key):
-    return upper(bytes([key]).decode('cp1252', 'replace')).encode('cp1252', 'replace')[0]
-
 
 class Donation(NewerScreen):
     codes = ('10',)
@@ -63,7 +58,7 @@ class Donation(NewerScreen):
         return self.number(leading_number(self.payment.paid_amount), '#0.00')
 
     def Form_Load(self):
-        self.lblBillerName.caption = self.payment.comp_name
+        self.lblBillerName.caption = self.payment.CompName
         self.show_head()
         self.txtAmount.set(self.amount.caption)
         self.cmbProvince.fill(PROVINCES)

@@ -1,7 +1,8 @@
 """A taxation year and the amount that is payable for it."""
 
-from runtime import Button, Field
-from screen import ZEROS, NewerScreen
+from controls import Button, Field
+from newer_screen import NewerScreen
+from screen import ZEROS
 from values import RunTimeError, date_from_parts, leading_number, yyyymmdd
 
 
@@ -28,7 +29,7 @@ class DueDateAmount(NewerScreen):
 
     def Form_Load(self):
         self.show_head()
-        self.title = self.payment.comp_name
+        self.title = self.payment.CompName
 
     def txtRemittancePeriod_Change(self):
         self.digits_change(self.txtRemittancePeriod, self.txtAmountPayable)

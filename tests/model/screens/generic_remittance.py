@@ -1,14 +1,14 @@
 """A period, a due date and up to twelve short items, for any biller."""
 
-from runtime import BACKSPACE, DIGITS, ENTER, LETTERS, Check, Field
-from screen import OlderScreen
-from screens.donation import QUOTE, capital
+from controls import Check, Field
+from keys import AMOUNT_KEYS, ENTER, LETTERS, MINUS, QUOTE, capital
+from older_screen import OlderScreen
 from values import format_text, is_amount_text, leading_number, money
 
 ASK_START = 'Please enter the date for the start of the period.'
 ASK_END = 'Please enter the date for the end of the period.'
 ASK_DUE = 'Please enter due date.'
-BOX_KEYS = DIGITS | LETTERS | {ENTER, BACKSPACE, ord('.'), ord('-'), ord(',')}
+BOX_KEYS = AMOUNT_KEYS | LETTERS | {MINUS}
 DETAILS, AMOUNT = 12, 13
 
 

@@ -1,7 +1,8 @@
 """The GST34 return: its lines, what is payable or refunded, and whether that agrees with the payment."""
 
-from runtime import BACKSPACE, DIGITS, ENTER, Field
-from screen import OlderScreen
+from controls import Field
+from keys import AMOUNT_KEYS, COMMA, DATE_KEYS, DIGITS, ENTER, MINUS, POINT
+from older_screen import OlderScreen
 from values import is_amount_text, leading_number, money
 
 # Field, what is said below zero.
@@ -15,7 +16,6 @@ AMOUNTS = {
 }
 CALCULATED = ('NetTax', 'RefundAmount', 'PaymentEnclosed')
 AFTER = dict(zip(AMOUNTS, [*list(AMOUNTS)[1:], 'Command1'])) | dict.fromkeys(CALCULATED, 'Command1')
-POINT, MINUS, COMMA = ord('.'), ord('-'), ord(',')
 ASK_START = 'Please enter the date for the start of the period.'
 ASK_END = 'Please enter the date for the end of period.'
 SALES_BELOW_ZERO = 'Amount in sales and other revenue cannot be less than 0.'
@@ -115,7 +115,7 @@ class Gst34(OlderScreen):
         return (key if passes else 0), passes
 
     def amount_key(self, name, key):
-        allowed = DIGITS | {BACKSPACE, ENTER, POINT, COMMA}
+        allowed = AMOUNT_KEYS
         if key not in allowed and not (name == 'NetTax' and key == MINUS):
             return 0
         limited = self.skip(self.limit_amount_key, self.by_name[name], key, 12 if name == 'NetTax' else 11)
@@ -125,7 +125,7 @@ class Gst34(OlderScreen):
         return key
 
     def SalesRevenue_KeyPress(self, key):
-        if key not in DIGITS | {BACKSPACE, ENTER, COMMA}:
+        if key not in DATE_KEYS | {COMMA}:
             return 0
         if key == ENTER:
             self.set_focus(self.InstalmentPayment)
@@ -325,6 +325,8 @@ class Gst34(OlderScreen):
         signs = (-1, -1, 1, 1, 1, -1)
         for name, amount in zip(AMOUNTS, draw.parts(total, 6, signs)):
             yield name, draw.shown(amount)
+        if draw.odds(.2):
+            yield draw.choice(CALCULATED), ''
 
 
 for each in [*AMOUNTS, *CALCULATED]:

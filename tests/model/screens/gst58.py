@@ -1,7 +1,8 @@
 """The GST58 remittance: one payment split among categories."""
 
-from runtime import ENTER, Field
-from screen import AMOUNT_KEYS, OlderScreen
+from controls import Field
+from keys import AMOUNT_KEYS, ENTER
+from older_screen import OlderScreen
 from values import is_amount_text, leading_number
 
 # Field, what Enter says below zero, what OK says.

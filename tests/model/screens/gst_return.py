@@ -1,6 +1,6 @@
 """The GST/HST return made to Revenue Quebec."""
 
-from screen import amounts
+from newer_screen import amounts
 from screens.qst_return import TaxReturn, after_other_rebates
 from values import leading_number, money
 

@@ -1,7 +1,8 @@
 """An instalment of an individual's tax."""
 
-from runtime import ENTER, Field
-from screen import AMOUNT_KEYS, DATE_KEYS, OlderScreen
+from controls import Field
+from keys import AMOUNT_KEYS, DATE_KEYS, ENTER
+from older_screen import OlderScreen
 from values import is_amount_text, leading_number, money
 
 BELOW_ZERO = 'Amount of Payment cannot be less than 0.'

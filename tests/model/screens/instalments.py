@@ -2,8 +2,9 @@
 
 import datetime
 
-from runtime import Button, Field
-from screen import ZEROS, QuebecScreen
+from controls import Button, Field
+from newer_screen import QuebecScreen
+from screen import ZEROS
 from values import a_year_later, yyyymmdd
 
 
@@ -51,7 +52,7 @@ class Instalments(InstalmentPeriod):
 
     def SetupForm(self):
         super().SetupForm()
-        self.title = self.payment.comp_name
+        self.title = self.payment.CompName
 
     def first_amount(self):
         return self.txtAmountPayable

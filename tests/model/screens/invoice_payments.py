@@ -1,10 +1,9 @@
 """The invoices that a payment settles."""
 
-from runtime import ENTER, Button, Check, Field, List
-from screen import AMOUNT_KEYS, DATE_KEYS, OlderScreen
-from screens.donation import QUOTE
-from values import (
-    RunTimeError, format_money, is_amount_text, is_valid_date, leading_number, money, number_text)
+from controls import Button, Check, Field, List
+from keys import AMOUNT_KEYS, DATE_KEYS, ENTER, MINUS, QUOTE
+from older_screen import OlderScreen
+from values import RunTimeError, format_money, is_amount_text, is_valid_date, leading_number, money, number_text
 
 TITLE = 'Invoice Payments Details'
 STORE = 51
@@ -54,7 +53,7 @@ class InvoicePayments(OlderScreen):
         self.lines = []
         self.amount_cleared = False
         self.show_head()
-        held = self.payment.hold == 1
+        held = self.payment.APHoldFlg == 1
         self.InvoiceStatementOnly[1 if held else 0].set(True)
         self.prefix = 'For HOLD payment, invoice payment details are mandatory.' if held else ''
         self.remaining = self.whole_amount()
@@ -126,7 +125,7 @@ class InvoicePayments(OlderScreen):
         return key
 
     def InvoiceAmount_KeyPress(self, key):
-        if key not in AMOUNT_KEYS | {ord('-')}:
+        if key not in AMOUNT_KEYS | {MINUS}:
             return 0
         if key == ENTER and self.line_is_complete():
             self.add_line()

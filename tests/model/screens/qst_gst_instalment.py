@@ -1,7 +1,8 @@
 """An instalment that is split between GST/HST and QST."""
 
-from runtime import Button, Field
-from screen import ZEROS, amounts
+from controls import Button, Field
+from newer_screen import amounts
+from screen import ZEROS
 from screens.instalments import InstalmentPeriod
 
 

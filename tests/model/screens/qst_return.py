@@ -2,8 +2,9 @@
 
 import datetime
 
-from runtime import Button, Field
-from screen import ZEROS, QuebecScreen, amounts
+from controls import Button, Field
+from newer_screen import QuebecScreen, amounts
+from screen import ZEROS
 from values import a_year_later, yyyymmdd
 
 
@@ -99,7 +100,7 @@ class QstReturn(TaxReturn):
 
     def launched(self, code):
         """The biller's code brings the captions of its tax, which loads the form."""
-        if self.payment.comp_code != '001055':
+        if self.payment.CompCode != '001055':
             return
         self.load()
         self.title = 'Quebec GST/HST Remittance'
@@ -110,15 +111,15 @@ class QstReturn(TaxReturn):
 
     def SetupForm(self):
         super().SetupForm()
-        shown = self.payment.comp_code == '001055'
+        shown = self.payment.CompCode == '001055'
         self.lblNewHousingRebates.set_visible(shown)
         self.txtNewHousingRebates.set_visible(shown)
 
     def last_day(self):
-        return a_year_later(self.host.today) if self.payment.comp_code == '001053' else super().last_day()
+        return a_year_later(self.host.today) if self.payment.CompCode == '001053' else super().last_day()
 
     def output(self):
         self.send_first_lines()
         rebate = self.amount_slot('07', self.txtNewHousingRebates)
         self.send_free(self.amount_slot('05', self.txtAmountPayable), self.amount_slot('06', self.txtOtherRebates),
-                       ('07', ZEROS) if self.payment.comp_code == '001053' else rebate, ('08', ZEROS))
+                       ('07', ZEROS) if self.payment.CompCode == '001053' else rebate, ('08', ZEROS))

@@ -1,7 +1,8 @@
 """Source deductions to Revenue Quebec."""
 
-from runtime import Button, Field, List
-from screen import ZEROS, QuebecScreen, amounts
+from controls import Button, Field, List
+from newer_screen import QuebecScreen, amounts
+from screen import ZEROS
 from values import RunTimeError, date_from_parts, yyyymmdd
 
 TYPES = (
@@ -54,7 +55,7 @@ class QuebecSourceDeductions(QuebecScreen):
     def SetupForm(self):
         super().SetupForm()
         self.cmbRemittanceType.fill(TYPES)
-        asks = self.payment.comp_code == '001052'
+        asks = self.payment.CompCode == '001052'
         self.lblRemittanceType.set_visible(asks)
         self.cmbRemittanceType.set_visible(asks)
 
@@ -100,7 +101,7 @@ class QuebecSourceDeductions(QuebecScreen):
         self.txtAmountPayable.set(self.money(self.sum_of(*self.entries())))
 
     def ValidateForm(self):
-        if self.payment.comp_code == '001052' and not self.cmbRemittanceType.shown_text():
+        if self.payment.CompCode == '001052' and not self.cmbRemittanceType.shown_text():
             return self.refuse(self.cmbRemittanceType, 'Please select a Remittance Type.', 'information')
         self.RecalcForm()
         if not self.is_amount_to_be_paid(self.txtAmountPayable):
@@ -118,7 +119,7 @@ class QuebecSourceDeductions(QuebecScreen):
         income, qpp, health, qpip, csst = self.entries()
         self.send_free(self.amount_slot('01', income), self.amount_slot('02', qpp), self.amount_slot('03', health),
                        self.amount_slot('04', qpip))
-        kind = 0 if self.payment.comp_code == '001051' else self.cmbRemittanceType.row + 1
+        kind = 0 if self.payment.CompCode == '001051' else self.cmbRemittanceType.row + 1
         self.send_free(('05', str(kind).zfill(18)), self.amount_slot('06', csst), ('07', ZEROS), ('08', ZEROS))
 
     def plan(self, draw):

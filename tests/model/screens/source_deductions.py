@@ -1,7 +1,8 @@
 """Source deductions to the Canada Revenue Agency."""
 
-from runtime import ENTER, Field
-from screen import AMOUNT_KEYS, DATE_KEYS, OlderScreen
+from controls import Field
+from keys import AMOUNT_KEYS, DATE_KEYS, ENTER
+from older_screen import OlderScreen
 from values import is_amount_text, leading_number
 
 GROSS_BELOW_ZERO = ' Amount of Gross Payroll in Remitting Period cannot be less than 0.'
