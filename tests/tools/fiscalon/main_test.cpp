@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <csignal>
+
 #include "tests/support/ruled_record.h"
 #include "tests/tools/fiscalon/command_line.h"
 
@@ -149,6 +151,32 @@ TEST_F(Program, SaysInItsOwnWordsWhatIsWrongWithAnOption) {
               HasSubstr("\"18446744073709551616\" is no whole number from 0 that there is room for\n"));
   EXPECT_THAT(Run("fiscalon generate --screen 03 --payments 1 --bad nan").err,
               HasSubstr("\"nan\" is no number from 0 to 1\n"));
+}
+
+// Each command waits for a pipe into which nobody writes.
+TEST_F(Program, EndsByASecondSignalWhateverItIsAt) {
+  std::vector<std::string> commands = {"play pipe", "show pipe", "validate --screen 03 --amount 12345 pipe",
+                                       "validate --payments pipe --records pipe --report a.csv"};
+  if (FISCALON_HAS_QT != 0)
+    commands.insert(commands.end(), {"play --toolkit qt pipe", "picture 15 --out a.png --scenario pipe"});
+  for (const std::string& command : commands) {
+    const Outcome seen =
+        Run("mkfifo pipe; exec 9<>pipe\n"
+            "env --default-signal '" FISCALON_PROGRAM "' " +
+            command +
+            " 9>&- & program=$!\n"
+            "for i in $(seq 200); do\n"
+            "  ls -l /proc/$program/fd | grep -q '/pipe$' && break\n"
+            "  sleep 0.05\n"
+            "done\n"
+            "kill -TERM $program; kill -HUP $program\n"
+            "for i in $(seq 200); do\n"
+            "  [ -e /proc/$program/fd/0 ] || break\n"
+            "  sleep 0.05\n"
+            "done\n"
+            "kill -KILL $program; rm pipe; wait $program");
+    EXPECT_TRUE(seen.status == 128 + SIGTERM || seen.status == 128 + SIGHUP) << command << ": " << seen.status;
+  }
 }
 
 TEST_F(Program, SendsNoCommandsToTheTerminalInNames) {
