@@ -1,9 +1,11 @@
 #include "tools/desk/operators_page.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTextTable>
+#include <QWindow>
 
 namespace fiscalon {
 namespace {
@@ -39,6 +41,14 @@ OperatorsPage::OperatorsPage(const QString& file) {
   const int unit = fontMetrics().horizontalAdvance(u'0');
   SetOut(*document(), unit);
   resize(QSize(100 * unit, 100 * unit).boundedTo(screen()->availableSize() * 9 / 10));
+}
+
+bool OperatorsPage::event(QEvent* event) {
+  // A form or a box that opens has all other windows wait, but for its own: so this is made one of them, and can be
+  // read while one fills the form in.
+  if (event->type() == QEvent::WindowBlocked)
+    windowHandle()->setTransientParent(QGuiApplication::modalWindow());
+  return QTextBrowser::event(event);
 }
 
 bool OperatorsPage::IsThere(const QString& file) {

@@ -4,7 +4,7 @@
 
 namespace fiscalon {
 
-/// The operators' page in a window of its own, beside the desk. Escape closes it.
+/// The operators' page in a window of its own, beside the desk and its forms. Escape closes it.
 class OperatorsPage final : public QTextBrowser {
  public:
   explicit OperatorsPage(const QString& file);
@@ -14,6 +14,7 @@ class OperatorsPage final : public QTextBrowser {
 
  private:
   void keyPressEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;
 };
 
 }  // namespace fiscalon

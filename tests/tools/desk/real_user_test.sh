@@ -52,6 +52,30 @@ Keyboard 'How forms are filled'
 xdotool key Escape
 Keyboard 'Payment desk'
 
+# It can be read and closed while a form and one of its boxes are up, which lose nothing by it.
+xdotool key F1
+Keyboard 'How forms are filled'
+page=$(Window 'How forms are filled')
+xdotool windowfocus "$(Window 'Payment desk')"
+Keyboard 'Payment desk'
+xdotool key alt+r
+Keyboard 'Summit Levies'
+Type 202613
+Window '^Fiscalon$' >/dev/null
+xdotool windowfocus "$page"
+Keyboard 'How forms are filled'
+xdotool key Escape
+Gone 'How forms are filled'
+xdotool windowfocus "$(Window '^Fiscalon$')"
+xdotool key Return
+Gone '^Fiscalon$'
+xdotool windowfocus "$(Window 'Summit Levies')"
+Keyboard 'Summit Levies'
+Type 202512
+Type 12345
+xdotool key alt+o
+Keyboard 'Payment desk'
+
 xdotool key ctrl+q
 Ended 0
 echo "ok: one press to a form, and a file by keyboard alone"
