@@ -15,7 +15,7 @@ class Form:
     name = ''
     caption = ''
     cancel_button = None
-    # Those that only say something, with what they say.
+    # Those that only say something, with what they say as long as the form is up.
     labels = {}
 
     def __init__(self):
@@ -36,6 +36,7 @@ class Form:
         for label, caption in self.labels.items():
             self.add(Label, label, caption)
         self.build()
+        self.changing = self.controls[len(self.labels):]
         self.order = sorted(
             (each for each in self.controls if each.focusable),
             key=lambda each: (each.tab is None, each.tab if each.tab is not None else 0))

@@ -6,6 +6,14 @@ import datetime
 from values import LOCALES, RunTimeError, host_amount
 
 FOLDER = '$TMP'
+LOGS = f'{FOLDER}/Zelmor'
+PLAY_LOG, ERROR_LOG = f'{LOGS}/PBP.txt', f'{FOLDER}/error.log'
+TIME = '13:05:09'
+GENERAL_DATE = {
+    'en-CA': '%Y-%m-%d 1:05:09 p.m.',
+    'en-US': '{0.month}/{0.day}/%Y 1:05:09 PM',
+    'fr-CA': '%Y-%m-%d 13:05:09',
+}
 
 
 @dataclasses.dataclass
@@ -25,6 +33,7 @@ class Payment:
     BusinessName: str = ''
     ZelmorNumber: str = ''
     WriteFile: int = 0
+    PlayByPlayEnabled: int = 0
 
     @property
     def paid_amount(self):
@@ -41,7 +50,8 @@ class Host:
         self.locale = LOCALES['en-CA']
         self.today = datetime.date(2026, 6, 15)
         self.files = {}
-        self.folders = {FOLDER}
+        self.logs = {PLAY_LOG: [], ERROR_LOG: []}
+        self.folders = {FOLDER, LOGS}
         self.records = None
         self.form = None
         self.ending = None
@@ -81,9 +91,23 @@ class Host:
             self.ending = self.form.error
             return
         self.ending = self.form.chosen
+        self.form.accessed('Get Chosen')
         if self.form.chosen and self.payment.WriteFile != -1:
+            self.form.accessed('Get PC4Records')
             self.records = self.form.records
         self.form.unload()
+
+    def moment(self):
+        return self.today.strftime(GENERAL_DATE[self.locale.name]).format(self.today)
+
+    def log_play(self, text):
+        if self.payment.PlayByPlayEnabled:
+            self.logs[PLAY_LOG].append(f'{self.moment()} FISCALON - {text}')
+
+    def log_error(self, error, procedure):
+        self.log_play('BULK - ShowError')
+        self.logs[ERROR_LOG].append(
+            f'{self.moment()},Fiscalon,,0,{error.number},"{error.description}","{procedure}"')
 
     def found_records(self):
         """What the host finds: the lines of its file, or the members of its collection."""

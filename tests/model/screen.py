@@ -32,6 +32,9 @@ class Screen(Form):
     def launched(self, code):
         """The launch routine has set the payment."""
 
+    def accessed(self, how):
+        """The launch routine gives or takes a property."""
+
     # The head
 
     def shown_date(self):

@@ -109,7 +109,6 @@ class Session:
         self.play('today', draw.choice(TODAYS))
         if draw.odds(.3):
             self.play('locale', draw.choice(('fr-CA', 'fr-CA', 'en-US')))
-        self.play('host', 'MainPath', '$TMP')
 
     def set_payment(self):
         draw, play = self.draw, self.play

@@ -4,7 +4,7 @@ import collections
 import re
 
 from controls import Field, List
-from host import Host
+from host import FOLDER, LOGS, TIME, Host
 from values import LOCALES
 
 Step = collections.namedtuple('Step', 'verb arguments refuses', defaults=(False,))
@@ -38,9 +38,10 @@ class Telling:
 
     def __init__(self, screen):
         self.host = Host(screen)
-        self.lines = [f'today {self.host.today}']
+        self.lines = [f'today {self.host.today} {TIME}', f'host MainPath {FOLDER}', f'folder {LOGS}']
         self.steps = []
         self.told = {}
+        self.logged = {}
         self.beside = None
 
     @property
@@ -92,7 +93,7 @@ class Telling:
 
     def play_today(self, date):
         self.host.today = date
-        self.lines.append(f'today {date}')
+        self.lines.append(f'today {date} {TIME}')
 
     def play_locale(self, name):
         self.host.locale = LOCALES[name]
@@ -141,7 +142,7 @@ class Telling:
         if told.get('') != form.title:
             told[''] = form.title
             self.lines.append('  ' + line('expect title', form.title))
-        for control in form.controls:
+        for control in form.controls if looks else form.changing:
             seen, before = control.seen(), told.get(control.name)
             if looks or seen != before:
                 told[control.name] = seen
@@ -156,6 +157,7 @@ class Telling:
         else:
             self.lines.append(f'expect error {ending.number} Fiscalon.ShowLevyraScreen {quoted(ending.description)}')
         self.lines.append(f'expect chosen {self.host.form.chosen}')
+        self.host.form.accessed('Get Chosen')  # to ask is an access, too
         records = self.host.found_records()
         self.lines.append(f'expect records {len(records)}')
         for place, record in enumerate(records, 1):
@@ -164,6 +166,10 @@ class Telling:
                 self.lines.append(f'expect length {place} {len(record)}')
             else:
                 self.lines.append(line(f'expect invoice {place}', *record))
+        for path, logged in self.host.logs.items():
+            for place in range(self.logged.get(path, 0), len(logged)):
+                self.lines.append(f'expect line {path} {place + 1} {quoted(logged[place])}')
+            self.logged[path] = len(logged)
 
     def end(self):
         if self.form is not None:

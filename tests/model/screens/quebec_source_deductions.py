@@ -33,6 +33,7 @@ class QuebecSourceDeductions(QuebecScreen):
     codes = ('20',)
     name = 'frmQue_Rev_SourceDeduct'
     caption = 'Revenue Quebec Source Deductions'
+    own_properties = {'PlayByPlayEnabled': (0, 0, -1)}
     biller_codes = ('001051', '001052', '001052', '001099')
     labels = {
         'lblCPayDate': 'Payment Date:',
@@ -48,11 +49,40 @@ class QuebecSourceDeductions(QuebecScreen):
         self.add(Button, 'cmdCancel', 8, 'Cancel')
         self.add(Field, 'txtAmountPayable', 14, 12, locked=True, stop=False)
 
+    # Each handler and routine, and each access to a property, is logged.
+
+    def log(self, routine):
+        self.host.log_play(f'{self.name} - {routine}')
+
+    def accessed(self, how):
+        self.log(how)
+
+    def fire(self, control, event, *arguments):
+        if hasattr(self, f'{control.name}_{event}'):
+            self.log(f'{control.name}_{event}')
+        return super().fire(control, event, *arguments)
+
+    def Form_KeyDown(self, key, shift):
+        self.log('Form_KeyDown')
+        return super().Form_KeyDown(key, shift)
+
+    def Form_QueryUnload(self, reason):
+        self.log('Form_QueryUnload')
+        super().Form_QueryUnload(reason)
+
+    def Form_Load(self):
+        self.log('Form_Load')
+        super().Form_Load()
+
     def launched(self, code):
-        self.load()
+        for name in ('CompName', 'PaidAmount', 'PaidDate', 'EnterName', 'EnterTitle', 'GovFilename', 'SeqNumber',
+                     'APHoldFlg', 'CompCode', 'WriteFile'):
+            self.log('Let ' + name)
         self.SetupForm()
 
     def SetupForm(self):
+        self.log('SetupForm')
+        self.load()
         super().SetupForm()
         self.cmbRemittanceType.fill(TYPES)
         asks = self.payment.CompCode == '001052'
@@ -68,6 +98,7 @@ class QuebecSourceDeductions(QuebecScreen):
 
     def period_passes(self, period):
         """This month and the four before it."""
+        self.host.log_play('modLevyra - IsValidRemittancePeriodQueRevSrcDeduct')
         passes = len(period) >= 6
         if passes:
             first = self.host.today.replace(day=1)
@@ -83,6 +114,7 @@ class QuebecSourceDeductions(QuebecScreen):
         return passes
 
     def show_error(self, error, procedure):
+        self.host.log_error(error, procedure)
         self.box(f"The following error: '{error.description} (Error {error.number})' occurred in procedure "
                  f"'{procedure}'.")
 
@@ -97,10 +129,16 @@ class QuebecSourceDeductions(QuebecScreen):
     def entries(self):
         return [self.by_name['txt' + name] for name in NAMES]
 
+    def CheckValues(self, field, name):
+        self.log('CheckValues')
+        super().CheckValues(field, name)
+
     def RecalcForm(self):
+        self.host.log_play('modLevyra - RecalcFormQueRevSrcDeduct')
         self.txtAmountPayable.set(self.money(self.sum_of(*self.entries())))
 
     def ValidateForm(self):
+        self.log('ValidateForm')
         if self.payment.CompCode == '001052' and not self.cmbRemittanceType.shown_text():
             return self.refuse(self.cmbRemittanceType, 'Please select a Remittance Type.', 'information')
         self.RecalcForm()
@@ -109,6 +147,7 @@ class QuebecSourceDeductions(QuebecScreen):
         return True
 
     def DoWrite(self):
+        self.log('DoWrite')
         try:
             super().DoWrite()
         except RunTimeError as error:
