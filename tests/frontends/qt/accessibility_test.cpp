@@ -31,6 +31,10 @@ TEST_F(Accessibility, NamesFieldsAsTheirLabelsRead) {
     EXPECT_EQ(NameOf(dialog, form.txtTotal), "Total");
     EXPECT_EQ(NameOf(dialog, form.txtPurpose), "Purpose");
     EXPECT_EQ(NameOf(dialog, form.cmbProvince), "Province");
+    EXPECT_EQ(
+        QAccessible::queryAccessibleInterface(&dialog.WidgetOf(form.cmbProvince))->child(0)->text(QAccessible::Name),
+        "Province")
+        << "the rows that drop down";
     EXPECT_EQ(NameOf(dialog, form.cmdOK), "OK");
     EXPECT_EQ(NameOf(dialog, form.chkFinal), "Final payment");
     EXPECT_EQ(NameOf(dialog, form.optFirst), "First");

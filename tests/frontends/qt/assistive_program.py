@@ -320,6 +320,7 @@ def donation():
         provinces = form.find("combo box", "Province")
         act(provinces, "Press")
         until("the list does not drop down", lambda: has(provinces, Atspi.StateType.EXPANDED))
+        form.find("list", "Province")
         act(form.row("MB"), "Toggle")
         until("the list stays open", lambda: not has(provinces, Atspi.StateType.EXPANDED))
         expect("the province", selected_rows(provinces), ["MB"])
