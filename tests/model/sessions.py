@@ -70,6 +70,13 @@ class Draw(random.Random):
             return self.date(datetime.date(today.year, 1, 1), datetime.date(today.year, 12, 31))
         return self.date(datetime.date(today.year - 2, 1, 1), datetime.date(today.year + 2, 12, 31))
 
+    def near_pair(self):
+        """Two such dates, mostly in their order."""
+        start = self.near_now()
+        first = datetime.date(int(start[:4]), int(start[4:6]), int(start[6:]))
+        later = self.date(first + datetime.timedelta(days=1), first + datetime.timedelta(days=90))
+        return start, later if self.odds(.8) else self.choice((start, self.near_now()))
+
     def spoiled(self, text):
         """Nearly the text, or something else."""
         place = self.randrange(len(text) + 1)
@@ -97,7 +104,7 @@ class Session:
 
     def run(self):
         self.set_up()
-        for _ in range(self.draw.choice((1, 1, 1, 2, 3))):
+        for _ in range(self.draw.choice((1, 1, 1, 1, 2, 3))):
             self.set_payment()
             self.play('show', self.draw.choice(self.screen.codes) if self.draw.odds(.2) else self.code)
             self.visit()
@@ -140,7 +147,7 @@ class Session:
     def visit(self):
         """Fills the screen, again where it is refused; in the end it is left."""
         draw = self.draw
-        for round_ in range(draw.choice((1, 2, 3, 4))):
+        for _ in range(draw.choice((1, 1, 2, 3))):
             if self.form is None:
                 return
             careless = draw.choice((0, .1, .3))

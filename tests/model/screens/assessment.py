@@ -251,13 +251,17 @@ class Assessment(OlderScreen):
         today = self.host.today
         if draw.odds(.1):
             yield 'WCBstatementonly(0)', ''
-        start = draw.choice((1, 4, 7, 10, today.month, today.month, draw.randrange(1, 13)))
-        end = draw.choice((start, min(start + 2, 12), 12, today.month, today.month + 1, draw.randrange(1, 13)))
+        if draw.odds(.5):
+            start = end = draw.choice((today.month, draw.randrange(1, today.month + 1)))
+        else:
+            start = draw.choice((1, 4, 7, 10, today.month, draw.randrange(1, 13)))
+            end = draw.choice((min(start + 2, 12), 12, today.month, today.month + 1, draw.randrange(1, 13)))
         yield 'WCBperiodfrommm', draw.choice((str(start), f'{start:02}'))
         yield 'WCBperiodtomm', draw.choice((str(end), f'{end:02}'))
-        yield 'WCBperiodyyyy', str(today.year - draw.choice((0, 0, 0, 1, 1, 2, -1)))
+        yield 'WCBperiodyyyy', str(today.year - (draw.choice((1, 1, 2, -1)) if draw.odds(.3) else 0))
         numbers = draw.sample(('1234567', '7654321', '0000001', '1111111', '2222222', '3333333'), 6)
         for each in MEMBERS[:draw.randrange(1, 7)]:
             if draw.odds(.9):
                 yield f'WCBclass({each})', numbers[each] if draw.odds(.95) else draw.choice(('123456', numbers[0]))
-                yield f'WCBassessment({each})', draw.choice((draw.shown(draw.cents()), '999999999', '1000000000'))
+                yield f'WCBassessment({each})', (
+                    draw.shown(draw.cents() % 10**9) if draw.odds(.9) else draw.choice(('999999999', '1000000000')))

@@ -143,9 +143,9 @@ class CombinedReturn(QuebecScreen):
 
     def plan(self, draw):
         today = self.host.today
-        yield 'txtGSTAccountNumber', draw.choice((
-            '123456782RT0001', '123456782rt0001', '123456782RT0001', '123456789RT0001', '000000000RT1E12',
-            '123456782XX0001', '12345678ART0001'))
+        good = '123456782RT0001', '123456782rt0001', '000000000RT1E12'
+        bad = '123456789RT0001', '123456782XX0001', '12345678ART0001', '123456782RT1E99'
+        yield 'txtGSTAccountNumber', draw.choice(good if draw.odds(.8) else bad)
         for name in ('GST', 'QST'):
             start = draw.day(datetime.date(1992, 7, 2), today - datetime.timedelta(days=1))
             yield f'txt{name}PeriodFrom', yyyymmdd(start)

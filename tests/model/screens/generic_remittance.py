@@ -213,13 +213,15 @@ class GenericRemittance(OlderScreen):
     def plan(self, draw):
         if draw.odds(.07):
             yield 'StatementOnly(0)', ''
-        start = draw.near_now()
+        start, end = draw.near_pair()
         yield 'PeriodStartDate', start
-        yield 'PeriodEndDate', draw.choice((start, draw.near_now(), str(self.host.today.year) + '1231'))
+        yield 'PeriodEndDate', end
         yield 'DueDate', draw.near_now()
         for each in range(self.count):
-            yield f'Box({each})', draw.choice(('a1', 'B-2', '3.0', '4,5', 'é', 'x y', 'A' * 18))
-        if draw.odds(.5):
-            yield f'Box({DETAILS})', draw.choice(('some # details', 'é', 'x'))
-        if draw.odds(.5):
+            good, bad = ('a1', 'B-2', '3.0', '4,5', '7' * 18), ('é', 'x y', ' ')
+            yield f'Box({each})', draw.choice(good if draw.odds(.95) else bad)
+        with_details = draw.odds(.5)
+        if with_details != draw.odds(.1):
+            yield f'Box({DETAILS})', draw.choice(('some # details', 'x')) if draw.odds(.9) else 'é'
+        if with_details:
             yield f'Box({AMOUNT})', draw.shown(draw.cents())

@@ -315,9 +315,9 @@ class Gst34(OlderScreen):
         self.send_free(self.strict_slot('09', self.ImportedTax), self.strict_slot('10', self.PaymentEnclosed))
 
     def plan(self, draw):
-        start = draw.near_now()
+        start, end = draw.near_pair()
         yield 'PeriodStartDate', start
-        yield 'PeriodEndDate', draw.choice((start, draw.near_now(), str(self.host.today.year) + '1231'))
+        yield 'PeriodEndDate', end
         yield 'SalesRevenue', draw.choice(('5000', '0', '5,000', '9999999999'))
         total = self.due()
         if total == 0 or draw.odds(.1):

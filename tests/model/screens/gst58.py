@@ -205,9 +205,9 @@ class Gst58(OlderScreen):
             self.send_free(*slots[first:first + 4])
 
     def plan(self, draw):
-        start = draw.near_now()
+        start, end = draw.near_pair()
         yield 'PeriodStartDate', start
-        yield 'PeriodEndDate', draw.choice((start, draw.near_now(), str(self.host.today.year) + '1231'))
+        yield 'PeriodEndDate', end
         for (name, _), amount in zip(CATEGORIES, draw.parts(self.due(), len(CATEGORIES))):
             if amount or draw.odds(.5):
                 yield name, draw.shown(amount)
