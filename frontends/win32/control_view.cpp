@@ -35,6 +35,7 @@ void ControlView::Create(HWND parent, const RECT& place, const DialogFonts& font
   native_ = reinterpret_cast<WNDPROC>(
       ::SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlView::Procedure)));
   Restyle(fonts);
+  Made();
 }
 
 LRESULT CALLBACK ControlView::Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra) {

@@ -71,6 +71,8 @@ class ControlView {
     DWORD extendedStyle = 0;
   };
   virtual Design Designed() const = 0;
+  /// The window is there.
+  virtual void Made() {}
   /// What the window shows but for its being there and enabled.
   virtual ShownControl Content() const = 0;
   /// The room that the window must be given to be seen at its place.

@@ -79,15 +79,20 @@ void AnyListView::Refresh() {
 
 LRESULT AnyListView::Message(UINT message, WPARAM wide, LPARAM extra) {
   const LRESULT result = Native(message, wide, extra);
-  // Another program's: the form's go to the window past this. A row that is set is picked; rows are the form's.
-  if (!Changes(messages_, message) || refreshing_ || !list_.Owner().IsUp())
-    return result;
+  // The form's own go to the window past this.
+  if (Changes(messages_, message))
+    ChangedByProgram();
+  return result;
+}
+
+void AnyListView::ChangedByProgram() {
+  if (refreshing_ || !list_.Owner().IsUp())
+    return;
   const int row = NativeRow();
   if (row >= 0 && row != list_.ListIndex() && NativeRows() == RowsOf(list_))
     Picked(row);
   if (list_.Owner().IsUp())
     Refresh();
-  return result;
 }
 
 void AnyListView::Picked(int row) {
@@ -125,10 +130,32 @@ void DropDownView::Restyle(const DialogFonts& fonts) {
   Native(CB_SETITEMHEIGHT, kClosed, Wanted(fonts).cy - kEdges);
 }
 
-HWND DropDownView::Rows() const {
+COMBOBOXINFO DropDownView::Info() const {
   COMBOBOXINFO info = {};
   info.cbSize = sizeof(info);
-  return IsOpen() && ::GetComboBoxInfo(Window(), &info) != FALSE ? info.hwndList : nullptr;
+  ::GetComboBoxInfo(Window(), &info);
+  return info;
+}
+
+HWND DropDownView::Rows() const {
+  return IsOpen() ? Info().hwndList : nullptr;
+}
+
+void DropDownView::Made() {
+  const HWND rows = Info().hwndList;
+  if (rows == nullptr)
+    return;
+  ::SetWindowLongPtrW(rows, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  nativeRows_ = reinterpret_cast<WNDPROC>(
+      ::SetWindowLongPtrW(rows, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DropDownView::RowsProcedure)));
+}
+
+LRESULT CALLBACK DropDownView::RowsProcedure(HWND rows, UINT message, WPARAM wide, LPARAM extra) {
+  auto& view = *reinterpret_cast<DropDownView*>(::GetWindowLongPtrW(rows, GWLP_USERDATA));
+  const LRESULT result = ::CallWindowProcW(view.nativeRows_, rows, message, wide, extra);
+  if (Changes(kOfListBox, message) && !view.busy_ && !view.IsOpen())
+    view.ChangedByProgram();
+  return result;
 }
 
 bool DropDownView::IsOpen() const {
@@ -165,8 +192,10 @@ void DropDownView::Notified(int code) {
 }
 
 LRESULT DropDownView::Message(UINT message, WPARAM wide, LPARAM extra) {
-  if (message != kPicked)
+  if (message != kPicked) {
+    const ScopedValue busy(busy_, true);
     return IsOpen() ? ControlView::Message(message, wide, extra) : AnyListView::Message(message, wide, extra);
+  }
   // Windows may tell the same row twice.
   MSG same = {};
   while (::PeekMessageW(&same, Window(), kPicked, kPicked, PM_REMOVE) != FALSE) continue;

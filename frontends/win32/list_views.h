@@ -32,6 +32,9 @@ class AnyListView : public ControlView {
   bool Refreshing() const { return refreshing_; }
   /// The selected one; negative for none.
   int NativeRow();
+  /// Another program has changed the list past the mouse and the keyboard: a row that it selects is picked, rows are
+  /// the form's.
+  void ChangedByProgram();
   /// A row was picked past the mouse and the keyboard.
   virtual void Picked(int row);
   ShownControl Content() const override;
@@ -64,8 +67,16 @@ class DropDownView final : public AnyListView {
   Design Designed() const override;
   /// With room for the rows, which drop down over what lies beneath.
   RECT RoomFor(const RECT& place, const DialogFonts& fonts) const override;
+  void Made() override;
   void Picked(int row) override;
   bool IsOpen() const;
+  COMBOBOXINFO Info() const;
+  /// Messages of the rows that drop down, which have a window of their own.
+  static LRESULT CALLBACK RowsProcedure(HWND rows, UINT message, WPARAM wide, LPARAM extra);
+
+  WNDPROC nativeRows_ = nullptr;
+  /// The list is at a message of its own, and tells its rows what follows.
+  bool busy_ = false;
 };
 
 class ListBoxView final : public AnyListView {

@@ -190,6 +190,26 @@ TEST_F(SentMessages, PickTheRowsThatTheySelect) {
   });
 }
 
+TEST_F(SentMessages, PickTheRowsThatTheySelectAmongThoseThatDropDown) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    COMBOBOXINFO info = {};
+    info.cbSize = sizeof(info);
+    ASSERT_TRUE(::GetComboBoxInfo(In(window, form.cmbProvince), &info));
+    form.TakeNotes();
+    for (const int row : {2, 1}) {
+      ::SendMessageW(info.hwndList, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+      EXPECT_EQ(form.cmbProvince.ListIndex(), row);
+      EXPECT_EQ(user.Text(form.cmbProvince), form.cmbProvince.List(row));
+      EXPECT_EQ(form.TakeNotes().back(), "cmbProvince_Chosen");
+    }
+    ::SendMessageW(info.hwndList, LB_DELETESTRING, 0, 0);
+    ::SendMessageW(info.hwndList, LB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    EXPECT_EQ(user.Items(form.cmbProvince), 3);
+    EXPECT_EQ(user.Text(form.cmbProvince), "Manitoba");
+    EXPECT_THAT(form.TakeNotes(), ElementsAre());
+  });
+}
+
 TEST_F(SentMessages, PickNoRowWhereACheckKeepsTheFocus) {
   form.when["txtPeriod_LostFocus"] = [this] { form.txtPeriod.SetFocus(); };
   Show(form, [&](FormWindow& window, UserDriver& user) {
