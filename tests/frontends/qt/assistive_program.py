@@ -242,7 +242,7 @@ def assessment():
 
 
 def refused_month():
-    """Where no box says why an entry is refused, a notification does, and the entry's description. Nothing else does."""
+    """Where no box says why an entry is refused, a notification and the entry's description do, and nothing else."""
     with Form("01") as form:
         form.enter("For the period from", "13")
         refused = "Please correct this entry: For the period from (MM)"
@@ -363,8 +363,8 @@ def payment_desk():
         expect("times that it is said", told.of(Told.KINDS[2], 1, ("notification",)).count(cancelled), 1)
 
 
-for screen in (assessment, refused_month, corporate_income, source_deductions, invoice_payments, donation, due_date_amount,
-               quebec_source_deductions, payment_desk):
+for screen in (assessment, refused_month, corporate_income, source_deductions, invoice_payments, donation,
+               due_date_amount, quebec_source_deductions, payment_desk):
     began = time.monotonic()
     screen()
     print(f"ok: {screen.__name__}, {time.monotonic() - began:.1f} s", flush=True)
