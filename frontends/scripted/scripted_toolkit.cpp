@@ -2,27 +2,8 @@
 
 #include "core/forms/button.h"
 #include "core/forms/text_field.h"
-#include "frontends/scripted/field_editing.h"
 
 namespace fiscalon {
-namespace {
-
-/// What a key that the form has left to a field makes of it.
-EditedText Edited(const TextField& field, const KeyStroke& stroke, int character) {
-  // There is no clipboard, and nothing is undone.
-  if (IsEditorCommand(stroke)) {
-    const bool selectsAll = stroke.keyCode == 'A';
-    return {.text = field.Text(),
-            .selection = selectsAll ? Selection{.length = static_cast<int>(field.Text().size())} : field.Selected()};
-  }
-  if (character == key::kEnter)
-    return InsertText(field, "\r\n");
-  if (character >= ' ')
-    return InsertText(field, std::string(1, static_cast<char>(character)));
-  return EditByKey(field, character == 0 ? stroke.keyCode : character);
-}
-
-}  // namespace
 
 void ScriptedUser::PressKey(const KeyStroke& stroke) {
   Control* const control = form_.ActiveControl();
@@ -30,7 +11,7 @@ void ScriptedUser::PressKey(const KeyStroke& stroke) {
   if (!outcome.editing || !form_.IsUp())
     return;
   auto& field = static_cast<TextField&>(*control);
-  const EditedText edited = Edited(field, stroke, outcome.character);
+  const EditedText edited = editor_.Key(field, stroke, outcome.character);
   // The caret moves in a locked field too.
   if (edited.text == field.Text())
     acts_.SelectText(field, edited.selection);
@@ -55,7 +36,7 @@ void ScriptedUser::Paste(std::string_view text) {
   auto* const field = dynamic_cast<TextField*>(form_.ActiveControl());
   if (field == nullptr || field->Locked())
     return;
-  const EditedText edited = InsertText(*field, text);
+  const EditedText edited = editor_.Paste(*field, text);
   acts_.EditText({.field = field, .text = edited.text, .selection = edited.selection});
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/forms/field_editor.h"
 #include "core/forms/watched_acts.h"
 #include "frontends/played/driven_toolkit.h"
 
@@ -25,6 +26,7 @@ class ScriptedUser final : public UserDriver {
  private:
   Form& form_;
   WatchedActs acts_;
+  FieldEditor editor_;
 };
 
 /// Drives forms without a display: for hosts' tests, for scenarios, for machines without a screen.
