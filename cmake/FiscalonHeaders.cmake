@@ -9,6 +9,10 @@ if(FISCALON_QT)
   list(APPEND FISCALON_PROMISED_HEADERS include/fiscalon/qt.h)
 endif()
 
+if(NOT WIN32)
+  list(APPEND FISCALON_PROMISED_HEADERS include/fiscalon/terminal.h)
+endif()
+
 file(GLOB_RECURSE headers CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/include/*.h ${PROJECT_SOURCE_DIR}/core/*.h ${PROJECT_SOURCE_DIR}/validation/*.h
   ${PROJECT_SOURCE_DIR}/frontends/*.h)

@@ -15,7 +15,9 @@ namespace fiscalon {
 /// How a picture looks.
 struct PictureLook {
   enum class Theme { Light, Dark };
+  enum class Format { Png, Svg, Text };
   Theme theme = Theme::Light;
+  Format format = Format::Png;
   /// Pixels for each of a usual screen.
   double scale = 1;
 };
@@ -28,7 +30,7 @@ class PhotographedToolkit {
   virtual DrivenToolkit& Toolkit() = 0;
   /// Takes a picture of the form that is up.
   virtual void TakePicture() = 0;
-  /// The last picture as the bytes of a PNG file.
+  /// The last picture as the bytes of a file.
   virtual std::string Picture() const = 0;
 };
 
@@ -41,6 +43,9 @@ struct FrontEnd {
   /// Shows forms to the user; the watcher, if any, hears of all that the user does. Throws `std::runtime_error` where
   /// there is nothing to show them on.
   std::unique_ptr<Toolkit> (*shown)(ActWatcher* watcher) = nullptr;
+  /// Why it can show none here and now, in one line of UTF-8; empty where nothing is in the way. Null where there never
+  /// is.
+  std::string (*hindrance)() = nullptr;
   /// Throws `std::runtime_error` where pictures can't look so.
   std::unique_ptr<PhotographedToolkit> (*photographed)(const PictureLook& look) = nullptr;
 

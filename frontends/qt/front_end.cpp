@@ -70,6 +70,8 @@ std::unique_ptr<Toolkit> NewShown(ActWatcher* watcher) {
 }
 
 std::unique_ptr<PhotographedToolkit> NewPhotographed(const PictureLook& look) {
+  if (look.format != PictureLook::Format::Png)
+    throw std::runtime_error("a picture of windows is a PNG file: name one that ends in .png");
   ExpectThreads();
   return std::make_unique<Photographed>(look);
 }

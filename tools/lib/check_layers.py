@@ -38,6 +38,7 @@ ROWS = (
     # What plays scenarios on widgets is part of the folder.
     Layer("qt", "frontends/qt/", "played core forms platform", of_the_system=True, own_namespace=True),
     Layer("win32", "frontends/win32/", "played core forms platform", of_the_system=True, own_namespace=True),
+    Layer("terminal", "frontends/terminal/", "played core forms platform", of_the_system=True, own_namespace=True),
     # What hosts on Windows create by name: the library, and the forms that it shows there.
     Layer("component", "component/", "win32 validation core records platform", of_the_system=True),
     # What a record says, for people.
