@@ -15,11 +15,12 @@ const FrontEnd& Here(const FrontEnd& row, const Context& context) {
 
 /// What a front end can do that another program holds is found out there.
 template <class Can>
-const FrontEnd& GoOnWithOne(Can FrontEnd::*can, const char* does, const Context& context) {
-  for (const FrontEnd& row : FrontEnds())
-    if (row.*can != nullptr || row.runsIn != nullptr)
-      return Here(row, context);
-  throw CommandError(std::string("this build has no front end that ") + does + "; build it with FISCALON_QT=ON");
+bool MayBeAble(const FrontEnd& row, Can FrontEnd::*can) {
+  return row.*can != nullptr || row.runsIn != nullptr;
+}
+
+[[noreturn]] void ComplainOfNone(const std::string& does) {
+  throw CommandError("this build has no front end that " + does + "; build it with FISCALON_QT=ON");
 }
 
 }  // namespace
@@ -36,11 +37,25 @@ const FrontEnd& GoOnWith(std::string_view name, const Context& context) {
 }
 
 const FrontEnd& GoOnWithOneThatShows(const Context& context) {
-  return GoOnWithOne(&FrontEnd::shown, "shows forms to people", context);
+  std::string hindrances;
+  for (const FrontEnd& row : FrontEnds()) {
+    if (!MayBeAble(row, &FrontEnd::shown))
+      continue;
+    const std::string hindrance = row.hindrance == nullptr ? std::string() : row.hindrance();
+    if (hindrance.empty())
+      return Here(row, context);
+    hindrances += (hindrances.empty() ? "" : "; ") + hindrance;
+  }
+  if (hindrances.empty())
+    ComplainOfNone("shows forms to people");
+  throw CommandError(hindrances);
 }
 
 const FrontEnd& GoOnWithOneThatTakesPictures(const Context& context) {
-  return GoOnWithOne(&FrontEnd::photographed, "takes pictures of forms", context);
+  for (const FrontEnd& row : FrontEnds())
+    if (MayBeAble(row, &FrontEnd::photographed))
+      return Here(row, context);
+  ComplainOfNone("takes pictures of forms");
 }
 
 }  // namespace fiscalon

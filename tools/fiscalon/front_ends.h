@@ -24,7 +24,7 @@ std::vector<std::string> NamesOfFrontEnds();
 
 /// The one of that name, which is one of `NamesOfFrontEnds`.
 const FrontEnd& GoOnWith(std::string_view name, const Context& context);
-// The first that can do it. A `CommandError` where this build has none.
+// The first that can do it, and that nothing hinders here. A `CommandError` where this build has none.
 const FrontEnd& GoOnWithOneThatShows(const Context& context);
 const FrontEnd& GoOnWithOneThatTakesPictures(const Context& context);
 

@@ -4,6 +4,7 @@
 
 #include "frontends/played/argument_kinds.h"
 #include "tools/fiscalon/commands/collect_command.h"
+#include "tools/fiscalon/commands/desk_command.h"
 #include "tools/fiscalon/commands/generate_command.h"
 #include "tools/fiscalon/commands/picture_command.h"
 #include "tools/fiscalon/commands/play_command.h"
@@ -60,6 +61,7 @@ void DefineCommandLine(CLI::App& app, Context& context) {
   AddValidateCommand(app, context);
   AddGenerateCommand(app, context);
   AddPictureCommand(app, context);
+  AddDeskCommand(app, context);
 }
 
 /// An option that ends with "=" would take the next argument for its value: a variable that is not set would make

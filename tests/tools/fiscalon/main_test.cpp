@@ -79,7 +79,7 @@ TEST_F(Program, NamesWhatItDoesNotKnowAndTheNearestThatItDoes) {
       {"validate --reprot a.csv", "there is no option \"--reprot\"; did you mean \"--report\"?"},
       {"show --locael en-CA a", "there is no option \"--locael\"; did you mean \"--locale\"?"},
       {"show a b", "\"b\" is one argument too many"},
-      {"play --toolkit qtt a", "--toolkit: \"qtt\" is none of scripted, qt; did you mean \"qt\"?"},
+      {"play --toolkit qtt a", "--toolkit: \"qtt\" is none of scripted, qt, terminal; did you mean \"qt\"?"},
       {"screens --locale fr-ca", "--locale: \"fr-ca\" is none of en-CA, en-US, fr-CA, system; did you mean \"fr-CA\"?"},
       {"generate --payments 1 --screen 3", "--screen: \"3\" is none of 03, 20; did you mean \"03\"?"},
       {"show --screen 3 a", "there is no screen \"3\"; the codes are " + EveryScreenCode() + "; did you mean \"03\"?"},

@@ -26,6 +26,7 @@ constexpr const char* kCollectExamples = R"(Examples:
   fiscalon collect 15 --paid-amount 12345 --paid-date 06152026 --comp-name "Summit Levies"
   fiscalon collect 15 --paid-amount 12345 --seq-number 0001 --gov-filename payment.pc4
   fiscalon collect 15 --paid-amount 12345 --record my.scenario
+  fiscalon collect 15 --paid-amount 12345 --toolkit terminal
 
 Without --gov-filename the records are printed, one a line (an invoice with tabs
 between its date, amount and description). With it they go to that file, as screens
@@ -39,6 +40,8 @@ constexpr std::string_view kWriteFile = "WriteFile";
 
 struct CollectOptions {
   std::string code = {};
+  /// Empty for the first that can show it.
+  std::string toolkit = {};
   std::string record = {};
   /// In the order of the command line.
   std::vector<std::pair<std::string, std::string>> host = {};
@@ -77,7 +80,7 @@ class Collecting {
   ExitStatus Run() {
     const std::string code(ScreenOf(options_.code).code);
     CheckFiles();
-    const auto toolkit = GoOnWithOneThatShows(context_).shown(&recorder_);
+    const auto toolkit = ShowingFrontEnd().shown(&recorder_);
     PrepareModule(*toolkit);
     const ExitStatus status = Show(code);
     UseToolkit(nullptr);
@@ -86,6 +89,15 @@ class Collecting {
   }
 
  private:
+  const FrontEnd& ShowingFrontEnd() const {
+    if (options_.toolkit.empty())
+      return GoOnWithOneThatShows(context_);
+    const FrontEnd& frontEnd = GoOnWith(options_.toolkit, context_);
+    if (frontEnd.shown == nullptr)
+      throw CommandError("the front end " + options_.toolkit + " shows forms to nobody");
+    return frontEnd;
+  }
+
   /// Finds out what would be in the way of writing before a user fills the form in vain.
   void CheckFiles() const {
     if (!options_.record.empty())
@@ -222,6 +234,9 @@ void AddCollectCommand(CLI::App& app, Context& context) {
             },
             std::string(help))
         ->type_name("VALUE");
+  command->add_option("--toolkit", options->toolkit, "What shows the form; without it windows where there is a display")
+      ->type_name("NAME")
+      ->check(OneOf(NamesOfFrontEnds()));
   command->add_option("--record", options->record, "Write the session down as a scenario")
       ->type_name("FILE")
       ->check(NameGiven);

@@ -14,6 +14,7 @@ constexpr const char* kPictureExamples = R"(Examples:
   fiscalon picture 15 --out due-date.png
   fiscalon picture 15 --out filled.png --scenario examples/due_date_amount.scenario
   fiscalon picture 15 --out large.png --scale 2 --dark
+  fiscalon picture 15 --out form.svg --toolkit terminal
 
 A scenario fills the form: the picture is of the last moment at which the screen was up.
 Exit status: 0 done, 1 the scenario failed, 2 no picture could be made.)";
@@ -22,6 +23,8 @@ struct PictureOptions {
   std::string code = {};
   std::string out = {};
   std::string scenario = {};
+  /// Empty for the first that takes pictures.
+  std::string toolkit = {};
   double scale = 1;
   bool dark = false;
 };
@@ -54,13 +57,30 @@ std::vector<std::string> InputsOf(const PictureOptions& options) {
   return options.scenario.empty() ? std::vector<std::string>{} : std::vector{options.scenario};
 }
 
+PictureLook::Format FormatOf(const std::string& file) {
+  return file.ends_with(".svg")   ? PictureLook::Format::Svg
+         : file.ends_with(".txt") ? PictureLook::Format::Text
+                                  : PictureLook::Format::Png;
+}
+
+const FrontEnd& PhotographingFrontEnd(const PictureOptions& options, const Context& context) {
+  if (options.toolkit.empty())
+    return GoOnWithOneThatTakesPictures(context);
+  const FrontEnd& frontEnd = GoOnWith(options.toolkit, context);
+  if (frontEnd.photographed == nullptr)
+    throw CommandError("the front end " + options.toolkit + " takes no pictures of forms");
+  return frontEnd;
+}
+
 ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
-  const FrontEnd& frontEnd = GoOnWithOneThatTakesPictures(context);
+  const FrontEnd& frontEnd = PhotographingFrontEnd(options, context);
   const LaunchRow& screen = ScreenOf(options.code);
   const Scenario scenario = ScenarioOf(options);
   WholeFile file(options.out, InputsOf(options));
-  const auto toolkit = frontEnd.photographed(
-      {.theme = options.dark ? PictureLook::Theme::Dark : PictureLook::Theme::Light, .scale = options.scale});
+  const auto toolkit =
+      frontEnd.photographed({.theme = options.dark ? PictureLook::Theme::Dark : PictureLook::Theme::Light,
+                             .format = FormatOf(options.out),
+                             .scale = options.scale});
   PlaySettings settings{.today = context.today};
   if (!context.localeName.empty())
     settings.locale = context.localeName;
@@ -90,14 +110,19 @@ ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
 }  // namespace
 
 void AddPictureCommand(CLI::App& app, Context& context) {
-  CLI::App* command = app.add_subcommand("picture", "Draw a screen as its dialog looks, into a PNG file");
+  CLI::App* command = app.add_subcommand("picture", "Draw a screen as its dialog looks, into a file");
   command->footer(kPictureExamples);
   const auto options = std::make_shared<PictureOptions>();
   command->add_option("CODE", options->code, "The screen's code")->required();
-  command->add_option("--out", options->out, "The picture")->required()->type_name("FILE.png")->check(NameGiven);
+  command->add_option("--out", options->out, "The picture")->required()->type_name("FILE")->check(NameGiven);
   command->add_option("--scenario", options->scenario, "A scenario that fills the form")
       ->type_name("FILE")
       ->check(NameGiven);
+  command
+      ->add_option("--toolkit", options->toolkit,
+                   "What is drawn: windows by qt, into a PNG file, or a terminal, into SVG or text")
+      ->type_name("NAME")
+      ->check(OneOf(NamesOfFrontEnds()));
   command->add_option("--scale", options->scale, "Pixels for each of a usual screen")
       ->type_name("FACTOR")
       ->check(NumberFrom(0.5, 4.0));

@@ -1,11 +1,13 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 
 #include "core/platform/utf8_path.h"
 #include "frontends/scripted/front_end.h"
+#include "frontends/terminal/front_end.h"
 #include "tools/fiscalon/context.h"
 #include "tools/fiscalon/front_ends.h"
 
@@ -27,10 +29,21 @@ void GoOnInTwin(char** arguments) {
   throw CommandError("the Qt front end " + Utf8Of(twin) + " can't be started: " + std::strerror(errno) + remedy);
 }
 
+/// Loading Qt to be told so takes longer.
+std::string WhyNoWindows() {
+  if (kTwin.empty())
+    return "this build has no Qt front end; build it with FISCALON_QT=ON";
+  for (const char* variable : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"})
+    if (const char* const value = std::getenv(variable); value != nullptr && *value != '\0')
+      return {};
+  return "there is no display to show the form on; set DISPLAY or WAYLAND_DISPLAY";
+}
+
 }  // namespace
 
 std::span<const FrontEnd> FrontEnds() {
-  static constexpr auto kRows = FrontEndTable({scripted::kFrontEnd, {.name = "qt", .runsIn = GoOnInTwin}});
+  static constexpr auto kRows = FrontEndTable(
+      {scripted::kFrontEnd, {.name = "qt", .hindrance = WhyNoWindows, .runsIn = GoOnInTwin}, terminal::kFrontEnd});
   return kRows;
 }
 

@@ -96,12 +96,26 @@ TEST_F(CollectCommandWithQt, TakesAnyTextWhereALevyraDoes) {
     }
 }
 
-TEST_F(CollectCommandWithQt, WantsADisplay) {
+TEST_F(CollectCommandWithQt, WantsADisplayOrATerminal) {
   const Outcome seen =
-      Run("unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM && timeout 20 '" FISCALON_PROGRAM "' collect 15");
+      Run("unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM && timeout 20 '" FISCALON_PROGRAM "' collect 15 </dev/null");
   EXPECT_EQ(seen.status, 2);
   EXPECT_THAT(seen.out, IsEmpty());
-  EXPECT_EQ(seen.err, "fiscalon: there is no display to show the form on; set DISPLAY or WAYLAND_DISPLAY\n");
+  EXPECT_EQ(seen.err,
+            "fiscalon: there is no display to show the form on; set DISPLAY or WAYLAND_DISPLAY; standard input is no "
+            "terminal; start it in one, without a pipe\n");
+}
+
+TEST_F(CollectCommand, WantsATerminalWhereFormsAreToBeShownOnOne) {
+  const Outcome seen = Collect("15 --toolkit terminal </dev/null");
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_THAT(seen.out, IsEmpty());
+  EXPECT_EQ(seen.err, "fiscalon: standard input is no terminal; start it in one, without a pipe\n");
+}
+
+TEST_F(CollectCommand, KnowsWhichFrontEndsShowForms) {
+  EXPECT_EQ(Collect("15 --toolkit scripted").err, "fiscalon: the front end scripted shows forms to nobody\n");
+  EXPECT_THAT(Collect("15 --toolkit paper").err, HasSubstr("\"paper\" is none of "));
 }
 
 TEST_F(CollectCommand, FindsOutBeforeWhetherTheSessionCanBeWrittenDown) {

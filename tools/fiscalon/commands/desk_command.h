@@ -1,0 +1,12 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "tools/fiscalon/context.h"
+
+namespace fiscalon {
+
+/// `desk`: a payment to change, and screens to show with it.
+void AddDeskCommand(CLI::App& app, Context& context);
+
+}  // namespace fiscalon

@@ -1,0 +1,194 @@
+#include "tools/fiscalon/commands/desk_form.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "core/launch.h"
+#include "core/module_state.h"
+#include "core/platform/code_page.h"
+
+namespace fiscalon {
+namespace {
+
+struct EntryRow {
+  PaymentEntry entry;
+  std::string Payment::*text;
+  int maxLength;
+  int tabIndex;
+};
+/// The number of items is no text.
+constexpr std::string Payment::*kItems = nullptr;
+// In the order of the form.
+constexpr std::array kEntries = {
+    EntryRow{PaymentEntry::CustomerNumber, &Payment::customerNumber, 20, 0},
+    EntryRow{PaymentEntry::BillerCode, &Payment::billerCode, 8, 1},
+    EntryRow{PaymentEntry::BillerName, &Payment::billerName, FieldDesign::kNoLimit, 2},
+    EntryRow{PaymentEntry::Sequence, &Payment::sequence, 8, 3},
+    EntryRow{PaymentEntry::Cents, &Payment::cents, 16, 4},
+    EntryRow{PaymentEntry::Dollars, &Payment::dollars, 16, 5},
+    EntryRow{PaymentEntry::Date, &Payment::date, 10, 6},
+    EntryRow{PaymentEntry::EnteredBy, &Payment::enteredBy, 40, 8},
+    EntryRow{PaymentEntry::Title, &Payment::title, 20, 9},
+    EntryRow{PaymentEntry::Items, kItems, 2, 10},
+    EntryRow{PaymentEntry::BusinessName, &Payment::businessName, FieldDesign::kNoLimit, 11},
+    EntryRow{PaymentEntry::File, &Payment::file, FieldDesign::kNoLimit, 14},
+};
+
+int IndexOf(PaymentEntry entry) {
+  const auto* const row =
+      std::find_if(kEntries.begin(), kEntries.end(), [&](const EntryRow& each) { return each.entry == entry; });
+  return row == kEntries.end() ? -1 : static_cast<int>(row - kEntries.begin());
+}
+
+const EntryRow& RowAt(int index) {
+  return kEntries[static_cast<size_t>(index)];
+}
+
+/// What no number stands for is as many as a payment has at least.
+int ItemsOf(std::string_view text) {
+  int items = 0;
+  std::from_chars(text.data(), text.data() + text.size(), items);
+  return std::max(items, 1);
+}
+
+std::string CaptionOf(PaymentEntry entry) {
+  return FromUtf8(WordsOf(entry).caption);
+}
+
+std::string RowOf(const LaunchRow& screen) {
+  return std::string(screen.code) + "  " + FromUtf8(screen.collects);
+}
+
+}  // namespace
+
+frmPaymentDesk::frmPaymentDesk()
+    : Form("frmPaymentDesk", "Payment desk"),
+      lblEntry(*this, "lblEntry",
+               [](int index) { return LabelDesign{.caption = FromUtf8(NameOf(RowAt(index).entry)) + ":"}; }),
+      txtEntry(
+          *this, "txtEntry",
+          [](int index) { return FieldDesign{.tabIndex = RowAt(index).tabIndex, .maxLength = RowAt(index).maxLength}; },
+          {.change = On(&Self::txtEntry_Change)}),
+      chkOnHold(*this, "chkOnHold", {.caption = CaptionOf(PaymentEntry::OnHold), .tabIndex = 7}),
+      optCollection(*this, "optCollection",
+                    {.caption = CaptionOf(PaymentEntry::ToCollection), .tabIndex = 12, .value = true},
+                    {.click = On(&Self::optDestination_Click)}),
+      optFile(*this, "optFile", {.caption = CaptionOf(PaymentEntry::ToFile), .tabIndex = 13},
+              {.click = On(&Self::optDestination_Click)}),
+      layout_(MakeLayout()) {}
+
+Layout frmPaymentDesk::MakeLayout() {
+  const auto cell = [&](PaymentEntry entry) {
+    const int index = IndexOf(entry);
+    return Cell{.caption = &lblEntry[index], .field = &txtEntry[index]};
+  };
+  return {.groups = {{.heading = &lblPayment,
+                      .rows = {{{cell(PaymentEntry::CustomerNumber), cell(PaymentEntry::BillerCode)}},
+                               {{cell(PaymentEntry::BillerName), cell(PaymentEntry::Sequence)}},
+                               {{cell(PaymentEntry::Cents), cell(PaymentEntry::Dollars)}},
+                               {{cell(PaymentEntry::Date), {.field = &chkOnHold}}},
+                               {{cell(PaymentEntry::EnteredBy)}},
+                               {{cell(PaymentEntry::Title), cell(PaymentEntry::Items)}},
+                               {{cell(PaymentEntry::BusinessName)}},
+                               {{{.field = &optCollection}, {.field = &optFile}}},
+                               {{cell(PaymentEntry::File)}},
+                               {{{.caption = &lblDoubt}}}}},
+                     {.rows = {{{{.caption = &lblScreen, .field = &cmbScreen}}}}}},
+          .buttons = {&cmdShow, &cmdClose}};
+}
+
+void frmPaymentDesk::Form_Load() {
+  const Payment payment = ExamplePayment();
+  for (int i = 0; i < txtEntry.Size(); ++i)
+    txtEntry[i].Text(RowAt(i).text == kItems ? std::to_string(payment.items) : FromUtf8(payment.*RowAt(i).text));
+  chkOnHold.Value(payment.onHold);
+  (payment.destination == Payment::Destination::File ? optFile : optCollection).Value(true);
+  for (const LaunchRow& screen : LaunchTable()) {
+    cmbScreen.AddItem(RowOf(screen));
+    if (screen.code == "15")
+      cmbScreen.ListIndex(cmbScreen.ListCount() - 1);
+  }
+  optDestination_Click();
+}
+
+Payment frmPaymentDesk::Current() const {
+  Payment payment;
+  for (int i = 0; i < txtEntry.Size(); ++i) {
+    if (RowAt(i).text == kItems)
+      payment.items = ItemsOf(txtEntry[i].Text());
+    else
+      payment.*RowAt(i).text = ToUtf8(txtEntry[i].Text());
+  }
+  payment.onHold = chkOnHold.Value();
+  payment.destination = optFile.Value() ? Payment::Destination::File : Payment::Destination::Collection;
+  return payment;
+}
+
+void frmPaymentDesk::txtEntry_Change(int index) {
+  const PaymentEntry entry = RowAt(index).entry;
+  const bool isAmount = entry == PaymentEntry::Cents || entry == PaymentEntry::Dollars;
+  if (isAmount && !follows_) {
+    follows_ = true;
+    const std::string text = ToUtf8(txtEntry[index].Text());
+    if (entry == PaymentEntry::Cents)
+      txtEntry[IndexOf(PaymentEntry::Dollars)].Text(DollarsOf(text));
+    else
+      txtEntry[IndexOf(PaymentEntry::Cents)].Text(CentsOf(text));
+    follows_ = false;
+  }
+  ShowDoubts();
+}
+
+void frmPaymentDesk::optDestination_Click() {
+  txtEntry[IndexOf(PaymentEntry::File)].Enabled(optFile.Value());
+  ShowDoubts();
+}
+
+void frmPaymentDesk::ShowDoubts() {
+  const std::vector<Doubt> doubts = DoubtsAbout(Current());
+  std::string told = doubts.empty() ? std::string() : FromUtf8(SentenceOf(doubts.front()));
+  if (doubts.size() > 1)
+    told += " (and " + std::to_string(doubts.size() - 1) + " more)";
+  lblDoubt.Caption(told);
+}
+
+bool frmPaymentDesk::IsStopped() {
+  const Payment payment = Current();
+  std::string reasons;
+  const Doubt* first = nullptr;
+  const std::vector<Doubt> doubts = DoubtsAbout(payment);
+  for (const Doubt& doubt : doubts) {
+    if (doubt.weight != Doubt::Weight::Stops)
+      continue;
+    reasons += (reasons.empty() ? "" : "\n") + FromUtf8(SentenceOf(doubt));
+    first = first == nullptr ? &doubt : first;
+  }
+  if (first != nullptr) {
+    TheToolkit().ShowMessage({.text = reasons, .style = MessageStyle::Exclamation, .title = Caption()});
+    GoTo(first->entry);
+    return true;
+  }
+  const std::string question = QuestionAbout(payment);
+  if (question.empty() || TheToolkit().ShowMessage({.text = FromUtf8(question),
+                                                    .style = MessageStyle::Exclamation,
+                                                    .buttons = MessageButtons::YesNo,
+                                                    .defaultButton = DefaultButton::Second,
+                                                    .title = Caption()}) == MessageAnswer::Yes)
+    return false;
+  GoTo(PaymentEntry::File);
+  return true;
+}
+
+void frmPaymentDesk::GoTo(PaymentEntry entry) {
+  if (const int index = IndexOf(entry); index >= 0 && txtEntry[index].CanTakeFocus())
+    txtEntry[index].SetFocus();
+}
+
+void frmPaymentDesk::cmdShow_Click() {
+  if (cmbScreen.ListIndex() < 0 || IsStopped())
+    return;
+  onShow(Current(), std::string(LaunchTable()[static_cast<size_t>(cmbScreen.ListIndex())].code));
+}
+
+}  // namespace fiscalon
