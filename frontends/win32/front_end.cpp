@@ -39,6 +39,8 @@ std::unique_ptr<Toolkit> NewShown(ActWatcher* watcher) {
 }
 
 std::unique_ptr<PhotographedToolkit> NewPhotographed(const PictureLook& look) {
+  if (look.format != PictureLook::Format::Png)
+    throw std::runtime_error("a picture of windows is a PNG file: name one that ends in .png");
   if (look.theme == PictureLook::Theme::Dark)
     throw std::runtime_error("--dark: forms have the colours of the desktop here; choose dark ones there");
   return std::make_unique<Photographed>(look.scale);
