@@ -134,6 +134,8 @@ class Field(Control):
         first, last = self.selection
         if self.length:
             text = text[:max(0, self.length - len(self.text) + last - first)]
+            # A line end goes in whole or not at all.
+            text = text.removesuffix('\r')
         self.edit(first, last, text)
 
     def edit(self, first, last, text=''):
@@ -163,8 +165,8 @@ class Field(Control):
         first, last = self.selection
         if name in ('Home', 'End', 'Left', 'Right'):
             caret = {
-                'Home': 0,
-                'End': len(self.text),
+                'Home': self.text.rfind('\n', 0, last) + 1,
+                'End': (self.text + '\r\n').index('\r\n', last),
                 'Left': first if first < last else self.before(first),
                 'Right': last if first < last else self.behind(last),
             }[name]

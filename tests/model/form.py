@@ -31,7 +31,7 @@ class Form:
         self.lost = collections.Counter()
         self.error = None
         self.title = self.caption
-        self.seen = []
+        self.noticed = []
         self.refuses = False
         for label, caption in self.labels.items():
             self.add(Label, label, caption)
@@ -146,7 +146,7 @@ class Form:
         answer = answers[0]
         if self.refuses and len(answers) > 1:
             answer, self.refuses = answers[1], False
-        self.seen.append(Box(style, text, title, answer, answers[0]))
+        self.noticed.append(Box(style, text, title, answer, answers[0]))
         return answer
 
     # Focus

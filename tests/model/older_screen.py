@@ -38,7 +38,7 @@ class OlderScreen(Screen):
             self.help_folder = self.help_folder.rpartition('/')[0]
 
     def open_help(self):
-        self.seen.append((self.help_folder + '/' if self.help_folder else '') + 'ZELMOR.CHM>ShowTopic')
+        self.noticed.append((self.help_folder + '/' if self.help_folder else '') + 'ZELMOR.CHM>ShowTopic')
 
     Command3D5_Click = Screen.cancel
     Command3D4_Click = open_help

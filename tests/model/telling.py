@@ -4,6 +4,7 @@ import collections
 import re
 
 from controls import Field, List
+from form import Box
 from host import FOLDER, LOGS, TIME, Host
 from values import LOCALES
 
@@ -70,12 +71,11 @@ class Telling:
             arguments = (arguments[0][:typed],)
         else:
             self.host.act(step.verb, *arguments)
-        answers = [box.answer for box in form.seen if hasattr(box, 'answer')]
-        defaults = [box.default for box in form.seen if hasattr(box, 'default')]
-        while answers and answers[-1] == defaults[-1]:
-            answers.pop()
-            defaults.pop()
-        self.lines += ['  answer ' + answer for answer in answers]
+        # Answers stand ahead of the act, as far as one is not what its box would get anyway.
+        boxes = [each for each in form.noticed if isinstance(each, Box)]
+        while boxes and boxes[-1].answer == boxes[-1].default:
+            boxes.pop()
+        self.lines += ['  answer ' + box.answer for box in boxes]
         self.lines.append('  ' + line(step.verb, *arguments))
         self.tell(form, looks)
 
@@ -116,7 +116,7 @@ class Telling:
         self.tell(self.host.form, looks=True)
 
     def tell(self, form, looks):
-        for seen in form.seen:
+        for seen in form.noticed:
             if seen == 'beep':
                 self.lines.append('  expect beep')
             elif isinstance(seen, str):
@@ -124,7 +124,7 @@ class Telling:
             else:
                 title = f' title {quoted(seen.title)}' if seen.title else ''
                 self.lines.append(f'  expect message {seen.style} {quoted(seen.text)}{title}')
-        form.seen.clear()
+        form.noticed.clear()
         if form.up:
             self.tell_screen(form, looks)
         else:

@@ -111,7 +111,7 @@ class Gst34(OlderScreen):
         elif key == POINT and not point:
             passes = fits(text, most - 2)
         if not passes:
-            self.seen.append('beep')
+            self.noticed.append('beep')
         return (key if passes else 0), passes
 
     def amount_key(self, name, key):
