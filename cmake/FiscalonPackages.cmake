@@ -77,7 +77,7 @@ government remittances, with guides and examples. The front end with windows is
 linked into the program, which needs Qt 6.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${same_library}")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "qt6-base-dev, fiscalon-tools")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "qt6-base-dev, libncurses-dev, fiscalon-tools")
 
 fiscalon_package(tools tools fiscalon-tools utils "checks and shows records of government remittances"
 "The program fiscalon takes record files apart, judges single payments and whole

@@ -1,7 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 #include "tests/frontends/terminal/shell_at_terminal.h"
+#include "tests/support/temporary_folder.h"
 
 namespace fiscalon::terminal {
 namespace {
@@ -89,6 +95,31 @@ TEST(TerminalProgram, SaysAtTheDeskWhatIsDoubtfulAndWhatStopsAPayment) {
   shell.Type("\x11");
   const int status = shell.NextStatus();
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+}
+
+std::string ContentOf(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// What the program draws of the example that the documents show.
+std::string Drawn(const std::string& name) {
+  const TemporaryFolder folder;
+  const std::string out = folder.Path() + "/" + name;
+  const std::string command = std::string(FISCALON_PROGRAM " picture 15 --toolkit terminal --scenario ") +
+                              FISCALON_SOURCE_DIR "/examples/due_date_amount.scenario --out " + out;
+  EXPECT_EQ(std::system(command.c_str()), 0);
+  return ContentOf(out);
+}
+
+TEST(TerminalPicture, OfTheDocumentsIsWhatTheProgramDraws) {
+  EXPECT_EQ(Drawn("picture.svg"), ContentOf(FISCALON_SOURCE_DIR "/docs/terminal.svg"));
+}
+
+TEST(TerminalPicture, IsTextToo) {
+  const std::string text = Drawn("picture.txt");
+  EXPECT_THAT(text, testing::StartsWith("\u250C\u2500 Summit Levies \u2500"));
+  EXPECT_THAT(text, testing::HasSubstr("Payment Date:"));
 }
 
 }  // namespace
