@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "core/session.h"
 #include "frontends/played/session_recorder.h"
 #include "tests/frontends/played/play_scenario.h"
@@ -13,6 +15,40 @@ namespace fiscalon {
 namespace {
 
 using testing::HasSubstr;
+
+/// Each kind leads to the next one, and the last to the first: without a default a further one does not compile.
+ControlKind Behind(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::Label:
+      return ControlKind::TextField;
+    case ControlKind::TextField:
+      return ControlKind::Button;
+    case ControlKind::Button:
+      return ControlKind::CheckBox;
+    case ControlKind::CheckBox:
+      return ControlKind::OptionButton;
+    case ControlKind::OptionButton:
+      return ControlKind::DropDownList;
+    case ControlKind::DropDownList:
+      return ControlKind::ListBox;
+    case ControlKind::ListBox:
+      return ControlKind::Frame;
+    case ControlKind::Frame:
+      break;
+  }
+  return ControlKind::Label;
+}
+
+// The tests of all front ends begin with this form.
+TEST(EveryKindForm, HasAControlOfEachKind) {
+  const EveryKindForm form;
+  ControlKind kind = ControlKind::Label;
+  do {
+    const auto isOfIt = [kind](const Control* control) { return control->Kind() == kind; };
+    EXPECT_TRUE(std::ranges::any_of(form.Controls(), isOfIt)) << static_cast<int>(kind);
+    kind = Behind(kind);
+  } while (kind != ControlKind::Label);
+}
 
 // The acts and looks of a scenario, at a control of each kind.
 
