@@ -213,9 +213,11 @@ void FormWindow::DrawEdges(Screen& screen) {
   const auto room = static_cast<size_t>(std::max(window_.width - kBeforeTitle - kBehindCloseMark - 3, 0));
   const std::string title = form_.Caption().substr(0, room);
   const Point begin = TitleBegins();
-  screen.Put({begin.x - 1, begin.y}, Cell{});
+  if (!title.empty())
+    screen.Put({begin.x - 1, begin.y}, " ");
   screen.Put(begin, title, {.bold = true});
-  screen.Put({begin.x + static_cast<int>(title.size()), begin.y}, Cell{});
+  if (!title.empty())
+    screen.Put({begin.x + static_cast<int>(title.size()), begin.y}, " ");
   screen.Put({CloseMark().x - 1, CloseMark().y}, kCloseMark);
   if (buttons_.empty())
     return;

@@ -194,7 +194,7 @@ void Terminal::WaitForWork() {
                                                                  : ownOutput_,
                                           .events = POLLOUT,
                                           .revents = 0}};
-  const int ready = ::poll(waiting.data(), waiting.size(), most);
+  const int ready = ::poll(waiting.data(), waiting.size(), isGone_ ? 0 : most);
   MindSignals();
   if (ready == 0)
     decoder_.NothingFollows();
