@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 
 #include "core/launch.h"
 #include "core/module_state.h"
@@ -96,7 +97,7 @@ const FrontEnd& FrontEndNamed(const std::string& name, const Context& context) {
 }
 
 ExitStatus OpenDesk(const std::string& toolkitName, const Context& context) {
-  const auto toolkit = FrontEndNamed(toolkitName, context).shown(nullptr);
+  const std::unique_ptr<Toolkit> toolkit = FrontEndNamed(toolkitName, context).shown(nullptr);
   UseToolkit(toolkit.get());
   context.SetUpModule();
   frmPaymentDesk desk;
