@@ -165,7 +165,8 @@ class Screen(Form):
         self.send('T', fields + name + blanks(30 - len(name)) + title + blanks(20 - len(title)) + blanks(70))
 
     def send_free(self, *slots):
-        self.send('F', ''.join(number + value for number, value in slots).ljust(80) + blanks(72))
+        """A slot that is not there is blank; one that is too wide makes its record longer."""
+        self.send('F', ''.join(number + value for number, value in slots) + blanks(20 * (4 - len(slots)) + 72))
 
     def text_slot(self, number, text):
         return number, text.ljust(18)

@@ -3,7 +3,10 @@
 import datetime
 import math
 import re
-from decimal import ROUND_HALF_EVEN, ROUND_HALF_UP, Decimal
+from decimal import ROUND_HALF_EVEN, ROUND_HALF_UP, Decimal, getcontext
+
+# As many digits as a float can have before its point, and behind it.
+getcontext().prec = 800
 
 
 class RunTimeError(Exception):
