@@ -8,8 +8,6 @@
 #include <cerrno>
 #include <cstdlib>
 
-extern char** environ;
-
 namespace fiscalon::terminal {
 namespace {
 

@@ -228,30 +228,34 @@ std::optional<Input> KeyDecoder::TakeSequence() {
   if (isCut || rest_[end] < '@' || rest_[end] > '~')
     return std::nullopt;
   const char letter = rest_[end];
-  std::string_view between = rest_.substr(2, end - 2);
+  const std::string_view between = rest_.substr(2, end - 2);
   length_ = end + 1;
-  if (letter == '[') {
-    // The system's own console has another "[" before the letter of a function key.
-    if (rest_.size() < end + 2)
-      length_ = complete_ ? length_ : 0;
-    else
-      length_ = end + 2;
-    const char which = rest_.size() < end + 2 ? '\0' : rest_[end + 1];
-    return which >= 'A' && which <= 'E' ? Stroke(key::kF1 + which - 'A') : std::nullopt;
-  }
+  if (letter == '[')
+    return TakeConsoleKey(end + 1);
   if (letter == 'M' && between.empty())
     return TakeOldMouse();
-  const bool isMouse = between.starts_with('<');
-  if (isMouse)
-    between.remove_prefix(1);
-  else if (!between.empty() && (between.front() < '0' || between.front() > ';'))
-    return std::nullopt;
-  const std::vector<int> numbers = NumbersOf(between);
-  if (isMouse) {
+  if (between.starts_with('<')) {
+    const std::vector<int> numbers = NumbersOf(between.substr(1));
     const bool isUp = letter == 'm';
     const Point at = {NumberAt(numbers, 1, 1) - 1, NumberAt(numbers, 2, 1) - 1};
     return isUp || letter == 'M' ? MouseOf(numbers[0], at, isUp) : std::nullopt;
   }
+  if (!between.empty() && (between.front() < '0' || between.front() > ';'))
+    return std::nullopt;
+  return KeyOf(letter, NumbersOf(between));
+}
+
+std::optional<Input> KeyDecoder::TakeConsoleKey(size_t at) {
+  if (rest_.size() <= at) {
+    length_ = complete_ ? length_ : 0;
+    return std::nullopt;
+  }
+  length_ = at + 1;
+  const char which = rest_[at];
+  return which >= 'A' && which <= 'E' ? Stroke(key::kF1 + which - 'A') : std::nullopt;
+}
+
+std::optional<Input> KeyDecoder::KeyOf(char letter, const std::vector<int>& numbers) {
   switch (letter) {
     case '~':
       if (numbers[0] == 200) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "core/forms/keys.h"
 #include "frontends/terminal/screen.h"
@@ -56,6 +57,9 @@ class KeyDecoder {
   std::optional<Input> Take();
   std::optional<Input> TakeEscape();
   std::optional<Input> TakeSequence();
+  /// The system's own console has another "[" before the letter of a function key, which stands at this place.
+  std::optional<Input> TakeConsoleKey(size_t at);
+  std::optional<Input> KeyOf(char letter, const std::vector<int>& numbers);
   std::optional<Input> TakeOldMouse();
   std::optional<Input> TakeCharacter();
   std::optional<Input> TakePaste();
