@@ -33,16 +33,18 @@ std::string ScreenWriter::Update(const Screen& screen) {
   }
   std::optional<Point> cursor;
   std::optional<Style> style;
+  const Point last = {size.width - 1, size.height - 1};
   for (int y = 0; y < size.height; ++y)
     for (int x = 0; x < size.width; ++x) {
-      const Cell& cell = screen.At({x, y});
+      const Point at = {x, y};
+      const Cell& cell = screen.At(at);
       // The last place is left alone: some terminals scroll when it is written.
-      if (cell == shown_.At({x, y}) || (y == size.height - 1 && x == size.width - 1))
+      if (cell == shown_.At(at) || at == last)
         continue;
       if (bytes.empty())
         bytes += description_.hideCursor;
-      if (cursor != Point{x, y})
-        bytes += description_.CursorTo({x, y});
+      if (cursor != at)
+        bytes += description_.CursorTo(at);
       if (style != cell.style)
         bytes += description_.Look(cell.style);
       style = cell.style;

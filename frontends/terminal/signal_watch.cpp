@@ -50,7 +50,7 @@ int SignalWatch::Descriptor() const {
   return NotesPipe()[0];
 }
 
-std::optional<int> SignalWatch::Next() {
+std::optional<int> SignalWatch::Next() const {
   unsigned char note = 0;
   return ::read(Descriptor(), &note, 1) == 1 ? std::optional<int>(note) : std::nullopt;
 }

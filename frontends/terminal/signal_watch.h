@@ -18,7 +18,7 @@ class SignalWatch {
   /// Can be read from while a signal is noted.
   int Descriptor() const;
   /// The signal that was noted first.
-  std::optional<int> Next();
+  std::optional<int> Next() const;
 
   /// One that ends a program.
   static bool Ends(int signal);

@@ -3,7 +3,9 @@
 #define NCURSES_NOMACROS
 #include <curses.h>
 #include <term.h>
+#include <cstdint>
 
+#include <cstdint>
 #include <stdexcept>
 #include <string_view>
 
@@ -34,7 +36,8 @@ class Asked {
 
   static std::string Text(const char* capability) {
     const char* const text = ::tigetstr(capability);
-    return text == nullptr || text == reinterpret_cast<const char*>(-1) ? std::string() : WithoutDelays(text);
+    // Minus one is the answer for what is no text.
+    return text == nullptr || reinterpret_cast<intptr_t>(text) == -1 ? std::string() : WithoutDelays(text);
   }
   static int Number(const char* capability) { return ::tigetnum(capability); }
 
