@@ -27,7 +27,7 @@ class CellLayout {
   CellLayout(const std::vector<LaidOutGroup>& groups, const WantedBy& wantedBy, Size room);
 
   Size Extent() const { return extent_; }
-  /// Those that have a place, hidden ones too.
+  /// Of all controls that it was given: a window gives it no hidden ones.
   const std::map<const Control*, Rect>& Places() const { return places_; }
 
  private:
