@@ -9,7 +9,7 @@ build | cmake              | describes and drives the build
 build | ninja-build        | runs the build
 tools | libcli11-dev       | reads the command line of the program
 build | libncurses-dev     | forms in a terminal: what each kind of terminal understands
-tools | libvterm-dev       | plays scenarios on a terminal's screen
+tools | libvterm-dev       | plays scenarios on the screen of a terminal
 tools | nlohmann-json3-dev | writes JSON output
 desk  | qt6-base-dev       | the Qt 6 front end and the payment desk
 tests | libgtest-dev       | the test framework
