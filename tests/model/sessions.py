@@ -6,7 +6,8 @@ import random
 from controls import Button, Check, Field, List
 from telling import Step, Telling
 
-KEYS = ('Tab', 'Shift+Tab', 'Enter', 'Escape', 'Backspace', 'Delete', 'Space')
+KEYS = ('Tab', 'Shift+Tab', 'Enter', 'Escape', 'Backspace', 'Delete', 'Space', 'Left', 'Right', 'Up', 'Down', 'Home',
+        'End', 'Shift+Enter', 'Ctrl+Enter', 'Alt+X')
 JUNK = ('', '0', '00', '0.00', '-5', '5-', '.', ',', '1,000', '1.005', '12.5', '12,5', '12.345', '-0.01', 'abc', 'a1b2',
         ' 7 ', '20260230', '99991231', '00000000', '20261', '2026 615', '99999999', '123456789012',
         '9999999.99', '10000000', 'Hélène "Côté"', '200', '1E3')
@@ -249,7 +250,7 @@ class Session:
         open_ones = [each for each in form.order if each.is_open()]
         way = draw.random()
         if way < .35:
-            self.play('key', draw.choice(self.keys_for(form.active)))
+            self.play('key', draw.choice(KEYS))
         elif way < .6:
             self.play('focus', draw.choice(open_ones).name)
         elif way < .7:
@@ -267,12 +268,3 @@ class Session:
                 self.play('choose', chosen.name, draw.choice(chosen.rows))
         elif way < .96:
             self.play('close', draw.randrange(6))
-
-    def keys_for(self, control):
-        """The keys of which is known what they do to a control."""
-        keys = [*KEYS, 'Left', 'Right', 'Up', 'Down', 'Alt+X']
-        if not isinstance(control, List):
-            keys += ['Home', 'End']
-        if not isinstance(control, Button):
-            keys += ['Shift+Enter', 'Ctrl+Enter']
-        return keys

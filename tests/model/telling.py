@@ -3,7 +3,7 @@
 import collections
 import re
 
-from controls import Field, List
+from controls import Button, Field, List
 from form import Box
 from host import FOLDER, LOGS, TIME, Host
 from values import LOCALES
@@ -32,6 +32,17 @@ def shown(value):
     if isinstance(value, bool):
         return 'yes' if value else 'no'
     return value if isinstance(value, int) else quoted(value)
+
+
+def is_settled(key, control):
+    """Whether it is known what a key does to a control; the rest is left to the editor that a front end has for it."""
+    if key in ('Home', 'End'):
+        return not isinstance(control, List)
+    if key in ('Up', 'Down'):
+        return not (isinstance(control, Field) and control.lines)
+    if key in ('Shift+Enter', 'Ctrl+Enter'):
+        return not isinstance(control, Button)
+    return True
 
 
 class Telling:
@@ -82,6 +93,8 @@ class Telling:
     def makes_sense(self, step):
         """Whether a user can do this at what is on the screen."""
         form, active = self.form, self.form.active
+        if step.verb == 'key':
+            return is_settled(step.arguments[0], active)
         if step.verb == 'paste':
             return isinstance(active, Field)
         if step.verb in ('focus', 'click', 'choose'):
