@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -16,6 +17,15 @@ namespace fiscalon {
 /// A test, with the predicate of its message. It is given a value with its blanks, allocates nothing while the value is
 /// good, and raises the run-time errors of the conversions that it makes.
 struct FieldTest {
+  constexpr FieldTest() = default;
+  /// The routine by reference: without one a test does not compile, nor without a code or a value that it refuses.
+  consteval FieldTest(bool (&routine)(std::string_view, const Expectation&), std::string_view itsPredicate,
+                      std::string_view itsCode, std::string_view refusedValue = {})
+      : passes(routine), predicate(itsPredicate), code(itsCode), refused(refusedValue) {
+    if (code.empty() || refused.empty())
+      throw "a test has a routine, a code and a value that it refuses";
+  }
+
   bool (*passes)(std::string_view value, const Expectation& expected) = nullptr;
   /// What is wrong, behind the field's label.
   std::string_view predicate = {};
@@ -32,15 +42,14 @@ using QuickTest = uint64_t (*)(const char* value, const Expectation& expected);
 /// The tests of a field. What the quick test passes, every other one passes: change both.
 class FieldTests {
  public:
-  /// A field without a quick test does not compile, nor a test without its routine, code or refused value.
-  consteval FieldTests(QuickTest quickTest, std::initializer_list<FieldTest> tests) : quick_(quickTest) {
-    if (quickTest == nullptr)
-      throw "a field has a quick test";
-    for (const FieldTest& test : tests) {
-      if (test.passes == nullptr || test.code.empty() || test.refused.empty())
-        throw "a test has a routine, a code and a value that it refuses";
-      tests_[count_++] = test;
-    }
+  /// By reference: a field without a quick test does not compile.
+  consteval FieldTests(uint64_t (&quickTest)(const char*, const Expectation&), std::initializer_list<FieldTest> tests)
+      : quick_(quickTest) {
+    for (const FieldTest& test : tests) tests_[count_++] = test;
+  }
+  template <std::same_as<std::nullptr_t> None>
+  consteval FieldTests(None /*quickTest*/, std::initializer_list<FieldTest> /*tests*/) : quick_(nullptr) {
+    static_assert(!std::same_as<None, std::nullptr_t>, "a field has a quick test");
   }
 
   constexpr QuickTest Quick() const { return quick_; }
