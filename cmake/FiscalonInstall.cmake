@@ -91,6 +91,8 @@ if(TARGET fiscalon_cli)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder} COMPONENT tools)
   install(FILES ${PROJECT_SOURCE_DIR}/completions/fiscalon.fish
     DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT tools)
+  # What F1 of both desks opens belongs to the programs: documents may be left out of an installation.
+  fiscalon_install_operators_page(${CMAKE_INSTALL_DATADIR}/fiscalon tools)
 endif()
 if(TARGET fiscalon_cli_qt)
   install(TARGETS fiscalon_cli_qt RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/fiscalon COMPONENT qt)
@@ -98,8 +100,6 @@ endif()
 if(TARGET fiscalon_desk)
   install(TARGETS fiscalon_desk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT desk)
   fiscalon_install_man(desk fiscalon-desk.1)
-  # What its F1 opens belongs to the program: documents may be left out of an installation.
-  fiscalon_install_operators_page(${CMAKE_INSTALL_DATADIR}/fiscalon desk)
   install(FILES ${PROJECT_SOURCE_DIR}/tools/desk/fiscalon-desk.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desk)
   install(FILES ${PROJECT_SOURCE_DIR}/tools/desk/fiscalon-desk.svg

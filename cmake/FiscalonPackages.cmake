@@ -96,8 +96,7 @@ fiscalon_package(desk desk fiscalon-desk misc "payment desk that tries the forms
 "A small host program with one window: a payment to change, all screens to show,
 and the records that they hand back, taken apart."
 fiscalon_desk)
-set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same_library}")
-set(CPACK_DEBIAN_DESK_PACKAGE_RECOMMENDS fiscalon-tools)
+set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same_library}, fiscalon-tools")
 
 include(CPack)
 foreach(group IN ITEMS library development tools qt desk)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -25,5 +26,8 @@ class ProgramStart {
   /// How the terminal showed texts before, where programs change it.
   [[maybe_unused]] unsigned terminalBefore_ = 0;
 };
+
+/// The folder of the program's own file; empty where the system does not tell.
+std::filesystem::path FolderOfProgram();
 
 }  // namespace fiscalon

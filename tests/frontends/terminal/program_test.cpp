@@ -82,7 +82,7 @@ TEST(TerminalProgram, SaysAtTheDeskWhatIsDoubtfulAndWhatStopsAPayment) {
   ShellAtTerminal shell([] { return RunProgram({"--today", "2026-06-15", "--locale", "en-CA", "desk"}); });
   ASSERT_TRUE(shell.UntilShows("Payment desk"));
   // From the button round to the first entry, and on to the sequence.
-  shell.Type("\t\t\t\t\t12345");
+  shell.Type("\t\t\t\t\t\t12345");
   ASSERT_TRUE(shell.UntilShows("Sequence: 5 characters instead of four"));
   shell.Type("\t1x");
   ASSERT_TRUE(shell.UntilShows("and 1 more"));
@@ -93,6 +93,22 @@ TEST(TerminalProgram, SaysAtTheDeskWhatIsDoubtfulAndWhatStopsAPayment) {
   shell.Type("500");
   EXPECT_TRUE(shell.UntilShows("5.00"));
   shell.Type("\x11");
+  const int status = shell.NextStatus();
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+}
+
+TEST(TerminalProgram, SaysAtTheDeskWhereThePageForOperatorsLies) {
+  ShellAtTerminal shell([] { return RunProgram({"desk"}); });
+  ASSERT_TRUE(shell.UntilShows("Payment desk"));
+  for (const char* help : {"\x1BOP",
+                           "\x1B"
+                           "e"}) {  // F1, Alt+E
+    shell.Type(help);
+    ASSERT_TRUE(shell.UntilShows("The help is in the file"));
+    shell.Type("\r");
+    ASSERT_TRUE(shell.Until([&] { return !shell.Shows("The help is in the file"); }));
+  }
+  shell.Type("\x1B");
   const int status = shell.NextStatus();
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
 }

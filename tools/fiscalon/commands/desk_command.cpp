@@ -14,6 +14,7 @@
 #include "tools/fiscalon/commands/desk_result_form.h"
 #include "tools/fiscalon/front_ends.h"
 #include "tools/fiscalon/option_names.h"
+#include "tools/fiscalon/program_start.h"
 #include "tools/reading/payment_advice.h"
 #include "tools/reading/record_taker.h"
 
@@ -89,6 +90,21 @@ Outcome ShowScreen(const Payment& payment, const std::string& code) {
   }
 }
 
+/// Where the page for operators is installed: beside the program, or below the folder that it lies in or the next one,
+/// as its twin's. Where it belongs if it is nowhere.
+std::filesystem::path OperatorsPage() {
+  constexpr const char* kPage = "operator-guide.md";
+  const std::filesystem::path folder = FolderOfProgram();
+  const auto shared = [&](const std::filesystem::path& below) { return below / "share" / "fiscalon" / kPage; };
+  const std::filesystem::path places[] = {folder / kPage, shared(folder.parent_path()),
+                                          shared(folder.parent_path().parent_path())};
+  std::error_code error;
+  for (const std::filesystem::path& place : places)
+    if (std::filesystem::exists(place, error))
+      return place;
+  return places[1];
+}
+
 const FrontEnd& FrontEndNamed(const std::string& name, const Context& context) {
   const FrontEnd& frontEnd = name.empty() ? GoOnWithOneThatShows(context) : GoOnWith(name, context);
   if (frontEnd.shown == nullptr)
@@ -101,6 +117,7 @@ ExitStatus OpenDesk(const std::string& toolkitName, const Context& context) {
   UseToolkit(toolkit.get());
   context.SetUpModule();
   frmPaymentDesk desk;
+  desk.operatorsPage = Utf8Of(OperatorsPage());
   frmDeskResult result;
   desk.onShow = [&](const Payment& payment, const std::string& code) {
     const Outcome outcome = ShowScreen(payment, code);

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 
+#include "core/forms/keys.h"
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
@@ -95,7 +96,7 @@ Layout frmPaymentDesk::MakeLayout() {
                                {{cell(PaymentEntry::File)}},
                                {{{.caption = &lblDoubt}}}}},
                      {.rows = {{{{.caption = &lblScreen, .field = &cmbScreen}}}}}},
-          .buttons = {&cmdShow, &cmdClose}};
+          .buttons = {&cmdShow, &cmdClose, &cmdHelp}};
 }
 
 void frmPaymentDesk::Form_Load() {
@@ -189,6 +190,17 @@ void frmPaymentDesk::cmdShow_Click() {
   if (cmbScreen.ListIndex() < 0 || IsStopped())
     return;
   onShow(Current(), std::string(LaunchTable()[static_cast<size_t>(cmbScreen.ListIndex())].code));
+}
+
+void frmPaymentDesk::cmdHelp_Click() {
+  TheToolkit().OpenHelp(FromUtf8(operatorsPage), 0);
+}
+
+void frmPaymentDesk::Form_KeyDown(int& keyCode, int shift) {
+  if (keyCode != key::kF1 || shift != 0)
+    return;
+  keyCode = 0;
+  cmdHelp_Click();
 }
 
 }  // namespace fiscalon

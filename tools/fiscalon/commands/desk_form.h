@@ -25,6 +25,8 @@ class frmPaymentDesk final : public Form {
 
   /// The user wants to see the screen of that code. Doubts that stop the payment have been told before.
   std::function<void(const Payment& payment, const std::string& code)> onShow = {};
+  /// The page for operators, in UTF-8, which Help and F1 open.
+  std::string operatorsPage = {};
 
   // clang-format off
   Label                    lblPayment   {*this, "lblPayment",   {.caption = "The payment", .bold = true}};
@@ -38,6 +40,7 @@ class frmPaymentDesk final : public Form {
   DropDownList             cmbScreen    {*this, "cmbScreen",    {.tabIndex = 20}};
   Button                   cmdShow      {*this, "cmdShow",      {.caption = "&Show the screen", .tabIndex = 21}, {.click = On(&Self::cmdShow_Click)}};
   Button                   cmdClose     {*this, "cmdClose",     {.caption = "&Close", .tabIndex = 22, .cancel = true}, {.click = On(&Self::cmdClose_Click)}};
+  Button                   cmdHelp      {*this, "cmdHelp",      {.caption = "H&elp", .tabIndex = 23}, {.click = On(&Self::cmdHelp_Click)}};
   // clang-format on
 
   const Layout& FormLayout() const override { return layout_; }
@@ -45,11 +48,13 @@ class frmPaymentDesk final : public Form {
  private:
   void Form_Load() override;
   void Form_Activate() override { cmdShow.SetFocus(); }
+  void Form_KeyDown(int& keyCode, int shift) override;
 
   void txtEntry_Change(int index);
   void optDestination_Click();
   void cmdShow_Click();
   void cmdClose_Click() { Unload(); }
+  void cmdHelp_Click();
 
   Payment Current() const;
   void ShowDoubts();

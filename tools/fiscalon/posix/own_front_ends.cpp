@@ -10,6 +10,7 @@
 #include "frontends/terminal/front_end.h"
 #include "tools/fiscalon/context.h"
 #include "tools/fiscalon/front_ends.h"
+#include "tools/fiscalon/program_start.h"
 
 /// The front ends of the program itself, and that of its twin.
 namespace fiscalon {
@@ -21,9 +22,7 @@ constexpr std::string_view kTwin = FISCALON_QT_TWIN;
 void GoOnInTwin(char** arguments) {
   if (kTwin.empty())
     throw CommandError("this build has no Qt front end; build it with FISCALON_QT=ON");
-  std::error_code error;
-  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-  const auto twin = (program.parent_path() / kTwin).lexically_normal();
+  const auto twin = (FolderOfProgram() / kTwin).lexically_normal();
   ::execv(twin.c_str(), arguments);
   const std::string remedy = errno == ENOENT ? "; the package fiscalon-tools-qt has it" : "";
   throw CommandError("the Qt front end " + Utf8Of(twin) + " can't be started: " + std::strerror(errno) + remedy);

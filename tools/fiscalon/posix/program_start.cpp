@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <system_error>
 
 namespace fiscalon {
 namespace {
@@ -30,5 +31,10 @@ ProgramStart::ProgramStart(int argc, char** argv) : arguments_(argv, argv + argc
 }
 
 ProgramStart::~ProgramStart() = default;
+
+std::filesystem::path FolderOfProgram() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
 
 }  // namespace fiscalon

@@ -45,4 +45,11 @@ ProgramStart::~ProgramStart() {
     ::SetConsoleOutputCP(terminalBefore_);
 }
 
+std::filesystem::path FolderOfProgram() {
+  // The longest that a path may be.
+  std::wstring path(32768, L'\0');
+  path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return std::filesystem::path(path).parent_path();
+}
+
 }  // namespace fiscalon
