@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -27,7 +26,7 @@ class ProgramStart {
   [[maybe_unused]] unsigned terminalBefore_ = 0;
 };
 
-/// The folder of the program's own file; empty where the system does not tell.
-std::filesystem::path FolderOfProgram();
+/// The folder of the program's own file, in UTF-8; empty where the system does not tell.
+std::string FolderOfProgram();
 
 }  // namespace fiscalon

@@ -1,5 +1,6 @@
 #include "tools/fiscalon/commands/desk_command.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -92,17 +93,15 @@ Outcome ShowScreen(const Payment& payment, const std::string& code) {
 
 /// Where the page for operators is installed: beside the program, or below the folder that it lies in or the next one,
 /// as its twin's. Where it belongs if it is nowhere.
-std::filesystem::path OperatorsPage() {
-  constexpr const char* kPage = "operator-guide.md";
-  const std::filesystem::path folder = FolderOfProgram();
-  const auto shared = [&](const std::filesystem::path& below) { return below / "share" / "fiscalon" / kPage; };
-  const std::filesystem::path places[] = {folder / kPage, shared(folder.parent_path()),
-                                          shared(folder.parent_path().parent_path())};
+std::string OperatorsPage() {
+  const std::string folder = FolderOfProgram();
+  const std::string places[] = {folder + "/operator-guide.md", folder + "/../share/fiscalon/operator-guide.md",
+                                folder + "/../../share/fiscalon/operator-guide.md"};
   std::error_code error;
-  for (const std::filesystem::path& place : places)
-    if (std::filesystem::exists(place, error))
-      return place;
-  return places[1];
+  const auto* const found = std::find_if(std::begin(places), std::end(places), [&](const std::string& place) {
+    return std::filesystem::exists(Utf8Path(place), error);
+  });
+  return Utf8Of(Utf8Path(found == std::end(places) ? places[1] : *found).lexically_normal());
 }
 
 const FrontEnd& FrontEndNamed(const std::string& name, const Context& context) {
@@ -117,7 +116,7 @@ ExitStatus OpenDesk(const std::string& toolkitName, const Context& context) {
   UseToolkit(toolkit.get());
   context.SetUpModule();
   frmPaymentDesk desk;
-  desk.operatorsPage = Utf8Of(OperatorsPage());
+  desk.operatorsPage = OperatorsPage();
   frmDeskResult result;
   desk.onShow = [&](const Payment& payment, const std::string& code) {
     const Outcome outcome = ShowScreen(payment, code);

@@ -22,7 +22,7 @@ constexpr std::string_view kTwin = FISCALON_QT_TWIN;
 void GoOnInTwin(char** arguments) {
   if (kTwin.empty())
     throw CommandError("this build has no Qt front end; build it with FISCALON_QT=ON");
-  const auto twin = (FolderOfProgram() / kTwin).lexically_normal();
+  const auto twin = (Utf8Path(FolderOfProgram()) / kTwin).lexically_normal();
   ::execv(twin.c_str(), arguments);
   const std::string remedy = errno == ENOENT ? "; the package fiscalon-tools-qt has it" : "";
   throw CommandError("the Qt front end " + Utf8Of(twin) + " can't be started: " + std::strerror(errno) + remedy);

@@ -4,7 +4,10 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <filesystem>
 #include <system_error>
+
+#include "core/platform/utf8_path.h"
 
 namespace fiscalon {
 namespace {
@@ -32,9 +35,9 @@ ProgramStart::ProgramStart(int argc, char** argv) : arguments_(argv, argv + argc
 
 ProgramStart::~ProgramStart() = default;
 
-std::filesystem::path FolderOfProgram() {
+std::string FolderOfProgram() {
   std::error_code error;
-  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+  return Utf8Of(std::filesystem::read_symlink("/proc/self/exe", error).parent_path());
 }
 
 }  // namespace fiscalon

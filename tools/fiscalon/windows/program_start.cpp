@@ -45,11 +45,11 @@ ProgramStart::~ProgramStart() {
     ::SetConsoleOutputCP(terminalBefore_);
 }
 
-std::filesystem::path FolderOfProgram() {
+std::string FolderOfProgram() {
   // The longest that a path may be.
   std::wstring path(32768, L'\0');
   path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-  return std::filesystem::path(path).parent_path();
+  return WideToUtf8(path.substr(0, path.find_last_of(L'\\')));
 }
 
 }  // namespace fiscalon
