@@ -1,42 +1,24 @@
 #include "tools/desk/desk_window.h"
 
 #include <QAction>
-#include <QDateTime>
-#include <QFile>
-#include <QFileInfo>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
 #include <optional>
 
-#include "core/module_state.h"
-#include "core/platform/code_page.h"
 #include "frontends/qt/qt_text.h"
 #include "tools/desk/operators_page.h"
 #include "tools/desk/payment_panel.h"
 #include "tools/desk/result_panel.h"
 #include "tools/desk/screen_list.h"
-#include "tools/reading/payment_advice.h"
+#include "tools/paying/screen_show.h"
 
 namespace fiscalon {
 namespace {
 
 constexpr const char* kFirstScreen = "15";
 constexpr int kMargin = 9;
-
-QString Advice(const RuntimeError& error, const Levyra& session) {
-  return QString::fromStdString(AdviceOn(error, session,
-                                         {.govFilename = "The record file",
-                                          .enterName = "Entered by",
-                                          .enterTitle = "Title",
-                                          .paidAmount = "The amount"}));
-}
-
-/// When the file was last written; invalid where there is none.
-QDateTime LastWritten(const QString& name) {
-  return QFileInfo(name).lastModified();
-}
 
 }  // namespace
 
@@ -130,84 +112,25 @@ void DeskWindow::ShowScreen(const std::string& code) {
   const Payment payment = payment_->Current();
   if (IsStopped(payment, code))
     return;
-  Levyra session;
   result_->Say(tr("Screen %1 is open.").arg(qt::ToQt(code)));
-  try {
-    Give(payment, session);
-    Launch(session, *FindLaunchRow(code));
-  } catch (const RuntimeError& error) {
-    result_->ShowError(
-        tr("Screen %1 ended with an error. Shown again, it goes on with what was typed.").arg(qt::ToQt(code)), error,
-        Advice(error, session));
-  }
+  const ShowOutcome outcome = fiscalon::ShowScreen(payment, *FindLaunchRow(code));
+  const QString words = QString::fromStdString(outcome.words);
+  if (outcome.records.empty())
+    result_->Say(words);
+  else
+    result_->ShowRecords(words, outcome.records);
 }
 
 bool DeskWindow::IsStopped(const Payment& payment, const std::string& code) {
-  QString reasons;
-  std::optional<PaymentEntry> first;
-  for (const Doubt& doubt : DoubtsAbout(payment)) {
-    if (doubt.weight != Doubt::Weight::Stops)
-      continue;
-    reasons += u'\n' + QString::fromStdString(SentenceOf(doubt));
-    first = first.value_or(doubt.entry);
-  }
-  const std::string question = first ? std::string() : QuestionAbout(payment);
-  if (!question.empty() && !Agrees(question)) {
-    reasons = u'\n' + tr("The file stays as it is: %1").arg(QString::fromStdString(payment.file));
-    first = PaymentEntry::File;
-  }
-  if (!first)
+  std::optional<Obstacle> obstacle = ObstacleIn(payment);
+  if (!obstacle && !MayReplaceFile(payment, qt::FromQt(windowTitle())))
+    obstacle = {.reasons = "The file stays as it is: " + payment.file, .entry = PaymentEntry::File};
+  if (!obstacle)
     return false;
-  result_->Say(tr("Screen %1 was not opened.").arg(qt::ToQt(code)) + reasons);
-  payment_->GoTo(*first);
+  result_->Say(tr("Screen %1 was not opened.").arg(qt::ToQt(code)) + u'\n' + QString::fromStdString(obstacle->reasons));
+  payment_->GoTo(obstacle->entry);
   area_->ensureWidgetVisible(focusWidget(), 0, fontMetrics().height());
   return true;
-}
-
-bool DeskWindow::Agrees(const std::string& question) const {
-  return TheToolkit().ShowMessage({.text = FromUtf8(question),
-                                   .style = MessageStyle::Exclamation,
-                                   .buttons = MessageButtons::YesNo,
-                                   .defaultButton = DefaultButton::Second,
-                                   .title = qt::FromQt(windowTitle())}) == MessageAnswer::Yes;
-}
-
-void DeskWindow::Launch(Levyra& session, const LaunchRow& screen) {
-  const bool toFile = session.WriteFile() == kTrue;
-  const QString name = qt::ToQt(session.GovFilename());
-  const QDateTime before = LastWritten(name);
-  if (!session.ShowLevyraScreen(screen.code))
-    result_->Say(tr("Cancelled. Nothing was written."));
-  else if (!toFile)
-    ShowRecordsHandedBack(session, screen);
-  else if (LastWritten(name) == before)
-    result_->Say(before.isValid() ? tr("Accepted, but no records were written: the file is from before.\n%1").arg(name)
-                                  : tr("Accepted, but no records were written: there is no file.\n%1").arg(name));
-  else
-    ShowRecordFile(name, screen);
-}
-
-void DeskWindow::ShowRecordsHandedBack(const Levyra& session, const LaunchRow& screen) {
-  std::vector<ShownRecord> records;
-  if (const auto& members = session.PC4Records()) {
-    records = TakeApart(*members, &screen);
-    // The collection is the form's own: a show that writes nothing would hand these back once more.
-    members->Clear();
-  }
-  if (records.empty())
-    result_->Say(tr("Accepted, but no records were handed back."));
-  else
-    result_->ShowRecords(tr("Accepted. Records handed back: %1.").arg(records.size()), records);
-}
-
-void DeskWindow::ShowRecordFile(const QString& name, const LaunchRow& screen) {
-  QFile file(name);
-  if (!file.open(QFile::ReadOnly)) {
-    result_->Say(tr("Accepted, but the record file can't be read: %1\n%2").arg(file.errorString(), name));
-    return;
-  }
-  const std::vector<ShownRecord> records = TakeApart(std::string_view(file.readAll().toStdString()), &screen);
-  result_->ShowRecords(tr("Accepted. Records written to the file: %1.\n%2").arg(records.size()).arg(name), records);
 }
 
 }  // namespace fiscalon

@@ -6,8 +6,6 @@
 #include <QSplitter>
 #include <string>
 
-#include "core/launch.h"
-#include "core/session.h"
 #include "tools/paying/payment.h"
 
 namespace fiscalon {
@@ -35,10 +33,6 @@ class DeskWindow final : public QMainWindow {
   void ShowScreen(const std::string& code);
   /// Whether the payment is nothing to show a screen with, or the user will not have a file replaced; says so then.
   bool IsStopped(const Payment& payment, const std::string& code);
-  bool Agrees(const std::string& question) const;
-  void Launch(Levyra& session, const LaunchRow& screen);
-  void ShowRecordsHandedBack(const Levyra& session, const LaunchRow& screen);
-  void ShowRecordFile(const QString& name, const LaunchRow& screen);
 
   QString operatorsPage_;
   QPointer<OperatorsPage> openPage_;

@@ -13,6 +13,7 @@
 #include "frontends/qt/notice.h"
 #include "frontends/qt/qt_text.h"
 #include "tools/reading/field_remark.h"
+#include "tools/reading/record_words.h"
 #include "tools/reading/visible_text.h"
 
 namespace fiscalon {
@@ -32,38 +33,11 @@ QString Plain(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-QString ColumnsOf(int from, int to) {
-  if (from == 0)
-    return {};
-  return from == to ? QString::number(from) : QStringLiteral("%1-%2").arg(from).arg(to);
-}
-
 void SetPlace(QTreeWidgetItem& row, int line, int from, int to) {
   row.setData(kField, kLine, line);
   row.setData(kField, kFrom, from);
   row.setData(kField, kTo, to);
-  row.setText(kColumns, ColumnsOf(from, to));
-}
-
-QString HeadingOf(const ShownRecord& record) {
-  if (record.isInvoice)
-    return QObject::tr("Record %1: invoice").arg(record.number);
-  if (!record.isRecord)
-    return QObject::tr("Line %1: no record").arg(record.number);
-  const char letter = static_cast<char>(record.kind);
-  const std::string_view name = NameOf(record.kind);
-  return QObject::tr("Record %1: %2, sequence %3")
-      .arg(record.number)
-      .arg(Plain(name.empty() ? VisibleText({&letter, 1}) : std::string(name)), Plain(DottedText(record.Seq())));
-}
-
-/// Numbers of library errors are negative; people know them in hexadecimal.
-QString NumberOf(const RuntimeError& error) {
-  const QString number = QString::number(error.Number());
-  return error.Number() >= 0
-             ? number
-             : number +
-                   QStringLiteral(" (0x%1)").arg(QString::number(static_cast<uint32_t>(error.Number()), 16).toUpper());
+  row.setText(kColumns, Plain(PlaceOf(from, to)));
 }
 
 }  // namespace
@@ -139,12 +113,6 @@ void ResultPanel::Say(const QString& words) {
   qt::Announce(*said_, words);
 }
 
-void ResultPanel::ShowError(const QString& words, const RuntimeError& error, const QString& advice) {
-  const QString what = tr("%1\nNumber: %2\nSource: %3\nDescription: %4")
-                           .arg(words, NumberOf(error), qt::ToQt(error.Source()), qt::ToQt(error.Description()));
-  Say(advice.isEmpty() ? what : what + u'\n' + advice);
-}
-
 void ResultPanel::ShowRecords(const QString& words, const std::vector<ShownRecord>& records) {
   Say(words);
   for (const ShownRecord& record : records) AddRecord(record);
@@ -163,7 +131,7 @@ void ResultPanel::AddRecord(const ShownRecord& record) {
   const int line = lines_->document()->isEmpty() ? 0 : lines_->blockCount();
   lines_->appendPlainText(Plain(VisibleText(record.record)));
   lines_->appendPlainText(Plain(Ruler(record.record.size())));
-  auto* top = new QTreeWidgetItem(fields_, {HeadingOf(record)});
+  auto* top = new QTreeWidgetItem(fields_, {Plain(HeadingOf(record))});
   QFont bold = fields_->font();
   bold.setBold(true);
   top->setFont(kField, bold);

@@ -6,7 +6,6 @@
 #include <QTreeWidget>
 #include <vector>
 
-#include "core/platform/runtime_error.h"
 #include "tools/reading/shown_record.h"
 
 namespace fiscalon {
@@ -19,8 +18,6 @@ class ResultPanel final : public QGroupBox {
 
   /// Nothing but words.
   void Say(const QString& words);
-  /// The advice says what the error is about and what to do; empty where nothing is known.
-  void ShowError(const QString& words, const RuntimeError& error, const QString& advice);
   void ShowRecords(const QString& words, const std::vector<ShownRecord>& records);
 
  private:

@@ -24,6 +24,7 @@
 
 #include "core/forms/form.h"
 #include "core/host_setup.h"
+#include "core/launch.h"
 #include "frontends/qt/played_qt_toolkit.h"
 #include "tests/support/temporary_folder.h"
 

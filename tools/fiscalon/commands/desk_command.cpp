@@ -2,22 +2,18 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <memory>
 
 #include "core/launch.h"
 #include "core/module_state.h"
-#include "core/platform/code_page.h"
 #include "core/platform/utf8_path.h"
-#include "core/session.h"
 #include "tools/fiscalon/commands/desk_form.h"
 #include "tools/fiscalon/commands/desk_result_form.h"
 #include "tools/fiscalon/front_ends.h"
 #include "tools/fiscalon/option_names.h"
 #include "tools/fiscalon/program_start.h"
-#include "tools/reading/payment_advice.h"
-#include "tools/reading/record_taker.h"
+#include "tools/paying/screen_show.h"
 
 namespace fiscalon {
 namespace {
@@ -27,69 +23,6 @@ constexpr const char* kDeskExamples = R"(Examples:
   fiscalon desk --toolkit terminal
 
 Exit status: 0, 2 where there is neither a display nor a terminal.)";
-
-/// What a screen has come to.
-struct Outcome {
-  std::string words = {};
-  std::vector<ShownRecord> records = {};
-};
-
-/// When the file was last written; nothing where there is none.
-std::optional<std::filesystem::file_time_type> LastWritten(const std::string& name) {
-  std::error_code error;
-  const auto time = std::filesystem::last_write_time(Utf8Path(name), error);
-  return error ? std::nullopt : std::optional(time);
-}
-
-Outcome RecordsInFile(const std::string& name, const LaunchRow& screen) {
-  std::ifstream file(Utf8Path(name), std::ios::binary);
-  if (!file)
-    return {.words = "Accepted, but the record file can't be read: " + name};
-  const std::string content{std::istreambuf_iterator<char>(file), {}};
-  Outcome outcome = {.records = TakeApart(std::string_view(content), &screen)};
-  outcome.words = "Accepted. Records written to the file " + name + ": " + std::to_string(outcome.records.size()) + ".";
-  return outcome;
-}
-
-Outcome RecordsHandedBack(const Levyra& session, const LaunchRow& screen) {
-  Outcome outcome;
-  if (const auto& members = session.PC4Records()) {
-    outcome.records = TakeApart(*members, &screen);
-    // The collection is the form's own: a show that writes nothing would hand these back once more.
-    members->Clear();
-  }
-  outcome.words = outcome.records.empty()
-                      ? "Accepted, but no records were handed back."
-                      : "Accepted. Records handed back: " + std::to_string(outcome.records.size()) + ".";
-  return outcome;
-}
-
-Outcome Launch(Levyra& session, const LaunchRow& screen) {
-  const bool toFile = session.WriteFile() == kTrue;
-  const std::string name = ToUtf8(session.GovFilename());
-  const auto before = LastWritten(name);
-  if (!session.ShowLevyraScreen(screen.code))
-    return {.words = "Cancelled. Nothing was written."};
-  if (!toFile)
-    return RecordsHandedBack(session, screen);
-  if (LastWritten(name) == before)
-    return {.words = "Accepted, but no records were written: " + name};
-  return RecordsInFile(name, screen);
-}
-
-Outcome ShowScreen(const Payment& payment, const std::string& code) {
-  Levyra session;
-  try {
-    Give(payment, session);
-    return Launch(session, *FindLaunchRow(code));
-  } catch (const RuntimeError& error) {
-    std::string words = "Screen " + code + " ended with error " + std::to_string(error.Number()) + " from " +
-                        ToUtf8(error.Source()) + ": " + ToUtf8(error.Description());
-    if (const std::string advice = AdviceOn(error, session); !advice.empty())
-      words += " " + advice;
-    return {.words = words};
-  }
-}
 
 /// Where the page for operators is installed: beside the program, or below the folder that it lies in or the next one,
 /// as its twin's. Where it belongs if it is nowhere.
@@ -119,7 +52,7 @@ ExitStatus OpenDesk(const std::string& toolkitName, const Context& context) {
   desk.operatorsPage = OperatorsPage();
   frmDeskResult result;
   desk.onShow = [&](const Payment& payment, const std::string& code) {
-    const Outcome outcome = ShowScreen(payment, code);
+    const ShowOutcome outcome = ShowScreen(payment, *FindLaunchRow(code));
     result.Set(outcome.words, outcome.records);
     result.ShowModal(*toolkit);
   };

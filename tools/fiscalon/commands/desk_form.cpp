@@ -8,6 +8,8 @@
 #include "core/launch.h"
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
+#include "tools/paying/payment_doubts.h"
+#include "tools/paying/screen_show.h"
 
 namespace fiscalon {
 namespace {
@@ -156,26 +158,13 @@ void frmPaymentDesk::ShowDoubts() {
 
 bool frmPaymentDesk::IsStopped() {
   const Payment payment = Current();
-  std::string reasons;
-  const Doubt* first = nullptr;
-  const std::vector<Doubt> doubts = DoubtsAbout(payment);
-  for (const Doubt& doubt : doubts) {
-    if (doubt.weight != Doubt::Weight::Stops)
-      continue;
-    reasons += (reasons.empty() ? "" : "\n") + FromUtf8(SentenceOf(doubt));
-    first = first == nullptr ? &doubt : first;
-  }
-  if (first != nullptr) {
-    TheToolkit().ShowMessage({.text = reasons, .style = MessageStyle::Exclamation, .title = Caption()});
-    GoTo(first->entry);
+  if (const std::optional<Obstacle> obstacle = ObstacleIn(payment)) {
+    TheToolkit().ShowMessage(
+        {.text = FromUtf8(obstacle->reasons), .style = MessageStyle::Exclamation, .title = Caption()});
+    GoTo(obstacle->entry);
     return true;
   }
-  const std::string question = QuestionAbout(payment);
-  if (question.empty() || TheToolkit().ShowMessage({.text = FromUtf8(question),
-                                                    .style = MessageStyle::Exclamation,
-                                                    .buttons = MessageButtons::YesNo,
-                                                    .defaultButton = DefaultButton::Second,
-                                                    .title = Caption()}) == MessageAnswer::Yes)
+  if (MayReplaceFile(payment, Caption()))
     return false;
   GoTo(PaymentEntry::File);
   return true;

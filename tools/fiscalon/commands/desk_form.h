@@ -11,7 +11,7 @@
 #include "core/forms/list_control.h"
 #include "core/forms/text_field.h"
 #include "tools/paying/payment.h"
-#include "tools/paying/payment_doubts.h"
+#include "tools/paying/payment_entries.h"
 
 namespace fiscalon {
 

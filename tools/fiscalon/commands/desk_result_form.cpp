@@ -3,6 +3,7 @@
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
 #include "tools/reading/field_remark.h"
+#include "tools/reading/record_words.h"
 #include "tools/reading/visible_text.h"
 
 namespace fiscalon {
@@ -11,32 +12,8 @@ namespace {
 constexpr size_t kNameColumns = 20;
 constexpr size_t kPlaceColumns = 9;
 
-std::string Padded(std::string text, size_t columns) {
-  if (text.size() < columns)
-    text.append(columns - text.size(), ' ');
-  return text + ' ';
-}
-
-std::string PlaceOf(int from, int to) {
-  if (from == 0)
-    return {};
-  return from == to ? std::to_string(from) : std::to_string(from) + "-" + std::to_string(to);
-}
-
-std::string HeadingOf(const ShownRecord& record) {
-  const std::string number = std::to_string(record.number);
-  if (record.isInvoice)
-    return "Record " + number + ": invoice";
-  if (!record.isRecord)
-    return "Line " + number + ": no record";
-  const char letter = static_cast<char>(record.kind);
-  const std::string_view name = NameOf(record.kind);
-  return "Record " + number + ": " + (name.empty() ? VisibleText({&letter, 1}) : std::string(name)) + ", sequence " +
-         DottedText(record.Seq());
-}
-
-std::string NoteRow(const char* heading, const Note& note) {
-  return "  " + Padded(heading, kNameColumns) + Padded(PlaceOf(note.from, note.to), kPlaceColumns) + note.text;
+std::string RowOf(std::string_view name, int from, int to, const std::string& text) {
+  return "  " + PaddedTo(kNameColumns, name) + " " + PaddedTo(kPlaceColumns, PlaceOf(from, to)) + " " + text;
 }
 
 }  // namespace
@@ -50,12 +27,11 @@ void frmDeskResult::Set(const std::string& words, const std::vector<ShownRecord>
       if (!IsWorthALine(field))
         continue;
       const std::string remark = RemarkOn(record, field, TheModule().locale);
-      rows_.push_back("  " + Padded(std::string(field.name), kNameColumns) +
-                      Padded(PlaceOf(field.from, field.to), kPlaceColumns) + DottedText(record.TextOf(field)) +
-                      (remark.empty() ? "" : "  " + remark));
+      rows_.push_back(RowOf(field.name, field.from, field.to,
+                            DottedText(record.TextOf(field)) + (remark.empty() ? "" : "  " + remark)));
     }
-    for (const Note& problem : record.problems) rows_.push_back(NoteRow("wrong", problem));
-    for (const Note& oddity : record.oddities) rows_.push_back(NoteRow("odd", oddity));
+    for (const Note& problem : record.problems) rows_.push_back(RowOf("wrong", problem.from, problem.to, problem.text));
+    for (const Note& oddity : record.oddities) rows_.push_back(RowOf("odd", oddity.from, oddity.to, oddity.text));
   }
 }
 
