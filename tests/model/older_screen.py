@@ -45,7 +45,7 @@ class OlderScreen(Screen):
 
     # A date of eight digits
 
-    def date_key(self, field, key, question, following, go_on=None):
+    def date_key(self, field, key, question, following):
         """Digits alone; Enter asks for a whole date and moves on."""
         if key not in DATE_KEYS:
             return 0

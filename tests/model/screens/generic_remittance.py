@@ -2,11 +2,9 @@
 
 from controls import Check, Field
 from keys import AMOUNT_KEYS, ENTER, LETTERS, MINUS, QUOTE, capital
-from older_screen import OlderScreen
+from period_screen import PeriodScreen
 from values import format_text, is_amount_text, leading_number, money
 
-ASK_START = 'Please enter the date for the start of the period.'
-ASK_END = 'Please enter the date for the end of the period.'
 ASK_DUE = 'Please enter due date.'
 BOX_KEYS = AMOUNT_KEYS | LETTERS | {MINUS}
 DETAILS, AMOUNT = 12, 13
@@ -16,8 +14,11 @@ def is_box_text(text):
     return all(each.isascii() and (each.isalnum() or each in '.-,') for each in text)
 
 
-class GenericRemittance(OlderScreen):
+class GenericRemittance(PeriodScreen):
     codes = ('07',)
+    after_period = 'DueDate'
+    ask_end = 'Please enter the date for the end of the period.'
+    reformats_end = False
     name = 'GENERICFORM'
     caption = 'Additional Information'
     own_properties = {'NumberOfInfoCollect': ('0', '1', '3', '4', '5', '12', '13', '2.5', '3.5', '', 'x')}
@@ -86,30 +87,12 @@ class GenericRemittance(OlderScreen):
 
     # Dates
 
-    def PeriodStartDate_Change(self):
-        self.date_change(self.PeriodStartDate, self.PeriodEndDate)
-
-    def PeriodEndDate_Change(self):
-        self.date_change(self.PeriodEndDate, self.DueDate)
-
     def DueDate_Change(self):
         self.date_change(self.DueDate, self.Box[0])
-
-    def PeriodStartDate_KeyPress(self, key):
-        return self.date_key(self.PeriodStartDate, key, ASK_START, self.PeriodEndDate)
-
-    def PeriodEndDate_KeyPress(self, key):
-        return self.date_key(self.PeriodEndDate, key, ASK_END, self.DueDate)
 
     def DueDate_KeyPress(self, key):
         following = self.Box[0] if self.Box[0].enabled else self.DueDate
         return self.date_key(self.DueDate, key, ASK_DUE, following)
-
-    def PeriodStartDate_LostFocus(self):
-        self.date_left(self.PeriodStartDate)
-
-    def PeriodEndDate_LostFocus(self):
-        self.date_left(self.PeriodEndDate, reformats=False)
 
     def DueDate_LostFocus(self):
         self.date_left(self.DueDate)
@@ -156,9 +139,9 @@ class GenericRemittance(OlderScreen):
 
     def is_complete(self):
         start, end, due = self.PeriodStartDate, self.PeriodEndDate, self.DueDate
-        if not self.date_passes(start, ASK_START) or not self.year_passes(start, self.Label21):
+        if not self.date_passes(start, self.ask_start) or not self.year_passes(start, self.Label21):
             return False
-        if not self.date_passes(end, ASK_END):
+        if not self.date_passes(end, self.ask_end):
             return False
         if leading_number(end.text) == leading_number(start.text):
             return self.refuse(end, 'Reporting period starting date is same as ending date.')

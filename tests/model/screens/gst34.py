@@ -2,7 +2,7 @@
 
 from controls import Field
 from keys import AMOUNT_KEYS, COMMA, DATE_KEYS, DIGITS, ENTER, MINUS, POINT
-from older_screen import OlderScreen
+from period_screen import PeriodScreen
 from values import is_amount_text, leading_number, money
 
 # Field, what is said below zero.
@@ -16,15 +16,14 @@ AMOUNTS = {
 }
 CALCULATED = ('NetTax', 'RefundAmount', 'PaymentEnclosed')
 AFTER = dict(zip(AMOUNTS, [*list(AMOUNTS)[1:], 'Command1'])) | dict.fromkeys(CALCULATED, 'Command1')
-ASK_START = 'Please enter the date for the start of the period.'
-ASK_END = 'Please enter the date for the end of period.'
 SALES_BELOW_ZERO = 'Amount in sales and other revenue cannot be less than 0.'
 SALES_DECIMALS = 'Amount of sales and other revenue cannot have decimal value.'
 TWO_DOLLARS = 2 * 10000
 
 
-class Gst34(OlderScreen):
+class Gst34(PeriodScreen):
     codes = ('05',)
+    after_period = 'SalesRevenue'
     name = 'GOVGST34'
     caption = 'Goods and Services Tax  / Harmonized Sales Tax Return for Registrants '
     buttons = ('Command1', 'Command2', 'Command3')
@@ -69,8 +68,8 @@ class Gst34(OlderScreen):
     def Form_Activate(self):
         self.focus_if_able(self.PeriodStartDate)
 
-    Command2_Click = OlderScreen.cancel
-    Command3_Click = OlderScreen.open_help
+    Command2_Click = PeriodScreen.cancel
+    Command3_Click = PeriodScreen.open_help
 
     # The calculated lines
 
@@ -130,26 +129,6 @@ class Gst34(OlderScreen):
         if key == ENTER:
             self.set_focus(self.InstalmentPayment)
         return key
-
-    # Dates
-
-    def PeriodStartDate_Change(self):
-        self.date_change(self.PeriodStartDate, self.PeriodEndDate)
-
-    def PeriodEndDate_Change(self):
-        self.date_change(self.PeriodEndDate, self.SalesRevenue)
-
-    def PeriodStartDate_KeyPress(self, key):
-        return self.date_key(self.PeriodStartDate, key, ASK_START, self.PeriodEndDate)
-
-    def PeriodEndDate_KeyPress(self, key):
-        return self.date_key(self.PeriodEndDate, key, ASK_END, self.SalesRevenue)
-
-    def PeriodStartDate_LostFocus(self):
-        self.date_left(self.PeriodStartDate)
-
-    def PeriodEndDate_LostFocus(self):
-        self.date_left(self.PeriodEndDate)
 
     # Leaving an amount
 
@@ -223,7 +202,7 @@ class Gst34(OlderScreen):
     def dates_pass(self):
         start, end = self.PeriodStartDate, self.PeriodEndDate
         if not start.trimmed():
-            return self.refuse(start, ASK_START)
+            return self.refuse(start, self.ask_start)
         if len(start.trimmed()) != 8:
             return self.refuse(start)
         start.set(start.trimmed())
@@ -233,7 +212,7 @@ class Gst34(OlderScreen):
             return self.refuse(start)
         start.set(self.as_date(start.text))
         if not end.trimmed():
-            return self.refuse(end, ASK_END)
+            return self.refuse(end, self.ask_end)
         if len(end.trimmed()) != 8:
             return self.refuse(end, 'Invalid date value.')
         end.set(end.trimmed())

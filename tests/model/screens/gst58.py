@@ -2,7 +2,7 @@
 
 from controls import Field
 from keys import AMOUNT_KEYS, ENTER
-from older_screen import OlderScreen
+from period_screen import PeriodScreen
 from values import is_amount_text, leading_number
 
 # Field, what Enter says below zero, what OK says.
@@ -13,15 +13,14 @@ CATEGORIES = (
     ('AuditAssessment', 'Audit Assessment cannot be less than 0.'),
     ('NetTaxDue', 'NetTaxDue cannot be less than 0.'),
 )
-ASK_START = 'Please enter the date for the start of the period.'
-ASK_END = 'Please enter the date for the end of period.'
 NO_ZERO = 'Payment enclosed cannot be 0.'
 BELOW_ZERO = 'Payment enclosed cannot be less than 0.'
 NOT_EQUAL = 'Payment enclosed is not equal to amount to be paid.'
 
 
-class Gst58(OlderScreen):
+class Gst58(PeriodScreen):
     codes = ('06',)
+    after_period = 'InstalmentPayment'
     name = 'GOVGST58'
     caption = 'Goods and Services Tax Remittance'
     labels = {
@@ -69,24 +68,6 @@ class Gst58(OlderScreen):
         """The number of a field that means cents where it has no decimal separator."""
         value = self.read(field.text)
         return value if self.has_point(field.text) else value / 100
-
-    def PeriodStartDate_Change(self):
-        self.date_change(self.PeriodStartDate, self.PeriodEndDate)
-
-    def PeriodEndDate_Change(self):
-        self.date_change(self.PeriodEndDate, self.InstalmentPayment)
-
-    def PeriodStartDate_KeyPress(self, key):
-        return self.date_key(self.PeriodStartDate, key, ASK_START, self.PeriodEndDate)
-
-    def PeriodEndDate_KeyPress(self, key):
-        return self.date_key(self.PeriodEndDate, key, ASK_END, self.InstalmentPayment)
-
-    def PeriodStartDate_LostFocus(self):
-        self.date_left(self.PeriodStartDate)
-
-    def PeriodEndDate_LostFocus(self):
-        self.date_left(self.PeriodEndDate)
 
     def category_key(self, place, key):
         if key not in AMOUNT_KEYS:
@@ -146,14 +127,14 @@ class Gst58(OlderScreen):
     def is_complete(self):
         start, end, total = self.PeriodStartDate, self.PeriodEndDate, self.PaymentEnclosed
         if not start.trimmed():
-            return self.refuse(start, ASK_START)
+            return self.refuse(start, self.ask_start)
         if self.is_bad_date(start.text):
             return self.refuse(start, 'Invalid date value.')
         if self.year_is_refused(start.text, self.Label6.caption[:-1]):
             return self.refuse(start)
         start.set(start.trimmed())
         if not end.trimmed():
-            return self.refuse(end, ASK_END)
+            return self.refuse(end, self.ask_end)
         if len(end.trimmed()) != 8:
             return self.refuse(end, 'Invalid date value.')
         end.set(end.trimmed())
