@@ -89,6 +89,9 @@ Expect 2 fill_form.exe "$typed" '&OK' cscript //nologo payment.vbs 15 'Q:\record
 ExpectLines 'Error 76 from Fiscalon.ShowLevyraScreen: Path not found'
 Expect 0 cscript //nologo every_member.vbs "$(winepath -w .)"
 ExpectLines '197 looked at, 0 wrong'
+echo 'WScript.Echo TypeName(CreateObject("Fiscalon.Levyra")) & TypeName(CreateObject("Fiscalon.Levyra.1"))' >names.vbs
+Expect 0 cscript //nologo names.vbs
+ExpectLines '_Levyra_Levyra'
 Expect 0 cscript //nologo collections.js
 ExpectLines '27 looked at, 0 wrong'
 Expect 0 regsvr32 /s /u fiscalon.dll

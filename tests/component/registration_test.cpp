@@ -103,7 +103,10 @@ void ExpectRegistered(Export found) {
   EXPECT_EQ(found[at + L"Fiscalon.Levyra\\CLSID|"], kSession);
   EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\InprocServer32|"], path);
   EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\InprocServer32|ThreadingModel"], L"Apartment");
-  EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\ProgID|"], L"Fiscalon.Levyra");
+  EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\ProgID|"], L"Fiscalon.Levyra.1");
+  EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\VersionIndependentProgID|"], L"Fiscalon.Levyra");
+  EXPECT_EQ(found[at + L"Fiscalon.Levyra\\CurVer|"], L"Fiscalon.Levyra.1");
+  EXPECT_EQ(found[at + L"Fiscalon.Levyra.1\\CLSID|"], kSession);
   EXPECT_EQ(found[at + L"CLSID\\" + kSession + L"\\TypeLib|"], kLibraryKey);
   EXPECT_EQ(found[at + L"Interface\\" + kSessionInterface + L"|"], L"_Levyra");
   EXPECT_EQ(found[at + L"Interface\\" + kSessionInterface + L"\\ProxyStubClsid32|"],
@@ -111,16 +114,21 @@ void ExpectRegistered(Export found) {
   EXPECT_EQ(found[at + L"Interface\\" + kSessionInterface + L"\\TypeLib|"], kLibraryKey);
   EXPECT_EQ(found[at + L"Interface\\" + kSessionInterface + L"\\TypeLib|Version"], L"1.0");
   EXPECT_EQ(found[at + L"TypeLib\\" + kLibraryKey + L"\\1.0\\0\\" + kThis + L"|"], path);
+  EXPECT_EQ(found[at + L"TypeLib\\" + kLibraryKey + L"\\1.0\\HELPDIR|"], path.substr(0, path.find_last_of(L'\\') + 1));
   size_t classes = 0;
+  size_t versions = 0;
   size_t interfaces = 0;
   for (const auto& [key, text] : found) {
     classes += key.ends_with(L"\\InprocServer32|") ? 1 : 0;
+    versions += key.ends_with(L"\\CurVer|") && found.contains(at + text + L"\\CLSID|") ? 1 : 0;
     interfaces += key.ends_with(L"\\ProxyStubClsid32|") ? 1 : 0;
   }
   // A record has an interface, and no class that hosts create.
   EXPECT_EQ(classes, 7U);
+  EXPECT_EQ(versions, 7U);
   EXPECT_EQ(interfaces, 8U);
   EXPECT_FALSE(found.contains(at + L"Fiscalon.PC4|"));
+  EXPECT_FALSE(found.contains(at + L"Fiscalon.PC4.1|"));
 }
 
 TEST_F(RegistrationTest, TheMachinesLeavesNothingBehind) {
@@ -157,6 +165,7 @@ TEST_F(RegistrationTest, WhatTheOtherWordSizeNeedsStaysWithIt) {
   EXPECT_EQ(DllUnregisterServer(), S_OK);
   Export left = All(machine_);
   EXPECT_EQ(left[L"Software\\Classes\\Fiscalon.Levyra\\CLSID|"], kSession);
+  EXPECT_EQ(left[L"Software\\Classes\\Fiscalon.Levyra.1\\CLSID|"], kSession);
   EXPECT_TRUE(left.contains(L"Software\\Classes\\TypeLib\\" + kLibraryKey + L"\\1.0\\FLAGS|"));
   EXPECT_FALSE(left.contains(L"Software\\Classes\\TypeLib\\" + kLibraryKey + L"\\1.0\\0\\" + kThis + L"|"));
   EXPECT_FALSE(left.contains(L"Software\\Classes\\CLSID|"));
