@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Checks the ZIP files for Windows: their checksums, what is in them, and what their library and program need.
+"""Checks the packages for Windows: their checksums, what is in a ZIP, and what its library and program need; and that an
+installer package has the very files of the ZIP beside it.
 
-    check_windows_packages.py ZIP...
+    check_windows_packages.py ZIP|MSI...
 
 Prints one line per offence and exits with 1 if there is any."""
 
@@ -93,8 +94,42 @@ def offences_of(path):
             yield from notices.offences_of(told, linked)
 
 
+def files_of_installer(path):
+    """What it installs: the bytes of each file by its name below the folder of the component."""
+    with tempfile.TemporaryDirectory() as folder:
+        subprocess.run(["msiextract", "-C", folder, path.resolve()], check=True, capture_output=True)
+        files = [file for file in Path(folder).rglob("*") if file.is_file()]
+        root = next((file.parent for file in files if file.name == "fiscalon.dll"), Path(folder))
+        return {file.relative_to(root).as_posix(): file.read_bytes() for file in files}
+
+
+def offences_of_installer(path):
+    match = re.fullmatch(r"(fiscalon-[\d.]+-windows-(?:x86_64|x86))(-user)?\.msi", path.name)
+    if not match:
+        yield "the name is not that of a package"
+        return
+    yield from offences_of_checksum(path)
+    beside = path.with_name(f"{match.group(1)}.zip")
+    if not beside.is_file():
+        yield f"there is no {beside.name} to compare with"
+        return
+    with zipfile.ZipFile(beside) as package:
+        packed = {name.partition("/")[2]: package.read(name) for name in package.namelist() if not name.endswith("/")}
+    installed = files_of_installer(path)
+    for name in sorted(packed.keys() | installed.keys()):
+        if name not in installed:
+            yield f"{name} is missing, which the ZIP has"
+        elif name not in packed:
+            yield f"{name} is no file of the ZIP"
+        elif packed[name] != installed[name]:
+            yield f"{name} is not that of the ZIP"
+
+
 def main(arguments):
-    found = [f"{path}: {offence}" for path in arguments for offence in offences_of(Path(path))]
+    found = []
+    for path in map(Path, arguments):
+        offences = offences_of_installer(path) if path.suffix == ".msi" else offences_of(path)
+        found += [f"{path}: {offence}" for offence in offences]
     print("\n".join(found or [f"{len(arguments)} packages are right"]))
     return 1 if found or not arguments else 0
 

@@ -36,6 +36,8 @@ windows | libwine-dev | the declarations that those interfaces rest on
 windows | googletest | the test framework, to be compiled for Windows
 windows | wine | runs what was compiled for Windows
 windows | wine64 | the 64-bit kind of it
+windows | wixl | makes installer packages for Windows
+windows | msitools | looks into them
 check | clang-tidy         | lint
 check | cppcheck           | lint
 check | shellcheck         | lint of the shell scripts

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The check of the ZIP files for Windows finds what is missing, foreign or wrong in packages of its own."""
+"""The check of the packages for Windows finds what is missing, foreign or wrong in packages of its own."""
 
 import hashlib
 import sys
@@ -78,6 +78,46 @@ class CheckWindowsPackages(unittest.TestCase):
     def test_another_machine_is_told(self):
         library = LIBRARY.replace("pei-i386", "pei-x86-64")
         self.assertEqual(self.offences_of(SOUND, library=library), ["fiscalon.dll is not of the format pei-i386"])
+
+    def offences_of_installer(self, installed, name=f"{FOLDER}-user.msi", checksum=None, packed=SOUND):
+        # What the tool for installer packages unpacks stands in for one.
+        check_windows_packages.files_of_installer = lambda path: installed
+        with tempfile.TemporaryDirectory() as folder:
+            path = Path(folder) / name
+            path.write_bytes(b"installer")
+            right = hashlib.sha256(b"installer").hexdigest()
+            Path(f"{path}.sha256").write_text(f"{checksum or right}  {name}\n")
+            if packed is not None:
+                with zipfile.ZipFile(Path(folder) / f"{FOLDER}.zip", "w") as package:
+                    for inside, bytes_ in packed.items():
+                        package.writestr(f"{FOLDER}/{inside}", bytes_)
+            return list(check_windows_packages.offences_of_installer(path))
+
+    def test_an_installer_with_the_files_of_its_zip_passes(self):
+        self.assertEqual(self.offences_of_installer(SOUND), [])
+        self.assertEqual(self.offences_of_installer(SOUND, name=f"{FOLDER}.msi"), [])
+
+    def test_an_installer_with_other_files_is_told(self):
+        changed = {name: bytes_ for name, bytes_ in SOUND.items() if name != "LICENSE"}
+        changed |= {"fiscalon.dll": b"another", "gtest.lib": b""}
+        self.assertEqual(
+            self.offences_of_installer(changed),
+            [
+                "LICENSE is missing, which the ZIP has",
+                "fiscalon.dll is not that of the ZIP",
+                "gtest.lib is no file of the ZIP",
+            ],
+        )
+
+    def test_an_installer_that_is_not_as_it_was_made_is_told(self):
+        told = self.offences_of_installer(SOUND, checksum="0" * 64)
+        self.assertEqual(told, [f"{FOLDER}-user.msi.sha256 does not tell the file's checksum"])
+
+    def test_an_installer_without_its_zip_is_told(self):
+        self.assertEqual(self.offences_of_installer(SOUND, packed=None), [f"there is no {FOLDER}.zip to compare with"])
+
+    def test_an_installer_of_another_name_is_told(self):
+        self.assertEqual(self.offences_of_installer(SOUND, name="setup.msi"), ["the name is not that of a package"])
 
 
 if __name__ == "__main__":
