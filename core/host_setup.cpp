@@ -20,7 +20,7 @@ void UseFixedClock(const DateTime& now) {
 void UseLocale(const Locale& locale) {
   ModuleToChange().locale = locale;
   ModuleToChange().localeIsFixed = true;
-  QueryDecimalSeparator();
+  KeepDecimalSeparator();
 }
 
 void UseLocale(std::string_view name) {
@@ -36,7 +36,7 @@ void ResetModule() {
   ModuleToChange().forms.clear();
   ModuleToChange() = ModuleState{};
   // A host's session outlives this, and relies on what its construction has found.
-  QueryDecimalSeparator();
+  KeepDecimalSeparator();
 }
 
 }  // namespace fiscalon

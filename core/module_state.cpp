@@ -29,7 +29,12 @@ const Locale& AskForLocale() {
 }
 
 void QueryDecimalSeparator() {
-  const std::string& separator = AskForLocale().decimal;
+  AskForLocale();
+  KeepDecimalSeparator();
+}
+
+void KeepDecimalSeparator() {
+  const std::string& separator = TheModule().locale.decimal;
   ModuleToChange().decimalSeparator = separator.substr(0, separator.find('\0'));
 }
 

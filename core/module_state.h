@@ -58,6 +58,9 @@ const Locale& AskForLocale();
 /// Asks for the user's locale and keeps its decimal separator, as every construction of a `Levyra` does.
 void QueryDecimalSeparator();
 
+/// Keeps the decimal separator of the locale that the system was asked for last.
+void KeepDecimalSeparator();
+
 /// Has the host read `ShowGST58` as False.
 void ClearShowGST58();
 

@@ -6,11 +6,16 @@
 
 namespace fiscalon {
 
-ScenarioFolder::ScenarioFolder() : path_(MakeTemporaryFolder()) {}
-
 ScenarioFolder::~ScenarioFolder() {
   std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
+  if (path_)
+    std::filesystem::remove_all(*path_, ignored);
+}
+
+const std::filesystem::path& ScenarioFolder::Path() {
+  if (!path_)
+    path_ = MakeTemporaryFolder();
+  return *path_;
 }
 
 }  // namespace fiscalon

@@ -35,7 +35,7 @@ struct PlayWatcher {
   std::function<void(const std::string& ending)> showEnded = {};
   /// The scenario is over, and what it made is still there: the records, before they go.
   std::function<void(const FoundRecords& found)> ended = {};
-  /// The last that is heard: the folder behind `$TMP`, before it goes.
+  /// The last that is heard: the folder behind `$TMP`, before it goes. Not where no line named it.
   std::function<void(const std::filesystem::path& folder)> folderGoes = {};
 };
 

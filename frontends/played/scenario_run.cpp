@@ -61,7 +61,7 @@ void ScenarioRun::Play() {
     Fail("no error", Ending());
   if (watcher_.ended)
     watcher_.ended(Found());
-  if (watcher_.folderGoes)
+  if (watcher_.folderGoes && folder_.IsMade())
     watcher_.folderGoes(folder_.Path());
 }
 
@@ -225,12 +225,15 @@ void ScenarioRun::Senseless(const std::string& reason) const {
   throw ScenarioError(scenario_.file, current_->number, reason);
 }
 
-Arguments ScenarioRun::WithFolder(Arguments arguments) const {
+Arguments ScenarioRun::WithFolder(Arguments arguments) {
   constexpr std::string_view kFolder = "$TMP";
-  const std::string folder = Utf8Of(folder_.Path());
-  for (std::string& argument : arguments)
-    for (size_t at = argument.find(kFolder); at != std::string::npos; at = argument.find(kFolder, at + folder.size()))
+  for (std::string& argument : arguments) {
+    for (size_t at = argument.find(kFolder); at != std::string::npos;) {
+      const std::string folder = Utf8Of(folder_.Path());
       argument.replace(at, kFolder.size(), folder);
+      at = argument.find(kFolder, at + folder.size());
+    }
+  }
   return arguments;
 }
 

@@ -72,7 +72,7 @@ class ScenarioRun {
   MessageAnswer AnswerBox(const BoxRequest& shown);
   void Notice(SeenThing thing);
   void RefuseUnclaimed() const;
-  Arguments WithFolder(Arguments arguments) const;
+  Arguments WithFolder(Arguments arguments);
 
   const Scenario& scenario_;
   DrivenToolkit& toolkit_;

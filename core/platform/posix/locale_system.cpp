@@ -181,10 +181,9 @@ std::string NameOf(const char* category) {
   return "";
 }
 
-/// The system's locale for a category; nothing where the environment names none that the system has and that defines
-/// a currency.
-std::optional<std::locale> LocaleOf(const char* category) {
-  const std::string name = NameOf(category);
+/// The system's locale of that name; nothing where there is no name, or none that the system has and that defines a
+/// currency.
+std::optional<std::locale> LocaleNamed(const std::string& name) {
   if (name.empty())
     return std::nullopt;
   try {
@@ -201,9 +200,13 @@ std::optional<std::locale> LocaleOf(const char* category) {
 }  // namespace
 
 Locale SystemLocale() {
-  const std::optional<std::locale> numbers = LocaleOf("LC_NUMERIC");
-  const std::optional<std::locale> money = LocaleOf("LC_MONETARY");
-  const std::optional<std::locale> moments = LocaleOf("LC_TIME");
+  const std::string numbersName = NameOf("LC_NUMERIC");
+  const std::string moneyName = NameOf("LC_MONETARY");
+  const std::string momentsName = NameOf("LC_TIME");
+  // Nearly always one name for all, and its files are many.
+  const std::optional<std::locale> numbers = LocaleNamed(numbersName);
+  const std::optional<std::locale> money = moneyName == numbersName ? numbers : LocaleNamed(moneyName);
+  const std::optional<std::locale> moments = momentsName == numbersName ? numbers : LocaleNamed(momentsName);
   Locale locale = EnglishCanada();
   if (!numbers && !money && !moments)
     return locale;
