@@ -1,6 +1,6 @@
 # What `cmake --install` puts in place, by components:
 #   runtime      the shared library
-#   tools        the program, its man pages and its shell completion
+#   tools        the program, its man pages, its shell completion, and the schemas of its JSON
 #   qt           the program's twin, for its commands that show windows
 #   desk         the payment desk, its man page, desktop entry, icon and page for operators
 #   development  headers, libraries to link, CMake packages, pkg-config files
@@ -91,6 +91,9 @@ if(TARGET fiscalon_cli)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder} COMPONENT tools)
   install(FILES ${PROJECT_SOURCE_DIR}/completions/fiscalon.fish
     DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT tools)
+  # What programs send to `fiscalon collect --json` and get from it.
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/tools/fiscalon/schemas
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/fiscalon COMPONENT tools)
   # What F1 of both desks opens belongs to the programs: documents may be left out of an installation.
   fiscalon_install_operators_page(${CMAKE_INSTALL_DATADIR}/fiscalon tools)
 endif()

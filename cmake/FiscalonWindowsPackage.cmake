@@ -11,6 +11,7 @@ set(CPACK_STRIP_FILES ON)
 
 if(TARGET fiscalon_cli)
   install(TARGETS fiscalon_cli RUNTIME DESTINATION .)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/tools/fiscalon/schemas DESTINATION .)
 endif()
 if(TARGET fiscalon_component)
   get_target_property(folder fiscalon_component BINARY_DIR)

@@ -80,6 +80,7 @@ complete -c fiscalon -n '__fiscalon_after write-file play-by-play-enabled' -a 'T
 complete -c fiscalon -n '__fiscalon_after scenario' -a '(__fiscalon_scenarios)'
 complete -c fiscalon -n '__fiscalon_after records report faults good out record gov-filename main-path' -F
 complete -c fiscalon -n '__fiscalon_after only; and test "$(__fiscalon_command)" = show' -a 'T F G P R I'
+complete -c fiscalon -n '__fiscalon_after json; and test "$(__fiscalon_command)" = collect' -F
 complete -c fiscalon -n '__fiscalon_after payments; and test "$(__fiscalon_command)" = show' -F
 # A file for validate, a number for generate.
 complete -c fiscalon -n '__fiscalon_after payments bad; and test "$(__fiscalon_command)" = validate' -F

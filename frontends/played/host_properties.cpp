@@ -12,7 +12,7 @@
 namespace fiscalon {
 namespace {
 
-enum class Type { Text, Boolean, Byte, Float };
+using Type = HostPropertyType;
 
 struct HostProperty {
   std::string_view name = {};
@@ -84,7 +84,8 @@ std::optional<double> NumberFor(Type type, std::string_view value) {
 std::vector<HostPropertyHelp> HostProperties() {
   std::vector<HostPropertyHelp> properties;
   properties.reserve(std::size(kHostProperties));
-  for (const HostProperty& property : kHostProperties) properties.push_back({property.name, property.help});
+  for (const HostProperty& property : kHostProperties)
+    properties.push_back({property.name, property.help, property.type});
   return properties;
 }
 

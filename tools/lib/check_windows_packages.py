@@ -17,7 +17,7 @@ from pathlib import Path
 import notices
 
 # Folders that hold something, whatever it is.
-FOLDERS = ("examples/", "operator-guide/")
+FOLDERS = ("examples/", "operator-guide/", "schemas/")
 FILES = set(
     """CHANGELOG.md LICENSE THIRD-PARTY.txt fiscalon.dll fiscalon.exe fiscalon.manifest fiscalon.tlb fiscalon_component.h
     operator-guide.md windows-guide.md""".split()

@@ -55,6 +55,30 @@ xdotool key End Return
 xdotool key Return
 Ended 0
 
+# What asks by JSON is answered when the form is gone, and by nothing where a signal ends the program.
+cat >"$folder/request.json" <<JSON
+{"screen": "15", "payment": {"CompName": "Summit Levies", "PaidAmount": "12345", "PaidDate": "06152026",
+ "EnterName": "Hélène Côté", "EnterTitle": "Clerk", "SeqNumber": "0001",
+ "GovFilename": "$folder/json.pc4", "WriteFile": true}}
+JSON
+Asked() {
+  "$program" --today 2026-06-15 --locale en-CA collect --json <"$folder/request.json" >"$folder/answer.json" &
+  shown=$!
+  form=$(timeout 30 xdotool search --sync --onlyvisible --pid "$shown" | tail -n 1) || Fail "no form comes up"
+}
+Asked
+Type 202612
+Type 12345
+[[ ! -s "$folder/answer.json" ]] || Fail "an answer comes before the user's: $(<"$folder/answer.json")"
+xdotool key alt+o
+Ended 0
+[[ "$(<"$folder/answer.json")" == '{"result":true,"records":null}' ]] || Fail "the answer is $(<"$folder/answer.json")"
+cmp "$folder/json.pc4" "$folder/keyboard.pc4" || Fail "the records are not those of the same acts"
+Asked
+kill -TERM "$shown"
+Ended 143
+[[ ! -s "$folder/answer.json" ]] || Fail "a program that was ended answers: $(<"$folder/answer.json")"
+
 # RecordedInVain COMMAND PLACE REASON: the session can't be written down, which is said; the payment is collected all the
 # same. What is printed goes to pipes, which no limit holds for.
 RecordedInVain() {

@@ -182,6 +182,7 @@ TEST_P(Completion, OffersFilesWhereTheyBelong) {
   EXPECT_EQ(Offered("fiscalon show a"), file);
   EXPECT_EQ(Offered("fiscalon validate --payments a"), file);
   EXPECT_EQ(Offered("fiscalon validate --report a"), file);
+  EXPECT_EQ(Offered("fiscalon collect --json a"), file);
   for (const char* number : {"generate --payments a", "validate --amount a", "--today a", "play --only a"})
     EXPECT_THAT(Offered("fiscalon " + std::string(number)), IsEmpty()) << number;
 }

@@ -55,3 +55,12 @@ Expect 2 validate --payments 'Ω Côté.csv' --records 'Ω Côté.pc4' --report 
 ExpectLine err $'fiscalon: missing/report.csv can\'t be written: No such file or directory\r'
 Expect 2 validate --payments 'Ω Côté.csv' --records missing.pc4 --report report.csv
 [[ "$(ls -a)" == "$before" ]]
+
+# What asks by JSON is answered in JSON, with the numbers of all hosts.
+echo '{"screen": "99"}' >request.json
+Expect 2 collect --json request.json
+[[ "$(<out)" == '{"error":{"number":-2147221503,"source":"Fiscalon.ShowLevyraScreen",'* ]]
+printf '{"screen": "15",\n "payment": {"PaidAmount": 12345}}' >request.json
+Expect 2 collect --json=request.json
+[[ "$(<out)" == *'"description":"PaidAmount takes a text",'*'"key":"payment.PaidAmount","line":2}}' ]]
+[[ ! -s err ]]
