@@ -1,11 +1,11 @@
 #pragma once
 
+#include <fiscalon/c.h>
+
 #include <cstdint>
 #include <exception>
 #include <string>
 #include <string_view>
-
-#include "include/fiscalon/c.h"
 
 /// How a failure leaves the library: as the last error of the thread. It needs no memory.
 namespace fiscalon::c {

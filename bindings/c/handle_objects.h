@@ -25,16 +25,41 @@ struct Owned {
   std::string text = {};
 };
 
-// clang-format off
-template <> struct HandleOf<fiscalon_record>       { using Object = Shared<PC4>; };
-template <> struct HandleOf<fiscalon_records>      { using Object = Shared<PC4s>; using Member = fiscalon_record; };
-template <> struct HandleOf<fiscalon_gov_format>   { using Object = Shared<clsPC4GovFormat>; };
-template <> struct HandleOf<fiscalon_gov_formats>  { using Object = Shared<clsPC4GovFormats>; using Member = fiscalon_gov_format; };
-template <> struct HandleOf<fiscalon_free_format>  { using Object = Shared<clsPC4FreeFormat>; };
-template <> struct HandleOf<fiscalon_free_formats> { using Object = Shared<clsPC4FreeFormats>; using Member = fiscalon_free_format; };
-template <> struct HandleOf<fiscalon_payment>      { using Object = Owned<Levyra>; };
-template <> struct HandleOf<fiscalon_check>        { using Object = Owned<clsValidateAddInfo>; };
-// clang-format on
+template <>
+struct HandleOf<fiscalon_record> {
+  using Object = Shared<PC4>;
+};
+template <>
+struct HandleOf<fiscalon_records> {
+  using Object = Shared<PC4s>;
+  using Member = fiscalon_record;
+};
+template <>
+struct HandleOf<fiscalon_gov_format> {
+  using Object = Shared<clsPC4GovFormat>;
+};
+template <>
+struct HandleOf<fiscalon_gov_formats> {
+  using Object = Shared<clsPC4GovFormats>;
+  using Member = fiscalon_gov_format;
+};
+template <>
+struct HandleOf<fiscalon_free_format> {
+  using Object = Shared<clsPC4FreeFormat>;
+};
+template <>
+struct HandleOf<fiscalon_free_formats> {
+  using Object = Shared<clsPC4FreeFormats>;
+  using Member = fiscalon_free_format;
+};
+template <>
+struct HandleOf<fiscalon_payment> {
+  using Object = Owned<Levyra>;
+};
+template <>
+struct HandleOf<fiscalon_check> {
+  using Object = Owned<clsValidateAddInfo>;
+};
 
 /// A handle of the host's own to what is shared; NULL for none.
 template <typename Handle, typename Core>

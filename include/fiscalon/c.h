@@ -27,13 +27,14 @@
  * says by itself (`chosen`, `valid`) is 1 or 0.
  *
  * Threads. One call is in the library at a time; another thread's waits for it. While a screen is open on one thread
- * any call of another is FISCALON_ERROR_THREAD, for nobody knows how long its user will take. The thread that installs
- * a front end is the one that shows screens: a show, a front end and a reset from another one are that error too.
- * Batches may run on any number of threads, and beside other calls; what they judge by (locale, clock, a new payment,
- * which asks for the locale) can't be changed meanwhile: FISCALON_ERROR_BUSY.
+ * any call of another is FISCALON_ERROR_THREAD, for nobody knows how long its user will take; but handles may be
+ * destroyed on any thread at any time, and the last error and the code page be asked. The thread that installs a front
+ * end is the one that shows screens: a show, a front end and a reset from another one are that error too. Batches may
+ * run on any number of threads, and beside other calls; what they judge by can't be changed meanwhile, by a locale, a
+ * clock, a new payment (which asks for the locale) or a screen: FISCALON_ERROR_BUSY.
  *
- * A process that was forked goes on, but for what can't: screens on a front end of its parent's
- * (FISCALON_ERROR_FORKED), unless that is the scripted one. */
+ * A process that was forked goes on, but for what can't: screens on a front end of its parent's, unless that is the
+ * scripted one, and all calls where another thread of the parent was in one: FISCALON_ERROR_FORKED. */
 #ifndef FISCALON_C_H
 #define FISCALON_C_H
 
@@ -89,7 +90,7 @@ enum {
   FISCALON_ERROR_FORKED = 1007,       /* not in a child of the process that installed the front end */
   FISCALON_ERROR_FRONT_END = 1008,    /* no such front end, or not installed, or nothing to show forms on */
   FISCALON_ERROR_CALLBACK = 1009,     /* a callback of the host answered that it failed, or gave no sense */
-  FISCALON_ERROR_FORM_CLOSED = 1010,  /* an act on a form that is no longer up */
+  FISCALON_ERROR_FORM_CLOSED = 1010,  /* an act on a form that is no longer up, or a look at it */
   FISCALON_ERROR_BATCH = 1011,        /* files of a batch can't be read or don't line up; no verdict counts */
   FISCALON_ERROR_UNFORESEEN = 1012    /* a defect */
 };
@@ -427,7 +428,8 @@ FISCALON_API int fiscalon_judge_payment(fiscalon_judge* judge, const char* scree
  * forms on the terminal of standard input and output. "scripted": nobody is asked; each form closes as it was hidden
  * (see fiscalon_use_scripted_user). FISCALON_ERROR_FRONT_END says what is missing and which package brings it. */
 FISCALON_API int fiscalon_use_front_end(const char* name);
-/* Why a front end can't be installed here and now, in one line; empty where it can. */
+/* Why a front end can't be installed here and now, in one line; empty where it can. The text lives until the next call
+ * of this function. */
 FISCALON_API int fiscalon_front_end_hindrance(const char* name, const char** reason);
 /* The folder where front ends lie that are loaded on demand; NULL for the usual one: that of the environment variable
  * FISCALON_FRONT_ENDS or else the folder beside the library. In the bytes of the system's paths. */
@@ -488,7 +490,7 @@ typedef struct fiscalon_box {
 /* The host's routines that play the user, called on the thread that shows the screen, with `context`. Each may be NULL.
  * What a routine answers is whether it went well: 0. Anything else ends the show, and the show fails with
  * FISCALON_ERROR_CALLBACK. All that they are given lasts for the call. They may call everything but what takes away
- * what they stand on: the front end, fiscalon_reset, and what is changed for the process (FISCALON_ERROR_BUSY). */
+ * what they stand on, the front end and fiscalon_reset: FISCALON_ERROR_BUSY. */
 typedef struct fiscalon_scripted_user {
   size_t size; /* sizeof(fiscalon_scripted_user), by the host */
   void* context;
@@ -509,7 +511,7 @@ FISCALON_API int fiscalon_use_scripted_user(const fiscalon_scripted_user* user);
 
 /* The form's name, such as "frmDueDateAmount". */
 FISCALON_API int fiscalon_form_get_name(fiscalon_form* form, const char** name);
-/* Whether it is still up: 1 or 0. Acts on one that is not are FISCALON_ERROR_FORM_CLOSED. */
+/* Whether it is still up: 1 or 0. Acts on one that is not, and looks at it, are FISCALON_ERROR_FORM_CLOSED. */
 FISCALON_API int fiscalon_form_is_up(fiscalon_form* form, int32_t* up);
 /* The title of its window. */
 FISCALON_API int fiscalon_form_get_title(fiscalon_form* form, const char** title);

@@ -41,6 +41,11 @@ ROWS = (
     Layer("terminal", "frontends/terminal/", "played core forms platform", of_the_system=True, own_namespace=True),
     # What hosts on Windows create by name: the library, and the forms that it shows there.
     Layer("component", "component/", "win32 validation core records platform", of_the_system=True),
+    # What hosts in C and in other languages load: the library, whose header is of C, and the front ends of its system.
+    Layer("c", "bindings/c/", "scripted played validation core records values forms platform", of_the_system=True),
+    Layer("c_posix", "bindings/c/posix/", "c terminal forms platform", of_the_system=True),
+    Layer("c_windows", "bindings/c/windows/", "c win32 forms platform", of_the_system=True),
+    Layer("c_qt", "bindings/c/qt/", "c qt forms platform"),
     # What a record says, for people.
     Layer("reading", "tools/reading/", "validation core records values platform"),
     # A payment as it is entered at a desk, on whatever that shows it.
@@ -66,13 +71,14 @@ STANDARD = set(
 )
 # What differs between systems lies in folders of one system each. Nothing else calls a system, takes from such a folder,
 # or asks which system it is on: CMake takes the right one.
-POSIX_FOLDERS = ("core/platform/posix/", "tools/fiscalon/posix/", "tools/fiscalon/files/posix/")
+POSIX_FOLDERS = ("core/platform/posix/", "tools/fiscalon/posix/", "tools/fiscalon/files/posix/", "bindings/c/posix/")
 WINDOWS_FOLDERS = (
     "core/platform/windows/",
     "tools/fiscalon/windows/",
     "tools/fiscalon/files/windows/",
     "frontends/win32/",
     "component/",
+    "bindings/c/windows/",
 )
 POSIX = re.compile(r"(sys/\w+|dirent|fcntl|langinfo|unistd)\.h")
 WINDOWS = re.compile(r"(sys/\w+|fcntl|io|windows)\.h")
