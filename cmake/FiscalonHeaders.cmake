@@ -8,8 +8,9 @@ set(FISCALON_PROMISED_HEADERS
 if(FISCALON_QT)
   list(APPEND FISCALON_PROMISED_HEADERS include/fiscalon/qt.h)
 endif()
-
-if(NOT WIN32)
+if(WIN32)
+  list(APPEND FISCALON_PROMISED_HEADERS include/fiscalon/win32.h)
+else()
   list(APPEND FISCALON_PROMISED_HEADERS include/fiscalon/terminal.h)
 endif()
 

@@ -1,5 +1,6 @@
 # The ZIP for Windows, and beside it the SHA-256 of its bytes: the program, and the component with its type library, its
-# header, its manifest, its guide and its examples, all in one folder. `cpack --preset windows` makes it.
+# header, its manifest, its guide and its examples, all in one folder, and below it what hosts in C++ link.
+# `cpack --preset windows` makes it.
 set(architecture x86_64)
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   set(architecture x86)
@@ -8,6 +9,7 @@ set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_FILE_NAME fiscalon-${PROJECT_VERSION}-windows-${architecture})
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/SignWindowsFiles.cmake)
 
 if(TARGET fiscalon_cli)
   install(TARGETS fiscalon_cli RUNTIME DESTINATION .)
@@ -18,8 +20,9 @@ if(TARGET fiscalon_component)
   install(TARGETS fiscalon_component RUNTIME DESTINATION .)
   install(FILES ${folder}/fiscalon.tlb ${folder}/fiscalon.manifest ${folder}/fiscalon_component.h DESTINATION .)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/windows-guide.md DESTINATION .)
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/windows/ DESTINATION examples PATTERN CMakeLists.txt EXCLUDE)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/windows/ DESTINATION examples)
 endif()
+include(${CMAKE_CURRENT_LIST_DIR}/FiscalonDevelopment.cmake)
 set(binaries)
 foreach(target IN ITEMS fiscalon_cli fiscalon_component)
   if(TARGET ${target})

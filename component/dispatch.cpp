@@ -29,10 +29,24 @@ void SayRefused(HRESULT refused) noexcept {
   }
 }
 
+bool PutsAnObject(const DISPPARAMS& arguments) {
+  if (arguments.cArgs == 0)
+    return false;
+  const VARIANT* value = &arguments.rgvarg[0];
+  if (value->vt == (VT_BYREF | VT_VARIANT))
+    value = value->pvarVal;
+  return (value->vt & ~VT_BYREF) == VT_DISPATCH;
+}
+
 /// A script that makes a statement of a member, or an enumerator of a collection, asks for a method, whether it is one
-/// or a property. Not the other way round: whoever looks at a property must not set a method off.
+/// or a property. Not the other way round: whoever looks at a property must not set a method off. And many a language
+/// puts an object as it puts a value, where it is set by reference.
 WORD FlagsOf(const MemberCall& call) {
-  return (call.flags & DISPATCH_METHOD) != 0 ? call.flags | DISPATCH_PROPERTYGET : call.flags;
+  if ((call.flags & DISPATCH_METHOD) != 0)
+    return call.flags | DISPATCH_PROPERTYGET;
+  if ((call.flags & DISPATCH_PROPERTYPUT) != 0 && PutsAnObject(*call.arguments))
+    return call.flags | DISPATCH_PROPERTYPUTREF;
+  return call.flags;
 }
 
 void Forget(EXCEPINFO& exception) {

@@ -10,7 +10,8 @@ readonly component=$1 host=$2 fillForm=$3
 folder=$(mktemp -d)
 cd "$folder"
 cp "$component/fiscalon.dll" "$component/fiscalon.manifest" .
-cp "$root"/examples/windows/{payment.vbs,payment.exe.manifest,batch.csv,batch.pc4} "$root"/tests/component/{every_member.vbs,collections.js} .
+cp "$root"/examples/windows/{payment.vbs,payment.js,payment.exe.manifest,batch.csv,batch.pc4} .
+cp "$root"/tests/component/{every_member.vbs,collections.js} .
 cp "$host" payment.exe
 cp "$fillForm" fill_form.exe
 End() {
@@ -58,7 +59,7 @@ batch=(
   "0002: invalid: Field 01 Amount of Payment is not equal to amount to be paid, Field 03 Gross Payroll in Remitting \
 Period cannot have decimal value or invalid"
   '0003: invalid: Invalid or not supported Screen Type')
-readonly unknown batch
+readonly batch
 
 # UseHost NAME COMMAND...: all that the two example hosts do alike. The name is that of who enters, in the code page.
 UseHost() {
@@ -87,6 +88,12 @@ UseHost 'Ann Walker' cscript //nologo payment.vbs
 # There is no such drive.
 Expect 2 fill_form.exe "$typed" '&OK' cscript //nologo payment.vbs 15 'Q:\records.pc4'
 ExpectLines 'Error 76 from Fiscalon.ShowLevyraScreen: Path not found'
+# JScript does not tell where an error comes from.
+unknown='Error -2147221503: Invalid Screen Type' UseHost 'Ann Walker' cscript //nologo payment.js
+Expect 2 fill_form.exe "$typed" '&OK' cscript //nologo payment.js 15 'Q:\records.pc4'
+ExpectLines 'Error 76: Path not found'
+Expect 0 fill_form.exe "$typed" '&OK' cscript //nologo payment.js 15
+ExpectLines "${period}Ann Walker$(blanks 20)Clerk$(blanks 85)" "$amounts"
 Expect 0 cscript //nologo every_member.vbs "$(winepath -w .)"
 ExpectLines '197 looked at, 0 wrong'
 echo 'WScript.Echo TypeName(CreateObject("Fiscalon.Levyra")) & TypeName(CreateObject("Fiscalon.Levyra.1"))' >names.vbs

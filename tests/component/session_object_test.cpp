@@ -325,6 +325,18 @@ TEST_F(SessionTest, AnObjectOfSomebodyElsesIsAMismatch) {
   EXPECT_EQ(foreign.references, 1U);
 }
 
+/// Hosts of many languages put an object as they put a value.
+TEST_F(SessionTest, AnObjectIsSetByReferenceHoweverItIsPut) {
+  const Reference<_Levyra> session = NewSession();
+  const Reference<_PC4s> own = NewRecords();
+  EXPECT_EQ(Put(session.Get(), L"PC4Records", own.Get(), DISPATCH_PROPERTYPUT).code, S_OK);
+  Reference<_PC4s> records;
+  ASSERT_EQ(session->get_PC4Records(records.Place()), S_OK);
+  EXPECT_EQ(records.Get(), own.Get());
+  EXPECT_EQ(Put(session.Get(), L"PC4Records", session.Get(), DISPATCH_PROPERTYPUT).code, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(Put(session.Get(), L"PC4Records", L"text", DISPATCH_PROPERTYPUT).code, DISP_E_MEMBERNOTFOUND);
+}
+
 TEST_F(SessionTest, OutlivesAHostThatLetsGoWhileTheFormIsUp) {
   ShownSession host;
   _Levyra* const session = host.session.Detach();

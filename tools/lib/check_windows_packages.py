@@ -17,10 +17,11 @@ from pathlib import Path
 import notices
 
 # Folders that hold something, whatever it is.
-FOLDERS = ("examples/", "operator-guide/", "schemas/")
+FOLDERS = ("examples/", "include/fiscalon/", "lib/cmake/fiscalon/", "operator-guide/", "schemas/")
 FILES = set(
     """CHANGELOG.md LICENSE THIRD-PARTY.txt fiscalon.dll fiscalon.exe fiscalon.manifest fiscalon.tlb fiscalon_component.h
-    operator-guide.md windows-guide.md""".split()
+    lib/fiscalon/common_controls.o lib/libfiscalon.a lib/libfiscalon_win32.a lib/pkgconfig/fiscalon-win32.pc
+    lib/pkgconfig/fiscalon.pc operator-guide.md windows-guide.md""".split()
 )
 EXPORTS = {"DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer", "DllUnregisterServer"}
 # What every Windows has.

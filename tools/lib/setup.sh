@@ -39,6 +39,8 @@ windows | wine | runs what was compiled for Windows
 windows | wine64 | the 64-bit kind of it
 windows | wixl | makes installer packages for Windows
 windows | msitools | looks into them
+windows | osslsigncode | signs what is packed for Windows, in a test
+windows | openssl | makes the certificate of that test
 check | clang-tidy         | lint
 check | cppcheck           | lint
 check | shellcheck         | lint of the shell scripts

@@ -13,7 +13,8 @@ sys.dont_write_bytecode = True
 import check_windows_packages  # noqa: E402
 
 FOLDER = "fiscalon-1.2.3-windows-x86"
-SOUND = {name: b"" for name in check_windows_packages.FILES} | {"examples/host.vbs": b"", "operator-guide/form.png": b"", "schemas/a.json": b""}
+SOUND = {name: b"" for name in check_windows_packages.FILES}
+SOUND |= {f"{folder}file": b"" for folder in check_windows_packages.FOLDERS}
 
 PROGRAM = "file format pei-i386\n\tDLL Name: KERNEL32.dll\n\tDLL Name: msvcrt.dll\n"
 LIBRARY = (

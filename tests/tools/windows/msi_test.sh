@@ -1,16 +1,17 @@
 #!/usr/bin/env bash
-# The installer packages as administrators and users meet them: msi_test.sh BUILD_FOLDER KEYS_PROGRAM
+# The installer packages as administrators and users meet them: msi_test.sh ZIP_FOLDER KEYS_PROGRAM
 # What they register is what the component registers itself, and nothing is left of what is removed.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../../.." && pwd)
 # shellcheck source=tools/lib/wine.sh
 source "$root/tools/lib/wine.sh"
 
-readonly build=$1 keys=$2
+readonly packages=$1 keys=$2
 folder=$(mktemp -d)
 cd "$folder"
-cpack --config "$build/CPackConfig.cmake" -G ZIP -B "$folder" >packed
-zip=$(basename "$(ls ./*-windows-x86_64.zip)")
+cp "$packages"/*-windows-x86_64.zip .
+zip=$(echo ./*.zip)
+zip=${zip#./}
 name=${zip%.zip}
 readonly zip name newer=fiscalon-99.0.0-windows-x86_64
 "$root/tools/lib/make_msi.py" --keys "$keys" "$zip" >made
