@@ -79,6 +79,7 @@ WINDOWS_FOLDERS = (
     "frontends/win32/",
     "component/",
     "bindings/c/windows/",
+    "include/fiscalon/win32.h",
 )
 POSIX = re.compile(r"(sys/\w+|dirent|fcntl|langinfo|unistd)\.h")
 WINDOWS = re.compile(r"(sys/\w+|fcntl|io|windows)\.h")
