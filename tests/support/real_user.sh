@@ -22,8 +22,9 @@ CleanUp() {
 }
 trap CleanUp EXIT
 
-# Otherwise the server begins anew when its last client leaves, and refuses whoever comes at that moment.
-Xvfb -displayfd 3 -screen 0 "${screen:-1280x1024x24}" -nolisten tcp -noreset 3>"$folder/display" 2>"$folder/server.log" &
+# Otherwise the server begins anew when its last client leaves, and refuses whoever comes at that moment; and a key that
+# is let go late, on a busy machine, would repeat itself.
+Xvfb -displayfd 3 -screen 0 "${screen:-1280x1024x24}" -nolisten tcp -noreset -r 3>"$folder/display" 2>"$folder/server.log" &
 server=$!
 for _ in $(seq 100); do
   [[ -s "$folder/display" ]] && break

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # A user who neither sees nor points: an assistive program fills in forms by the accessibility bus, and the host gets
 # the records that the scenarios of these screens expect.
-#   assistive_program_test.sh PROGRAM [DESK]
+#   assistive_program_test.sh TOLD_FORMS PROGRAM [DESK]
 # Exit status 77: skipped, for want of Xvfb, xdotool, the bus or its bindings for Python.
 set -euo pipefail
 here=$(dirname "${BASH_SOURCE[0]}")
@@ -23,5 +23,9 @@ source "$here/../../support/real_user.sh"
 # Qt goes on the bus without a desktop that asks for it. Whatever happens, the session ends.
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 unset DBUS_SESSION_BUS_ADDRESS AT_SPI_BUS_ADDRESS
-timeout --kill-after 5 110 dbus-run-session -- "$python" -W ignore::DeprecationWarning "$here/assistive_program.py" \
-  "$folder" "$here/../../scenarios" "$@"
+Assists() {
+  timeout --kill-after 5 110 dbus-run-session -- "$python" -W ignore::DeprecationWarning -B "$here/$1" \
+    "$here/../../scenarios" "${@:2}"
+}
+Assists assistive_forms.py "$@"
+Assists assistive_program.py "$@"
