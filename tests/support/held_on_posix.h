@@ -1,0 +1,33 @@
+#pragma once
+
+#include <malloc.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "tests/support/shown_again.h"
+
+namespace fiscalon {
+
+inline Held HeldNow() {
+  const auto entriesOf = [](const char* folder) {
+    return static_cast<size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
+  };
+  size_t pages = 0;
+  size_t resident = 0;
+  std::ifstream("/proc/self/statm") >> pages >> resident;
+  return {{"file descriptors", entriesOf("/proc/self/fd")},
+          {"threads", entriesOf("/proc/self/task")},
+          {"bytes allocated", ::mallinfo2().uordblks},
+          {"resident bytes", resident * static_cast<size_t>(::sysconf(_SC_PAGESIZE))}};
+}
+
+/// Allocators, and caches behind them, settle late: a leak of one small allocation at each show is more than this.
+inline Held AllowedMore() {
+  const size_t perShow = 16;
+  return {{"bytes allocated", 20'000 + perShow * static_cast<size_t>(TimesShownAgain())}, {"resident bytes", 4 << 20U}};
+}
+
+}  // namespace fiscalon
