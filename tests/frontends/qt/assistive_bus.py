@@ -54,11 +54,15 @@ class Told:
     KINDS = ("object:property-change:accessible-name", "object:property-change:accessible-description",
              "object:state-changed:showing")
 
-    def __init__(self):
+    def __init__(self, shown):
         self.events = []
         self.listener = Atspi.EventListener.new(self.hear)
         for kind in self.KINDS:
             self.listener.register(kind)
+        # A program tells what somebody listens to, once it has heard so from the desktop.
+        for node in (Atspi.get_desktop(0), shown.top):
+            node.clear_cache()
+            node.get_child_count()
 
     def hear(self, event):
         # What is gone by now is of no interest.

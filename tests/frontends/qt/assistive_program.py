@@ -26,7 +26,7 @@ def refused_month():
         refused = "Please correct this entry: For the period from (MM)"
         month = form.find("text", "For the period from")
         for _ in range(2):
-            with Told() as told:
+            with Told(form) as told:
                 type_key(TAB)
                 form.find("notification", refused)
                 until("the entry does not say that it is refused", lambda: description_of(month) == refused)
@@ -93,7 +93,7 @@ def payment_desk():
     if not desk:
         return
     cancelled = "Cancelled. Nothing was written."
-    with Shown(*desk) as window, Told() as told:
+    with Shown(*desk) as window, Told(window) as told:
         window.press("Show the screen")
         window.press("Cancel")
         window.find("notification", cancelled)
