@@ -65,7 +65,8 @@ endif()
 # For whoever uses what is installed. What is for work on the project names its sources, and stays with them.
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documents)
-install(FILES ${PROJECT_SOURCE_DIR}/docs/host-guide.md ${PROJECT_SOURCE_DIR}/docs/batch-guide.md
+file(GLOB host_guides CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/host-guide*.md)
+install(FILES ${host_guides} ${PROJECT_SOURCE_DIR}/docs/batch-guide.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT documents)
 fiscalon_install_operators_page(${CMAKE_INSTALL_DOCDIR}/docs documents)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/screens DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT documents)

@@ -92,6 +92,39 @@ class Guides(unittest.TestCase):
                 self.assertTrue(len(line) <= 120 or re.match(r"\||<|    ", line), f"{page.relative_to(TREE)}: {line}")
 
 
+class HostGuide(unittest.TestCase):
+    """A page for what all languages share, and a page for each."""
+
+    ENTRY = TREE / "docs/host-guide.md"
+    PAGES = sorted((TREE / "docs").glob("host-guide-*.md"))
+
+    @staticmethod
+    def chapters(page):
+        return re.findall(r"(?m)^## (.*)$", FENCE.sub("", page.read_text(encoding="utf-8")))
+
+    def test_has_the_same_chapters_for_every_language(self):
+        wanted = self.chapters(self.PAGES[0])
+        self.assertGreater(len(wanted), 10)
+        for page in self.PAGES:
+            self.assertEqual(self.chapters(page), wanted, page.name)
+        # What is the same for all stands in those of the entry, in the order of the pages.
+        shared = [chapter for chapter in self.chapters(self.ENTRY) if chapter in wanted]
+        self.assertEqual(shared, wanted[1:], "Bring it in is the languages' own")
+
+    def test_leads_to_every_language(self):
+        text = self.ENTRY.read_text(encoding="utf-8")
+        for page in self.PAGES:
+            self.assertIn(f"]({page.name})", text)
+
+    def test_tells_every_error_that_hosts_meet(self):
+        errors = (TREE / "core/platform/runtime_error.h").read_text(encoding="utf-8")
+        numbers = re.findall(r"k\w+ = (\d+);", errors)
+        self.assertGreater(len(numbers), 10)
+        told = self.ENTRY.read_text(encoding="utf-8")
+        for number in numbers:
+            self.assertRegex(told, rf"\b{number}\b")
+
+
 class AScreen(unittest.TestCase):
     """The list of what a screen touches, at the end of its guide, is true of each, and complete."""
 

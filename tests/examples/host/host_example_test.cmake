@@ -87,9 +87,9 @@ endfunction()
 build(${SOURCE_DIR}/examples/host host)
 expect_records(${WORK_DIR}/host/host)
 
-# The listings of the host guide, word for word.
+# The listings of the host guide's page for C++, word for word.
 set(guide ${WORK_DIR}/guide)
-run(python3 ${CMAKE_CURRENT_LIST_DIR}/listings.py ${SOURCE_DIR}/docs/host-guide.md ${guide})
+run(python3 ${CMAKE_CURRENT_LIST_DIR}/listings.py ${SOURCE_DIR}/docs/host-guide-cpp.md ${guide})
 build(${guide}/host guide_host)
 expect_records(${WORK_DIR}/guide_host/host)
 # Those whose project is the first one's but for the name.

@@ -9,11 +9,12 @@ from pathlib import Path
 
 guide, folder = Path(sys.argv[1]), Path(sys.argv[2])
 text = guide.read_text(encoding="utf-8")
-unnamed = re.findall(r"^```(?:cpp|cmake)\n", text, re.M)
+languages = "c|cmake|cpp|csharp|json|python"
+unnamed = re.findall(rf"^```(?:{languages})\n", text, re.M)
 if unnamed:
     sys.exit(f"{guide}: {len(unnamed)} listings name no file, so nobody would build them")
 files = {}
-for name, listing in re.findall(r"^```(?:cpp|cmake) (\S+)\n(.*?)^```$", text, re.M | re.S):
+for name, listing in re.findall(rf"^```(?:{languages}) (\S+)\n(.*?)^```$", text, re.M | re.S):
     files[name] = files.get(name, "") + listing
 for name, listing in files.items():
     place = folder / name

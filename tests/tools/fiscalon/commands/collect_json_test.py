@@ -246,6 +246,21 @@ class Requests(unittest.TestCase):
         self.assertEqual(ended.stderr, b"fiscalon: standard output can't be written: No space left on device\n")
 
 
+class Guide(unittest.TestCase):
+    def test_shows_what_is_sent_and_answered(self):
+        guide = (SCHEMAS.parents[2] / "docs/host-guide.md").read_text(encoding="utf-8")
+        request, answers = re.findall(r"(?ms)^```json (?:request|answer)\.json\n(.*?)^```$", guide)
+        REQUEST.validate(json.loads(request))
+        self.assertIn(error_of(request.encode())["description"], NOBODY)
+        shown = []
+        while answers.strip():
+            answer, end = json.JSONDecoder().raw_decode(answers.lstrip())
+            answers = answers.lstrip()[end:]
+            ANSWER.validate(answer)
+            shown.append(answer.get("result", "error"))
+        self.assertEqual(shown, [True, False, "error"])
+
+
 class Answers(unittest.TestCase):
     def test_have_the_records(self):
         out, err, status = fill({"screen": "15", "payment": PAYMENT})
