@@ -1,6 +1,7 @@
 # The ZIP for Windows, and beside it the SHA-256 of its bytes: the program, and the component with its type library, its
 # header, its manifest, its guide and its examples, all in one folder, and below it what hosts in C++ link.
 # `cpack --preset windows` makes it.
+include(${CMAKE_CURRENT_LIST_DIR}/FiscalonNotices.cmake)
 set(architecture x86_64)
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   set(architecture x86)
@@ -10,6 +11,12 @@ set(CPACK_PACKAGE_FILE_NAME fiscalon-${PROJECT_VERSION}-windows-${architecture})
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/SignWindowsFiles.cmake)
+# The order of files and their times are those of the folder that was packed.
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/EvenZip.cmake @ONLY CONTENT
+  "execute_process(COMMAND @Python3_EXECUTABLE@ @PROJECT_SOURCE_DIR@/tools/lib/even_zip.py \${CPACK_PACKAGE_FILES}
+  COMMAND_ERROR_IS_FATAL ANY)
+")
+set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_BINARY_DIR}/EvenZip.cmake)
 
 if(TARGET fiscalon_cli)
   install(TARGETS fiscalon_cli RUNTIME DESTINATION .)
@@ -29,7 +36,6 @@ foreach(target IN ITEMS fiscalon_cli fiscalon_component)
     list(APPEND binaries $<TARGET_FILE:${target}>)
   endif()
 endforeach()
-include(${CMAKE_CURRENT_LIST_DIR}/FiscalonNotices.cmake)
 fiscalon_notices(${PROJECT_BINARY_DIR}/THIRD-PARTY.txt Unspecified ${binaries})
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_BINARY_DIR}/THIRD-PARTY.txt
   DESTINATION .)
