@@ -9,7 +9,8 @@ endif()
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_FILE_NAME fiscalon-${PROJECT_VERSION}-windows-${architecture})
 set(CPACK_PACKAGE_CHECKSUM SHA256)
-set(CPACK_STRIP_FILES ON)
+# The linker strips, and not the tool for it, which would write the time down.
+set(CPACK_STRIP_FILES OFF)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/SignWindowsFiles.cmake)
 # The order of files and their times are those of the folder that was packed.
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/EvenZip.cmake @ONLY CONTENT

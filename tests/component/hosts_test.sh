@@ -79,6 +79,12 @@ UseHost() {
   ExpectLines "${batch[@]}"
 }
 
+# Installers look for the first of these names in the library's resources, users for the others.
+tr -d '\0' <fiscalon.dll >narrow
+for word in OLESelfRegister CompanyName LegalCopyright; do
+  grep -qaF "$word" narrow || { echo "no $word in the library" && exit 1; }
+done
+
 # At its first use Wine's script host registers a library of its own.
 echo 'WScript.Quit 0' >first.vbs
 Expect 0 cscript //nologo first.vbs

@@ -28,6 +28,7 @@ WINE = Path(__file__).with_name("wine.sh")
 # has installed before.
 NAMESPACE = uuid.UUID("3cb67beb-b85f-4415-b417-fd5493cdd5b1")
 LIBRARY = "fiscalon.dll"
+VERSION_RESOURCE = "VS_VERSION_INFO".encode("utf-16-le")
 
 
 class Architecture(NamedTuple):
@@ -124,11 +125,16 @@ def add_values(component, package, values):
         add(component, "RegistryValue", **attributes)
 
 
+def identifier_of(inside):
+    """Of a file or a folder, by its path in the package; that of the library is a name, for rows to refer to."""
+    return inside if inside == LIBRARY else "x" + uuid.uuid5(NAMESPACE, inside).hex
+
+
 def add_files(parent, feature, package, folder, files, values):
     """The files of a folder and those below it, each a component of its own, as upgrades want it."""
     for path in sorted(folder.iterdir()):
         inside = path.relative_to(files).as_posix()
-        name = inside if inside == LIBRARY else "x" + uuid.uuid5(NAMESPACE, inside).hex
+        name = identifier_of(inside)
         if path.is_dir():
             add_files(add(parent, "Directory", Id=name, Name=path.name), feature, package, path, files, values)
             continue
@@ -187,9 +193,11 @@ def make(package, files, values, made):
         source.write_text(source_of(package, files, values), encoding="utf-8")
         part = Path(folder, made.name)
         run("wixl", "--arch", package.architecture.name, "--output", part, source, cwd=files)
-        # Without its version the library would be taken for older than any on the machine, and left out of an upgrade.
-        run("msibuild", part, "-q", f"UPDATE `File` SET `Version` = '{package.version}.0', `Language` = '4105' "
-            f"WHERE `File` = '{LIBRARY}'")  # fmt: skip
+        # Without its version a file would be taken for older than any on the machine, and left out of an upgrade.
+        for file in files.iterdir():
+            if file.is_file() and VERSION_RESOURCE in file.read_bytes():
+                run("msibuild", part, "-q", f"UPDATE `File` SET `Version` = '{package.version}.0', `Language` = '4105' "
+                    f"WHERE `File` = '{identifier_of(file.name)}'")  # fmt: skip
         if os.environ.get("FISCALON_SIGN"):
             run(*shlex.split(os.environ["FISCALON_SIGN"]), part)
         shutil.copyfile(part, made)

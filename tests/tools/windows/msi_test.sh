@@ -76,6 +76,16 @@ UseComponent() {
 }
 
 WineSettings
+# The installer compares versions of files, and tells who may not install for all users why. (Wine asks nobody.)
+version=${name#fiscalon-}
+version=${version%%-*}.0
+[[ "$(msiinfo export "$name.msi" File | cut -f 3,5 | grep "$version" | sort | tr '\t\n' '  ')" == \
+  "fiscalon.dll $version fiscalon.exe $version " ]]
+msiinfo export "$name.msi" LaunchCondition >conditions
+grep -q $'^Privileged\tOnly an administrator' conditions
+msiinfo export "$name-user.msi" LaunchCondition >conditions
+grep -q Privileged conditions && exit 1
+
 # At its first use Wine's script host registers a library of its own.
 echo 'WScript.Quit 0' >first.vbs
 Expect 0 cscript //nologo first.vbs
