@@ -5,6 +5,7 @@
 #include "core/forms/laid_out.h"
 #include "core/forms/list_control.h"
 #include "core/platform/code_page.h"
+#include "core/screen.h"
 
 /// What a played user does at a form, and sees of it.
 namespace fiscalon::c {
@@ -94,6 +95,10 @@ int fiscalon_form_get_name(fiscalon_form* form, const char** name) {
 }
 int fiscalon_form_is_up(fiscalon_form* form, int32_t* up) {
   return AnswerAt(up, [&] { return Of(form)->form.IsUp() ? 1 : 0; });
+}
+int fiscalon_form_get_chosen(fiscalon_form* form, int32_t* chosen) {
+  return AnswerAt(
+      chosen, [&] { return static_cast<const fiscalon::Screen&>(Of(form)->form).Chosen() == fiscalon::kTrue ? 1 : 0; });
 }
 int fiscalon_form_get_title(fiscalon_form* form, const char** title) {
   return GetSeen(form, title, [](FormUser& played) { return played.user.Title(); });

@@ -8,10 +8,11 @@ namespace fiscalon::c {
 
 namespace {
 
-// Large enough that calls cost next to nothing, and small enough for what is near to the processor.
-constexpr size_t kMostVerdicts = 256;
-constexpr size_t kMostFaults = 1024;
-constexpr size_t kTexts = 64 * 1024;
+// A call into another language costs microseconds, and what is handed to another thread there tens of them. More would
+// not stay near to the processor.
+constexpr size_t kMostVerdicts = 4096;
+constexpr size_t kMostFaults = 4096;
+constexpr size_t kTexts = 512 * 1024;
 
 /// A character of the code page has three bytes at most, and a zero stands behind each text.
 size_t RoomForText(std::string_view text) {
@@ -21,7 +22,7 @@ size_t RoomForText(std::string_view text) {
 }  // namespace
 
 size_t Verdicts::RoomFor(const Told& told) {
-  size_t room = 0;
+  size_t room = 1;
   for (const std::string_view text : {told.seq, told.screen, told.reason, told.lines}) room += RoomForText(text);
   for (const Fault& fault : told.faults)
     for (const std::string_view text : {std::string_view(fault.field), fault.name, std::string_view(fault.value),
@@ -61,6 +62,7 @@ void Verdicts::Add(const Told& told) {
                        .value = Keep(fault.value),
                        .code = Keep(fault.code),
                        .message = Keep(fault.message)});
+  const fiscalon_text lines = told.lines.empty() ? fiscalon_text{.data = "", .size = 0} : Keep(told.lines);
   verdicts_.push_back({.size = sizeof(fiscalon_verdict),
                        .row = told.row,
                        .line = told.line,
@@ -69,9 +71,10 @@ void Verdicts::Add(const Told& told) {
                        .seq = Keep(told.seq),
                        .screen = Keep(told.screen),
                        .reason = Keep(told.reason),
-                       .lines = Keep(told.lines),
+                       .lines = lines,
                        .faults = told.faults.empty() ? nullptr : faults_.data() + firstFault,
                        .fault_count = told.faults.size()});
+  texts_ += '\n';
 }
 
 void Verdicts::Clear() {

@@ -392,7 +392,9 @@ typedef struct fiscalon_batch {
   /* Called one after the other, from whatever thread is at it, with `context`. Each may be NULL. What is not 0 ends the
    * batch: FISCALON_ERROR_CALLBACK. All that a callback is given lasts for the call. */
   void* context;
-  /* Verdicts in the order of the batch, many at a time. */
+  /* Verdicts in the order of the batch, thousands at a time. Their texts lie in one piece, so that a host may take them
+   * all at once: sequence number, screen and reason of each, each with its zero, and a line feed behind each reason's.
+   * Where lines or faults are told, theirs stand ahead of them. */
   int (*on_verdicts)(void* context, const fiscalon_verdict* verdicts, size_t count);
   /* Every few thousand payments. */
   int (*on_progress)(void* context, const fiscalon_batch_counts* so_far);
@@ -513,6 +515,9 @@ FISCALON_API int fiscalon_use_scripted_user(const fiscalon_scripted_user* user);
 FISCALON_API int fiscalon_form_get_name(fiscalon_form* form, const char** name);
 /* Whether it is still up: 1 or 0. Acts on one that is not, and looks at it, are FISCALON_ERROR_FORM_CLOSED. */
 FISCALON_API int fiscalon_form_is_up(fiscalon_form* form, int32_t* up);
+/* Whether it counts as accepted by now (`Chosen`), 1 or 0; the show's result will tell the same. Also when it is no
+ * longer up. */
+FISCALON_API int fiscalon_form_get_chosen(fiscalon_form* form, int32_t* chosen);
 /* The title of its window. */
 FISCALON_API int fiscalon_form_get_title(fiscalon_form* form, const char** title);
 /* The name of the control that has the focus; empty where none has. */
