@@ -17,9 +17,12 @@ endfunction()
 # The prefix is found from where the file itself lies, so that an installed tree can be moved.
 file(RELATIVE_PATH FISCALON_PREFIX_FROM_PKGCONFIG
   ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+# fiscalon_install_pkgconfig(NAME [COMPONENT])
 function(fiscalon_install_pkgconfig name)
+  set(component ${ARGN} development)
+  list(GET component 0 component)
   configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
-  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${FISCALON_PKGCONFIG_DIR} COMPONENT development)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${FISCALON_PKGCONFIG_DIR} COMPONENT ${component})
 endfunction()
 
 install(DIRECTORY ${PROJECT_BINARY_DIR}/headers/fiscalon/ DESTINATION ${FISCALON_HEADER_DIR} COMPONENT development)

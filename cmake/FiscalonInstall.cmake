@@ -4,8 +4,12 @@
 #   qt           the program's twin, for its commands that show windows
 #   desk         the payment desk, its man page, desktop entry, icon and page for operators
 #   development  headers, libraries to link, CMake packages, pkg-config files
+#   c            the library for hosts in C and other languages
+#   c_qt         its front end with windows of Qt, which it loads when it is asked for
+#   c_development its header, the library to link, a CMake package and a pkg-config file
 #   documents    LICENSE, CHANGELOG, guides for users, pictures of the screens, examples
 include(${CMAKE_CURRENT_LIST_DIR}/FiscalonDevelopment.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/FiscalonC.cmake)
 
 # fiscalon_install_man(COMPONENT page...): distributions want the pages compressed.
 function(fiscalon_install_man component)

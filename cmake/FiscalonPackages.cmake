@@ -13,7 +13,7 @@ set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
-set(CPACK_COMPONENTS_ALL runtime tools qt desk development documents)
+set(CPACK_COMPONENTS_ALL runtime tools qt desk c c_qt c_development development documents)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # The programs need this version of the library, which says so itself; what else they need is read from them.
@@ -62,11 +62,19 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_SHLIBDEPS OFF)
 file(CONFIGURE OUTPUT ${papers}/triggers CONTENT "activate-noawait ldconfig\n")
 file(CONFIGURE OUTPUT ${papers}/shlibs @ONLY CONTENT "libfiscalon @interface@ @library@ (>= @PROJECT_VERSION@)\n")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${papers}/triggers ${papers}/shlibs)
+set(CPACK_DEBIAN_C_PACKAGE_SHLIBDEPS OFF)
+file(CONFIGURE OUTPUT ${papers}/c/shlibs @ONLY CONTENT "libfiscalon-c 1 libfiscalon-c1 (>= @PROJECT_VERSION@)\n")
+set(CPACK_DEBIAN_C_PACKAGE_CONTROL_EXTRA ${papers}/triggers ${papers}/c/shlibs)
 file(CONFIGURE OUTPUT ${papers}/control @ONLY CONTENT "Source: fiscalon\n\nPackage: @library@\nArchitecture: any\n")
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/LibraryNeeds.cmake @ONLY CONTENT [[
-execute_process(COMMAND dpkg-shlibdeps -O "@PROJECT_BINARY_DIR@/libfiscalon.so.@PROJECT_VERSION@"
-  WORKING_DIRECTORY "@PROJECT_BINARY_DIR@" OUTPUT_VARIABLE needs COMMAND_ERROR_IS_FATAL ANY)
-string(REGEX REPLACE "^shlibs:Depends=([^\n]*).*" "\\1" CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS "${needs}")
+function(needs_of library place)
+  execute_process(COMMAND dpkg-shlibdeps -O ${library}
+    WORKING_DIRECTORY "@PROJECT_BINARY_DIR@" OUTPUT_VARIABLE needs COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX REPLACE "^shlibs:Depends=([^\n]*).*" "\\1" needs "${needs}")
+  set(${place} "${needs}" PARENT_SCOPE)
+endfunction()
+needs_of("@PROJECT_BINARY_DIR@/libfiscalon.so.@PROJECT_VERSION@" CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS)
+needs_of("@PROJECT_BINARY_DIR@/bindings/c/libfiscalon-c.so.1" CPACK_DEBIAN_C_PACKAGE_DEPENDS)
 ]])
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/LibraryNeeds.cmake)
 
@@ -98,8 +106,27 @@ and the records that they hand back, taken apart."
 fiscalon_desk)
 set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same_library}, fiscalon-tools")
 
+# Of the C interface, whose promise the library's version does not touch.
+set(same_c_library "libfiscalon-c1 (>= ${PROJECT_VERSION}), libfiscalon-c1 (<< ${interface}.${next_patch}~)")
+fiscalon_package(c c libfiscalon-c1 libs "details of government remittances for programs in any language"
+"Forms that ask for what a remittance to a Canadian authority needs beside the
+payment, and the check of such records, by an interface in C that stays the
+same. This is the library that programs load.")
+set(CPACK_DEBIAN_C_PACKAGE_SUGGESTS libfiscalon-c-qt)
+fiscalon_package(c_qt c_qt libfiscalon-c-qt libs "windows of Qt for the details of government remittances"
+"What libfiscalon-c1 needs to show its forms in windows. It is loaded when a
+program asks for the front end qt.")
+set(CPACK_DEBIAN_C_QT_PACKAGE_DEPENDS "${same_c_library}")
+fiscalon_package(c_development c_development libfiscalon-c-dev libdevel
+"header for programs in C that show forms of remittances"
+"The header, a CMake package and a pkg-config file for programs in C, and in
+languages that call C, that show forms of government remittances.")
+set(CPACK_DEBIAN_C_DEVELOPMENT_PACKAGE_DEPENDS "${same_c_library}")
+set(CPACK_DEBIAN_C_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_C_DEVELOPMENT_PACKAGE_SUGGESTS libfiscalon-c-qt)
+
 include(CPack)
-foreach(group IN ITEMS library development tools qt desk)
+foreach(group IN ITEMS library development tools qt desk c c_qt c_development)
   cpack_add_component_group(${group})
 endforeach()
 cpack_add_component(runtime GROUP library)
@@ -108,3 +135,6 @@ cpack_add_component(documents GROUP development)
 cpack_add_component(tools GROUP tools)
 cpack_add_component(qt GROUP qt)
 cpack_add_component(desk GROUP desk)
+cpack_add_component(c GROUP c)
+cpack_add_component(c_qt GROUP c_qt)
+cpack_add_component(c_development GROUP c_development)

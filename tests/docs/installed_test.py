@@ -29,7 +29,7 @@ class InstalledDocuments(unittest.TestCase):
     @unittest.skipUnless(BUILD, "there is no build tree to install from")
     def test_lead_only_to_what_is_installed(self):
         with tempfile.TemporaryDirectory() as prefix:
-            for component in ("documents", "development"):
+            for component in ("documents", "development", "c_development"):
                 command = ["cmake", "--install", BUILD, "--component", component, "--prefix", prefix]
                 subprocess.run(command, check=True, capture_output=True)
             documents = [folder.parent for folder in Path(prefix).rglob("docs")]

@@ -378,9 +378,12 @@ static int OnForm(void* context, fiscalon_form* form) {
     CLAIM(control.kind == FISCALON_CONTROL_TEXT_FIELD && Is(control.text, "12345"));
   }
   OK(fiscalon_form_click(form, "cmdOK"));
+  FAILS(91, fiscalon_form_get_chosen(NULL, &number));
   OK(fiscalon_form_is_up(form, &number));
   if (number == 1)
     OK(fiscalon_form_click(form, "cmdCancel"));
+  OK(fiscalon_form_get_chosen(form, &number));
+  CLAIM(number == (Is(played->year_end, "202612") ? 1 : 0));
   FAILS(1010, fiscalon_form_click(form, "cmdOK"));
   FAILS(1010, fiscalon_form_control_of(form, "cmdOK", &control));
   FAILS(1010, fiscalon_form_get_title(form, &text));
