@@ -1,7 +1,7 @@
 #include "validation/batch.h"
 
-#include <limits>
-#include <optional>
+#include <algorithm>
+#include <memory>
 #include <thread>
 
 #include "bindings/c/answer.h"

@@ -1,6 +1,8 @@
 #include "bindings/c/turn.h"
 
-#include <condition_variable>
+#include <atomic>
+#include <chrono>
+#include <mutex>
 #include <thread>
 
 #include "bindings/c/failure.h"
@@ -10,14 +12,18 @@ namespace fiscalon::c {
 
 namespace {
 
+/// Whether it is a thread's turn, perhaps already. It is not while another one shows a screen.
+enum class Came { InTurn, Within, Never };
+
 struct TurnState {
+  /// Held by the call whose turn it is, and all that time.
+  std::timed_mutex turn = {};
+  std::atomic<std::thread::id> thread = {};
+  std::atomic<int> screens = 0;
+  std::atomic<int> batches = 0;
   std::mutex lock = {};
-  std::condition_variable changed = {};
-  std::thread::id thread = {};
-  int calls = 0;
-  int screens = 0;
-  int batches = 0;
   int forks = 0;
+  Came forkCame = Came::Never;
   /// In a child: what another thread of the parent was at will never end here.
   bool isLost = false;
 };
@@ -28,21 +34,49 @@ TurnState& State() {
   return state;
 }
 
+Came WaitForTurn(TurnState& state) {
+  constexpr std::chrono::milliseconds kUntilALook(1);
+  const std::thread::id me = std::this_thread::get_id();
+  if (state.thread.load(std::memory_order_relaxed) == me)
+    return Came::Within;
+  while (!state.turn.try_lock() && !state.turn.try_lock_for(kUntilALook))
+    if (state.screens > 0)
+      return Came::Never;
+  state.thread.store(me, std::memory_order_relaxed);
+  return Came::InTurn;
+}
+
+void EndTurn(TurnState& state) {
+  state.thread.store(std::thread::id(), std::memory_order_relaxed);
+  state.turn.unlock();
+}
+
+/// A fork waits for the calls of other threads, but for a screen.
 void BeforeFork() {
-  State().lock.lock();
+  TurnState& state = State();
+  const Came came = WaitForTurn(state);
+  state.lock.lock();
+  state.forkCame = came;
+}
+
+void AfterFork(TurnState& state) {
+  const Came came = state.forkCame;
+  state.lock.unlock();
+  if (came == Came::InTurn)
+    EndTurn(state);
 }
 
 void AfterForkInParent() {
-  State().lock.unlock();
+  AfterFork(State());
 }
 
 void AfterForkInChild() {
   TurnState& state = State();
   ++state.forks;
-  state.isLost = state.isLost || (state.calls > 0 && state.thread != std::this_thread::get_id());
+  state.isLost = state.isLost || state.forkCame == Came::Never;
   // The threads of a batch have stayed in the parent, and so has whoever waits for them.
   state.batches = 0;
-  state.lock.unlock();
+  AfterFork(state);
 }
 
 /// The first call of the process sees to it that all later ones know of forks.
@@ -56,66 +90,48 @@ void WatchForks() {
 Turn::Turn() {
   WatchForks();
   TurnState& state = State();
-  const std::thread::id me = std::this_thread::get_id();
-  std::unique_lock lock(state.lock);
   if (state.isLost)
     Fail(FISCALON_ERROR_FORKED,
-         "This process was forked while another thread of its parent was in the library, which can't be used here.");
-  state.changed.wait(lock, [&] { return state.calls == 0 || state.thread == me || state.screens > 0; });
-  if (state.calls > 0 && state.thread != me)
+         "This process was forked while another thread of its parent showed a screen. The library can't be used here.");
+  const Came came = WaitForTurn(state);
+  if (came == Came::Never)
     Fail(FISCALON_ERROR_THREAD,
          "A screen is open on another thread of this program. Call again when it is closed, or from that thread.");
-  state.thread = me;
-  ++state.calls;
+  endsHere_ = came == Came::InTurn;
 }
 
 Turn::~Turn() {
-  TurnState& state = State();
-  const std::lock_guard lock(state.lock);
-  --state.calls;
-  if (state.calls == 0)
-    state.changed.notify_one();
+  if (endsHere_)
+    EndTurn(State());
 }
 
 ScreenTurn::ScreenTurn() {
   TurnState& state = State();
-  const std::lock_guard lock(state.lock);
   if (state.batches > 0)
     Fail(FISCALON_ERROR_BUSY, "No screen can be shown while a batch is being judged.");
   ++state.screens;
-  state.changed.notify_all();
 }
 
 ScreenTurn::~ScreenTurn() {
-  TurnState& state = State();
-  const std::lock_guard lock(state.lock);
-  --state.screens;
+  --State().screens;
 }
 
 BatchTurn::BatchTurn() {
   const Turn turn;
-  TurnState& state = State();
-  const std::lock_guard lock(state.lock);
-  ++state.batches;
+  ++State().batches;
 }
 
 BatchTurn::~BatchTurn() {
-  TurnState& state = State();
-  const std::lock_guard lock(state.lock);
-  --state.batches;
+  --State().batches;
 }
 
 void ExpectNoBatch() {
-  TurnState& state = State();
-  const std::lock_guard lock(state.lock);
-  if (state.batches > 0)
+  if (State().batches > 0)
     Fail(FISCALON_ERROR_BUSY, "A batch is being judged by what this would change.");
 }
 
 void ExpectNoScreen() {
-  TurnState& state = State();
-  const std::lock_guard lock(state.lock);
-  if (state.screens > 0)
+  if (State().screens > 0)
     Fail(FISCALON_ERROR_BUSY, "A screen is open, which stands on what this would take away.");
 }
 

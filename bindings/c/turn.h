@@ -12,6 +12,9 @@ class Turn {
   ~Turn();
   Turn(const Turn&) = delete;
   Turn& operator=(const Turn&) = delete;
+
+ private:
+  bool endsHere_ = false;
 };
 
 /// Says that the turn's thread shows a screen. Throws FISCALON_ERROR_BUSY while a batch is being judged.
@@ -37,7 +40,7 @@ class BatchTurn {
 void ExpectNoBatch();
 void ExpectNoScreen();
 
-/// What all that is shared is looked at under, for a moment each time. A fork waits for it.
+/// What is looked at beside turns is looked at under this, for a moment each time. A fork waits for it.
 std::mutex& TheLock();
 
 /// How often this process has come out of a fork.
