@@ -30,16 +30,21 @@ The Function Table
 """
 )
 
+LIBRARY_OF_C = PROGRAM + "[Ordinal/Name Pointer] Table\n"
+LIBRARY_OF_C += "".join(f"\t[   0] {name}\n" for name in check_windows_packages.EXPORTS["fiscalon-c.dll"]) + "\nThe Function Table\n"
+
 
 class CheckWindowsPackages(unittest.TestCase):
     def offences_of(self, files, name=f"{FOLDER}.zip", checksum=None, library=LIBRARY):
         # What the tool for object files tells stands in for the library and the program.
-        check_windows_packages.headers_of = lambda bytes_: library if bytes_ == b"library" else PROGRAM
+        told = {b"library": library, b"library of C": LIBRARY_OF_C}
+        check_windows_packages.headers_of = lambda bytes_: told.get(bytes_, PROGRAM)
+        libraries = {"fiscalon.dll": b"library", "fiscalon-c.dll": b"library of C"}
         with tempfile.TemporaryDirectory() as folder:
             path = Path(folder) / name
             with zipfile.ZipFile(path, "w") as package:
                 for inside, bytes_ in files.items():
-                    package.writestr(f"{FOLDER}/{inside}", b"library" if inside == "fiscalon.dll" else bytes_)
+                    package.writestr(f"{FOLDER}/{inside}", libraries.get(inside, bytes_))
             right = hashlib.sha256(path.read_bytes()).hexdigest()
             Path(f"{path}.sha256").write_text(f"{checksum or right}  {name}\n")
             return list(check_windows_packages.offences_of(path))
