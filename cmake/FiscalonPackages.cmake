@@ -111,11 +111,13 @@ set(same_c_library "libfiscalon-c1 (>= ${PROJECT_VERSION}), libfiscalon-c1 (<< $
 fiscalon_package(c c libfiscalon-c1 libs "details of government remittances for programs in any language"
 "Forms that ask for what a remittance to a Canadian authority needs beside the
 payment, and the check of such records, by an interface in C that stays the
-same. This is the library that programs load.")
+same. This is the library that programs load."
+fiscalon_c)
 set(CPACK_DEBIAN_C_PACKAGE_SUGGESTS libfiscalon-c-qt)
 fiscalon_package(c_qt c_qt libfiscalon-c-qt libs "windows of Qt for the details of government remittances"
 "What libfiscalon-c1 needs to show its forms in windows. It is loaded when a
-program asks for the front end qt.")
+program asks for the front end qt."
+fiscalon_c_qt)
 set(CPACK_DEBIAN_C_QT_PACKAGE_DEPENDS "${same_c_library}")
 fiscalon_package(c_development c_development libfiscalon-c-dev libdevel
 "header for programs in C that show forms of remittances"

@@ -48,6 +48,16 @@ void Keep(int32_t number, std::string_view source, std::string_view description)
   ++last.failures;
 }
 
+/// A line for each problem. Files have the names that the host gave them, in the bytes of the system's paths.
+std::string TextOf(const BatchError& error) {
+  std::string text;
+  for (const BatchProblem& problem : error.Problems()) {
+    text += text.empty() ? "" : "\n";
+    text += BatchProblem{.file = problem.file, .line = problem.line, .reason = ToUtf8(problem.reason)}.Text();
+  }
+  return text;
+}
+
 void KeepCurrent(std::string_view source) {
   try {
     throw;
@@ -56,7 +66,7 @@ void KeepCurrent(std::string_view source) {
   } catch (const Failure& error) {
     Keep(error.Number(), source, error.what());
   } catch (const BatchError& error) {
-    Keep(FISCALON_ERROR_BATCH, source, ToUtf8(error.what()));
+    Keep(FISCALON_ERROR_BATCH, source, TextOf(error));
   } catch (const std::bad_alloc&) {
     Keep(FISCALON_ERROR_OUT_OF_MEMORY, source, "Out of memory");
   } catch (const FormMisuse& error) {

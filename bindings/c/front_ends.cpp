@@ -38,7 +38,9 @@ void ExpectOwnThread() {
          "The front end was installed on another thread of this program. Show screens, and change it, on that thread.");
 }
 
-const NamedFrontEnd& FrontEndNamed(std::string_view name) {
+const NamedFrontEnd& FrontEndNamed(const char* utf8) {
+  static_cast<void>(FromHost(utf8));
+  const std::string_view name = utf8;
   static constexpr NamedFrontEnd kScriptedOne = {
       kScripted, [] { return std::string(); },
       []() -> std::unique_ptr<Toolkit> { return std::make_unique<ScriptedToolkit>(); }};
@@ -104,7 +106,7 @@ int fiscalon_use_front_end(const char* name) {
     ExpectOwnThread();
     if (name == nullptr)
       return InstallFrontEnd("", nullptr);
-    const NamedFrontEnd& frontEnd = FrontEndNamed(FromHost(name));
+    const NamedFrontEnd& frontEnd = FrontEndNamed(name);
     // Some are one of a kind, and are there already.
     if (Now().toolkit && Now().name == frontEnd.name && frontEnd.name != kScripted && !IsOfTheParent(Now()))
       return;
@@ -114,7 +116,7 @@ int fiscalon_use_front_end(const char* name) {
 
 int fiscalon_front_end_hindrance(const char* name, const char** reason) {
   return AnswerAt(reason, [&] {
-    const NamedFrontEnd& frontEnd = FrontEndNamed(FromHost(name));
+    const NamedFrontEnd& frontEnd = FrontEndNamed(name);
     try {
       Now().hindrance = frontEnd.hindrance();
     } catch (const Failure& failure) {

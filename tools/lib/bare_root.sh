@@ -57,6 +57,9 @@ for host in host qt_host; do
   cmake --build "$host"
 done
 ./host/host
+apt-get -qy install --no-install-recommends ./libfiscalon-c1_*.deb ./libfiscalon-c-dev_*.deb
+gcc -std=c99 /usr/share/doc/libfiscalon-dev/examples/c_host/main.c $(pkg-config --cflags --libs fiscalon-c) -o in-c
+./in-c
 g++ -std=c++20 /usr/share/doc/libfiscalon-dev/examples/host/main.cpp $(pkg-config --cflags --libs fiscalon) -o by-pkgconf
 ./by-pkgconf
 

@@ -16,7 +16,7 @@ std::unique_ptr<fiscalon::Toolkit> Make() {
 }  // namespace
 
 extern "C" {
-// The library knows it by its declaration's struct and by this name.
+// The library looks for it by this name.
 extern const fiscalon::c::FrontEndModule fiscalon_front_end_module;
 const fiscalon::c::FrontEndModule fiscalon_front_end_module = {
     .version = FISCALON_VERSION, .frontEnd = {.name = "qt", .hindrance = Hindrance, .make = Make}};
