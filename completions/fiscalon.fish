@@ -32,7 +32,8 @@ function __fiscalon_options
             print name "\t" text
         }'
     if test -n "$command"
-        printf '%s\n' --today\t'The day that the run takes for today' --locale\t'How numbers, money and moments are written'
+        printf '%s\n' --today\t'The day that the run takes for today' --locale\t'How numbers, money and moments are written' \
+            --language\t'The language of forms; English without it'
     end
 end
 
@@ -73,6 +74,7 @@ complete -c fiscalon -n '__fiscalon_operand_of play' -a '(__fiscalon_scenarios)'
 complete -c fiscalon -n '__fiscalon_operand_of show validate' -F
 
 complete -c fiscalon -n '__fiscalon_after locale' -a 'en-CA en-US fr-CA system'
+complete -c fiscalon -n '__fiscalon_after language' -a 'en fr'
 complete -c fiscalon -n '__fiscalon_after toolkit' -a '(__fiscalon_front_ends)'
 complete -c fiscalon -n '__fiscalon_after screen; and test "$(__fiscalon_command)" = show' -a '(__fiscalon_screens)'
 complete -c fiscalon -n '__fiscalon_after screen; and test "$(__fiscalon_command)" != show' -a '(__fiscalon_screens --judged)'

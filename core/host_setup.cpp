@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "core/forms/form.h"
 #include "core/module_to_change.h"
@@ -29,6 +30,18 @@ void UseLocale(std::string_view name) {
     Raise(error_number::kInvalidProcedureCall);
   UseLocale(*locale);
   ModuleToChange().localeIsFixed = name != kSystemLocaleName;
+}
+
+void UseLanguage(const Language& language) {
+  ModuleToChange().language = language;
+}
+
+void UseLanguage(std::string_view name) {
+  const std::optional<Language> language = NamedLanguage(name);
+  if (!language)
+    throw RuntimeError(error_number::kInvalidProcedureCall,
+                       "There are no forms in the language \"" + std::string(name) + "\".");
+  UseLanguage(*language);
 }
 
 void ResetModule() {

@@ -5,6 +5,7 @@
 #include "core/forms/toolkit.h"
 #include "core/platform/date.h"
 #include "core/platform/locale.h"
+#include "core/wording/language.h"
 
 /// What a host sets once, for all objects of the process.
 namespace fiscalon {
@@ -21,8 +22,15 @@ void UseFixedClock(const DateTime& now);
 void UseLocale(const Locale& locale);
 void UseLocale(std::string_view name);
 
-/// Puts the library back to how it is when it has just been loaded: the system's clock and locale, no toolkit, no form
-/// made, no logs. Objects of the host keep their properties and can be used on.
+/// Has forms and boxes be shown in that language, until `ResetModule`; a form that is up keeps its own. By its name
+/// "en", which is how it is without this call, or "fr". Error 5 for another name, which its description tells. Only
+/// what the user reads changes: properties, records, logs and errors stay in English, and numbers and dates go by the
+/// locale.
+void UseLanguage(const Language& language);
+void UseLanguage(std::string_view name);
+
+/// Puts the library back to how it is when it has just been loaded: the system's clock and locale, forms in English, no
+/// toolkit, no form made, no logs. Objects of the host keep their properties and can be used on.
 void ResetModule();
 
 }  // namespace fiscalon

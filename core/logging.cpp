@@ -54,8 +54,8 @@ void ShowError(int32_t number, std::string_view description, std::string_view pr
   WritePlayByPlay("BULK - ShowError");
   const std::string numberText = std::to_string(number);
   if (silent == Silent::No) {
-    ShowMessage("The following error: '" + std::string(description) + " (Error " + numberText +
-                    ")' occurred in procedure '" + std::string(procedure) + "'.",
+    ShowMessage(Filled("The following error: '{1} (Error {2})' occurred in procedure '{3}'.", description,
+                       AsGiven(numberText), AsGiven(std::string(procedure))),
                 MessageStyle::Critical);
   }
   const ModuleState& module = TheModule();

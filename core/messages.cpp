@@ -1,22 +1,29 @@
 #include "core/messages.h"
 
-#include <string>
-
 #include "core/forms/form.h"
 #include "core/module_state.h"
 
 namespace fiscalon {
 
-MessageAnswer ShowMessage(const BoxRequest& box) {
+MessageAnswer ShowMessage(const Message& message) {
   Toolkit& toolkit = TheToolkit();
-  for (const auto& [name, form] : TheModule().forms)
-    if (form->IsUp())
-      form->UserWasTold();
-  return toolkit.ShowMessage(box);
+  Language language = TheModule().language;
+  for (const auto& [name, form] : TheModule().forms) {
+    if (!form->IsUp())
+      continue;
+    form->UserWasTold();
+    language = form->ShownIn();
+  }
+  return toolkit.ShowMessage({.text = message.text.In(language),
+                              .style = message.style,
+                              .buttons = message.buttons,
+                              .defaultButton = message.defaultButton,
+                              .title = message.title.In(language),
+                              .language = language});
 }
 
-MessageAnswer ShowMessage(std::string_view text, MessageStyle style) {
-  return ShowMessage({.text = std::string(text), .style = style});
+MessageAnswer ShowMessage(const Wording& text, MessageStyle style) {
+  return ShowMessage(Message{.text = text, .style = style});
 }
 
 }  // namespace fiscalon

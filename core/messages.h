@@ -1,15 +1,25 @@
 #pragma once
 
-#include <string_view>
-
 #include "core/forms/toolkit.h"
+#include "core/wording/wording.h"
 
 /// How screens and routines tell the user something.
 namespace fiscalon {
 
-/// Shows a message box and returns its answer. Forms that are up know by it that their user was told something.
-MessageAnswer ShowMessage(const BoxRequest& box);
+/// A message box before it is put into words.
+struct Message {
+  Wording text = {};
+  MessageStyle style = MessageStyle::Plain;
+  MessageButtons buttons = MessageButtons::Ok;
+  DefaultButton defaultButton = DefaultButton::First;
+  /// Empty: the host application's own name is shown.
+  Wording title = {};
+};
+
+/// Shows a message box and returns its answer. Forms that are up know by it that their user was told something, and
+/// the box has their language.
+MessageAnswer ShowMessage(const Message& message);
 /// The same for a box without a title.
-MessageAnswer ShowMessage(std::string_view text, MessageStyle style);
+MessageAnswer ShowMessage(const Wording& text, MessageStyle style);
 
 }  // namespace fiscalon

@@ -11,6 +11,7 @@
 #include "core/platform/clock.h"
 #include "core/platform/files.h"
 #include "core/platform/locale.h"
+#include "core/wording/language.h"
 
 namespace fiscalon {
 
@@ -24,6 +25,8 @@ struct ModuleState {
   /// As the system had it when it was last asked, or as the host has fixed it.
   Locale locale = SystemLocale();
   bool localeIsFixed = false;
+  /// Of the forms that are shown from now on.
+  Language language = {};
   /// Not owned: the host keeps its front end alive while it shows screens.
   Toolkit* toolkit = nullptr;
 

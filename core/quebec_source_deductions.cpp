@@ -37,7 +37,7 @@ bool IsValidRemittancePeriodQueRevSrcDeduct(std::string_view period, [[maybe_unu
     if (!valid && batch == Batch::Yes)
       message = kRemittancePeriodMessage;
     else if (!valid)
-      ShowMessage(std::string(kRemittancePeriodMessage) + ".", MessageStyle::Critical);
+      ShowMessage(Filled("{1}.", kRemittancePeriodMessage), MessageStyle::Critical);
   } catch (const RuntimeError& error) {
     Report(error, "modLevyra.IsValidRemittancePeriodQueRevSrcDeduct", batch);
     if (batch == Batch::Yes)

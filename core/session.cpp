@@ -37,7 +37,7 @@ bool Show(const LaunchRow& row, Levyra& host, Screen& screen, Toolkit& toolkit) 
   for (const LaunchProperty& property : row.properties) property.set(host, row.code, screen);
   if (row.beforeShow != nullptr)
     row.beforeShow(screen);
-  screen.ShowModal(toolkit);
+  screen.ShowModal(toolkit, TheModule().language);
   const bool chosen = screen.Chosen() == kTrue;
   // A file takes the records only with WriteFile exactly True, so any other value hands over the collection.
   if (chosen && host.WriteFile() != kTrue)

@@ -94,8 +94,9 @@ int16_t YearIsNotCurrent(std::string_view text, std::string_view label) {
   if (text.substr(0, 4) == std::to_string(Today().year))
     return kFalse;
   const MessageAnswer answer =
-      ShowMessage({.text = "The year for " + std::string(label) +
-                           " entered does not correspond to the current year.\r\nAre you sure you want to use it?",
+      ShowMessage({.text = Filled("The year for {1} entered does not correspond to the current year.\r\n"
+                                  "Are you sure you want to use it?",
+                                  label),
                    .style = MessageStyle::Exclamation,
                    .buttons = MessageButtons::YesNo,
                    .title = "Date Warning"});

@@ -13,11 +13,11 @@ class AnyButton : public Captioned {
  public:
   using ArrayEvents = ButtonHandlers<int>;
 
-  int AccessKey() const override { return fiscalon::AccessKey(Caption()); }
-  std::string PlainCaption() const override { return WithoutAccessMarks(Caption()); }
+  int AccessKey() const override { return fiscalon::AccessKey(ShownCaption()); }
+  std::string PlainCaption() const override { return WithoutAccessMarks(ShownCaption()); }
 
  protected:
-  AnyButton(fiscalon::Form& form, ControlKind kind, std::string name, std::string caption, const CommonDesign& design,
+  AnyButton(fiscalon::Form& form, ControlKind kind, std::string name, Wording caption, const CommonDesign& design,
             ButtonEvents events)
       : Captioned(form, kind, std::move(name), std::move(caption), design, CommonEvents::Of(events)),
         click_(std::move(events.click)) {}

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/forms/form.h"
+
 namespace fiscalon {
 
 void Captioned::Reset(PassKey<fiscalon::Form> key) {
@@ -9,12 +11,16 @@ void Captioned::Reset(PassKey<fiscalon::Form> key) {
   caption_ = designedCaption_;
 }
 
-std::string Captioned::Caption() const {
+const Wording& Captioned::WordedCaption() const {
   Touch();
   return caption_;
 }
 
-void Captioned::Caption(std::string caption) {
+std::string Captioned::ShownCaption() const {
+  return WordedCaption().In(Owner().ShownIn());
+}
+
+void Captioned::Caption(Wording caption) {
   Touch();
   caption_ = std::move(caption);
   Changed();

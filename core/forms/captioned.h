@@ -10,25 +10,31 @@ namespace fiscalon {
 /// What the controls that show a caption share.
 class Captioned : public Control {
  public:
-  std::string Caption() const;
-  void Caption(std::string caption);
+  /// In English, for comparisons.
+  std::string Caption() const { return WordedCaption().English(); }
+  void Caption(Wording caption);
+  /// With its words in each language, for texts that name the control.
+  const Wording& WordedCaption() const;
   /// That with which it begins whenever the form loads. Asking for it does not load the form.
-  const std::string& DesignedCaption() const { return designedCaption_; }
-  /// The caption as it reads, without the mark of an access key.
-  virtual std::string PlainCaption() const { return Caption(); }
+  const Wording& DesignedCaption() const { return designedCaption_; }
+
+  /// The caption in the language of the form.
+  std::string ShownCaption() const;
+  /// The same as it reads, without the mark of an access key.
+  virtual std::string PlainCaption() const { return ShownCaption(); }
 
   std::string ValueInComparisons() const override { return Caption(); }
 
   void Reset(PassKey<fiscalon::Form> key) override;
 
  protected:
-  Captioned(fiscalon::Form& form, ControlKind kind, std::string name, std::string caption, const CommonDesign& design,
+  Captioned(fiscalon::Form& form, ControlKind kind, std::string name, Wording caption, const CommonDesign& design,
             CommonEvents events)
       : Control(form, kind, std::move(name), design, std::move(events)), designedCaption_(std::move(caption)) {}
 
  private:
-  std::string designedCaption_;
-  std::string caption_;
+  Wording designedCaption_;
+  Wording caption_;
 };
 
 }  // namespace fiscalon

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include "core/wording/wording.h"
 
 namespace fiscalon {
 
@@ -15,7 +15,7 @@ enum class Alignment { Left, Right };
 // options of its kind and no others.
 
 struct LabelDesign {
-  std::string caption = {};
+  Wording caption = {};
   Alignment alignment = Alignment::Left;
   bool enabled = true;
   bool visible = true;
@@ -27,7 +27,7 @@ struct LabelDesign {
 
 /// Frames lie on the form itself: none has a frame around it.
 struct FrameDesign {
-  std::string caption = {};
+  Wording caption = {};
   bool enabled = true;
   bool visible = true;
 };
@@ -50,7 +50,7 @@ struct FieldDesign {
 
 struct ButtonDesign {
   /// A "&" marks the access key.
-  std::string caption = {};
+  Wording caption = {};
   int tabIndex = kNoTabIndex;
   bool tabStop = true;
   bool enabled = true;
@@ -62,7 +62,7 @@ struct ButtonDesign {
 
 /// A check box or an option button.
 struct ToggleDesign {
-  std::string caption = {};
+  Wording caption = {};
   int tabIndex = kNoTabIndex;
   /// Ticked, or the option that is on. At most one option of a group is.
   bool value = false;

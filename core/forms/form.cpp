@@ -8,14 +8,14 @@
 
 namespace fiscalon {
 
-std::string Form::Caption() {
+const Wording& Form::WordedCaption() {
   Load();
   return caption_;
 }
 
-void Form::Caption(std::string_view caption) {
+void Form::Caption(Wording caption) {
   Load();
-  caption_ = caption;
+  caption_ = std::move(caption);
   if (observer_ != nullptr && IsUp())
     observer_->CaptionChanged();
 }
@@ -77,9 +77,10 @@ void Form::RefuseSecondShow() const {
     Raise(error_number::kAlreadyShown);
 }
 
-void Form::ShowModal(Toolkit& toolkit) {
+void Form::ShowModal(Toolkit& toolkit, const Language& language) {
   RefuseSecondShow();
   const ScopedValue showing(showing_, true);
+  language_ = language;
   try {
     toolkit.Opening(*this);
     Load();

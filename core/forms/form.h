@@ -14,6 +14,7 @@
 #include "core/forms/pass_key.h"
 #include "core/forms/toolkit.h"
 #include "core/forms/user_acts.h"
+#include "core/wording/wording.h"
 
 namespace fiscalon {
 
@@ -22,20 +23,23 @@ namespace fiscalon {
 /// The user's acts come in through `Acts`. docs/architecture.md tells the order of events.
 class Form {
  public:
-  Form(std::string_view name, std::string_view caption) : name_(name), designedCaption_(caption) {}
+  Form(std::string_view name, Wording caption) : name_(name), designedCaption_(std::move(caption)) {}
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
   virtual ~Form() = default;
 
   const std::string& Name() const { return name_; }
 
-  /// The title of the form's window.
-  std::string Caption();
-  void Caption(std::string_view caption);
+  /// The title of the form's window, in English.
+  std::string Caption() { return WordedCaption().English(); }
+  void Caption(Wording caption);
+  const Wording& WordedCaption();
+  /// The same in the language of the form.
+  std::string ShownCaption() { return WordedCaption().In(language_); }
 
   virtual const Layout& FormLayout() const = 0;
   /// The title of the form's message boxes; empty for the name of the host application.
-  virtual std::string BoxTitle() const { return {}; }
+  virtual Wording BoxTitle() const { return {}; }
   const std::vector<Control*>& Controls() const { return controls_; }
   /// The control of that name, or null. For scenarios and front ends; handlers use the members.
   Control* FindControl(std::string_view name) const;
@@ -47,9 +51,11 @@ class Form {
   void Load();
   /// Error 400 while the form is being shown. Whoever sets a form up for a show asks before anything of it changes.
   void RefuseSecondShow() const;
-  /// Shows the form and serves the user until it hides or unloads. Throws what left a handler: a form that was
-  /// loaded then stays so. Error 400 while it is being shown.
-  void ShowModal(Toolkit& toolkit);
+  /// Shows the form in a language and serves the user until it hides or unloads. Throws what left a handler: a form
+  /// that was loaded then stays so. Error 400 while it is being shown.
+  void ShowModal(Toolkit& toolkit, const Language& language = {});
+  /// The language of the present show or, between shows, of the last one.
+  const Language& ShownIn() const { return language_; }
   /// Drops pending events and ends the modal show; the controls keep their state.
   void Hide();
   /// Destroys the controls' state; own fields of a form stay. Does nothing on an unloaded form.
@@ -134,8 +140,9 @@ class Form {
   void Fail(std::exception_ptr failure);
 
   std::string name_;
-  std::string designedCaption_;
-  std::string caption_;
+  Wording designedCaption_;
+  Wording caption_;
+  Language language_;
   std::vector<Control*> controls_;
   Phase phase_ = Phase::Unloaded;
   EventQueue queue_;

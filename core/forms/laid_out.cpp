@@ -11,9 +11,12 @@
 namespace fiscalon {
 namespace {
 
+/// The one that ends no line among them.
+constexpr std::string_view kBlanks = " \xA0";
+
 std::string WithoutBlanksAround(const std::string& text) {
-  const size_t first = text.find_first_not_of(' ');
-  return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(' ') + 1 - first);
+  const size_t first = text.find_first_not_of(kBlanks);
+  return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
 }
 
 /// The caption as it reads.
@@ -109,8 +112,13 @@ bool AreTold(const std::vector<NamedField>& fields, Text&& apartBy) {
   return texts.size() == fields.size();
 }
 
+std::string NameAndNumber(const std::string& name, size_t number, size_t fields, const Language& language) {
+  const auto digits = [](size_t value) { return AsGiven(std::to_string(value)); };
+  return Filled("{1}, {2} of {3}", AsGiven(name), digits(number), digits(fields)).In(language);
+}
+
 /// Fields that would have one name are told apart by what stands around them; where that is the same too, by number.
-void TellApart(const std::vector<NamedField>& fields) {
+void TellApart(const std::vector<NamedField>& fields, const Language& language) {
   for (size_t i = 0; i < fields.front().around.size(); ++i) {
     if (!AreTold(fields, [i](const NamedField& field) { return field.around[i]; }))
       continue;
@@ -126,10 +134,10 @@ void TellApart(const std::vector<NamedField>& fields) {
     return;
   }
   for (size_t i = 0; i < fields.size(); ++i)
-    fields[i].cell->name += ", " + std::to_string(i + 1) + " of " + std::to_string(fields.size());
+    fields[i].cell->name = NameAndNumber(fields[i].cell->name, i + 1, fields.size(), language);
 }
 
-void TellApart(std::vector<LaidOutGroup>& groups) {
+void TellApart(std::vector<LaidOutGroup>& groups, const Language& language) {
   std::map<std::string, std::vector<NamedField>> named;
   for (LaidOutGroup& group : groups)
     for (LaidOutRow& row : group.rows)
@@ -139,7 +147,7 @@ void TellApart(std::vector<LaidOutGroup>& groups) {
               {&cell, {WithoutColon(CaptionOf(row.front().caption)), WithoutColon(CaptionOf(group.heading))}});
   for (const auto& [name, fields] : named)
     if (fields.size() > 1)
-      TellApart(fields);
+      TellApart(fields, language);
 }
 
 void RefuseFrameWithin(const Form& form, const Frame* outer, const Control* inner) {
@@ -181,7 +189,7 @@ std::vector<LaidOutGroup> LaidOut(const Form& form) {
     LaidOutGroup& last = groups.emplace_back(GroupOf(forgotten));
     last.frame = nullptr;
   }
-  TellApart(groups);
+  TellApart(groups, form.ShownIn());
   return groups;
 }
 
@@ -203,7 +211,9 @@ std::string StatusOf(const Form& form) {
   if (waiting == nullptr)
     return {};
   const std::string name = NameOf(*waiting, form);
-  return "Please correct this entry" + (name.empty() ? std::string(".") : ": " + name);
+  const Wording status =
+      name.empty() ? Wording("Please correct this entry.") : Filled("Please correct this entry: {1}", AsGiven(name));
+  return status.In(form.ShownIn());
 }
 
 }  // namespace fiscalon

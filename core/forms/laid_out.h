@@ -41,8 +41,8 @@ struct LaidOutGroup {
   std::vector<LaidOutRow> rows = {};
 };
 
-/// The groups of a form, with captions as they read now. Controls that the layout forgets stand in a group at the end.
-/// Throws `FormMisuse` for a frame within a frame.
+/// The groups of a form, with captions as they read now, in the language of the form. Controls that the layout forgets
+/// stand in a group at the end. Throws `FormMisuse` for a frame within a frame.
 std::vector<LaidOutGroup> LaidOut(const Form& form);
 
 /// The controls that stand out: headings, and the fields of captions that do, such as totals.

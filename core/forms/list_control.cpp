@@ -1,6 +1,7 @@
 #include "core/forms/list_control.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/forms/form.h"
 #include "core/forms/form_misuse.h"
@@ -23,9 +24,9 @@ void ListControl::Reset(PassKey<fiscalon::Form> key) {
   Select(kNothingSelected);
 }
 
-void ListControl::AddItem(std::string_view text) {
+void ListControl::AddItem(Wording text) {
   Touch();
-  rows_.emplace_back(text);
+  rows_.push_back(std::move(text));
   Changed();
 }
 
@@ -58,9 +59,17 @@ int ListControl::ListCount() const {
   return static_cast<int>(rows_.size());
 }
 
-std::string ListControl::List(int row) const {
+Wording ListControl::WordedRow(int row) const {
   Touch();
-  return row >= 0 && row < ListCount() ? rows_[static_cast<size_t>(row)] : std::string();
+  return row >= 0 && row < ListCount() ? rows_[static_cast<size_t>(row)] : Wording();
+}
+
+std::string ListControl::List(int row) const {
+  return WordedRow(row).English();
+}
+
+std::string ListControl::ShownRow(int row) const {
+  return WordedRow(row).In(Owner().ShownIn());
 }
 
 int ListControl::ListIndex() const {
@@ -142,7 +151,7 @@ void ListControl::Type(char character) {
 int ListControl::RowThatBeginsWith(std::string_view text, int from) const {
   const int count = ListCount();
   for (int i = 0; i < count; ++i)
-    if (const int row = (from + i) % count; BeginsWith(rows_[static_cast<size_t>(row)], text))
+    if (const int row = (from + i) % count; BeginsWith(ShownRow(row), text))
       return row;
   return kNothingSelected;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/forms/control.h"
+#include "core/wording/wording.h"
 
 namespace fiscalon {
 
@@ -21,7 +22,7 @@ class ListControl : public Control {
 
   const ListDesign& Designed() const { return design_; }
 
-  void AddItem(std::string_view text);
+  void AddItem(Wording text);
   /// Error 5 for a row that is not there. A selected row that goes leaves nothing selected.
   void RemoveItem(int row);
   void Clear();
@@ -29,15 +30,19 @@ class ListControl : public Control {
   void ExpectRow(int row) const;
 
   int ListCount() const;
-  /// The text of a row, counted from 0; empty for a row that is not there.
+  /// The text of a row in English, for comparisons. Rows count from 0; one that is not there is empty.
   std::string List(int row) const;
+  /// The same in the language of the form.
+  std::string ShownRow(int row) const;
 
   int ListIndex() const;
   /// Error 5 for a row that is not there; `kNothingSelected` is allowed.
   void ListIndex(int row);
 
-  /// The text of the selected row, empty where none is.
+  /// The text of the selected row in English, empty where none is.
   std::string Text() const { return List(ListIndex()); }
+  /// The same in the language of the form.
+  std::string ShownText() const { return ShownRow(ListIndex()); }
 
   std::string ValueInComparisons() const override { return Text(); }
 
@@ -59,7 +64,9 @@ class ListControl : public Control {
   void Step(int row);
   /// Adds to what was typed and goes to the row that begins with it.
   void Type(char character);
-  /// The first row from that one on, and around, which begins with a text; `kNothingSelected` if none does.
+  /// The row's words; none for a row that is not there.
+  Wording WordedRow(int row) const;
+  /// The first row from that one on, and around, which is shown to begin with a text; `kNothingSelected` if none is.
   int RowThatBeginsWith(std::string_view text, int from) const;
   /// Selects a row, by code or by any other way than typing.
   void Select(int row);
@@ -67,7 +74,7 @@ class ListControl : public Control {
   ListDesign design_;
   Handler click_;
   Handler chosen_;
-  std::vector<std::string> rows_;
+  std::vector<Wording> rows_;
   int selected_ = kNothingSelected;
   /// What was typed since the focus came, or since the row was changed otherwise.
   std::string typed_;

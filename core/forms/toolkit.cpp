@@ -1,5 +1,7 @@
 #include "core/forms/toolkit.h"
 
+#include "core/wording/wording.h"
+
 namespace fiscalon {
 
 bool BoxRequest::Offers(MessageAnswer answer) const {
@@ -28,6 +30,19 @@ MessageAnswer BoxRequest::ClosedAnswer() const {
       return MessageAnswer::No;
     default:
       return MessageAnswer::Ok;
+  }
+}
+
+std::string ButtonCaption(MessageAnswer answer, const Language& language) {
+  switch (answer) {
+    case MessageAnswer::Ok:
+      return Wording("OK").In(language);
+    case MessageAnswer::Cancel:
+      return Wording("Cancel").In(language);
+    case MessageAnswer::Yes:
+      return Wording("&Yes").In(language);
+    default:
+      return Wording("&No").In(language);
   }
 }
 

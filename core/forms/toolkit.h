@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/wording/language.h"
+
 namespace fiscalon {
 
 class Form;
@@ -23,6 +25,8 @@ struct BoxRequest {
   DefaultButton defaultButton = DefaultButton::First;
   /// Empty: the host application's own name is shown.
   std::string title = {};
+  /// Of text and title; buttons that the front end captions itself have their words in it too (`ButtonCaption`).
+  Language language = {};
 
   /// Whether the box has a button with that answer.
   bool Offers(MessageAnswer answer) const;
@@ -31,6 +35,9 @@ struct BoxRequest {
   /// What a box answers that was closed without a button: the most careful of its answers.
   MessageAnswer ClosedAnswer() const;
 };
+
+/// What stands on a box's button, with its access key.
+std::string ButtonCaption(MessageAnswer answer, const Language& language);
 
 /// What the library needs of a front end. A host installs one with `UseToolkit` before it shows a screen.
 class Toolkit {

@@ -11,6 +11,7 @@
 #include "core/forms/keys.h"
 #include "core/platform/locale.h"
 #include "core/values/text.h"
+#include "core/wording/language.h"
 
 namespace fiscalon {
 namespace {
@@ -62,6 +63,7 @@ const ArgumentKind kAmount      {"AMOUNT"};
 const ArgumentKind kDate        {"DATE",        "a date such as 2026-06-15",              [](const std::string& word) { return ParseDateTime(word, "").has_value(); }};
 const ArgumentKind kTime        {"TIME",        "a time such as 13:05:09",                [](const std::string& word) { return ParseDateTime("2026-01-01", word).has_value(); }};
 const ArgumentKind kLocale      {"NAME",        "a locale: en-CA, en-US, fr-CA or system", [](const std::string& word) { return NamedLocale(word).has_value(); }};
+const ArgumentKind kLanguage    {"NAME",        "a language: en or fr",                   [](const std::string& word) { return NamedLanguage(word).has_value(); }};
 const ArgumentKind kKey         {"NAME",        "a key: Tab, Shift+Tab, Enter, Escape, Backspace, Delete, Space, Left, Right, Up, Down, Home, End, Shift+Enter, Ctrl+Enter or Alt+LETTER",
                                                                                           [](const std::string& word) { return StrokeNamed(word).has_value(); }};
 const ArgumentKind kButton      {"BUTTON",      "OK, Cancel, Yes or No",                  [](const std::string& word) { return IsOneOf(word, {"OK", "Cancel", "Yes", "No"}); }};

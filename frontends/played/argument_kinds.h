@@ -21,7 +21,7 @@ struct ArgumentKind {
 // clang-format off
 namespace argument {
 extern const ArgumentKind kText, kTitle, kName, kDollarName, kControl, kPath, kCode, kProperty, kValue, kFile, kSource, kDescription,
-                          kMemberDate, kAmount, kDate, kTime, kLocale, kKey, kButton, kReason, kStyle, kTitleWord, kYesNo, kTrueFalse, kNumber,
+                          kMemberDate, kAmount, kDate, kTime, kLocale, kLanguage, kKey, kButton, kReason, kStyle, kTitleWord, kYesNo, kTrueFalse, kNumber,
                           kContext, kPosition, kCount;
 }  // namespace argument
 // clang-format on

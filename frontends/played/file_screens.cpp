@@ -45,7 +45,7 @@ FileScreen ScreenOf(const LaunchRow& row) {
   for (const Control* control : form->Controls()) {
     if (control->Kind() != ControlKind::Button)
       continue;
-    const std::string caption = Without('&', static_cast<const Button*>(control)->DesignedCaption());
+    const std::string caption = Without('&', static_cast<const Button*>(control)->DesignedCaption().English());
     for (const ButtonName& button : kButtonNames)
       if (button.caption == caption)
         screen.meanings.emplace(button.name, control->Name());

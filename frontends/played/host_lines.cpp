@@ -19,6 +19,10 @@ void SetLocale(ScenarioRun& /*run*/, const Arguments& arguments) {
   UseLocale(arguments[0]);
 }
 
+void SetLanguage(ScenarioRun& /*run*/, const Arguments& arguments) {
+  UseLanguage(arguments[0]);
+}
+
 std::string ComplaintAboutHost(const Arguments& arguments) {
   return ComplaintAboutHostProperty(arguments[0], arguments[1]);
 }
@@ -45,11 +49,12 @@ void Show(ScenarioRun& run, const Arguments& arguments) {
 
 // clang-format off
 constexpr std::array kHostLines = {
-    LineForm{"today",  Turn::Host, {&argument::kDate}, {&argument::kTime}, SetToday},
-    LineForm{"locale", Turn::Host, {&argument::kLocale}, {}, SetLocale},
-    LineForm{"host",   Turn::Host, {&argument::kProperty, &argument::kValue}, {}, SetHost, ComplaintAboutHost},
-    LineForm{"folder", Turn::Host, {&argument::kPath}, {}, MakeFolder},
-    LineForm{"show",   Turn::Host, {&argument::kCode}, {}, Show},
+    LineForm{"today",    Turn::Host, {&argument::kDate}, {&argument::kTime}, SetToday},
+    LineForm{"locale",   Turn::Host, {&argument::kLocale}, {}, SetLocale},
+    LineForm{"language", Turn::Host, {&argument::kLanguage}, {}, SetLanguage},
+    LineForm{"host",     Turn::Host, {&argument::kProperty, &argument::kValue}, {}, SetHost, ComplaintAboutHost},
+    LineForm{"folder",   Turn::Host, {&argument::kPath}, {}, MakeFolder},
+    LineForm{"show",     Turn::Host, {&argument::kCode}, {}, Show},
 };
 // clang-format on
 

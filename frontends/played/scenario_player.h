@@ -43,6 +43,8 @@ struct PlaySettings {
   /// For scenarios that name none; without it the real clock.
   std::optional<DateTime> today = {};
   std::string locale = "en-CA";
+  /// The same.
+  Language language = {};
 };
 
 /// Plays scenarios through a front end. Each starts as in a freshly loaded library, with a folder of its own for

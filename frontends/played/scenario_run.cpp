@@ -32,6 +32,7 @@ ScenarioRun::ScenarioRun(const Scenario& scenario, DrivenToolkit& toolkit, const
   ResetModule();
   UseToolkit(&toolkit_);
   UseLocale(settings.locale);
+  UseLanguage(settings.language);
   if (settings.today)
     UseFixedClock(*settings.today);
   session_.emplace();
@@ -214,7 +215,13 @@ void ScenarioRun::Compare(const std::string& expected, const std::string& seen) 
 }
 
 void ScenarioRun::CompareTexts(const std::string& expected, std::string_view seenInCodePage) const {
-  Compare(QuotedArgument(WithPlainLineEnds(expected)), QuotedArgument(WithPlainLineEnds(ToUtf8(seenInCodePage))));
+  Compare(QuotedArgument(Comparable(expected)), QuotedArgument(Comparable(ToUtf8(seenInCodePage))));
+}
+
+std::string ScenarioRun::Comparable(const std::string& text) {
+  std::string plain = WithPlainLineEnds(text);
+  // English texts have none of these blanks, so whatever has them is compared to the letter.
+  return TheModule().language.IsEnglish() ? plain : WithPlainBlanks(std::move(plain));
 }
 
 void ScenarioRun::Fail(const std::string& expected, const std::string& seen) const {

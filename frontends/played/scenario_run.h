@@ -61,6 +61,8 @@ class ScenarioRun {
 
   void Compare(const std::string& expected, const std::string& seen) const;
   void CompareTexts(const std::string& expected, std::string_view seenInCodePage) const;
+  /// A text in UTF-8 without what scenarios do not tell apart.
+  static std::string Comparable(const std::string& text);
   [[noreturn]] void Fail(const std::string& expected, const std::string& seen) const;
   /// The line makes no sense where it stands.
   [[noreturn]] void Senseless(const std::string& reason) const;

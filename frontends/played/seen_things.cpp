@@ -51,4 +51,11 @@ std::string WithPlainLineEnds(std::string text) {
   return text;
 }
 
+std::string WithPlainBlanks(std::string text) {
+  constexpr std::string_view kNoBreakBlank = "\xC2\xA0";
+  for (size_t at = text.find(kNoBreakBlank); at != std::string::npos; at = text.find(kNoBreakBlank, at))
+    text.replace(at, kNoBreakBlank.size(), " ");
+  return text;
+}
+
 }  // namespace fiscalon

@@ -30,5 +30,7 @@ std::string Described(const SeenThing& thing);
 
 /// CR LF, CR and LF alike stand for one line end.
 std::string WithPlainLineEnds(std::string text);
+/// In UTF-8; a blank that ends no line is one like any other: who writes a scenario sees no difference.
+std::string WithPlainBlanks(std::string text);
 
 }  // namespace fiscalon

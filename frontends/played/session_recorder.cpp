@@ -87,6 +87,10 @@ void SessionRecorder::UsesLocale(std::string_view name) {
   text_.Begin("locale " + QuotedArgument(name));
 }
 
+void SessionRecorder::UsesLanguage(std::string_view name) {
+  text_.Begin("language " + QuotedArgument(name));
+}
+
 void SessionRecorder::Host(std::string_view property, std::string_view value) {
   std::string recorded(value);
   if (property == "GovFilename" && !value.empty()) {
@@ -151,7 +155,7 @@ void SessionRecorder::ActBegins(const UserAct& act) {
           [this](const ClickAct& click) { text_.Begin("click " + NameOf(*click.control)); },
           [this](const ChooseAct& choose) {
             const std::string name = NameOf(*choose.list);
-            const std::string row = QuotedFromCodePage(choose.list->List(choose.row));
+            const std::string row = QuotedFromCodePage(choose.list->ShownRow(choose.row));
             text_.BeginInPlaceOf("focus " + name, "choose " + name + " " + row);
           },
           [this](const BringFocusAct& bring) { text_.Begin("focus " + NameOf(*bring.control)); },

@@ -22,6 +22,7 @@ class SessionRecorder final : public ActWatcher {
   // The lines before the acts, in UTF-8.
   void Today(const DateTime& now);
   void UsesLocale(std::string_view name);
+  void UsesLanguage(std::string_view name);
   /// A property that the host has set. Whoever plays the scenario writes files of its own: paths become ones in $TMP.
   void Host(std::string_view property, std::string_view value);
   void Shows(std::string_view code);

@@ -29,7 +29,7 @@ void ExpectMessage(ScenarioRun& run, const Arguments& arguments) {
     else if (box->title.empty())
       box->title = kApplicationTitle;
   }
-  run.Compare(expected, Described(seen));
+  run.Compare(ScenarioRun::Comparable(expected), ScenarioRun::Comparable(Described(seen)));
 }
 
 void ExpectBeep(ScenarioRun& run, const Arguments& /*arguments*/) {

@@ -38,12 +38,12 @@ void Choose(ScenarioRun& run, const Arguments& arguments) {
   if (asList == nullptr)
     run.Senseless("\"" + control.Name() + "\" of \"" + run.NameOfForm() + "\" is no list");
   ListControl& list = *asList;
-  const std::string wanted = FromUtf8(arguments[1]);
+  const std::string wanted = ScenarioRun::Comparable(arguments[1]);
   std::string rows;
   for (int row = 0; row < list.ListCount(); ++row) {
-    if (list.List(row) == wanted)
+    if (ScenarioRun::Comparable(ToUtf8(list.ShownRow(row))) == wanted)
       return run.User().Choose(list, row);
-    rows += (row == 0 ? "" : ", ") + QuotedArgument(ToUtf8(list.List(row)));
+    rows += (row == 0 ? "" : ", ") + QuotedArgument(ToUtf8(list.ShownRow(row)));
   }
   run.Fail("a row " + QuotedArgument(arguments[1]) + " in \"" + control.Name() + "\" of \"" + run.NameOfForm() + "\"",
            rows.empty() ? "no rows" : "the rows " + rows);

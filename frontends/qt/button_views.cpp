@@ -75,7 +75,7 @@ void AnyButtonView::Clicked() {
 
 void AnyButtonView::Refresh() {
   ControlView::Refresh();
-  const QString caption = ToQt(button_.Caption());
+  const QString caption = ToQt(button_.ShownCaption());
   if (native_.text() != caption)
     native_.setText(caption);
 }

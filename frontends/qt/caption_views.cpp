@@ -32,7 +32,7 @@ LabelView::LabelView(Label& label, QWidget& parent, WatchedActs& acts)
 void LabelView::Refresh() {
   ControlView::Refresh();
   // Only a label that belongs to a field reads "&" as a mark.
-  const QString caption = ToQt(label_.Caption());
+  const QString caption = ToQt(label_.ShownCaption());
   const QString shown = native_.buddy() == nullptr ? caption : AsShown(caption);
   if (native_.text() != shown)
     native_.setText(shown);
@@ -51,7 +51,7 @@ FrameView::FrameView(Frame& frame, QWidget& parent, WatchedActs& acts)
 
 void FrameView::Refresh() {
   ControlView::Refresh();
-  const QString shown = AsShown(ToQt(frame_.Caption()));
+  const QString shown = AsShown(ToQt(frame_.ShownCaption()));
   if (native_.title() != shown)
     native_.setTitle(shown);
 }

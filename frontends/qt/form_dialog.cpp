@@ -300,7 +300,7 @@ void FormDialog::FocusMoved(const Control& /*control*/, FocusBy by) {
 }
 
 void FormDialog::CaptionChanged() {
-  setWindowTitle(AsTitle(ToQt(form_.Caption())));
+  setWindowTitle(AsTitle(ToQt(form_.ShownCaption())));
 }
 
 void FormDialog::ShowEnded() {

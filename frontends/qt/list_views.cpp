@@ -19,7 +19,7 @@ namespace {
 
 QStringList RowsOf(const ListControl& list) {
   QStringList rows;
-  for (int row = 0; row < list.ListCount(); ++row) rows.append(ToQt(list.List(row)));
+  for (int row = 0; row < list.ListCount(); ++row) rows.append(ToQt(list.ShownRow(row)));
   return rows;
 }
 

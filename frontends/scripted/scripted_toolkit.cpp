@@ -45,7 +45,7 @@ void ScriptedUser::CloseWindow(CloseReason reason) {
 }
 
 std::string ScriptedUser::Title() {
-  return form_.Caption();
+  return form_.ShownCaption();
 }
 
 std::string ScriptedUser::FocusName() {
@@ -58,12 +58,12 @@ ShownControl ScriptedUser::Shown(const Control& control) {
     case ControlKind::Label:
     case ControlKind::Frame:
     case ControlKind::Button:
-      shown.text = static_cast<const Captioned&>(control).Caption();
+      shown.text = static_cast<const Captioned&>(control).ShownCaption();
       break;
     case ControlKind::CheckBox:
     case ControlKind::OptionButton: {
       const auto& toggle = static_cast<const ToggleButton&>(control);
-      shown.text = toggle.Caption();
+      shown.text = toggle.ShownCaption();
       shown.checked = toggle.Value();
       break;
     }
@@ -78,7 +78,7 @@ ShownControl ScriptedUser::Shown(const Control& control) {
     case ControlKind::DropDownList:
     case ControlKind::ListBox: {
       const auto& list = static_cast<const ListControl&>(control);
-      shown.text = list.Text();
+      shown.text = list.ShownText();
       shown.items = list.ListCount();
       break;
     }

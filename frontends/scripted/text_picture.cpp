@@ -67,16 +67,16 @@ std::string DrawControl(const Control& control) {
     case ControlKind::Button:
       return "[ " + CaptionOf(static_cast<const Button&>(control)) + " ]";
     case ControlKind::DropDownList:
-      return "[" + Padded(ToUtf8(static_cast<const DropDownList&>(control).Text()), 30) + "\u25BC]";
+      return "[" + Padded(ToUtf8(static_cast<const DropDownList&>(control).ShownText()), 30) + "\u25BC]";
     case ControlKind::Label:
     case ControlKind::Frame:
       // Labels have no access key: what a host names "Smith & Sons" is read so.
-      return ToUtf8(static_cast<const Captioned&>(control).Caption());
+      return ToUtf8(static_cast<const Captioned&>(control).ShownCaption());
     case ControlKind::ListBox:
       // Its rows stand beneath the row that it lies in.
       break;
   }
-  return ToUtf8(static_cast<const ListBox&>(control).Text());
+  return ToUtf8(static_cast<const ListBox&>(control).ShownText());
 }
 
 /// The drawn parts of one cell: the caption, and the field with its hint beside it.
@@ -173,7 +173,7 @@ class FormPicture {
       if (list == nullptr || !list->VisibleInFrames())
         continue;
       for (int i = 0; i < list->ListCount(); ++i)
-        lines.push_back((i == list->ListIndex() ? "  * " : "    ") + ToUtf8(list->List(i)));
+        lines.push_back((i == list->ListIndex() ? "  * " : "    ") + ToUtf8(list->ShownRow(i)));
     }
     return lines;
   }
@@ -200,7 +200,7 @@ class FormPicture {
   }
 
   std::string Framed(const std::vector<std::string>& lines) {
-    const std::string title = ToUtf8(form_.Caption());
+    const std::string title = ToUtf8(form_.ShownCaption());
     size_t width = Width(title) + kGap;
     for (const std::string& line : lines) width = std::max(width, Width(line));
     std::string picture = "\u250C\u2500 " + title + " " + Repeated("\u2500", width + 1 - Width(title)) + "\u2510\n";

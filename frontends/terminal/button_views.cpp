@@ -26,7 +26,7 @@ void ButtonView::Draw(Screen& screen, const Rect& place, Focused focused) {
   style.reverse = focused == Focused::Yes;
   style.bold = style.reverse;
   screen.Fill(place, {.style = style});
-  PutCaption(screen, {place.x + kButtonEdge, place.y}, button_.Caption(), style);
+  PutCaption(screen, {place.x + kButtonEdge, place.y}, button_.ShownCaption(), style);
   screen.Put({place.x, place.y}, {.character = enabled ? U'[' : kDisabledEdge, .style = style});
   screen.Put({place.Right() - 1, place.y}, {.character = enabled ? U']' : kDisabledEdge, .style = style});
 }
@@ -50,7 +50,7 @@ void ToggleView::Draw(Screen& screen, const Rect& place, Focused focused) {
   screen.Put({place.x, place.y}, {.character = !enabled ? kDisabledEdge : round ? U'(' : U'[', .style = style});
   screen.Put({place.x + 1, place.y}, {.character = mark, .style = style});
   screen.Put({place.x + 2, place.y}, {.character = !enabled ? kDisabledEdge : round ? U')' : U']', .style = style});
-  PutCaption(screen, {place.x + kMark, place.y}, toggle_.Caption(), caption);
+  PutCaption(screen, {place.x + kMark, place.y}, toggle_.ShownCaption(), caption);
 }
 
 ShownControl ToggleView::Read(const Screen& seen, const Rect& place) const {

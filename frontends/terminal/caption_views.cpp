@@ -13,7 +13,7 @@ constexpr int kBeforeHeading = 3;
 }  // namespace
 
 Size LabelView::Wanted(int room, Grow /*grow*/) const {
-  const auto lines = Wrapped(label_.Caption(), room - 1, LineEnds::AreCharacters);
+  const auto lines = Wrapped(label_.ShownCaption(), room - 1, LineEnds::AreCharacters);
   size_t widest = 0;
   for (const WrappedLine& line : lines) widest = std::max(widest, line.text.size());
   return {.width = static_cast<int>(widest) + 1, .height = static_cast<int>(lines.size())};
@@ -24,7 +24,7 @@ void LabelView::Draw(Screen& screen, const Rect& place, Focused /*focused*/) {
   style.bold = StandsOut();
   screen.Fill(place, {.style = style});
   int y = place.y;
-  for (const WrappedLine& line : Wrapped(label_.Caption(), place.width - 1, LineEnds::AreCharacters)) {
+  for (const WrappedLine& line : Wrapped(label_.ShownCaption(), place.width - 1, LineEnds::AreCharacters)) {
     const int spare = place.width - 1 - static_cast<int>(line.text.size());
     const bool toRight = label_.Designed().alignment == Alignment::Right;
     screen.Put({place.x + (toRight ? spare : 0), y++}, line.text, style);
@@ -37,17 +37,17 @@ ShownControl LabelView::Read(const Screen& seen, const Rect& place) const {
 }
 
 Size FrameView::Wanted(int room, Grow /*grow*/) const {
-  return {.width = std::min(room, static_cast<int>(frame_.Caption().size()) + 2 * kBeforeHeading), .height = 2};
+  return {.width = std::min(room, static_cast<int>(frame_.ShownCaption().size()) + 2 * kBeforeHeading), .height = 2};
 }
 
 void FrameView::Draw(Screen& screen, const Rect& place, Focused /*focused*/) {
   Style style = TextStyle(IsEnabled());
   screen.Box(place, style);
-  if (frame_.Caption().empty())
+  if (frame_.ShownCaption().empty())
     return;
   style.bold = true;
   const auto room = static_cast<size_t>(std::max(place.width - 2 * kBeforeHeading, 0));
-  const std::string heading = frame_.Caption().substr(0, room);
+  const std::string heading = frame_.ShownCaption().substr(0, room);
   const int end = place.x + kBeforeHeading + static_cast<int>(heading.size());
   for (const int beside : {place.x + kBeforeHeading - 1, end}) screen.Put({beside, place.y}, Cell{});
   screen.Put({place.x + kBeforeHeading, place.y}, heading, style);

@@ -136,7 +136,7 @@ void FormWindow::LayOut(Size screen) {
     else
       for (const auto& [control, view] : views_) view->TakeMoreRows(0);
   }
-  const int title = static_cast<int>(form_.Caption().size()) + kBeforeTitle + kBehindCloseMark + 3;
+  const int title = static_cast<int>(form_.ShownCaption().size()) + kBeforeTitle + kBehindCloseMark + 3;
   const int width = std::max({layout_.Extent().width, buttonRow_.width, title - 2 * kAround});
   body_.width = std::min(width, room);
   body_.height = std::min(layout_.Extent().height, screen.height - around);
@@ -211,7 +211,7 @@ void FormWindow::Draw(Screen& screen) {
 void FormWindow::DrawEdges(Screen& screen) {
   screen.Box(window_);
   const auto room = static_cast<size_t>(std::max(window_.width - kBeforeTitle - kBehindCloseMark - 3, 0));
-  const std::string title = form_.Caption().substr(0, room);
+  const std::string title = form_.ShownCaption().substr(0, room);
   const Point begin = TitleBegins();
   if (!title.empty())
     screen.Put({begin.x - 1, begin.y}, " ");

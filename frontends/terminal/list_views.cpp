@@ -60,7 +60,7 @@ void ListRows::Draw(Screen& screen, const Rect& place, int marked, Style markedS
     screen.Fill({.x = place.x + 1, .y = y, .width = place.width - 2, .height = 1}, {.style = room});
     screen.Put({place.x + 1, y}, {.character = isMarked ? U'>' : U' ', .style = text});
     const auto most = static_cast<size_t>(std::max(place.width - kBeforeRow - kBehindRow, 0));
-    screen.Put({place.x + kBeforeRow, y}, list_.List(row).substr(0, most), text);
+    screen.Put({place.x + kBeforeRow, y}, list_.ShownRow(row).substr(0, most), text);
     screen.Put({place.x, y}, {.character = side, .style = edge});
     screen.Put({right, y}, {.character = side, .style = edge});
   }
@@ -90,7 +90,7 @@ std::optional<Point> ListRows::PlaceOf(int row, const Rect& place) const {
 
 int ListRows::Width() const {
   size_t widest = 0;
-  for (int row = 0; row < list_.ListCount(); ++row) widest = std::max(widest, list_.List(row).size());
+  for (int row = 0; row < list_.ListCount(); ++row) widest = std::max(widest, list_.ShownRow(row).size());
   return static_cast<int>(widest);
 }
 
@@ -116,7 +116,7 @@ void DropDownView::Draw(Screen& screen, const Rect& place, Focused focused) {
   const int behind = static_cast<int>(count.size()) + kBehindCount + 1;
   const auto most = static_cast<size_t>(std::max(place.width - 1 - behind, 0));
   screen.Fill(place, {.style = room});
-  screen.Put({place.x + 1, place.y}, List().Text().substr(0, most), text);
+  screen.Put({place.x + 1, place.y}, List().ShownText().substr(0, most), text);
   screen.Put({place.Right() - behind + 1, place.y}, count, room);
   screen.Put({place.Right() - 2, place.y}, {.character = kOpens});
   screen.Put({place.x, place.y}, {.character = enabled ? U'[' : kDisabledEdge});

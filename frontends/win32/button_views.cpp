@@ -38,7 +38,7 @@ void AnyButtonView::Clicked() {
 
 void AnyButtonView::Refresh() {
   ControlView::Refresh();
-  ShowText(ToWide(button_.Caption()));
+  ShowText(ToWide(button_.ShownCaption()));
 }
 
 ShownControl AnyButtonView::Content() const {

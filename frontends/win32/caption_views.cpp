@@ -42,7 +42,7 @@ ControlView::Design LabelView::Designed() const {
 }
 
 SIZE LabelView::Wanted(const DialogFonts& fonts) const {
-  SIZE wanted = fonts.Extent(ToWide(label_.Caption()), Font());
+  SIZE wanted = fonts.Extent(ToWide(label_.ShownCaption()), Font());
   // A value at the right ends beneath those of fields.
   if (label_.Designed().alignment == Alignment::Right)
     wanted.cx = std::max<LONG>(wanted.cx, fonts.DigitsWidth(kCharactersOfAmount, Font()) + fonts.X(4));
@@ -51,7 +51,7 @@ SIZE LabelView::Wanted(const DialogFonts& fonts) const {
 
 void LabelView::Refresh() {
   ControlView::Refresh();
-  ShowText(ToWide(label_.Caption()));
+  ShowText(ToWide(label_.ShownCaption()));
 }
 
 ShownControl LabelView::Content() const {
@@ -63,12 +63,12 @@ ControlView::Design FrameView::Designed() const {
 }
 
 SIZE FrameView::Wanted(const DialogFonts& fonts) const {
-  return fonts.Extent(ToWide(frame_.Caption()), Font());
+  return fonts.Extent(ToWide(frame_.ShownCaption()), Font());
 }
 
 void FrameView::Refresh() {
   ControlView::Refresh();
-  ShowText(AsShown(ToWide(frame_.Caption())));
+  ShowText(AsShown(ToWide(frame_.ShownCaption())));
 }
 
 ShownControl FrameView::Content() const {

@@ -399,7 +399,7 @@ void FormWindow::FocusMoved(const Control& /*control*/, FocusBy by) {
 }
 
 void FormWindow::CaptionChanged() {
-  ::SetWindowTextW(window_, ToWide(form_.Caption()).c_str());
+  ::SetWindowTextW(window_, ToWide(form_.ShownCaption()).c_str());
 }
 
 void FormWindow::ShowEnded() {

@@ -26,7 +26,7 @@ constexpr ListMessages kOfListBox = {LB_GETCOUNT,     LB_GETTEXTLEN, LB_GETTEXT,
 
 std::vector<std::wstring> RowsOf(const ListControl& list) {
   std::vector<std::wstring> rows;
-  for (int row = 0; row < list.ListCount(); ++row) rows.push_back(ToWide(list.List(row)));
+  for (int row = 0; row < list.ListCount(); ++row) rows.push_back(ToWide(list.ShownRow(row)));
   return rows;
 }
 

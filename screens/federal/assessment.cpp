@@ -53,8 +53,8 @@ bool ShowIfInCents(TestedAmount& entry) {
   return !HasDecimalSeparator(entry.Text()) && amount::ShowInCents(entry);
 }
 
-std::string TooLarge() {
-  return "Assessment amount cannot be greater than\n" + Format(kAssessmentLimit, "Currency");
+Wording TooLarge() {
+  return Filled("Assessment amount cannot be greater than\n{1}", AsGiven(Format(kAssessmentLimit, "Currency")));
 }
 
 constexpr AmountRow kMonthOnLeaving[] = {{amount::ReadNumber}, {IsNoMonth}, {PadOneDigit}};
@@ -76,7 +76,7 @@ bool Passes(TextField& field, AmountRows rows) {
 // Limits are shown as the user's locale shows amounts, so these rows are made when they are needed.
 
 bool PassesOnEnter(TextField& field) {
-  const std::string tooLarge = TooLarge() + ".";
+  const Wording tooLarge = Filled("{1}.", TooLarge());
   return Passes(field, std::to_array<AmountRow>({{amount::ReadMoney},
                                                  {amount::IsNegative, "Amount cannot be less than 0."},
                                                  {amount::ShowInCents},
@@ -84,7 +84,7 @@ bool PassesOnEnter(TextField& field) {
 }
 
 bool PassesOnOk(TextField& field) {
-  const std::string tooLarge = TooLarge();
+  const Wording tooLarge = TooLarge();
   return Passes(field, std::to_array<AmountRow>({{amount::ReadMoney},
                                                  {amount::IsNegative, "Assessment amount cannot be less than 0."},
                                                  {ShowIfInCents},
@@ -92,7 +92,7 @@ bool PassesOnOk(TextField& field) {
 }
 
 /// A box, then the fields are emptied, and the first one has the focus.
-bool RefuseEmptied(std::initializer_list<std::reference_wrapper<TextField>> fields, std::string_view message) {
+bool RefuseEmptied(std::initializer_list<std::reference_wrapper<TextField>> fields, const Wording& message) {
   ShowMessage(message, MessageStyle::Critical);
   for (TextField& field : fields) field.Text("");
   return Refuse(*fields.begin());
@@ -120,11 +120,11 @@ std::string AssessmentNumber(int index) {
 }  // namespace
 
 LabelDesign Assessment::ClassLabelDesign(int index) {
-  return {.caption = ClassNumber(index) + " Classification"};
+  return {.caption = Filled("{1} Classification", AsGiven(ClassNumber(index)))};
 }
 
 LabelDesign Assessment::AssessmentLabelDesign(int index) {
-  return {.caption = AssessmentNumber(index) + " Assessment"};
+  return {.caption = Filled("{1} Assessment", AsGiven(AssessmentNumber(index)))};
 }
 
 Group Assessment::Details() {

@@ -48,8 +48,8 @@ constexpr AmountRow kSalesOnOk[] = {{amount::Trim},
                                     {amount::IsNoAmount},
                                     {amount::HasFraction, kSalesWithCents, Reaction::Focus, MessageStyle::Plain}};
 
-std::string LeastBalance() {
-  return Format(kLeastBalance, "$0.00");
+Wording LeastBalance() {
+  return AsGiven(Format(kLeastBalance, "$0.00"));
 }
 
 // What Enter and leaving test.
@@ -157,7 +157,7 @@ bool GOVGST34::AgreesWithAmountPaid() {
 bool GOVGST34::IsPaid(Money balance) {
   ShowBalance(Money(), balance);
   if (balance < kLeastBalance)
-    return Refuse(PaymentEnclosed, "You do not need to pay a balance less than " + LeastBalance(),
+    return Refuse(PaymentEnclosed, Filled("You do not need to pay a balance less than {1}", LeastBalance()),
                   MessageStyle::Information);
   if (NumberIn(head.AmountPaid.Caption()) != balance.ToDouble())
     return Refuse(PaymentEnclosed, "The amount in the Payment Enclosed field is not equal to the amount to be paid.");
@@ -168,7 +168,7 @@ bool GOVGST34::IsRefundable(Money balance) {
   // The refund keeps its sign here, and takes it into the record.
   ShowBalance(balance, Money());
   if (balance > -kLeastBalance)
-    return Refuse(RefundAmount, "A balance of less than " + LeastBalance() + " will not be refunded.",
+    return Refuse(RefundAmount, Filled("A balance of less than {1} will not be refunded.", LeastBalance()),
                   MessageStyle::Information);
   if (NumberIn(head.AmountPaid.Caption()) != 0)
     return Refuse(Command2, "In order to apply for a refund, the amount to be paid must be zero.");

@@ -24,7 +24,7 @@ bool IsWithinLimit(TextField& field) {
 }  // namespace
 
 void frmDonation::Form_Load() {
-  lblBillerName.Caption(Payment().compName);
+  lblBillerName.Caption(AsGiven(Payment().compName));
   head.Show(Payment());
   txtAmount.Text(head.AmountPaid.Caption());
   LoadProvinces(cmbProvince);
@@ -48,7 +48,7 @@ bool frmDonation::EmailIsValid() {
   std::string message;
   const bool isAddress = IsValidEmail(txtEmail.Text(), message, Required::No);
   if (!message.empty())
-    ShowMessage({.text = message, .style = MessageStyle::Critical, .title = "E-mail Address entry"});
+    ShowMessage({.text = std::string_view(message), .style = MessageStyle::Critical, .title = "E-mail Address entry"});
   return isAddress ? IsWithinLimit(txtEmail) : RefuseWhole(txtEmail);
 }
 

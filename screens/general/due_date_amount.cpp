@@ -17,7 +17,7 @@ namespace fiscalon {
 
 void frmDueDateAmount::SetupForm() {
   head.Show(Payment());
-  Caption(Payment().compName);
+  Caption(AsGiven(Payment().compName));
 }
 
 void frmDueDateAmount::txtRemittancePeriod_LostFocus() {
@@ -37,8 +37,8 @@ bool frmDueDateAmount::IsValidTaxationYear(std::string_view text) {
     valid = FormatDate(date, "YYYYMMDD") == std::string(text) + "01" && date < limit && date.year >= 1990;
   }
   if (!valid)
-    ShowMessage("'Taxation year ends on' must be in the form YYYYMM. Your entry can range from 199001 to " +
-                    FormatDate(AddMonths(limit, -1), "YYYYMM") + ".",
+    ShowMessage(Filled("'Taxation year ends on' must be in the form YYYYMM. Your entry can range from 199001 to {1}.",
+                       AsGiven(FormatDate(AddMonths(limit, -1), "YYYYMM"))),
                 MessageStyle::Critical);
   return valid;
 }

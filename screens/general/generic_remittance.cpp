@@ -155,7 +155,7 @@ bool GENERICFORM::EndIsBehindStart() {
 
 bool GENERICFORM::RequiredBoxPasses(int index) {
   if (IsBlank(Box[index]))
-    return Refuse(Box[index], "Please enter Box " + NumberOf(index) + " field.");
+    return Refuse(Box[index], Filled("Please enter Box {1} field.", AsGiven(NumberOf(index))));
   if (!IsBoxText(TrimText(Box[index])))
     return Refuse(Box[index]);
   return true;

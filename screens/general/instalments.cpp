@@ -8,7 +8,7 @@ namespace fiscalon {
 
 void frmInstalments::SetupForm() {
   head.Show(Payment());
-  Caption(Payment().compName);
+  Caption(AsGiven(Payment().compName));
 }
 
 // The period is not tested again: leaving its fields is its only gate. Nothing paid is accepted for nothing due.

@@ -62,7 +62,7 @@ constinit const DateRows InvoicePayments::kDateOnEnter = kDateOnEnterRows;
 void InvoicePayments::Form_Load() {
   head.Show(Payment());
   InvoiceStatementOnly[Payment().IsHeld() ? 1 : 0].Value(true);
-  detailsPrefix_ = Payment().IsHeld() ? kHeld : "";
+  isHeld_ = Payment().IsHeld();
   lineCount_ = 0;
   amountCleared_ = false;
   FindRemainingAmount();
@@ -148,9 +148,13 @@ void InvoicePayments::cmdOK_Click() {
   AcceptInvoices();
 }
 
+Wording InvoicePayments::Asking(std::string_view ask) const {
+  return isHeld_ ? Filled("{1}{2}", kHeld, ask) : Wording(ask);
+}
+
 bool InvoicePayments::EntryPasses(std::string_view dateTooShort) {
-  const std::string askDate = detailsPrefix_ + kAskDate;
-  const std::string askAmount = detailsPrefix_ + kAskAmount;
+  const Wording askDate = Asking(kAskDate);
+  const Wording askAmount = Asking(kAskAmount);
   const DateRow dateOnOk[] = {{date::IsMissing, askDate},
                               {date::IsNotEightLong, dateTooShort},
                               {date::Trim},
@@ -160,11 +164,11 @@ bool InvoicePayments::EntryPasses(std::string_view dateTooShort) {
                                   {amount::Trim},
                                   // A minus sign is none of its characters: Enter takes a negative amount, OK does not.
                                   {amount::IsNoAmount, "", Reaction::Selects}};
-  return InvoiceDate.Passes(dateOnOk) && NumberIsGiven(detailsPrefix_ + kAskNumber) &&
-         InvoiceAmount.Passes(amountOnOk) && AmountFits();
+  return InvoiceDate.Passes(dateOnOk) && NumberIsGiven(Asking(kAskNumber)) && InvoiceAmount.Passes(amountOnOk) &&
+         AmountFits();
 }
 
-bool InvoicePayments::NumberIsGiven(std::string_view ask) {
+bool InvoicePayments::NumberIsGiven(const Wording& ask) {
   if (Trim(InvoiceNumber.Text()).empty())
     return Refuse(InvoiceNumber, ask);
   return true;
@@ -194,7 +198,7 @@ void InvoicePayments::WarnOfManyLines() {
     const MessageAnswer answer = ShowMessage({.text = kManyLines,
                                               .style = MessageStyle::Information,
                                               .buttons = MessageButtons::OkCancel,
-                                              .title = Caption()});
+                                              .title = WordedCaption()});
     if (answer == MessageAnswer::Cancel)
       cmdCancel.SetFocus();
   } else if (lineCount_ == kMostLines) {
@@ -227,8 +231,8 @@ void InvoicePayments::AddInvoiceLine() {
   const InvoiceLine& line = LineAt(lineCount_) = {InvoiceDate.Text(), InvoiceNumber.Text(), NumberText(amount)};
   const std::string shown = Format(amount, "0.00");
   // 54 characters, under a heading: the list has a fixed pitch for it.
-  InvoicePaymentList.AddItem(line.date + std::string(6, ' ') + line.number + Blanks(27, line.number) +
-                             std::string(2, ' ') + Blanks(11, shown) + shown);
+  InvoicePaymentList.AddItem(AsGiven(line.date + std::string(6, ' ') + line.number + Blanks(27, line.number) +
+                                     std::string(2, ' ') + Blanks(11, shown) + shown));
   ++lineCount_;
   FindRemainingAmount();
   InvoiceDate.Text("");

@@ -59,7 +59,7 @@ class InvoicePayments final : public Screen {
   // clang-format on
 
   const Layout& FormLayout() const override { return layout_; }
-  std::string BoxTitle() const override { return Label7.Caption(); }
+  Wording BoxTitle() const override { return Label7.WordedCaption(); }
 
   /// The host's customer number: it names a folder of statement rows.
   const std::string& ZelmorNumber() const { return zelmorNumber_; }
@@ -91,7 +91,9 @@ class InvoicePayments final : public Screen {
 
   /// What OK tests of an entry in progress; a date that is too short is silent where there are no words for it.
   bool EntryPasses(std::string_view dateTooShort);
-  bool NumberIsGiven(std::string_view ask);
+  bool NumberIsGiven(const Wording& ask);
+  /// A message that asks for an entry. On hold it says ahead that entries are mandatory.
+  Wording Asking(std::string_view ask) const;
   /// Reads the amount, as cents where it was typed without a decimal separator, shows it, and tests it.
   bool AmountFits();
   bool NoLineIsLeft() const;
@@ -124,7 +126,8 @@ class InvoicePayments final : public Screen {
   Money remainingAmount_;
   /// The amount that was suggested has been wiped for this entry.
   bool amountCleared_ = false;
-  std::string detailsPrefix_;
+  /// As it was when the form was loaded.
+  bool isHeld_ = false;
 
   const Layout layout_ = {.groups = {head.Rows(),
                                      {.heading = &Label7,

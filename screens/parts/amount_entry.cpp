@@ -20,8 +20,8 @@ FieldDesign FieldOf(const AmountEntryDesign& design) {
 
 }  // namespace
 
-Asked<std::string> CaptionOf(const Label& label) {
-  return [&label] { return label.Caption(); };
+Asked<Wording> CaptionOf(const Label& label) {
+  return [&label] { return label.WordedCaption(); };
 }
 
 AmountEntry::AmountEntry(fiscalon::Form& form, std::string name, const AmountRule& rule, AmountEntryDesign design)
@@ -66,8 +66,8 @@ AmountCheck AmountEntry::Check() {
   const double amount = Amount();
   if (IsOutOfRange(amount) && !FocusIsOn(rule_.cancel)) {
     const std::string_view complaint =
-        design_.range == AmountRange::Positive ? " cannot be zero or negative." : " cannot be negative.";
-    Refuse(*this, design_.name().append(complaint), MessageStyle::Plain);
+        design_.range == AmountRange::Positive ? "{1} cannot be zero or negative." : "{1} cannot be negative.";
+    Refuse(*this, Filled(complaint, design_.name()), MessageStyle::Plain);
     return AmountCheck::Refused;
   }
   const std::string text = Text();

@@ -33,7 +33,7 @@ struct AmountRule {
 struct AmountEntryDesign {
   int tabIndex = FieldDesign().tabIndex;
   /// The field's name in messages.
-  Asked<std::string> name = {};
+  Asked<Wording> name = {};
   /// Where the focus goes when the field is full.
   Asked<Control*> next = {};
   /// A control to which the focus may step back without a check.
@@ -43,7 +43,7 @@ struct AmountEntryDesign {
 };
 
 /// A label's caption as the name of its field.
-Asked<std::string> CaptionOf(const Label& label);
+Asked<Wording> CaptionOf(const Label& label);
 
 /// An amount of the newer kind: right-aligned, 12 characters. It keeps digits, "-" and the locale's decimal separator
 /// of what is typed, moves on when it is full, and is checked and shown with two decimals when it is left.

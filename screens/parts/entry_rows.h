@@ -31,17 +31,31 @@ enum class Reaction {
   Passes
 };
 
+/// The message of a row: a text of the catalogue, or a wording that outlives the row.
+class RowMessage {
+ public:
+  constexpr RowMessage() = default;
+  constexpr RowMessage(const char* text) : text_(text) {}
+  constexpr RowMessage(std::string_view text) : text_(text) {}
+  constexpr RowMessage(const Wording& composed) : composed_(&composed) {}
+
+  Wording Words() const { return composed_ == nullptr ? Wording(text_) : *composed_; }
+
+ private:
+  std::string_view text_ = {};
+  const Wording* composed_ = nullptr;
+};
+
 /// `Entry` is the field under test with what has been read of it: a `TestedAmount`, a `TestedDate`.
 template <class Entry>
 struct EntryRow {
   /// The test is a routine, never a null pointer: a row without one does not compile.
-  constexpr EntryRow(bool (&test)(Entry& entry), std::string_view text = {}, Reaction whereMet = Reaction::Focus,
+  constexpr EntryRow(bool (&test)(Entry& entry), RowMessage text = {}, Reaction whereMet = Reaction::Focus,
                      MessageStyle box = MessageStyle::Critical)
       : isMet(test), message(text), reaction(whereMet), style(box) {}
 
   bool (*isMet)(Entry& entry);
-  /// A literal, or what outlives the row.
-  std::string_view message;
+  RowMessage message;
   Reaction reaction;
   MessageStyle style;
 };
@@ -52,8 +66,8 @@ bool React(Entry& entry, const EntryRow<Entry>& row) {
     return row.reaction == Reaction::Passes;
   if (row.reaction == Reaction::Selects)
     entry.Field().SelectAll();
-  if (!row.message.empty())
-    Complain(entry.Field(), row.message, row.style);
+  if (const Wording message = row.message.Words(); !message.IsEmpty())
+    Complain(entry.Field(), message, row.style);
   if (row.reaction == Reaction::Empties)
     entry.Field().Text("");
   Attempt(entry.Policy(), [&] { entry.Field().SetFocus(); });

@@ -17,13 +17,13 @@ PaymentHead::PaymentHead(Form& form, const PaymentHeadDesign& design)
 
 void PaymentHead::Show(const GivenPayment& payment) {
   const std::string_view text = payment.paidAmount;
-  AmountPaid.Caption(shown_.read == AmountRead::AsNumber ? Format(LeadingNumber(text), shown_.pattern)
-                                                         : Format(text, shown_.pattern));
+  AmountPaid.Caption(AsGiven(shown_.read == AmountRead::AsNumber ? Format(LeadingNumber(text), shown_.pattern)
+                                                                 : Format(text, shown_.pattern)));
   const bool hasDate = !payment.IsHeld() || heldDate_ == HeldDate::IsShown;
   DateCaption.Visible(hasDate);
   PayDate.Visible(hasDate);
   if (hasDate)
-    PayDate.Caption(payment.ShownDate());
+    PayDate.Caption(AsGiven(payment.ShownDate()));
 }
 
 Money PaymentHead::Amount() const {

@@ -15,7 +15,7 @@ namespace fiscalon {
 /// A label as a form's table gives it to a part.
 struct NamedLabel {
   std::string name = {};
-  std::string caption = {};
+  Wording caption = {};
 };
 
 /// What becomes of the date while the payment is on hold.

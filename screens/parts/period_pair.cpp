@@ -22,8 +22,8 @@ void AddHint(std::optional<Label>& hint, Form& form, const std::string& name) {
     hint.emplace(form, name, LabelDesign{.caption = "YYYYMMDD"});
 }
 
-std::string YYYYMMDD(const Date& date) {
-  return FormatDate(date, "YYYYMMDD");
+Wording YYYYMMDD(const Date& date) {
+  return AsGiven(FormatDate(date, "YYYYMMDD"));
 }
 
 /// Whether two dates, the other one where it is complete, are in order. One that can't be made is not.
@@ -48,7 +48,7 @@ PeriodPair::PeriodPair(Form& form, ValidationGuard& guard, const PeriodDesign& d
       To(form, design.to, DateField(design.tabIndex + 1), design.next,
          {.lostFocus = [this] { guard_.FieldIsLeft(To, [this] { return CheckPeriodTo(); }); }}),
       guard_(guard),
-      tax_(design.tax),
+      name_(design.name),
       limit_(design.limit) {
   AddHint(FromHint, form, design.fromHint);
   AddHint(ToHint, form, design.toHint);
@@ -59,25 +59,19 @@ Row PeriodPair::Row() {
                     {&ToCaption, &To, ToHint ? &*ToHint : nullptr}}};
 }
 
-std::string PeriodPair::Named(std::string_view text) const {
-  std::string named = tax_.empty() ? tax_ : tax_ + " ";
-  return named.append(text);
-}
-
 bool PeriodPair::CheckPeriodFrom() {
   const Date yesterday = AddDays(Today(), -1);
   const bool isInRange = IsDate(From.Text()) && DateFromYYYYMMDD(From.Text()) > kBeforeFirstDay &&
                          DateFromYYYYMMDD(From.Text()) <= yesterday;
   if (!isInRange) {
-    ShowMessage(Named("Reporting Period From must be in the form YYYYMMDD and must be between 19920702 and ") +
-                    YYYYMMDD(yesterday),
+    ShowMessage(Filled("{1} From must be in the form YYYYMMDD and must be between 19920702 and {2}", name_,
+                       YYYYMMDD(yesterday)),
                 MessageStyle::Critical);
     return false;
   }
   if (To.Text().size() != kDateLength || AreInOrder(From, To))
     return true;
-  ShowMessage(Named("Reporting Period From must be less than the ") + Named("Reporting Period 'To' date."),
-              MessageStyle::Critical);
+  ShowMessage(Filled("{1} From must be less than the {1} 'To' date.", name_), MessageStyle::Critical);
   return false;
 }
 
@@ -85,15 +79,15 @@ bool PeriodPair::CheckPeriodTo() {
   const std::optional<Date> lastDay = LastDay(limit_());
   const bool isInRange = IsDate(To.Text()) && (!lastDay || DateFromYYYYMMDD(To.Text()) <= *lastDay);
   if (!isInRange) {
-    const std::string range =
-        lastDay ? "between the From date and " + YYYYMMDD(*lastDay) : "greater than the From date.";
-    ShowMessage(Named("Reporting Period To must be in the form YYYYMMDD and must be ") + range, MessageStyle::Critical);
+    ShowMessage(lastDay ? Filled("{1} To must be in the form YYYYMMDD and must be between the From date and {2}", name_,
+                                 YYYYMMDD(*lastDay))
+                        : Filled("{1} To must be in the form YYYYMMDD and must be greater than the From date.", name_),
+                MessageStyle::Critical);
     return false;
   }
   if (From.Text().size() != kDateLength || AreInOrder(From, To))
     return true;
-  ShowMessage(Named("Reporting Period To must be greater than the ") + Named("Reporting Period 'From' date."),
-              MessageStyle::Critical);
+  ShowMessage(Filled("{1} To must be greater than the {1} 'From' date.", name_), MessageStyle::Critical);
   return false;
 }
 

@@ -16,15 +16,15 @@ namespace fiscalon {
 enum class PeriodLimit { None, OneYear, OneYearLessADay };
 
 struct PeriodDesign {
-  std::string caption = {};
+  Wording caption = {};
   /// Of the first field; the second one follows.
   int tabIndex = 0;
   /// Asked at each check.
   Asked<PeriodLimit> limit = {};
   /// Where the focus goes from a full second field.
   Asked<Control*> next = {};
-  /// The tax that messages name, on a form with periods of two.
-  std::string tax = {};
+  /// What messages call it, on a form with periods of two taxes.
+  Wording name = "Reporting Period";
   std::string fromCaptionName = "Label6";
   std::string from = "txtPeriodFrom";
   std::string toCaptionName = "Label7";
@@ -54,11 +54,9 @@ class PeriodPair {
   // With resume-next: a date that can't be made is none. They show their own messages.
   bool CheckPeriodFrom();
   bool CheckPeriodTo();
-  /// The tax, if messages name one, and a text behind it.
-  std::string Named(std::string_view text) const;
 
   ValidationGuard& guard_;
-  std::string tax_;
+  Wording name_;
   Asked<PeriodLimit> limit_;
 };
 

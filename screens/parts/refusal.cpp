@@ -7,8 +7,8 @@
 
 namespace fiscalon {
 
-void Complain(const Control& control, std::string_view message, MessageStyle style) {
-  ShowMessage({.text = std::string(message), .style = style, .title = control.Owner().BoxTitle()});
+void Complain(const Control& control, const Wording& message, MessageStyle style) {
+  ShowMessage({.text = message, .style = style, .title = control.Owner().BoxTitle()});
 }
 
 bool Refuse(Control& control) {
@@ -16,7 +16,7 @@ bool Refuse(Control& control) {
   return false;
 }
 
-bool Refuse(Control& control, std::string_view message, MessageStyle style) {
+bool Refuse(Control& control, const Wording& message, MessageStyle style) {
   Complain(control, message, style);
   return Refuse(control);
 }

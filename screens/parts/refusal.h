@@ -8,13 +8,13 @@
 namespace fiscalon {
 
 /// A box about a control, under the title of its form's boxes.
-void Complain(const Control& control, std::string_view message, MessageStyle style);
+void Complain(const Control& control, const Wording& message, MessageStyle style);
 
 // The reaction to a test that fails, always false, the result of the test.
 
 /// The focus goes to the control, and nothing is said.
 bool Refuse(Control& control);
 /// A box, and then the focus.
-bool Refuse(Control& control, std::string_view message, MessageStyle style = MessageStyle::Critical);
+bool Refuse(Control& control, const Wording& message, MessageStyle style = MessageStyle::Critical);
 
 }  // namespace fiscalon

@@ -15,7 +15,7 @@ namespace fiscalon {
 /// "lbl".
 struct ReturnLine {
   std::string name = {};
-  std::string caption = {};
+  Wording caption = {};
 };
 
 struct TaxLinesDesign {

@@ -31,10 +31,10 @@ class frmQue_Rev_QSTGSTComb final : public Screen {
   Label            Label4              {*this, "Label4",              {.caption = "Reporting Period"}};
   PeriodPair       gstPeriod           {*this, inValidation, {.caption = "GST/HST From:", .tabIndex = 1,
                                         .limit = PeriodLimit::OneYearLessADay,
-                                        .next = [this] { return &qstPeriod.From; }, .tax = "GST",
+                                        .next = [this] { return &qstPeriod.From; }, .name = "GST Reporting Period",
                                         .from = "txtGSTPeriodFrom", .to = "txtGSTPeriodTo"}};
   PeriodPair       qstPeriod           {*this, inValidation, {.caption = "QST From:", .tabIndex = 3,
-                                        .limit = PeriodLimit::OneYear, .next = [this] { return &gst.Collectible; }, .tax = "QST",
+                                        .limit = PeriodLimit::OneYear, .next = [this] { return &gst.Collectible; }, .name = "QST Reporting Period",
                                         .fromCaptionName = "Label2", .from = "txtQSTPeriodFrom",
                                         .toCaptionName = "Label3", .to = "txtQSTPeriodTo", .fromHint = "", .toHint = ""}};
   TaxLines         gst                 {*this, amounts,

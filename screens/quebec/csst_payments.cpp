@@ -16,12 +16,13 @@ constexpr Date kBeforeCsstPayments = {2011, 1, 1};
 constexpr int kYearsBack = 8;
 constexpr int kYearsAhead = 1;
 
-constexpr const char* kAfterLimit = " must be a valid date, in the form YYYYMMDD and after January 1, 2011.";
+constexpr const char* kAfterLimit = "{1} must be a valid date, in the form YYYYMMDD and after January 1, 2011.";
 constexpr const char* kPeriodNearPayment =
-    " must be a valid date, in the form YYYYMMDD and must not be more than 8 years in the past or more than 1 year in "
+    "{1} must be a valid date, in the form YYYYMMDD and must not be more than 8 years in the past or more than 1 year "
+    "in "
     "the future.";
 constexpr const char* kMonthNearPayment =
-    " must be a valid date, in the form YYYYMM and must not be more than 8 years in the past or more than 1 year in "
+    "{1} must be a valid date, in the form YYYYMM and must not be more than 8 years in the past or more than 1 year in "
     "the future.";
 
 }  // namespace
@@ -40,7 +41,7 @@ void frmQue_Rev_CSST_Payments::SetupForm() {
   head.Show(Payment());
   txtAmountPayable.Text(Format(Payment().paidAmount, "0.00"));
   if (!PaysCsst())
-    Caption(Trim(Payment().compName));
+    Caption(AsGiven(std::string(Trim(Payment().compName))));
   lblAmountPayable.Visible(PaysCsst());
   txtAmountPayable.Visible(PaysCsst());
   lblPeriodEndDate.Visible(!AsksForMonth());
@@ -117,10 +118,10 @@ bool frmQue_Rev_CSST_Payments::IsYearNearPayment(int year) const {
   return year >= yearOfPayment - kYearsBack && year <= yearOfPayment + kYearsAhead;
 }
 
-std::string frmQue_Rev_CSST_Payments::Complaint() const {
+Wording frmQue_Rev_CSST_Payments::Complaint() const {
   if (AsksForMonth())
-    return lblMonthWithheld.Caption() + kMonthNearPayment;
-  return lblPeriodEndDate.Caption() + (PaysCsst() ? kAfterLimit : kPeriodNearPayment);
+    return Filled(kMonthNearPayment, lblMonthWithheld.WordedCaption());
+  return Filled(PaysCsst() ? kAfterLimit : kPeriodNearPayment, lblPeriodEndDate.WordedCaption());
 }
 
 void frmQue_Rev_CSST_Payments::DoWrite() {

@@ -75,7 +75,7 @@ class frmQue_Rev_CSST_Payments final : public Screen {
   bool IsValidMonth(Tested tested) const;
   /// From 8 years before that of the payment to the one behind it; any year where the payment has no date.
   bool IsYearNearPayment(int year) const;
-  std::string Complaint() const;
+  Wording Complaint() const;
   void DoWrite();
 
   std::string screenType_;

@@ -15,8 +15,8 @@ bool frmQue_Rev_GST::ValidateForm() {
     return balance == Balance::Refund;
   if (ResumeNext::Holds(
           [&] { return Money::FromDouble(txtExemptSupplies.Amount()) > Money::FromDouble(txtSupplies.Amount()); }))
-    return Refuse(txtExemptSupplies, "The " + lblExemptSupplies.Caption() + " must be less than or equal to " +
-                                         lblSupplies.Caption() + ".");
+    return Refuse(txtExemptSupplies, Filled("The {1} must be less than or equal to {2}.",
+                                            lblExemptSupplies.WordedCaption(), lblSupplies.WordedCaption()));
   return true;
 }
 

@@ -43,7 +43,7 @@ void frmQue_Rev_QST::SetQSTGSTCaptions() {
                                    {tax.RebatesCaption, "QST", "GST/HST"},
                                    {tax.RebatesCaption, "211", "111"}};
   for (const CaptionChange& change : changes)
-    change.label.Caption(Replaced(change.label.Caption(), change.from, change.to));
+    change.label.Caption(std::string_view(Replaced(change.label.Caption(), change.from, change.to)));
 }
 
 void frmQue_Rev_QST::SetupForm() {

@@ -35,5 +35,23 @@ TEST(ShowMessage, TellsFormsThatAreUpThatTheirUserWasToldSomething) {
   ResetModule();
 }
 
+TEST(ShowMessage, SpeaksTheLanguageOfTheFormThatIsUp) {
+  const auto form = std::make_shared<TwoFieldForm>();
+  ModuleToChange().forms["frmTest"] = form;
+  ServingToolkit toolkit;
+  UseToolkit(&toolkit);
+  std::vector<std::string> told;
+  toolkit.whenBoxIsUp = [&](const BoxRequest& box) { told.push_back(box.text); };
+  toolkit.serve = [&] {
+    UseLanguage("en");
+    ShowMessage("Cancel", MessageStyle::Plain);
+  };
+  UseLanguage("fr");
+  form->ShowModal(toolkit, TheModule().language);
+  ShowMessage("Cancel", MessageStyle::Plain);
+  EXPECT_EQ(told, (std::vector<std::string>{"Annuler", "Cancel"}));
+  ResetModule();
+}
+
 }  // namespace
 }  // namespace fiscalon

@@ -50,7 +50,9 @@ class BusyForm : public EveryKindForm {
     };
     when["lstInvoices_Chosen"] = [this] { txtPurpose.Text(lstInvoices.Text() + "\r\nis paid"); };
     when["cmdOK_Click"] = [this] { fraKind.Visible(!fraKind.Visible()); };
-    when["cmdCancel_Click"] = [this] { lstInvoices.AddItem("INV-" + std::to_string(lstInvoices.ListCount() + 1)); };
+    when["cmdCancel_Click"] = [this] {
+      lstInvoices.AddItem(AsGiven("INV-" + std::to_string(lstInvoices.ListCount() + 1)));
+    };
   }
 
  private:

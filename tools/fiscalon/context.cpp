@@ -31,8 +31,13 @@ Locale Context::SpokenLocale() const {
   return *NamedLocale(SpokenLocaleName());
 }
 
+Language Context::ShownLanguage() const {
+  return languageName.empty() ? Language() : *NamedLanguage(languageName);
+}
+
 void Context::SetUpModule() const {
   UseLocale(SpokenLocaleName());
+  UseLanguage(ShownLanguage());
   if (today)
     UseFixedClock(*today);
 }

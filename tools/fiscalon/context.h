@@ -6,6 +6,7 @@
 
 #include "core/platform/date.h"
 #include "core/platform/locale.h"
+#include "core/wording/language.h"
 #include "tools/fiscalon/files/program_end.h"
 
 namespace fiscalon {
@@ -34,13 +35,17 @@ struct Context {
   std::optional<DateTime> today = {};
   /// --locale; empty where it was not given.
   std::string localeName = {};
+  /// --language; empty where it was not given.
+  std::string languageName = {};
   Paint paint = Paint(false);
   ExitStatus status = ExitStatus::Done;
 
   /// The locale in which the command speaks: --locale, or the user's own.
   std::string_view SpokenLocaleName() const;
   Locale SpokenLocale() const;
-  /// Gives the module that locale, and the clock of --today.
+  /// The language of forms: --language, or English.
+  Language ShownLanguage() const;
+  /// Gives the module that locale and language, and the clock of --today.
   void SetUpModule() const;
 };
 

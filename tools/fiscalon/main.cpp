@@ -53,6 +53,10 @@ void DefineCommandLine(CLI::App& app, Context& context) {
   app.add_option("--locale", context.localeName, "How numbers, money and moments are written")
       ->type_name("NAME")
       ->check(OneOf({"en-CA", "en-US", "fr-CA", "system"}));
+  const std::vector<std::string_view> languages = LanguageNames();
+  app.add_option("--language", context.languageName, "The language of forms; English without it")
+      ->type_name("NAME")
+      ->check(OneOf({languages.begin(), languages.end()}));
 
   AddScreensCommand(app, context);
   AddCollectCommand(app, context);

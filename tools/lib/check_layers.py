@@ -28,28 +28,29 @@ ROWS = (
     Layer("platform", "core/platform/", ""),
     Layer("values", "core/values/", "platform"),
     Layer("records", "core/records/", "values platform"),
-    Layer("forms", "core/forms/", "platform"),
-    Layer("core", "core/", "records values forms platform"),
-    Layer("parts", "screens/parts/", "core records values forms platform"),
-    Layer("screens", "screens/", "parts core records values forms platform"),
+    Layer("wording", "core/wording/", "platform"),
+    Layer("forms", "core/forms/", "wording platform"),
+    Layer("core", "core/", "records values forms wording platform"),
+    Layer("parts", "screens/parts/", "core records values forms wording platform"),
+    Layer("screens", "screens/", "parts core records values forms wording platform"),
     Layer("validation", "validation/", "core records values platform"),
-    Layer("played", "frontends/played/", "screens core records values forms platform"),
-    Layer("scripted", "frontends/scripted/", "played core forms platform"),
+    Layer("played", "frontends/played/", "screens core records values forms wording platform"),
+    Layer("scripted", "frontends/scripted/", "played core forms wording platform"),
     # What plays scenarios on widgets is part of the folder.
-    Layer("qt", "frontends/qt/", "played core forms platform", of_the_system=True, own_namespace=True),
-    Layer("win32", "frontends/win32/", "played core forms platform", of_the_system=True, own_namespace=True),
-    Layer("terminal", "frontends/terminal/", "played core forms platform", of_the_system=True, own_namespace=True),
+    Layer("qt", "frontends/qt/", "played core forms wording platform", of_the_system=True, own_namespace=True),
+    Layer("win32", "frontends/win32/", "played core forms wording platform", of_the_system=True, own_namespace=True),
+    Layer("terminal", "frontends/terminal/", "played core forms wording platform", of_the_system=True, own_namespace=True),
     # What hosts on Windows create by name: the library, and the forms that it shows there.
-    Layer("component", "component/", "win32 validation core records platform", of_the_system=True),
+    Layer("component", "component/", "win32 validation core records wording platform", of_the_system=True),
     # What hosts in C and in other languages load: the library, whose header is of C, and the front ends of its system.
-    Layer("c", "bindings/c/", "scripted played validation core records values forms platform", of_the_system=True),
+    Layer("c", "bindings/c/", "scripted played validation core records values forms wording platform", of_the_system=True),
     Layer("c_posix", "bindings/c/posix/", "c terminal forms platform", of_the_system=True),
     Layer("c_windows", "bindings/c/windows/", "c win32 forms platform", of_the_system=True),
     Layer("c_qt", "bindings/c/qt/", "c qt forms platform"),
     # What a record says, for people.
-    Layer("reading", "tools/reading/", "validation core records values platform"),
+    Layer("reading", "tools/reading/", "validation core records values wording platform"),
     # A payment as it is entered at a desk, on whatever that shows it.
-    Layer("paying", "tools/paying/", "reading core records values platform"),
+    Layer("paying", "tools/paying/", "reading core records values wording platform"),
     # The program's outputs, inputs and terminal.
     Layer("files", "tools/fiscalon/files/", "reading validation records platform", of_the_system=True),
 )

@@ -22,11 +22,13 @@ class ArrayForm : public TestForm {
                                   .keyPress = On(&Self::Box_KeyPress),
                                   .lostFocus = [this](int index) { Note("LostFocus " + std::to_string(index)); },
                                   .mouseDown = [this](int index) { Note("MouseDown " + std::to_string(index)); }}};
-  ControlArray<CheckBox, 2> StatementOnly{
-      *this,
-      "StatementOnly",
-      [](int index) { return ToggleDesign{.caption = "Box " + std::to_string(index + 1), .tabIndex = 20 + index}; },
-      {.click = On(&Self::StatementOnly_Click)}};
+  ControlArray<CheckBox, 2> StatementOnly{*this,
+                                          "StatementOnly",
+                                          [](int index) {
+                                            return ToggleDesign{.caption = AsGiven("Box " + std::to_string(index + 1)),
+                                                                .tabIndex = 20 + index};
+                                          },
+                                          {.click = On(&Self::StatementOnly_Click)}};
   ControlArray<Label, 2> Caption{*this, "Caption",
                                  [](int index) { return LabelDesign{.caption = index == 0 ? "First" : "Second"}; }};
 

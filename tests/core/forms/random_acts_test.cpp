@@ -73,7 +73,7 @@ class UnrulyForm : public TestForm {
         DoEvents();
         break;
       case 8:
-        (Below(2) == 0 ? static_cast<ListControl&>(cmbA) : lstA).AddItem(std::string(1, "abc"[Below(3)]));
+        (Below(2) == 0 ? static_cast<ListControl&>(cmbA) : lstA).AddItem(AsGiven(std::string(1, "abc"[Below(3)])));
         break;
       case 9:
         if (lstA.ListCount() > 0)

@@ -12,9 +12,9 @@
 namespace fiscalon {
 
 void PlayedScreen::Form_Load() {
-  Caption(Payment().compName);
-  lblNow.Caption(GeneralDate(TheModule().clock->Now(), TheModule().locale));
-  lblSeparator.Caption(TheModule().decimalSeparator);
+  Caption(AsGiven(Payment().compName));
+  lblNow.Caption(AsGiven(GeneralDate(TheModule().clock->Now(), TheModule().locale)));
+  lblSeparator.Caption(AsGiven(TheModule().decimalSeparator));
   lblLines.Caption("one\r\ntwo\rthree\nfour");
   for (const char* row : {"First", "Second", "two words"}) {
     cmb.AddItem(row);
@@ -23,19 +23,19 @@ void PlayedScreen::Form_Load() {
 }
 
 void PlayedScreen::txtA_Change() {
-  lblSeen.Caption("Seen " + txtA.Text());
+  lblSeen.Caption(AsGiven("Seen " + txtA.Text()));
 }
 
 void PlayedScreen::txtLocked_KeyDown(int& keyCode, int shift) {
-  lblKeys.Caption(lblKeys.Caption() + "down " + std::to_string(keyCode) + "+" + std::to_string(shift) + " ");
+  lblKeys.Caption(AsGiven(lblKeys.Caption() + "down " + std::to_string(keyCode) + "+" + std::to_string(shift) + " "));
 }
 
 void PlayedScreen::txtLocked_KeyPress(int& character) {
-  lblKeys.Caption(lblKeys.Caption() + "makes " + std::to_string(character) + " ");
+  lblKeys.Caption(AsGiven(lblKeys.Caption() + "makes " + std::to_string(character) + " "));
 }
 
 void PlayedScreen::cmb_Click() {
-  lblSeen.Caption("Picked " + cmb.Text());
+  lblSeen.Caption(AsGiven("Picked " + cmb.Text()));
 }
 
 void PlayedScreen::cmdBox_Click() {

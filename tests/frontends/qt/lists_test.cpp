@@ -160,7 +160,7 @@ TEST_F(Lists, AreChosenFromByAnAssistiveProgram) {
 
 TEST_F(Lists, ShowSeveralRowsAndScrollToTheOneThatTheKeyboardComesTo) {
   Show(form, [&](FormDialog& dialog, UserDriver& user) {
-    for (int i = 0; i < 40; ++i) form.lstInvoices.AddItem("INV-" + std::to_string(i + 4));
+    for (int i = 0; i < 40; ++i) form.lstInvoices.AddItem(AsGiven("INV-" + std::to_string(i + 4)));
     form.lstInvoices.SetFocus();
     const auto shows = [&](int row) {
       QListWidget& list = Invoices(dialog);

@@ -179,7 +179,7 @@ TEST_F(FormOnScreen, PicksFromAListThatKeysDropDown) {
 
 TEST_F(FormOnScreen, ScrollsAListByTheWheel) {
   form.when["Form_Activate"] = [&] {
-    for (int i = 4; i <= 30; ++i) form.lstInvoices.AddItem("INV-" + std::to_string(i));
+    for (int i = 4; i <= 30; ++i) form.lstInvoices.AddItem(AsGiven("INV-" + std::to_string(i)));
   };
   Show(
       [&](UserDriver& user) {

@@ -225,8 +225,8 @@ TEST_F(AssessmentForm, PairsAreNumberedThroughInTheirCaptions) {
   const Assessment form;
   std::vector<std::string> captions;
   for (int i = 0; i < Assessment::kPairs; ++i) {
-    captions.push_back(form.ClassLabel[i].Designed().caption);
-    captions.push_back(form.AssessmentLabel[i].Designed().caption);
+    captions.push_back(form.ClassLabel[i].Designed().caption.English());
+    captions.push_back(form.AssessmentLabel[i].Designed().caption.English());
   }
   EXPECT_THAT(captions, ElementsAre("01 Classification", "02 Assessment", "03 Classification", "04 Assessment",
                                     "05 Classification", "06 Assessment", "07 Classification", "08 Assessment",

@@ -381,7 +381,7 @@ TEST_F(InvoicePaymentsForm, EachEntryFieldHasItsCaption) {
     EXPECT_EQ(std::count_if(form.Controls().begin(), form.Controls().end(),
                             [&](const Control* control) {
                               const auto* label = dynamic_cast<const Label*>(control);
-                              return label != nullptr && label->Designed().caption == caption;
+                              return label != nullptr && label->Designed().caption.English() == caption;
                             }),
               1)
         << caption;

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 
 class RowsForm : public PartForm {
  public:
-  std::string BoxTitle() const override { return "Rows"; }
+  Wording BoxTitle() const override { return "Rows"; }
 
   TextField Field{*this, "Field", {.tabIndex = 0}};
   TextField Other{*this, "Other", {.tabIndex = 1}};

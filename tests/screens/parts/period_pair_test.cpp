@@ -15,7 +15,7 @@ class PeriodForm : public PartForm {
   PeriodPair      period       {*this, inValidation, {.caption = "Reporting Period From:", .tabIndex = 1,
                                                       .limit = [this] { return limit; }, .next = &qst.From}};
   PeriodPair      qst          {*this, inValidation, {.caption = "QST From:", .tabIndex = 3, .limit = PeriodLimit::OneYear,
-                                                      .next = &cmdOK, .tax = "QST",
+                                                      .next = &cmdOK, .name = "QST Reporting Period",
                                                       .fromCaptionName = "Label2", .from = "txtQSTPeriodFrom",
                                                       .toCaptionName = "Label3", .to = "txtQSTPeriodTo",
                                                       .fromHint = "", .toHint = ""}};

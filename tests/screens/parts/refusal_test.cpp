@@ -38,7 +38,7 @@ TEST_F(Refusal, IsSilentWithoutAText) {
 
 class TitledForm : public RefusingForm {
  public:
-  std::string BoxTitle() const override { return "Details"; }
+  Wording BoxTitle() const override { return "Details"; }
 };
 
 class TitledRefusal : public PartTest<TitledForm> {};

@@ -18,7 +18,7 @@ class ReturnBalance : public PartTest<BalanceForm> {
  protected:
   Balance Tested(std::string_view balance, std::string_view paid) {
     form.txtBalance.Text(balance);
-    form.head.AmountPaid.Caption(std::string(paid));
+    form.head.AmountPaid.Caption(AsGiven(std::string(paid)));
     return TestBalance(form.txtBalance, form.head, form.txtFirst);
   }
 

@@ -84,7 +84,7 @@ class ReturnTest : public PaymentTest<FormClass> {
     this->template Show<FormClass>(this->Code(), [&](FormClass& form, UserDriver& user) {
       this->FillIn(form, user);
       for (const std::string& name : names) {
-        LabelOf(form, "lbl" + name).Caption(name + " line");
+        LabelOf(form, "lbl" + name).Caption(AsGiven(name + " line"));
         user.PressMouse(Field(form, "txt" + name));
         Field(form, "txt" + name).Text("-1");
         user.PressMouse(form.cmdOK);

@@ -140,7 +140,7 @@ TEST_P(Completion, OffersEveryCommand) {
 TEST_P(Completion, OffersEveryOption) {
   for (const std::string& command : Commands()) {
     std::set<std::string> options = OptionsOf(command);
-    options.insert({"--today", "--locale"});
+    options.insert({"--today", "--locale", "--language"});
     EXPECT_EQ(Offered("fiscalon " + command + " --"), options) << command;
   }
   EXPECT_EQ(Offered("fiscalon --"), OptionsOf(""));
@@ -148,6 +148,7 @@ TEST_P(Completion, OffersEveryOption) {
 
 TEST_P(Completion, OffersWhatAnOptionTakes) {
   EXPECT_EQ(Offered("fiscalon --locale en"), (std::set<std::string>{"en-CA", "en-US"}));
+  EXPECT_EQ(Offered("fiscalon --language f"), (std::set<std::string>{"fr"}));
   EXPECT_EQ(Offered("fiscalon play --toolkit q"), (std::set<std::string>{"qt"}));
   std::set<std::string> screens;
   for (const LaunchRow& row : LaunchTable())

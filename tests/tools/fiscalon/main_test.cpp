@@ -40,7 +40,8 @@ TEST_F(Program, HelpsOnStandardOutputWithExamples) {
   const Outcome seen = Run("fiscalon --help");
   EXPECT_EQ(seen.status, 0);
   EXPECT_THAT(seen.out, HasSubstr("Usage: fiscalon [OPTIONS] SUBCOMMAND"));
-  for (const char* each : {"--today DATE", "--locale NAME", "--version", "Examples:", "  fiscalon screens\n"})
+  for (const char* each :
+       {"--today DATE", "--locale NAME", "--language NAME", "--version", "Examples:", "  fiscalon screens\n"})
     EXPECT_THAT(seen.out, HasSubstr(each));
   EXPECT_THAT(seen.err, IsEmpty());
 }
@@ -125,6 +126,13 @@ TEST_F(Program, TakesTheLocaleBeforeAndBehindTheCommand) {
   EXPECT_EQ(Run("fiscalon play french.scenario --locale fr-CA").status, 0);
   EXPECT_EQ(Run("fiscalon play french.scenario --locale en-US").status, 1);
   EXPECT_EQ(Run("fiscalon play french.scenario").status, 1);
+}
+
+TEST_F(Program, TakesTheLanguageOfForms) {
+  Write("french.scenario", "host PaidAmount 100\nshow 15\n  expect text cmdCancel Annuler\n  key Escape\n");
+  EXPECT_EQ(Run("fiscalon play french.scenario --language fr").status, 0);
+  EXPECT_EQ(Run("fiscalon play french.scenario").status, 1);
+  EXPECT_THAT(Run("fiscalon play french.scenario --language de").err, HasSubstr("\"de\" is none of en, fr"));
 }
 
 TEST_F(Program, TakesGlobalOptionsOnEveryCommand) {

@@ -27,6 +27,8 @@ void Collecting::Begin(const FrontEnd& frontEnd) {
   context_.SetUpModule();
   recorder_.Today(TheModule().clock->Now());
   recorder_.UsesLocale(LocaleToRecord());
+  if (!context_.languageName.empty())
+    recorder_.UsesLanguage(context_.languageName);
   session_.emplace();
 }
 

@@ -54,9 +54,9 @@ ExitStatus OpenDesk(const std::string& toolkitName, const Context& context) {
   desk.onShow = [&](const Payment& payment, const std::string& code) {
     const ShowOutcome outcome = ShowScreen(payment, *FindLaunchRow(code));
     result.Set(outcome.words, outcome.records);
-    result.ShowModal(*toolkit);
+    result.ShowModal(*toolkit, context.ShownLanguage());
   };
-  desk.ShowModal(*toolkit);
+  desk.ShowModal(*toolkit, context.ShownLanguage());
   UseToolkit(nullptr);
   return ExitStatus::Done;
 }

@@ -55,12 +55,12 @@ int ItemsOf(std::string_view text) {
   return std::max(items, 1);
 }
 
-std::string CaptionOf(PaymentEntry entry) {
-  return FromUtf8(WordsOf(entry).caption);
+Wording CaptionOf(PaymentEntry entry) {
+  return WordsOf(entry).caption;
 }
 
-std::string RowOf(const LaunchRow& screen) {
-  return std::string(screen.code) + "  " + FromUtf8(screen.collects);
+Wording RowOf(const LaunchRow& screen) {
+  return Filled("{1}  {2}", AsGiven(std::string(screen.code)), screen.collects);
 }
 
 }  // namespace
@@ -68,7 +68,9 @@ std::string RowOf(const LaunchRow& screen) {
 frmPaymentDesk::frmPaymentDesk()
     : Form("frmPaymentDesk", "Payment desk"),
       lblEntry(*this, "lblEntry",
-               [](int index) { return LabelDesign{.caption = FromUtf8(NameOf(RowAt(index).entry)) + ":"}; }),
+               [](int index) {
+                 return LabelDesign{.caption = Filled("{1}:", std::string_view(NameOf(RowAt(index).entry)))};
+               }),
       txtEntry(
           *this, "txtEntry",
           [](int index) { return FieldDesign{.tabIndex = RowAt(index).tabIndex, .maxLength = RowAt(index).maxLength}; },
@@ -153,7 +155,7 @@ void frmPaymentDesk::ShowDoubts() {
   std::string told = doubts.empty() ? std::string() : FromUtf8(SentenceOf(doubts.front()));
   if (doubts.size() > 1)
     told += " (and " + std::to_string(doubts.size() - 1) + " more)";
-  lblDoubt.Caption(told);
+  lblDoubt.Caption(AsGiven(told));
 }
 
 bool frmPaymentDesk::IsStopped() {

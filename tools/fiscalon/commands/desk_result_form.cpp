@@ -36,8 +36,8 @@ void frmDeskResult::Set(const std::string& words, const std::vector<ShownRecord>
 }
 
 void frmDeskResult::Form_Load() {
-  lblWords.Caption(FromUtf8(words_));
-  for (const std::string& row : rows_) lstFields.AddItem(FromUtf8(row));
+  lblWords.Caption(AsGiven(FromUtf8(words_)));
+  for (const std::string& row : rows_) lstFields.AddItem(AsGiven(FromUtf8(row)));
   lstFields.Visible(!rows_.empty());
 }
 

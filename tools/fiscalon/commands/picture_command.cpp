@@ -81,7 +81,7 @@ ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
       frontEnd.photographed({.theme = options.dark ? PictureLook::Theme::Dark : PictureLook::Theme::Light,
                              .format = FormatOf(options.out),
                              .scale = options.scale});
-  PlaySettings settings{.today = context.today};
+  PlaySettings settings{.today = context.today, .language = context.ShownLanguage()};
   if (!context.localeName.empty())
     settings.locale = context.localeName;
   bool taken = false;

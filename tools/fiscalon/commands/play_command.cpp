@@ -22,8 +22,9 @@ constexpr const char* kPlayExamples = R"(Examples:
   fiscalon play --only "an empty year" my.scenario
 
 Exit status: 0 all passed, 1 an expectation was not met, 2 a file can't be read or
-makes no sense, or --only names none (the others are played all the same). --today and --locale hold for
-scenarios that say nothing else; without them: the real day, and en-CA.)";
+makes no sense, or --only names none (the others are played all the same). --today, --locale
+and --language hold for scenarios that say nothing else; without them: the real day, en-CA
+and English.)";
 
 struct PlayOptions {
   std::vector<std::string> files = {};
@@ -40,6 +41,7 @@ class Playing {
   Playing(const PlayOptions& options, const Context& context, const FrontEnd& frontEnd)
       : options_(options), context_(context), toolkit_(frontEnd.played()) {
     settings_.today = context.today;
+    settings_.language = context.ShownLanguage();
     if (!context.localeName.empty())
       settings_.locale = context.localeName;
   }
