@@ -20,6 +20,7 @@ void UseFixedClock(const DateTime& now);
 /// "fr-CA"; "system" goes by the system again, whose settings every construction of a `Levyra` asks for. Error 5 for
 /// another name.
 void UseLocale(const Locale& locale);
+/// The same by a name: "en-CA", "en-US", "fr-CA" or "system". Error 5 for another one.
 void UseLocale(std::string_view name);
 
 /// Has forms and boxes be shown in that language, until `ResetModule`; a form that is up keeps its own. By its name

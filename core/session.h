@@ -66,6 +66,7 @@ class Levyra {
   /// Four characters that head each record of the payment.
   std::string SeqNumber() const { return seqNumber_; }
   void SeqNumber(std::string_view text) { seqNumber_ = text; }
+  /// Read only, and always false: no screen asks for it.
   bool ShowGST58() const;
   /// Name offered on the donation screen.
   std::string BusinessName() const { return businessName_; }

@@ -17,8 +17,8 @@ namespace fiscalon {
 
 /// The verdict on one payment. The texts are in Windows-1252 and last for the call.
 struct PaymentVerdict {
-  std::string_view seq = {};
-  std::string_view screen = {};
+  std::string_view seq = {};     ///< the payment's `SeqNumber`
+  std::string_view screen = {};  ///< its screen code
   /// Empty where the payment is good.
   std::string_view reason = {};
   /// Where each part of the reason lies, if the listener wants to know.
@@ -30,15 +30,17 @@ struct PaymentVerdict {
   /// Its line in the payments list, from 1.
   uint64_t row = 0;
 
+  /// Whether the payment is good.
   bool IsValid() const { return reason.empty(); }
 };
 
+/// How far a batch is, and at its end the counts.
 struct BatchProgress {
-  uint64_t payments = 0;
-  uint64_t invalid = 0;
+  uint64_t payments = 0;  ///< judged so far
+  uint64_t invalid = 0;   ///< of those, the bad ones
   /// Bytes of records that were judged, and of how many, where that is known.
   uint64_t bytes = 0;
-  std::optional<uint64_t> totalBytes = {};
+  std::optional<uint64_t> totalBytes = {};  ///< nothing for a pipe
 };
 
 /// Whom a batch tells of its payments: one call after the other, in the order of the batch, from whatever
@@ -51,6 +53,7 @@ class BatchListener {
   virtual bool WantsValidPayments() const = 0;
   /// Whether the verdicts on bad payments are to tell where their faults lie.
   virtual bool WantsFaults() const { return false; }
+  /// The verdict on a payment: on a bad one always, on a good one where `WantsValidPayments` said so.
   virtual void OnPayment(const PaymentVerdict& verdict) = 0;
   /// Called every few thousand payments.
   virtual void OnProgress(const BatchProgress& /*progress*/) {}

@@ -26,6 +26,7 @@ struct BatchProblem {
     return text.append(": ").append(reason);
   }
 
+  /// Whether file, line and reason are the same.
   friend bool operator==(const BatchProblem&, const BatchProblem&) = default;
 };
 
@@ -39,6 +40,7 @@ inline std::string Quoted(std::string_view text) {
 /// A batch whose files can't be read or don't line up: no verdict of it counts.
 class BatchError : public std::exception {
  public:
+  /// Of several problems.
   explicit BatchError(std::vector<BatchProblem> problems) : problems_(std::move(problems)) {
     for (const BatchProblem& problem : problems_) {
       if (!text_.empty())
@@ -46,9 +48,11 @@ class BatchError : public std::exception {
       text_ += problem.Text();
     }
   }
+  /// Of one, which is the file's own.
   BatchError(std::string file, std::string reason)
       : BatchError({BatchProblem{std::move(file), 0, std::move(reason)}}) {}
 
+  /// What is wrong, twenty of them at most.
   const std::vector<BatchProblem>& Problems() const { return problems_; }
   /// A line for each problem.
   const char* what() const noexcept override { return text_.c_str(); }

@@ -30,7 +30,9 @@ class ByteSource {
   /// The next bytes, at least that many unless the end comes first. The view holds until the next call of a
   /// member; where `Stays` is true, as long as the source. Throws `BatchError` where reading fails.
   virtual std::string_view Peek(size_t atLeast) = 0;
+  /// Goes on behind bytes that `Peek` has shown.
   virtual void Skip(size_t count) = 0;
+  /// Whether what `Peek` shows lasts as long as the source.
   virtual bool Stays() const = 0;
   /// Throws `BatchError` where a file has been written to since it was opened: nothing that was read of it counts then.
   virtual void RefuseChange() const {}
@@ -42,6 +44,7 @@ class ByteSource {
   virtual uint64_t LinesBefore() const { return 0; }
 
  protected:
+  /// The name stands in messages.
   explicit ByteSource(std::string name) : name_(std::move(name)) {}
 
  private:

@@ -13,8 +13,8 @@ namespace fiscalon {
 
 /// What is known of a payment beside its records. Texts are in Windows-1252.
 struct PaymentFigures {
-  std::string_view screenCode = {};
-  std::string_view billerCode = {};
+  std::string_view screenCode = {};  ///< "03" or "20"
+  std::string_view billerCode = {};  ///< such as "001052"
   /// The amount to be paid.
   int64_t cents = 0;
 };
@@ -26,6 +26,7 @@ class PaymentJudge {
  public:
   /// As of today by the module's clock.
   PaymentJudge();
+  /// As of that day.
   explicit PaymentJudge(const Date& today) : day_(JudgingDayOf(today)) {}
 
   /// Whether a payment's records, without quotes, meet the rules of its screen. `reason` becomes what

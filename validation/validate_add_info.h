@@ -16,6 +16,7 @@ namespace fiscalon {
 /// Windows-1252. For whole batches see validation/batch.h.
 class clsValidateAddInfo {
  public:
+  /// The screen whose rules are to be met: "03" or "20".
   std::string ScreenCode() const { return screenCode_; }
   void ScreenCode(std::string_view text) { screenCode_ = text; }
   /// Kept for the host; no rule looks at it.
@@ -46,6 +47,7 @@ class clsValidateAddInfo {
   /// unless an error ended it: then they hold what had been cut.
   std::shared_ptr<clsPC4GovFormats> PC4GovFormatRecords() const { return govFormatRecords_; }
   void PC4GovFormatRecords(std::shared_ptr<clsPC4GovFormats> records) { govFormatRecords_ = std::move(records); }
+  /// The same for the slots of "F" records.
   std::shared_ptr<clsPC4FreeFormats> PC4FreeFormatRecords() const { return freeFormatRecords_; }
   void PC4FreeFormatRecords(std::shared_ptr<clsPC4FreeFormats> records) { freeFormatRecords_ = std::move(records); }
 

@@ -11,17 +11,19 @@ namespace fiscalon {
 /// What push buttons, check boxes and option buttons share. A "&" in the caption marks the access key.
 class AnyButton : public Captioned {
  public:
-  using ArrayEvents = ButtonHandlers<int>;
+  using ArrayEvents = ButtonHandlers<int>;  ///< the events of a member of an array
 
   int AccessKey() const override { return fiscalon::AccessKey(ShownCaption()); }
   std::string PlainCaption() const override { return WithoutAccessMarks(ShownCaption()); }
 
  protected:
+  /// For the kinds of buttons.
   AnyButton(fiscalon::Form& form, ControlKind kind, std::string name, Wording caption, const CommonDesign& design,
             ButtonEvents events)
       : Captioned(form, kind, std::move(name), std::move(caption), design, CommonEvents::Of(events)),
         click_(std::move(events.click)) {}
 
+  /// Runs the form's handler for a click.
   void FireClick() { Fire("Click", click_); }
 
  private:
@@ -31,13 +33,15 @@ class AnyButton : public Captioned {
 /// A push button.
 class Button : public AnyButton {
  public:
-  using Design = ButtonDesign;
+  using Design = ButtonDesign;  ///< the options of a push button
 
+  /// On a form, by the name that handlers and scenarios know.
   Button(fiscalon::Form& form, std::string name, const ButtonDesign& design, ButtonEvents events = {})
       : AnyButton(form, ControlKind::Button, std::move(name), design.caption, CommonDesign::Of(design),
                   std::move(events)),
         design_(design) {}
 
+  /// The button as the form's definition has it.
   const ButtonDesign& Designed() const { return design_; }
 
   bool IsClickedBy(PassKey<UserActs> /*key*/, int keyCode) const override {
@@ -53,10 +57,12 @@ class Button : public AnyButton {
 /// changes, by the user or by code.
 class ToggleButton : public AnyButton {
  public:
-  using Design = ToggleDesign;
+  using Design = ToggleDesign;  ///< the options of both kinds
 
+  /// The button as the form's definition has it.
   const ToggleDesign& Designed() const { return design_; }
 
+  /// Whether it is ticked, or the option that is on.
   bool Value() const;
   void Value(bool value);
 
@@ -66,6 +72,7 @@ class ToggleButton : public AnyButton {
   bool IsClickedBy(PassKey<UserActs> /*key*/, int keyCode) const override { return keyCode == key::kSpace; }
 
  protected:
+  /// For the two kinds.
   ToggleButton(fiscalon::Form& form, ControlKind kind, std::string name, const ToggleDesign& design,
                ButtonEvents events)
       : AnyButton(form, kind, std::move(name), design.caption, CommonDesign::Of(design), std::move(events)),
@@ -79,8 +86,10 @@ class ToggleButton : public AnyButton {
   bool value_ = false;
 };
 
+/// A box to be ticked.
 class CheckBox : public ToggleButton {
  public:
+  /// On a form, by the name that handlers and scenarios know.
   CheckBox(fiscalon::Form& form, std::string name, const ToggleDesign& design, ButtonEvents events = {})
       : ToggleButton(form, ControlKind::CheckBox, std::move(name), design, std::move(events)) {}
 
@@ -92,6 +101,7 @@ class CheckBox : public ToggleButton {
 /// keys move. Throws `FormMisuse` where two of a group are on at design.
 class OptionButton : public ToggleButton {
  public:
+  /// On a form, by the name that handlers and scenarios know.
   OptionButton(fiscalon::Form& form, std::string name, const ToggleDesign& design, ButtonEvents events = {});
 
   /// The option that is on, else the first, of those that can take the focus.

@@ -28,6 +28,7 @@ class Captioned : public Control {
   void Reset(PassKey<fiscalon::Form> key) override;
 
  protected:
+  /// For the kinds that show a caption.
   Captioned(fiscalon::Form& form, ControlKind kind, std::string name, Wording caption, const CommonDesign& design,
             CommonEvents events)
       : Control(form, kind, std::move(name), design, std::move(events)), designedCaption_(std::move(caption)) {}

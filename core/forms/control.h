@@ -14,6 +14,7 @@ class Focus;
 class Form;
 class UserActs;
 
+/// All kinds of controls that forms are made of.
 enum class ControlKind { Label, TextField, Button, CheckBox, OptionButton, DropDownList, ListBox, Frame };
 
 /// How a control received the focus: it decides what a text field selects.
@@ -28,21 +29,28 @@ class Control {
 
   /// The name as handlers bear it; members of control arrays are named "Box(3)".
   const std::string& Name() const { return name_; }
+  /// What it is.
   ControlKind Kind() const { return kind_; }
+  /// The form that it belongs to.
   fiscalon::Form& Owner() const { return form_; }
 
+  /// Its place in tab order; `kNoTabIndex` comes last.
   int TabIndex() const { return design_.tabIndex; }
+  /// Whether Tab stops there.
   bool IsTabStop() const { return design_.tabStop; }
   /// The frame that the control lies in; null for none.
   const fiscalon::Frame* EnclosingFrame() const { return design_.frame; }
 
+  /// Whether it takes input, by itself.
   bool Enabled() const;
   void Enabled(bool enabled);
+  /// Whether it is there, by itself.
   bool Visible() const;
   void Visible(bool visible);
 
   /// As the user sees it: a control that lies in a frame is there, and takes input, with the frame alone.
   bool EnabledInFrames() const;
+  /// The same for being there at all.
   bool VisibleInFrames() const;
 
   /// Whether the kind has keyboard input, and with it the focus.
@@ -83,6 +91,7 @@ class Control {
   virtual KeyOutcome KeyMeans(PassKey<UserActs> /*key*/, int /*keyCode*/, int /*character*/) { return {}; }
 
  protected:
+  /// A control belongs to its form as long as both live.
   Control(fiscalon::Form& form, ControlKind kind, std::string name, const CommonDesign& design, CommonEvents events);
 
   /// Loads the form where it is not, since state exists only while it is.

@@ -23,11 +23,13 @@ namespace fiscalon {
 /// The user's acts come in through `Acts`. docs/architecture.md tells the order of events.
 class Form {
  public:
+  /// The name stands in the names of handlers and in scenarios; the caption is the window's title at first.
   Form(std::string_view name, Wording caption) : name_(name), designedCaption_(std::move(caption)) {}
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
   virtual ~Form() = default;
 
+  /// The name that handlers and scenarios know.
   const std::string& Name() const { return name_; }
 
   /// The title of the form's window, in English.
@@ -37,9 +39,11 @@ class Form {
   /// The same in the language of the form.
   std::string ShownCaption() { return WordedCaption().In(language_); }
 
+  /// How front ends lay it out.
   virtual const Layout& FormLayout() const = 0;
   /// The title of the form's message boxes; empty for the name of the host application.
   virtual Wording BoxTitle() const { return {}; }
+  /// All controls, as they are declared.
   const std::vector<Control*>& Controls() const { return controls_; }
   /// The control of that name, or null. For scenarios and front ends; handlers use the members.
   Control* FindControl(std::string_view name) const;
@@ -61,7 +65,9 @@ class Form {
   /// Destroys the controls' state; own fields of a form stay. Does nothing on an unloaded form.
   void Unload();
 
+  /// Whether the controls have their state.
   bool IsLoaded() const { return phase_ != Phase::Unloaded; }
+  /// Whether the user has it.
   bool IsUp() const { return phase_ == Phase::Up; }
   /// Loaded, and not shown since.
   bool IsYetToBeShown() const { return phase_ == Phase::Loaded; }
@@ -105,10 +111,15 @@ class Form {
   void Fail(PassKey<UserActs> /*key*/, std::exception_ptr failure) { Fail(std::move(failure)); }
 
  protected:
+  /// The form has been loaded: its first handler.
   virtual void Form_Load() {}
+  /// The form is up, and has its first focus.
   virtual void Form_Activate() {}
+  /// A key went down on any control, before the control's own handler; 0 ends its way.
   virtual void Form_KeyDown(int& /*keyCode*/, int /*shift*/) {}
+  /// A character comes to any control, before the control's own handler; 0 drops it.
   virtual void Form_KeyPress(int& /*character*/) {}
+  /// The window is to close; true keeps it.
   virtual void Form_QueryUnload(bool& /*cancel*/, CloseReason /*reason*/) {}
   /// A handler is about to run: of an event of the form ("Form", "Load"), or of a control's that has one ("txtQPP",
   /// "Change"). Object, underscore and event are the handler's name.

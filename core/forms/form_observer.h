@@ -13,7 +13,9 @@ class FormObserver {
 
   /// Text, caption, rows, value, selection, Enabled, Visible or Locked of a control.
   virtual void ControlChanged(const Control& /*control*/) {}
+  /// A control has the focus now.
   virtual void FocusMoved(const Control& /*control*/, FocusBy /*by*/) {}
+  /// The form's own caption reads otherwise.
   virtual void CaptionChanged() {}
   /// The form is no longer up: it was hidden or unloaded, or an error ended its show.
   virtual void ShowEnded() {}

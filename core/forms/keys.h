@@ -8,59 +8,59 @@ namespace fiscalon {
 
 /// Key codes as `KeyDown` handlers see them. Letters and digits have the code of their capital character.
 namespace key {
-constexpr int kBackspace = 8;
-constexpr int kTab = 9;
-constexpr int kLineFeed = 10;
-constexpr int kEnter = 13;
-constexpr int kShift = 16;
-constexpr int kControl = 17;
-constexpr int kAlt = 18;
-constexpr int kCapsLock = 20;
-constexpr int kEscape = 27;
-constexpr int kSpace = 32;
-constexpr int kPageUp = 33;
-constexpr int kPageDown = 34;
-constexpr int kEnd = 35;
-constexpr int kHome = 36;
-constexpr int kLeft = 37;
-constexpr int kUp = 38;
-constexpr int kRight = 39;
-constexpr int kDown = 40;
-constexpr int kInsert = 45;
-constexpr int kDelete = 46;
-constexpr int kLeftSystem = 91;
-constexpr int kRightSystem = 92;
-constexpr int kF1 = 112;
-constexpr int kF24 = 135;
-constexpr int kNumLock = 144;
-constexpr int kScrollLock = 145;
-constexpr int kSemicolon = 186;
-constexpr int kEquals = 187;
-constexpr int kComma = 188;
-constexpr int kMinus = 189;
-constexpr int kPeriod = 190;
-constexpr int kSlash = 191;
-constexpr int kBackquote = 192;
-constexpr int kOpenBracket = 219;
-constexpr int kBackslash = 220;
-constexpr int kCloseBracket = 221;
-constexpr int kQuote = 222;
+constexpr int kBackspace = 8;       ///< Backspace
+constexpr int kTab = 9;             ///< Tab
+constexpr int kLineFeed = 10;       ///< Ctrl+Enter, as a character
+constexpr int kEnter = 13;          ///< Enter
+constexpr int kShift = 16;          ///< Shift alone
+constexpr int kControl = 17;        ///< Ctrl alone
+constexpr int kAlt = 18;            ///< Alt alone
+constexpr int kCapsLock = 20;       ///< Caps Lock
+constexpr int kEscape = 27;         ///< Escape
+constexpr int kSpace = 32;          ///< the space bar
+constexpr int kPageUp = 33;         ///< Page Up
+constexpr int kPageDown = 34;       ///< Page Down
+constexpr int kEnd = 35;            ///< End
+constexpr int kHome = 36;           ///< Home
+constexpr int kLeft = 37;           ///< the arrow to the left
+constexpr int kUp = 38;             ///< the arrow up
+constexpr int kRight = 39;          ///< the arrow to the right
+constexpr int kDown = 40;           ///< the arrow down
+constexpr int kInsert = 45;         ///< Insert
+constexpr int kDelete = 46;         ///< Delete
+constexpr int kLeftSystem = 91;     ///< the system's own key on the left
+constexpr int kRightSystem = 92;    ///< the system's own key on the right
+constexpr int kF1 = 112;            ///< F1; the others follow
+constexpr int kF24 = 135;           ///< F24, the last of them
+constexpr int kNumLock = 144;       ///< Num Lock
+constexpr int kScrollLock = 145;    ///< Scroll Lock
+constexpr int kSemicolon = 186;     ///< the semicolon
+constexpr int kEquals = 187;        ///< the equals sign
+constexpr int kComma = 188;         ///< the comma
+constexpr int kMinus = 189;         ///< the minus sign
+constexpr int kPeriod = 190;        ///< the period
+constexpr int kSlash = 191;         ///< the slash
+constexpr int kBackquote = 192;     ///< the accent that leans back
+constexpr int kOpenBracket = 219;   ///< the opening bracket
+constexpr int kBackslash = 220;     ///< the backslash
+constexpr int kCloseBracket = 221;  ///< the closing bracket
+constexpr int kQuote = 222;         ///< the quote
 /// Keys without a code of their own, such as letters composed of several strokes.
 constexpr int kOther = 255;
 }  // namespace key
 
 /// Shift states as `KeyDown` handlers see them, added up.
 namespace shift_state {
-constexpr int kNone = 0;
-constexpr int kShift = 1;
-constexpr int kControl = 2;
-constexpr int kAlt = 4;
+constexpr int kNone = 0;     ///< no key of these
+constexpr int kShift = 1;    ///< Shift is down
+constexpr int kControl = 2;  ///< Ctrl is down
+constexpr int kAlt = 4;      ///< Alt is down
 }  // namespace shift_state
 
 /// One key of the keyboard going down.
 struct KeyStroke {
-  int keyCode = 0;
-  int shift = shift_state::kNone;
+  int keyCode = 0;                 ///< one of `key`, a letter or a digit
+  int shift = shift_state::kNone;  ///< of `shift_state`, added up
   /// The character that the key makes, in the code page (Backspace is 8, Enter 13, Ctrl+Enter a line feed); 0 where it
   /// makes none.
   int character = 0;

@@ -11,9 +11,9 @@ namespace fiscalon {
 
 /// One field with what stands around it. Any of the controls may be missing.
 struct LaidOutCell {
-  Control* caption = nullptr;
-  Control* field = nullptr;
-  Control* hint = nullptr;
+  Control* caption = nullptr;  ///< before the field
+  Control* field = nullptr;    ///< what the user fills in or reads
+  Control* hint = nullptr;     ///< behind the field
   /// Above a list: the caption alone in its row that heads the list's columns.
   Control* head = nullptr;
   /// Stands close behind the cell before it; never the first of a row.
@@ -30,15 +30,16 @@ struct LaidOutCell {
   std::string description = {};
 };
 
+/// Cells side by side.
 using LaidOutRow = std::vector<LaidOutCell>;
 
 /// Rows beneath each other. A heading that is no frame stands out.
 struct LaidOutGroup {
-  Control* heading = nullptr;
+  Control* heading = nullptr;  ///< a label or a frame; null for none
   /// The frame that the group stands in: its heading, or that of its heading or fields; null for none.
   const Frame* frame = nullptr;
-  int column = 0;
-  std::vector<LaidOutRow> rows = {};
+  int column = 0;                     ///< counted from 0, from left to right
+  std::vector<LaidOutRow> rows = {};  ///< from top to bottom
 };
 
 /// The groups of a form, with captions as they read now, in the language of the form. Controls that the layout forgets

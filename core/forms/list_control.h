@@ -15,26 +15,32 @@ namespace fiscalon {
 /// nothing.
 class ListControl : public Control {
  public:
-  using Design = ListDesign;
-  using ArrayEvents = ListHandlers<int>;
+  using Design = ListDesign;              ///< the options of lists
+  using ArrayEvents = ListHandlers<int>;  ///< the events of a member of an array
 
+  /// No row.
   static constexpr int kNothingSelected = -1;
 
+  /// The list as the form's definition has it.
   const ListDesign& Designed() const { return design_; }
 
+  /// Adds a row behind the others.
   void AddItem(Wording text);
   /// Error 5 for a row that is not there. A selected row that goes leaves nothing selected.
   void RemoveItem(int row);
+  /// Takes all rows out; nothing is selected then.
   void Clear();
   /// Throws `FormMisuse` for a row that is not there: for what drives a list, not for handlers.
   void ExpectRow(int row) const;
 
+  /// How many rows there are.
   int ListCount() const;
   /// The text of a row in English, for comparisons. Rows count from 0; one that is not there is empty.
   std::string List(int row) const;
   /// The same in the language of the form.
   std::string ShownRow(int row) const;
 
+  /// The row that is selected, counted from 0; `kNothingSelected` where none is.
   int ListIndex() const;
   /// Error 5 for a row that is not there; `kNothingSelected` is allowed.
   void ListIndex(int row);
@@ -53,6 +59,7 @@ class ListControl : public Control {
   void Pick(PassKey<UserActs> key, int row);
 
  protected:
+  /// For the two kinds.
   ListControl(fiscalon::Form& form, ControlKind kind, std::string name, const ListDesign& design, ListEvents events)
       : Control(form, kind, std::move(name), CommonDesign::Of(design), CommonEvents::Of(events)),
         design_(design),
@@ -83,12 +90,15 @@ class ListControl : public Control {
 /// A list that shows the selected row and drops the others down. No text of the user's own.
 class DropDownList : public ListControl {
  public:
+  /// On a form, by the name that handlers and scenarios know.
   DropDownList(fiscalon::Form& form, std::string name, const ListDesign& design, ListEvents events = {})
       : ListControl(form, ControlKind::DropDownList, std::move(name), design, std::move(events)) {}
 };
 
+/// A box of rows, all of which show at once, or by scrolling.
 class ListBox : public ListControl {
  public:
+  /// On a form, by the name that handlers and scenarios know.
   ListBox(fiscalon::Form& form, std::string name, const ListDesign& design, ListEvents events = {})
       : ListControl(form, ControlKind::ListBox, std::move(name), design, std::move(events)) {}
 };

@@ -13,10 +13,10 @@ struct ShownControl {
   std::string selection = {};
   /// The rows of a list.
   int items = 0;
-  bool checked = false;
-  bool locked = false;
-  bool enabled = true;
-  bool visible = true;
+  bool checked = false;  ///< a tick, or the option that is on
+  bool locked = false;   ///< a field that the user can't change
+  bool enabled = true;   ///< takes input
+  bool visible = true;   ///< is there at all
 };
 
 }  // namespace fiscalon

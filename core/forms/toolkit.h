@@ -10,8 +10,11 @@ namespace fiscalon {
 
 class Form;
 
+/// The picture beside a box's text.
 enum class MessageStyle { Plain, Critical, Question, Exclamation, Information };
+/// The buttons of a box.
 enum class MessageButtons { Ok, OkCancel, YesNo };
+/// The button that closed a box.
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
 /// Which of a box's buttons Enter presses.
@@ -19,10 +22,10 @@ enum class DefaultButton { First, Second };
 
 /// A message box that a screen asks for. Texts are in the code page.
 struct BoxRequest {
-  std::string text = {};
-  MessageStyle style = MessageStyle::Plain;
-  MessageButtons buttons = MessageButtons::Ok;
-  DefaultButton defaultButton = DefaultButton::First;
+  std::string text = {};                               ///< what the box says
+  MessageStyle style = MessageStyle::Plain;            ///< its picture
+  MessageButtons buttons = MessageButtons::Ok;         ///< its buttons
+  DefaultButton defaultButton = DefaultButton::First;  ///< the button that Enter presses
   /// Empty: the host application's own name is shown.
   std::string title = {};
   /// Of text and title; buttons that the front end captions itself have their words in it too (`ButtonCaption`).
@@ -54,6 +57,7 @@ class Toolkit {
   /// Shows a box over the active form and waits for its answer.
   virtual MessageAnswer ShowMessage(const BoxRequest& box) = 0;
 
+  /// The system's sound for an entry that is refused.
   virtual void Beep() = 0;
 
   /// Opens a help file at a context number. Says so where the file does not exist.

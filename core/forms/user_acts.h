@@ -28,6 +28,7 @@ class ListControl;
 /// - A press that answers false must not click, natively either.
 class UserActs {
  public:
+  /// Each form makes its own.
   UserActs(Form& form, Focus& focus, EventQueue& queue) : form_(form), focus_(focus), queue_(queue) {}
   UserActs(const UserActs&) = delete;
   UserActs& operator=(const UserActs&) = delete;
@@ -38,7 +39,9 @@ class UserActs {
 
   // The same for a front end that gets a key and its character apart. A character without a key, such as a composed
   // one, needs no `KeyDown`.
+  /// The key: whether its character is to be reported too stands in the outcome.
   KeyOutcome KeyDown(int keyCode, int shift);
+  /// The character, in the code page.
   KeyOutcome Character(int character);
 
   /// The front end's editing (a typed character, a paste, an undo, an input method) has made this of a field's text. A
@@ -53,6 +56,7 @@ class UserActs {
   bool Press(Control& control);
   /// The mouse button comes up again on the control that was pressed: clicks it if it still has the focus.
   void Release(Control& control);
+  /// Presses and releases in one: a click of an assistive program.
   void Click(Control& control);
 
   /// A row of a list is picked after the list was pressed, or dropped down by a key: selects it if the list still has

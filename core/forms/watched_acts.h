@@ -13,6 +13,7 @@ namespace fiscalon {
 /// the form.
 class WatchedActs {
  public:
+  /// `settle` runs after each act, where the dialog is to be brought in line.
   WatchedActs(Form& form, ActWatcher* watcher, std::function<void()> settle = {})
       : acts_(form.Acts()), watcher_(watcher), settle_(std::move(settle)) {}
   WatchedActs(const WatchedActs&) = delete;
@@ -23,6 +24,7 @@ class WatchedActs {
 
   /// Another window, such as a message box, blocks the dialog.
   void Interrupted() { ++interruptions_; }
+  /// How often that has been.
   int Interruptions() const { return interruptions_; }
 
   /// The form has moved the focus.
@@ -31,39 +33,40 @@ class WatchedActs {
   /// pressed has it by code then, its whole text selected.
   bool IsFocusGiven() const { return moved_ == FocusBy::KeyboardOrCode; }
 
-  KeyOutcome Key(const KeyStroke& stroke) {
+  KeyOutcome Key(const KeyStroke& stroke) {  ///< see `UserActs`
     KeyOutcome outcome;
     Do(KeyAct{stroke}, [&] { outcome = acts_.Key(stroke); });
     return outcome;
   }
   // The same for a key and its character that came apart.
-  KeyOutcome KeyDown(int keyCode, int shift) {
+  KeyOutcome KeyDown(int keyCode, int shift) {  ///< see `UserActs`
     KeyOutcome outcome;
     const KeyStroke stroke = {.keyCode = keyCode, .shift = shift};
     Do(KeyAct{stroke, KeyAct::Half::Key}, [&] { outcome = acts_.KeyDown(keyCode, shift); });
     return outcome;
   }
-  KeyOutcome Character(int character) {
+  KeyOutcome Character(int character) {  ///< see `UserActs`
     KeyOutcome outcome;
     const KeyStroke stroke = StrokeOf(static_cast<char>(character));
     Do(KeyAct{stroke, KeyAct::Half::Character}, [&] { outcome = acts_.Character(character); });
     return outcome;
   }
-  void EditText(const EditAct& edit) {
+  void EditText(const EditAct& edit) {  ///< see `UserActs`
     Do(edit, [&] { acts_.EditText(*edit.field, edit.text, edit.selection); });
   }
+  /// See `UserActs`; nobody else hears of it.
   void SelectText(TextField& field, Selection selection) { acts_.SelectText(field, selection); }
-  bool Press(Control& control) {
+  bool Press(Control& control) {  ///< see `UserActs`
     bool clicks = false;
     moved_.reset();
     Do(PressAct{&control}, [&] { clicks = acts_.Press(control); });
     pressed_ = clicks ? &control : nullptr;
     return clicks;
   }
-  void Release(Control& control) {
+  void Release(Control& control) {  ///< see `UserActs`
     Do(ReleaseAct{&control}, [&] { acts_.Release(control); });
   }
-  void Click(Control& control) {
+  void Click(Control& control) {  ///< see `UserActs`
     Do(ClickAct{&control}, [&] { acts_.Click(control); });
   }
   /// A widget tells that it was clicked: its press is completed; without one the click comes from an assistive program.
@@ -77,13 +80,13 @@ class WatchedActs {
   void Pick(ListControl& list, int row) {
     Do(ChooseAct{&list, row}, [&] { acts_.Pick(list, row); });
   }
-  void Choose(ListControl& list, int row) {
+  void Choose(ListControl& list, int row) {  ///< see `UserActs`
     Do(ChooseAct{&list, row}, [&] { acts_.Choose(list, row); });
   }
-  void BringFocus(Control& control) {
+  void BringFocus(Control& control) {  ///< see `UserActs`
     Do(BringFocusAct{&control}, [&] { acts_.BringFocus(control); });
   }
-  void Close(CloseReason reason) {
+  void Close(CloseReason reason) {  ///< see `UserActs`
     Do(CloseAct{reason}, [&] { acts_.Close(reason); });
   }
 

@@ -11,38 +11,42 @@ namespace fiscalon {
 /// How the user writes numbers, money and moments. Texts are in the code page. The default is English
 /// (Canada).
 struct Locale {
-  std::string name = "en-CA";
+  std::string name = "en-CA";  ///< what `NamedLocale` calls it
 
-  std::string decimal = ".";
+  std::string decimal = ".";  ///< before the decimals of a number
   /// Between groups of three digits; may be empty. A no-break space stands for blanks as well when a number
   /// is read.
   std::string group = ",";
 
   /// How an amount of money is written: with the separators of numbers where it has none of its own.
   std::optional<std::string> moneyDecimal = {};
-  std::optional<std::string> moneyGroup = {};
+  std::optional<std::string> moneyGroup = {};  ///< the same between groups
   /// Behind its separator.
   size_t moneyDigits = 2;
 
-  std::string currencySymbol = "$";
+  std::string currencySymbol = "$";  ///< which a number that is read may have
   /// What stands before and behind an amount of money. The negative ones hold the sign.
   std::string positivePrefix = "$";
-  std::string positiveSuffix = "";
-  std::string negativePrefix = "-$";
-  std::string negativeSuffix = "";
+  std::string positiveSuffix = "";    ///< behind one that is not negative
+  std::string negativePrefix = "-$";  ///< before a negative one
+  std::string negativeSuffix = "";    ///< behind a negative one
 
   /// Date and time in one, with the tokens of `GeneralDate`.
   std::string generalDate = "%Y-%m-%d %-I:%M:%S %p";
-  std::string am = "a.m.";
-  std::string pm = "p.m.";
+  std::string am = "a.m.";  ///< before noon
+  std::string pm = "p.m.";  ///< from noon on
+  /// From January.
   std::array<std::string, 12> months = {"January", "February", "March",     "April",   "May",      "June",
                                         "July",    "August",   "September", "October", "November", "December"};
+  /// The same, short.
   std::array<std::string, 12> shortMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
   /// From Sunday.
   std::array<std::string, 7> weekdays = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
+  /// The same, short.
   std::array<std::string, 7> shortWeekdays = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 
+  /// Whether all is written alike.
   friend bool operator==(const Locale&, const Locale&) = default;
 };
 

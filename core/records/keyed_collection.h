@@ -62,10 +62,11 @@ class KeyedCollection {
   };
 
  public:
-  using value_type = Member;
-  using iterator = Walk<Member>;
-  using const_iterator = Walk<const Member>;
+  using value_type = Member;                  ///< what the standard algorithms ask for
+  using iterator = Walk<Member>;              ///< walks the members as references
+  using const_iterator = Walk<const Member>;  ///< the same, for members that stay as they are
 
+  /// The member at a position from 1. Error 9 where there is none.
   template <std::integral Position>
   Member& Item(Position position) {
     return *members_[Index(position)];
@@ -74,6 +75,7 @@ class KeyedCollection {
   const Member& Item(Position position) const {
     return *members_[Index(position)];
   }
+  /// The member of a key. Error 5 where there is none.
   Member& Item(std::string_view key) { return *Find(key)->second; }
   const Member& Item(std::string_view key) const { return *Find(key)->second; }
 
@@ -84,8 +86,10 @@ class KeyedCollection {
   }
   std::shared_ptr<Member> Kept(std::string_view key) const { return Find(key)->second; }
 
+  /// How many members there are.
   int32_t Count() const { return static_cast<int32_t>(members_.size()); }
 
+  /// Takes a member out; those behind it move up. Error 9 where there is none.
   template <std::integral Position>
   void Remove(Position position) {
     const size_t index = Index(position);
@@ -94,20 +98,24 @@ class KeyedCollection {
     members_.erase(members_.begin() + static_cast<std::ptrdiff_t>(index));
   }
 
+  /// Takes the member of a key out. Error 5 where there is none.
   void Remove(std::string_view key) {
     const auto found = Find(key);
     std::erase(members_, found->second);
     keys_->erase(found);
   }
 
+  /// Takes all members out.
   void Clear() {
     members_.clear();
     keys_.reset();
   }
 
+  /// The members in their order, for `for` and the standard algorithms. Whatever adds or removes ends the walk.
   iterator begin() { return iterator(members_.data()); }
-  iterator end() { return iterator(members_.data() + members_.size()); }
   const_iterator begin() const { return const_iterator(members_.data()); }
+  /// Behind the last member.
+  iterator end() { return iterator(members_.data() + members_.size()); }
   const_iterator end() const { return const_iterator(members_.data() + members_.size()); }
 
  protected:

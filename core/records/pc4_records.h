@@ -16,10 +16,13 @@ class PC4s;
 /// quotes, and the other two are empty. Only `PC4s::Add` makes one.
 class PC4 {
  public:
+  /// The date of an invoice; else empty.
   std::string TheDate() const { return theDate_; }
   void TheDate(std::string text) { theDate_ = std::move(text); }
+  /// The amount of an invoice, in cents; else empty.
   std::string Amount() const { return amount_; }
   void Amount(std::string text) { amount_ = std::move(text); }
+  /// The whole record, or the number of an invoice.
   std::string Description() const { return description_; }
   void Description(std::string text) { description_ = std::move(text); }
   /// The description without a copy: it holds until the record changes or goes.
@@ -44,18 +47,25 @@ class PC4s : public KeyedCollection<PC4> {
 /// The fields of a "T" record, each at its width.
 class clsPC4GovFormat {
  public:
+  /// 8 columns: a date as the screen asked for it, with blanks behind a shorter one.
   std::string PeriodStartDate() const { return periodStartDate_; }
   void PeriodStartDate(std::string text) { periodStartDate_ = std::move(text); }
+  /// 8 columns: the same.
   std::string PeriodEndDate() const { return periodEndDate_; }
   void PeriodEndDate(std::string text) { periodEndDate_ = std::move(text); }
+  /// 8 columns: the same.
   std::string PeriodDueDate() const { return periodDueDate_; }
   void PeriodDueDate(std::string text) { periodDueDate_ = std::move(text); }
+  /// 8 columns that no screen fills.
   std::string Filler1() const { return filler1_; }
   void Filler1(std::string text) { filler1_ = std::move(text); }
+  /// 30 columns: the person who entered the payment.
   std::string ContactName() const { return contactName_; }
   void ContactName(std::string text) { contactName_ = std::move(text); }
+  /// 20 columns: that person's title.
   std::string ContactTitle() const { return contactTitle_; }
   void ContactTitle(std::string text) { contactTitle_ = std::move(text); }
+  /// 10 columns that no screen fills.
   std::string Filler2() const { return filler2_; }
   void Filler2(std::string text) { filler2_ = std::move(text); }
 
@@ -69,6 +79,7 @@ class clsPC4GovFormat {
   std::string filler2_;
 };
 
+/// "T" records that were cut into their fields, in order.
 class clsPC4GovFormats : public KeyedCollection<clsPC4GovFormat> {
  public:
   /// Appends a member and returns it. Error 457 where the key is taken.
@@ -80,8 +91,10 @@ class clsPC4GovFormats : public KeyedCollection<clsPC4GovFormat> {
 /// One slot of an "F" record: a number and a value, each at its width.
 class clsPC4FreeFormat {
  public:
+  /// 2 columns: the number of the field.
   std::string FieldNum() const { return fieldNum_; }
   void FieldNum(std::string text) { fieldNum_ = std::move(text); }
+  /// 18 columns: its value, with blanks behind.
   std::string FieldValue() const { return fieldValue_; }
   void FieldValue(std::string text) { fieldValue_ = std::move(text); }
 
@@ -90,6 +103,7 @@ class clsPC4FreeFormat {
   std::string fieldValue_;
 };
 
+/// Slots of "F" records, in order.
 class clsPC4FreeFormats : public KeyedCollection<clsPC4FreeFormat> {
  public:
   /// Appends a member and returns it. Error 457 where the key is taken.

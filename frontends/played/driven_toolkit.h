@@ -21,8 +21,8 @@ class DrivenToolkit : public Toolkit, private FormObserver {
   std::function<void(Form& form, UserDriver& user)> onForm = {};
   /// A message box is up; its answer. Without one a box gets its default answer.
   std::function<MessageAnswer(const BoxRequest& box)> onMessage = {};
-  std::function<void()> onBeep = {};
-  std::function<void(std::string_view file, int32_t context)> onHelp = {};
+  std::function<void()> onBeep = {};                                        ///< a beep sounds
+  std::function<void(std::string_view file, int32_t context)> onHelp = {};  ///< a help page opens
   /// A handler is about to run, such as "txtAmountPayable_Change".
   std::function<void(const std::string& handler)> onEvent = {};
 
@@ -34,6 +34,7 @@ class DrivenToolkit : public Toolkit, private FormObserver {
   void OpenHelp(std::string_view file, int32_t context) final;
 
  protected:
+  /// Who watches, or null.
   ActWatcher* Watcher() const { return watcher_; }
 
   /// Has the driver act on a form that is shown.
