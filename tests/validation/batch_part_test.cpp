@@ -126,7 +126,7 @@ TEST_F(BatchParts, MakeTheWholeOfASmallBatch) {
             "1003,03,11,01,Amount of Payment,000000000000012345,not-the-amount,"
             "Field 01 Amount of Payment is not equal to amount to be paid\n");
   EXPECT_EQ(whole.rows, "2 3 4 5 6 ");
-  for (const uint64_t parts : {1, 2, 3, 4, 5, 6, 100}) EXPECT_TRUE(Joined(batch, parts) == whole) << parts;
+  for (const uint64_t parts : {1U, 2U, 3U, 4U, 5U, 6U, 100U}) EXPECT_TRUE(Joined(batch, parts) == whole) << parts;
 }
 
 TEST_F(BatchParts, MakeTheWholeWhereNumbersComeAgainAndScreensAreMixed) {
@@ -136,7 +136,7 @@ TEST_F(BatchParts, MakeTheWholeWhereNumbersComeAgainAndScreensAreMixed) {
   batch.Append(Generated("03", 10'500, 0.05));
   const Outcome whole = Whole(batch);
   EXPECT_GT(whole.bad.size(), 100'000u);
-  for (const uint64_t parts : {2, 5}) {
+  for (const uint64_t parts : {2U, 5U}) {
     const Outcome joined = Joined(batch, parts);
     EXPECT_TRUE(joined == whole) << parts;
     EXPECT_EQ(joined.blocksCounted, 0) << parts;
@@ -209,7 +209,7 @@ TEST_F(BatchParts, TakeRowsInQuotesAndLinesInAnyFrame) {
   batch.records.resize(batch.records.size() - 2);
   batch.payments.pop_back();
   const Outcome whole = Whole(batch);
-  for (const uint64_t parts : {2, 7}) EXPECT_TRUE(Joined(batch, parts) == whole) << parts;
+  for (const uint64_t parts : {2U, 7U}) EXPECT_TRUE(Joined(batch, parts) == whole) << parts;
 }
 
 TEST_F(BatchParts, AreEmptyWhereThereIsNothingLeft) {
@@ -244,7 +244,7 @@ TEST_F(BatchParts, NameProblemsByTheLinesOfTheWholeFiles) {
   // Behind 600 payments of two lines each; behind the header and 700 rows.
   batch.records.insert(600 * 2 * 164, "hello\n");
   batch.payments.insert(25 + 700 * 15, "9999\n");
-  for (const uint64_t parts : {4, 5}) {
+  for (const uint64_t parts : {4U, 5U}) {
     const std::vector<std::string> problems = ProblemsOf(batch, parts);
     EXPECT_EQ(std::count(problems.begin(), problems.end(),
                          "batch.pc4:1201: no record: a record begins with PC4, a sequence number and a kind"),
@@ -265,7 +265,7 @@ TEST_F(BatchParts, DoNotAllSucceedWhereARowOrAPaymentIsMissing) {
   PartedBatch round = whole;
   round.records.erase(300 * 2 * 164, 250 * 2 * 164);
   for (const PartedBatch* batch : {&row, &payment, &round}) {
-    for (const uint64_t parts : {2, 3, 8}) EXPECT_FALSE(ProblemsOf(*batch, parts).empty()) << parts;
+    for (const uint64_t parts : {2U, 3U, 8U}) EXPECT_FALSE(ProblemsOf(*batch, parts).empty()) << parts;
   }
 }
 
@@ -288,7 +288,7 @@ TEST_F(BatchParts, NeedAList) {
   PartedBatch batch;
   batch.Add("0001");
   batch.payments = "0001,03,,12345\n";
-  for (const uint64_t part : {1, 2}) {
+  for (const uint64_t part : {1U, 2U}) {
     Outcome outcome;
     try {
       Judge(batch, {part, 2}, outcome);

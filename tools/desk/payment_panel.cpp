@@ -103,7 +103,7 @@ void PaymentPanel::AddAmount(QGridLayout& grid, int row) {
     line->setPlaceholderText(tr("no amount"));
   }
   // The other one follows an amount, and keeps what it has where there is none.
-  const auto follow = [this](QLineEdit* typed, QLineEdit* other, std::string (*otherOf)(std::string_view)) {
+  const auto follow = [](QLineEdit* typed, QLineEdit* other, std::string (*otherOf)(std::string_view)) {
     connect(typed, &QLineEdit::textEdited, other, [other, otherOf](const QString& text) {
       if (const std::string amount = otherOf(text.toStdString()); !amount.empty() || text.trimmed().isEmpty())
         other->setText(Said(amount));

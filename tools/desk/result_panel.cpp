@@ -22,7 +22,6 @@ namespace {
 constexpr int kField = 0;
 constexpr int kColumns = 1;
 constexpr int kText = 2;
-constexpr int kMeaning = 3;
 
 /// Where the raw text of a row stands: the line, and its columns, which count from 1.
 constexpr int kLine = Qt::UserRole;

@@ -13,7 +13,8 @@ class PeriodForm : public PartForm {
   ValidationGuard inValidation {*this, cmdCancel};
   TextField       txtFirst     {*this, "txtFirst", {.tabIndex = 0}};
   PeriodPair      period       {*this, inValidation, {.caption = "Reporting Period From:", .tabIndex = 1,
-                                                      .limit = [this] { return limit; }, .next = &qst.From}};
+                                                      .limit = [this] { return limit; },
+                                                      .next = [this]() -> Control* { return &qst.From; }}};
   PeriodPair      qst          {*this, inValidation, {.caption = "QST From:", .tabIndex = 3, .limit = PeriodLimit::OneYear,
                                                       .next = &cmdOK, .name = "QST Reporting Period",
                                                       .fromCaptionName = "Label2", .from = "txtQSTPeriodFrom",

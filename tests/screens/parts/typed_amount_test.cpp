@@ -21,7 +21,7 @@ class AmountForm : public PartForm {
                            .confirmed = [this] { Confirm(); }, .next = [this] { return next; },
                            .onLeaving = kOnLeaving, .left = [this] { notes.emplace_back("left"); },
                            .toBePaid = AmountOn(AmountPaid)},
-                          {.keyPress = [this](int& character) { if (character == '7') character = 0; }}};
+                          {.keyPress = [](int& character) { if (character == '7') character = 0; }}};
   TypedAmount Signed     {*this, "Signed",     {.tabIndex = 1}, {.keys = ",.-", .onEnter = kSignedOnEnter, .next = &Plain,
                                                                  .failures = Failures::Leave}};
   TypedAmount Plain      {*this, "Plain",      {.tabIndex = 2}, {.toBePaid = AmountOn(AmountPaid)}};
