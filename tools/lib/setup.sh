@@ -50,9 +50,11 @@ check | dpkg-dev           | finds what the packages depend on
 check | file               | tells programs from other files when packages are made
 check | lintian            | checks the Debian packages
 check | reuse              | checks that each file has a licence
-long  | abigail-tools      | compares the interface of the library with that of the last tag
+check | doxygen            | writes the API pages
+check | linkchecker        | follows the links of pages and guides
+check | abigail-tools      | compares the interface of the library with the one that is kept
 long  | debootstrap        | a bare system to install the packages on
-long  | git                | finds the last tag
+long  | git                | lists the files that a release is made of
 bench | libbenchmark-dev   | the benchmarks
 fuzz  | clang              | compiles the fuzz targets
 fuzz  | libclang-rt-dev    | the fuzzing engine and the sanitizers of clang
