@@ -18,9 +18,11 @@ file(GLOB_RECURSE headers CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/include/*.h ${PROJECT_SOURCE_DIR}/core/*.h ${PROJECT_SOURCE_DIR}/validation/*.h
   ${PROJECT_SOURCE_DIR}/frontends/*.h)
 set(staged ${PROJECT_BINARY_DIR}/headers/staged)
-add_custom_command(OUTPUT ${staged}
+# And what they declare, for the linker of a shared library.
+set(FISCALON_PROMISED_NAMES ${PROJECT_BINARY_DIR}/headers/promised.map)
+add_custom_command(OUTPUT ${staged} ${FISCALON_PROMISED_NAMES}
   COMMAND ${CMAKE_COMMAND} -D SOURCE_DIR=${PROJECT_SOURCE_DIR} -D STAGE_DIR=${PROJECT_BINARY_DIR}/headers/fiscalon
-    -D "HEADERS=${FISCALON_PROMISED_HEADERS}" -P ${PROJECT_SOURCE_DIR}/cmake/StageHeaders.cmake
+    -D "HEADERS=${FISCALON_PROMISED_HEADERS}" -D NAMES=${FISCALON_PROMISED_NAMES} -P ${PROJECT_SOURCE_DIR}/cmake/StageHeaders.cmake
   COMMAND ${CMAKE_COMMAND} -E touch ${staged}
   DEPENDS ${headers} ${PROJECT_SOURCE_DIR}/cmake/StageHeaders.cmake
   COMMENT "Gathering the headers of hosts"

@@ -16,14 +16,18 @@ set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
 set(CPACK_COMPONENTS_ALL runtime tools qt desk c c_qt c_development development documents)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# The programs need this version of the library, which says so itself; what else they need is read from them.
+# What programs need is read from them.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
 set(interface ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 set(library libfiscalon${interface})
-# Of the same version, whichever time it was packed: the programs use more of the library than hosts are promised.
+# Of the same version, whichever time it was packed.
 math(EXPR next_patch "${PROJECT_VERSION_PATCH} + 1")
-set(same_library "${library} (>= ${PROJECT_VERSION}), ${library} (<< ${interface}.${next_patch}~)")
+set(same_version "(>= ${PROJECT_VERSION})" "(<< ${interface}.${next_patch}~)")
+list(TRANSFORM same_version PREPEND "${library} " OUTPUT_VARIABLE same_library)
+list(JOIN same_library ", " same_library)
+list(TRANSFORM same_version PREPEND "fiscalon-tools " OUTPUT_VARIABLE same_tools)
+list(JOIN same_tools ", " same_tools)
 
 # The papers that each package must bear: a copyright file, with the notices of what others wrote of its program, and a
 # changelog.
@@ -91,20 +95,20 @@ fiscalon_package(tools tools fiscalon-tools utils "checks and shows records of g
 "The program fiscalon takes record files apart, judges single payments and whole
 batches, and plays scenarios of forms without a display."
 fiscalon_cli)
-set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${same_library}")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS fiscalon-tools-qt)
 
 fiscalon_package(qt qt fiscalon-tools-qt utils "collects and plays remittances in windows of Qt"
 "What the program fiscalon needs for its commands that show windows: payments
 that are collected, pictures of forms, and scenarios played on real widgets."
 fiscalon_cli_qt)
-set(CPACK_DEBIAN_QT_PACKAGE_DEPENDS "${same_library}, fiscalon-tools")
+# The program starts it.
+set(CPACK_DEBIAN_QT_PACKAGE_DEPENDS "${same_tools}")
 
 fiscalon_package(desk desk fiscalon-desk misc "payment desk that tries the forms of remittances out"
 "A small host program with one window: a payment to change, all screens to show,
 and the records that they hand back, taken apart."
 fiscalon_desk)
-set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same_library}, fiscalon-tools")
+set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS fiscalon-tools)
 
 # Of the C interface, whose promise the library's version does not touch.
 set(same_c_library "libfiscalon-c1 (>= ${PROJECT_VERSION}), libfiscalon-c1 (<< ${interface}.${next_patch}~)")

@@ -110,12 +110,7 @@ static_assert(std::ranges::adjacent_find(kLaunchTable, std::ranges::greater_equa
 
 }  // namespace
 
-// A shared library hides the screens, but our programs ask for this.
-#ifdef __ELF__
-[[gnu::visibility("default")]]
-#endif
-std::span<const LaunchRow>
-LaunchTable() {
+std::span<const LaunchRow> LaunchTable() {
   return kLaunchTable;
 }
 

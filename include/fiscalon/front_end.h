@@ -16,6 +16,7 @@
 #include "core/forms/text_field.h"
 #include "core/forms/toolkit.h"
 #include "core/forms/user_acts.h"
+#include "core/forms/usual_sizes.h"
 #include "core/forms/watched_acts.h"
 #include "core/platform/code_page.h"
 #include "frontends/played/driven_toolkit.h"

@@ -33,8 +33,8 @@ export DEBIAN_FRONTEND=noninteractive LANG=C.UTF-8
 # There is no service manager to start anything with.
 printf '#!/bin/sh\nexit 101\n' >/usr/sbin/policy-rc.d && chmod +x /usr/sbin/policy-rc.d
 apt-get -q update
-# The library and the program alone first: it must say what it lacks where windows are asked for.
-apt-get -qy install --no-install-recommends ./libfiscalon0.1_*.deb ./fiscalon-tools_*.deb
+# The program alone first: it needs no library of ours, and must say what it lacks where windows are asked for.
+apt-get -qy install --no-install-recommends ./fiscalon-tools_*.deb
 fiscalon --version
 fiscalon screens
 fiscalon generate --payments 100 --screen 03 --out trial
@@ -50,7 +50,7 @@ apt-get -qy install --no-install-recommends ./fiscalon-desk_*.deb
 QT_QPA_PLATFORM=offscreen fiscalon-desk --help
 [ -s /usr/share/fiscalon/operator-guide.md ]
 
-apt-get -qy install --no-install-recommends ./libfiscalon-dev_*.deb g++ cmake make pkgconf qt6-base-dev
+apt-get -qy install --no-install-recommends ./libfiscalon[0-9]*_*.deb ./libfiscalon-dev_*.deb g++ cmake make pkgconf qt6-base-dev
 fiscalon play /usr/share/doc/libfiscalon-dev/examples/*.scenario
 for host in host qt_host; do
   cmake -S "/usr/share/doc/libfiscalon-dev/examples/$host" -B "$host"
@@ -63,7 +63,7 @@ gcc -std=c99 /usr/share/doc/libfiscalon-dev/examples/c_host/main.c $(pkg-config 
 g++ -std=c++20 /usr/share/doc/libfiscalon-dev/examples/host/main.cpp $(pkg-config --cflags --libs fiscalon) -o by-pkgconf
 ./by-pkgconf
 
-apt-get -qy purge libfiscalon0.1
+apt-get -qy purge 'libfiscalon*' fiscalon-tools
 [ ! -e /usr/bin/fiscalon ] && [ ! -e /usr/include/fiscalon ] && [ ! -e /usr/libexec/fiscalon ]
 INSIDE
 chroot "$root" /bin/bash /root/try
