@@ -95,7 +95,7 @@ function(fiscalon_library name)
   endforeach()
   add_library(${name} ${objects})
   add_library(fiscalon::${name} ALIAS ${name})
-  # Until 1.0 a minor version may change the interface.
+  # A minor version may change the interface; docs/packaging.md tells what is promised.
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
   target_compile_features(${name} PUBLIC cxx_std_20)
@@ -103,12 +103,18 @@ function(fiscalon_library name)
     $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/headers>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   add_dependencies(${name} fiscalon_headers)
-  # As a shared library it offers what the headers of hosts declare, and nothing else.
-  if(BUILD_SHARED_LIBS AND NOT WIN32)
+  fiscalon_promised_names(${name})
+  fiscalon_own(${name} OBJECTS ${objects})
+endfunction()
+
+# fiscalon_promised_names(NAME): as a shared library it offers what the headers of hosts declare, and nothing else.
+function(fiscalon_promised_names name)
+  get_target_property(kind ${name} TYPE)
+  if(kind STREQUAL "SHARED_LIBRARY" AND NOT WIN32)
     target_link_options(${name} PRIVATE -Wl,--version-script=${FISCALON_PROMISED_NAMES})
     set_target_properties(${name} PROPERTIES LINK_DEPENDS ${FISCALON_PROMISED_NAMES})
+    add_dependencies(${name} fiscalon_headers)
   endif()
-  fiscalon_own(${name} OBJECTS ${objects})
 endfunction()
 
 # fiscalon_own(NAME OBJECTS object... [LIBRARIES library...]): a library for our own programs and tests, which use more of
