@@ -1,38 +1,47 @@
 #!/usr/bin/env bash
-# Whether programs that were linked to the library of TAG run with the one of this tree: compares both by what the
-# promised headers declare. Additions are welcome; anything else needs another soname, and then nothing is compared.
-#   tools/lib/check_abi.sh TAG
+# Whether programs that were linked to the library of this minor version run with the one of this tree: compares what the
+# promised headers declare with what is kept in tools/abi. Additions are welcome; anything else needs another minor
+# version, and with it another soname.
+#   tools/lib/check_abi.sh           compares
+#   tools/lib/check_abi.sh --write   keeps the interface of a minor version that is begun
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
-readonly tag=$1
 readonly work=build/abi
+readonly libraries=(fiscalon fiscalon_qt)
 
-# Library TREE NAME: the tree's library with all that debuggers know of it, and its promised headers, in $work/NAME.
-Library() {
-  local tree=$1 into=$work/$2
-  cmake -S "$tree" -B "$into" -G Ninja -DBUILD_SHARED_LIBS=ON -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG='-O0 -g' \
-    -DFISCALON_TESTS=OFF -DFISCALON_TOOLS=OFF -DFISCALON_QT=OFF -DFISCALON_WARNINGS_AS_ERRORS=OFF
-  cmake --build "$into" --target fiscalon
-  cmake --install "$into" --component development --prefix "$PWD/$into/installed"
+Usage() {
+  sed -n 's/^#   //p' "${BASH_SOURCE[0]}"
 }
+[[ $# == 0 || ($# == 1 && "$1" == --write) ]] || { Usage >&2 && exit 2; }
 
-# Soname NAME: under which name programs ask for that library.
+# Soname LIBRARY: under which name programs ask for it.
 Soname() {
-  readelf -d "$work/$1/libfiscalon.so" | sed -n 's/.*(SONAME).*\[\(.*\)\]/\1/p'
+  readelf -d "$1" | sed -n 's/.*(SONAME).*\[\(.*\)\]/\1/p'
 }
 
-rm -rf "$work/tree"
-git worktree prune
-git worktree add --force --detach "$work/tree" "$tag"
-trap 'git worktree remove --force "$work/tree"' EXIT
-Library "$work/tree" before
-Library . now
+# The libraries with all that debuggers know of them.
+cmake -S . -B "$work" -G Ninja -DBUILD_SHARED_LIBS=ON -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG='-O0 -g' \
+  -DFISCALON_TESTS=OFF -DFISCALON_TOOLS=OFF -DFISCALON_QT=ON -DFISCALON_JOINED=ON
+cmake --build "$work" --target "${libraries[@]}"
 
-if [[ "$(Soname before)" != "$(Soname now)" ]]; then
-  echo "$tag has another soname: its programs load its own library"
-  exit 0
-fi
-abidiff --no-added-syms --drop-private-types \
-  --headers-dir1 "$work/before/installed/include" --headers-dir2 "$work/now/installed/include" \
-  "$work/before/libfiscalon.so" "$work/now/libfiscalon.so"
+failed=0
+for library in "${libraries[@]}"; do
+  file=$(find "$work" -name "lib$library.so")
+  name=$(Soname "$file")
+  now=$work/$name.abi kept=tools/abi/$name.abi
+  abidw --headers-dir "$work/headers/fiscalon" --suppressions tools/lib/abi.ini --drop-private-types \
+    --drop-undefined-syms --exported-interfaces-only --no-show-locs --no-corpus-path --no-comp-dir-path --no-elf-needed \
+    --no-parameter-names --no-write-default-sizes --type-id-style hash "$file" >"$now"
+  if [[ "${1:-}" == --write ]]; then
+    mkdir -p tools/abi
+    cp "$now" "$kept"
+  elif [[ ! -f "$kept" ]]; then
+    echo "$kept is not there: $name is begun by tools/lib/check_abi.sh --write"
+    failed=1
+  else
+    echo "$name:"
+    abidiff --no-added-syms "$kept" "$now" || failed=1
+  fi
+done
+exit "$failed"
