@@ -97,10 +97,10 @@ enum {
 
 /* Texts of an error live until the next failure on the same thread, or the thread's end. */
 typedef struct fiscalon_error {
-  size_t size; /* sizeof(fiscalon_error), by the host */
-  int32_t number;
-  const char* source; /* such as "Fiscalon.ShowLevyraScreen" */
-  const char* description;
+  size_t size;             /* sizeof(fiscalon_error), by the host */
+  int32_t number;          /* one of FISCALON_ERROR_...; 0 for none */
+  const char* source;      /* such as "Fiscalon.ShowLevyraScreen" */
+  const char* description; /* what happened, such as "Overflow" */
 } fiscalon_error;
 
 /* The last failure on this thread; number 0 and empty texts where there was none. A call that goes well leaves it as it
@@ -287,6 +287,7 @@ FISCALON_API int fiscalon_payment_show(fiscalon_payment* payment, const char* sc
 /* Checks the records of one payment without a screen (`clsValidateAddInfo`): screen codes "03" and "20". */
 typedef struct fiscalon_check fiscalon_check;
 
+/* A check that has nothing to check yet. */
 FISCALON_API int fiscalon_check_create(fiscalon_check** check);
 FISCALON_API int fiscalon_check_destroy(fiscalon_check** check);
 
@@ -328,13 +329,13 @@ FISCALON_API int fiscalon_check_is_info_valid(fiscalon_check* check, int32_t* va
 
 /* A text of a verdict: UTF-8 with its size, which zeros within count in, and a zero behind. */
 typedef struct fiscalon_text {
-  const char* data;
-  size_t size;
+  const char* data; /* the first byte */
+  size_t size;      /* how many bytes */
 } fiscalon_text;
 
 /* One reason against a payment, and where it lies. */
 typedef struct fiscalon_fault {
-  size_t size;
+  size_t size;           /* from one fault to the next */
   uint64_t line;         /* of the record file, from 1 */
   fiscalon_text field;   /* its number; empty where no numbered field is meant */
   fiscalon_text name;    /* empty for a number that the screen does not use, and where no field is meant */
@@ -345,23 +346,24 @@ typedef struct fiscalon_fault {
 
 /* The verdict on one payment. */
 typedef struct fiscalon_verdict {
-  size_t size;   /* from one verdict to the next, where several lie in a row */
-  uint64_t row;  /* its line in the payments list, from 1 */
-  uint64_t line; /* its first line in the record file, from 1; 0 where no faults are told */
-  int32_t valid; /* 1 or 0 */
-  int32_t unused;
-  fiscalon_text seq;
-  fiscalon_text screen;
+  size_t size;                  /* from one verdict to the next, where several lie in a row */
+  uint64_t row;                 /* its line in the payments list, from 1 */
+  uint64_t line;                /* its first line in the record file, from 1; 0 where no faults are told */
+  int32_t valid;                /* 1 or 0 */
+  int32_t unused;               /* keeps what follows in its place; 0 */
+  fiscalon_text seq;            /* the payment's `SeqNumber` */
+  fiscalon_text screen;         /* its screen code */
   fiscalon_text reason;         /* empty where the payment is good */
   fiscalon_text lines;          /* the payment's lines of the record file, where they are wanted */
   const fiscalon_fault* faults; /* in the order of the reason, each `faults->size` behind the one before */
-  size_t fault_count;
+  size_t fault_count;           /* 0 where they are not wanted */
 } fiscalon_verdict;
 
+/* How far a batch is, and at its end the counts. */
 typedef struct fiscalon_batch_counts {
-  size_t size; /* sizeof(fiscalon_batch_counts), by the host */
-  uint64_t payments;
-  uint64_t invalid;
+  size_t size;          /* sizeof(fiscalon_batch_counts), by the host */
+  uint64_t payments;    /* judged so far */
+  uint64_t invalid;     /* of those, the bad ones */
   uint64_t bytes;       /* of records that were judged */
   uint64_t total_bytes; /* of how many; 0 where that is not known */
 } fiscalon_batch_counts;
@@ -375,9 +377,9 @@ typedef struct fiscalon_batch {
   const char* payments_path;
   const char* records_path;
   const void* payments_bytes; /* NULL: the file is read */
-  size_t payments_size;
-  const void* records_bytes;
-  size_t records_size;
+  size_t payments_size;       /* how many bytes */
+  const void* records_bytes;  /* NULL: the file is read */
+  size_t records_size;        /* how many bytes */
 
   /* Part I of N: of 0, the whole. The verdicts of all parts in their order are those of the whole. */
   uint64_t part;
@@ -413,6 +415,7 @@ FISCALON_API int fiscalon_validate_batch(const fiscalon_batch* batch, fiscalon_b
  * of the day on which it was created. */
 typedef struct fiscalon_judge fiscalon_judge;
 
+/* As of today by the library's clock. */
 FISCALON_API int fiscalon_judge_create(fiscalon_judge** judge);
 FISCALON_API int fiscalon_judge_destroy(fiscalon_judge** judge);
 /* Whether a payment's records, without quotes, meet the rules of its screen, and why not; where its faults lie too, if
@@ -480,8 +483,8 @@ enum { FISCALON_ANSWER_OK = 0, FISCALON_ANSWER_CANCEL = 1, FISCALON_ANSWER_YES =
 
 /* A message box. */
 typedef struct fiscalon_box {
-  size_t size;
-  const char* text;
+  size_t size;            /* of this struct */
+  const char* text;       /* what it says */
   const char* title;      /* empty: the host application's own name is shown */
   int32_t style;          /* FISCALON_BOX_... */
   int32_t buttons;        /* FISCALON_BUTTONS_... */
@@ -494,8 +497,8 @@ typedef struct fiscalon_box {
  * FISCALON_ERROR_CALLBACK. All that they are given lasts for the call. They may call everything but what takes away
  * what they stand on, the front end and fiscalon_reset: FISCALON_ERROR_BUSY. */
 typedef struct fiscalon_scripted_user {
-  size_t size; /* sizeof(fiscalon_scripted_user), by the host */
-  void* context;
+  size_t size;   /* sizeof(fiscalon_scripted_user), by the host */
+  void* context; /* the host's own, for its routines */
   /* A form is up. A form that is still up when this returns is closed as hidden. */
   int (*on_form)(void* context, fiscalon_form* form);
   /* A box is up. `answer` is the closed answer until the routine sets another; one that the box does not offer is no
@@ -545,11 +548,12 @@ typedef struct fiscalon_control {
   const char* text;      /* a field's text, a button's or label's caption as designed, a list's selected row */
   const char* selection; /* the part of a field's text that is selected */
   int32_t checked;       /* 1 or 0, as all below */
-  int32_t locked;
-  int32_t enabled;
-  int32_t visible;
+  int32_t locked;        /* a field that the user can't change */
+  int32_t enabled;       /* takes input */
+  int32_t visible;       /* is there at all */
 } fiscalon_control;
 
+/* How many controls the form has, labels and frames among them. */
 FISCALON_API int fiscalon_form_control_count(fiscalon_form* form, int32_t* count);
 /* By position, from 1 (error 9), or by name (error 5). */
 FISCALON_API int fiscalon_form_control_at(fiscalon_form* form, int64_t position, fiscalon_control* control);

@@ -3,6 +3,8 @@
 
 - A property is a pair of overloads, `Text()` and `Text(text)`, with one comment before them; both get it.
 - What only the library itself can call, which a `PassKey` shows, is none of the interface.
+- In the header for C a comment holds for all declarations up to the next comment or blank line; the operations of one kind
+  of collection are told of for the others too.
 - The help texts of the interfaces for Windows, which editors there show, are their comments.
 
     api_filter.py FILE > WHAT_DOXYGEN_READS"""
@@ -14,6 +16,7 @@ from pathlib import Path
 # A member function, by the indent that members have and bodies don't.
 FUNCTION = re.compile(r"  (?! )(?!return\b)(?:\[\[\w+\]\] )?\w[\w:<>,&* ]*[ &*](\w+)\(")
 ATTRIBUTES = re.compile(r'\[(?:[^\[\]"]|"[^"]*")*?helpstring\("((?:[^"\\]|\\.)*)"\)(?:[^\[\]"]|"[^"]*")*\]')
+DESTROYS = "/** Gives a handle back, and sets the host's variable to NULL. */"
 
 
 def header(text):
@@ -40,6 +43,34 @@ def header(text):
         comment, template = [], []
 
 
+def c_header(text):
+    """The C header with Doxygen's own marks, each declaration with the comment that holds for it."""
+    # What stands before all else is said of the whole header.
+    comment, told, reading, begun = [], {}, False, False
+    for line in text.split("\n"):
+        line = re.sub(r"(?<=\S)(\s+)/\* (.*\*/)$", r"\1/**< \2", line)
+        if reading or re.match(r" */\* (?!---)", line):
+            comment = [*comment, line] if reading else [line.replace("/* ", "/** " if begun else "/** @file\n * ", 1)]
+            begun = True
+            reading = "*/" not in line
+            if not reading and comment[0].startswith("/** @file"):
+                yield from comment
+                comment = []
+            continue
+        if not line.strip():
+            comment = []
+        function = re.match(r"FISCALON_API .*?(fiscalon_\w+)\(", line)
+        if function:
+            name = re.sub(r"^fiscalon_(records|gov_formats|free_formats)_", "", function[1])
+            said = [DESTROYS] if name.endswith("destroy") else comment or told.get(name, [])
+            told.setdefault(name, said)
+            yield from said
+        elif re.match(r"typedef|enum|#define|  FISCALON_|  [a-z]", line):
+            yield from comment
+            comment = [] if line.startswith((" ", "typedef struct", "enum")) and not line.endswith(";") else comment
+        yield line
+
+
 def interfaces(text):
     """Windows' interface language with its help texts as comments."""
     def commented(match):
@@ -51,7 +82,7 @@ def interfaces(text):
 
 
 def main(path):
-    read = interfaces if path.suffix == ".idl" else header
+    read = interfaces if path.suffix == ".idl" else c_header if path.name == "c.h" else header
     sys.stdout.write("\n".join(read(path.read_text(encoding="utf-8"))))
 
 

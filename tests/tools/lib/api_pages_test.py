@@ -59,6 +59,46 @@ class Filter(unittest.TestCase):
     def test_tells_both_halves_of_a_property_what_stands_before_the_first(self):
         self.assertEqual("\n".join(api_filter.header(PROPERTY)), TOLD)
 
+    def test_lets_a_comment_of_the_header_for_c_hold_up_to_the_next(self):
+        text = """/* Fiscalon for hosts in C: all of it.
+ * And more. */
+
+/* ---- Records ---- */
+
+/* A record. */
+typedef struct fiscalon_record fiscalon_record;
+/* The date. */
+FISCALON_API int fiscalon_record_get_date(fiscalon_record* record);
+FISCALON_API int fiscalon_record_set_date(fiscalon_record* record);
+FISCALON_API int fiscalon_record_destroy(fiscalon_record** record);
+
+/* How many. */
+FISCALON_API int fiscalon_records_count(void);
+
+FISCALON_API int fiscalon_gov_formats_count(void);
+FISCALON_API int fiscalon_other(void);"""
+        self.assertEqual("\n".join(api_filter.c_header(text)), """/** @file
+ * Fiscalon for hosts in C: all of it.
+ * And more. */
+
+/* ---- Records ---- */
+
+/** A record. */
+typedef struct fiscalon_record fiscalon_record;
+/** The date. */
+FISCALON_API int fiscalon_record_get_date(fiscalon_record* record);
+/** The date. */
+FISCALON_API int fiscalon_record_set_date(fiscalon_record* record);
+/** Gives a handle back, and sets the host's variable to NULL. */
+FISCALON_API int fiscalon_record_destroy(fiscalon_record** record);
+
+/** How many. */
+FISCALON_API int fiscalon_records_count(void);
+
+/** How many. */
+FISCALON_API int fiscalon_gov_formats_count(void);
+FISCALON_API int fiscalon_other(void);""")
+
     def test_makes_comments_of_help_texts(self):
         text = '  importlib("other.tlb");\n  [propget, id(1), helpstring("A \\"word\\", or [none].")] HRESULT Text([in] BSTR text);\n' \
                "  [propget, id(2), restricted, hidden] HRESULT Walk();"
