@@ -17,7 +17,7 @@ SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "component", "to
 # Where a guide names a file by its last part.
 NAMED_FOLDERS = ("core", "screens", "frontends", "include", "examples", "tests")
 # What builds make, what processes write, and what a reader's own front end would have.
-NOT_KEPT = re.compile(r"^build/|\bNAME\b|^fiscalon_component\.h$|^Zelmor/PBP\.txt$")
+NOT_KEPT = re.compile(r"^build/|\bNAME\b|^fiscalon_component\.h$|^Zelmor/PBP\.txt$|^NOTES\.md$|^TOOLS\.txt$")
 # Behind the language may stand the file that a listing is; such listings are built by the examples' tests.
 FENCE = re.compile(r"^```(\w*)( [^\n]*)?\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 # A path has a folder or an ending that the tree uses; <...> and * stand for names that the reader chooses.
@@ -29,7 +29,8 @@ NAME = re.compile(r"`([A-Z]\w+)`")
 def sources():
     for folder in SOURCE_FOLDERS:
         for file in sorted((TREE / folder).rglob("*")):
-            if file.suffix in (".h", ".cpp", ".py") or file.name == "CMakeLists.txt":
+            is_command = file.parent == TREE / "tools" and file.is_file()
+            if file.suffix in (".h", ".cpp", ".py") or file.name == "CMakeLists.txt" or is_command:
                 yield file.read_text(encoding="utf-8")
 
 
