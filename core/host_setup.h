@@ -28,7 +28,7 @@ void UseLocale(std::string_view name);
 /// what the user reads changes: properties, records, logs and errors stay in English, and numbers and dates go by the
 /// locale.
 void UseLanguage(const Language& language);
-void UseLanguage(std::string_view name);
+void UseLanguage(std::string_view name);  ///< by its name
 
 /// Puts the library back to how it is when it has just been loaded: the system's clock and locale, forms in English, no
 /// toolkit, no form made, no logs. Objects of the host keep their properties and can be used on.

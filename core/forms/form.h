@@ -35,7 +35,7 @@ class Form {
   /// The title of the form's window, in English.
   std::string Caption() { return WordedCaption().English(); }
   void Caption(Wording caption);
-  const Wording& WordedCaption();
+  const Wording& WordedCaption();  ///< with its words in each language
   /// The same in the language of the form.
   std::string ShownCaption() { return WordedCaption().In(language_); }
 

@@ -128,7 +128,7 @@ run(${CMAKE_COMMAND} --build ${WORK_DIR}/guide_along --target CMakeFiles/host.di
 
 # A component that is not there is told by its name.
 file(WRITE ${guide}/missing/CMakeLists.txt "cmake_minimum_required(VERSION 3.25)\nproject(missing LANGUAGES CXX)\n"
-  "find_package(fiscalon 0.1 REQUIRED COMPONENTS gtk)\n")
+  "find_package(fiscalon 1.0 REQUIRED COMPONENTS gtk)\n")
 execute_process(COMMAND ${CMAKE_COMMAND} -S ${guide}/missing -B ${WORK_DIR}/guide_missing -G Ninja
   -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER} RESULT_VARIABLE result ERROR_VARIABLE output OUTPUT_QUIET)
 if(result STREQUAL "0" OR NOT output MATCHES "there is no component \"gtk\", only \"qt\", \"terminal\" and \"win32\"")

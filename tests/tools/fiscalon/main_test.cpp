@@ -32,7 +32,7 @@ constexpr std::string_view kFrench =
 TEST_F(Program, PrintsItsVersion) {
   const Outcome seen = Run("fiscalon --version");
   EXPECT_EQ(seen.status, 0);
-  EXPECT_EQ(seen.out, "fiscalon 0.1.0\n");
+  EXPECT_EQ(seen.out, "fiscalon 1.0.0\n");
   EXPECT_THAT(seen.err, IsEmpty());
 }
 
