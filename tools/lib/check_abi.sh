@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Whether programs that were linked to the library of this minor version run with the one of this tree: compares what the
-# promised headers declare with what is kept in tools/abi. Additions are welcome; anything else needs another minor
+# Whether programs that were linked to the shared libraries of this minor version run with those of this tree: they find
+# each other where they are built and where they are installed, a host is built with them and runs, and what the promised
+# headers declare is compared with what is kept in tools/abi. Additions are welcome; anything else needs another minor
 # version, and with it another soname.
 #   tools/lib/check_abi.sh           compares
 #   tools/lib/check_abi.sh --write   keeps the interface of a minor version that is begun
@@ -23,11 +24,22 @@ Soname() {
 # The libraries with all that debuggers know of them.
 cmake -S . -B "$work" -G Ninja -DBUILD_SHARED_LIBS=ON -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG='-O0 -g' \
   -DFISCALON_TESTS=OFF -DFISCALON_TOOLS=OFF -DFISCALON_QT=ON -DFISCALON_JOINED=ON
-cmake --build "$work" --target "${libraries[@]}"
+cmake --build "$work"
+rm -rf "$work/installed" "$work/host"
+cmake --install "$work" --prefix "$PWD/$work/installed" >/dev/null
 
 failed=0
+while IFS= read -r file; do
+  if ldd "$file" | grep 'not found'; then
+    echo "$file does not find what it needs"
+    failed=1
+  fi
+done < <(find "$work" -name 'lib*.so' -type f -o -name 'lib*.so' -type l)
+cmake -S examples/host -B "$work/host" -G Ninja -DCMAKE_PREFIX_PATH="$PWD/$work/installed" >/dev/null
+cmake --build "$work/host" >/dev/null
+"$work/host/host" >/dev/null
 for library in "${libraries[@]}"; do
-  file=$(find "$work" -name "lib$library.so")
+  file=$(find "$work" -path "$work/installed" -prune -o -name "lib$library.so" -print)
   name=$(Soname "$file")
   now=$work/$name.abi kept=tools/abi/$name.abi
   abidw --headers-dir "$work/headers/fiscalon" --suppressions tools/lib/abi.ini --drop-private-types \
