@@ -12,7 +12,7 @@ from pathlib import Path
 TREE = Path(__file__).resolve().parents[2]
 GUIDES = sorted((TREE / "docs").glob("*.md"))
 PAGES = [*TREE.glob("*.md"), *(TREE / "docs").rglob("*.md"), *(TREE / "tests").rglob("*.md"), *(TREE / "examples").rglob("*.md")]
-SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "component", "tools", "include", "examples", "bench",
+SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "component", "bindings", "tools", "include", "examples", "bench",
                   "tests/support", "tests/scenarios")
 # Where a guide names a file by its last part.
 NAMED_FOLDERS = ("core", "screens", "frontends", "include", "examples", "tests")
@@ -30,7 +30,7 @@ def sources():
     for folder in SOURCE_FOLDERS:
         for file in sorted((TREE / folder).rglob("*")):
             is_command = file.parent == TREE / "tools" and file.is_file()
-            if file.suffix in (".h", ".cpp", ".py") or file.name == "CMakeLists.txt" or is_command:
+            if file.suffix in (".h", ".cpp", ".py", ".cs") or file.name == "CMakeLists.txt" or is_command:
                 yield file.read_text(encoding="utf-8")
 
 

@@ -17,7 +17,7 @@ from pathlib import Path
 import notices
 
 # Folders that hold something, whatever it is.
-FOLDERS = ("examples/", "include/fiscalon/", "lib/cmake/fiscalon-c/", "lib/cmake/fiscalon/", "operator-guide/", "schemas/")
+FOLDERS = ("dotnet/", "examples/", "include/fiscalon/", "lib/cmake/fiscalon-c/", "lib/cmake/fiscalon/", "operator-guide/", "schemas/")
 FILES = set(
     """CHANGELOG.md LICENSE THIRD-PARTY.txt fiscalon-c.dll fiscalon.dll fiscalon.exe fiscalon.manifest fiscalon.tlb
     fiscalon_component.h lib/fiscalon/common_controls.o lib/libfiscalon-c.dll.a lib/libfiscalon.a lib/libfiscalon_win32.a

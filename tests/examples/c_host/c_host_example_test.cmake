@@ -35,7 +35,8 @@ set(expected
   ${LIBRARY_DIR}/cmake/fiscalon-c/fiscalon-cConfigVersion.cmake
   ${LIBRARY_DIR}/libfiscalon-c.so
   ${LIBRARY_DIR}/libfiscalon-c.so.1
-  ${LIBRARY_DIR}/pkgconfig/fiscalon-c.pc)
+  ${LIBRARY_DIR}/pkgconfig/fiscalon-c.pc
+  share/fiscalon/dotnet/Fiscalon.cs)
 if(HAS_QT)
   list(APPEND expected ${LIBRARY_DIR}/fiscalon-c/${VERSION}/front-end-qt.so)
 endif()

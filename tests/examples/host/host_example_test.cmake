@@ -5,7 +5,7 @@ cmake_minimum_required(VERSION 3.25)
 set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${WORK_DIR}/host ${WORK_DIR}/qt_host ${WORK_DIR}/own
   ${WORK_DIR}/guide ${WORK_DIR}/guide_host ${WORK_DIR}/guide_host_test ${WORK_DIR}/guide_bulk
-  ${WORK_DIR}/guide_qt_host
+  ${WORK_DIR}/guide_qt_host ${WORK_DIR}/guide_readme
   ${WORK_DIR}/guide_fetched ${WORK_DIR}/guide_along ${WORK_DIR}/guide_missing)
 
 function(run)
@@ -104,6 +104,33 @@ run(${WORK_DIR}/guide_host_test/host_test)
 execute_process(COMMAND ${WORK_DIR}/guide_bulk/bulk RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
 if(NOT result STREQUAL "0" OR NOT errors STREQUAL "" OR NOT output STREQUAL "Field 01 Amount of Payment is not equal to amount to be paid\n")
   message(FATAL_ERROR "the check in bulk ended with ${result}\nprinted:\n${output}said:\n${errors}")
+endif()
+
+# What the README shows, in a program, with a user who accepts.
+run(python3 ${CMAKE_CURRENT_LIST_DIR}/listings.py ${SOURCE_DIR}/README.md ${guide})
+file(READ ${guide}/readme/main.cpp listing)
+file(READ ${guide}/host/CMakeLists.txt text)
+string(REPLACE "host" "readme" text "${text}")
+file(WRITE ${guide}/readme/CMakeLists.txt "${text}")
+file(WRITE ${guide}/readme/main.cpp [[
+#include <fiscalon/fiscalon.h>
+
+#include <iostream>
+#include <string>
+
+static void Send(const std::string& record) { std::cout << record.size() << '\n'; }
+
+int main() {
+  fiscalon::ScriptedToolkit toolkit;
+  toolkit.onForm = [](fiscalon::Form& form, fiscalon::UserDriver& user) {
+    for (const char key : std::string("20241212345")) user.Type(key);
+    user.Click(form.ControlNamed("cmdOK"));
+  };
+]] "${listing}" "}\n")
+build(${guide}/readme guide_readme)
+execute_process(COMMAND ${WORK_DIR}/guide_readme/readme RESULT_VARIABLE result OUTPUT_VARIABLE output)
+if(NOT result STREQUAL "0" OR NOT output STREQUAL "160\n160\n")
+  message(FATAL_ERROR "what the README shows ended with ${result}, and printed:\n${output}")
 endif()
 
 # The same program with the library built along, fetched or in the host's own tree. Compiling it all once is enough: the

@@ -67,7 +67,7 @@ def error_of(request, *arguments):
 class Terminal:
     """A terminal, and a program that is started from it with pipes as its standard streams."""
 
-    def __init__(self, request, *arguments, folder=None):
+    def __init__(self, request, *arguments, folder=None, command=(PROGRAM, "collect", "--json"), environment=None):
         # A terminal that nobody has open is gone: it is kept for the time before the program opens it.
         self.user, self.kept = os.openpty()
         fcntl.ioctl(self.kept, termios.TIOCSWINSZ, b"\x18\0\x50\0\0\0\0\0")
@@ -77,9 +77,9 @@ class Terminal:
             fcntl.ioctl(self.kept, termios.TIOCSCTTY, 0)
 
         self.program = subprocess.Popen(
-            [PROGRAM, "--today", "2026-06-15", "--locale", "en-CA", "collect", "--json", *arguments],
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=ENVIRONMENT, cwd=folder,
-            preexec_fn=become_leader)  # fmt: skip
+            [*command, *arguments, "--today", "2026-06-15", "--locale", "en-CA"],
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE, cwd=folder, preexec_fn=become_leader,
+            env={**ENVIRONMENT, **(environment or {})})  # fmt: skip
         self.program.stdin.write(json.dumps(request).encode())
         self.program.stdin.close()
         self.seen = ""
@@ -120,7 +120,10 @@ class Terminal:
 
 
 def fill(request, *arguments, **options):
-    terminal = Terminal(request, *arguments, **options)
+    return fill_at(Terminal(request, *arguments, **options))
+
+
+def fill_at(terminal):
     terminal.until("Taxation year ends on:")
     terminal.type("202512123.45\r")
     terminal.until("Enter press")
