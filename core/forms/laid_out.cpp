@@ -7,6 +7,7 @@
 #include "core/forms/button.h"
 #include "core/forms/form_misuse.h"
 #include "core/forms/label.h"
+#include "core/wording/places.h"
 
 namespace fiscalon {
 namespace {
@@ -23,11 +24,6 @@ std::string WithoutBlanksAround(const std::string& text) {
 std::string CaptionOf(const Control* control) {
   const auto* captioned = dynamic_cast<const Captioned*>(control);
   return captioned == nullptr ? std::string() : WithoutBlanksAround(captioned->PlainCaption());
-}
-
-std::string WithoutColon(std::string caption) {
-  while (caption.ends_with(':')) caption = WithoutBlanksAround(caption.substr(0, caption.size() - 1));
-  return caption;
 }
 
 const Frame* FrameOf(const Group& group) {

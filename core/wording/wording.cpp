@@ -1,31 +1,8 @@
 #include "core/wording/wording.h"
 
+#include "core/wording/places.h"
+
 namespace fiscalon {
-namespace {
-
-/// Of "{1}" at that position the 1; 0 where no place stands there.
-size_t PlaceAt(std::string_view text, size_t at) {
-  const bool isPlace =
-      at + 2 < text.size() && text[at] == '{' && text[at + 1] >= '1' && text[at + 1] <= '9' && text[at + 2] == '}';
-  return isPlace ? static_cast<size_t>(text[at + 1] - '0') : 0;
-}
-
-std::string WithPlaces(std::string_view text, const std::vector<std::string>& held) {
-  constexpr size_t kPlaceLength = 3;
-  std::string filled;
-  for (size_t at = 0; at < text.size();) {
-    const size_t place = PlaceAt(text, at);
-    const bool isHeld = place != 0 && place <= held.size();
-    if (isHeld)
-      filled += held[place - 1];
-    else
-      filled += text[at];
-    at += isHeld ? kPlaceLength : 1;
-  }
-  return filled;
-}
-
-}  // namespace
 
 std::string Wording::In(const Language& language) const {
   if (isGiven_ || text_.empty())
@@ -34,7 +11,9 @@ std::string Wording::In(const Language& language) const {
   if (places_.empty())
     return words;
   std::vector<std::string> held;
-  for (const Wording& place : places_) held.push_back(place.In(language));
+  // English texts have always shown the colon of a caption.
+  for (const Wording& place : places_)
+    held.push_back(language.IsEnglish() || place.isGiven_ ? place.In(language) : WithoutColon(place.In(language)));
   return WithPlaces(words, held);
 }
 

@@ -46,6 +46,13 @@ TEST(Filled, TextInAPlaceIsPutIntoWordsToo) {
   EXPECT_EQ(Filled("From {1} to {2}", "Cancel", AsGiven("Cancel")).In(kLoud), "UP TO Cancel, FROM CANCEL!!");
 }
 
+TEST(Filled, CaptionInAPlaceIsANameWithoutColonButInEnglish) {
+  const Wording refusal = Filled("{1} cannot be negative.", "Instalment Amount:");
+  EXPECT_EQ(refusal.English(), "Instalment Amount: cannot be negative.");
+  EXPECT_EQ(refusal.In(*NamedLanguage("fr")),
+            "Le champ \xAB\xA0Montant de l'acompte provisionnel\xA0\xBB ne peut pas \xEAtre n\xE9gatif.");
+}
+
 TEST(Filled, PlaceMayStandTwice) {
   EXPECT_EQ(Filled("{1} and {1}", AsGiven("a")).English(), "a and a");
 }
