@@ -13,6 +13,7 @@
 #include "tools/desk/result_panel.h"
 #include "tools/desk/screen_list.h"
 #include "tools/paying/screen_show.h"
+#include "tools/reading/utf8_words.h"
 
 namespace fiscalon {
 namespace {
@@ -124,7 +125,7 @@ void DeskWindow::ShowScreen(const std::string& code) {
 bool DeskWindow::IsStopped(const Payment& payment, const std::string& code) {
   std::optional<Obstacle> obstacle = ObstacleIn(payment);
   if (!obstacle && !MayReplaceFile(payment, qt::FromQt(windowTitle())))
-    obstacle = {.reasons = "The file stays as it is: " + payment.file, .entry = PaymentEntry::File};
+    obstacle = {.reasons = Utf8Words("The file stays as it is: {1}", {payment.file}), .entry = PaymentEntry::File};
   if (!obstacle)
     return false;
   result_->Say(tr("Screen %1 was not opened.").arg(qt::ToQt(code)) + u'\n' + QString::fromStdString(obstacle->reasons));

@@ -7,6 +7,7 @@
 #include <QStyle>
 
 #include "frontends/qt/notice.h"
+#include "tools/reading/utf8_words.h"
 
 namespace fiscalon {
 namespace {
@@ -25,7 +26,7 @@ QString Said(std::string_view utf8) {
 }
 
 QString CaptionOf(PaymentEntry entry) {
-  return Said(WordsOf(entry).caption);
+  return Said(Utf8Words(WordsOf(entry).caption));
 }
 
 int CharactersWide(const QWidget& widget, int characters) {
@@ -89,7 +90,7 @@ QLineEdit* PaymentPanel::NewLine(const char* name, int characters) {
 void PaymentPanel::Add(QGridLayout& grid, int row, int side, PaymentEntry entry, QWidget* field) {
   auto* label = new QLabel(CaptionOf(entry));
   label->setBuddy(field);
-  field->setToolTip(Said(WordsOf(entry).hint));
+  field->setToolTip(Said(Utf8Words(WordsOf(entry).hint)));
   fields_[entry] = field;
   grid.addWidget(label, row, side);
   grid.addWidget(field, row, side + 1, field->maximumWidth() < QWIDGETSIZE_MAX ? Qt::AlignLeft : Qt::Alignment());
@@ -173,7 +174,8 @@ void PaymentPanel::NameDoubts() {
   for (QLabel* label : {warning_, doubts_}) label->setVisible(!sentences.isEmpty());
   FitDoubts();
   // Whoever comes back to an entry without seeing the sentences hears its own.
-  for (const auto& [entry, field] : fields_) field->setAccessibleDescription(about[entry] + Said(WordsOf(entry).hint));
+  for (const auto& [entry, field] : fields_)
+    field->setAccessibleDescription(about[entry] + Said(Utf8Words(WordsOf(entry).hint)));
 }
 
 void PaymentPanel::FitDoubts() {

@@ -7,6 +7,7 @@
 
 #include "core/launch.h"
 #include "frontends/qt/qt_text.h"
+#include "tools/reading/utf8_words.h"
 
 namespace fiscalon {
 namespace {
@@ -46,8 +47,9 @@ ScreenList::ScreenList(QWidget* parent)
 
 void ScreenList::ListScreens() {
   for (const LaunchRow& row : LaunchTable()) {
-    auto* item = new QTreeWidgetItem(list_, {qt::ToQt(row.code), qt::ToQt(row.collects)});
-    item->setToolTip(kCollects, qt::ToQt(row.collects) + u'\n' + qt::ToQt(row.form));
+    const QString collects = QString::fromStdString(Utf8Words(row.collects));
+    auto* item = new QTreeWidgetItem(list_, {qt::ToQt(row.code), collects});
+    item->setToolTip(kCollects, collects + u'\n' + qt::ToQt(row.form));
   }
 }
 

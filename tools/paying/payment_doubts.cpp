@@ -4,6 +4,7 @@
 #include "core/records/record_layout.h"
 #include "core/values/text.h"
 #include "tools/paying/record_place.h"
+#include "tools/reading/utf8_words.h"
 #include "tools/reading/visible_text.h"
 
 namespace fiscalon {
@@ -18,29 +19,32 @@ std::string OnSequence(std::string_view text) {
   const size_t length = FromUtf8(text).size();
   if (length == kSequenceCharacters)
     return {};
-  return Counted(length, "character") + " instead of four, which shifts the columns of all records.";
+  return Utf8Words(length == 1 ? "{1} character instead of four, which shifts the columns of all records."
+                               : "{1} characters instead of four, which shifts the columns of all records.",
+                   {std::to_string(length)});
 }
 
 std::string OnNoAmount(std::string_view cents) {
-  return AreBlanks(cents) ? "nothing, which screens take for $0.00." : "";
+  return AreBlanks(cents) ? Utf8Words("nothing, which screens take for $0.00.") : "";
 }
 
 std::string OnCents(std::string_view text) {
   if (AreBlanks(text) || !DollarsOf(text).empty())
     return {};
-  return QuotedUtf8(text) + " is no amount in cents: up to 15 digits and nothing else, such as 12345.";
+  return Utf8Words("{1} is no amount in cents: up to 15 digits and nothing else, such as 12345.", {QuotedUtf8(text)});
 }
 
 std::string OnDollars(std::string_view text) {
   if (AreBlanks(text) || !CentsOf(text).empty())
     return {};
-  return QuotedUtf8(text) + " is no amount in dollars: digits, and at most two of them behind a point, such as 123.45.";
+  return Utf8Words("{1} is no amount in dollars: digits, and at most two of them behind a point, such as 123.45.",
+                   {QuotedUtf8(text)});
 }
 
 std::string OnDate(std::string_view text) {
   if (!HostDateOf(text).empty())
     return {};
-  return QuotedUtf8(text) + " is no date: year, month and day, such as 2026-06-15.";
+  return Utf8Words("{1} is no date: year, month and day, such as 2026-06-15.", {QuotedUtf8(text)});
 }
 
 template <size_t kColumns>
@@ -48,7 +52,8 @@ std::string OnLength(std::string_view text) {
   const size_t length = Trim(FromUtf8(text)).size();
   if (length <= kColumns)
     return {};
-  return Counted(length, "character") + ", and a record has room for " + std::to_string(kColumns) + ": shorten it.";
+  return Utf8Words("{1} characters, and a record has room for {2}: shorten it.",
+                   {std::to_string(length), std::to_string(kColumns)});
 }
 
 /// A character that has no place in the code page is lost on the way to the library.
@@ -56,7 +61,8 @@ std::string OnLostCharacters(std::string_view text) {
   const std::string kept = ToUtf8(FromUtf8(text));
   if (kept == text)
     return {};
-  return QuotedUtf8(text) + " becomes " + QuotedUtf8(kept) + ": forms and records know Western European letters alone.";
+  return Utf8Words("{1} becomes {2}: forms and records know Western European letters alone.",
+                   {QuotedUtf8(text), QuotedUtf8(kept)});
 }
 
 struct Judge {
@@ -100,14 +106,14 @@ std::vector<Doubt> DoubtsAbout(const Payment& payment) {
 }
 
 std::string SentenceOf(const Doubt& doubt) {
-  return NameOf(doubt.entry) + ": " + doubt.text;
+  return Utf8Words("{1}: {2}", {Utf8Words(NameOf(doubt.entry)), doubt.text});
 }
 
 std::string QuestionAbout(const Payment& payment) {
   if (payment.destination != Payment::Destination::File)
     return {};
   const std::string lost = WhatWouldBeLost(payment.file);
-  return lost.empty() ? lost : lost + "\n\nShall the records of this payment take its place?";
+  return lost.empty() ? lost : Utf8Words("{1}\n\nShall the records of this payment take its place?", {lost});
 }
 
 }  // namespace fiscalon

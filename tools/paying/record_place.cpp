@@ -9,6 +9,7 @@
 #include "core/platform/utf8_path.h"
 #include "core/values/text.h"
 #include "tools/reading/shown_record.h"
+#include "tools/reading/utf8_words.h"
 #include "tools/reading/visible_text.h"
 
 namespace fiscalon {
@@ -59,24 +60,25 @@ std::string FirstWords(std::string_view bytes) {
 
 std::string WhyNoFileCanBe(std::string_view name) {
   if (AreBlanks(name))
-    return "no file is named.";
+    return Utf8Words("no file is named.");
   if (const std::string kept = ToUtf8(FromUtf8(name)); kept != name)
-    return QuotedUtf8(name) + " would become " + QuotedUtf8(kept) + ": name it in Western European letters.";
+    return Utf8Words("{1} would become {2}: name it in Western European letters.",
+                     {QuotedUtf8(name), QuotedUtf8(kept)});
   const auto path = Utf8Path(name);
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
   if (status.type() == std::filesystem::file_type::none)
-    return QuotedUtf8(name) + " can't be looked at: " + error.message() + ".";
+    return Utf8Words("{1} can't be looked at: {2}.", {QuotedUtf8(name), error.message()});
   if (std::filesystem::is_directory(status))
-    return QuotedUtf8(name) + " is a folder: name a file in it.";
+    return Utf8Words("{1} is a folder: name a file in it.", {QuotedUtf8(name)});
   if (std::filesystem::exists(status))
     return std::filesystem::is_regular_file(status)
                ? std::string()
-               : QuotedUtf8(name) + " is a device or a pipe, which can't hold records: name a file.";
+               : Utf8Words("{1} is a device or a pipe, which can't hold records: name a file.", {QuotedUtf8(name)});
   const auto folder = path.has_parent_path() ? path.parent_path() : Utf8Path(".");
   if (std::filesystem::is_directory(folder, error))
     return {};
-  return "there is no folder " + QuotedUtf8(Utf8Of(folder)) + ": make it, or name another file.";
+  return Utf8Words("there is no folder {1}: make it, or name another file.", {QuotedUtf8(Utf8Of(folder))});
 }
 
 std::string WhatWouldBeLost(std::string_view name) {
@@ -86,12 +88,15 @@ std::string WhatWouldBeLost(std::string_view name) {
   const auto size = std::filesystem::file_size(Utf8Path(name), ignored);
   const std::optional<std::string> bytes = BeginningOf(name);
   if (!bytes)
-    return QuotedUtf8(name) + " is there and can't be read: it may be no record file.";
+    return Utf8Words("{1} is there and can't be read: it may be no record file.", {QuotedUtf8(name)});
   if (bytes->empty() || AreRecords(*bytes))
     return {};
   const std::string words = FirstWords(*bytes);
-  return QuotedUtf8(name) + " is no record file. It has " + Counted(size, "byte") +
-         (words.empty() ? ", and does not begin as a text." : ", and begins with " + words + ".");
+  const std::string begins =
+      words.empty() ? Utf8Words("does not begin as a text") : Utf8Words("begins with {1}", {words});
+  return Utf8Words(size == 1 ? "{1} is no record file. It has {2} byte, and {3}."
+                             : "{1} is no record file. It has {2} bytes, and {3}.",
+                   {QuotedUtf8(name), std::to_string(size), begins});
 }
 
 }  // namespace fiscalon

@@ -13,6 +13,7 @@
 #include "tools/paying/payment_doubts.h"
 #include "tools/reading/payment_advice.h"
 #include "tools/reading/record_taker.h"
+#include "tools/reading/utf8_words.h"
 
 namespace fiscalon {
 namespace {
@@ -32,19 +33,20 @@ ShowOutcome RecordsHandedBack(const Levyra& session, const LaunchRow& screen) {
     members->Clear();
   }
   outcome.words = outcome.records.empty()
-                      ? "Accepted, but no records were handed back."
-                      : "Accepted. Records handed back: " + std::to_string(outcome.records.size()) + ".";
+                      ? Utf8Words("Accepted, but no records were handed back.")
+                      : Utf8Words("Accepted. Records handed back: {1}.", {std::to_string(outcome.records.size())});
   return outcome;
 }
 
 ShowOutcome RecordsInFile(const std::string& name, const LaunchRow& screen) {
   std::ifstream file(Utf8Path(name), std::ios::binary);
   if (!file)
-    return {.words =
-                "Accepted, but the record file can't be read: " + std::generic_category().message(errno) + "\n" + name};
+    return {.words = Utf8Words("Accepted, but the record file can't be read: {1}\n{2}",
+                               {std::generic_category().message(errno), name})};
   const std::string content{std::istreambuf_iterator<char>(file), {}};
   ShowOutcome outcome = {.records = TakeApart(std::string_view(content), &screen)};
-  outcome.words = "Accepted. Records written to the file: " + std::to_string(outcome.records.size()) + ".\n" + name;
+  outcome.words =
+      Utf8Words("Accepted. Records written to the file: {1}.\n{2}", {std::to_string(outcome.records.size()), name});
   return outcome;
 }
 
@@ -53,23 +55,33 @@ ShowOutcome Launch(Levyra& session, const LaunchRow& screen) {
   const std::string name = ToUtf8(session.GovFilename());
   const auto before = LastWritten(name);
   if (!session.ShowLevyraScreen(screen.code))
-    return {.words = "Cancelled. Nothing was written."};
+    return {.words = Utf8Words("Cancelled. Nothing was written.")};
   if (!toFile)
     return RecordsHandedBack(session, screen);
   if (LastWritten(name) == before)
-    return {.words = std::string("Accepted, but no records were written: ") +
-                     (before ? "the file is from before.\n" : "there is no file.\n") + name};
+    return {.words = Utf8Words(before ? "Accepted, but no records were written: the file is from before.\n{1}"
+                                      : "Accepted, but no records were written: there is no file.\n{1}",
+                               {name})};
   return RecordsInFile(name, screen);
 }
 
 std::string WordsOf(const RuntimeError& error, const Levyra& session, const LaunchRow& screen) {
-  const std::string advice = AdviceOn(
-      error, session,
-      {.govFilename = "The record file", .enterName = "Entered by", .enterTitle = "Title", .paidAmount = "The amount"});
-  return "Screen " + std::string(screen.code) +
-         " ended with an error. Shown again, it goes on with what was typed.\nNumber: " +
-         std::to_string(error.Number()) + "\nSource: " + ToUtf8(error.Source()) +
-         "\nDescription: " + ToUtf8(error.Description()) + (advice.empty() ? "" : "\n" + advice);
+  const std::string file = Utf8Words("The record file");
+  const std::string name = Utf8Words("Entered by");
+  const std::string title = Utf8Words("Title");
+  const std::string amount = Utf8Words("The amount");
+  const std::string advice = AdviceOn(error, session,
+                                      {.govFilename = file,
+                                       .enterName = name,
+                                       .enterTitle = title,
+                                       .paidAmount = amount,
+                                       .language = TheModule().language});
+  return Utf8Words(
+             "Screen {1} ended with an error. Shown again, it goes on with what was typed.\nNumber: {2}\nSource: "
+             "{3}\nDescription: {4}",
+             {std::string(screen.code), std::to_string(error.Number()), ToUtf8(error.Source()),
+              Utf8Words(error.Description())}) +
+         (advice.empty() ? "" : "\n" + advice);
 }
 
 }  // namespace
@@ -93,7 +105,8 @@ bool MayReplaceFile(const Payment& payment, std::string_view title) {
                                                        .style = MessageStyle::Exclamation,
                                                        .buttons = MessageButtons::YesNo,
                                                        .defaultButton = DefaultButton::Second,
-                                                       .title = std::string(title)}) == MessageAnswer::Yes;
+                                                       .title = std::string(title),
+                                                       .language = TheModule().language}) == MessageAnswer::Yes;
 }
 
 ShowOutcome ShowScreen(const Payment& payment, const LaunchRow& screen) {

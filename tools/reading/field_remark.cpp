@@ -4,6 +4,8 @@
 
 #include "core/platform/code_page.h"
 #include "core/values/text.h"
+#include "core/wording/places.h"
+#include "tools/reading/utf8_words.h"
 #include "tools/reading/visible_text.h"
 
 namespace fiscalon {
@@ -25,6 +27,16 @@ void AppendOnDigits(std::string& out, const SignedDigits& number, const MoneyWor
     out += '-';
   out.append(digits).append(", as cents ");
   money.Append(out, number);
+}
+
+/// A field's name: mostly its caption on the screen, which may have a colon.
+std::string InWordsOfItsCaption(const std::string& name) {
+  const std::string words = Utf8Words(name);
+  const std::string caption = name + ":";
+  const std::string captionWords = Utf8Words(caption);
+  if (words != name || captionWords == caption)
+    return words;
+  return ToUtf8(WithoutColon(FromUtf8(captionWords)));
 }
 
 }  // namespace
@@ -96,9 +108,21 @@ void AppendRemark(std::string& out, const ShownField& field, std::string_view te
 }
 
 std::string RemarkOn(const ShownRecord& record, const ShownField& field, const Locale& locale) {
+  const std::string_view text = record.TextOf(field);
   std::string remark;
-  AppendRemark(remark, field, record.TextOf(field), MoneyWords(locale));
-  return remark;
+  AppendRemark(remark, field, text, MoneyWords(locale));
+  switch (field.sense) {
+    case Sense::Blank:
+    case Sense::Missing:
+      return Utf8Words(remark);
+    case Sense::Text:
+      return Utf8Words("{1} of {2} characters",
+                       {std::to_string(Trim(text).size()), std::to_string(field.to - field.from + 1)});
+    case Sense::FieldNumber:
+      return InWordsOfItsCaption(remark);
+    default:
+      return remark;
+  }
 }
 
 bool IsWorthALine(const ShownField& field) {

@@ -9,6 +9,7 @@
 #include "core/platform/utf8_path.h"
 #include "core/records/record_layout.h"
 #include "core/values/text.h"
+#include "tools/reading/utf8_words.h"
 
 namespace fiscalon {
 namespace {
@@ -20,8 +21,8 @@ std::string Quoted(std::string_view text) {
   return "\"" + ToUtf8(text) + "\"";
 }
 
-std::string Is(std::string_view property, std::string_view value) {
-  return std::string(property) + " is " + Quoted(value);
+std::string Say(const PaymentWords& words, std::string_view text, const std::vector<std::string>& places) {
+  return Utf8Words(text, places, words.language);
 }
 
 /// Of a name in UTF-8; an empty one is the folder that the program is in.
@@ -31,59 +32,64 @@ bool IsFolder(std::string_view name) {
 }
 
 /// The sentence for a text that is longer than the columns it goes to; empty where it fits.
-std::string TooLong(std::string_view property, std::string_view text, size_t columns) {
+std::string TooLong(const PaymentWords& words, std::string_view property, std::string_view text, size_t columns) {
   const size_t length = Trim(text).size();
   if (length <= columns)
     return {};
-  return std::string(property) + " has " + std::to_string(length) + " characters, and a record has room for " +
-         std::to_string(columns) + ": shorten it.";
+  return Say(words, "{1} has {2} characters, and a record has room for {3}: shorten it.",
+             {std::string(property), std::to_string(length), std::to_string(columns)});
 }
 
 std::string OnMissingFolder(const Levyra& session, const PaymentWords& words) {
   const std::string folder = Utf8Of(Utf8Path(ToUtf8(session.GovFilename())).parent_path());
   if (session.WriteFile() == kTrue && !IsFolder(folder))
-    return Is(words.govFilename, session.GovFilename()) + ", and there is no folder \"" + folder +
-           "\": make it, or name another file.";
+    return Say(words, "{1} is {2}, and there is no folder \"{3}\": make it, or name another file.",
+               {std::string(words.govFilename), Quoted(session.GovFilename()), folder});
   const std::string& logs = TheModule().mainPath;
   if (!IsFolder(ToUtf8(logs)))
-    return Is(words.mainPath, logs) + ", and there is no such folder for error.log: make it, or name another.";
+    return Say(words, "{1} is {2}, and there is no such folder for error.log: make it, or name another.",
+               {std::string(words.mainPath), Quoted(logs)});
   return {};
 }
 
 std::string OnAccess(const Levyra& session, const PaymentWords& words) {
   if (session.WriteFile() != kTrue)
-    return Is(words.mainPath, TheModule().mainPath) +
-           ", and error.log can't be written there: look at its permissions.";
+    return Say(words, "{1} is {2}, and error.log can't be written there: look at its permissions.",
+               {std::string(words.mainPath), Quoted(TheModule().mainPath)});
   const std::string name = session.GovFilename();
+  const std::string file(words.govFilename);
   if (name.empty())
-    return std::string(words.govFilename) + " is empty, and WriteFile is True: name the file that the records go to.";
+    return Say(words, "{1} is empty, and WriteFile is True: name the file that the records go to.", {file});
   if (IsFolder(ToUtf8(name)))
-    return Is(words.govFilename, name) + ", which is a folder: name a file in it.";
-  return Is(words.govFilename, name) + ", and that file can't be written: look at its permissions and its folder's.";
+    return Say(words, "{1} is {2}, which is a folder: name a file in it.", {file, Quoted(name)});
+  return Say(words, "{1} is {2}, and that file can't be written: look at its permissions and its folder's.",
+             {file, Quoted(name)});
 }
 
 std::string OnOldFile(const Levyra& session, const PaymentWords& words) {
-  return Is(words.govFilename, session.GovFilename()) +
-         ", and the older file of that name can't be deleted: look at the permissions of its folder.";
+  return Say(words,
+             "{1} is {2}, and the older file of that name can't be deleted: look at the permissions of its folder.",
+             {std::string(words.govFilename), Quoted(session.GovFilename())});
 }
 
 std::string OnFullDisk(const Levyra& session, const PaymentWords& words) {
-  return Is(words.govFilename, session.GovFilename()) +
-         ", and its disk is full: make room, then show the payment again.";
+  return Say(words, "{1} is {2}, and its disk is full: make room, then show the payment again.",
+             {std::string(words.govFilename), Quoted(session.GovFilename())});
 }
 
 std::string OnTooLong(const Levyra& session, const PaymentWords& words) {
-  const std::string name = TooLong(words.enterName, session.EnterName(), kNameCharacters);
-  return name.empty() ? TooLong(words.enterTitle, session.EnterTitle(), kTitleCharacters) : name;
+  const std::string name = TooLong(words, words.enterName, session.EnterName(), kNameCharacters);
+  return name.empty() ? TooLong(words, words.enterTitle, session.EnterTitle(), kTitleCharacters) : name;
 }
 
 std::string OnNumber(const Levyra& session, const PaymentWords& words) {
+  const std::string amount(words.paidAmount);
   if (session.PaidAmount().empty())
-    return std::string(words.paidAmount) + " takes cents as digits, such as 12345.";
-  return Is(words.paidAmount, session.PaidAmount()) +
-         ", in dollars: it, or an amount that was typed, is no number or too large. Correct it; shown again, the "
-         "screen "
-         "goes on with what was typed.";
+    return Say(words, "{1} takes cents as digits, such as 12345.", {amount});
+  return Say(words,
+             "{1} is {2}, in dollars: it, or an amount that was typed, is no number or too large. Correct it; shown "
+             "again, the screen goes on with what was typed.",
+             {amount, Quoted(session.PaidAmount())});
 }
 
 struct Advice {

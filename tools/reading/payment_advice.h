@@ -5,6 +5,7 @@
 
 #include "core/platform/runtime_error.h"
 #include "core/session.h"
+#include "core/wording/language.h"
 
 /// What people are told about a payment beside the words of the library, which name no path and no property.
 /// Sentences in UTF-8.
@@ -17,6 +18,8 @@ struct PaymentWords {
   std::string_view enterName = "EnterName";
   std::string_view enterTitle = "EnterTitle";
   std::string_view paidAmount = "PaidAmount";
+  /// Of the advice. A program's own messages are in English.
+  Language language = {};
 };
 
 /// What an error that ended a screen is about, by the property and its value, and what to do. Empty where its own words

@@ -1,5 +1,6 @@
 #include "tools/reading/record_words.h"
 
+#include "tools/reading/utf8_words.h"
 #include "tools/reading/visible_text.h"
 
 namespace fiscalon {
@@ -7,13 +8,13 @@ namespace fiscalon {
 std::string HeadingOf(const ShownRecord& record) {
   const std::string number = std::to_string(record.number);
   if (record.isInvoice)
-    return "Record " + number + ": invoice";
+    return Utf8Words("Record {1}: invoice", {number});
   if (!record.isRecord)
-    return "Line " + number + ": no record";
+    return Utf8Words("Line {1}: no record", {number});
   const char letter = static_cast<char>(record.kind);
   const std::string_view name = NameOf(record.kind);
-  return "Record " + number + ": " + (name.empty() ? VisibleText({&letter, 1}) : std::string(name)) + ", sequence " +
-         DottedText(record.Seq());
+  return Utf8Words("Record {1}: {2}, sequence {3}",
+                   {number, name.empty() ? VisibleText({&letter, 1}) : Utf8Words(name), DottedText(record.Seq())});
 }
 
 std::string PlaceOf(int from, int to) {

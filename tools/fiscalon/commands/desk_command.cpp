@@ -1,8 +1,6 @@
 #include "tools/fiscalon/commands/desk_command.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <memory>
 
 #include "core/launch.h"
@@ -25,16 +23,16 @@ constexpr const char* kDeskExamples = R"(Examples:
 Exit status: 0, 2 where there is neither a display nor a terminal.)";
 
 /// Where the page for operators is installed: beside the program, or below the folder that it lies in or the next one,
-/// as its twin's. Where it belongs if it is nowhere.
-std::string OperatorsPage() {
+/// as its twin's. In English where the language has none; where that belongs if it is nowhere.
+std::string OperatorsPage(std::string_view language) {
   const std::string folder = FolderOfProgram();
-  const std::string places[] = {folder + "/operator-guide.md", folder + "/../share/fiscalon/operator-guide.md",
-                                folder + "/../../share/fiscalon/operator-guide.md"};
-  std::error_code error;
-  const auto* const found = std::find_if(std::begin(places), std::end(places), [&](const std::string& place) {
-    return std::filesystem::exists(Utf8Path(place), error);
-  });
-  return Utf8Of(Utf8Path(found == std::end(places) ? places[1] : *found).lexically_normal());
+  const std::string shared = folder + "/../share/fiscalon";
+  const std::string worded = std::string("/operator-guide.").append(language) + ".md";
+  for (const std::string& page : {worded, std::string("/operator-guide.md")})
+    for (const std::string& place : {folder, shared, folder + "/../../share/fiscalon"})
+      if (std::error_code error; std::filesystem::exists(Utf8Path(place + page), error))
+        return Utf8Of(Utf8Path(place + page).lexically_normal());
+  return Utf8Of(Utf8Path(shared + "/operator-guide.md").lexically_normal());
 }
 
 const FrontEnd& FrontEndNamed(const std::string& name, const Context& context) {
@@ -49,7 +47,7 @@ ExitStatus OpenDesk(const std::string& toolkitName, const Context& context) {
   UseToolkit(toolkit.get());
   context.SetUpModule();
   frmPaymentDesk desk;
-  desk.operatorsPage = OperatorsPage();
+  desk.operatorsPage = OperatorsPage(context.ShownLanguage().name);
   frmDeskResult result;
   desk.onShow = [&](const Payment& payment, const std::string& code) {
     const ShowOutcome outcome = ShowScreen(payment, *FindLaunchRow(code));

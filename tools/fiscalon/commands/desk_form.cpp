@@ -10,6 +10,7 @@
 #include "core/platform/code_page.h"
 #include "tools/paying/payment_doubts.h"
 #include "tools/paying/screen_show.h"
+#include "tools/reading/utf8_words.h"
 
 namespace fiscalon {
 namespace {
@@ -152,21 +153,23 @@ void frmPaymentDesk::optDestination_Click() {
 
 void frmPaymentDesk::ShowDoubts() {
   const std::vector<Doubt> doubts = DoubtsAbout(Current());
-  std::string told = doubts.empty() ? std::string() : FromUtf8(SentenceOf(doubts.front()));
+  std::string told = doubts.empty() ? std::string() : SentenceOf(doubts.front());
   if (doubts.size() > 1)
-    told += " (and " + std::to_string(doubts.size() - 1) + " more)";
-  lblDoubt.Caption(AsGiven(told));
+    told = Utf8Words("{1} (and {2} more)", {told, std::to_string(doubts.size() - 1)});
+  lblDoubt.Caption(AsGiven(FromUtf8(told)));
 }
 
 bool frmPaymentDesk::IsStopped() {
   const Payment payment = Current();
   if (const std::optional<Obstacle> obstacle = ObstacleIn(payment)) {
-    TheToolkit().ShowMessage(
-        {.text = FromUtf8(obstacle->reasons), .style = MessageStyle::Exclamation, .title = Caption()});
+    TheToolkit().ShowMessage({.text = FromUtf8(obstacle->reasons),
+                              .style = MessageStyle::Exclamation,
+                              .title = ShownCaption(),
+                              .language = ShownIn()});
     GoTo(obstacle->entry);
     return true;
   }
-  if (MayReplaceFile(payment, Caption()))
+  if (MayReplaceFile(payment, ShownCaption()))
     return false;
   GoTo(PaymentEntry::File);
   return true;

@@ -4,6 +4,7 @@
 #include "core/platform/code_page.h"
 #include "tools/reading/field_remark.h"
 #include "tools/reading/record_words.h"
+#include "tools/reading/utf8_words.h"
 #include "tools/reading/visible_text.h"
 
 namespace fiscalon {
@@ -30,8 +31,10 @@ void frmDeskResult::Set(const std::string& words, const std::vector<ShownRecord>
       rows_.push_back(RowOf(field.name, field.from, field.to,
                             DottedText(record.TextOf(field)) + (remark.empty() ? "" : "  " + remark)));
     }
-    for (const Note& problem : record.problems) rows_.push_back(RowOf("wrong", problem.from, problem.to, problem.text));
-    for (const Note& oddity : record.oddities) rows_.push_back(RowOf("odd", oddity.from, oddity.to, oddity.text));
+    for (const Note& problem : record.problems)
+      rows_.push_back(RowOf(Utf8Words("wrong"), problem.from, problem.to, problem.text));
+    for (const Note& oddity : record.oddities)
+      rows_.push_back(RowOf(Utf8Words("odd"), oddity.from, oddity.to, oddity.text));
   }
 }
 
