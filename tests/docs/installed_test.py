@@ -48,13 +48,13 @@ class InstalledDocuments(unittest.TestCase):
         """There the guides lie beside the examples."""
         with tempfile.TemporaryDirectory() as package:
             root = Path(package)
-            for name in ("windows-guide.md", "operator-guide.md", "operator-guide"):
+            for name in ("windows-guide.md", "operator-guide.md", "operator-guide", "operator-guide.fr.md", "operator-guide.fr"):
                 (root / name).symlink_to(TREE / "docs" / name)
             (root / "examples").symlink_to(TREE / "examples/windows")
             (root / "fiscalon_component.h").touch()
             for name in ("LICENSE", "CHANGELOG.md"):
                 (root / name).symlink_to(TREE / name)
-            for guide in ("windows-guide.md", "operator-guide.md"):
+            for guide in ("windows-guide.md", "operator-guide.md", "operator-guide.fr.md"):
                 self.assertEqual(offences_of(root / guide, [root]), [], guide)
 
 

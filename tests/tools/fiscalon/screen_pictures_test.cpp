@@ -91,21 +91,24 @@ TEST_F(ScreenPictures, AreShownOnOnePage) {
   for (const auto& [code, scenario] : Scenarios()) EXPECT_THAT(page, HasSubstr("<img src=\"" + code + ".png\""));
 }
 
-/// The pictures of the operators' page, each beside the scenario that it is made by.
-class GuidePictures : public CommandLine {
+/// The pictures of the operators' page in a language, each beside the scenario that it is made by.
+class GuidePictures : public CommandLine, public testing::WithParamInterface<const char*> {
  protected:
   static constexpr double kTolerance = 0.25;
 
   static std::set<fs::path> Scenarios() {
     std::set<fs::path> found;
-    for (const auto& entry : fs::directory_iterator(FISCALON_SOURCE_DIR "/docs/operator-guide"))
+    for (const auto& entry : fs::directory_iterator(std::string(FISCALON_SOURCE_DIR "/docs/") + GetParam()))
       if (entry.path().extension() == ".scenario")
         found.insert(entry.path());
     return found;
   }
 };
 
-TEST_F(GuidePictures, AreWhatTheirScenariosShow) {
+INSTANTIATE_TEST_SUITE_P(Pages, GuidePictures, testing::Values("operator-guide", "operator-guide.fr"),
+                         [](const auto& page) { return page.index == 0 ? "English" : "French"; });
+
+TEST_P(GuidePictures, AreWhatTheirScenariosShow) {
   ASSERT_FALSE(Scenarios().empty());
   for (const fs::path& scenario : Scenarios()) {
     const std::string text = TextOf(scenario);
@@ -119,10 +122,10 @@ TEST_F(GuidePictures, AreWhatTheirScenariosShow) {
   }
 }
 
-TEST_F(GuidePictures, StandOnThePageEachOnce) {
-  std::string page = TextOf(FISCALON_SOURCE_DIR "/docs/operator-guide.md");
+TEST_P(GuidePictures, StandOnThePageEachOnce) {
+  std::string page = TextOf(std::string(FISCALON_SOURCE_DIR "/docs/") + GetParam() + ".md");
   for (const fs::path& scenario : Scenarios()) {
-    const std::string named = "](operator-guide/" + scenario.stem().string() + ".png)";
+    const std::string named = "](" + std::string(GetParam()) + "/" + scenario.stem().string() + ".png)";
     EXPECT_THAT(page, HasSubstr(named));
     page.erase(page.find(named), named.size());
   }
