@@ -79,8 +79,10 @@ WineSettings
 # The installer compares versions of files, and tells who may not install for all users why. (Wine asks nobody.)
 version=${name#fiscalon-}
 version=${version%%-*}.0
-[[ "$(msiinfo export "$name.msi" File | cut -f 3,5 | grep "$version" | sort | tr '\t\n' '  ')" == \
-  "fiscalon.dll $version fiscalon.exe $version " ]]
+msiinfo export "$name.msi" File | cut -f 3,5 >files
+for file in fiscalon.dll fiscalon-c.dll fiscalon.exe; do
+  grep -qx "$file"$'\t'"$version" files || { cat files && exit 1; }
+done
 msiinfo export "$name.msi" LaunchCondition >conditions
 grep -q $'^Privileged\tOnly an administrator' conditions
 msiinfo export "$name-user.msi" LaunchCondition >conditions

@@ -21,14 +21,15 @@ chmod +x sign.sh
 export FISCALON_SIGN="$folder/sign.sh -in"
 cpack --config "$build/CPackConfig.cmake" -G ZIP -B "$folder" >packed
 "$root/tools/lib/make_msi.py" --keys "$keys" ./*.zip >made
-diff <(printf '%s\n' fiscalon.dll fiscalon.exe ./*.msi | sed 's|.*/||' | sort) <(sed 's|.*/||' signed | sort)
 
 # IsSigned FILE: and by whom, and not changed since.
 IsSigned() {
   osslsigncode verify -CAfile certificate.pem -in "$1" >verified 2>&1 && grep -q 'CN *= *Test publisher' verified
 }
 python3 -m zipfile -e ./*.zip .
-for file in fiscalon-*/fiscalon.dll fiscalon-*/fiscalon.exe ./*.msi; do
+binaries=(fiscalon-*/*.dll fiscalon-*/*.exe ./*.msi)
+diff <(printf '%s\n' "${binaries[@]##*/}" | sort) <(sed 's|.*/||' signed | sort)
+for file in "${binaries[@]}"; do
   IsSigned "$file" || { echo "$file is not signed" && cat verified && exit 1; }
 done
 "$root/tools/lib/check_windows_packages.py" ./*.zip ./*.msi
