@@ -58,7 +58,7 @@ class HostListener final : public BatchListener {
     verdicts_.Clear();
   }
 
-  void TellProblems(const BatchError& error) {
+  void TellProblems(const BatchError& error) const {
     for (const BatchProblem& problem : error.Problems())
       CallHost("on_problem", host_.on_problem, host_.context, problem.file.c_str(), problem.line,
                ToUtf8(problem.reason).c_str());
