@@ -73,6 +73,10 @@ int fiscalon_use_locale(const char* name) {
   });
 }
 
+int fiscalon_use_language(const char* name) {
+  return Answer([&] { fiscalon::UseLanguage(FromHost(name)); });
+}
+
 int fiscalon_set_play_by_play_enabled(int32_t flag) {
   return Answer([&] { fiscalon::Levyra::PlayByPlayEnabled(flag); });
 }

@@ -751,6 +751,10 @@ namespace Fiscalon
         /// by the system again. Error 5 for another name.</summary>
         public static void UseLocale(string name) => Call.Check(Native.fiscalon_use_locale(Utf8.Bytes(name)));
         
+        /// <summary>Has forms and boxes be shown in "en" or "fr" until <see cref="ResetModule"/>; a form that is up
+        /// keeps its own. Error 5 for another name. Only what the user reads changes.</summary>
+        public static void UseLanguage(string name) => Call.Check(Native.fiscalon_use_language(Utf8.Bytes(name)));
+        
         /// <summary>Puts the library back to how it is when it has just been loaded. Objects of the host stay, and keep
         /// their properties.</summary>
         public static void ResetModule() => Call.Check(Native.fiscalon_reset());
@@ -2019,6 +2023,8 @@ namespace Fiscalon
             int second);
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern int fiscalon_use_locale(byte[] name);
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern int fiscalon_use_language(byte[] name);
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern int fiscalon_reset();
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]

@@ -446,6 +446,10 @@ FISCALON_API int fiscalon_use_fixed_clock(int32_t year, int32_t month, int32_t d
 /* Has the user be one of "en-CA", "en-US" or "fr-CA", until fiscalon_reset, whatever the system says; "system" goes by
  * the system again. Error 5 for another name. */
 FISCALON_API int fiscalon_use_locale(const char* name);
+/* Has forms and boxes be shown in that language, until fiscalon_reset; a form that is up keeps its own. "en", which is
+ * how it is without this call, or "fr". Error 5 for another name. Only what the user reads changes: properties,
+ * records, logs and errors stay in English, and numbers and dates go by the locale. */
+FISCALON_API int fiscalon_use_language(const char* name);
 /* Puts the library back to how it is when it has just been loaded: no front end, no form made, no logs, the system's
  * clock and locale. Handles of the host stay, and keep their properties. */
 FISCALON_API int fiscalon_reset(void);

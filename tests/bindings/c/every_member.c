@@ -501,6 +501,15 @@ static void TestAScreen(void) {
   OK(fiscalon_records_destroy(&again));
   OK(fiscalon_records_destroy(&records));
 
+  /* The same in French: what the user reads changes, and nothing else. */
+  played.year_end = "202812";
+  played.said[0] = '\0';
+  OK(fiscalon_use_language("fr"));
+  OK(fiscalon_payment_show(payment, "15", &chosen));
+  CLAIM(chosen == 0 && played.said[0] != '\0' && strstr(played.said, "Your entry") == NULL);
+  CLAIM(strstr(played.said, "199001") != NULL && strstr(played.said, "202705") != NULL);
+  OK(fiscalon_use_language("en"));
+
   OK(fiscalon_use_front_end(NULL));
   FAILS(91, fiscalon_payment_show(payment, "15", &chosen));
   OK(fiscalon_payment_destroy(&payment));
@@ -730,6 +739,9 @@ static void TestTheProcess(void) {
   FAILS(1001, fiscalon_use_locale(NULL));
   OK(fiscalon_use_locale("fr-CA"));
   OK(fiscalon_use_locale("system"));
+  FAILS(5, fiscalon_use_language("de"));
+  FAILS(1001, fiscalon_use_language(NULL));
+  OK(fiscalon_use_language("en"));
   FAILS(5, fiscalon_use_fixed_clock(2026, 2, 29, 0, 0, 0));
   FAILS(5, fiscalon_use_fixed_clock(2026, 13, 1, 0, 0, 0));
   FAILS(5, fiscalon_use_fixed_clock(2026, 1, 1, 24, 0, 0));

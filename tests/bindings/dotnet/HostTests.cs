@@ -463,6 +463,7 @@ internal static class HostTests
         Fails(ErrorNumber.FrontEnd, () => FiscalonModule.UseFrontEnd("qt"));
         FiscalonModule.UseFrontEndFolder(null);
         Fails(5, () => FiscalonModule.UseLocale("de-DE"));
+        Fails(5, () => FiscalonModule.UseLanguage("de"));
         Fails(5, () => FiscalonModule.UseFixedClock(new DateTime(99, 1, 1)));
         Fails(6, () => Levyra.PlayByPlayEnabled = 32768);
         Fails(6, () => Levyra.SessionNumber = 1e10);
