@@ -67,6 +67,9 @@ class Hosts(unittest.TestCase):
         ended = self.run_host(program)
         self.assertEqual((ended.stdout, ended.stderr, ended.returncode), (printed, "", 0))
 
+    def test_compile_for_windows_too(self):
+        self.compiled(self.folder / "Windows.dll", SOURCE, "-target:library", "-define:WINDOWS")
+
     def test_declare_the_functions_of_the_library_and_no_others(self):
         declared = re.findall(r"(?m)^        internal static extern \w+ (\w+)\(", TEXT)
         self.assertEqual(sorted(set(declared)), sorted(lines_of("bindings/c/exports.txt")))
