@@ -58,6 +58,11 @@ std::unique_ptr<QMessageBox> NewMessageWindow(const BoxRequest& box, QWidget* pa
   window->setIcon(
       std::find_if(kStyles.begin(), kStyles.end(), [&](const StyleRow& row) { return row.style == box.style; })->icon);
   window->setStandardButtons(ButtonsOf(box));
+  // Qt has its own words for them, in the language of the desktop.
+  if (!box.language.IsEnglish())
+    for (const AnswerRow& row : kAnswers)
+      if (QAbstractButton* const button = window->button(row.button))
+        button->setText(ToQt(ButtonCaption(row.answer, box.language)));
   window->setDefaultButton(ButtonOf(box.DefaultAnswer()));
   return window;
 }

@@ -27,8 +27,11 @@ struct QtToolkit::State {
   qt::QtApplication application;
   std::vector<qt::FormDialog*> dialogs;
   ActWatcher* watcher = nullptr;
+  /// Of the last form.
+  Language language = {};
 
   MessageAnswer Ask(const BoxRequest& box) const;
+  void Warn(const Wording& text) const;
   QWidget* TopWindow() const { return dialogs.empty() ? QApplication::activeWindow() : dialogs.back(); }
 };
 
@@ -47,11 +50,16 @@ void QtToolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
   const QPointer<QWidget> parent = state_->TopWindow();
+  state_->language = form.ShownIn();
   qt::FormDialog dialog(form, parent, state_->watcher);
   state_->dialogs.push_back(&dialog);
   dialog.Serve();
   state_->dialogs.pop_back();
   GiveKeyboardBackTo(parent);
+}
+
+void QtToolkit::State::Warn(const Wording& text) const {
+  Ask({.text = text.In(language), .style = MessageStyle::Exclamation, .language = language});
 }
 
 MessageAnswer QtToolkit::State::Ask(const BoxRequest& box) const {
@@ -80,10 +88,9 @@ void QtToolkit::OpenHelp(std::string_view file, int32_t context) {
     state_->watcher->HelpOpened(file, context);
   const QString path = qt::ToQt(file.substr(0, file.find('>')));
   if (!QFileInfo::exists(path))
-    state_->Ask({.text = "The help file " + qt::FromQt(path) + " is missing.", .style = MessageStyle::Exclamation});
+    state_->Warn(Filled("The help file {1} is missing.", AsGiven(qt::FromQt(path))));
   else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath())))
-    state_->Ask({.text = "No program on this computer opens the help file " + qt::FromQt(path) + ".",
-                 .style = MessageStyle::Exclamation});
+    state_->Warn(Filled("No program on this computer opens the help file {1}.", AsGiven(qt::FromQt(path))));
 }
 
 }  // namespace fiscalon

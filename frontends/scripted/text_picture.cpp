@@ -212,16 +212,17 @@ class FormPicture {
 };
 
 std::string ButtonRow(const BoxRequest& box, MessageAnswer answer) {
-  const auto button = [&](const char* caption, MessageAnswer means) {
+  const auto button = [&](MessageAnswer means) {
+    const std::string caption = ToUtf8(WithoutAccessMarks(ButtonCaption(means, box.language)));
     return std::string(means == answer ? ">" : " ") + "[ " + caption + " ]";
   };
   switch (box.buttons) {
     case MessageButtons::YesNo:
-      return button("Yes", MessageAnswer::Yes) + "  " + button("No", MessageAnswer::No);
+      return button(MessageAnswer::Yes) + "  " + button(MessageAnswer::No);
     case MessageButtons::OkCancel:
-      return button("OK", MessageAnswer::Ok) + "  " + button("Cancel", MessageAnswer::Cancel);
+      return button(MessageAnswer::Ok) + "  " + button(MessageAnswer::Cancel);
     default:
-      return button("OK", MessageAnswer::Ok);
+      return button(MessageAnswer::Ok);
   }
 }
 

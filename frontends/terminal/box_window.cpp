@@ -6,16 +6,7 @@
 namespace fiscalon::terminal {
 namespace {
 
-struct AnswerRow {
-  MessageAnswer answer;
-  std::string_view caption;
-};
-constexpr std::array kAnswers = {
-    AnswerRow{MessageAnswer::Ok, "OK"},
-    AnswerRow{MessageAnswer::Cancel, "Cancel"},
-    AnswerRow{MessageAnswer::Yes, "Yes"},
-    AnswerRow{MessageAnswer::No, "No"},
-};
+constexpr std::array kAnswers = {MessageAnswer::Ok, MessageAnswer::Cancel, MessageAnswer::Yes, MessageAnswer::No};
 
 struct StyleRow {
   MessageStyle style;
@@ -33,9 +24,8 @@ constexpr int kIcon = 4;
 constexpr int kBetweenAnswers = 2;
 constexpr std::string_view kDefaultMark = "><";
 
-std::string_view CaptionOf(MessageAnswer answer) {
-  return std::find_if(kAnswers.begin(), kAnswers.end(), [&](const AnswerRow& row) { return row.answer == answer; })
-      ->caption;
+std::string CaptionOf(MessageAnswer answer, const Language& language) {
+  return WithoutAccessMarks(ButtonCaption(answer, language));
 }
 
 std::string_view IconOf(MessageStyle style) {
@@ -43,20 +33,20 @@ std::string_view IconOf(MessageStyle style) {
 }
 
 /// "[ Yes ]", with a mark at either side of the default one.
-int WidthOf(MessageAnswer answer) {
-  return static_cast<int>(CaptionOf(answer).size()) + 4;
+int WidthOf(MessageAnswer answer, const Language& language) {
+  return static_cast<int>(CaptionOf(answer, language).size()) + 4;
 }
 
 }  // namespace
 
 BoxWindow::BoxWindow(const BoxRequest& box, const std::string& untitled)
     : box_(box), title_(box.title.empty() ? untitled : box.title) {
-  for (const AnswerRow& row : kAnswers) {
-    if (!box_.Offers(row.answer))
+  for (const MessageAnswer answer : kAnswers) {
+    if (!box_.Offers(answer))
       continue;
-    if (row.answer == box_.DefaultAnswer())
+    if (answer == box_.DefaultAnswer())
       focused_ = choices_.size();
-    choices_.push_back({.answer = row.answer});
+    choices_.push_back({.answer = answer});
   }
 }
 
@@ -68,7 +58,7 @@ void BoxWindow::LayOut(Size screen) {
   int widest = 0;
   for (const WrappedLine& line : lines_) widest = std::max(widest, static_cast<int>(line.text.size()));
   int buttons = -kBetweenAnswers;
-  for (const Choice& choice : choices_) buttons += WidthOf(choice.answer) + kBetweenAnswers;
+  for (const Choice& choice : choices_) buttons += WidthOf(choice.answer, box_.language) + kBetweenAnswers;
   // One cell more than the text says how each line ends.
   const int title = static_cast<int>(title_.size()) + 2 * kBeforeBoxTitle - 2 * kBoxAround;
   const int inner = std::min(std::max({icon + widest + 1, buttons, title}), screen.width - 2 * kBoxAround);
@@ -82,7 +72,7 @@ void BoxWindow::LayOut(Size screen) {
   first_ = std::clamp(first_, 0, static_cast<int>(lines_.size()) - height);
   int x = window_.x + (window_.width - buttons) / 2;
   for (Choice& choice : choices_) {
-    choice.place = {.x = x, .y = window_.Bottom() - 2, .width = WidthOf(choice.answer), .height = 1};
+    choice.place = {.x = x, .y = window_.Bottom() - 2, .width = WidthOf(choice.answer, box_.language), .height = 1};
     x += choice.place.width + kBetweenAnswers;
   }
 }
@@ -118,7 +108,7 @@ void BoxWindow::Draw(Screen& screen) {
     }
     Style letter = style;
     letter.underline = true;
-    const std::string_view caption = CaptionOf(choices_[i].answer);
+    const std::string caption = CaptionOf(choices_[i].answer, box_.language);
     screen.Put({place.x + 2, place.y}, caption, style);
     screen.Put({place.x + 2, place.y}, caption.substr(0, 1), letter);
     if (i == focused_)
@@ -166,7 +156,7 @@ void BoxWindow::TakeKey(const KeyStroke& stroke) {
       return;
     default:
       for (const Choice& choice : choices_)
-        if (Capital(CaptionOf(choice.answer).front()) == stroke.keyCode)
+        if (Capital(CaptionOf(choice.answer, box_.language).front()) == stroke.keyCode)
           answer_ = choice.answer;
   }
 }
@@ -192,8 +182,11 @@ BoxRequest BoxWindow::Read(const Screen& seen) const {
   for (size_t i = 0; i < choices_.size(); ++i) {
     const Rect& place = choices_[i].place;
     const std::string button = seen.Text({place.x, place.y}, place.width);
-    offersYes = offersYes || button.find("Yes") != std::string::npos;
-    offersCancel = offersCancel || button.find("Cancel") != std::string::npos;
+    const auto reads = [&](MessageAnswer answer) {
+      return button.find(CaptionOf(answer, box_.language)) != std::string::npos;
+    };
+    offersYes = offersYes || reads(MessageAnswer::Yes);
+    offersCancel = offersCancel || reads(MessageAnswer::Cancel);
     if (button[1] == kDefaultMark.front() && i > 0)
       shown.defaultButton = DefaultButton::Second;
   }

@@ -257,7 +257,7 @@ void FormWindow::DrawBody(Screen& screen) {
 
 std::string FormWindow::KeysToPress(int room) const {
   const Control* const active = form_.ActiveControl();
-  std::vector<std::string_view> keys;
+  std::vector<Wording> keys;
   if (active != nullptr && active->Kind() == ControlKind::DropDownList)
     keys = {"Up, Down step", "F4 list"};
   else if (active != nullptr && active->Kind() == ControlKind::OptionButton)
@@ -271,9 +271,11 @@ std::string FormWindow::KeysToPress(int room) const {
     keys.emplace_back("PgUp, PgDn look");
   keys.emplace_back("Ctrl+Q close");
   std::string line;
-  for (const std::string_view key : keys)
-    if (static_cast<int>(line.size() + key.size()) + 2 <= room)
-      line.append(line.empty() ? "" : "  ").append(key);
+  for (const Wording& key : keys) {
+    const std::string words = key.In(form_.ShownIn());
+    if (static_cast<int>(line.size() + words.size()) + 2 <= room)
+      line.append(line.empty() ? "" : "  ").append(words);
+  }
   return line;
 }
 

@@ -21,12 +21,15 @@ struct TerminalToolkit::State {
   terminal::Terminal terminal{STDIN_FILENO, STDOUT_FILENO, terminal::TerminalKind::OfUser()};
   terminal::Windows windows;
   std::string application = "Fiscalon";
+  /// Of the last form.
+  Language language = {};
   ActWatcher* watcher = nullptr;
 
   /// Shows what is up and takes in what the user does, until something is so.
   template <class IsOver>
   void Serve(terminal::Window& window, IsOver&& isOver);
   MessageAnswer Ask(const BoxRequest& box);
+  void Tell(const Wording& text, MessageStyle style);
 };
 
 namespace {
@@ -91,6 +94,10 @@ MessageAnswer TerminalToolkit::State::Ask(const BoxRequest& box) {
   return *window.Answer();
 }
 
+void TerminalToolkit::State::Tell(const Wording& text, MessageStyle style) {
+  Ask({.text = text.In(language), .style = style, .language = language});
+}
+
 TerminalToolkit::TerminalToolkit() {
   if (const std::string hindrance = Hindrance(); !hindrance.empty())
     throw std::runtime_error(hindrance);
@@ -123,6 +130,7 @@ void TerminalToolkit::Watch(ActWatcher* watcher) {
 void TerminalToolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
+  state_->language = form.ShownIn();
   terminal::FormWindow window(form, state_->watcher);
   state_->Serve(window, [&] { return !form.IsUp(); });
 }
@@ -147,9 +155,9 @@ void TerminalToolkit::OpenHelp(std::string_view file, int32_t context) {
   const auto place = Utf8Path(ToUtf8(path));
   std::error_code ignored;
   if (!std::filesystem::exists(place, ignored))
-    state_->Ask({.text = "The help file " + path + " is missing.", .style = MessageStyle::Exclamation});
+    state_->Tell(Filled("The help file {1} is missing.", AsGiven(path)), MessageStyle::Exclamation);
   else if (const std::string whole = Utf8Of(std::filesystem::absolute(place, ignored)); !terminal::OpenOnDesktop(whole))
-    state_->Ask({.text = "The help is in the file " + FromUtf8(whole) + ".", .style = MessageStyle::Information});
+    state_->Tell(Filled("The help is in the file {1}.", AsGiven(FromUtf8(whole))), MessageStyle::Information);
 }
 
 }  // namespace fiscalon

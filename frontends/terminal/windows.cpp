@@ -1,6 +1,8 @@
 #include "frontends/terminal/windows.h"
 
 #include <string>
+#include "core/module_state.h"
+#include "core/wording/wording.h"
 
 namespace fiscalon::terminal {
 namespace {
@@ -14,8 +16,10 @@ bool IsTooSmall(Size size) {
 Screen Windows::Drawn(Size size) const {
   Screen screen(size);
   if (IsTooSmall(size)) {
-    screen.Put({0, 0}, std::to_string(kSmallestScreen.width) + " by " + std::to_string(kSmallestScreen.height) +
-                           " needed, this is " + std::to_string(size.width) + " by " + std::to_string(size.height));
+    const auto number = [](int value) { return AsGiven(std::to_string(value)); };
+    const Wording needed = Filled("{1} by {2} needed, this is {3} by {4}", number(kSmallestScreen.width),
+                                  number(kSmallestScreen.height), number(size.width), number(size.height));
+    screen.Put({0, 0}, needed.In(TheModule().language));
     screen.Cursor(Point{0, 0});
     return screen;
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <utility>
 
 #include "core/platform/windows/wide_text.h"
 #include "frontends/win32/common_controls.h"
@@ -70,6 +71,56 @@ MessageStyle StyleOf(HWND icon) {
   return MessageStyle::Plain;
 }
 
+/// Captions the buttons of the thread's next box in another language than English. The system has its own words for
+/// them, in its own language.
+class ButtonCaptions {
+ public:
+  explicit ButtonCaptions(const BoxRequest& box) : box_(box), before_(std::exchange(current_, this)) {
+    if (!box_.language.IsEnglish())
+      hook_ = ::SetWindowsHookExW(WH_CBT, &ButtonCaptions::Hook, nullptr, ::GetCurrentThreadId());
+  }
+  ~ButtonCaptions() {
+    Unhook();
+    current_ = before_;
+  }
+  ButtonCaptions(const ButtonCaptions&) = delete;
+  ButtonCaptions& operator=(const ButtonCaptions&) = delete;
+
+ private:
+  static LRESULT CALLBACK Hook(int code, WPARAM wide, LPARAM extra) {
+    const LRESULT answer = ::CallNextHookEx(nullptr, code, wide, extra);
+    if (code == HCBT_ACTIVATE && current_->hook_ != nullptr) {
+      current_->Unhook();
+      current_->Caption(reinterpret_cast<HWND>(wide));
+    }
+    return answer;
+  }
+
+  void Caption(HWND window) const {
+    for (const AnswerRow& row : kAnswers) {
+      if (!box_.Offers(row.answer))
+        continue;
+      HWND button = ::GetDlgItem(window, row.id);
+      // The button of a box with no other may bear the number of Cancel, so that Escape presses it.
+      if (button == nullptr && row.answer == MessageAnswer::Ok)
+        button = ::GetDlgItem(window, IDCANCEL);
+      if (button != nullptr)
+        ::SetWindowTextW(button, ToWide(ButtonCaption(row.answer, box_.language)).c_str());
+    }
+  }
+
+  void Unhook() {
+    if (const HHOOK hook = std::exchange(hook_, nullptr))
+      ::UnhookWindowsHookEx(hook);
+  }
+
+  static inline ButtonCaptions* current_ = nullptr;
+
+  const BoxRequest& box_;
+  ButtonCaptions* before_;
+  HHOOK hook_ = nullptr;
+};
+
 }  // namespace
 
 std::wstring NameOfHost() {
@@ -88,6 +139,7 @@ int ButtonIdOf(MessageAnswer answer) {
 MessageAnswer AskByBox(const BoxRequest& box, HWND owner) {
   const CommonControls look;
   const std::wstring title = box.title.empty() ? NameOfHost() : ToWide(box.title);
+  const ButtonCaptions captions(box);
   const UINT modality = owner == nullptr ? MB_TASKMODAL | MB_SETFOREGROUND : 0;
   const int id = ::MessageBoxW(owner, ToWide(box.text).c_str(), title.c_str(), FlagsOf(box) | modality);
   for (const AnswerRow& row : kAnswers)

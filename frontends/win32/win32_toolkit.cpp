@@ -31,6 +31,8 @@ HelpResult ShowHelp(const std::wstring& file, const std::wstring& path, int32_t 
 struct Win32Toolkit::State {
   std::vector<win32::FormWindow*> windows;
   ActWatcher* watcher = nullptr;
+  /// Of the last form.
+  Language language = {};
 
   HWND TopWindow() const { return windows.empty() ? ::GetActiveWindow() : windows.back()->Window(); }
 
@@ -39,6 +41,10 @@ struct Win32Toolkit::State {
     if (!windows.empty())
       windows.back()->Settle();
     return win32::AskByBox(box, TopWindow());
+  }
+
+  void Warn(const Wording& text) const {
+    Ask({.text = text.In(language), .style = MessageStyle::Exclamation, .language = language});
   }
 };
 
@@ -52,6 +58,7 @@ void Win32Toolkit::Watch(ActWatcher* watcher) {
 void Win32Toolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
+  state_->language = form.ShownIn();
   win32::FormWindow window(form, state_->TopWindow(), state_->watcher);
   state_->windows.push_back(&window);
   try {
@@ -84,11 +91,10 @@ void Win32Toolkit::OpenHelp(std::string_view file, int32_t context) {
     case HelpResult::Opened:
       return;
     case HelpResult::FileIsMissing:
-      state_->Ask({.text = "The help file " + path + " is missing.", .style = MessageStyle::Exclamation});
+      state_->Warn(Filled("The help file {1} is missing.", AsGiven(path)));
       return;
     case HelpResult::NoViewer:
-      state_->Ask({.text = "No program on this computer opens the help file " + path + ".",
-                   .style = MessageStyle::Exclamation});
+      state_->Warn(Filled("No program on this computer opens the help file {1}.", AsGiven(path)));
       return;
   }
 }
