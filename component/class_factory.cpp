@@ -2,6 +2,7 @@
 
 #include "component/record_objects.h"
 #include "component/session_object.h"
+#include "component/setup_object.h"
 #include "component/validator_object.h"
 
 namespace fiscalon::component {
@@ -28,6 +29,7 @@ const CreatableClass kClasses[] = {
     {__uuidof(::clsPC4GovFormats), MakeObject<GovFormatsObject>},
     {__uuidof(::clsPC4FreeFormat), MakeObject<FreeFormatObject>},
     {__uuidof(::clsPC4FreeFormats), MakeObject<FreeFormatsObject>},
+    {__uuidof(::Setup), MakeObject<SetupObject>},
 };
 
 class ClassFactory final : public Counted<IClassFactory> {

@@ -336,6 +336,16 @@ Set record = CreateObject("Fiscalon.PC4")
 RaisedNumber "PC4 is not made by hosts", 429
 Same "PC4 is not made by hosts", record Is Nothing, True
 
+Set setup = CreateObject("Fiscalon.Setup")
+Same "Language", setup.Language, "en"
+setup.Language = "fr"
+Same "Language", setup.Language, "fr"
+Same "Language is the process's", CreateObject("Fiscalon.Setup").Language, "fr"
+setup.Language = "tlh"
+RaisedNumber "a language that is not there", 5
+Same "Language after a refusal", setup.Language, "fr"
+setup.Language = "en"
+
 Set check = CreateObject("Fiscalon.clsValidateAddInfo")
 Same "ScreenCode", check.ScreenCode, ""
 check.ScreenCode = "ScreenCode!"

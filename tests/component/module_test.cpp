@@ -36,6 +36,8 @@ const Identity kIdentities[] = {
      L"{CA6A468F-B8D2-4F93-9932-2510454008C1}"},
     {L"clsValidateAddInfo", __uuidof(clsValidateAddInfo), __uuidof(_clsValidateAddInfo),
      L"{EDE6386E-E16A-4FB1-BD14-7C4009662173}", L"{DB2436AC-C4CC-4A89-80E4-4CB2E22A8116}"},
+    {L"Setup", __uuidof(Setup), __uuidof(_Setup), L"{BEF9DE8A-3F3F-43BC-B1AE-7557CAE16401}",
+     L"{40E806F5-D23F-4107-9609-247626C3562A}"},
 };
 constexpr const wchar_t* kLibrary = L"{2CF4D79D-59C6-45C6-81C2-8CC1F3046A37}";
 

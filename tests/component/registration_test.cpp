@@ -124,9 +124,9 @@ void ExpectRegistered(Export found) {
     interfaces += key.ends_with(L"\\ProxyStubClsid32|") ? 1 : 0;
   }
   // A record has an interface, and no class that hosts create.
-  EXPECT_EQ(classes, 7U);
-  EXPECT_EQ(versions, 7U);
-  EXPECT_EQ(interfaces, 8U);
+  EXPECT_EQ(classes, 8U);
+  EXPECT_EQ(versions, 8U);
+  EXPECT_EQ(interfaces, 9U);
   EXPECT_FALSE(found.contains(at + L"Fiscalon.PC4|"));
   EXPECT_FALSE(found.contains(at + L"Fiscalon.PC4.1|"));
 }
