@@ -25,7 +25,7 @@ NEEDS = {
     "debian": {"cmake": "cmake", "ninja": "ninja-build", "g++": "g++", "dpkg-shlibdeps": "dpkg-dev", "doxygen": "doxygen"},
     "windows": {"cmake": "cmake", "ninja": "ninja-build", "x86_64-w64-mingw32-g++-posix": "g++-mingw-w64-x86-64-posix",
                 "i686-w64-mingw32-g++-posix": "g++-mingw-w64-i686-posix", "x86_64-w64-mingw32-widl": "mingw-w64-tools",
-                "wixl": "wixl"},
+                "wixl": "wixl", "msibuild": "msitools", "wine": "wine"},
 }  # fmt: skip
 
 
@@ -75,8 +75,12 @@ def windows(tree, out):
     for preset in ("windows", "windows32"):
         run("cmake", "--preset", preset, "-D", "FISCALON_TESTS=OFF", cwd=tree)
         run("cmake", "--build", "--preset", preset, cwd=tree)
-        run("cpack", "--preset", preset, cwd=tree)
-        for package in sorted((tree / "build" / preset).glob("fiscalon-*.zip")):
+    try:
+        run("tools/lib/pack_windows.sh", cwd=tree)
+    finally:
+        run("tools/lib/wine.sh", "--end", cwd=tree)
+    for package in sorted((tree / "build").glob("windows*/fiscalon-*")):
+        if package.suffix in (".zip", ".msi"):
             shutil.copy(package, out)
 
 
