@@ -41,7 +41,7 @@ struct Collection {
 
   /// Appends a member of those texts, the last of which is the key. Where its handle can't be made there is no member.
   template <typename... Texts>
-  static int Add(Handle* handle, Member** added, Texts... texts) noexcept {
+  static int Add(Handle* handle, Member** added, Texts... texts) {
     if (added != nullptr)
       *added = nullptr;
     return Answer([&] {
