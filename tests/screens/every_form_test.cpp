@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/forms/button.h"
+#include "core/forms/keys.h"
 #include "core/forms/layout.h"
 #include "core/launch.h"
 #include "core/screen.h"
@@ -49,6 +50,22 @@ TEST(TabOrder, IsThatOfTheTabIndexesOnEveryForm) {
       controls.push_back((control->TabIndex() < 0 ? "-" : std::to_string(control->TabIndex())) + " " + control->Name());
     EXPECT_THAT(controls, testing::ElementsAreArray(told.controls));
   }
+}
+
+TEST(AccessKeys, BelongToOneControlEachInEveryLanguage) {
+  for (const std::string_view name : LanguageNames())
+    for (const ToldForm& told : ToldForms()) {
+      SCOPED_TRACE(std::string(name) + ": " + std::string(told.form));
+      const std::shared_ptr<Screen> screen = FindLaunchRow(told.codes.front())->make();
+      std::set<int> keys;
+      for (const Control* control : screen->Controls())
+        if (const auto* button = dynamic_cast<const Button*>(control); button != nullptr) {
+          const std::string caption = button->DesignedCaption().In(*NamedLanguage(name));
+          const int key = AccessKey(caption);
+          EXPECT_TRUE(key == 0 || keys.insert(key).second) << caption;
+        }
+      EXPECT_FALSE(keys.empty());
+    }
 }
 
 TEST(Escape, PressesTheButtonThatIsToldOfEveryForm) {
