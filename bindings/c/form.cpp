@@ -133,7 +133,7 @@ int fiscalon_form_get_row(fiscalon_form* form, const char* control, int32_t row,
   return GetSeen(form, text, [&](FormUser& played) {
     const fiscalon::ListControl& list = ListNamed(played, control);
     ExpectRow(list, row);
-    return list.List(row);
+    return list.ShownRow(row);
   });
 }
 
