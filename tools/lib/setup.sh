@@ -36,6 +36,11 @@ tests | python3-gi         | an assistive program in those tests
 tests | gir1.2-atspi-2.0   | what it speaks by
 tests | zsh                | a shell whose completion is tested
 tests | fish               | another one
+tests | python3-pytest     | the tests of hosts in Python
+tests | mypy               | checks their types, and those of the package
+tests | python3-setuptools | makes the wheel for them
+tests | python3-wheel      | so does it
+tests | python3-pip        | installs it in a test
 windows | g++-mingw-w64-x86-64-posix | compiles for 64-bit Windows
 windows | g++-mingw-w64-i686-posix   | compiles for 32-bit Windows
 windows | mingw-w64-tools | compiles the interfaces of the component
