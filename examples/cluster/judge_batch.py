@@ -3,10 +3,10 @@
 
     judge_batch.py --scheduler-file cluster.json --parts 8 PAYMENTS RECORDS REPORT [-- OPTION...]
 
-All workers must see the files under the same names. Each part is a run of `fiscalon validate --part I/N`, which puts its
-report beside REPORT; joined in order they are the report that one run would write. Behind `--` stand options of
-`fiscalon`: --today, --locale, --json-lines. All parts are judged as of one day, today unless --today is among them. A
-part whose worker dies is given to another one.
+All workers must see the files under the same names, and have the package fiscalon. Each part is judged in the process of
+its worker, which puts its report beside REPORT; joined in order they are the report that `fiscalon validate` would write.
+Behind `--` stand options of that: --today, --locale, --json-lines. All parts are judged as of one day, today unless
+--today is among them. A part whose worker dies is given to another one.
 
 Exit status: that of `fiscalon validate`: 0 all valid, 1 something is not valid, 2 no verdict counts, and no report.
 """
@@ -19,11 +19,11 @@ import json
 import os
 import shutil
 import signal
-import subprocess
 import sys
 import tempfile
 import time
 
+import fiscalon
 from distributed import Client, as_completed
 
 UNUSABLE = 2
@@ -33,33 +33,37 @@ class Unusable(Exception):
     """No verdict counts; the message says why."""
 
 
-def judge(number, parts, program, payments, records, folder, options, as_json):
+def judge(number, parts, payments, records, folder, options):
     """Runs on a worker. How often each reason was given in one part, "" for a valid payment; the part's report lies in
     the folder then, whole."""
-    report = os.path.join(folder, str(number))
+    counts = collections.Counter()
     try:
-        run = subprocess.run([program, "validate", "--payments", payments, "--records", records, "--part",
-                              f"{number}/{parts}", "--jobs", "1", "--report", report, *options], capture_output=True,
-                             text=True, check=False)
-    except OSError as error:
-        raise Unusable(f"part {number} of {parts}: {program} can't be started: {error.strerror}") from None
-    if run.returncode not in (0, 1):
-        raise Unusable(f"part {number} of {parts}: {run.stderr.strip() or f'{program} ended with {run.returncode}'}")
-    with open(report, encoding="utf-8", newline="") as rows:
-        if as_json:
-            return collections.Counter(json.loads(row)["reason"] for row in rows)
-        verdicts = csv.reader(rows)
-        if number == 1:
-            next(verdicts)
-        return collections.Counter(reason for _, _, _, reason in verdicts)
+        fiscalon.use_fixed_clock(datetime.date.fromisoformat(options.today))
+        fiscalon.use_locale(options.locale)
+        with open(os.path.join(folder, str(number)), "w", encoding="utf-8", newline="") as report:
+            rows = csv.writer(report, lineterminator="\n")
+            if number == 1 and not options.json_lines:
+                rows.writerow(("seq", "screen", "valid", "reason"))
+            for verdict in fiscalon.validate_batch(payments, records, part=(number, parts), jobs=1):
+                seq, screen, reason = verdict.seq, verdict.screen, verdict.reason
+                counts[reason] += 1
+                if options.json_lines:
+                    row = {"seq": seq, "screen": screen, "valid": not reason, "reason": reason}
+                    report.write(json.dumps(row, ensure_ascii=False, separators=(",", ":")) + "\n")
+                else:
+                    rows.writerow((seq, screen, "no" if reason else "yes", reason))
+    except fiscalon.BatchError as error:
+        raise Unusable(f"part {number} of {parts}: " + "\n".join(map(str, error.problems))) from None
+    except fiscalon.FiscalonError as error:
+        raise Unusable(f"part {number} of {parts}: {error.description}") from None
+    return counts
 
 
 def judge_all(arguments, options, payments, records, folder):
     """How often each reason was given in the whole batch."""
     counts = collections.Counter()
     with Client(scheduler_file=arguments.scheduler_file, timeout=arguments.timeout) as client:
-        runs = [client.submit(judge, number, arguments.parts, arguments.program, payments, records, folder,
-                              options.words, options.json_lines, pure=False)
+        runs = [client.submit(judge, number, arguments.parts, payments, records, folder, options, pure=False)
                 for number in range(1, arguments.parts + 1)]
         try:
             for done, run in enumerate(as_completed(runs), 1):
@@ -133,7 +137,6 @@ def parsed(words):
     parser = argparse.ArgumentParser(description="Judges a batch on a Dask cluster, in parts.", allow_abbrev=False)
     parser.add_argument("--scheduler-file", required=True, help="where the scheduler wrote how it is reached")
     parser.add_argument("--parts", type=at_least_one, required=True)
-    parser.add_argument("--program", default="fiscalon")
     parser.add_argument("--timeout", type=float, default=30, help="seconds to wait for the scheduler (30)")
     parser.add_argument("payments")
     parser.add_argument("records")
@@ -143,14 +146,9 @@ def parsed(words):
     arguments = parser.parse_args(words[:cut])
     behind = argparse.ArgumentParser(prog=f"{parser.prog} ... --", add_help=False, allow_abbrev=False)
     behind.add_argument("--today", default=datetime.date.today().isoformat())
-    behind.add_argument("--locale")
+    behind.add_argument("--locale", default="system")
     behind.add_argument("--json-lines", action="store_true")
     options = behind.parse_args(words[cut + 1:])
-    options.words = [f"--today={options.today}"]
-    if options.locale is not None:
-        options.words.append(f"--locale={options.locale}")
-    if options.json_lines:
-        options.words.append("--json-lines")
     return arguments, options
 
 

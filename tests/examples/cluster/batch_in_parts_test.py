@@ -25,15 +25,25 @@ GUIDE = TREE / "docs/batch-guide.md"
 PROGRAM = os.environ["FISCALON_PROGRAM"]
 OPTIONS = ["--today", "2026-06-15", "--locale", "en-CA"]
 
-# Stands in for the program on the workers: the first run tells which worker it is on, and waits to be let go.
+# What the workers load: the first part tells which worker it is on, and stays there.
 STALLING_ONCE = """\
-#!/bin/sh
-cd "$(dirname "$0")"
-if mkdir first 2>/dev/null; then
-  echo $PPID >worker
-  read -r line <let-go
-fi
-exec '{program}' "$@"
+import os
+
+import fiscalon
+from fiscalon._batch import validate_batch as judge
+
+
+def stalling(*arguments, **options):
+    try:
+        os.mkdir("{folder}/first")
+    except FileExistsError:
+        return judge(*arguments, **options)
+    with open("{folder}/worker", "w") as told:
+        told.write(str(os.getpid()))
+    open("{folder}/let-go").read()
+
+
+fiscalon.validate_batch = stalling
 """
 
 
@@ -76,14 +86,13 @@ class BatchInParts(unittest.TestCase):
     def test_a_cluster_that_loses_a_worker_gives_the_report_of_one_run(self):
         os.mkfifo(self.folder / "let-go")
         os.mkfifo(self.folder / "worker")
-        stalling = self.folder / "stalling"
-        stalling.write_text(STALLING_ONCE.format(program=PROGRAM), encoding="utf-8")
-        stalling.chmod(0o755)
+        stalling = self.folder / "stalling.py"
+        stalling.write_text(STALLING_ONCE.format(folder=self.folder), encoding="utf-8")
         self.start("distributed.cli.dask_scheduler", "--port", "0", "--host", "127.0.0.1")
-        workers = [self.start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0")
+        workers = [self.start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0", "--preload", stalling)
                    for _ in range(2)]
-        judging = subprocess.Popen([sys.executable, EXAMPLE, "--scheduler-file", "cluster.json", "--parts", "5", "--program",
-                                    stalling, "batch.csv", "batch.pc4", "report.csv", "--", *OPTIONS], cwd=self.folder,
+        judging = subprocess.Popen([sys.executable, EXAMPLE, "--scheduler-file", "cluster.json", "--parts", "5",
+                                    "batch.csv", "batch.pc4", "report.csv", "--", *OPTIONS], cwd=self.folder,
                                    env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         self.addCleanup(judging.kill)
         # Reading waits until a worker is in the middle of a part.
@@ -91,8 +100,6 @@ class BatchInParts(unittest.TestCase):
         self.assertIn(worker, [each.pid for each in workers])
         os.kill(worker, signal.SIGKILL)
         out, err = judging.communicate(timeout=60)
-        # What the dead worker had begun is of no use to anyone; it ends, since nothing else may be left running.
-        (self.folder / "let-go").write_text("go\n", encoding="ascii")
         self.assertEqual(judging.returncode, 1, err)
         self.assertTrue(out.startswith(self.first_line + "\n"), out)
         self.assertIn("5 of 5 parts\n", err)
@@ -137,9 +144,9 @@ class JudgeBatch(unittest.TestCase):
         self.assertEqual(whole.returncode, 1)
         self.said = whole.stdout
 
-    def judge(self, *behind, payments="batch.csv", report="report.csv", parts="3", program=PROGRAM, scheduler=None):
-        words = ["--timeout", "5" if scheduler is None else "0", "--scheduler-file", scheduler or os.path.join(self.place.name, "cluster.json"), "--parts", parts, "--program",
-                 program, str(self.folder / payments), str(self.folder / "batch.pc4"), str(self.folder / report), *behind]
+    def judge(self, *behind, payments="batch.csv", report="report.csv", parts="3", scheduler=None):
+        words = ["--timeout", "5" if scheduler is None else "0", "--scheduler-file", scheduler or os.path.join(self.place.name, "cluster.json"), "--parts", parts,
+                 str(self.folder / payments), str(self.folder / "batch.pc4"), str(self.folder / report), *behind]
         out, err = io.StringIO(), io.StringIO()
         with contextlib.redirect_stdout(out), contextlib.redirect_stderr(err), \
                 unittest.mock.patch("sys.argv", ["judge_batch.py", *words]):
@@ -208,7 +215,6 @@ class JudgeBatch(unittest.TestCase):
 
     def test_tells_what_is_missing_and_gives_no_verdict(self):
         (self.folder / "report.csv").write_text("older\n", encoding="ascii")
-        self.refuses("can't be started: No such file", program=str(self.folder / "missing"))
         self.refuses("batch2.csv", payments="batch2.csv")
         self.refuses("there is no scheduler file", scheduler=str(self.folder / "missing.json"))
         self.assertEqual(self.read("report.csv"), b"older\n")
