@@ -13,7 +13,7 @@ set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
-set(CPACK_COMPONENTS_ALL runtime tools qt desk c c_qt c_development development documents)
+set(CPACK_COMPONENTS_ALL runtime tools qt desk c c_qt c_development python development documents)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # What programs need is read from them.
@@ -131,8 +131,23 @@ set(CPACK_DEBIAN_C_DEVELOPMENT_PACKAGE_DEPENDS "${same_c_library}")
 set(CPACK_DEBIAN_C_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_C_DEVELOPMENT_PACKAGE_SUGGESTS libfiscalon-c-qt)
 
+fiscalon_package(python python python3-fiscalon python "details of government remittances for programs in Python"
+"A typed package over libfiscalon-c1: forms that ask for what a remittance to a
+Canadian authority needs beside the payment, the check of such records and of
+whole batches, and fixtures for pytest.")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3:any (>= 3.8), libfiscalon-c1 (>= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "libfiscalon-c-qt, fiscalon-tools, python3-pytest")
+# What Python compiles beside the modules comes and goes with them.
+file(CONFIGURE OUTPUT ${papers}/python/postinst CONTENT "#!/bin/sh\nset -e\n[ \"$1\" != configure ] || py3compile -p python3-fiscalon\n" @ONLY)
+file(CONFIGURE OUTPUT ${papers}/python/prerm CONTENT "#!/bin/sh\nset -e\npy3clean -p python3-fiscalon\n" @ONLY)
+file(CHMOD ${papers}/python/postinst ${papers}/python/prerm PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${papers}/python/postinst ${papers}/python/prerm)
+
 include(CPack)
-foreach(group IN ITEMS library development tools qt desk c c_qt c_development)
+foreach(group IN ITEMS library development tools qt desk c c_qt c_development python)
   cpack_add_component_group(${group})
 endforeach()
 cpack_add_component(runtime GROUP library)
@@ -144,3 +159,4 @@ cpack_add_component(desk GROUP desk)
 cpack_add_component(c GROUP c)
 cpack_add_component(c_qt GROUP c_qt)
 cpack_add_component(c_development GROUP c_development)
+cpack_add_component(python GROUP python)
