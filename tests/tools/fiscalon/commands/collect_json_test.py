@@ -286,6 +286,14 @@ class Answers(unittest.TestCase):
             written = (Path(folder) / "payment.pc4").read_bytes().decode("cp1252")
             self.assertEqual(written, f'"{T_RECORD}"\r\n"{F_RECORD}"\r\n')
 
+    def test_are_the_same_of_a_form_in_french(self):
+        terminal = Terminal({"screen": "15", "payment": PAYMENT}, "--language", "fr")
+        terminal.until("Fin de l'année d'imposition")
+        terminal.type("202512123.45\r\x1bo")
+        out, _, status = terminal.ended()
+        self.assertEqual([record["Description"] for record in answer_of(out)["records"]], [T_RECORD, F_RECORD])
+        self.assertEqual(status, 0)
+
     def test_are_false_where_the_user_cancels(self):
         terminal = Terminal({"screen": "15", "payment": PAYMENT})
         terminal.until("Taxation year ends on:")
