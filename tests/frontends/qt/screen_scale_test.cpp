@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include "core/forms/captioned.h"
 #include "core/host_setup.h"
 #include "core/launch.h"
 #include "core/session.h"
@@ -23,6 +24,7 @@ TEST(ScreenScale, LeavesNoFormWithScrollBarsOnALargeScreen) {
   UseToolkit(&toolkit);
   int forms = 0;
   toolkit.onForm = [&](Form& form, UserDriver&) {
+    SCOPED_TRACE(form.ShownIn().name);
     ++forms;
     FormDialog& dialog = *toolkit.Dialog();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
@@ -34,15 +36,24 @@ TEST(ScreenScale, LeavesNoFormWithScrollBarsOnALargeScreen) {
       const QWidget& widget = dialog.WidgetOf(*control);
       if (widget.isVisible() && control->Kind() != ControlKind::Frame) {
         EXPECT_EQ(widget.visibleRegion().boundingRect(), widget.rect()) << form.Name() << " " << control->Name();
+        // Room for its words, or for a line of them where they are wrapped.
+        const int wanted = widget.hasHeightForWidth() ? widget.minimumSizeHint().width() : widget.sizeHint().width();
+        if (dynamic_cast<const Captioned*>(control) != nullptr) {
+          EXPECT_GE(widget.width(), wanted) << form.Name() << " " << control->Name();
+        }
       }
     }
   };
-  for (const LaunchRow& row : LaunchTable()) {
-    Levyra session;
-    session.PaidAmount("12345");
-    session.ShowLevyraScreen(row.code);
+  const std::vector<std::string_view> languages = LanguageNames();
+  for (const std::string_view language : languages) {
+    UseLanguage(language);
+    for (const LaunchRow& row : LaunchTable()) {
+      Levyra session;
+      session.PaidAmount("12345");
+      session.ShowLevyraScreen(row.code);
+    }
   }
-  EXPECT_EQ(forms, static_cast<int>(LaunchTable().size()));
+  EXPECT_EQ(forms, static_cast<int>(LaunchTable().size() * languages.size()));
   ResetModule();
 }
 
