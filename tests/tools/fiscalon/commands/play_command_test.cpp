@@ -15,6 +15,8 @@ class PlayCommand : public CommandLine {
     Write("good.scenario", "show 15\n  key Escape\nexpect result False\n");
     Write("bad.scenario", "# cancelled, and yet\nshow 15\n  key Escape\nexpect result True\nexpect records 0\n");
     Write("senseless.scenario", "show 15\n  press cmdOK\n");
+    // A folder is made for a scenario that names it.
+    Write("folder.scenario", "folder $TMP/a\nshow 15\n  key Escape\nexpect result False\n");
   }
 };
 
@@ -170,17 +172,17 @@ TEST_F(PlayCommand, StartsEachScenarioAfresh) {
 
 TEST_F(PlayCommand, LeavesNoFolderBehind) {
   const Outcome seen =
-      Run("mkdir tmp; TMPDIR=$PWD/tmp fiscalon play good.scenario bad.scenario senseless.scenario "
+      Run("mkdir tmp; TMPDIR=$PWD/tmp fiscalon play folder.scenario bad.scenario senseless.scenario "
           ">played; ls tmp");
   EXPECT_THAT(seen.out, IsEmpty());
 }
 
 TEST_F(PlayCommand, NamesWhatSaysWhereTemporaryFoldersGo) {
   for (const char* folder : {"/nowhere", ""}) {
-    const Outcome seen = Run("TMPDIR='" + std::string(folder) + "' fiscalon play good.scenario");
+    const Outcome seen = Run("TMPDIR='" + std::string(folder) + "' fiscalon play folder.scenario");
     EXPECT_EQ(seen.status, 2);
     EXPECT_EQ(seen.err,
-              "good.scenario:0: no temporary folder can be made where TMPDIR says: No such file or directory\n");
+              "folder.scenario:0: no temporary folder can be made where TMPDIR says: No such file or directory\n");
   }
 }
 
