@@ -32,7 +32,7 @@ End Sub
 Const InvalidCall = "Invalid procedure call or argument"
 Const KeyTaken = "This key is already associated with an element of this collection"
 
-Dim payment, check, records, record, fields, formats, slot, slots, key, walked, index, name
+Dim payment, check, setup, records, record, fields, formats, slot, slots, key, walked, index, name
 
 Set payment = CreateObject("Fiscalon.Levyra")
 Same "ZelmorNumber", payment.ZelmorNumber, ""

@@ -101,7 +101,7 @@ ExpectLines 'Error 76: Path not found'
 Expect 0 fill_form.exe "$typed" '&OK' cscript //nologo payment.js 15
 ExpectLines "${period}Ann Walker$(blanks 20)Clerk$(blanks 85)" "$amounts"
 Expect 0 cscript //nologo every_member.vbs "$(winepath -w .)"
-ExpectLines '197 looked at, 0 wrong'
+ExpectLines '202 looked at, 0 wrong'
 echo 'WScript.Echo TypeName(CreateObject("Fiscalon.Levyra")) & TypeName(CreateObject("Fiscalon.Levyra.1"))' >names.vbs
 Expect 0 cscript //nologo names.vbs
 ExpectLines '_Levyra_Levyra'
