@@ -187,6 +187,7 @@ class RequestReader final : public nlohmann::json_sax<Json> {
       return;
     }
     std::vector<std::string> names;
+    names.reserve(properties.size());
     for (const auto& each : properties) names.emplace_back(each.name);
     Fail("\"" + name + "\" is no property that a host sets" + DidYouMean(name, names), "there are " + Listed(names));
   }
