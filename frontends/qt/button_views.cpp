@@ -49,7 +49,7 @@ QAbstractButton& NewToggle(const ToggleButton& toggle, QWidget& parent) {
 
 AnyButtonView::AnyButtonView(Captioned& button, QAbstractButton& native, WatchedActs& acts)
     : ControlView(button, native, acts), button_(button), native_(native) {
-  QObject::connect(&native, &QAbstractButton::clicked, &native, [this] { Clicked(); });
+  QObject::connect(&native, &QAbstractButton::clicked, &native, Safely([this](const auto&...) { Clicked(); }));
 }
 
 bool AnyButtonView::MousePressed(QMouseEvent& event) {
@@ -89,7 +89,7 @@ ButtonView::ButtonView(Button& button, QWidget& parent, WatchedActs& acts)
 
 ToggleView::ToggleView(ToggleButton& toggle, QWidget& parent, WatchedActs& acts)
     : AnyButtonView(toggle, NewToggle(toggle, parent), acts), toggle_(toggle) {
-  QObject::connect(&Native(), &QAbstractButton::toggled, &Native(), [this] { Toggled(); });
+  QObject::connect(&Native(), &QAbstractButton::toggled, &Native(), Safely([this](const auto&...) { Toggled(); }));
 }
 
 void ToggleView::Toggled() {

@@ -7,6 +7,7 @@
 #include "core/forms/watched_acts.h"
 #include "frontends/qt/button_views.h"
 #include "frontends/qt/caption_views.h"
+#include "frontends/qt/form_dialog.h"
 #include "frontends/qt/list_views.h"
 #include "frontends/qt/text_view.h"
 
@@ -33,6 +34,11 @@ ControlView::AfterPress ControlView::Press() {
   if (!acts_.Press(control_))
     return AfterPress::Over;
   return acts_.Interruptions() == before ? AfterPress::Goes : AfterPress::Interrupted;
+}
+
+void ControlView::HasFailed() const {
+  if (auto* const dialog = dynamic_cast<FormDialog*>(widget_.window()))
+    dialog->HasFailed();
 }
 
 QFont ControlView::Font() const {

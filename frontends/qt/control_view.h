@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QWidget>
 #include <memory>
+#include <utility>
 
 #include "core/forms/control.h"
 #include "core/forms/shown_control.h"
@@ -66,6 +67,17 @@ class ControlView {
   virtual ShownControl Content() const = 0;
 
   WatchedActs& Acts() const { return acts_; }
+  /// What hears a signal of the widget's, for Qt to call: what it throws ends the form, and never crosses Qt.
+  template <class Hearer>
+  auto Safely(Hearer hearer) {
+    return [this, hearer = std::move(hearer)](const auto&... told) {
+      try {
+        hearer(told...);
+      } catch (...) {
+        HasFailed();
+      }
+    };
+  }
   /// The theme's font, bold where the control stands out.
   QFont Font() const;
   bool IsActive() const;
@@ -81,6 +93,9 @@ class ControlView {
   AfterPress Press();
 
  private:
+  /// With the exception that is being handled.
+  void HasFailed() const;
+
   Control& control_;
   QWidget& widget_;
   WatchedActs& acts_;

@@ -44,6 +44,9 @@ FormDialog::FormDialog(Form& form, QWidget* parent, ActWatcher* watcher)
         ShowStatus();
       }) {
   setWindowModality(Qt::ApplicationModal);
+  // A parent that goes takes its children along, and the dialog is not its to delete.
+  if (parent != nullptr)
+    QObject::connect(parent, &QObject::destroyed, this, [this] { GoOnAlone(); });
   // The host's application does not end with its last form.
   setAttribute(Qt::WA_QuitOnClose, false);
   setObjectName(ToQt(form.Name()));
@@ -125,6 +128,12 @@ void FormDialog::Present() {
   AlignFocus();
 }
 
+void FormDialog::GoOnAlone() {
+  setParent(nullptr, windowFlags());
+  if (form_.IsUp())
+    Present();
+}
+
 void FormDialog::Serve() {
   Present();
   QEventLoop loop;
@@ -132,6 +141,18 @@ void FormDialog::Serve() {
   if (form_.IsUp())
     loop.exec(QEventLoop::DialogExec);
   hide();
+  Rethrow();
+}
+
+void FormDialog::HasFailed() {
+  if (!failure_)
+    failure_ = std::current_exception();
+  form_.Hide();
+}
+
+void FormDialog::Rethrow() const {
+  if (failure_)
+    std::rethrow_exception(failure_);
 }
 
 QSize FormDialog::sizeHint() const {
@@ -174,6 +195,15 @@ ControlView* FormDialog::ViewOfWatched(const QObject* watched) const {
 }
 
 bool FormDialog::eventFilter(QObject* watched, QEvent* event) {
+  try {
+    return Hear(watched, event);
+  } catch (...) {
+    HasFailed();
+    return true;
+  }
+}
+
+bool FormDialog::Hear(QObject* watched, QEvent* event) {
   if (watched == windowHandle()) {
     if (event->type() == QEvent::MouseButtonRelease)
       for (const auto& [control, view] : views_)
@@ -318,8 +348,12 @@ void FormDialog::CloseFor(CloseReason reason) {
 }
 
 void FormDialog::closeEvent(QCloseEvent* event) {
-  if (!acts_.Acting())
-    CloseFor(qGuiApp->isSavingSession() ? CloseReason::SystemEnds : CloseReason::CloseBox);
+  try {
+    if (!acts_.Acting())
+      CloseFor(qGuiApp->isSavingSession() ? CloseReason::SystemEnds : CloseReason::CloseBox);
+  } catch (...) {
+    HasFailed();
+  }
   event->setAccepted(!form_.IsUp());
 }
 

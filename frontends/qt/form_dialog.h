@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <exception>
 #include <functional>
 #include <map>
 #include <memory>
@@ -21,7 +22,8 @@ namespace fiscalon::qt {
 class StatusLine;
 
 /// A form as a modal dialog, made from its controls and its layout alone. Keys, mouse and focus go to the form
-/// first; text editing stays native. No exception crosses Qt: acts on a form do not throw.
+/// first; text editing stays native. No exception crosses Qt: acts on a form do not throw, and what the dialog itself
+/// throws, such as that memory is out, ends the form.
 class FormDialog final : public QDialog, private FormObserver {
  public:
   /// The form must be up. It is observed until the dialog goes. The watcher, if any, hears of all acts.
@@ -32,6 +34,9 @@ class FormDialog final : public QDialog, private FormObserver {
   void Present();
   /// Serves the user until the form is no longer up, or the application quits.
   void Serve();
+  /// Ends the form with the exception that is being handled, for `Rethrow` to throw behind Qt.
+  void HasFailed();
+  void Rethrow() const;
 
   ControlView& ViewOf(const Control& control) const { return *views_.at(&control); }
   /// The widget of a control.
@@ -62,10 +67,13 @@ class FormDialog final : public QDialog, private FormObserver {
   void ShowEnded() override;
   void HandlerRuns(std::string_view object, std::string_view event) override;
 
+  /// The host's window, over which the dialog stands, goes.
+  void GoOnAlone();
   void MakeViews();
   void LayOut();
   void SetTabOrder();
 
+  bool Hear(QObject* watched, QEvent* event);
   bool PressKey(ControlView* view, QKeyEvent& event);
   bool Compose(ControlView* view, QEvent& event);
   void FocusArrived(const ControlView& view, const QFocusEvent& event);
@@ -85,6 +93,7 @@ class FormDialog final : public QDialog, private FormObserver {
   StatusLine* status_ = nullptr;
   QEventLoop* loop_ = nullptr;
   bool movingFocus_ = false;
+  std::exception_ptr failure_;
 };
 
 }  // namespace fiscalon::qt

@@ -60,15 +60,14 @@ DropDownView::DropDownView(DropDownList& list, QWidget& parent, WatchedActs& act
   native_.setSizeAdjustPolicy(QComboBox::AdjustToContents);
   Restyle();
   // Qt tells that a row is picked after all else: when the rows are gone and the list has it.
-  const auto afterwards = [this] {
-    QMetaObject::invokeMethod(
-        &native_, [this] { Align(); }, Qt::QueuedConnection);
-  };
+  const auto afterwards = Safely([this](const auto&...) {
+    QMetaObject::invokeMethod(&native_, Safely([this] { Align(); }), Qt::QueuedConnection);
+  });
   static_cast<DropDown&>(native_).whenClosed = afterwards;
-  QObject::connect(&native_, &QComboBox::activated, &native_, [this](int row) { Picked(row); });
+  QObject::connect(&native_, &QComboBox::activated, &native_, Safely([this](int row) { Picked(row); }));
   QObject::connect(&native_, &QComboBox::currentIndexChanged, &native_, afterwards);
   QObject::connect(native_.view()->selectionModel(), &QItemSelectionModel::selectionChanged, &native_,
-                   [this] { RowsMarked(); });
+                   Safely([this](const auto&...) { RowsMarked(); }));
 }
 
 DropDownView::~DropDownView() {
@@ -164,14 +163,14 @@ ListBoxView::ListBoxView(ListBox& list, QWidget& parent, WatchedActs& acts)
   Restyle();
   // The mouse and the keyboard go past the widget: what is left is an assistive program.
   QObject::connect(native_.selectionModel(), &QItemSelectionModel::selectionChanged, &native_,
-                   [this](const QItemSelection& selected) {
+                   Safely([this](const QItemSelection& selected, const auto&...) {
                      RowSelected(selected.isEmpty() ? ListControl::kNothingSelected : selected.front().top());
-                   });
+                   }));
   // A list to which the focus comes makes a row its current one, and selects none by that.
-  QObject::connect(&native_, &QListWidget::currentRowChanged, &native_, [this] {
+  QObject::connect(&native_, &QListWidget::currentRowChanged, &native_, Safely([this](int) {
     if (!refreshing_ && native_.selectedItems().isEmpty() && list_.Owner().IsUp())
       Refresh();
-  });
+  }));
 }
 
 void ListBoxView::RowSelected(int row) {

@@ -48,6 +48,7 @@ void PlayedQtToolkit::ServeModal(Form& form) {
   QCoreApplication::processEvents();
   qt::QtDriver user(dialog);
   Drive(form, user);
+  dialog.Rethrow();
 }
 
 MessageAnswer PlayedQtToolkit::ShowMessage(const BoxRequest& box) {

@@ -30,6 +30,20 @@ struct QtToolkit::State {
   /// Of the last form.
   Language language = {};
 
+  /// A dialog is among those that are up, while it stands.
+  class Up {
+   public:
+    Up(std::vector<qt::FormDialog*>& dialogs, qt::FormDialog& dialog) : dialogs_(dialogs) {
+      dialogs_.push_back(&dialog);
+    }
+    ~Up() { dialogs_.pop_back(); }
+    Up(const Up&) = delete;
+    Up& operator=(const Up&) = delete;
+
+   private:
+    std::vector<qt::FormDialog*>& dialogs_;
+  };
+
   MessageAnswer Ask(const BoxRequest& box) const;
   void Warn(const Wording& text) const;
   QWidget* TopWindow() const { return dialogs.empty() ? QApplication::activeWindow() : dialogs.back(); }
@@ -52,9 +66,10 @@ void QtToolkit::ServeModal(Form& form) {
   const QPointer<QWidget> parent = state_->TopWindow();
   state_->language = form.ShownIn();
   qt::FormDialog dialog(form, parent, state_->watcher);
-  state_->dialogs.push_back(&dialog);
-  dialog.Serve();
-  state_->dialogs.pop_back();
+  {
+    const State::Up up(state_->dialogs, dialog);
+    dialog.Serve();
+  }
   GiveKeyboardBackTo(parent);
 }
 

@@ -197,9 +197,11 @@ LineView::LineView(TextField& field, QWidget& parent, WatchedActs& acts)
   if (field.MaxLength() != FieldDesign::kNoLimit)
     native_.setMaxLength(field.MaxLength());
   Restyle();
-  QObject::connect(&native_, &QLineEdit::textChanged, &native_, [this] { TextChanged(); });
-  QObject::connect(&native_, &QLineEdit::selectionChanged, &native_, [this] { SelectionMoved(); });
-  QObject::connect(&native_, &QLineEdit::cursorPositionChanged, &native_, [this] { SelectionMoved(); });
+  QObject::connect(&native_, &QLineEdit::textChanged, &native_, Safely([this](const auto&...) { TextChanged(); }));
+  QObject::connect(&native_, &QLineEdit::selectionChanged, &native_,
+                   Safely([this](const auto&...) { SelectionMoved(); }));
+  QObject::connect(&native_, &QLineEdit::cursorPositionChanged, &native_,
+                   Safely([this](const auto&...) { SelectionMoved(); }));
 }
 
 void LineView::Restyle() {
@@ -255,9 +257,11 @@ MultiLineView::MultiLineView(TextField& field, QWidget& parent, WatchedActs& act
     : TextView(field, *new QPlainTextEdit(&parent), acts), native_(static_cast<QPlainTextEdit&>(Widget())) {
   native_.setTabChangesFocus(true);
   Restyle();
-  QObject::connect(&native_, &QPlainTextEdit::textChanged, &native_, [this] { TextChanged(); });
-  QObject::connect(&native_, &QPlainTextEdit::selectionChanged, &native_, [this] { SelectionMoved(); });
-  QObject::connect(&native_, &QPlainTextEdit::cursorPositionChanged, &native_, [this] { SelectionMoved(); });
+  QObject::connect(&native_, &QPlainTextEdit::textChanged, &native_, Safely([this](const auto&...) { TextChanged(); }));
+  QObject::connect(&native_, &QPlainTextEdit::selectionChanged, &native_,
+                   Safely([this](const auto&...) { SelectionMoved(); }));
+  QObject::connect(&native_, &QPlainTextEdit::cursorPositionChanged, &native_,
+                   Safely([this](const auto&...) { SelectionMoved(); }));
 }
 
 void MultiLineView::Restyle() {

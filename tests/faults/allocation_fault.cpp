@@ -14,17 +14,20 @@ std::atomic<size_t> madeUnderFault = 0;
 std::atomic<size_t> failingAllocation = 0;
 std::atomic<bool> faultLasts = false;
 std::atomic<bool> faultThrown = false;
+std::atomic<bool (*)(const void* caller)> failsFor = nullptr;
 
-bool Fails() {
+bool Fails(const void* caller) {
   const size_t nth = failingAllocation;
   if (nth == 0)
+    return false;
+  if (const auto isFor = failsFor.load(); isFor != nullptr && !isFor(caller))
     return false;
   const size_t count = ++madeUnderFault;
   return faultLasts ? count >= nth : count == nth;
 }
 
-void* Allocate(size_t size) {
-  void* const memory = Fails() ? nullptr : std::malloc(size == 0 ? 1 : size);
+void* Allocate(size_t size, const void* caller) {
+  void* const memory = Fails(caller) ? nullptr : std::malloc(size == 0 ? 1 : size);
   liveAllocations += memory == nullptr ? 0 : 1;
   return memory;
 }
@@ -38,6 +41,10 @@ void Free(void* memory) {
 
 size_t LiveAllocations() {
   return liveAllocations;
+}
+
+void FailOnly(bool (*isFor)(const void* caller)) {
+  failsFor = isFor;
 }
 
 AllocationFault::AllocationFault(size_t nth, FaultLasts lasts) {
@@ -62,10 +69,10 @@ bool AllocationFault::HasThrown() const {
 }  // namespace fiscalon
 
 void* operator new(size_t size, const std::nothrow_t&) noexcept {
-  return fiscalon::Allocate(size);
+  return fiscalon::Allocate(size, __builtin_return_address(0));
 }
 void* operator new(size_t size) {
-  if (void* const memory = fiscalon::Allocate(size))
+  if (void* const memory = fiscalon::Allocate(size, __builtin_return_address(0)))
     return memory;
   fiscalon::faultThrown = true;
   throw std::bad_alloc();

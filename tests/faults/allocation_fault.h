@@ -9,6 +9,9 @@ namespace fiscalon {
 /// How many allocations of this test program are alive.
 size_t LiveAllocations();
 
+/// Whose allocations fail, and are counted, from now on: by the place in the code that asks for one. Null for all.
+void FailOnly(bool (*isFor)(const void* caller));
+
 /// While it stands, the n-th allocation from its beginning fails, 1 for the next one, on whatever thread. One at a
 /// time.
 class AllocationFault {

@@ -182,5 +182,24 @@ TEST_F(ModalForm, SaysWhichHelpFileIsMissing) {
   EXPECT_EQ(said, "The help file /no/such/folder/ZELMOR.CHM is missing.");
 }
 
+TEST_F(ModalForm, GoesOnWithoutAHostsWindowThatGoes) {
+  auto* const host = new QWidget;
+  host->show();
+  host->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(host));
+  Serve({[&] {
+           EXPECT_EQ(Window()->parentWidget(), host);
+           delete host;
+         },
+         [&] {
+           ASSERT_NE(Window(), nullptr);
+           EXPECT_EQ(Window()->parentWidget(), nullptr);
+           form.txtPeriod.SetFocus();
+           Key(Qt::Key_2);
+           EXPECT_EQ(form.txtPeriod.Text(), "2");
+         }});
+  EXPECT_FALSE(form.IsUp());
+}
+
 }  // namespace
 }  // namespace fiscalon::qt
