@@ -40,7 +40,12 @@ void ControlView::Create(HWND parent, const RECT& place, const DialogFonts& font
 
 LRESULT CALLBACK ControlView::Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra) {
   auto& view = *reinterpret_cast<ControlView*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-  return view.owner_->Hear(view, message, wide, extra);
+  try {
+    return view.owner_->Hear(view, message, wide, extra);
+  } catch (...) {
+    view.owner_->HasFailed();
+    return 0;
+  }
 }
 
 void ControlView::Place(const RECT& place, const DialogFonts& fonts) {

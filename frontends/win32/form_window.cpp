@@ -337,6 +337,20 @@ void FormWindow::Serve() {
     }
     Dispatch(message);
   }
+  Rethrow();
+}
+
+void FormWindow::HasFailed() {
+  if (!failure_)
+    failure_ = std::current_exception();
+  form_.Hide();
+  // The window, which else would hear of it, may be gone.
+  ::PostThreadMessageW(::GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+void FormWindow::Rethrow() const {
+  if (failure_)
+    std::rethrow_exception(failure_);
 }
 
 void FormWindow::Settle() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <map>
 #include <memory>
@@ -17,7 +18,7 @@ namespace fiscalon::win32 {
 
 /// A form as a modal window, made from its controls and its layout alone. Keys, mouse and focus go to the form first,
 /// whether their messages were posted or sent; text editing stays native. No exception crosses Windows: acts on a form
-/// do not throw.
+/// do not throw, and what the window itself throws, such as that it is gone, ends the form.
 class FormWindow final : private FormObserver {
  public:
   /// The form must be up. It is observed until the window goes. The owner, null for none, is disabled as long. The
@@ -32,6 +33,9 @@ class FormWindow final : private FormObserver {
   void Present();
   /// Serves the user until the form is no longer up, or the host's message queue ends.
   void Serve();
+  /// Ends the form with the exception that is being handled, for `Rethrow` to throw behind Windows.
+  void HasFailed();
+  void Rethrow() const;
   /// Deals with a message of the thread's queue, perhaps another window's.
   void Dispatch(const MSG& message);
   /// Brings windows in line with what handlers have changed, in the middle of one too.
@@ -119,6 +123,7 @@ class FormWindow final : private FormObserver {
   SIZE client_ = {};
   int scrolled_ = 0;
   bool layoutIsOld_ = false;
+  std::exception_ptr failure_;
   bool movingFocus_ = false;
   bool letsPass_ = false;
   /// Of a key that was sent: its character comes by itself, or is none of the form's.

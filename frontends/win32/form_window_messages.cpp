@@ -1,5 +1,6 @@
 // What a form's window makes of Windows' messages.
 
+#include <stdexcept>
 #include <utility>
 
 #include "core/forms/scoped_value.h"
@@ -186,7 +187,12 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wide, L
   auto* form = reinterpret_cast<FormWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
   if (form == nullptr)
     return ::DefWindowProcW(window, message, wide, extra);
-  return form->HearOwn(window, message, wide, extra);
+  try {
+    return form->HearOwn(window, message, wide, extra);
+  } catch (...) {
+    form->HasFailed();
+    return 0;
+  }
 }
 
 LRESULT FormWindow::HearOwn(HWND window, UINT message, WPARAM wide, LPARAM extra) {
@@ -203,6 +209,10 @@ LRESULT FormWindow::HearOwn(HWND window, UINT message, WPARAM wide, LPARAM extra
     case WM_SETFOCUS:
       AlignFocus();
       return 0;
+    case WM_DESTROY:
+      if (window == window_ && form_.IsUp())
+        throw std::runtime_error("the form's window is gone");
+      break;
     case WM_ENABLE:
       if (window == window_ && wide == FALSE)
         acts_.Interrupted();

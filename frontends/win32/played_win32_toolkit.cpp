@@ -111,6 +111,7 @@ void PlayedWin32Toolkit::ServeModal(Form& form) {
   win32::Win32Driver user(window);
   user.ServeMessages();
   Drive(form, user);
+  window.Rethrow();
 }
 
 MessageAnswer PlayedWin32Toolkit::ShowMessage(const BoxRequest& box) {

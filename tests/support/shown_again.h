@@ -21,7 +21,7 @@ using Held = std::map<std::string, size_t>;
 
 /// How often a host shows a form, has it cancelled, and shows the next: ten thousand times where FISCALON_LONG is set.
 inline int TimesShownAgain() {
-  return std::getenv("FISCALON_LONG") != nullptr ? 10'000 : 210;
+  return std::getenv("FISCALON_LONG") != nullptr ? 10'000 : 84;
 }
 
 /// Shows the forms of all screens in turn, that often, on the front end that is in use. `show` shows the screen of a

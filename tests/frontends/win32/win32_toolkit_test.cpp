@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <stdexcept>
 #include <utility>
 
 #include "core/platform/runtime_error.h"
@@ -81,6 +82,19 @@ TEST(Win32Toolkit, EnablesTheOwnerAfterAnError) {
   const WhenServed served([&] { form.Acts().EditText(form.txtA, "1", {.start = 1}); });
   EXPECT_THROW(form.ShowModal(toolkit), RuntimeError);
   EXPECT_NE(::IsWindowEnabled(host.Window()), FALSE);
+}
+
+TEST(Win32Toolkit, TellsTheHostThatAWindowWasTakenAway) {
+  const HostWindow host;
+  Win32Toolkit toolkit;
+  TwoFieldForm form;
+  for (int i = 0; i < 2; ++i) {
+    const WhenServed served([] { ::DestroyWindow(::GetActiveWindow()); });
+    EXPECT_THROW(form.ShowModal(toolkit), std::runtime_error);
+    EXPECT_NE(::IsWindowEnabled(host.Window()), FALSE);
+  }
+  const WhenServed served([&] { form.Hide(); });
+  form.ShowModal(toolkit);
 }
 
 TEST(Win32Toolkit, PassesTheEndOfTheHostOn) {
