@@ -96,7 +96,8 @@ class Commands(unittest.TestCase):
                 seen += 1
                 self.assertIn(preset, preset_names("configurePresets"), command)
                 if inside:
-                    folder, _, program = inside.removesuffix(".exe").rpartition("/")
+                    folder, _, file = inside.rpartition("/")
+                    program = re.sub(r"^lib(.*)\.so[.\d]*$|\.exe$", r"\1", file)
                     lists = (TREE / folder / "CMakeLists.txt").read_text(encoding="utf-8")
                     self.assertRegex(lists, rf"\b{program}\b", command)
         self.assertGreater(seen, 3)
