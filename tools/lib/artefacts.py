@@ -39,7 +39,8 @@ def run(*command, cwd):
     environment = {**os.environ, "SOURCE_DATE_EPOCH": str(source_tree.source_date(cwd_tree(cwd))), "CCACHE_DISABLE": "1"}
     for name in ("CMAKE_CXX_COMPILER_LAUNCHER", "LDFLAGS", "CXXFLAGS"):
         environment.pop(name, None)
-    subprocess.run(command, cwd=cwd, env=environment, check=True)
+    # What a package says of rights is the same, whatever those of the maker's own files are.
+    subprocess.run(command, cwd=cwd, env=environment, check=True, umask=0o022)
 
 
 def cwd_tree(folder):
