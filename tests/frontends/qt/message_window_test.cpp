@@ -99,5 +99,15 @@ TEST(MessageWindow, ReadsBackWhatItShows) {
   EXPECT_EQ(shown.title, box.title);
 }
 
+TEST(MessageWindow, CaptionsItsButtonsInTheLanguageOfTheForm) {
+  const auto caption = [](MessageButtons buttons, MessageAnswer answer) {
+    const auto window = NewMessageWindow({.text = "?", .buttons = buttons, .language = *NamedLanguage("fr")}, nullptr);
+    return ButtonFor(*window, answer)->text();
+  };
+  EXPECT_EQ(caption(MessageButtons::YesNo, MessageAnswer::Yes), QStringLiteral("&Oui"));
+  EXPECT_EQ(caption(MessageButtons::YesNo, MessageAnswer::No), QStringLiteral("&Non"));
+  EXPECT_EQ(caption(MessageButtons::OkCancel, MessageAnswer::Cancel), QStringLiteral("Annuler"));
+}
+
 }  // namespace
 }  // namespace fiscalon::qt
