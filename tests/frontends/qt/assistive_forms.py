@@ -113,7 +113,10 @@ class ComparedForm(Form):
         if self.expected.focus is None:
             return
         began = self.focus()
-        self.press("OK")
+        ok = self.find("push button", "OK")
+        act(ok, "Press")
+        # The press is shown for a moment before it counts.
+        until("OK stays down", lambda: not has(ok, Atspi.StateType.PRESSED))
         for text in self.expected.boxes:
             self.answer(text, "OK")
         if self.expected.status:
