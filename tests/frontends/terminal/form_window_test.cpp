@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/forms/captioned.h"
 #include "core/host_setup.h"
 #include "core/launch.h"
 #include "core/module_to_change.h"
@@ -289,6 +290,40 @@ TEST_P(EachFormOnScreens, HasItsCursorInSightWhereverTabGoes) {
     };
     session.ShowLevyraScreen(screen.code);
     EXPECT_GT(looks, 5);
+    ResetModule();
+  }
+}
+
+/// On the usual width, and as high as need be: what is scrolled out of sight stands there too.
+TEST_P(EachFormOnScreens, HasRoomForItsWordsInEveryLanguage) {
+  constexpr Size kUsualWidth = {.width = kUsual.width, .height = 200};
+  for (const std::string_view language : LanguageNames()) {
+    ResetModule();
+    UseLanguage(language);
+    PlayedTerminalToolkit toolkit(kUsualWidth);
+    UseToolkit(&toolkit);
+    const GoodSession screen = ScreensOf(GetParam()).front();
+    Levyra session;
+    fiscalon::SetUp(screen, session);
+    int captions = 0;
+    toolkit.onForm = [&](Form& form, UserDriver& user) {
+      for (const Control* control : form.Controls()) {
+        const std::optional<Rect> place = toolkit.Window()->PlaceOf(*control);
+        if (!place || dynamic_cast<const Captioned*>(control) == nullptr)
+          continue;
+        SCOPED_TRACE(form.Name() + " " + control->Name() + " in " + std::string(language));
+        ++captions;
+        // A frame's heading is never broken into lines.
+        const int room = control->Kind() == ControlKind::Frame ? kUsualWidth.width : place->width;
+        const Size wanted = toolkit.Window()->ViewOf(*control).Wanted(room, Grow::No);
+        EXPECT_LE(wanted.width, place->width);
+        EXPECT_LE(wanted.height, place->height);
+        EXPECT_LT(place->Right(), kUsualWidth.width);
+      }
+      user.CloseWindow(CloseReason::Code);
+    };
+    session.ShowLevyraScreen(screen.code);
+    EXPECT_GT(captions, 5);
     ResetModule();
   }
 }
