@@ -74,7 +74,7 @@ void AfterForkInChild() {
   TurnState& state = State();
   ++state.forks;
   state.isLost = state.isLost || state.forkCame == Came::Never;
-  // The threads of a batch have stayed in the parent, and so has whoever waits for them.
+  // The other threads of a batch have stayed in the parent, and so has whoever waits for them.
   state.batches = 0;
   AfterFork(state);
 }
@@ -118,11 +118,14 @@ ScreenTurn::~ScreenTurn() {
 
 BatchTurn::BatchTurn() {
   const Turn turn;
+  forks_ = Forks();
   ++State().batches;
 }
 
 BatchTurn::~BatchTurn() {
-  --State().batches;
+  // A child that came out of one of its callbacks has none any more.
+  if (forks_ == Forks())
+    --State().batches;
 }
 
 void ExpectNoBatch() {

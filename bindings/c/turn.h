@@ -33,6 +33,9 @@ class BatchTurn {
   ~BatchTurn();
   BatchTurn(const BatchTurn&) = delete;
   BatchTurn& operator=(const BatchTurn&) = delete;
+
+ private:
+  int forks_ = 0;
 };
 
 // Asked within a turn, by what changes that which batches judge by, and by what takes away that which screens stand on.

@@ -381,7 +381,7 @@ typedef struct fiscalon_batch {
   const void* records_bytes;  /* NULL: the file is read */
   size_t records_size;        /* how many bytes */
 
-  /* Part I of N: of 0, the whole. The verdicts of all parts in their order are those of the whole. */
+  /* Part I of N, from 1; 0 of 0 is the whole. The verdicts of all parts in their order are those of the whole. */
   uint64_t part;
   uint64_t parts;
   /* Threads that judge; 0 for as many as there are processors. */
@@ -529,7 +529,8 @@ FISCALON_API int fiscalon_form_get_chosen(fiscalon_form* form, int32_t* chosen);
 FISCALON_API int fiscalon_form_get_title(fiscalon_form* form, const char** title);
 /* The name of the control that has the focus; empty where none has. */
 FISCALON_API int fiscalon_form_get_focus(fiscalon_form* form, const char** control);
-/* What it says without a box, such as which entry keeps the focus in silence; empty mostly. */
+/* What it says without a box, such as which entry keeps the focus in silence; empty mostly, and when it is no longer
+ * up. */
 FISCALON_API int fiscalon_form_get_status(fiscalon_form* form, const char** text);
 
 enum {
@@ -558,6 +559,7 @@ typedef struct fiscalon_control {
 } fiscalon_control;
 
 /* How many controls the form has, labels and frames among them. */
+/* How many controls it has, labels and frames among them; also when it is no longer up. */
 FISCALON_API int fiscalon_form_control_count(fiscalon_form* form, int32_t* count);
 /* By position, from 1 (error 9), or by name (error 5). */
 FISCALON_API int fiscalon_form_control_at(fiscalon_form* form, int64_t position, fiscalon_control* control);
