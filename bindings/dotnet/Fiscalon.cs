@@ -909,7 +909,7 @@ namespace Fiscalon
             recordsBytes = Call.Of(records, nameof(records));
         }
 
-        /// <summary>Which part is judged, from 1; of <see cref="Parts"/> 0 the whole.</summary>
+        /// <summary>Which part is judged, from 1; 0 of 0 is the whole.</summary>
         public long Part { get; set; }
 
         /// <summary>Of how many parts. The verdicts of all parts in their order are those of the whole.</summary>
@@ -953,7 +953,7 @@ namespace Fiscalon
             {
                 try
                 {
-                    Judge(block => blocks.Add(block, stop.Token));
+                    Judge(block => blocks.Add(block, stop.Token), stop.Token);
                 }
                 catch (Exception error)
                 {
@@ -979,8 +979,10 @@ namespace Fiscalon
             }
         }
 
-        private BatchCounts Judge(Action<Verdict[]> onVerdicts)
+        private BatchCounts Judge(Action<Verdict[]> onVerdicts, CancellationToken stop = default(CancellationToken))
         {
+            if (Part < 0 || Parts < 0 || Jobs < 0)
+                throw new FiscalonException(ErrorNumber.InvalidProcedureCall, "A part, parts or jobs below 0.", "Fiscalon");
             var problems = new List<BatchProblem>();
             ExceptionDispatchInfo raised = null;
             // No exception goes on through the library: it is kept, and the batch ends.
@@ -1001,7 +1003,12 @@ namespace Fiscalon
             OnProgress progressIsMade = (IntPtr context, ref CountsStruct soFar) =>
             {
                 var told = new BatchCounts(soFar);
-                return guarded(() => OnProgress(told));
+                return guarded(() =>
+                {
+                    // Bad payments may be far between.
+                    stop.ThrowIfCancellationRequested();
+                    OnProgress?.Invoke(told);
+                });
             };
             OnProblem problemIsMet = (context, file, line, reason) =>
                 guarded(() => problems.Add(new BatchProblem(Utf8.Text(file), (long)line, Utf8.Text(reason))));
@@ -1020,14 +1027,14 @@ namespace Fiscalon
                     paymentsSize = paymentsText.Size,
                     recordsBytes = recordsText.Place,
                     recordsSize = recordsText.Size,
-                    part = checked((ulong)Part),
-                    parts = checked((ulong)Parts),
-                    jobs = checked((uint)Jobs),
+                    part = (ulong)Part,
+                    parts = (ulong)Parts,
+                    jobs = (uint)Jobs,
                     wantsValid = WantsValid ? 1 : 0,
                     wantsFaults = WantsFaults ? 1 : 0,
                     wantsLines = WantsLines ? 1 : 0,
                     onVerdicts = onVerdicts == null ? null : verdictsCome,
-                    onProgress = OnProgress == null ? null : progressIsMade,
+                    onProgress = progressIsMade,
                     onProblem = problemIsMet
                 };
                 var counts = new CountsStruct { size = Native.SizeOf<CountsStruct>() };

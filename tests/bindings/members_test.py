@@ -297,7 +297,6 @@ class CHeader(unittest.TestCase):
                         self.assertLessEqual(said, numbers_of(member))
 
 
-@unittest.skipUnless((TREE / "bindings/dotnet/Fiscalon.cs").exists(), "there is no C# yet")
 class CSharp(unittest.TestCase):
     """The one file of hosts in C#: it declares a function of the library for each member."""
 

@@ -14,9 +14,10 @@ from ctypes import (CFUNCTYPE, POINTER, Structure, byref, c_char_p, c_int, c_int
 from types import TracebackType
 from typing import Any, Callable, Deque, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple, Type, Union
 
-from . import _library
+from . import _handles, _library
 from ._handles import Handle
-from ._errors import BatchError, BatchProblem, ErrorNumber, FiscalonError, ForkedError, NotSetError, mismatch, refused
+from ._errors import (BatchError, BatchProblem, ErrorNumber, FiscalonError, ForkedError, NotSetError, error_of, mismatch,
+                      refused)
 
 #: A file by its path, or what stands in it.
 Source = Union[str, "os.PathLike[str]", bytes]
@@ -193,8 +194,9 @@ def _texts_of(first: int, count: int, stride: int) -> List[str]:
     last = _VerdictStruct.from_address(first + (count - 1) * stride)
     start = _VerdictStruct.from_address(first).seq.data
     texts = ctypes.string_at(start, last.reason.data + last.reason.size - start).decode("utf-8").split("\0\n")
-    # Unless a text has both in itself, such as a screen's code in quotes.
-    return texts if len(texts) == count else [one.texts() for one in _structs_of(first, count, stride)]
+    if len(texts) != count:
+        raise error_of(ErrorNumber.UNFORESEEN, "the texts of the verdicts don't line up", "Fiscalon")
+    return texts
 
 
 def _rows_of(first: int, count: int, stride: int) -> Iterable[int]:
@@ -228,6 +230,7 @@ class _Run:
 
     def __init__(self, payments: Source, records: Source, part: Optional[Tuple[int, int]], jobs: Optional[int]) -> None:
         self._raised: Optional[BaseException] = None
+        self._told: Optional[Callable[[BatchCounts], object]] = None
         self._problems: List[BatchProblem] = []
         # What the library reads must stay.
         self._kept: List[Any] = [payments, records]
@@ -258,6 +261,9 @@ class _Run:
     def _problem(self, file: Optional[bytes], line: int, reason: Optional[bytes]) -> None:
         self._problems.append(BatchProblem(os.fsdecode(file or b""), line, (reason or b"").decode("utf-8", "replace")))
 
+    def _keep_raised(self, error: BaseException) -> None:
+        self._raised = self._raised or error
+
     def _keep(self, name: str, kind: Any, routine: Callable[..., object]) -> None:
         """Has the library call a routine. What it raises ends the batch, and comes out of it."""
 
@@ -266,7 +272,7 @@ class _Run:
                 routine(*arguments)
                 return 0
             except BaseException as error:
-                self._raised = self._raised or error
+                self._keep_raised(error)
                 return 1
 
         setattr(self.struct, name, kind(guarded))
@@ -274,15 +280,27 @@ class _Run:
     def tell_progress(self, routine: Callable[[BatchCounts], object]) -> None:
         if not callable(routine):
             raise mismatch("a routine or None", routine)
+        self._told = routine
         self._keep("on_progress", _ON_PROGRESS, lambda so_far: routine(so_far.contents.counts()))
 
-    def tell_verdicts(self, routine: Callable[[int, int], None]) -> None:
+    def tell_verdicts(self, routine: Callable[[int, int], None], go_on: Callable[[], None]) -> None:
+        """``go_on`` raises where nobody wants the rest: it is asked as the batch proceeds, for bad payments may be far
+        between."""
+        told = self._told
+
+        def progress(so_far: Any) -> None:
+            go_on()
+            if told is not None:
+                told(so_far.contents.counts())
+
         self._keep("on_verdicts", _ON_VERDICTS, routine)
+        self._keep("on_progress", _ON_PROGRESS, progress)
 
     def judge(self) -> BatchCounts:
         counts = _CountsStruct(size=ctypes.sizeof(_CountsStruct))
         try:
-            _validate_batch(byref(self.struct), byref(counts))
+            with _library.hearing(self._keep_raised):
+                _validate_batch(byref(self.struct), byref(counts))
         except FiscalonError as error:
             if self._raised is not None:
                 raise self._raised from None
@@ -310,12 +328,15 @@ class _Pipe:
         self.counts: Optional[BatchCounts] = None
         self.error: Optional[BaseException] = None
 
+    def go_on(self) -> None:
+        if self._stopped:
+            raise _Stopped
+
     def put(self, block: _Block) -> None:
         with self._changed:
             while len(self._blocks) >= self._MOST and not self._stopped:
                 self._changed.wait()
-            if self._stopped:
-                raise _Stopped
+            self.go_on()
             self._blocks.append(block)
             self._changed.notify_all()
 
@@ -354,7 +375,7 @@ class _Blocks(Iterator[_Block]):
 
     def __init__(self, run: _Run, whole: bool) -> None:
         pipe = self.pipe = _Pipe()
-        run.tell_verdicts(lambda first, count: pipe.put(_block_of(first, count, whole)))
+        run.tell_verdicts(lambda first, count: pipe.put(_block_of(first, count, whole)), pipe.go_on)
         self._process = os.getpid()
         self._closed = False
         # The interpreter does not wait for such a thread; what it needs would be taken away beneath it.
@@ -482,6 +503,8 @@ class Judge(Handle):
         texts = [_library.text(each) for each in records]
         amount = _library.whole(cents, bits=64)
         struct = _VerdictStruct(size=ctypes.sizeof(_VerdictStruct))
-        _judge_payment(self._open, _library.text(screen_code), _library.text(biller_code), amount,
-                       (c_char_p * len(texts))(*texts), len(texts), int(bool(faults)), byref(struct))
-        return _WholeVerdict(struct.row, struct.texts(), struct.line, struct.lines.text(), tuple(_faults_of(struct)))
+        screen, biller = _library.text(screen_code), _library.text(biller_code)
+        with _handles._reading:
+            _judge_payment(self._open, screen, biller, amount, (c_char_p * len(texts))(*texts), len(texts),
+                           int(bool(faults)), byref(struct))
+            return _WholeVerdict(struct.row, struct.texts(), struct.line, struct.lines.text(), tuple(_faults_of(struct)))

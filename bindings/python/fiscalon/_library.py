@@ -1,12 +1,14 @@
 """The shared library: where it is found, how its functions are called, how what crosses over is written."""
 
+import contextlib
 import ctypes
 import operator
 import os
 import sys
+import threading
 from ctypes import POINTER, Structure, byref, c_char_p, c_int, c_int32, c_size_t
 from pathlib import Path
-from typing import Any, Optional
+from typing import Any, Callable, Iterator, Optional
 
 from ._errors import ErrorNumber, TextError, error_of, mismatch, refused
 
@@ -56,6 +58,28 @@ def _checked(status: int, _function: Any, _arguments: Any) -> int:
     return status
 
 
+@contextlib.contextmanager
+def hearing(keep: Callable[[BaseException], object]) -> Iterator[None]:
+    """Keeps what is raised at the very start of a routine that the library calls, ahead of all that could catch it: an
+    interrupt of the user's, say. ctypes prints that, and the library gets no answer. Signals come to the main thread."""
+    if threading.current_thread() is not threading.main_thread():
+        yield
+        return
+    usual = sys.unraisablehook
+
+    def heard(told: Any) -> None:
+        if told.exc_value is not None and "ctypes callback" in (told.err_msg or ""):
+            keep(told.exc_value)
+        else:
+            usual(told)
+
+    sys.unraisablehook = heard
+    try:
+        yield
+    finally:
+        sys.unraisablehook = usual
+
+
 def function(name: str, *arguments: Any) -> Any:
     """A function of the library, which raises where it fails."""
     found = getattr(library, f"fiscalon_{name}")
@@ -65,17 +89,22 @@ def function(name: str, *arguments: Any) -> Any:
     return found
 
 
-def text(value: object) -> bytes:
-    """A text as the library takes it."""
+def encoded(value: object) -> bytes:
+    """A text in UTF-8."""
     if not isinstance(value, str):
         raise mismatch("a text", value)
     try:
-        encoded = value.encode("utf-8")
+        return value.encode("utf-8")
     except UnicodeEncodeError as problem:
         raise TextError(ErrorNumber.TEXT, f"a text that can't be written in UTF-8: {problem.reason}") from None
-    if b"\0" in encoded:
+
+
+def text(value: object) -> bytes:
+    """A text as the library takes it, which ends with a zero."""
+    given = encoded(value)
+    if b"\0" in given:
         raise TextError(ErrorNumber.TEXT, "a text with a zero in it")
-    return encoded
+    return given
 
 
 def path(value: object) -> bytes:

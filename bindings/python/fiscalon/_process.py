@@ -8,7 +8,7 @@ import os
 from ctypes import POINTER, byref, c_char_p, c_int32, c_size_t
 from typing import Any, Dict, Optional, Union
 
-from . import _library
+from . import _handles, _library
 from ._errors import mismatch
 from ._handles import written
 
@@ -42,8 +42,9 @@ def use_front_end(name: Optional[str]) -> None:
 def front_end_hindrance(name: str) -> str:
     """Why a front end can't be installed here and now, in one line; empty where it can."""
     reason = c_char_p()
-    _hindrance(_library.text(name), byref(reason))
-    return _library.decoded(reason.value)
+    with _handles._reading:
+        _hindrance(_library.text(name), byref(reason))
+        return _library.decoded(reason.value)
 
 
 def use_front_end_folder(folder: Union[str, "os.PathLike[str]", None]) -> None:
@@ -97,4 +98,4 @@ def from_windows_1252(data: bytes) -> str:
 
 def to_windows_1252(text: str) -> bytes:
     """The bytes of a text in a record file or a log. ``TextError`` for a character without a place there."""
-    return _converted(_from_utf8, _library.text(text), 1)
+    return _converted(_from_utf8, _library.encoded(text), 1)

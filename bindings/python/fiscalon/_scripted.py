@@ -296,7 +296,8 @@ def handing_out() -> Iterator[None]:
     outer = _raised[:]
     _raised.clear()
     try:
-        yield
+        with _library.hearing(_raised.append):
+            yield
     except FiscalonError:
         if not _raised:
             raise

@@ -4,6 +4,7 @@ import csv
 import datetime
 import gc
 import os
+import signal
 import threading
 
 import pytest
@@ -115,6 +116,36 @@ def test_a_batch_ends_when_nobody_wants_the_rest(fiscalon_fresh):
     assert threads_of_batches() == []
     with pytest.raises(fiscalon.NotSetError):
         verdicts.counts
+
+
+def test_a_batch_ends_where_bad_payments_are_far_between(fiscalon_fresh):
+    payments, records, _ = batch_of(60000, bad=lambda number: number == 0)
+    progress = []
+    with fiscalon.validate_batch(payments, records, jobs=1, valid=False, on_progress=progress.append) as verdicts:
+        assert next(verdicts).row == 2
+    # The first that it hears of may be that nobody wants the rest.
+    assert all(counts.payments < 60000 for counts in progress)
+    with pytest.raises(fiscalon.NotSetError):
+        verdicts.counts
+
+
+def test_an_interrupt_between_routines_ends_the_batch(fiscalon_fresh):
+    """Python hears of a signal at the very start of the routine that the library calls next."""
+    payments, records, _ = batch_of(60000)
+
+    def ring(_signal, _frame):
+        raise KeyboardInterrupt
+
+    usual = signal.signal(signal.SIGALRM, ring)
+    try:
+        for _ in range(20):
+            with pytest.raises(KeyboardInterrupt):
+                signal.setitimer(signal.ITIMER_REAL, 0.001)
+                while True:
+                    fiscalon.count_batch(payments, records, jobs=1, on_progress=lambda counts: None)
+    finally:
+        signal.setitimer(signal.ITIMER_REAL, 0)
+        signal.signal(signal.SIGALRM, usual)
 
 
 def test_two_batches_at_a_time(batch):

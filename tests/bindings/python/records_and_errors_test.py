@@ -324,7 +324,7 @@ def test_a_locale_of_another_type_or_an_impossible_day_is_refused(fiscalon_fresh
 
 def test_the_code_page_goes_both_ways():
     every_byte = bytes(range(256))
-    assert fiscalon.to_windows_1252(fiscalon.from_windows_1252(every_byte[1:])) == every_byte[1:]
+    assert fiscalon.to_windows_1252(fiscalon.from_windows_1252(every_byte)) == every_byte
     assert fiscalon.from_windows_1252(b"H\xe9l\xe8ne \x80") == "Hélène €"
     assert fiscalon.to_windows_1252("") == b"" and fiscalon.from_windows_1252(b"") == ""
     for text, number in ((None, 13), ("\u65e5", 1003), ("\ud800", 1003)):
