@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 
+#include "core/launch.h"
 #include "core/platform/code_page.h"
 #include "core/platform/utf8_path.h"
 #include "tools/fiscalon/commands/collect_request.h"
@@ -136,7 +137,9 @@ class Collection {
         collecting.Set(property, value);
       }
       key = "payment.GovFilename";
-      RaiseWhereRecordsHaveNoPlace(collecting.Payment());
+      // A code that no screen has is told first, as the show itself does.
+      if (FindLaunchRow(FromUtf8(request_.payment.code)) != nullptr)
+        RaiseWhereRecordsHaveNoPlace(collecting.Payment());
       key.clear();
       const bool result = collecting.Show();
       return {{"result", result}, {"records", JsonRecordsOf(collecting.Payment())}};

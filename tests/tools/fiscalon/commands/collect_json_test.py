@@ -315,6 +315,8 @@ class Answers(unittest.TestCase):
         rows = [
             ({"screen": "99"}, -2147221503, show, "Invalid Screen Type",
              f'there is no screen "99"; the codes are {codes}', "screen"),
+            ({"screen": "99", "payment": {"GovFilename": "none/a.pc4", "WriteFile": True}}, -2147221503, show,
+             "Invalid Screen Type", f'there is no screen "99"; the codes are {codes}', "screen"),
             ({"screen": ""}, -2147221503, show, "Invalid Screen Type",
              f'there is no screen ""; the codes are {codes}', "screen"),
             ({"screen": "15", "payment": {"PaidAmount": "1e999"}}, 6, "Fiscalon", "Overflow",
