@@ -12,7 +12,9 @@ namespace fiscalon {
 namespace {
 
 bool BeginsWith(std::string_view row, std::string_view text) {
-  const auto same = [](char a, char b) { return UpperCase(a) == UpperCase(b); };
+  // A blank that ends no line is typed as any other.
+  const auto plain = [](char c) { return c == '\xA0' ? ' ' : UpperCase(c); };
+  const auto same = [&](char a, char b) { return plain(a) == plain(b); };
   return row.size() >= text.size() && std::equal(text.begin(), text.end(), row.begin(), same);
 }
 

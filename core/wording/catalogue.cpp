@@ -653,6 +653,10 @@ constexpr CatalogueText kTexts[] = {
      "{1} n'est pas un fichier d'enregistrements. Sa taille est de {2} octets, et il {3}."},
     {"does not begin as a text", "ne commence pas comme un texte"},
     {"begins with {1}", "commence par {1}"},
+    {"No such file or directory", "Fichier ou dossier introuvable"},
+    {"Not a directory", "Ce n'est pas un dossier"},
+    {"File name too long", "Nom de fichier trop long"},
+    {"Input/output error", "Erreur d'entrée-sortie"},
     {"{1}\n\nShall the records of this payment take its place?",
      "{1}\n\nLes enregistrements de ce paiement doivent-ils prendre sa place?"},
 
@@ -710,7 +714,8 @@ bool EndsNoLine(std::string_view text, size_t blank) {
   constexpr char kClosingQuote = '\xBB';
   const char before = blank == 0 ? '\0' : text[blank - 1];
   const char behind = blank + 1 == text.size() ? '\0' : text[blank + 1];
-  return behind == ':' || behind == kClosingQuote || before == kOpeningQuote || (IsDigit(before) && IsDigit(behind));
+  return behind == ':' || behind == kClosingQuote || before == kOpeningQuote ||
+         (IsDigit(before) && (IsDigit(behind) || behind == '$'));
 }
 
 std::string WithNoBreakBlanks(std::string text) {

@@ -19,6 +19,7 @@ class BoxWindow final : public Window {
 
   void Draw(Screen& screen) override;
   void Take(const Input& input) override;
+  const Language& ShownIn() const override { return box_.language; }
 
   std::optional<MessageAnswer> Answer() const { return answer_; }
 

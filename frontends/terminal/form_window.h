@@ -26,6 +26,7 @@ class FormWindow final : public Window, private FormObserver {
 
   void Draw(Screen& screen) override;
   void Take(const Input& input) override;
+  const Language& ShownIn() const override { return form_.ShownIn(); }
 
   /// The window closes for a reason that no key tells, such as the end of the session.
   void CloseFor(CloseReason reason) { acts_.Close(reason); }

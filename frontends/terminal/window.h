@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/wording/language.h"
 #include "frontends/terminal/key_decoder.h"
 #include "frontends/terminal/screen.h"
 
@@ -15,6 +16,8 @@ class Window {
 
   virtual void Draw(Screen& screen) = 0;
   virtual void Take(const Input& input) = 0;
+  /// The language of what it says.
+  virtual const Language& ShownIn() const = 0;
 };
 
 /// The smallest screen on which there is a form to see.

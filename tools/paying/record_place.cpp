@@ -68,7 +68,7 @@ std::string WhyNoFileCanBe(std::string_view name) {
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
   if (status.type() == std::filesystem::file_type::none)
-    return Utf8Words("{1} can't be looked at: {2}.", {QuotedUtf8(name), error.message()});
+    return Utf8Words("{1} can't be looked at: {2}.", {QuotedUtf8(name), Utf8Words(error.message())});
   if (std::filesystem::is_directory(status))
     return Utf8Words("{1} is a folder: name a file in it.", {QuotedUtf8(name)});
   if (std::filesystem::exists(status))

@@ -42,7 +42,7 @@ ShowOutcome RecordsInFile(const std::string& name, const LaunchRow& screen) {
   std::ifstream file(Utf8Path(name), std::ios::binary);
   if (!file)
     return {.words = Utf8Words("Accepted, but the record file can't be read: {1}\n{2}",
-                               {std::generic_category().message(errno), name})};
+                               {Utf8Words(std::generic_category().message(errno)), name})};
   const std::string content{std::istreambuf_iterator<char>(file), {}};
   ShowOutcome outcome = {.records = TakeApart(std::string_view(content), &screen)};
   outcome.words =

@@ -1,5 +1,7 @@
 #include "tools/fiscalon/commands/desk_result_form.h"
 
+#include <algorithm>
+
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
 #include "tools/reading/field_remark.h"
@@ -39,7 +41,10 @@ void frmDeskResult::Set(const std::string& words, const std::vector<ShownRecord>
 }
 
 void frmDeskResult::Form_Load() {
-  lblWords.Caption(AsGiven(FromUtf8(words_)));
+  // A label shows line ends as characters.
+  std::string words = FromUtf8(words_);
+  std::replace(words.begin(), words.end(), '\n', ' ');
+  lblWords.Caption(AsGiven(std::move(words)));
   for (const std::string& row : rows_) lstFields.AddItem(AsGiven(FromUtf8(row)));
   lstFields.Visible(!rows_.empty());
 }
