@@ -12,7 +12,8 @@ import weakref
 from ctypes import (CFUNCTYPE, POINTER, Structure, byref, c_char_p, c_int, c_int32, c_int64, c_size_t, c_uint32, c_uint64,
                     c_void_p)
 from types import TracebackType
-from typing import Any, Callable, Deque, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple, Type, Union
+from typing import (Any, Callable, Deque, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple, Type, Union,
+                    cast)
 
 from . import _handles, _library
 from ._handles import Handle
@@ -39,17 +40,22 @@ class Fault(NamedTuple):
     message: str
 
 
-class Verdict:
+# A tuple is made without a step of the interpreter's, and a batch has a million.
+class Verdict(Tuple[Any, ...]):
     """The verdict on one payment."""
 
-    __slots__ = ("row", "_texts")
+    __slots__ = ()
 
-    def __init__(self, row: int, texts: str) -> None:
-        #: Its line in the payments list, from 1.
-        self.row = row
+    @property
+    def row(self) -> int:
+        """Its line in the payments list, from 1."""
+        return int(self[0])
+
+    @property
+    def _texts(self) -> str:
         # Sequence number, screen and reason as the library gives them, taken apart when somebody asks: most payments of
         # a batch are good, and of those nobody does.
-        self._texts = texts
+        return str(self[1])
 
     @property
     def seq(self) -> str:
@@ -86,14 +92,6 @@ class Verdict:
         """The parts of the reason, where they were asked for."""
         return ()
 
-    def __eq__(self, other: object) -> bool:
-        if not isinstance(other, Verdict):
-            return NotImplemented
-        return (self.row, self._texts, self.lines, self.faults) == (other.row, other._texts, other.lines, other.faults)
-
-    def __hash__(self) -> int:
-        return hash((self.row, self._texts))
-
     def __repr__(self) -> str:
         return f"Verdict(row={self.row}, seq={self.seq!r}, screen={self.screen!r}, reason={self.reason!r})"
 
@@ -101,25 +99,19 @@ class Verdict:
 class _WholeVerdict(Verdict):
     """One with what is told only where somebody asks for it."""
 
-    __slots__ = ("_line", "_lines", "_faults")
-
-    def __init__(self, row: int, texts: str, line: int, lines: str, faults: Tuple[Fault, ...]) -> None:
-        super().__init__(row, texts)
-        self._line = line
-        self._lines = lines
-        self._faults = faults
+    __slots__ = ()
 
     @property
     def line(self) -> int:
-        return self._line
+        return int(self[2])
 
     @property
     def lines(self) -> str:
-        return self._lines
+        return str(self[3])
 
     @property
     def faults(self) -> Sequence[Fault]:
-        return self._faults
+        return cast("Sequence[Fault]", self[4])
 
 
 class BatchCounts(NamedTuple):
@@ -220,8 +212,8 @@ def _block_of(first: int, count: int, whole: bool) -> _Block:
     """What stays of the verdicts that the library shows during a call."""
     stride = _VerdictStruct.from_address(first).size
     if not whole:
-        return map(Verdict, _rows_of(first, count, stride), _texts_of(first, count, stride))
-    return [_WholeVerdict(one.row, one.texts(), one.line, one.lines.text(), tuple(_faults_of(one)))
+        return map(Verdict, zip(_rows_of(first, count, stride), _texts_of(first, count, stride)))
+    return [_WholeVerdict((one.row, one.texts(), one.line, one.lines.text(), tuple(_faults_of(one))))
             for one in _structs_of(first, count, stride)]
 
 
@@ -507,4 +499,4 @@ class Judge(Handle):
         with _handles._reading:
             _judge_payment(self._open, screen, biller, amount, (c_char_p * len(texts))(*texts), len(texts),
                            int(bool(faults)), byref(struct))
-            return _WholeVerdict(struct.row, struct.texts(), struct.line, struct.lines.text(), tuple(_faults_of(struct)))
+            return _WholeVerdict((struct.row, struct.texts(), struct.line, struct.lines.text(), tuple(_faults_of(struct))))
