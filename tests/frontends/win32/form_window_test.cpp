@@ -4,8 +4,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/host_setup.h"
+#include "core/launch.h"
 #include "core/platform/runtime_error.h"
 #include "core/platform/windows/wide_text.h"
+#include "core/session.h"
 #include "tests/frontends/win32/played_form.h"
 
 namespace fiscalon::win32 {
@@ -306,6 +309,41 @@ TEST_F(Windows, ShowBoxesWithTitleIconAndButtons) {
       EXPECT_EQ(shown.title, asked.title);
       EXPECT_EQ(answer, MessageAnswer::Yes);
     }
+}
+
+/// Every form of the product at the usual scales: each caption has the room that its words take.
+TEST(FormsOnWindows, HaveRoomForTheirWordsInEveryLanguage) {
+  size_t captions = 0;
+  for (const std::string_view language : LanguageNames()) {
+    for (const int dotsPerInch : {96, 144, 192}) {
+      ResetModule();
+      UseLanguage(language);
+      PlayedWin32Toolkit toolkit(dotsPerInch);
+      UseToolkit(&toolkit);
+      const DialogFonts fonts(dotsPerInch);
+      toolkit.onForm = [&](Form& form, UserDriver&) {
+        for (const Control* control : form.Controls()) {
+          const ControlView& view = toolkit.Window()->ViewOf(*control);
+          if (dynamic_cast<const Captioned*>(control) == nullptr || ::IsWindowVisible(view.Window()) == FALSE)
+            continue;
+          SCOPED_TRACE(form.Name() + " " + control->Name() + " in " + std::string(language));
+          ++captions;
+          RECT place = {};
+          ::GetWindowRect(view.Window(), &place);
+          const SIZE wanted = view.Wanted(fonts);
+          EXPECT_GE(place.right - place.left, wanted.cx) << dotsPerInch;
+          EXPECT_GE(place.bottom - place.top, wanted.cy) << dotsPerInch;
+        }
+      };
+      for (const LaunchRow& row : LaunchTable()) {
+        Levyra session;
+        session.PaidAmount("12345");
+        session.ShowLevyraScreen(row.code);
+      }
+      ResetModule();
+    }
+  }
+  EXPECT_GT(captions, LaunchTable().size() * LanguageNames().size() * 3 * 5);
 }
 
 }  // namespace
