@@ -46,7 +46,8 @@ endfunction()
 # fiscalon_precompile(TARGET GROUP header...): compiles these headers once, for the first target of the group; the others,
 # which have the same compiler's options, take them from there.
 function(fiscalon_precompile target group)
-  if(NOT FISCALON_JOINED)
+  # Others but GCC take a precompiled header only where all options are those that it was made with.
+  if(NOT FISCALON_JOINED OR NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     return()
   endif()
   get_property(owner GLOBAL PROPERTY FISCALON_PRECOMPILED_${group})
@@ -56,9 +57,7 @@ function(fiscalon_precompile target group)
     target_precompile_headers(${target} PRIVATE ${ARGN})
     set_property(GLOBAL PROPERTY FISCALON_PRECOMPILED_${group} ${target})
   endif()
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(${target} PRIVATE -fpch-preprocess)  # ccache asks for it
-  endif()
+  target_compile_options(${target} PRIVATE -fpch-preprocess)  # ccache asks for it
 endfunction()
 
 # fiscalon_standard_headers(TARGET): of the standard library, for all but programs, whose code is of another kind.

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <QWidget>
 
 #include "frontends/qt/qt_toolkit.h"
 #include "tests/support/held_on_posix.h"
