@@ -689,13 +689,15 @@ constexpr CatalogueText kTexts[] = {
 // clang-format on
 
 /// The places of the texts in the table, in the order of their English.
-constexpr auto kByEnglish = [] {
+consteval auto PlacesByEnglish() {
   std::array<uint16_t, std::size(kTexts)> places{};
   for (size_t i = 0; i < places.size(); ++i) places[i] = static_cast<uint16_t>(i);
   std::sort(places.begin(), places.end(),
             [](uint16_t left, uint16_t right) { return kTexts[left].english < kTexts[right].english; });
   return places;
-}();
+}
+
+constexpr auto kByEnglish = PlacesByEnglish();
 
 const CatalogueText* Found(std::string_view english) {
   const auto found =
