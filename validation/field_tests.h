@@ -48,7 +48,7 @@ class FieldTests {
     for (const FieldTest& test : tests) tests_[count_++] = test;
   }
   template <std::same_as<std::nullptr_t> None>
-  consteval FieldTests(None /*quickTest*/, std::initializer_list<FieldTest> /*tests*/) : quick_(nullptr) {
+  consteval FieldTests(None /*quickTest*/, std::initializer_list<FieldTest> /*tests*/) {
     static_assert(!std::same_as<None, std::nullptr_t>, "a field has a quick test");
   }
 
@@ -59,7 +59,7 @@ class FieldTests {
  private:
   static constexpr size_t kMost = 8;
 
-  QuickTest quick_;
+  QuickTest quick_ = nullptr;
   std::array<FieldTest, kMost> tests_ = {};
   size_t count_ = 0;
 };

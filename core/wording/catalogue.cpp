@@ -393,7 +393,7 @@ constexpr CatalogueText kTexts[] = {
     {"CSST payments:", "Versement de la CSST :"},
     {"CSST payments", "Versement de la CSST"},
     {"Remittance Type:", "Fréquence de versement :",
-     "the rows name a frequency, weekly or twice a month: \"hebdomadaire\", \"bimensuelle\""},
+     "the rows name a frequency, weekly or twice a month: 'hebdomadaire', 'bimensuelle'"},
     {"Weekly (1st remittance)", "Hebdomadaire (1er versement)"},
     {"Weekly (2nd remittance)", "Hebdomadaire (2e versement)"},
     {"Weekly (3rd remittance)", "Hebdomadaire (3e versement)"},

@@ -31,7 +31,7 @@ void AppendOnDigits(std::string& out, const SignedDigits& number, const MoneyWor
 
 /// A field's name: mostly its caption on the screen, which may have a colon.
 std::string InWordsOfItsCaption(const std::string& name) {
-  const std::string words = Utf8Words(name);
+  std::string words = Utf8Words(name);
   const std::string caption = name + ":";
   const std::string captionWords = Utf8Words(caption);
   if (words != name || captionWords == caption)

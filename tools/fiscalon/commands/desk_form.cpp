@@ -186,6 +186,7 @@ void frmPaymentDesk::cmdShow_Click() {
   onShow(Current(), std::string(LaunchTable()[static_cast<size_t>(cmbScreen.ListIndex())].code));
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): handlers act on the form.
 void frmPaymentDesk::cmdHelp_Click() {
   TheToolkit().OpenHelp(FromUtf8(operatorsPage), 0);
 }
