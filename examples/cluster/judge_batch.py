@@ -5,6 +5,7 @@
 
 All workers must see the files under the same names, and have the package fiscalon. Each part is judged in the process of
 its worker, which puts its report beside REPORT; joined in order they are the report that `fiscalon validate` would write.
+A process judges as of one day at a time, so workers have one thread each (`dask worker --nthreads 1`).
 Behind `--` stand options of that: --today, --locale, --json-lines. All parts are judged as of one day, today unless
 --today is among them. A part whose worker dies is given to another one.
 

@@ -3,8 +3,8 @@
 #   hosts_test.sh COMPONENT_FOLDER HOST FILL_FORM
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-# shellcheck source=tools/lib/wine.sh
-source "$root/tools/lib/wine.sh"
+# shellcheck source=tests/support/wine_programs.sh
+source "$root/tests/support/wine_programs.sh"
 
 readonly component=$1 host=$2 fillForm=$3
 folder=$(mktemp -d)
@@ -19,18 +19,6 @@ End() {
   rm -rf "$folder"
 }
 trap End EXIT
-
-# Expect STATUS COMMAND...: runs it; what it prints is in out, without carriage returns.
-Expect() {
-  local wanted=$1 status=0
-  shift
-  Wine "$@" >printed 2>errors || status=$?
-  tr -d '\r' <printed >out
-  if [[ "$status" != "$wanted" ]]; then
-    echo "$*: status $status, not $wanted" && cat out errors
-    exit 1
-  fi
-}
 
 # ExpectLines LINE...: all that was printed.
 ExpectLines() {

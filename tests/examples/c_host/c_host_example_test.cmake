@@ -2,25 +2,11 @@
 # runs them, and compares every byte that they print.
 cmake_minimum_required(VERSION 3.25)
 
+include(${CMAKE_CURRENT_LIST_DIR}/../run.cmake)
+
 set(prefix ${WORK_DIR}/prefix)
 set(guide ${WORK_DIR}/guide)
 file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${guide} ${WORK_DIR}/example ${WORK_DIR}/guide_host)
-
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT result STREQUAL "0")
-    list(JOIN ARGN " " command)
-    message(FATAL_ERROR "${command}\nended with ${result}:\n${output}")
-  endif()
-endfunction()
-
-# expect_output(TEXT PROGRAM...): all that it prints, and that it ends well.
-function(expect_output expected)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
-  if(NOT result STREQUAL "0" OR NOT errors STREQUAL "" OR NOT output STREQUAL expected)
-    message(FATAL_ERROR "${ARGN} ended with ${result}\nexpected:\n${expected}printed:\n${output}said:\n${errors}")
-  endif()
-endfunction()
 
 foreach(component IN ITEMS c c_qt c_development)
   run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/installed --component ${component})

@@ -2,19 +2,13 @@
 # outside the tree, runs it, and compares every byte that it prints.
 cmake_minimum_required(VERSION 3.25)
 
+include(${CMAKE_CURRENT_LIST_DIR}/../run.cmake)
+
 set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR}/installed ${prefix} ${WORK_DIR}/host ${WORK_DIR}/qt_host ${WORK_DIR}/own
   ${WORK_DIR}/guide ${WORK_DIR}/guide_host ${WORK_DIR}/guide_host_test ${WORK_DIR}/guide_bulk
   ${WORK_DIR}/guide_qt_host ${WORK_DIR}/guide_readme
   ${WORK_DIR}/guide_fetched ${WORK_DIR}/guide_along ${WORK_DIR}/guide_missing)
-
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT result STREQUAL "0")
-    list(JOIN ARGN " " command)
-    message(FATAL_ERROR "${command}\nended with ${result}:\n${output}")
-  endif()
-endfunction()
 
 # expect_records(PROGRAM): the program prints its two records, each 160 characters wide, and no more.
 function(expect_records program)
@@ -28,10 +22,7 @@ function(expect_records program)
     # head, no period, due date, filler, name to 30, title to 20, rest
     "PC40001T" "${blanks16}" "202412  " "${blanks8}" "Hélène Côté${blanks19}" "Clerk${blanks15}" "${blanks70}\n"
     "PC40001F" "01000000000000012345" "02000000000000000000" "03000000000000000000" "04000000000000000000" "${blanks72}\n")
-  execute_process(COMMAND ${program} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
-  if(NOT result STREQUAL "0" OR NOT errors STREQUAL "" OR NOT output STREQUAL expected)
-    message(FATAL_ERROR "${program} ended with ${result}\nexpected:\n${expected}printed:\n${output}said:\n${errors}")
-  endif()
+  expect_output("${expected}" ${program})
 endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/installed)

@@ -25,8 +25,8 @@
 #include "core/forms/form.h"
 #include "core/host_setup.h"
 #include "core/launch.h"
-#include "frontends/qt/played_qt_toolkit.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/tools/desk/shown_desk.h"
 
 namespace fiscalon {
 namespace {
@@ -38,31 +38,12 @@ constexpr const char* kRecord1 = "PC40001T                202605          Hélè
 constexpr const char* kRecord2 =
     "PC40001F01000000000000012345020000000000000000000300000000000000000004000000000000000000";
 
-/// A desk whose user is played, in June 2026 in English Canada.
-class PaymentDesk : public testing::Test {
+/// A desk whose user is played.
+class PaymentDesk : public ShownDesk {
  protected:
   PaymentDesk() {
-    ResetModule();
-    UseToolkit(&toolkit_);
-    UseFixedClock({.date = {2026, 6, 15}});
-    UseLocale(EnglishCanada());
-    desk_ = std::make_unique<DeskWindow>(QString::fromStdString(pages_.Path("operators.md")));
-    desk_->show();
-    desk_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(desk_.get()));
+    Open(QString::fromStdString(pages_.Path("operators.md")));
     toolkit_.onForm = [](Form&, UserDriver& user) { user.CloseWindow(CloseReason::CloseBox); };
-  }
-  ~PaymentDesk() override {
-    desk_.reset();
-    ResetModule();
-  }
-
-  template <class Widget>
-  Widget& Find(const char* name) const {
-    auto* widget = desk_->findChild<Widget*>(name);
-    if (widget == nullptr)
-      throw std::runtime_error(std::string("the desk has no ") + name);
-    return *widget;
   }
 
   void Press(const char* button) { QTest::mouseClick(&Find<QAbstractButton>(button), Qt::LeftButton); }
@@ -93,8 +74,6 @@ class PaymentDesk : public testing::Test {
   }
 
   TemporaryFolder pages_;
-  PlayedQtToolkit toolkit_;
-  std::unique_ptr<DeskWindow> desk_;
 };
 
 QStringList Row(const QTreeWidgetItem& item) {

@@ -9,46 +9,29 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <map>
-#include <memory>
 
 #include "core/forms/form.h"
 #include "core/host_setup.h"
 #include "core/wording/catalogue.h"
-#include "frontends/qt/played_qt_toolkit.h"
+#include "tests/tools/desk/shown_desk.h"
 #include "tools/desk/catalogue_translator.h"
-#include "tools/desk/desk_window.h"
 
 namespace fiscalon {
 namespace {
 
 /// A desk in French, in June 2026 in English Canada: words go by the language, amounts by the locale.
-class FrenchDesk : public testing::Test {
+class FrenchDesk : public ShownDesk {
  protected:
   FrenchDesk() {
-    ResetModule();
-    UseToolkit(&toolkit_);
-    UseFixedClock({.date = {2026, 6, 15}});
-    UseLocale(EnglishCanada());
     UseLanguage("fr");
     QApplication::installTranslator(&translator_);
-    desk_ = std::make_unique<DeskWindow>(QStringLiteral("/nowhere/operators.md"));
-    desk_->show();
-    desk_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(desk_.get()));
+    Open(QStringLiteral("/nowhere/operators.md"));
   }
   ~FrenchDesk() override {
     desk_.reset();
     QApplication::removeTranslator(&translator_);
-    ResetModule();
   }
 
-  template <class Widget>
-  Widget& Find(const char* name) const {
-    auto* widget = desk_->findChild<Widget*>(name);
-    if (widget == nullptr)
-      throw std::runtime_error(std::string("the desk has no ") + name);
-    return *widget;
-  }
   void Show() { QTest::mouseClick(&Find<QPushButton>("show"), Qt::LeftButton); }
   /// With an ordinary blank for each that ends no line.
   static std::string Plain(QString text) { return text.replace(QChar::Nbsp, u' ').toStdString(); }
@@ -71,9 +54,7 @@ class FrenchDesk : public testing::Test {
     return texts;
   }
 
-  PlayedQtToolkit toolkit_;
   CatalogueTranslator translator_;
-  std::unique_ptr<DeskWindow> desk_;
 };
 
 TEST_F(FrenchDesk, HasFrenchWordsForAllThatStandsOnIt) {

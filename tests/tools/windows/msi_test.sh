@@ -3,8 +3,8 @@
 # What they register is what the component registers itself, and nothing is left of what is removed.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../../.." && pwd)
-# shellcheck source=tools/lib/wine.sh
-source "$root/tools/lib/wine.sh"
+# shellcheck source=tests/support/wine_programs.sh
+source "$root/tests/support/wine_programs.sh"
 
 readonly packages=$1 keys=$2
 folder=$(mktemp -d)
@@ -25,18 +25,6 @@ End() {
   rm -rf "$folder"
 }
 trap End EXIT
-
-# Expect STATUS COMMAND...: runs it; what it prints is in out, without carriage returns.
-Expect() {
-  local wanted=$1 status=0
-  shift
-  Wine "$@" >printed 2>errors || status=$?
-  tr -d '\r' <printed >out
-  if [[ "$status" != "$wanted" ]]; then
-    echo "$*: status $status, not $wanted" && cat out errors
-    exit 1
-  fi
-}
 
 # Classes FILE [ROOT]: the classes' part of the registry, without what the installer remembers of its products.
 Classes() {
