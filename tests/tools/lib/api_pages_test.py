@@ -146,11 +146,11 @@ class Pages(unittest.TestCase):
         self.assertNotEqual(queue.read_text(encoding="utf-8"), told)
         status, printed = self.ran()
         self.assertEqual(status, 1)
-        found = sorted(printed.splitlines())
-        self.assertEqual(len(set(re.sub(r":\d+:", ":", line) for line in found)), 3, printed)
+        places = {line.partition(":")[0].rpartition("/")[2] for line in printed.splitlines()}
+        self.assertEqual(places, {"session.h", "index.md"}, printed)
+        self.assertEqual(len({re.sub(r":\d+:", ":", line) for line in printed.splitlines()}), 3, printed)
         self.assertIn("ShowLevyraScreen(std::string_view screenCode) (function) of class fiscalon::Levyra is not documented", printed)
         self.assertIn("unable to resolve reference to 'fiscalon::Nothing'", printed)
-        self.assertIn("index.md", found[-1], "and the page that leads there says so too")
 
 
 class Widths(unittest.TestCase):
