@@ -79,7 +79,7 @@ def main():
             "show --json-lines --screen 03": [*show, "--json-lines", "--screen", "03"],
             "cat of the same lines": ["cat", lines],
         }
-        if shutil.which("jq"):
+        if shutil.which("jq") and arguments.jq_runs > 0:
             commands["jq -c . on the same lines"] = ["jq", "-c", ".", lines]
         times = {name: [] for name in commands}
         for i in range(arguments.runs):

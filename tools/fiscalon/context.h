@@ -20,9 +20,16 @@ class Paint {
   std::string Bad(std::string_view text) const { return In("31", text); }
   std::string Heading(std::string_view text) const { return In("1", text); }
   std::string Aside(std::string_view text) const { return In("2", text); }
+  // The same of what stands in a text from a place on.
+  void Heading(std::string& text, size_t from) const { PaintFrom("1", text, from); }
+  void Aside(std::string& text, size_t from) const { PaintFrom("2", text, from); }
 
  private:
   std::string In(std::string_view code, std::string_view text) const;
+  void PaintFrom(std::string_view code, std::string& text, size_t from) const {
+    if (on_)
+      text.replace(from, std::string::npos, In(code, std::string_view(text).substr(from)));
+  }
 
   bool on_;
 };

@@ -19,9 +19,11 @@ struct RoleRow {
   Role role;
 };
 
+constexpr std::string_view kFieldNumber = "FieldNum";
+
 // clang-format off
 constexpr std::array kRoles = {
-    RoleRow{"FieldNum",        Role::FieldNumber},
+    RoleRow{kFieldNumber,      Role::FieldNumber},
     RoleRow{"FieldValue",      Role::FieldValue},
     RoleRow{"",                Role::AlwaysBlank},
     RoleRow{"PeriodStartDate", Role::Period},
@@ -40,6 +42,12 @@ constexpr std::string_view kUnusedNumber = "00";
 Role RoleOf(std::string_view name) {
   const auto row = std::find_if(kRoles.begin(), kRoles.end(), [&](const RoleRow& each) { return each.name == name; });
   return row == kRoles.end() ? Role::Text : row->role;
+}
+
+/// Whether a field holds nothing but blanks; most of a record are such fields.
+bool IsBlank(std::string_view text) {
+  constexpr std::string_view kBlanks = "                                                            ";
+  return text.size() <= kBlanks.size() ? text == kBlanks.substr(0, text.size()) : AreBlanks(text);
 }
 
 bool AreZeros(std::string_view text) {
@@ -253,13 +261,12 @@ ShownField UnderstandField(std::string_view record, const RecordField& field, co
                            std::vector<Note>& problems) {
   ShownField shown{.name = field.name, .from = field.from, .to = field.to, .sense = {}, .nameOnScreen = {}};
   const std::string_view text = TextIn(record, field);
-  const Role role = RoleOf(field.name);
-  if (role == Role::FieldNumber)
+  if (field.name == kFieldNumber)
     slot = {};
   if (text.size() < field.Width())
     shown.sense = Sense::Missing;
-  else if (!AreBlanks(text))
-    FieldReader(shown, text, problems).Read(role, screen, slot);
+  else if (!IsBlank(text))
+    FieldReader(shown, text, problems).Read(RoleOf(field.name), screen, slot);
   return shown;
 }
 

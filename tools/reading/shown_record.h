@@ -80,6 +80,8 @@ struct ShownRecord {
   /// What is out of the common, though screens write it so: nothing is wrong with it.
   std::vector<Note> oddities = {};
 
+  /// Whether the fields stand where the table of the kind has them.
+  bool FollowsTable() const { return isRecord && length <= kRecordLength; }
   /// What stands in columns 4-7; empty for a line that is no record.
   std::string_view Seq() const;
   /// In the code page.

@@ -6,17 +6,29 @@
 
 #include "core/platform/code_page.h"
 #include "core/values/text.h"
+#include "validation/quick_digits.h"
 
 namespace fiscalon {
 namespace {
 
-/// Ten middle dots.
-constexpr std::string_view kDots = "\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7\u00B7";
+/// As many middle dots as the widest field has columns.
+constexpr std::string_view kDot = "\u00B7";
+constexpr size_t kMostDots = 60;
+constexpr auto kDots = [] {
+  std::array<char, kMostDots * kDot.size()> dots = {};
+  for (size_t i = 0; i < dots.size(); ++i) dots[i] = kDot[i % kDot.size()];
+  return dots;
+}();
 
 void AppendDots(std::string& out, size_t count) {
-  constexpr size_t kBytes = kDots.size() / 10;
-  for (; count > 10; count -= 10) out += kDots;
-  out += kDots.substr(0, count * kBytes);
+  for (; count > kMostDots; count -= kMostDots) out.append(kDots.data(), kDots.size());
+  out.append(kDots.data(), count * kDot.size());
+}
+
+/// Of eight characters, 0 where all are printable ASCII.
+constexpr uint64_t OtherThanPlain(uint64_t eight) {
+  // What is below a blank shows in the difference, what is above "~" in the sum, the highest in either.
+  return ((eight - InAllEight(' ')) | (eight + InAllEight(1))) & InAllEight('\x80');
 }
 
 std::string VisibleCharacter(char character) {
@@ -47,13 +59,13 @@ bool IsControlCharacter(char character) {
 }
 
 bool IsPlain(std::string_view text) {
-  // Every character is looked at, whatever was found before: compilers then take many at once.
-  bool plain = true;
-  for (const char character : text) {
-    const auto code = static_cast<unsigned char>(character);
-    plain &= code >= ' ' && code < 0x7F;
-  }
-  return plain;
+  constexpr size_t kEight = sizeof(uint64_t);
+  if (text.size() < kEight)
+    return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c < '\x7F'; });
+  // Every character is looked at, whatever was found before. The last eight may overlap those before them.
+  uint64_t other = OtherThanPlain(LoadEight(text.data() + text.size() - kEight));
+  for (size_t at = 0; at + kEight < text.size(); at += kEight) other |= OtherThanPlain(LoadEight(text.data() + at));
+  return other == 0;
 }
 
 void AppendVisible(std::string& out, std::string_view text) {
@@ -90,6 +102,12 @@ std::string VisibleUtf8(std::string_view utf8) {
 
 std::string QuotedUtf8(std::string_view utf8) {
   return "\"" + VisibleUtf8(utf8) + "\"";
+}
+
+void AppendDottedBlanks(std::string& out, size_t count) {
+  out += '"';
+  AppendDots(out, count);
+  out += '"';
 }
 
 void AppendDotted(std::string& out, std::string_view text) {

@@ -22,6 +22,8 @@ void AppendVisible(std::string& out, std::string_view text);
 /// In quotes, the blanks at either end as "·". It takes two columns more than the text.
 std::string DottedText(std::string_view text);
 void AppendDotted(std::string& out, std::string_view text);
+/// The same of so many blanks.
+void AppendDottedBlanks(std::string& out, size_t count);
 
 /// Whether the text holds printable ASCII alone, as nearly all records do: it looks the same in the code page, in UTF-8
 /// and to the eye.

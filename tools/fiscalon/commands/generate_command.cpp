@@ -96,9 +96,10 @@ void Generate(const GenerateOptions& options) {
       if (WholeFile::IsSamePlace(names[i], names[j]))
         throw CommandError(names[j] + " and " + names[i] + " are one file");
   ProgressLine progress;
-  uint64_t made = 0;
+  uint64_t lines = 0;
   StreamedFile payments(names[0], older, [&](std::string_view rows) {
-    made += static_cast<uint64_t>(std::count(rows.begin(), rows.end(), '\n'));
+    lines += static_cast<uint64_t>(std::count(rows.begin(), rows.end(), '\n'));
+    const uint64_t made = lines - 1;  // the first line names the columns
     progress.Show({made, "payments", made, options.plan.payments});
   });
   StreamedFile records(names[1], older);

@@ -56,9 +56,9 @@ void AppendQuoted(std::string& out, std::string_view text) {
   out += '"';
 }
 
-/// Appends a text of the code page.
-void AppendText(std::string& out, std::string_view text) {
-  if (StandsAsItIs(text))
+/// Appends a text of the code page. `stands` is whether it is known to stand in JSON as it is.
+void AppendText(std::string& out, std::string_view text, bool stands) {
+  if (stands || StandsAsItIs(text))
     return AppendQuoted(out, text);
   std::string utf8;
   AppendUtf8(utf8, text);
@@ -70,20 +70,22 @@ void AppendMember(std::string& out, std::string_view name, uint64_t number) {
   AppendNumber(out, number);
 }
 
-/// `stands` is whether the whole record can stand in JSON as it is.
-void AppendField(std::string& out, const ShownRecord& record, const ShownField& field, bool stands) {
-  const std::string_view text = record.TextOf(field);
-  out.append(R"({"name":")").append(field.name);
-  AppendMember(out, R"(","from":)", static_cast<uint64_t>(field.from));
-  AppendMember(out, R"(,"to":)", static_cast<uint64_t>(field.to));
-  out += R"(,"text":)";
-  if (stands)
-    AppendQuoted(out, text);
-  else
-    AppendText(out, text);
+/// `{"name":"FieldNum","from":9,"to":10,"text":`
+void WriteJsonFronts(const ShownRecord& record, FieldFronts::Fronts& fronts) {
+  for (const ShownField& field : record.fields) {
+    std::string& front = fronts.emplace_back(R"({"name":")").append(field.name);
+    AppendMember(front, R"(","from":)", static_cast<uint64_t>(field.from));
+    AppendMember(front, R"(,"to":)", static_cast<uint64_t>(field.to));
+    front += R"(,"text":)";
+  }
+}
+
+/// Appends what stands in a field and what it is. `stands` is that of the whole record.
+void AppendField(std::string& out, const ShownField& field, std::string_view text, bool stands) {
+  AppendText(out, text, stands);
   out.append(R"(,"sense":")").append(NameOf(field.sense)).append(R"(","meaning":)");
-  if (field.sense == Sense::Text && !stands) {
-    AppendText(out, Trim(text));
+  if (field.sense == Sense::Text) {
+    AppendText(out, Trim(text), stands);
   } else {
     // Numbers, dates and names of fields need no escape.
     out += '"';
@@ -127,26 +129,32 @@ void AppendJsonString(std::string& out, std::string_view utf8) {
     out += Json(utf8).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
+JsonPrinter::JsonPrinter() : fronts_(WriteJsonFronts) {}
+
 /// Kind and sequence are null for a line that is no record.
-void AppendJson(std::string& out, const ShownRecord& record) {
+void JsonPrinter::Append(std::string& out, const ShownRecord& record) {
+  const bool stands = StandsAsItIs(record.record);
   const char letter = static_cast<char>(record.kind);
   AppendMember(out, R"({"line":)", record.number);
   out += R"(,"kind":)";
   if (record.isRecord)
-    AppendText(out, {&letter, 1});
+    AppendText(out, {&letter, 1}, stands);
   else
     out += "null";
   out += R"(,"seq":)";
   if (record.isRecord)
-    AppendText(out, record.Seq());
+    AppendText(out, record.Seq(), stands);
   else
     out += "null";
   AppendMember(out, R"(,"length":)", record.length);
   out += R"(,"text":)";
-  const bool stands = StandsAsItIs(record.record);
-  AppendText(out, record.record);
-  AppendList(out, R"(,"fields":)", record.fields,
-             [&](const ShownField& field) { AppendField(out, record, field, stands); });
+  AppendText(out, record.record, stands);
+  const FieldFronts::Fronts& fronts = fronts_.Of(record);
+  auto front = fronts.begin();
+  AppendList(out, R"(,"fields":)", record.fields, [&](const ShownField& field) {
+    out += *front++;
+    AppendField(out, field, record.TextOf(field), stands);
+  });
   AppendList(out, R"(,"problems":)", record.problems, [&](const Note& note) { AppendNote(out, note); });
   AppendList(out, R"(,"oddities":)", record.oddities, [&](const Note& note) { AppendNote(out, note); });
   out += '}';

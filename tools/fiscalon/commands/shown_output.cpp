@@ -1,7 +1,6 @@
 #include "tools/fiscalon/commands/shown_output.h"
 
 #include <iostream>
-#include <utility>
 
 #include "tools/fiscalon/commands/shown_json.h"
 #include "tools/fiscalon/commands/shown_text.h"
@@ -71,7 +70,7 @@ class JsonOutput : public ShownOutput {
 
   void AppendRecord(std::string& text, const ShownRecord& record, bool isFirst) override {
     text += isFirst ? "\n    " : ",\n    ";
-    AppendJson(text, record);
+    printer_.Append(text, record);
   }
 
   void AppendEnd(std::string& text, const Counts& counts) override {
@@ -79,6 +78,7 @@ class JsonOutput : public ShownOutput {
   }
 
  private:
+  JsonPrinter printer_;
   std::string heading_;
 };
 
@@ -87,11 +87,14 @@ class JsonLinesOutput : public ShownOutput {
   void AppendBeginning(std::string& /*text*/) override {}
 
   void AppendRecord(std::string& text, const ShownRecord& record, bool /*isFirst*/) override {
-    AppendJson(text, record);
+    printer_.Append(text, record);
     text += '\n';
   }
 
   void AppendEnd(std::string& /*text*/, const Counts& /*counts*/) override {}
+
+ private:
+  JsonPrinter printer_;
 };
 
 }  // namespace
@@ -131,9 +134,12 @@ void ShownOutput::Flush() {
   if (ends_.empty() || ends_.back() != text_.size())
     ends_.push_back(text_.size());
   std::cout.flush();
-  // What can't be written now is not tried again.
-  const std::string text = std::exchange(text_, {});
-  StandardOutput::WritePieces(text, std::exchange(ends_, {}));
+  // What can't be written now is not tried again. Both texts keep their room.
+  text_.swap(sent_);
+  ends_.swap(sentEnds_);
+  text_.clear();
+  ends_.clear();
+  StandardOutput::WritePieces(sent_, sentEnds_);
 }
 
 }  // namespace fiscalon

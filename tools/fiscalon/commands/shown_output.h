@@ -51,6 +51,9 @@ class ShownOutput {
   std::string text_;
   /// Where the records in it end.
   std::vector<size_t> ends_;
+  /// What went out last.
+  std::string sent_;
+  std::vector<size_t> sentEnds_;
   uint64_t lines_ = 0;
   uint64_t problems_ = 0;
   uint64_t oddities_ = 0;

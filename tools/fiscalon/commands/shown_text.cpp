@@ -63,12 +63,23 @@ void AppendPlace(std::string& out, const ShownField& field) {
   out.insert(start, kPlaceWidth - std::min(kPlaceWidth, width), ' ');
 }
 
+/// "      11-28  FieldValue  ", the names of all fields at one width.
+void WriteTextFronts(const ShownRecord& record, FieldFronts::Fronts& fronts) {
+  size_t nameWidth = 0;
+  for (const ShownField& field : record.fields) nameWidth = std::max(nameWidth, field.name.size());
+  for (const ShownField& field : record.fields) {
+    std::string& front = fronts.emplace_back(kMargin);
+    AppendPlace(front, field);
+    front.append("  ").append(field.name).append(nameWidth - field.name.size() + 2, ' ');
+  }
+}
+
 }  // namespace
 
 RecordPrinter::RecordPrinter(const ShownStyle& style)
-    : style_(style), money_(style.locale), fold_(FoldAt(style.width)) {}
+    : style_(style), money_(style.locale), fold_(FoldAt(style.width)), fronts_(WriteTextFronts) {}
 
-void RecordPrinter::Append(std::string& out, const ShownRecord& record) const {
+void RecordPrinter::Append(std::string& out, const ShownRecord& record) {
   AppendHeading(out, record);
   AppendRuled(out, record);
   AppendFields(out, record);
@@ -80,23 +91,24 @@ void RecordPrinter::Append(std::string& out, const ShownRecord& record) const {
 }
 
 void RecordPrinter::AppendHeading(std::string& out, const ShownRecord& record) const {
-  std::string heading(style_.countedAs);
-  heading += ' ';
-  AppendNumber(heading, record.number);
-  heading += ": ";
+  const size_t start = out.size();
+  out.append(style_.countedAs).append(" ");
+  AppendNumber(out, record.number);
+  out += ": ";
   if (record.isInvoice) {
-    heading += "invoice";
+    out += "invoice";
   } else if (!record.isRecord) {
-    heading += "no record";
+    out += "no record";
   } else {
     const char letter = static_cast<char>(record.kind);
-    AppendVisible(heading, std::string_view(&letter, 1));
+    AppendVisible(out, std::string_view(&letter, 1));
     if (const std::string_view name = NameOf(record.kind); !name.empty())
-      heading.append(", ").append(name);
-    heading += ", sequence ";
-    AppendDotted(heading, record.Seq());
+      out.append(", ").append(name);
+    out += ", sequence ";
+    AppendDotted(out, record.Seq());
   }
-  out.append(style_.paint.Heading(heading)).append("\n");
+  style_.paint.Heading(out, start);
+  out += '\n';
 }
 
 void RecordPrinter::AppendRuled(std::string& out, const ShownRecord& record) const {
@@ -104,8 +116,10 @@ void RecordPrinter::AppendRuled(std::string& out, const ShownRecord& record) con
   const std::string_view ruler = RulerTo(text.size());
   const std::string marks = MarksOf(record, text.size());
   for (size_t from = 0; from < text.size(); from += std::min(fold_, text.size())) {
-    out.append(style_.paint.Aside(std::string(kMargin).append(" ").append(ruler.substr(from, fold_)))).append("\n");
-    out.append(kMargin).append("|");
+    const size_t start = out.size();
+    out.append(kMargin).append(" ").append(ruler.substr(from, fold_));
+    style_.paint.Aside(out, start);
+    out.append("\n").append(kMargin).append("|");
     AppendVisible(out, text.substr(from, fold_));
     out += "|\n";
     if (from < marks.size() && marks.find_first_not_of(' ', from) < from + fold_)
@@ -119,24 +133,23 @@ std::string RecordPrinter::PaintMarks(const std::string& marks) const {
   return marks.find('^') == std::string::npos ? style_.paint.Aside(marks) : style_.paint.Bad(marks);
 }
 
-void RecordPrinter::AppendFields(std::string& out, const ShownRecord& record) const {
-  constexpr size_t kQuotes = 2;
-  size_t nameWidth = 0, textWidth = 0;
-  for (const ShownField& field : record.fields) {
-    if (!IsWorthALine(field))
-      continue;
-    nameWidth = std::max(nameWidth, field.name.size());
-    textWidth = std::max(textWidth, record.TextOf(field).size() + kQuotes);
-  }
-  for (const ShownField& field : record.fields) {
+void RecordPrinter::AppendFields(std::string& out, const ShownRecord& record) {
+  const FieldFronts::Fronts& fronts = fronts_.Of(record);
+  size_t textWidth = 0;
+  for (const ShownField& field : record.fields)
+    if (IsWorthALine(field))
+      textWidth = std::max(textWidth, record.TextOf(field).size());
+  for (size_t i = 0; i < record.fields.size(); ++i) {
+    const ShownField& field = record.fields[i];
     if (!IsWorthALine(field))
       continue;
     const std::string_view text = record.TextOf(field);
-    out += kMargin;
-    AppendPlace(out, field);
-    out.append("  ").append(field.name).append(nameWidth - field.name.size() + 2, ' ');
-    AppendDotted(out, text);
-    out.append(textWidth - text.size() - kQuotes + 2, ' ');
+    out += fronts[i];
+    if (field.sense == Sense::Blank)
+      AppendDottedBlanks(out, text.size());
+    else
+      AppendDotted(out, text);
+    out.append(textWidth - text.size() + 2, ' ');
     AppendRemark(out, field, text, money_);
     out.resize(TrimRight(out).size());
     out += '\n';
@@ -144,7 +157,7 @@ void RecordPrinter::AppendFields(std::string& out, const ShownRecord& record) co
 }
 
 void PrintRecords(std::ostream& out, const std::vector<ShownRecord>& records, const ShownStyle& style) {
-  const RecordPrinter printer(style);
+  RecordPrinter printer(style);
   std::string text;
   for (const ShownRecord& record : records) printer.Append(text, record);
   out << text;

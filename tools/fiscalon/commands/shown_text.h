@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/fiscalon/commands/field_fronts.h"
 #include "tools/fiscalon/context.h"
 #include "tools/reading/field_remark.h"
 #include "tools/reading/shown_record.h"
@@ -28,17 +29,18 @@ class RecordPrinter {
  public:
   explicit RecordPrinter(const ShownStyle& style);
 
-  void Append(std::string& out, const ShownRecord& record) const;
+  void Append(std::string& out, const ShownRecord& record);
 
  private:
   void AppendHeading(std::string& out, const ShownRecord& record) const;
   void AppendRuled(std::string& out, const ShownRecord& record) const;
-  void AppendFields(std::string& out, const ShownRecord& record) const;
+  void AppendFields(std::string& out, const ShownRecord& record);
   std::string PaintMarks(const std::string& marks) const;
 
   ShownStyle style_;
   MoneyWords money_;
   size_t fold_;
+  FieldFronts fronts_;
 };
 
 /// Each of them, one behind the other.

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <vector>
+
 #include "tests/support/ruled_record.h"
 #include "tests/tools/fiscalon/command_line.h"
 
@@ -56,6 +58,31 @@ TEST_F(ShowCommand, TakesEachRecordApartUnderARuler) {
   EXPECT_EQ(seen.status, 0);
   EXPECT_EQ(seen.out, "a.pc4\n\n" + shownGovernment_ + shownFree_ + "2 lines, nothing wrong\n");
   EXPECT_THAT(seen.err, IsEmpty());
+}
+
+TEST_F(ShowCommand, ShowsEachRecordAsItIsWhateverStandsBeforeIt) {
+  // Records of one kind by their table, longer by a digit, cut off, and by the table again, and of other kinds.
+  const std::string longer = "PC40001F01-000000000000000012" + std::string(132, ' ');
+  const std::vector<std::string> records = {
+      government_, free_,   Ruled("PC40003R20260615 000012345A-17"), free_, longer, free_.substr(0, 40),
+      free_,       "hello", Ruled("PC40004I20260615000012345A-17"),  free_};
+  std::string lines;
+  for (const std::string& record : records) lines += Line(record);
+  Write("a.pc4", lines);
+  std::string text, json;
+  for (size_t i = 1; i <= records.size(); ++i) {
+    const std::string line = " --line " + std::to_string(i);
+    const std::string shown = Run("fiscalon show a.pc4" + line).out;
+    const size_t heading = shown.find("line "), end = shown.find("1 line picked");
+    text += shown.substr(heading, end - heading);
+    json += Run("fiscalon show a.pc4 --json-lines" + line).out;
+  }
+  EXPECT_THAT(Run("fiscalon show a.pc4").out, testing::StartsWith("a.pc4\n\n" + text + "10 lines, "));
+  EXPECT_EQ(Run("fiscalon show a.pc4 --json-lines").out, json);
+  EXPECT_THAT(text, AllOf(HasSubstr("line 5: F, free format, sequence \"0001\"\n"),
+                          HasSubstr("\n      11-29  FieldValue  \"-000000000000000012\"  -12, as cents "),
+                          HasSubstr("\n      31-48  FieldValue  \"0000000000\"          cut off\n"),
+                          HasSubstr("\n      49-50  FieldNum    \"\"                    missing\n")));
 }
 
 TEST_F(ShowCommand, NamesFieldsByTheScreen) {

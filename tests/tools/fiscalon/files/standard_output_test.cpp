@@ -3,7 +3,9 @@
 #include <pty.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "tests/tools/fiscalon/command_line.h"
 
@@ -110,6 +112,19 @@ TEST_F(StandardOutput, LeavesATerminalOfItsOwnToProgress) {
   const Terminal both;
   EXPECT_EQ(Run("export NO_COLOR=1; fiscalon show a.pc4 --line 21900 >" + both.Path() + " 2>" + both.Path()).status, 1);
   EXPECT_THAT(both.Shown(), testing::AllOf(HasSubstr("line 21900: no record"), Not(HasSubstr("records  "))));
+}
+
+TEST_F(StandardOutput, IsToldOfOnATerminalAsABatchIsMade) {
+  // The list of so many payments goes out in more than one piece, the first of 1 MiB.
+  const Terminal terminal;
+  EXPECT_EQ(Run("fiscalon generate --payments 80000 --screen 03 --out big >out 2>" + terminal.Path()).status, 0);
+  const std::string list = Read("big.csv").substr(0, size_t{1} << 20);
+  const auto made = std::count(list.begin(), list.end(), '\n') - 1;
+  const std::string thousands = std::to_string(made / 1000) + "," + std::to_string(1000 + made % 1000).substr(1);
+  EXPECT_THAT(terminal.Shown(),
+              testing::AllOf(HasSubstr("\r" + thousands + " payments  " +
+                                       std::to_string(std::lround(static_cast<double>(made) / 800)) + " %"),
+                             testing::EndsWith("\r\x1B[K")));
 }
 
 TEST_F(StandardOutput, FoldsRecordsToTheTerminal) {

@@ -1,0 +1,38 @@
+#include "tools/reading/visible_text.h"
+
+#include <gtest/gtest.h>
+
+namespace fiscalon {
+namespace {
+
+TEST(IsPlain, LooksAtEachCharacterOfATextOfAnyLength) {
+  for (size_t length = 0; length <= 40; ++length) {
+    std::string text(length, '~');
+    EXPECT_TRUE(IsPlain(text)) << length;
+    for (char& character : text) {
+      for (int code = 0; code < 256; ++code) {
+        character = static_cast<char>(code);
+        EXPECT_EQ(IsPlain(text), code >= 0x20 && code <= 0x7E) << length << ", " << code;
+      }
+      character = ' ';
+    }
+  }
+}
+
+TEST(DottedText, ShowsTheBlanksAtBothEndsHoweverMany) {
+  EXPECT_EQ(DottedText(""), "\"\"");
+  EXPECT_EQ(DottedText(" a b  "), "\"\u00B7a b\u00B7\u00B7\"");
+  for (const size_t blanks : {1, 59, 60, 61, 120, 121, 300}) {
+    std::string dots;
+    for (size_t i = 0; i < blanks; ++i) dots += "\u00B7";
+    EXPECT_EQ(DottedText(std::string(blanks, ' ')), '"' + dots + '"');
+    EXPECT_EQ(DottedText("a" + std::string(blanks, ' ')), "\"a" + dots + '"');
+    EXPECT_EQ(DottedText(std::string(blanks, ' ') + "a"), '"' + dots + "a\"");
+    std::string appended;
+    AppendDottedBlanks(appended, blanks);
+    EXPECT_EQ(appended, '"' + dots + '"');
+  }
+}
+
+}  // namespace
+}  // namespace fiscalon

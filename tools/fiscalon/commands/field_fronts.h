@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "tools/reading/shown_record.h"
+
+namespace fiscalon {
+
+/// What is printed in front of the text of each field of a record. It is the same for all records of a kind whose
+/// fields stand where the table of their kind has them, as nearly all do: for those it is put together once.
+class FieldFronts {
+ public:
+  using Fronts = std::vector<std::string>;
+
+  /// `write` puts them together, one for each field.
+  explicit FieldFronts(void (*write)(const ShownRecord& record, Fronts& fronts)) : write_(write) {}
+
+  /// They hold until the next record is asked for.
+  const Fronts& Of(const ShownRecord& record) {
+    if (!record.FollowsTable()) {
+      Write(record, others_);
+      return others_;
+    }
+    Fronts& fronts = byKind_[static_cast<unsigned char>(record.kind)];
+    if (fronts.size() != record.fields.size())
+      Write(record, fronts);
+    return fronts;
+  }
+
+ private:
+  void Write(const ShownRecord& record, Fronts& fronts) const {
+    fronts.clear();
+    write_(record, fronts);
+  }
+
+  void (*write_)(const ShownRecord& record, Fronts& fronts);
+  std::array<Fronts, 256> byKind_ = {};
+  Fronts others_;
+};
+
+}  // namespace fiscalon
