@@ -457,7 +457,7 @@ namespace Fiscalon
         /// typed amount means cents.</summary>
         public Levyra() =>
             handle = new Handle(Handle.Made(Native.fiscalon_payment_create), Native.fiscalon_payment_destroy);
-                
+
         /// <summary>The host's customer number. The error log names it from then on.</summary>
         public string ZelmorNumber
         {
@@ -550,10 +550,10 @@ namespace Fiscalon
             get => handle.Number(Native.fiscalon_payment_get_ap_hold_flg);
             set => Call.Check(Native.fiscalon_payment_set_ap_hold_flg(handle, value));
         }
-                
+
         /// <summary>Always false.</summary>
         public bool ShowGST58 => handle.Number(Native.fiscalon_payment_get_show_gst58) != 0;
-        
+
         /// <summary><see cref="HostBoolean.True"/>, and nothing else: records go to the file; else to a collection.
         /// Error 6 for a number that 16 bits do not hold.</summary>
         public int WriteFile
@@ -561,7 +561,7 @@ namespace Fiscalon
             get => handle.Number(Native.fiscalon_payment_get_write_file);
             set => Call.Check(Native.fiscalon_payment_set_write_file(handle, value));
         }
-                
+
         /// <summary>The records of the last screen that ended with OK and without a file: the screen's own collection,
         /// which its next output empties. Null where there is none.</summary>
         public PC4s PC4Records
@@ -577,14 +577,14 @@ namespace Fiscalon
         }
         /// <summary>Any number but 0 turns the play-by-play log on, for the whole process.</summary>
         public static int PlayByPlayEnabled { set => Call.Check(Native.fiscalon_set_play_by_play_enabled(value)); }
-        
+
         /// <summary>The folder of both logs, for the whole process.</summary>
         public static string MainPath { set => Call.Check(Native.fiscalon_set_main_path(Utf8.Bytes(value))); }
-        
+
         /// <summary>The host's session number, whose last three digits stand in lines of the error log. Error 6 beyond
         /// 32 bits.</summary>
         public static double SessionNumber { set => Call.Check(Native.fiscalon_set_session_number(value)); }
-        
+
         /// <summary>Shows the screen of a two-digit code and waits for the user. True: OK was chosen, and the records
         /// are in the file or in <see cref="PC4Records"/>. False: nothing was written. What a routine of a scripted
         /// user throws comes out of it; errors of the library have the source "Fiscalon.ShowLevyraScreen".</summary>
@@ -595,7 +595,7 @@ namespace Fiscalon
             Routines.HandOut(() => Call.Check(Native.fiscalon_payment_show(handle, code, out chosen)));
             return chosen != 0;
         }
-        
+
         /// <summary>Lets go of it. A payment whose screen is open goes when the show ends.</summary>
         public void Dispose() => handle.Dispose();
     }
@@ -611,7 +611,7 @@ namespace Fiscalon
         /// <summary>A check of nothing yet.</summary>
         public clsValidateAddInfo() =>
             handle = new Handle(Handle.Made(Native.fiscalon_check_create), Native.fiscalon_check_destroy);
-                
+
         /// <summary>"03" or "20": whose rules the records must keep.</summary>
         public string ScreenCode
         {
@@ -706,7 +706,7 @@ namespace Fiscalon
         /// <summary>Whether the records keep all rules; <see cref="InvalidReason"/> tells the rest. A failure in a rule
         /// is a reason, and a line of the error log; one in writing that log is an exception.</summary>
         public bool IsInfoValid() => handle.Number(Native.fiscalon_check_is_info_valid) != 0;
-        
+
         /// <summary>Lets go of it.</summary>
         public void Dispose() => handle.Dispose();
     }
@@ -716,15 +716,15 @@ namespace Fiscalon
     {
         /// <summary>The library's version, such as "1.0.0".</summary>
         public static string Version => Utf8.Text(Native.fiscalon_version());
-        
+
         /// <summary>The C interface that the library has.</summary>
         public static int Interface => Native.fiscalon_c_interface();
-        
+
         /// <summary>Installs what shows forms: "qt", "win32", "terminal" or "scripted"; null takes it away. Error 1008
         /// says what is missing and which package brings it.</summary>
         public static void UseFrontEnd(string name) =>
             Call.Check(Native.fiscalon_use_front_end(Utf8.BytesOrNull(name)));
-        
+
         /// <summary>Why a front end can't be installed here and now, in one line; empty where it can.</summary>
         public static string FrontEndHindrance(string name)
         {
@@ -734,11 +734,11 @@ namespace Fiscalon
                 return Utf8.Text(reason);
             }
         }
-        
+
         /// <summary>The folder of front ends that are loaded on demand; null for the usual one.</summary>
         public static void UseFrontEndFolder(string path) =>
             Call.Check(Native.fiscalon_use_front_end_folder(Utf8.BytesOrNull(path)));
-        
+
         /// <summary>Installs the front end that needs no display, with routines that play the user.</summary>
         public static void UseScriptedUser(ScriptedUser user) => Call.Of(user, nameof(user)).Install();
 
@@ -746,19 +746,19 @@ namespace Fiscalon
         /// 100.</summary>
         public static void UseFixedClock(DateTime now) => Call.Check(
             Native.fiscalon_use_fixed_clock(now.Year, now.Month, now.Day, now.Hour, now.Minute, now.Second));
-        
+
         /// <summary>Has the user be one of "en-CA", "en-US" or "fr-CA" until <see cref="ResetModule"/>; "system" goes
         /// by the system again. Error 5 for another name.</summary>
         public static void UseLocale(string name) => Call.Check(Native.fiscalon_use_locale(Utf8.Bytes(name)));
-        
+
         /// <summary>Has forms and boxes be shown in "en" or "fr" until <see cref="ResetModule"/>; a form that is up
         /// keeps its own. Error 5 for another name. Only what the user reads changes.</summary>
         public static void UseLanguage(string name) => Call.Check(Native.fiscalon_use_language(Utf8.Bytes(name)));
-        
+
         /// <summary>Puts the library back to how it is when it has just been loaded. Objects of the host stay, and keep
         /// their properties.</summary>
         public static void ResetModule() => Call.Check(Native.fiscalon_reset());
-        
+
         /// <summary>The text of bytes in Windows-1252, in which record files and logs are.</summary>
         public static string TextOf(byte[] bytes)
         {
@@ -769,7 +769,7 @@ namespace Fiscalon
             Call.Check(Native.fiscalon_to_utf8(given, size, utf8, new UIntPtr((uint)utf8.Length), out needed));
             return Encoding.UTF8.GetString(utf8, 0, (int)needed);
         }
-        
+
         /// <summary>The bytes of a text in Windows-1252. Error 1003 for a character that has no place there.</summary>
         public static byte[] BytesOf(string text)
         {
@@ -781,7 +781,7 @@ namespace Fiscalon
             Array.Resize(ref bytes, (int)needed);
             return bytes;
         }
-            }
+    }
 
     /// <summary>One reason against a payment, and where it lies.</summary>
     public sealed class Fault
@@ -1046,7 +1046,7 @@ namespace Fiscalon
                 throw error.Number == ErrorNumber.Batch ? new BatchException(error, problems) : error;
             }
         }
-        
+
         private static Verdict[] BlockOf(IntPtr place, int count)
         {
             var block = new Verdict[count];
@@ -1068,7 +1068,7 @@ namespace Fiscalon
         /// <summary>A judge of today.</summary>
         public Judge() =>
             handle = new Handle(Handle.Made(Native.fiscalon_judge_create), Native.fiscalon_judge_destroy);
-                
+
         /// <summary>Whether a payment's records, without quotes, meet the rules of its screen, and why not; where its
         /// faults lie too, if that is wanted, their lines being which record it is, from 1.</summary>
         public Verdict Payment(string screenCode, string billerCode, long cents, IEnumerable<string> records,
@@ -1093,7 +1093,7 @@ namespace Fiscalon
                 foreach (Pinned text in texts) text.Dispose();
             }
         }
-        
+
         /// <summary>Lets go of it.</summary>
         public void Dispose() => handle.Dispose();
     }
@@ -1281,22 +1281,22 @@ namespace Fiscalon
 
         /// <summary>Such as "frmDueDateAmount".</summary>
         public string Name => Call.Text(Open, Native.fiscalon_form_get_name);
-        
+
         /// <summary>Whether it is still up.</summary>
         public bool IsUp => pointer != IntPtr.Zero && Call.Number(pointer, Native.fiscalon_form_is_up) != 0;
-        
+
         /// <summary>Whether it counts as accepted by now, which the show's result will tell.</summary>
         public bool Chosen => Call.Number(Open, Native.fiscalon_form_get_chosen) != 0;
 
         /// <summary>The title of its window.</summary>
         public string Title => Call.Text(Open, Native.fiscalon_form_get_title);
-        
+
         /// <summary>The name of the control that has the focus; empty where none has.</summary>
         public string Focus => Call.Text(Open, Native.fiscalon_form_get_focus);
-        
+
         /// <summary>What it says without a box; empty mostly.</summary>
         public string Status => Call.Text(Open, Native.fiscalon_form_get_status);
-        
+
         /// <summary>All controls as they are now, in the order of the form.</summary>
         public IReadOnlyList<Control> Controls
         {
@@ -1312,7 +1312,7 @@ namespace Fiscalon
                 return controls;
             }
         }
-                
+
         /// <summary>A control as it is now. Error 5 for a name that none has.</summary>
         public Control ControlNamed(string name)
         {
@@ -1320,39 +1320,39 @@ namespace Fiscalon
             Call.Check(Native.fiscalon_form_control_of(Open, Utf8.Bytes(name), ref told));
             return new Control(told);
         }
-        
+
         /// <summary>A row of a list, from 0. Error 9 for another; 5 for what is no list.</summary>
         public string Row(string control, int row)
         {
             Call.Check(Native.fiscalon_form_get_row(Open, Utf8.Bytes(control), row, out IntPtr text));
             return Utf8.Text(text);
         }
-        
+
         /// <summary>Types each character into the control that has the focus by then; a tab goes on to the next
         /// control. Error 1010 where the form closes before the last one.</summary>
         public void Type(string text) => Call.Check(Native.fiscalon_form_type(Open, Utf8.Bytes(text)));
-        
+
         /// <summary>Tab, Shift+Tab, Enter, Shift+Enter, Ctrl+Enter, Escape, Backspace, Delete, Space, Left, Right, Up,
         /// Down, Home, End or Alt+LETTER.</summary>
         public void PressKey(string key) => Call.Check(Native.fiscalon_form_press_key(Open, Utf8.Bytes(key)));
-        
+
         /// <summary>Presses the mouse on a control without releasing it.</summary>
         public void PressMouse(string control) =>
             Call.Check(Native.fiscalon_form_press_mouse(Open, Utf8.Bytes(control)));
-        
+
         /// <summary>Presses the mouse on a control and releases it.</summary>
         public void Click(string control) => Call.Check(Native.fiscalon_form_click(Open, Utf8.Bytes(control)));
-        
+
         /// <summary>Picks a row of a list, from 0.</summary>
         public void Choose(string control, int row) =>
             Call.Check(Native.fiscalon_form_choose(Open, Utf8.Bytes(control), row));
-        
+
         /// <summary>Pastes over the selection of the control that has the focus.</summary>
         public void Paste(string text) => Call.Check(Native.fiscalon_form_paste(Open, Utf8.Bytes(text)));
-        
+
         /// <summary>Closes the window.</summary>
         public void Close(CloseReason reason) => Call.Check(Native.fiscalon_form_close(Open, (int)reason));
-            }
+    }
 
     /// <summary>Routines that play the user of a form, without a display. Each may be null. What one throws ends the
     /// show and comes out of it.</summary>
@@ -1409,7 +1409,7 @@ namespace Fiscalon
             installed = user;
             GC.KeepAlive(installed);
         }
-            }
+    }
 
     /// <summary>What the routines of the host's throw while a screen is shown.</summary>
     internal static class Routines
@@ -1516,7 +1516,7 @@ namespace Fiscalon
             Native.fiscalon_last_error(ref error);
             return new FiscalonException(error.number, Utf8.Text(error.description), Utf8.Text(error.source));
         }
-        
+
         internal static T Of<T>(T given, string name) where T : class => given ?? throw new ArgumentNullException(name);
 
         internal static int Number(IntPtr form, NumberOf<IntPtr> get)

@@ -6,6 +6,7 @@
 - In the header for C a comment holds for all declarations up to the next comment or blank line; the operations of one kind
   of collection are told of for the others too.
 - The help texts of the interfaces for Windows, which editors there show, are their comments.
+- What stands at the head of the file for C# is said of its namespace.
 
     api_filter.py FILE > WHAT_DOXYGEN_READS"""
 
@@ -81,8 +82,20 @@ def interfaces(text):
     yield ATTRIBUTES.sub(commented, re.sub(r"(?m)^ *(?:importlib\(.*|\[.*\bhidden\b.*)$", "", text))
 
 
+def c_sharp(text):
+    """The file for C#, whose head is said of its whole namespace."""
+    lines = text.split("\n")
+    head = next(number for number, line in enumerate(lines) if not line.startswith("//"))
+    for number, line in enumerate(lines):
+        if number < head:
+            yield f"///{' @namespace Fiscalon' if number == 0 else ''}{line[2:]}"
+        else:
+            # Constructors that are expressions behind an initializer are more than Doxygen knows of the language.
+            yield re.sub(r"( : (?:base|this)\(.*\)) => .*;$", r"\1 { }", line)
+
+
 def main(path):
-    read = interfaces if path.suffix == ".idl" else c_header if path.name == "c.h" else header
+    read = {".idl": interfaces, ".cs": c_sharp}.get(path.suffix) or (c_header if path.name == "c.h" else header)
     sys.stdout.write("\n".join(read(path.read_text(encoding="utf-8"))))
 
 

@@ -31,6 +31,7 @@ class Fault(NamedTuple):
     line: int
     #: The field's number; empty where no numbered field is meant.
     field: str
+    #: The field's name.
     name: str
     #: What was found there, without the blanks behind it.
     value: str
@@ -117,14 +118,18 @@ class _WholeVerdict(Verdict):
 class BatchCounts(NamedTuple):
     """What a batch came to, or has come to by now."""
 
+    #: How many payments were judged.
     payments: int
+    #: How many of them are bad.
     invalid: int
-    #: Of records that were judged, and of how many; 0 where that is not known.
+    #: How many bytes of records were judged.
     bytes: int
+    #: Of how many; 0 where that is not known.
     total_bytes: int
 
     @property
     def valid(self) -> int:
+        """How many of them are good."""
         return self.payments - self.invalid
 
 

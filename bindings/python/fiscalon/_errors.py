@@ -99,6 +99,7 @@ class BatchProblem(NamedTuple):
     file: str
     #: From 1; 0 where the problem is the file's own.
     line: int
+    #: Why, in a sentence.
     reason: str
 
     def __str__(self) -> str:
@@ -111,40 +112,40 @@ class BatchError(FiscalonError, ValueError):
     def __init__(self, number: int, description: str, source: str = "Fiscalon",
                  problems: Optional[List[BatchProblem]] = None) -> None:
         super().__init__(number, description, source)
+        #: What keeps the batch from being judged.
         self.problems: List[BatchProblem] = problems or []
 
 
 class ErrorNumber:
     """The numbers by name."""
 
-    INVALID_PROCEDURE_CALL = 5
-    OVERFLOW = 6
-    OUT_OF_MEMORY = 7
-    SUBSCRIPT_OUT_OF_RANGE = 9
-    TYPE_MISMATCH = 13
-    FILE_NOT_FOUND = 53
-    DISK_FULL = 61
-    PERMISSION_DENIED = 70
-    PATH_FILE_ACCESS = 75
-    PATH_NOT_FOUND = 76
-    OBJECT_NOT_SET = 91
-    ALREADY_SHOWN = 400
-    DUPLICATE_KEY = 457
-    INVALID_SCREEN_TYPE = -2147221503
-    NULL_POINTER = 1001
-    NO_HANDLE = 1002
-    TEXT = 1003
-    STRUCT_SIZE = 1004
-    THREAD = 1005
-    BUSY = 1006
-    FORKED = 1007
-    FRONT_END = 1008
-    CALLBACK = 1009
-    FORM_CLOSED = 1010
-    BATCH = 1011
-    UNFORESEEN = 1012
-    #: Of this package: a form in a process of its own.
-    PROGRAM = 1100
+    INVALID_PROCEDURE_CALL = 5  #: An unknown key, or a text that does not fit its columns.
+    OVERFLOW = 6  #: A number beyond its range.
+    OUT_OF_MEMORY = 7  #: Nothing is leaked; the same call may be made again.
+    SUBSCRIPT_OUT_OF_RANGE = 9  #: An unknown position.
+    TYPE_MISMATCH = 13  #: A value of another kind.
+    FILE_NOT_FOUND = 53  #: An older record file is not there any more.
+    DISK_FULL = 61  #: The disk is full.
+    PERMISSION_DENIED = 70  #: An older record file can't be deleted.
+    PATH_FILE_ACCESS = 75  #: A file can't be opened.
+    PATH_NOT_FOUND = 76  #: A folder is missing.
+    OBJECT_NOT_SET = 91  #: No front end is installed, or an object was closed.
+    ALREADY_SHOWN = 400  #: The form is being shown already.
+    DUPLICATE_KEY = 457  #: A key that is taken.
+    INVALID_SCREEN_TYPE = -2147221503  #: A code that no screen has.
+    NULL_POINTER = 1001  #: A pointer that is missing; no call of this package leaves one out.
+    NO_HANDLE = 1002  #: An object that is gone.
+    TEXT = 1003  #: A text that Windows-1252 has no place for.
+    STRUCT_SIZE = 1004  #: A library of another version.
+    THREAD = 1005  #: Not from this thread.
+    BUSY = 1006  #: Not while a screen is open or a batch is being judged.
+    FORKED = 1007  #: Not in a child of the process that began it.
+    FRONT_END = 1008  #: No such front end, or not installed, or nothing to show forms on.
+    CALLBACK = 1009  #: A routine of the host's failed.
+    FORM_CLOSED = 1010  #: An act on a form that is no longer up.
+    BATCH = 1011  #: Files of a batch can't be read or don't line up; no verdict counts.
+    UNFORESEEN = 1012  #: A defect.
+    PROGRAM = 1100  #: Of this package: a form in a process of its own.
 
 
 _CLASSES: Dict[int, Type[FiscalonError]] = {

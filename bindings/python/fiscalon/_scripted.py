@@ -15,28 +15,28 @@ from ._errors import ErrorNumber, FiscalonError, FormClosedError, InvalidCallErr
 class BoxStyle(IntEnum):
     """What kind of a message a box brings."""
 
-    PLAIN = 0
-    CRITICAL = 1
-    QUESTION = 2
-    EXCLAMATION = 3
-    INFORMATION = 4
+    PLAIN = 0  #: No mark.
+    CRITICAL = 1  #: An error.
+    QUESTION = 2  #: A question.
+    EXCLAMATION = 3  #: A warning.
+    INFORMATION = 4  #: News.
 
 
 class Buttons(IntEnum):
     """Which buttons a box has."""
 
-    OK = 0
-    OK_CANCEL = 1
-    YES_NO = 2
+    OK = 0  #: OK.
+    OK_CANCEL = 1  #: OK and Cancel.
+    YES_NO = 2  #: Yes and No.
 
 
 class Answer(IntEnum):
     """Which button of a box was pressed."""
 
-    OK = 0
-    CANCEL = 1
-    YES = 2
-    NO = 3
+    OK = 0  #: OK.
+    CANCEL = 1  #: Cancel.
+    YES = 2  #: Yes.
+    NO = 3  #: No.
 
 
 _OFFERED = {Buttons.OK: (Answer.OK,), Buttons.OK_CANCEL: (Answer.OK, Answer.CANCEL), Buttons.YES_NO: (Answer.YES, Answer.NO)}
@@ -45,34 +45,37 @@ _OFFERED = {Buttons.OK: (Answer.OK,), Buttons.OK_CANCEL: (Answer.OK, Answer.CANC
 class ControlKind(IntEnum):
     """What a control is."""
 
-    LABEL = 0
-    TEXT_FIELD = 1
-    BUTTON = 2
-    CHECK_BOX = 3
-    OPTION_BUTTON = 4
-    DROP_DOWN_LIST = 5
-    LIST_BOX = 6
-    FRAME = 7
+    LABEL = 0  #: A label.
+    TEXT_FIELD = 1  #: A text field.
+    BUTTON = 2  #: A push button.
+    CHECK_BOX = 3  #: A check box.
+    OPTION_BUTTON = 4  #: An option button.
+    DROP_DOWN_LIST = 5  #: A list that drops down.
+    LIST_BOX = 6  #: A list.
+    FRAME = 7  #: A frame around others.
 
 
 class CloseReason(IntEnum):
     """Why a window closes."""
 
-    CLOSE_BOX = 0
-    CODE = 1
-    SYSTEM_ENDS = 2
-    TASK_MANAGER = 3
-    PARENT_CLOSES = 4
-    OWNER_CLOSES = 5
+    CLOSE_BOX = 0  #: By its close box.
+    CODE = 1  #: By code.
+    SYSTEM_ENDS = 2  #: The system ends.
+    TASK_MANAGER = 3  #: The task manager ends the program.
+    PARENT_CLOSES = 4  #: The window that holds it closes.
+    OWNER_CLOSES = 5  #: The window that owns it closes.
 
 
 class Box(NamedTuple):
     """A message box that is up."""
 
+    #: What it says.
     text: str
     #: Empty: the host application's own name is shown.
     title: str
+    #: What kind of a message it brings.
     style: BoxStyle
+    #: Which buttons it has.
     buttons: Buttons
     #: What Enter answers.
     default_answer: Answer
@@ -89,6 +92,7 @@ class Control(NamedTuple):
 
     #: As handlers bear it; members of arrays are named "Box(3)".
     name: str
+    #: What it is.
     kind: ControlKind
     #: A field's text, a button's or label's caption as designed, a list's selected row.
     text: str
@@ -96,9 +100,13 @@ class Control(NamedTuple):
     selection: str
     #: The rows of a list.
     items: int
+    #: Whether it is checked, or on.
     checked: bool
+    #: Whether it takes no entry.
     locked: bool
+    #: Whether it takes the focus.
     enabled: bool
+    #: Whether it is seen.
     visible: bool
 
 

@@ -33,6 +33,7 @@ class ScenarioError(Exception):
 
     def __init__(self, file: str, line: int, reason: str) -> None:
         super().__init__(file, line, reason)
+        #: Where, and why.
         self.file, self.line, self.reason = file, line, reason
 
     def __str__(self) -> str:
@@ -44,6 +45,7 @@ class ScenarioFailure(AssertionError):
 
     def __init__(self, file: str, line: int, source: str, expected: str, seen: str) -> None:
         super().__init__(file, line, source, expected, seen)
+        #: Where, the line as it is written, and what it told.
         self.file, self.line, self.source, self.expected, self.seen = file, line, source, expected, seen
 
     def __str__(self) -> str:
@@ -53,20 +55,26 @@ class ScenarioFailure(AssertionError):
 class Line(NamedTuple):
     """One line that says something."""
 
+    #: Of the file, from 1.
     number: int
+    #: What it asks for, such as "click" or "expect message".
     verb: str
+    #: The words behind it.
     arguments: List[str]
+    #: As it is written.
     source: str
 
 
 class Scenario(NamedTuple):
     """One scenario, as it is played for one screen."""
 
+    #: The file's name.
     file: str
     #: Empty where the file is one scenario.
     name: str
     #: Empty where the file names no screens.
     screen: str
+    #: What it says, in order.
     lines: List[Line]
 
     @property
@@ -548,6 +556,7 @@ def play(scenario: Scenario, *, today: Optional[datetime.date] = None, locale: s
 
 
 def main(arguments: List[str]) -> int:
+    """Plays files, as the module does that is run, and gives its exit status."""
     if not arguments or arguments[0].startswith("-"):
         print(__doc__, file=sys.stderr)
         return 2

@@ -25,8 +25,9 @@ import pytest
 import fiscalon
 from fiscalon import play
 
-#: When it is, and who the user is, in every test that asks for these fixtures.
+#: When it is in every test that asks for these fixtures.
 TODAY = datetime.datetime(2026, 6, 15, 13, 5, 9)
+#: Who the user is in them.
 LOCALE = "en-CA"
 
 
