@@ -330,6 +330,37 @@ class CSharp(unittest.TestCase):
                 self.assertLessEqual(named - {"Dispose"}, {member["name"] for member in members_of(a_class)})
 
 
+class PowerShell(unittest.TestCase):
+    """The host in PowerShell, and its listing in the guide, which run where no test does: they call what there is."""
+
+    # What a name behind a dot is used for, by what comes behind it.
+    USE = re.compile(r"(\$\w+)\.(\w+)(\(| = )?")
+
+    def uses_of(self, text):
+        """(class, member, kind) of all that is done with an object of the component's."""
+        classes = dict(re.findall(r"(\$\w+) = New-Object -ComObject Fiscalon\.(\w+)", text))
+        self.assertEqual(len(classes), text.count("-ComObject"))
+        for name in classes.values():
+            self.assertTrue(CLASSES[name]["creatable"], name)
+        for member, collection in re.findall(r"foreach \((\$\w+) in (\$\w+\.\w+)\)", text):
+            owner, _, name = collection.partition(".")
+            kept = next(each["type"] for each in members_of(CLASSES[classes[owner]]) if each["name"] == name)
+            classes[member] = CLASSES[kept]["of"]
+        for variable, name, behind in self.USE.findall(text):
+            if variable in classes:
+                yield classes[variable], name, {"(": {"call"}, " = ": {"let", "set"}}.get(behind, {"get"})
+
+    def test_uses_what_the_classes_have(self):
+        guide = re.search(r"(?ms)^## From PowerShell\n(.*?)^## ", read("docs/windows-guide.md"))[1]
+        for text, least in ((read("examples/windows/payment.ps1"), 20), (guide, 6)):
+            uses = list(self.uses_of(text))
+            self.assertGreaterEqual(len(uses), least)
+            for name, member, kinds in uses:
+                with self.subTest(f"{name}.{member}"):
+                    told = {kind for each in members_of(CLASSES[name]) if each["name"] == member for kind in each["kinds"]}
+                    self.assertTrue(kinds & told, (kinds, told))
+
+
 class Guide(unittest.TestCase):
     """The host guide, on all its pages."""
 

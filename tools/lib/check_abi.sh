@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
-# Whether programs that were linked to the shared libraries of this minor version run with those of this tree: they find
-# each other where they are built and where they are installed, a host is built with them and runs, and what the promised
-# headers declare is compared with what is kept in tools/abi. Additions are welcome; anything else needs another minor
-# version, and with it another soname.
+# Whether programs that were linked to the shared libraries of this soname run with those of this tree: they find each
+# other where they are built and where they are installed, hosts are built with them and run, and what the promised
+# headers declare is compared with what is kept in tools/abi. Additions are welcome; anything else needs another soname:
+# in C++ that of another minor version, in C never within version 1.
 #   tools/lib/check_abi.sh           compares
-#   tools/lib/check_abi.sh --write   keeps the interface of a minor version that is begun
+#   tools/lib/check_abi.sh --write   keeps the interface of a version that is begun
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 readonly work=build/abi
-readonly libraries=(fiscalon fiscalon_qt)
+# Each library by the headers that promise it.
+readonly headers=$work/headers/fiscalon
+declare -rA libraries=([fiscalon]=$headers [fiscalon_qt]=$headers [fiscalon-c]=$work/bindings/c/headers)
 
 Usage() {
   sed -n 's/^#   //p' "${BASH_SOURCE[0]}"
@@ -35,14 +37,16 @@ while IFS= read -r file; do
     failed=1
   fi
 done < <(find "$work" -name 'lib*.so' -type f -o -name 'lib*.so' -type l)
-cmake -S examples/host -B "$work/host" -G Ninja -DCMAKE_PREFIX_PATH="$PWD/$work/installed" >/dev/null
-cmake --build "$work/host" >/dev/null
-"$work/host/host" >/dev/null
-for library in "${libraries[@]}"; do
+for host in host c_host; do
+  cmake -S "examples/$host" -B "$work/host/$host" -G Ninja -DCMAKE_PREFIX_PATH="$PWD/$work/installed" >/dev/null
+  cmake --build "$work/host/$host" >/dev/null
+  "$work/host/$host/host" >/dev/null
+done
+for library in "${!libraries[@]}"; do
   file=$(find "$work" -path "$work/installed" -prune -o -name "lib$library.so" -print)
   name=$(Soname "$file")
   now=$work/$name.abi kept=tools/abi/$name.abi
-  abidw --headers-dir "$work/headers/fiscalon" --suppressions tools/lib/abi.ini --drop-private-types \
+  abidw --headers-dir "${libraries[$library]}" --suppressions tools/lib/abi.ini --drop-private-types \
     --drop-undefined-syms --exported-interfaces-only --no-show-locs --no-corpus-path --no-comp-dir-path --no-elf-needed \
     --no-parameter-names --no-write-default-sizes --type-id-style hash "$file" >"$now"
   if [[ "${1:-}" == --write ]]; then
