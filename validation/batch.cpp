@@ -7,6 +7,7 @@
 #include <thread>
 #include <vector>
 
+#include "validation/clock_watch.h"
 #include "validation/judge_payment.h"
 #include "validation/payment_rows.h"
 #include "validation/quick_judge.h"
@@ -293,9 +294,11 @@ class BatchRun {
 }  // namespace
 
 BatchProgress ValidateBatch(ByteSource& payments, ByteSource& records, unsigned jobs, BatchListener& listener) {
+  const ClockWatch clock;
   const BatchProgress counts = BatchRun(payments, records, listener).Run(jobs);
   payments.RefuseChange();
   records.RefuseChange();
+  clock.RefuseSettingBack();
   return counts;
 }
 

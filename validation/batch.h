@@ -62,8 +62,8 @@ class BatchListener {
 /// Judges every payment as `clsValidateAddInfo` would, as of today by the module's clock, on `jobs` threads, and
 /// returns the counts. The listener's calls are the same for any number of threads. Throws `BatchError` where
 /// a file can't be read, a line is no record or row, or the two files do not line up; it names the first
-/// twenty such problems, up to the first place where the files part. Where a file was written to meanwhile it throws
-/// too, and no verdict counts.
+/// twenty such problems, up to the first place where the files part. Where a file was written to meanwhile, or the
+/// module's clock was set back, it throws too, and no verdict counts.
 ///
 /// The sources may be stretches of the two files, as validation/batch_part.h cuts them: lines count from the start of
 /// the files then, and a header stands at the start of the payments list alone.

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <ctime>
+#include <optional>
+
 #include "core/platform/date.h"
 
 namespace fiscalon {
@@ -12,6 +16,10 @@ class Clock {
   /// The moment in the user's time zone.
   virtual DateTime Now() const = 0;
 
+  /// Seconds since a fixed moment, whatever the time zone, to find out whether the clock was set back. Nothing for one
+  /// that does not run.
+  virtual std::optional<int64_t> Seconds() const { return std::nullopt; }
+
   Date Today() const { return Now().date; }
 };
 
@@ -19,6 +27,7 @@ class Clock {
 class SystemClock : public Clock {
  public:
   DateTime Now() const override;
+  std::optional<int64_t> Seconds() const override { return std::time(nullptr); }
 };
 
 /// A clock that stands still, for tests, scenarios and runs that must be repeatable.

@@ -9,6 +9,7 @@
 #include "core/records/record_line.h"
 #include "tools/fiscalon/files/standard_output.h"
 #include "tools/reading/visible_text.h"
+#include "validation/clock_watch.h"
 #include "validation/payment_rows.h"
 
 namespace fiscalon {
@@ -47,6 +48,7 @@ void RefuseEmpty(ByteSource& payments, ByteSource& records) {
 ExitStatus Judge(ByteSource& payments, ByteSource& records, const BatchOptions& options, const Context& context) {
   BatchDesk desk(options.outputs, {options.payments, options.records});
   std::ostream& out = desk.TakesStandardOutput() ? std::cerr : std::cout;
+  const ClockWatch clock;
   try {
     BatchProgress counts;
     if (options.part.of == 1) {
@@ -62,6 +64,7 @@ ExitStatus Judge(ByteSource& payments, ByteSource& records, const BatchOptions& 
   } catch (const EnoughBad& end) {
     payments.RefuseChange();
     records.RefuseChange();
+    clock.RefuseSettingBack();
     const std::string missed = desk.CommitFaults();
     desk.EndProgress();
     if (!missed.empty())

@@ -301,6 +301,28 @@ TEST_F(ValidateBatchFiles, EndsAtTheNthBadPayment) {
   EXPECT_TRUE(Exists("report.csv") && Exists("good"));
 }
 
+#ifdef FISCALON_SET_BACK_CLOCK
+TEST_F(ValidateBatchFiles, AClockThatIsSetBackGivesNoVerdict) {
+  const auto validate = [&](const std::string& options) {
+    return Shell("LD_PRELOAD='" FISCALON_SET_BACK_CLOCK "' fiscalon " + options +
+                 " validate --payments batch.csv --records batch.pc4 --report report.csv --faults faults.csv "
+                 "--max-bad $bad >out 2>err");
+  };
+  // Whether the batch ends at its end or at a bad payment.
+  for (const char* bad : {"5", "1"}) {
+    ::setenv("bad", bad, 1);
+    EXPECT_EQ(validate(""), 2);
+    EXPECT_TRUE(folder.Read("err").starts_with("fiscalon: the clock: it was set back by ")) << folder.Read("err");
+    EXPECT_EQ(folder.Read("out"), "");
+    EXPECT_FALSE(Exists("report.csv") || Exists("faults.csv"));
+    EXPECT_TRUE(LeftNothingBehind());
+  }
+  // The clock says nothing where the day is named.
+  EXPECT_EQ(validate("--today 2026-06-15"), 1);
+  ::unsetenv("bad");
+}
+#endif
+
 TEST_F(ValidateBatchFiles, JudgesPartsWhoseFilesJoined) {
   ASSERT_EQ(Run("generate --payments 500 --screen 20 --bad 0.1 --out big").status, 0);
   const std::string validate = "validate --payments big.csv --records big.pc4 --report r --faults f --good g --bad b ";
