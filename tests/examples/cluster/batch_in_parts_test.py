@@ -13,6 +13,9 @@ import subprocess
 import sys
 import tempfile
 import textwrap
+import threading
+import time
+import types
 import unittest
 import unittest.mock
 from pathlib import Path
@@ -47,6 +50,21 @@ fiscalon.validate_batch = stalling
 """
 
 
+# What a worker loads that begins a part and never goes on with it.
+STALLING = """\
+import fiscalon
+
+
+def stalling(*arguments, **options):
+    with open("{folder}/begun", "w") as told:
+        told.write("begun")
+    open("{folder}/let-go").read()
+
+
+fiscalon.validate_batch = stalling
+"""
+
+
 def command_of_guide(first_words):
     """The indented block of the guide that begins so."""
     blocks = GUIDE.read_text(encoding="utf-8").split("\n\n")
@@ -74,27 +92,37 @@ class BatchInParts(unittest.TestCase):
     def read(self, name):
         return (self.folder / name).read_bytes()
 
-    def start(self, module, *arguments):
+    def start(self, module, *arguments, folder=None):
         log = open(self.folder / "cluster.log", "ab")
         self.addCleanup(log.close)
-        process = subprocess.Popen([sys.executable, "-m", module, "--scheduler-file", "cluster.json", "--no-dashboard",
-                                    *arguments], cwd=self.folder, env=self.environment, stdout=log, stderr=log)
+        process = subprocess.Popen([sys.executable, "-m", module, "--scheduler-file", self.folder / "cluster.json",
+                                    "--no-dashboard", *arguments], cwd=folder or self.folder, env=self.environment, stdout=log, stderr=log)
         self.addCleanup(process.wait)
         self.addCleanup(process.kill)
         return process
+
+    def start_scheduler(self):
+        self.start("distributed.cli.dask_scheduler", "--port", "0", "--host", "127.0.0.1")
+
+    def start_worker(self, *arguments, folder=None):
+        return self.start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0", *arguments,
+                          folder=folder)
+
+    def start_judging(self, parts, *files):
+        judging = subprocess.Popen([sys.executable, EXAMPLE, "--scheduler-file", "cluster.json", "--parts", parts, *files,
+                                    "report.csv", "--", *OPTIONS], cwd=self.folder,
+                                   env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        self.addCleanup(judging.kill)
+        return judging
 
     def test_a_cluster_that_loses_a_worker_gives_the_report_of_one_run(self):
         os.mkfifo(self.folder / "let-go")
         os.mkfifo(self.folder / "worker")
         stalling = self.folder / "stalling.py"
         stalling.write_text(STALLING_ONCE.format(folder=self.folder), encoding="utf-8")
-        self.start("distributed.cli.dask_scheduler", "--port", "0", "--host", "127.0.0.1")
-        workers = [self.start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0", "--preload", stalling)
-                   for _ in range(2)]
-        judging = subprocess.Popen([sys.executable, EXAMPLE, "--scheduler-file", "cluster.json", "--parts", "5",
-                                    "batch.csv", "batch.pc4", "report.csv", "--", *OPTIONS], cwd=self.folder,
-                                   env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
-        self.addCleanup(judging.kill)
+        self.start_scheduler()
+        workers = [self.start_worker("--preload", stalling) for _ in range(2)]
+        judging = self.start_judging("5", "batch.csv", "batch.pc4")
         # Reading waits until a worker is in the middle of a part.
         worker = int((self.folder / "worker").read_text(encoding="ascii"))
         self.assertIn(worker, [each.pid for each in workers])
@@ -106,16 +134,63 @@ class BatchInParts(unittest.TestCase):
         self.assertEqual(self.read("report.csv"), self.whole)
         self.assertEqual([each.name for each in self.folder.glob(".parts-*")], [])
 
+    def test_an_interrupt_does_not_wait_for_a_worker_that_stalls(self):
+        os.mkfifo(self.folder / "let-go")
+        os.mkfifo(self.folder / "begun")
+        stalling = self.folder / "stalling.py"
+        stalling.write_text(STALLING.format(folder=self.folder), encoding="utf-8")
+        self.start_scheduler()
+        self.start_worker("--preload", stalling)
+        judging = self.start_judging("2", "batch.csv", "batch.pc4")
+        self.assertEqual((self.folder / "begun").read_text(encoding="ascii"), "begun")
+        judging.send_signal(signal.SIGINT)
+        _, err = judging.communicate(timeout=60)
+        self.assertEqual(judging.returncode, -signal.SIGINT, err)
+        self.assertEqual([each.name for each in self.folder.glob("*report*")], [])
+        self.assertEqual([each.name for each in self.folder.glob(".parts-*")], [])
+
+    def test_no_verdict_counts_where_a_worker_sees_another_version(self):
+        # The same names, and each process has files of its own there.
+        there = self.folder / "there"
+        there.mkdir()
+        for name in ("batch.csv", "batch.pc4"):
+            (there / name).write_bytes(self.read(name))
+        self.start_scheduler()
+        self.start_worker(folder=there)
+        judging = self.start_judging("2", "/proc/self/cwd/batch.csv", "/proc/self/cwd/batch.pc4")
+        out, err = judging.communicate(timeout=60)
+        self.assertEqual((judging.returncode, out), (2, ""), err)
+        self.assertRegex(err, r"judge_batch: part [12] of 2: \S+ \(tcp://127\.0\.0\.1:\d+\) sees another version of "
+                              r"/proc/self/cwd/batch\.csv: \d+ bytes of ")
+        self.assertFalse((self.folder / "report.csv").exists())
+
+    def run_on_gnu_parallel(self, **environment):
+        command = command_of_guide("today=").replace("$(date +%F)", "2026-06-15").replace("--jobs 1", "--jobs 1 --locale en-CA")
+        return subprocess.run(["bash", "-c", command], cwd=self.folder, env=self.environment | environment,
+                              capture_output=True, text=True, check=False)
+
     def test_the_command_for_gnu_parallel_gives_the_report_of_one_run(self):
-        command = command_of_guide("seq 8 | parallel").replace("--jobs 1", " ".join(["--jobs 1", *OPTIONS]))
-        ended = subprocess.run(["bash", "-c", command], cwd=self.folder, env=self.environment, capture_output=True, text=True,
-                               check=False)
+        ended = self.run_on_gnu_parallel()
         self.assertEqual(ended.returncode, 0, ended.stderr)
         self.assertEqual(self.read("report.csv"), self.whole)
         # Bad payments are no failure of a part.
         statuses = [line.split("\t")[6] for line in (self.folder / "parts.log").read_text().splitlines()[1:]]
         self.assertEqual(len(statuses), 8)
         self.assertLessEqual(set(statuses), {"0", "1"})
+
+    def test_the_command_for_gnu_parallel_gives_no_report_of_two_versions(self):
+        # Who judges the third part has other files where this machine has these.
+        other = self.folder / "other"
+        other.mkdir()
+        stat = self.folder / "stat"
+        stat.write_text('#!/bin/sh\ncase "$PARALLEL_SEQ" in 3) cd other;; esac\nexec /usr/bin/stat "$@"\n', encoding="ascii")
+        stat.chmod(0o755)
+        for name in ("batch.csv", "batch.pc4"):
+            (other / name).write_bytes(self.read(name))
+        ended = self.run_on_gnu_parallel(PATH=f"{self.folder}:{self.environment['PATH']}")
+        self.assertEqual(ended.returncode, 1, ended.stderr)
+        self.assertIn("< batch.csv,", ended.stdout)
+        self.assertFalse((self.folder / "report.csv").exists())
 
 
 class JudgeBatch(unittest.TestCase):
@@ -144,8 +219,8 @@ class JudgeBatch(unittest.TestCase):
         self.assertEqual(whole.returncode, 1)
         self.said = whole.stdout
 
-    def judge(self, *behind, payments="batch.csv", report="report.csv", parts="3", scheduler=None):
-        words = ["--timeout", "5" if scheduler is None else "0", "--scheduler-file", scheduler or os.path.join(self.place.name, "cluster.json"), "--parts", parts,
+    def judge(self, *behind, payments="batch.csv", report="report.csv", parts="3", scheduler=None, stall="60"):
+        words = ["--stall", stall, "--timeout", "5" if scheduler is None else "0", "--scheduler-file", scheduler or os.path.join(self.place.name, "cluster.json"), "--parts", parts,
                  str(self.folder / payments), str(self.folder / "batch.pc4"), str(self.folder / report), *behind]
         out, err = io.StringIO(), io.StringIO()
         with contextlib.redirect_stdout(out), contextlib.redirect_stderr(err), \
@@ -159,9 +234,9 @@ class JudgeBatch(unittest.TestCase):
     def read(self, name):
         return (self.folder / name).read_bytes()
 
-    def refuses(self, complaint, *behind, **judged):
+    def refuses(self, complaint, *behind, expected=2, **judged):
         status, out, err = self.judge(*behind, **judged)
-        self.assertEqual((status, out), (2, ""), err)
+        self.assertEqual((status, out), (expected, ""), err)
         self.assertIn(complaint, err)
         self.assertNotIn("Traceback", err)
         self.assertEqual(list(self.folder.glob(".parts-*")), [])
@@ -218,6 +293,124 @@ class JudgeBatch(unittest.TestCase):
         self.refuses("batch2.csv", payments="batch2.csv")
         self.refuses("there is no scheduler file", scheduler=str(self.folder / "missing.json"))
         self.assertEqual(self.read("report.csv"), b"older\n")
+
+    def blocked(self):
+        """A routine that gives no answer before the test is over."""
+        over = threading.Event()
+        self.addCleanup(over.set)
+        return lambda *_, **__: over.wait()
+
+    def test_gives_up_a_batch_whose_worker_makes_no_progress(self):
+        with unittest.mock.patch("fiscalon.validate_batch", self.blocked()):
+            status, out, err = self.judge(stall="0.5", parts="1")
+        self.assertEqual((status, out), (75, ""), err)
+        self.assertRegex(err, r"^judge_batch: part 1 of 1: \S+ \(\S+\) has made no progress for 0\.5 seconds; ")
+        for place in ("batch.csv", "batch.pc4", ".parts-"):
+            self.assertIn(str(self.folder / place), err)
+        self.assertEqual(sorted(self.folder.glob("*report*")) + sorted(self.folder.glob(".parts-*")), [])
+
+    def test_waits_for_a_worker_that_makes_progress(self):
+        stall = 1.5
+        judge = self.example.fiscalon.validate_batch
+        over = threading.Event()
+
+        def slow(*arguments, on_progress, **options):
+            end = time.monotonic() + 2 * stall
+            while time.monotonic() < end:
+                on_progress(None)
+                over.wait(stall / 20)
+            return judge(*arguments, on_progress=on_progress, **options)
+
+        with unittest.mock.patch("fiscalon.validate_batch", slow):
+            status, _, err = self.judge("--", *OPTIONS, stall=str(stall), parts="1")
+        self.assertEqual(status, 1, err)
+        self.assertEqual(self.read("report.csv"), self.read("whole.csv"))
+
+    def test_gives_up_a_batch_whose_folder_does_not_answer_here(self):
+        for step in ("place_of", "version_of"):
+            with unittest.mock.patch.object(self.example, step, self.blocked()):
+                self.refuses("has not answered this machine for 0.2 seconds", expected=75, stall="0.2")
+        with unittest.mock.patch.object(self.example.os, "replace", self.blocked()):
+            self.refuses("has not answered this machine for 3 seconds", expected=75, stall="3")
+        self.assertFalse((self.folder / "report.csv").exists())
+
+    def test_names_the_parts_that_it_can_not_take_away(self):
+        with unittest.mock.patch.object(self.example.shutil, "rmtree", self.blocked()):
+            status, _, err = self.judge("--", *OPTIONS, stall="3")
+        self.assertEqual(status, 1, err)
+        left, = self.folder.glob(".parts-*")
+        self.assertTrue(err.endswith(f"judge_batch: {left} is left behind\n"), err)
+
+    def test_refuses_a_part_that_was_judged_from_another_version(self):
+        judge_all = self.example.judge_all
+        for name in ("batch.csv", "batch.pc4"):
+            def judge_other(*arguments, name=name):
+                submit = self.example.Client.submit
+
+                def rewrite_and_submit(*arguments, **options):
+                    (self.folder / name).write_bytes(self.read(name))
+                    return submit(*arguments, **options)
+
+                with unittest.mock.patch.object(self.example.Client, "submit", rewrite_and_submit):
+                    return judge_all(*arguments)
+
+            with unittest.mock.patch.object(self.example, "judge_all", judge_other):
+                self.refuses(f"sees another version of {self.folder / name}: ", "--", *OPTIONS)
+        self.assertFalse((self.folder / "report.csv").exists())
+
+    def test_refuses_a_part_whose_file_changes_meanwhile(self):
+        judge = self.example.fiscalon.validate_batch
+
+        def changing(*arguments, **options):
+            verdicts = list(judge(*arguments, **options))
+            (self.folder / "batch.pc4").write_bytes(self.read("batch.pc4"))
+            return verdicts
+
+        with unittest.mock.patch("fiscalon.validate_batch", changing):
+            self.refuses("a file changed while it was read", "--", *OPTIONS, parts="1")
+
+    def test_knows_one_version_from_another(self):
+        ours = (100, 1_781_524_800_123_456_789, "abc")
+        same = [ours, (100, 1_781_524_800_123_456_700, "abc"), (100, 1_781_524_800_000_000_000, "abc")]
+        for there in same:
+            self.assertTrue(self.example.same_version(there, ours) and self.example.same_version(ours, there), there)
+        others = [(101, *ours[1:]), (*ours[:2], "abd"), (100, 1_781_524_801_000_000_000, "abc"),
+                  (100, 1_781_524_800_123_456_788, "abc"), (100, 1_781_524_800_123_455_700, "abc")]
+        for there in others:
+            self.assertFalse(self.example.same_version(there, ours) or self.example.same_version(ours, there), there)
+
+    def test_tells_ends_apart_and_does_not_read_what_lies_between(self):
+        file = self.folder / "large"
+        size = 1 << 40  # of holes, for the most part
+        for end in (0, size - 1):
+            with open(file, "wb") as out:
+                out.truncate(size)
+            os.utime(file, ns=(0, 0))
+            holes = self.example.version_of(file)
+            with open(file, "r+b") as out:
+                out.seek(end)
+                out.write(b"1")
+            os.utime(file, ns=(0, 0))
+            other = self.example.version_of(file)
+            self.assertEqual(holes[:2], other[:2])
+            self.assertFalse(self.example.same_version(holes, other))
+
+    def test_no_verdict_counts_where_the_clock_is_set_back(self):
+        for by, named, expected in ((86400, [], 2), (5, [], 2), (86400, ["--today", "2026-06-15"], 1), (-86400, [], 1)):
+            start = time.mktime((2026, 6, 15, 12, 0, 0, 0, 0, -1))
+            shown = [start - by, start]
+            clock = types.SimpleNamespace(time=lambda: shown.pop() if shown else None, monotonic=time.monotonic)
+            with unittest.mock.patch.object(self.example, "time", clock):
+                status, _, err = self.judge("--", "--locale", "en-CA", *named)
+            self.assertEqual(status, expected, err)
+            said = f"set back by {by} seconds while the batch was judged as of 2026-06-15; "
+            self.assertEqual(said in err, expected == 2, err)
+            self.assertEqual((self.folder / "report.csv").exists(), expected != 2)
+            (self.folder / "report.csv").unlink(missing_ok=True)
+
+    def test_refuses_what_is_no_file(self):
+        os.mkfifo(self.folder / "pipe")
+        self.refuses("parts are cut out of files", payments="pipe")
 
     def test_refuses_options_that_it_decides_itself(self):
         for option in ("--report", "--faults", "--part", "--max-bad", "--jobs"):
