@@ -3,7 +3,6 @@
 #define NCURSES_NOMACROS
 #include <curses.h>
 #include <term.h>
-#include <cstdint>
 
 #include <cstdint>
 #include <stdexcept>
