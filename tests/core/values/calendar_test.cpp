@@ -90,6 +90,11 @@ TEST(AddMonths, KeepsTheDayWhereTheMonthHasIt) {
   EXPECT_EQ(AddMonths({2026, 6, 15}, 0), (Date{2026, 6, 15}));
 }
 
+TEST(AddMonths, ReachesBothEndsOfTheCalendar) {
+  EXPECT_EQ(AddMonths({100, 2, 15}, -1), (Date{100, 1, 15}));
+  EXPECT_EQ(AddMonths({9999, 11, 15}, 1), (Date{9999, 12, 15}));
+}
+
 TEST(AddMonths, EndsWithTheMonthOtherwise) {
   EXPECT_EQ(AddMonths({2026, 1, 31}, 1), (Date{2026, 2, 28}));
   EXPECT_EQ(AddMonths({2024, 1, 31}, 1), (Date{2024, 2, 29}));

@@ -56,6 +56,12 @@ TEST(LeadingNumber, TakesAPointOnEitherSide) {
   EXPECT_EQ(LeadingNumber("5."), 5);
 }
 
+TEST(LeadingNumber, EndsAtTheCharactersBesideDigitsAndThePoint) {
+  EXPECT_EQ(LeadingNumber("1:2"), 1);
+  EXPECT_EQ(LeadingNumber("1/2"), 1);
+  EXPECT_EQ(LeadingNumber("1-2"), 1);
+}
+
 TEST(LeadingNumber, TakesAnExponentAsFarAsItGoes) {
   EXPECT_EQ(LeadingNumber("1e3"), 1000);
   EXPECT_EQ(LeadingNumber("1E3"), 1000);

@@ -74,6 +74,8 @@ TEST(Money, GivesItsFloat) {
 TEST(Money, AddsAndSubtractsExactly) {
   EXPECT_EQ(Money::FromUnits(1000) + Money::FromUnits(2000), Money::FromUnits(3000));
   EXPECT_EQ(Money::FromUnits(1000) - Money::FromUnits(2000), Money::FromUnits(-1000));
+  EXPECT_EQ(Money::FromUnits(1000) + Money::FromUnits(-2000), Money::FromUnits(-1000));
+  EXPECT_EQ(Money::FromUnits(1000) - Money::FromUnits(-2000), Money::FromUnits(3000));
   EXPECT_EQ(-Money::FromUnits(7), Money::FromUnits(-7));
   Money total = Money::FromUnits(5);
   total += Money::FromUnits(6);

@@ -1,0 +1,110 @@
+"""Runs tests with one change on, in as few processes as may be."""
+
+import collections
+import os
+import subprocess
+import time
+
+# A test that takes longer than this, in seconds, is asked when the others have found nothing.
+SLOW = 0.3
+# The sum of all names that one command can have.
+LONGEST_ARGUMENT = 100_000
+
+
+class Judge:
+    """Runs tests, by their programs, with one change on."""
+
+    def __init__(self, build):
+        self.build = build
+        self.times, self.reaching, self.failing = {}, collections.defaultdict(list), []
+
+    def run(self, command, folder, environment, limit, **more):
+        bounds = ["prlimit", f"--cpu={int(limit) + 1}", "--core=0", f"--fsize={1 << 30}"]
+        variables = dict(os.environ, **dict(each.split("=", 1) for each in environment), **more)
+        try:
+            return subprocess.run(
+                [*bounds, *command], cwd=folder, env=variables, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                stderr=subprocess.DEVNULL, timeout=20 * limit + 20, check=False,
+            ).returncode  # fmt: skip
+        except subprocess.TimeoutExpired:
+            return -1
+
+    def look(self, tests):
+        """Runs every test by itself and without a change, and learns which changes it comes by."""
+        reached = self.build.folder / "reached"
+        for test in tests:
+            reached.unlink(missing_ok=True)
+            began = time.monotonic()
+            status = self.run(test.command, test.folder, test.environment, 120, FISCALON_MUTANTS_REACHED=str(reached))
+            self.times[test] = time.monotonic() - began
+            if status:
+                self.failing.append(test.name)
+                continue
+            for number in set(reached.read_text().split()) if reached.exists() else ():
+                self.reaching[int(number)].append(test)
+
+    def kills(self, tests, source, number=0):
+        """Whether any of these tests fails with this change."""
+        for group in self.groups(tests, source):
+            limit = 2 + 4 * sum(self.times[test] for test in group)
+            for command in commands_of(group):
+                if self.run(command, group[0].folder, group[0].environment, limit, FISCALON_MUTANT=str(number)):
+                    return True
+        return False
+
+    def is_own(self, program, source):
+        """Whether a program tests the source's own folder."""
+        return f"tests/{source}".startswith(os.path.relpath(os.path.dirname(program), self.build.folder) + "/")
+
+    def by_program(self, tests, source):
+        """The tests by their programs, that of the source's own folder first, then the quicker ones."""
+        grouped = collections.defaultdict(list)
+        for test in tests:
+            grouped[test.program].append(test)
+        return sorted(
+            grouped.items(), key=lambda each: (not self.is_own(each[0], source), sum(map(self.times.get, each[1])))
+        )
+
+    def groups(self, tests, source):
+        """Tests of a program together: quick ones first, and first those of the source's own folder."""
+        grouped = collections.defaultdict(list)
+        for test in tests:
+            grouped[(self.times[test] > SLOW, test.program, test.folder, test.environment)].append(test)
+
+        def order(group):
+            slow, program, _, _ = group
+            return slow, not self.is_own(program, source), sum(self.times[test] for test in grouped[group])
+
+        for group in sorted(grouped, key=order):
+            if group[0]:
+                yield from ([test] for test in sorted(grouped[group], key=self.times.get))
+            else:
+                yield grouped[group]
+
+
+def commands_of(group):
+    """One command for tests of one program, as long as commands may be."""
+    first = group[0].command
+    names = [next((word[15:] for word in test.command if word.startswith("--gtest_filter=")), "") for test in group]
+    if all(names):
+        for part in in_parts(names):
+            yield [first[0], f"--gtest_filter={':'.join(part)}", "--gtest_fail_fast", "--gtest_brief=1",
+                   "--gtest_also_run_disabled_tests"]  # fmt: skip
+    elif os.path.basename(first[0]).startswith("play_scenarios"):
+        for part in in_parts([word for test in group for word in test.command[1:]], 3000):
+            yield [first[0], *part]
+    else:
+        for test in group:
+            yield list(test.command)
+
+
+def in_parts(words, longest=LONGEST_ARGUMENT):
+    part, length = [], 0
+    for word in words:
+        if part and length + len(word) > longest:
+            yield part
+            part, length = [], 0
+        part.append(word)
+        length += len(word) + 1
+    if part:
+        yield part
