@@ -153,20 +153,25 @@ FISCALON_API int fiscalon_records_clear(fiscalon_records* records);
 /* Whether two handles stand for one collection: 1 or 0. */
 FISCALON_API int fiscalon_records_is_same(fiscalon_records* records, fiscalon_records* other, int32_t* same);
 
-/* Start, end and due date, 8 characters each, then 8 more. */
+/* The start of the period, 8 characters. */
 FISCALON_API int fiscalon_gov_format_get_period_start_date(fiscalon_gov_format* format, const char** text);
 FISCALON_API int fiscalon_gov_format_set_period_start_date(fiscalon_gov_format* format, const char* text);
+/* The end of the period, 8 characters. */
 FISCALON_API int fiscalon_gov_format_get_period_end_date(fiscalon_gov_format* format, const char** text);
 FISCALON_API int fiscalon_gov_format_set_period_end_date(fiscalon_gov_format* format, const char* text);
+/* The due date, 8 characters. */
 FISCALON_API int fiscalon_gov_format_get_period_due_date(fiscalon_gov_format* format, const char** text);
 FISCALON_API int fiscalon_gov_format_set_period_due_date(fiscalon_gov_format* format, const char* text);
+/* 8 characters that no screen fills. */
 FISCALON_API int fiscalon_gov_format_get_filler1(fiscalon_gov_format* format, const char** text);
 FISCALON_API int fiscalon_gov_format_set_filler1(fiscalon_gov_format* format, const char* text);
-/* 30 characters, 20, and 10 more. */
+/* The person entering, 30 characters. */
 FISCALON_API int fiscalon_gov_format_get_contact_name(fiscalon_gov_format* format, const char** text);
 FISCALON_API int fiscalon_gov_format_set_contact_name(fiscalon_gov_format* format, const char* text);
+/* That person's title, 20 characters. */
 FISCALON_API int fiscalon_gov_format_get_contact_title(fiscalon_gov_format* format, const char** text);
 FISCALON_API int fiscalon_gov_format_set_contact_title(fiscalon_gov_format* format, const char* text);
+/* 10 characters that no screen fills. */
 FISCALON_API int fiscalon_gov_format_get_filler2(fiscalon_gov_format* format, const char** text);
 FISCALON_API int fiscalon_gov_format_set_filler2(fiscalon_gov_format* format, const char* text);
 /* A member of no collection. */
@@ -190,11 +195,13 @@ FISCALON_API int fiscalon_gov_formats_clear(fiscalon_gov_formats* formats);
 FISCALON_API int fiscalon_gov_formats_is_same(fiscalon_gov_formats* formats, fiscalon_gov_formats* other,
                                               int32_t* same);
 
-/* Number, 2 characters, and value, 18 characters. */
+/* The number of the field, 2 characters. */
 FISCALON_API int fiscalon_free_format_get_field_num(fiscalon_free_format* format, const char** text);
 FISCALON_API int fiscalon_free_format_set_field_num(fiscalon_free_format* format, const char* text);
+/* What stands in it, 18 characters. */
 FISCALON_API int fiscalon_free_format_get_field_value(fiscalon_free_format* format, const char** text);
 FISCALON_API int fiscalon_free_format_set_field_value(fiscalon_free_format* format, const char* text);
+/* A member of no collection. */
 FISCALON_API int fiscalon_free_format_create(fiscalon_free_format** format);
 FISCALON_API int fiscalon_free_format_destroy(fiscalon_free_format** format);
 
@@ -508,6 +515,7 @@ typedef struct fiscalon_scripted_user {
   /* A box is up. `answer` is the closed answer until the routine sets another; one that the box does not offer is no
    * sense. Without a routine a box gets its default answer. */
   int (*on_box)(void* context, const fiscalon_box* box, int32_t* answer);
+  /* It beeps, at an entry that is refused. */
   int (*on_beep)(void* context);
   /* Help is asked for: a file at a context number. */
   int (*on_help)(void* context, const char* file, int32_t help_context);
@@ -575,6 +583,7 @@ FISCALON_API int fiscalon_form_type(fiscalon_form* form, const char* text);
 FISCALON_API int fiscalon_form_press_key(fiscalon_form* form, const char* key);
 /* Presses the mouse on a control without releasing it. Error 5 for a name that no control has, here and below. */
 FISCALON_API int fiscalon_form_press_mouse(fiscalon_form* form, const char* control);
+/* Presses the mouse on a control and releases it. */
 FISCALON_API int fiscalon_form_click(fiscalon_form* form, const char* control);
 /* Picks a row of a list, from 0 (error 9; 5 for what is no list). */
 FISCALON_API int fiscalon_form_choose(fiscalon_form* form, const char* control, int32_t row);

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages of a folder on a machine that has nothing but Debian's base, and uses them as their users
-# would: the programs, and the examples built against the library. Needs root, debootstrap and a mirror.
+# would: the programs, the examples built against the libraries, the package for Python. Then it upgrades all of them to
+# another revision, uses that, and takes everything away. Needs root, debootstrap and a mirror.
 #   tools/lib/bare_root.sh FOLDER
 set -euo pipefail
 
@@ -23,6 +24,7 @@ trap CleanUp EXIT
 debootstrap --variant=minbase "$suite" "$root" "$(Mirror)"
 cp -L /etc/resolv.conf "$root/etc/resolv.conf"
 cp "$packages"/*.deb "$root/root/"
+cp -r "$(dirname "${BASH_SOURCE[0]}")/../../examples/c_host" "$root/root/"
 # Programs look there for where they lie.
 mount -t proc proc "$root/proc"
 
@@ -48,7 +50,58 @@ fiscalon picture 15 --out with.png
 [ -s with.png ]
 apt-get -qy install --no-install-recommends ./fiscalon-desk_*.deb
 QT_QPA_PLATFORM=offscreen fiscalon-desk --help
+# It is up until it is ended.
+UseDesk() {
+  local status=0
+  QT_QPA_PLATFORM=offscreen timeout 3 fiscalon-desk || status=$?
+  [ "$status" = 124 ]
+}
+UseDesk
 [ -s /usr/share/fiscalon/operator-guide.md ]
+[ -s /usr/share/bash-completion/completions/fiscalon ] && [ -s /usr/share/zsh/vendor-completions/_fiscalon ]
+
+# The C library alone: whoever uses it needs nothing of the C++ one.
+apt-get -qy install --no-install-recommends ./libfiscalon-c1_*.deb ./libfiscalon-c-dev_*.deb gcc libc6-dev pkgconf
+gcc -std=c99 -Wall -Werror c_host/main.c $(pkg-config --cflags --libs fiscalon-c) -o in-c
+./in-c
+
+# The same for Python, and its tests of hosts.
+apt-get -qy install --no-install-recommends ./python3-fiscalon_*.deb python3-pytest
+cat >judge.py <<'PYTHON'
+import fiscalon
+
+verdicts = list(fiscalon.validate_batch("trial.csv", "trial.pc4"))
+assert len(verdicts) == 100, len(verdicts)
+
+number, screen, _, cents = open("trial.csv").read().splitlines()[1].split(",")
+records = [line.strip('"') for line in fiscalon.from_windows_1252(open("trial.pc4", "rb").read()).splitlines()]
+check = fiscalon.Check()
+check.screen_code, check.payment_amount = screen, cents
+check.pc4_records = fiscalon.Records.of(record for record in records if record[3:7] == number)
+assert (check.is_info_valid(), check.invalid_reason) == (verdicts[0].valid, verdicts[0].reason), check.invalid_reason
+print(fiscalon.version(), verdicts[0])
+PYTHON
+cat >test_host.py <<'PYTHON'
+import fiscalon
+
+
+def test_an_accepted_payment_has_two_records(fiscalon_user):
+    def fill(form):
+        form.type("202412")
+        form.type("12345")
+        form.click("cmdOK")
+
+    fiscalon_user.on_form = fill
+    payment = fiscalon.Payment()
+    payment.paid_amount = "12345"
+    assert payment.show("15")
+    assert len(payment.pc4_records) == 2
+PYTHON
+UsePython() {
+  python3 judge.py
+  python3 -m pytest -q -p no:cacheprovider test_host.py
+}
+UsePython
 
 apt-get -qy install --no-install-recommends ./libfiscalon[0-9]*_*.deb ./libfiscalon-dev_*.deb g++ cmake make pkgconf qt6-base-dev
 fiscalon play /usr/share/doc/libfiscalon-dev/examples/*.scenario
@@ -57,13 +110,36 @@ for host in host qt_host; do
   cmake --build "$host"
 done
 ./host/host
-apt-get -qy install --no-install-recommends ./libfiscalon-c1_*.deb ./libfiscalon-c-dev_*.deb
-gcc -std=c99 /usr/share/doc/libfiscalon-dev/examples/c_host/main.c $(pkg-config --cflags --libs fiscalon-c) -o in-c
-./in-c
 g++ -std=c++20 /usr/share/doc/libfiscalon-dev/examples/host/main.cpp $(pkg-config --cflags --libs fiscalon) -o by-pkgconf
 ./by-pkgconf
+apt-get -qy install --no-install-recommends ./libfiscalon-c-qt_*.deb
+python3 -c 'import fiscalon; assert fiscalon.front_end_hindrance("qt").find("libfiscalon-c-qt") < 0'
 
-apt-get -qy purge 'libfiscalon*' fiscalon-tools
-[ ! -e /usr/bin/fiscalon ] && [ ! -e /usr/include/fiscalon ] && [ ! -e /usr/libexec/fiscalon ]
+# The next revision of all of them, as a rebuild would be.
+mkdir next
+for package in *.deb; do
+  dpkg-deb --raw-extract "$package" unpacked
+  sed -i 's/^Version: .*/&-2/' unpacked/DEBIAN/control
+  dpkg-deb --build --root-owner-group unpacked next >/dev/null
+  rm -rf unpacked
+done
+apt-get -qy install --no-install-recommends ./next/*.deb
+for package in next/*.deb; do
+  [ "$(dpkg-deb -f "$package" Version)" = "$(dpkg-query -W -f '${Version}' "$(dpkg-deb -f "$package" Package)")" ]
+done
+fiscalon validate --payments trial.csv --records trial.pc4 --report again.csv
+cmp report.csv again.csv
+UseDesk
+UsePython
+./in-c
+./host/host
+./by-pkgconf
+
+apt-get -qy purge 'libfiscalon*' fiscalon-tools python3-fiscalon fiscalon-desk
+for left in /usr/bin/fiscalon /usr/bin/fiscalon-desk /usr/include/fiscalon /usr/libexec/fiscalon \
+  /usr/lib/python3/dist-packages/fiscalon /usr/share/fiscalon /usr/share/doc/libfiscalon-dev; do
+  [ ! -e "$left" ]
+done
+! ls -d /usr/lib/*/libfiscalon* /usr/lib/*/fiscalon-c
 INSIDE
 chroot "$root" /bin/bash /root/try
