@@ -65,10 +65,15 @@ def source(tree, out):
 
 
 def debian(tree, out):
+    """The Debian packages, and what the same build makes for all systems of its kind: the wheel for Python."""
     run("cmake", "--preset", "package", cwd=tree)
     run("cmake", "--build", "--preset", "package", cwd=tree)
     run("cpack", cwd=tree / "build/package")
-    for package in sorted((tree / "build/package/packages").glob("*.deb")):
+    built = tree / "build/package"
+    wheels = list((built / "bindings/python/wheels").glob("*.whl"))
+    if not wheels:
+        raise OSError("no wheel was made: install the Debian packages python3-setuptools and python3-wheel")
+    for package in (*sorted((built / "packages").glob("*.deb")), *wheels):
         shutil.copy(package, out)
 
 

@@ -33,7 +33,7 @@ def insides(path, folder):
         for each in sorted((folder / "deb").rglob("*")):
             if each.is_file() and not each.is_symlink():
                 yield str(each.relative_to(folder / "deb")), each.read_bytes()
-    elif path.suffix == ".zip":
+    elif path.suffix in (".zip", ".whl"):
         with zipfile.ZipFile(path) as archive:
             for name in archive.namelist():
                 yield name, archive.read(name)

@@ -12,6 +12,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import zipfile
 from pathlib import Path
 
 SOURCES = Path(__file__).resolve().parents[3]
@@ -204,6 +205,31 @@ class Release(unittest.TestCase):
         self.assertEqual(self.verified(), (1, ["FAIL  SHA256SUMS: line 6 of SHA256SUMS is no checksum", "1 wrong"]))
         (self.out / "SHA256SUMS").unlink()
         self.assertEqual(self.verified(), (1, ["FAIL  SHA256SUMS: is missing: this is no release, or not all of one", "1 wrong"]))
+
+
+class TheSameBytes(unittest.TestCase):
+    def compared(self, *words):
+        command = [sys.executable, SOURCES / "tools/lib/check_reproducible.py", "--compare", *words]
+        ran = subprocess.run(command, capture_output=True, text=True)
+        self.assertEqual(ran.stderr, "")
+        return ran.returncode, ran.stdout.splitlines()
+
+    def test_are_told_from_others_in_each_archive_and_hold_no_folder_of_a_build(self):
+        with tempfile.TemporaryDirectory() as folder:
+            one, other = Path(folder) / "one", Path(folder) / "other"
+            for each in (one, other):
+                each.mkdir()
+                for name in ("fiscalon.whl", "fiscalon.zip"):
+                    with zipfile.ZipFile(each / name, "w") as archive:
+                        archive.writestr(zipfile.ZipInfo("a.py"), f"made in {each}\n")
+                        archive.writestr(zipfile.ZipInfo("b.py"), "the same\n")
+            self.assertEqual(self.compared(one, one),
+                             (0, ["2 artefacts are the same bytes twice, and name no folder of a build"]))
+            self.assertEqual(self.compared(one, other, "--traces", str(one)),
+                             (1, ["fiscalon.whl: a.py differs", f"fiscalon.whl: a.py names {one}",
+                                  "fiscalon.zip: a.py differs", f"fiscalon.zip: a.py names {one}"]))
+            (other / "fiscalon.zip").unlink()
+            self.assertIn("fiscalon.zip: made once only", self.compared(one, other)[1])
 
 
 if __name__ == "__main__":
