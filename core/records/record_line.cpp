@@ -1,7 +1,5 @@
 #include "core/records/record_line.h"
 
-#include <utility>
-
 namespace fiscalon {
 
 RecordLine TakeRecordLine(std::string_view& bytes) {
@@ -35,13 +33,12 @@ std::vector<RecordLine> RecordLinesOf(std::string_view bytes) {
   return lines;
 }
 
-std::vector<std::string> WrongAround(const RecordLine& line) {
-  std::vector<std::string> wrong;
+std::vector<std::string_view> WrongAround(const RecordLine& line) {
+  std::vector<std::string_view> wrong;
   if (line.hasByteOrderMark)
     wrong.emplace_back("a byte-order mark; record files have none");
   if (line.opensWithQuote && !line.closesWithQuote)
-    wrong.push_back("the quote in front has none behind; the line has " + std::to_string(line.record.size()) +
-                    " more characters");
+    wrong.emplace_back("the quote in front has none behind; the line has {1} more characters");
   if (line.closesWithQuote && !line.opensWithQuote)
     wrong.emplace_back("the quote behind has none in front");
   if (line.end == LineEnd::Cr)
@@ -50,8 +47,13 @@ std::vector<std::string> WrongAround(const RecordLine& line) {
 }
 
 std::string WrongWith(const RecordLine& line) {
-  if (std::vector<std::string> around = WrongAround(line); !around.empty())
-    return std::move(around.front());
+  if (const auto around = WrongAround(line); !around.empty()) {
+    constexpr std::string_view kPlace = "{1}";
+    std::string what(around.front());
+    if (const size_t place = what.find(kPlace); place != what.npos)
+      what.replace(place, kPlace.size(), std::to_string(line.record.size()));
+    return what;
+  }
   if (line.record.empty())
     return "an empty line";
   if (const size_t nul = line.record.find('\0'); nul != line.record.npos)

@@ -50,9 +50,9 @@ constexpr bool HasRecordHead(std::string_view record) {
   return record.size() >= kHeadLength && record.starts_with(kRecordMark);
 }
 
-/// Everything that is wrong around a record, in words for the user: byte-order mark, quotes, line end. Whoever reads
-/// records goes by it.
-std::vector<std::string> WrongAround(const RecordLine& line);
+/// Everything that is wrong around a record, in words for the user: byte-order mark, quotes, line end. "{1}" in them is
+/// how many characters the record has. Whoever reads records goes by it.
+std::vector<std::string_view> WrongAround(const RecordLine& line);
 
 /// Why a line can't be read as a record, in words for the user; empty where it can. What is wrong around the record
 /// comes first. Lengths are not judged: records of other lengths can be read as far as they go.

@@ -150,7 +150,7 @@ void ResultPanel::AddField(QTreeWidgetItem& top, const ShownRecord& record, cons
 }
 
 void ResultPanel::AddNote(QTreeWidgetItem& record, const QString& heading, const Note& note, int line) {
-  auto* row = new QTreeWidgetItem(&record, {heading, QString(), QString(), Plain(note.text)});
+  auto* row = new QTreeWidgetItem(&record, {heading, QString(), QString(), Plain(note.In(TheModule().language))});
   SetPlace(*row, line, note.from, note.to);
 }
 

@@ -31,20 +31,21 @@ std::string OnNoAmount(std::string_view cents) {
 std::string OnCents(std::string_view text) {
   if (AreBlanks(text) || !DollarsOf(text).empty())
     return {};
-  return Utf8Words("{1} is no amount in cents: up to 15 digits and nothing else, such as 12345.", {QuotedUtf8(text)});
+  return Utf8Words("\"{1}\" is no amount in cents: up to 15 digits and nothing else, such as 12345.",
+                   {VisibleUtf8(text)});
 }
 
 std::string OnDollars(std::string_view text) {
   if (AreBlanks(text) || !CentsOf(text).empty())
     return {};
-  return Utf8Words("{1} is no amount in dollars: digits, and at most two of them behind a point, such as 123.45.",
-                   {QuotedUtf8(text)});
+  return Utf8Words("\"{1}\" is no amount in dollars: digits, and at most two of them behind a point, such as 123.45.",
+                   {VisibleUtf8(text)});
 }
 
 std::string OnDate(std::string_view text) {
   if (!HostDateOf(text).empty())
     return {};
-  return Utf8Words("{1} is no date: year, month and day, such as 2026-06-15.", {QuotedUtf8(text)});
+  return Utf8Words("\"{1}\" is no date: year, month and day, such as 2026-06-15.", {VisibleUtf8(text)});
 }
 
 template <size_t kColumns>
@@ -61,8 +62,8 @@ std::string OnLostCharacters(std::string_view text) {
   const std::string kept = ToUtf8(FromUtf8(text));
   if (kept == text)
     return {};
-  return Utf8Words("{1} becomes {2}: forms and records know Western European letters alone.",
-                   {QuotedUtf8(text), QuotedUtf8(kept)});
+  return Utf8Words("\"{1}\" becomes \"{2}\": forms and records know Western European letters alone.",
+                   {VisibleUtf8(text), VisibleUtf8(kept)});
 }
 
 struct Judge {

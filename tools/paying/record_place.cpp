@@ -39,7 +39,7 @@ bool AreRecords(std::string_view bytes) {
          std::all_of(lines.begin(), lines.end(), [](const ShownRecord& line) { return line.isRecord; });
 }
 
-/// How a file's text begins, in quotes; empty where it is no text.
+/// How a file's text begins; empty where it is no text.
 std::string FirstWords(std::string_view bytes) {
   std::string_view line = bytes.substr(0, bytes.find_first_of("\r\n"));
   const auto isCommand = [](char byte) { return static_cast<unsigned char>(byte) < ' ' && byte != '\t'; };
@@ -50,10 +50,10 @@ std::string FirstWords(std::string_view bytes) {
   for (const char byte : line) {
     const bool beginsCharacter = (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
     if (beginsCharacter && ++characters > kShownCharacters)
-      return QuotedUtf8(words + "...");
+      return VisibleUtf8(words + "...");
     words += byte == '\t' ? ' ' : byte;
   }
-  return QuotedUtf8(words);
+  return VisibleUtf8(words);
 }
 
 }  // namespace
@@ -62,23 +62,24 @@ std::string WhyNoFileCanBe(std::string_view name) {
   if (AreBlanks(name))
     return Utf8Words("no file is named.");
   if (const std::string kept = ToUtf8(FromUtf8(name)); kept != name)
-    return Utf8Words("{1} would become {2}: name it in Western European letters.",
-                     {QuotedUtf8(name), QuotedUtf8(kept)});
+    return Utf8Words("\"{1}\" would become \"{2}\": name it in Western European letters.",
+                     {VisibleUtf8(name), VisibleUtf8(kept)});
   const auto path = Utf8Path(name);
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
   if (status.type() == std::filesystem::file_type::none)
-    return Utf8Words("{1} can't be looked at: {2}.", {QuotedUtf8(name), Utf8Words(error.message())});
+    return Utf8Words("\"{1}\" can't be looked at: {2}.", {VisibleUtf8(name), Utf8Words(error.message())});
   if (std::filesystem::is_directory(status))
-    return Utf8Words("{1} is a folder: name a file in it.", {QuotedUtf8(name)});
+    return Utf8Words("\"{1}\" is a folder: name a file in it.", {VisibleUtf8(name)});
   if (std::filesystem::exists(status))
     return std::filesystem::is_regular_file(status)
                ? std::string()
-               : Utf8Words("{1} is a device or a pipe, which can't hold records: name a file.", {QuotedUtf8(name)});
+               : Utf8Words("\"{1}\" is a device or a pipe, which can't hold records: name a file.",
+                           {VisibleUtf8(name)});
   const auto folder = path.has_parent_path() ? path.parent_path() : Utf8Path(".");
   if (std::filesystem::is_directory(folder, error))
     return {};
-  return Utf8Words("there is no folder {1}: make it, or name another file.", {QuotedUtf8(Utf8Of(folder))});
+  return Utf8Words("there is no folder \"{1}\": make it, or name another file.", {VisibleUtf8(Utf8Of(folder))});
 }
 
 std::string WhatWouldBeLost(std::string_view name) {
@@ -88,15 +89,15 @@ std::string WhatWouldBeLost(std::string_view name) {
   const auto size = std::filesystem::file_size(Utf8Path(name), ignored);
   const std::optional<std::string> bytes = BeginningOf(name);
   if (!bytes)
-    return Utf8Words("{1} is there and can't be read: it may be no record file.", {QuotedUtf8(name)});
+    return Utf8Words("\"{1}\" is there and can't be read: it may be no record file.", {VisibleUtf8(name)});
   if (bytes->empty() || AreRecords(*bytes))
     return {};
   const std::string words = FirstWords(*bytes);
   const std::string begins =
-      words.empty() ? Utf8Words("does not begin as a text") : Utf8Words("begins with {1}", {words});
-  return Utf8Words(size == 1 ? "{1} is no record file. It has {2} byte, and {3}."
-                             : "{1} is no record file. It has {2} bytes, and {3}.",
-                   {QuotedUtf8(name), std::to_string(size), begins});
+      words.empty() ? Utf8Words("does not begin as a text") : Utf8Words("begins with \"{1}\"", {words});
+  return Utf8Words(size == 1 ? "\"{1}\" is no record file. It has {2} byte, and {3}."
+                             : "\"{1}\" is no record file. It has {2} bytes, and {3}.",
+                   {VisibleUtf8(name), std::to_string(size), begins});
 }
 
 }  // namespace fiscalon

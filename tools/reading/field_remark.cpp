@@ -16,17 +16,36 @@ std::string_view WithoutZeros(std::string_view digits) {
   return digits;
 }
 
+bool IsZero(const SignedDigits& number) {
+  return WithoutZeros(number.digits).empty();
+}
+
+/// "-12345"; zero has no sign.
+void AppendPlainly(std::string& out, const SignedDigits& number) {
+  if (IsZero(number))
+    out += '0';
+  else
+    out.append(number.isNegative ? "-" : "").append(WithoutZeros(number.digits));
+}
+
 /// "12345, as cents $123.45"
 void AppendOnDigits(std::string& out, const SignedDigits& number, const MoneyWords& money) {
-  const std::string_view digits = WithoutZeros(number.digits);
-  if (digits.empty()) {
-    out += '0';
+  AppendPlainly(out, number);
+  if (IsZero(number))
     return;
-  }
-  if (number.isNegative)
-    out += '-';
-  out.append(digits).append(", as cents ");
+  out += ", as cents ";
   money.Append(out, number);
+}
+
+/// The same in the language of the forms.
+std::string WordsOnDigits(const SignedDigits& number, const MoneyWords& money) {
+  std::string plainly;
+  AppendPlainly(plainly, number);
+  if (IsZero(number))
+    return plainly;
+  std::string amount;
+  money.Append(amount, number);
+  return Utf8Words("{1}, as cents {2}", {plainly, amount});
 }
 
 /// A field's name: mostly its caption on the screen, which may have a colon.
@@ -109,8 +128,9 @@ void AppendRemark(std::string& out, const ShownField& field, std::string_view te
 
 std::string RemarkOn(const ShownRecord& record, const ShownField& field, const Locale& locale) {
   const std::string_view text = record.TextOf(field);
+  const MoneyWords money(locale);
   std::string remark;
-  AppendRemark(remark, field, text, MoneyWords(locale));
+  AppendRemark(remark, field, text, money);
   switch (field.sense) {
     case Sense::Blank:
     case Sense::Missing:
@@ -120,6 +140,8 @@ std::string RemarkOn(const ShownRecord& record, const ShownField& field, const L
                        {std::to_string(Trim(text).size()), std::to_string(field.to - field.from + 1)});
     case Sense::FieldNumber:
       return InWordsOfItsCaption(remark);
+    case Sense::Digits:
+      return WordsOnDigits(SignedDigitsIn(text), money);
     default:
       return remark;
   }

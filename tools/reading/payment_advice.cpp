@@ -17,10 +17,6 @@ namespace {
 constexpr size_t kNameCharacters = FieldNamed(kGovernmentLayout, "ContactName").Width();
 constexpr size_t kTitleCharacters = FieldNamed(kGovernmentLayout, "ContactTitle").Width();
 
-std::string Quoted(std::string_view text) {
-  return "\"" + ToUtf8(text) + "\"";
-}
-
 std::string Say(const PaymentWords& words, std::string_view text, const std::vector<std::string>& places) {
   return Utf8Words(text, places, words.language);
 }
@@ -43,38 +39,38 @@ std::string TooLong(const PaymentWords& words, std::string_view property, std::s
 std::string OnMissingFolder(const Levyra& session, const PaymentWords& words) {
   const std::string folder = Utf8Of(Utf8Path(ToUtf8(session.GovFilename())).parent_path());
   if (session.WriteFile() == kTrue && !IsFolder(folder))
-    return Say(words, "{1} is {2}, and there is no folder \"{3}\": make it, or name another file.",
-               {std::string(words.govFilename), Quoted(session.GovFilename()), folder});
+    return Say(words, "{1} is \"{2}\", and there is no folder \"{3}\": make it, or name another file.",
+               {std::string(words.govFilename), ToUtf8(session.GovFilename()), folder});
   const std::string& logs = TheModule().mainPath;
   if (!IsFolder(ToUtf8(logs)))
-    return Say(words, "{1} is {2}, and there is no such folder for error.log: make it, or name another.",
-               {std::string(words.mainPath), Quoted(logs)});
+    return Say(words, "{1} is \"{2}\", and there is no such folder for error.log: make it, or name another.",
+               {std::string(words.mainPath), ToUtf8(logs)});
   return {};
 }
 
 std::string OnAccess(const Levyra& session, const PaymentWords& words) {
   if (session.WriteFile() != kTrue)
-    return Say(words, "{1} is {2}, and error.log can't be written there: look at its permissions.",
-               {std::string(words.mainPath), Quoted(TheModule().mainPath)});
+    return Say(words, "{1} is \"{2}\", and error.log can't be written there: look at its permissions.",
+               {std::string(words.mainPath), ToUtf8(TheModule().mainPath)});
   const std::string name = session.GovFilename();
   const std::string file(words.govFilename);
   if (name.empty())
     return Say(words, "{1} is empty, and WriteFile is True: name the file that the records go to.", {file});
   if (IsFolder(ToUtf8(name)))
-    return Say(words, "{1} is {2}, which is a folder: name a file in it.", {file, Quoted(name)});
-  return Say(words, "{1} is {2}, and that file can't be written: look at its permissions and its folder's.",
-             {file, Quoted(name)});
+    return Say(words, "{1} is \"{2}\", which is a folder: name a file in it.", {file, ToUtf8(name)});
+  return Say(words, "{1} is \"{2}\", and that file can't be written: look at its permissions and its folder's.",
+             {file, ToUtf8(name)});
 }
 
 std::string OnOldFile(const Levyra& session, const PaymentWords& words) {
   return Say(words,
-             "{1} is {2}, and the older file of that name can't be deleted: look at the permissions of its folder.",
-             {std::string(words.govFilename), Quoted(session.GovFilename())});
+             "{1} is \"{2}\", and the older file of that name can't be deleted: look at the permissions of its folder.",
+             {std::string(words.govFilename), ToUtf8(session.GovFilename())});
 }
 
 std::string OnFullDisk(const Levyra& session, const PaymentWords& words) {
-  return Say(words, "{1} is {2}, and its disk is full: make room, then show the payment again.",
-             {std::string(words.govFilename), Quoted(session.GovFilename())});
+  return Say(words, "{1} is \"{2}\", and its disk is full: make room, then show the payment again.",
+             {std::string(words.govFilename), ToUtf8(session.GovFilename())});
 }
 
 std::string OnTooLong(const Levyra& session, const PaymentWords& words) {
@@ -86,10 +82,11 @@ std::string OnNumber(const Levyra& session, const PaymentWords& words) {
   const std::string amount(words.paidAmount);
   if (session.PaidAmount().empty())
     return Say(words, "{1} takes cents as digits, such as 12345.", {amount});
-  return Say(words,
-             "{1} is {2}, in dollars: it, or an amount that was typed, is no number or too large. Correct it; shown "
-             "again, the screen goes on with what was typed.",
-             {amount, Quoted(session.PaidAmount())});
+  return Say(
+      words,
+      "{1} is \"{2}\", in dollars: it, or an amount that was typed, is no number or too large. Correct it; shown "
+      "again, the screen goes on with what was typed.",
+      {amount, ToUtf8(session.PaidAmount())});
 }
 
 struct Advice {

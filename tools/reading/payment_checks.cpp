@@ -4,7 +4,6 @@
 #include <string>
 #include <utility>
 
-#include "core/platform/code_page.h"
 #include "core/records/record_reader.h"
 #include "core/user_locale.h"
 #include "validation/quick_digits.h"
@@ -42,11 +41,12 @@ bool PassesQuickly(const RuleSet& rules, const FreeFormatSlotView& slot, const J
 }  // namespace
 
 void AddValidatesWord(std::vector<Note>& problems, const RecordField& field, std::string_view reason) {
-  const std::string said = "validate says: " + ToUtf8(reason);
+  // The judge's own words are in English, wherever they are read.
+  const Wording said = AsGiven("validate says: " + std::string(reason));
   const auto about =
       std::find_if(problems.begin(), problems.end(), [&](const Note& note) { return note.from == field.from; });
   if (about != problems.end() && field.from != 0)
-    about->text.append("; ").append(said);
+    about->text = Filled("{1}; {2}", about->text, said);
   else
     problems.push_back({.from = field.from, .to = field.to, .text = said});
 }

@@ -25,7 +25,11 @@ bool HoldsUtf8(std::string_view text) {
   return false;
 }
 
-std::string NameOfControl(char character) {
+Wording InDigits(size_t number) {
+  return AsGiven(std::to_string(number));
+}
+
+Wording NameOfControl(char character) {
   constexpr std::string_view kHexDigits = "0123456789ABCDEF";
   if (character == '\0')
     return "a NUL byte";
@@ -34,19 +38,23 @@ std::string NameOfControl(char character) {
   if (character == '\r')
     return "CR, half of a line end";
   const auto code = static_cast<unsigned char>(character);
-  return std::string("control character 0x") + kHexDigits[code >> 4] + kHexDigits[code & 0xF];
+  return Filled("control character 0x{1}", AsGiven({kHexDigits[code >> 4], kHexDigits[code & 0xF]}));
 }
 
 void CheckLength(const ShownRecord& shown, size_t lengthOfFields, std::vector<Note>& problems) {
   const bool isCut = shown.length != shown.record.size();
   if (shown.length == kRecordLength || shown.length == lengthOfFields || isCut)
     return;
-  const std::string is = std::to_string(shown.length) + " characters long, not " + std::to_string(kRecordLength);
+  const Wording length = InDigits(shown.length);
+  const Wording wanted = InDigits(kRecordLength);
   if (shown.length < kRecordLength)
-    problems.push_back({.text = is + ": " + std::to_string(kRecordLength - shown.length) + " short"});
+    problems.push_back({.text = Filled("{1} characters long, not {2}: {3} short", length, wanted,
+                                       InDigits(kRecordLength - shown.length))});
   else
-    problems.push_back({.text = is + ": " + std::to_string(shown.length - kRecordLength) + " too many" +
-                                (HoldsUtf8(shown.record) ? "; it holds UTF-8, and records are in Windows-1252" : "")});
+    problems.push_back({.text = Filled(HoldsUtf8(shown.record) ? "{1} characters long, not {2}: {3} too many; it holds "
+                                                                 "UTF-8, and records are in Windows-1252"
+                                                               : "{1} characters long, not {2}: {3} too many",
+                                       length, wanted, InDigits(shown.length - kRecordLength))});
 }
 
 void CheckControlCharacters(std::string_view record, std::vector<Note>& problems) {
@@ -62,7 +70,9 @@ void CheckControlCharacters(std::string_view record, std::vector<Note>& problems
       problems.push_back({.from = column, .to = column, .text = NameOfControl(record[i])});
   }
   if (found > kMostNamed)
-    problems.push_back({.text = "and " + Counted(found - kMostNamed, "more control character")});
+    problems.push_back(
+        {.text = Filled(found == kMostNamed + 1 ? "and {1} more control character" : "and {1} more control characters",
+                        InDigits(found - kMostNamed))});
 }
 
 void CheckHead(std::string_view record, std::vector<Note>& problems) {
@@ -70,13 +80,14 @@ void CheckHead(std::string_view record, std::vector<Note>& problems) {
   if (mark != kRecordMark)
     problems.push_back({.from = kRecordHead.front().from,
                         .to = kRecordHead.front().to,
-                        .text = DottedText(mark) + " stands where \"" + std::string(kRecordMark) + "\" should"});
+                        .text = Filled("\"{1}\" stands where \"{2}\" should", AsGiven(WithDots(mark)),
+                                       AsGiven(std::string(kRecordMark)))});
   const RecordField kind = FieldNamed(kRecordHead, "Kind");
   if (!HasKnownKind(record))
-    problems.push_back(
-        {.from = kind.from,
-         .to = kind.to,
-         .text = "unknown record kind " + DottedText(TextIn(record, kind)) + "; the kinds are T, F, G, P, R and I"});
+    problems.push_back({.from = kind.from,
+                        .to = kind.to,
+                        .text = Filled("unknown record kind \"{1}\"; the kinds are T, F, G, P, R and I",
+                                       AsGiven(WithDots(TextIn(record, kind))))});
 }
 
 void SayWhatForeignLineIs(const ShownRecord& shown, std::vector<Note>& problems) {
@@ -85,11 +96,12 @@ void SayWhatForeignLineIs(const ShownRecord& shown, std::vector<Note>& problems)
   if (record.empty())
     problems.push_back({.text = "an empty line"});
   else if (record.starts_with(kRecordMark))
-    problems.push_back({.text = "no record: " + Counted(record.size(), "character") + ", and the head alone takes " +
-                                std::to_string(kHeadLength)});
+    problems.push_back({.text = Filled("no record: {1} characters, and the head alone takes {2}",
+                                       InDigits(record.size()), InDigits(kHeadLength))});
   else
-    problems.push_back({.text = "no record: the line begins with \"" + VisibleText(record.substr(0, kMostQuoted)) +
-                                "\", not with \"" + std::string(kRecordMark) + "\""});
+    problems.push_back(
+        {.text = Filled("no record: the line begins with \"{1}\", not with \"{2}\"",
+                        AsGiven(std::string(record.substr(0, kMostQuoted))), AsGiven(std::string(kRecordMark)))});
 }
 
 /// Whether the body of a "G" record stands in it, alone or behind slots.
@@ -105,7 +117,8 @@ bool LooksLikeRecord(std::string_view record) {
 }
 
 void CheckLine(const RecordLine& line, ShownRecord& shown) {
-  for (std::string& what : WrongAround(line)) shown.problems.push_back({.text = std::move(what)});
+  for (const std::string_view what : WrongAround(line))
+    shown.problems.push_back({.text = Filled(what, InDigits(line.record.size()))});
   if (line.opensWithQuote && line.end == LineEnd::None)
     shown.oddities.push_back({.text = "no CR LF behind it, as screens write it; more may have stood there"});
 }
@@ -120,16 +133,23 @@ void CheckRecord(ShownRecord& shown, size_t lengthOfFields) {
 
 Note NoteOf(const Overrun& overrun) {
   const RecordField& place = overrun.place;
-  std::string text;
+  Wording text;
   switch (overrun.kind) {
     case Overrun::Kind::LongNumber:
-      text = std::string(place.name) + ": a minus sign and " + Counted(place.Width() - 1, "digit") + " take " +
-             Counted(static_cast<size_t>(overrun.shift), "column") +
-             " more than the field has; what follows stands as " + "much further right";
+      text = Filled(overrun.shift == 1 ? "{1}: a minus sign and {2} digits take {3} column more than the field has; "
+                                         "what follows stands as much further right"
+                                       : "{1}: a minus sign and {2} digits take {3} columns more than the field has; "
+                                         "what follows stands as much further right",
+                    AsGiven(std::string(place.name)), InDigits(place.Width() - 1),
+                    InDigits(static_cast<size_t>(overrun.shift)));
       break;
     case Overrun::Kind::JoinedDetails:
-      text = "the body of a G record stands behind " + Counted(overrun.slotCount, "slot") +
-             ", as the collection of the generic remittance screen has it";
+      text = Filled(overrun.slotCount == 1
+                        ? "the body of a G record stands behind {1} slot, as the collection of the generic remittance "
+                          "screen has it"
+                        : "the body of a G record stands behind {1} slots, as the collection of the generic "
+                          "remittance screen has it",
+                    InDigits(overrun.slotCount));
       break;
   }
   return {.from = place.from, .to = place.to, .text = text};
@@ -175,11 +195,8 @@ void OrderCheck::CheckFieldNumbers(ShownRecord& record) {
       if (number <= lastNumber_)
         record.problems.push_back({.from = field.from,
                                    .to = field.to,
-                                   .text = std::string("field number ")
-                                               .append(number)
-                                               .append(" behind ")
-                                               .append(lastNumber_)
-                                               .append("; a payment's field numbers go up")});
+                                   .text = Filled("field number {1} behind {2}; a payment's field numbers go up",
+                                                  AsGiven(std::string(number)), AsGiven(lastNumber_))});
       lastNumber_ = number;
     } else if (field.name == "FieldValue" && numberIsBlank && field.sense != Sense::Blank &&
                field.sense != Sense::Missing) {

@@ -91,7 +91,7 @@ class FieldReader {
   void Read(Role role, const LaunchRow* screen, SlotBefore& slot) {
     switch (role) {
       case Role::AlwaysBlank:
-        return Wrong("columns that are always blank hold " + DottedText(text_));
+        return WrongText("columns that are always blank hold \"{1}\"");
       case Role::FieldNumber:
         return ReadNumber(screen, slot);
       case Role::FieldValue:
@@ -104,7 +104,7 @@ class FieldReader {
       case Role::Period:
         return ReadPeriod();
       case Role::Date:
-        return IsDay(text_) ? Is(Sense::Date) : Wrong(DottedText(text_) + " is no date YYYYMMDD");
+        return IsDay(text_) ? Is(Sense::Date) : WrongText("\"{1}\" is no date YYYYMMDD");
       case Role::Text:
         return Is(Sense::Text);
     }
@@ -113,7 +113,7 @@ class FieldReader {
  private:
   void ReadNumber(const LaunchRow* screen, SlotBefore& slot) {
     if (!AreDigits(text_))
-      return Wrong(DottedText(text_) + " is no field number of two digits");
+      return WrongText("\"{1}\" is no field number of two digits");
     Is(Sense::FieldNumber);
     if (text_ == kUnusedNumber)
       return;
@@ -127,7 +127,7 @@ class FieldReader {
   /// A value of a screen that is not known.
   void ReadValue() {
     if (text_.front() == ' ')
-      return Wrong("the value " + DottedText(text_) + " begins with blanks");
+      return WrongText("the value \"{1}\" begins with blanks");
     // Amounts fill their columns from the left with zeros, or with a minus; texts leave blanks behind them.
     const bool fillsColumns = text_.back() != ' ';
     if (fillsColumns && (text_.front() == '0' || text_.front() == '-' || !SignedDigitsIn(text_).digits.empty()))
@@ -140,8 +140,8 @@ class FieldReader {
       return ReadValueAs(slot.field->kind);
     ReadValue();
     if (!AreZeros(text_))
-      Wrong("screen " + std::string(screen.code) + " has no field " + std::string(slot.number) + ", and it holds " +
-            DottedText(text_));
+      Wrong(Filled("screen {1} has no field {2}, and it holds \"{3}\"", AsGiven(std::string(screen.code)),
+                   AsGiven(std::string(slot.number)), AsGiven(WithDots(text_))));
   }
 
   void ReadValueAs(FieldKind kind) {
@@ -151,22 +151,21 @@ class FieldReader {
       case FieldKind::WholeDollars:
         return ReadWholeDollars();
       case FieldKind::Count:
-        return AreDigits(text_) ? Is(Sense::Count)
-                                : Wrong("the number " + DottedText(text_) + " is not made of digits");
+        return AreDigits(text_) ? Is(Sense::Count) : WrongText("the number \"{1}\" is not made of digits");
       case FieldKind::Date:
-        return IsDay(TrimRight(text_)) ? Is(Sense::Date) : Wrong(DottedText(text_) + " is no date YYYYMMDD");
+        return IsDay(TrimRight(text_)) ? Is(Sense::Date) : WrongText("\"{1}\" is no date YYYYMMDD");
       case FieldKind::Month:
-        return IsMonth(TrimRight(text_)) ? Is(Sense::Month) : Wrong(DottedText(text_) + " is no month YYYYMM");
+        return IsMonth(TrimRight(text_)) ? Is(Sense::Month) : WrongText("\"{1}\" is no month YYYYMM");
       case FieldKind::Year:
-        return IsYear(TrimRight(text_)) ? Is(Sense::Year) : Wrong(DottedText(text_) + " is no year YYYY");
+        return IsYear(TrimRight(text_)) ? Is(Sense::Year) : WrongText("\"{1}\" is no year YYYY");
       case FieldKind::Text:
-        return text_.front() == ' ' ? Wrong("the value " + DottedText(text_) + " begins with blanks") : Is(Sense::Text);
+        return text_.front() == ' ' ? WrongText("the value \"{1}\" begins with blanks") : Is(Sense::Text);
     }
   }
 
   void ReadCents(Sense sense, std::string_view amount) {
     if (SignedDigitsIn(amount).digits.empty())
-      return Wrong("the amount " + DottedText(text_) + " is not made of digits");
+      return WrongText("the amount \"{1}\" is not made of digits");
     Is(sense);
   }
 
@@ -174,7 +173,7 @@ class FieldReader {
     ReadCents(Sense::Dollars, text_);
     const std::string_view digits = SignedDigitsIn(text_).digits;
     if (!digits.empty() && !AreZeros(digits.substr(digits.size() - std::min<size_t>(digits.size(), 2))))
-      Wrong("the amount " + DottedText(text_) + " has cents, and is one of whole dollars");
+      WrongText("the amount \"{1}\" has cents, and is one of whole dollars");
   }
 
   void ReadPeriod() {
@@ -182,15 +181,20 @@ class FieldReader {
       return Is(Sense::Date);
     if (IsMonth(TrimRight(text_)))
       return Is(Sense::Month);
-    Wrong(DottedText(text_) + " is no date YYYYMMDD or YYYYMM");
+    WrongText("\"{1}\" is no date YYYYMMDD or YYYYMM");
   }
 
   void Is(Sense sense) { field_.sense = sense; }
 
-  void Wrong(const std::string& what) {
+  /// `what` has a place for the field's text.
+  void WrongText(std::string_view what) { Wrong(Filled(what, AsGiven(WithDots(text_)))); }
+
+  void Wrong(const Wording& what) {
     field_.sense = Sense::Wrong;
-    const std::string name = field_.name.empty() ? std::string() : std::string(field_.name) + ": ";
-    problems_.push_back({.from = field_.from, .to = field_.to, .text = name + what});
+    problems_.push_back(
+        {.from = field_.from,
+         .to = field_.to,
+         .text = field_.name.empty() ? what : Filled("{1}: {2}", AsGiven(std::string(field_.name)), what)});
   }
 
   ShownField& field_;

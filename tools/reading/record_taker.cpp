@@ -12,8 +12,9 @@ namespace {
 /// Nothing is known of what stands around a record that is not held whole.
 void SayItIsTooLong(ShownRecord& shown) {
   shown.record.resize(std::min(shown.record.size(), kLongestLine));
-  shown.problems.push_back({.text = "a line of " + std::to_string(shown.length) + " characters; only the first " +
-                                    std::to_string(shown.record.size()) + " are looked at"});
+  shown.problems.push_back(
+      {.text = Filled("a line of {1} characters; only the first {2} are looked at",
+                      AsGiven(std::to_string(shown.length)), AsGiven(std::to_string(shown.record.size())))});
 }
 
 }  // namespace

@@ -13,8 +13,9 @@ std::string HeadingOf(const ShownRecord& record) {
     return Utf8Words("Line {1}: no record", {number});
   const char letter = static_cast<char>(record.kind);
   const std::string_view name = NameOf(record.kind);
-  return Utf8Words("Record {1}: {2}, sequence {3}",
-                   {number, name.empty() ? VisibleText({&letter, 1}) : Utf8Words(name), DottedText(record.Seq())});
+  return Utf8Words(
+      "Record {1}: {2}, sequence \"{3}\"",
+      {number, name.empty() ? VisibleText({&letter, 1}) : Utf8Words(name), VisibleText(WithDots(record.Seq()))});
 }
 
 std::string PlaceOf(int from, int to) {

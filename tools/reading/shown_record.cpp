@@ -4,6 +4,7 @@
 
 #include "core/records/record_reader.h"
 #include "tools/reading/record_taker.h"
+#include "tools/reading/visible_text.h"
 
 namespace fiscalon {
 namespace {
@@ -17,6 +18,10 @@ std::vector<ShownRecord> TakeAll(const Things& things, Take&& take) {
 }
 
 }  // namespace
+
+std::string Note::In(const Language& language) const {
+  return VisibleText(text.In(language));
+}
 
 std::string_view ShownRecord::Seq() const {
   return isRecord ? TextIn(record, FieldNamed(kRecordHead, "SeqNumber")) : std::string_view();

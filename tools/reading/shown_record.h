@@ -9,6 +9,7 @@
 #include "core/records/pc4_records.h"
 #include "core/records/record_layout.h"
 #include "core/records/record_line.h"
+#include "core/wording/wording.h"
 
 namespace fiscalon {
 
@@ -50,11 +51,15 @@ struct ShownField {
   std::string_view nameOnScreen = {};
 };
 
-/// Something to be said of a record, in words for the user (UTF-8). Columns 0 mean the record as a whole.
+/// Something to be said of a record, in words for the user. Columns 0 mean the record as a whole.
 struct Note {
   int from = 0;
   int to = 0;
-  std::string text = {};
+  /// What it quotes of the record stands in it as it is.
+  Wording text = {};
+
+  /// The words to be shown, in UTF-8.
+  std::string In(const Language& language) const;
 };
 
 /// The longest line that is held whole. No record comes near it.

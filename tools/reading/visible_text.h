@@ -14,10 +14,10 @@ std::string VisibleText(std::string_view text);
 /// them drives a terminal. Line ends stand as they are.
 std::string VisibleUtf8(std::string_view utf8);
 
-/// The same in quotes.
-std::string QuotedUtf8(std::string_view utf8);
-
 void AppendVisible(std::string& out, std::string_view text);
+
+/// The blanks at either end as "·", in the code page: what a sentence has between its quotes.
+std::string WithDots(std::string_view text);
 
 /// In quotes, the blanks at either end as "·". It takes two columns more than the text.
 std::string DottedText(std::string_view text);

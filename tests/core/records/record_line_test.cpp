@@ -106,7 +106,7 @@ TEST(WrongAround, NamesEverything) {
   using testing::ElementsAre;
   EXPECT_THAT(WrongAround(Only("\xEF\xBB\xBF\"PC40001T\r")),
               ElementsAre("a byte-order mark; record files have none",
-                          "the quote in front has none behind; the line has 8 more characters",
+                          "the quote in front has none behind; the line has {1} more characters",
                           "half a line end, CR without LF; the file was cut off there"));
   EXPECT_THAT(WrongAround(Only("PC40001T\"")), ElementsAre("the quote behind has none in front"));
   // What stands in between is the reader's own matter.

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,37 @@ TEST(FrenchWords, HaveSuchBlanksInsideQuotes) {
     for (size_t at = words.find('\xBB'); at != std::string::npos; at = words.find('\xBB', at + 1))
       EXPECT_EQ(words.substr(at - 1, 1), kNoBreakBlank) << text.french;
   }
+}
+
+/// An apostrophe stands between letters, behind the first word of two: one that doesn't is a quote of English.
+bool IsElision(std::string_view text, size_t apostrophe) {
+  const auto isLetter = [&](size_t at) {
+    const auto code = at < text.size() ? static_cast<unsigned char>(text[at]) : 0;
+    return std::isalpha(code) != 0 || code >= 0x80;
+  };
+  return apostrophe > 0 && isLetter(apostrophe - 1) &&
+         (isLetter(apostrophe + 1) || std::string_view("{&").find(text[apostrophe + 1]) != std::string_view::npos);
+}
+
+TEST(FrenchWords, QuoteAsFrenchDoes) {
+  for (const CatalogueText& text : Catalogue()) {
+    for (const char* quote : {"\"", "\u201C", "\u201D", "\u2018", "``"})
+      EXPECT_EQ(text.french.find(quote), std::string_view::npos) << text.french;
+    for (size_t at = text.french.find('\''); at != std::string_view::npos; at = text.french.find('\'', at + 1))
+      EXPECT_TRUE(IsElision(text.french, at)) << text.french;
+  }
+}
+
+TEST(FrenchWords, QuoteWhateverTheEnglishQuote) {
+  const auto quoted = [](const char* opening, char place, const char* closing) {
+    return std::string(opening) + "{" + place + "}" + closing;
+  };
+  for (const CatalogueText& text : Catalogue())
+    for (const char place : {'1', '2', '3'}) {
+      const bool englishQuotes = text.english.find(quoted("\"", place, "\"")) != std::string_view::npos;
+      const bool frenchQuotes = text.french.find(quoted("« ", place, " »")) != std::string_view::npos;
+      EXPECT_TRUE(frenchQuotes || !englishQuotes) << text.french;
+    }
 }
 
 TEST(FrenchWords, HaveNoBlankBeforeOtherMarks) {

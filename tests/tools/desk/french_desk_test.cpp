@@ -115,7 +115,7 @@ TEST_F(FrenchDesk, TakesRecordsApartUnderFrenchHeadings) {
   Show();
   EXPECT_EQ(Words(), "Accepté. Enregistrements rendus : 2.");
   EXPECT_EQ(Plain(Find<QTreeWidget>("fields").topLevelItem(0)->text(0)),
-            "Enregistrement 1 : format gouvernemental, séquence \"0001\"");
+            "Enregistrement 1 : format gouvernemental, séquence « 0001 »");
 }
 
 TEST_F(FrenchDesk, NamesDoubtfulEntries) {
@@ -130,7 +130,7 @@ TEST_F(FrenchDesk, SaysWhatKeepsAScreenFromOpening) {
   Find<QLineEdit>("cents").setText(QStringLiteral("12x"));
   Show();
   EXPECT_EQ(Words(),
-            "L'écran 15 n'a pas été ouvert.\nMontant en cents : \"12x\" n'est pas un montant en cents : au plus 15 "
+            "L'écran 15 n'a pas été ouvert.\nMontant en cents : « 12x » n'est pas un montant en cents : au plus 15 "
             "chiffres et rien d'autre, par exemple 12345.");
 }
 

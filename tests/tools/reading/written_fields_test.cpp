@@ -40,7 +40,7 @@ TEST_F(WrittenFields, AreWithoutAProblem) {
     EXPECT_EQ(records.size(), static_cast<size_t>(good.records)) << good.code;
     for (const ShownRecord& record : records)
       for (const Note& problem : record.problems)
-        ADD_FAILURE() << "screen " << good.code << ", record " << record.number << ": " << problem.text << "\n"
+        ADD_FAILURE() << "screen " << good.code << ", record " << record.number << ": " << problem.In({}) << "\n"
                       << record.record;
   }
 }

@@ -34,9 +34,9 @@ void frmDeskResult::Set(const std::string& words, const std::vector<ShownRecord>
                             DottedText(record.TextOf(field)) + (remark.empty() ? "" : "  " + remark)));
     }
     for (const Note& problem : record.problems)
-      rows_.push_back(RowOf(Utf8Words("wrong"), problem.from, problem.to, problem.text));
+      rows_.push_back(RowOf(Utf8Words("wrong"), problem.from, problem.to, problem.In(TheModule().language)));
     for (const Note& oddity : record.oddities)
-      rows_.push_back(RowOf(Utf8Words("odd"), oddity.from, oddity.to, oddity.text));
+      rows_.push_back(RowOf(Utf8Words("odd"), oddity.from, oddity.to, oddity.In(TheModule().language)));
   }
 }
 

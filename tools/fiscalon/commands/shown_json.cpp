@@ -104,7 +104,7 @@ void AppendNote(std::string& out, const Note& note) {
     out += R"({"from":null,"to":null)";
   }
   out += R"(,"text":)";
-  AppendJsonString(out, note.text);
+  AppendJsonString(out, note.In({}));
   out += '}';
 }
 

@@ -84,9 +84,9 @@ void RecordPrinter::Append(std::string& out, const ShownRecord& record) {
   AppendRuled(out, record);
   AppendFields(out, record);
   for (const Note& problem : record.problems)
-    out.append(style_.paint.Bad(std::string(kMargin) + "! " + PlaceOf(problem) + problem.text)).append("\n");
+    out.append(style_.paint.Bad(std::string(kMargin) + "! " + PlaceOf(problem) + problem.In({}))).append("\n");
   for (const Note& oddity : record.oddities)
-    out.append(style_.paint.Aside(std::string(kMargin) + "~ " + PlaceOf(oddity) + oddity.text)).append("\n");
+    out.append(style_.paint.Aside(std::string(kMargin) + "~ " + PlaceOf(oddity) + oddity.In({}))).append("\n");
   out += '\n';
 }
 
