@@ -7,7 +7,6 @@ where those are defined in modules within, and with what stands in the sources o
 
 import ast
 import copy
-import inspect
 import re
 
 # What a descriptor gives to whoever reads it.
@@ -22,6 +21,10 @@ def decorators(node):
 
 def is_public(name):
     return not name.startswith("_")
+
+
+def with_types(words, heading, types):
+    return f"{words}\n\n@par {heading}\n<tt>{types}</tt>" if words and types else words
 
 
 class Source:
@@ -93,9 +96,6 @@ class Package:
         for number, line in enumerate((mark + text).split("\n")):
             yield f"{indent}{'#' if number else '##'} {line}".rstrip()
 
-    def typed(self, node, scope, indent, words, heading, types):
-        yield from self.said(words and f"{words}\n\n@par {heading}\n<tt>{types}</tt>", scope, indent)
-
     def function(self, node, scope, indent):
         self.told.add(f"{scope}::{node.name}")
         given = copy.deepcopy(node.args)
@@ -107,36 +107,40 @@ class Package:
             types = "a fixture of pytest's"
         for each in (*given.args, *given.kwonlyargs):
             each.annotation = None
-        yield from self.typed(node, scope, indent, ast.get_docstring(node) or "", "Types", types)
-        yield f"{indent}def {node.name}({ast.unparse(given)}):"
+        yield from self.said(with_types(ast.get_docstring(node) or "", "Types", types), scope, indent)
+        # Doxygen takes the star that stands alone for the next argument's.
+        yield f"{indent}def {node.name}({ast.unparse(given).replace('*, ', '')}):"
         yield f"{indent}    pass"
 
-    def property(self, source, node, scope, words, types):
-        self.told.add(f"{scope}::{node if isinstance(node, str) else node.name}")
-        yield from self.typed(node, scope, "    ", words, "Type", types)
-        yield f"    {node if isinstance(node, str) else node.name} = None"
+    def property(self, name, scope, words, types):
+        """An attribute that objects have, as a method of theirs sets it; Doxygen takes all others for the class's own."""
+        self.told.add(f"{scope}::{name}")
+        yield "    def _set(self):"
+        yield from self.said(with_types(words, "Type", types), scope, "        ")
+        yield f"        self.{name} = None"
 
     def attribute(self, source, node, scope, indent):
-        """An attribute that is set in a class, a module or an object's making."""
+        """What is set in a class, a module or an object's making."""
         targets = node.targets if isinstance(node, ast.Assign) else [node.target]
         if isinstance(targets[0], ast.Tuple):
             targets = targets[0].elts
-        words = source.comment(node)
+        types = ast.unparse(node.annotation) if isinstance(node, ast.AnnAssign) else ""
+        words, types = self.descriptor(node.value) or (source.comment(node), types)
         for target in targets:
             name = target.attr if isinstance(target, ast.Attribute) else getattr(target, "id", "_")
             if not is_public(name):
                 continue
-            self.told.add(f"{scope}::{name}")
-            described = self.descriptor(node.value) if isinstance(node.value, ast.Call) else None
-            if described:
-                yield from self.property(source, name, scope, *described)
+            if indent and not isinstance(node.value, ast.Constant):
+                yield from self.property(name, scope, words, types)
                 continue
-            types = ast.unparse(node.annotation) if isinstance(node, ast.AnnAssign) else ""
-            yield from self.typed(node, scope, indent, words, "Type", types) if types else self.said(words, scope, indent)
+            self.told.add(f"{scope}::{name}")
+            yield from self.said(words, scope, indent)
             yield f"{indent}{name} = {ast.unparse(node.value) if isinstance(node.value, ast.Constant) else None}"
 
     def descriptor(self, call):
         """(words, type) of a descriptor, or of a function that makes one."""
+        if not isinstance(call, ast.Call):
+            return None
         maker = ast.unparse(call.func)
         if maker not in DESCRIPTORS:
             _, made = self.find(maker)
@@ -177,8 +181,7 @@ class Package:
             if isinstance(member, ast.FunctionDef) and is_public(name) and name not in done and OVERLOAD not in decorators(member):
                 done.add(name)
                 if "property" in decorators(member):
-                    types = ast.unparse(member.returns)
-                    yield from self.property(each, member, inner, ast.get_docstring(member) or "", types)
+                    yield from self.property(name, inner, ast.get_docstring(member) or "", ast.unparse(member.returns))
                 else:
                     yield from self.function(member, inner, "    ")
             elif isinstance(member, (ast.Assign, ast.AnnAssign)):

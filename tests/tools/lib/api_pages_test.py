@@ -230,23 +230,26 @@ class Kind(enum.IntEnum):
 ## One payment. @ref fiscalon::Kind "Kind" says which, @ref fiscalon::Payment::comp_code "comp_code" whose, ``nothing`` what.
 class Payment:
     pass
-    ## Biller code, such as 1.
-    #
-    # @par Type
-    # <tt>str</tt>
-    comp_code = None
-    ## As it was given.
-    name = None
-    ## Its rows.
-    #
-    # @par Type
-    # <tt>list[int]</tt>
-    rows = None
+    def _set(self):
+        ## Biller code, such as 1.
+        #
+        # @par Type
+        # <tt>str</tt>
+        self.comp_code = None
+    def _set(self):
+        ## As it was given.
+        self.name = None
+    def _set(self):
+        ## Its rows.
+        #
+        # @par Type
+        # <tt>list[int]</tt>
+        self.rows = None
     ## Shows it.
     #
     # @par Types
     # <tt>show(code: str, *, fast: bool=True) -> bool</tt>
-    def show(code, *, fast=True):
+    def show(code, fast=True):
         pass
     ## Closes it.
     #
@@ -274,9 +277,6 @@ class Python(unittest.TestCase):
 # Plays.
 
 ## When.
-#
-# @par Type
-# <tt>int</tt>
 TODAY = 5
 def play(path):
     pass"""})
