@@ -29,6 +29,27 @@ constexpr const char* kProgramExamples = R"(Examples:
 Exit status: 0 done or valid, 1 a failed expectation, a cancelled screen or something
 invalid, 2 bad usage or a file that can't be read. "fiscalon COMMAND --help" says more.)";
 
+struct Command {
+  const char* name = nullptr;
+  const char* summary = nullptr;
+  /// Gives it its options and what it does, once the command line names it: to make the options of all commands takes
+  /// longer than most of them do.
+  void (*define)(CLI::App& command, Context& context) = nullptr;
+};
+
+// clang-format off
+constexpr Command kCommands[] = {
+    {"screens",  "List the screen codes, their forms and what each collects",             DefineScreensCommand},
+    {"collect",  "Show a screen to the user and hand out the records",                    DefineCollectCommand},
+    {"play",     "Play scenarios: a host and a user at a screen, and what must be seen",  DefinePlayCommand},
+    {"show",     "Print the records of a file taken apart, and what is wrong with them",  DefineShowCommand},
+    {"validate", "Check the records of a payment, or of a batch of payments",             DefineValidateCommand},
+    {"generate", "Make a batch for trials, with planted defects",                         DefineGenerateCommand},
+    {"picture",  "Draw a screen as its dialog looks, into a file",                        DefinePictureCommand},
+    {"desk",     "Try the screens out with a payment of your own, again and again",       DefineDeskCommand},
+};
+// clang-format on
+
 DateTime ParseToday(const std::string& text) {
   const size_t blank = text.find(' ');
   const auto today = ParseDateTime(text.substr(0, blank), blank == std::string::npos ? "" : text.substr(blank + 1));
@@ -58,14 +79,11 @@ void DefineCommandLine(CLI::App& app, Context& context) {
       ->type_name("NAME")
       ->check(OneOf({languages.begin(), languages.end()}));
 
-  AddScreensCommand(app, context);
-  AddCollectCommand(app, context);
-  AddPlayCommand(app, context);
-  AddShowCommand(app, context);
-  AddValidateCommand(app, context);
-  AddGenerateCommand(app, context);
-  AddPictureCommand(app, context);
-  AddDeskCommand(app, context);
+  for (const Command& row : kCommands) {
+    CLI::App* const command = app.add_subcommand(row.name, row.summary);
+    command->preparse_callback(
+        [command, define = row.define, &context](size_t /*argumentsLeft*/) { define(*command, context); });
+  }
 }
 
 /// An option that ends with "=" would take the next argument for its value: a variable that is not set would make

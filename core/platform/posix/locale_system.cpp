@@ -7,12 +7,14 @@
 #include <iterator>
 #include <locale>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include "core/platform/code_page.h"
 #include "core/platform/locale.h"
@@ -173,40 +175,55 @@ void TakeMoney(const std::locale& system, Locale& locale) {
   locale.negativeSuffix = negative.suffix;
 }
 
+std::string Variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
 /// The name that the environment gives a category, "LC_TIME" say; empty where it names none.
 std::string NameOf(const char* category) {
   for (const char* variable : {"LC_ALL", category, "LANG"})
-    if (const char* name = std::getenv(variable); name != nullptr && *name != '\0')
+    if (std::string name = Variable(variable); !name.empty())
       return name;
   return "";
+}
+
+/// Whether the system has a locale of that name, and a currency in it.
+bool HasCurrency(const std::string& name) {
+  // Of all the files of a locale this asks for one.
+  const SystemHandle money(::newlocale(LC_MONETARY_MASK, name.c_str(), nullptr), &::freelocale);
+  // In front of the symbol stands where it goes.
+  return money && std::string_view(::nl_langinfo_l(CRNCYSTR, money.get())).size() > 1;
 }
 
 /// The system's locale of that name; nothing where there is no name, or none that the system has and that defines a
 /// currency.
 std::optional<std::locale> LocaleNamed(const std::string& name) {
-  if (name.empty())
+  if (name.empty() || !HasCurrency(name))
     return std::nullopt;
   try {
-    std::locale system(name);
-    if (std::use_facet<std::moneypunct<wchar_t>>(system).curr_symbol().empty())
-      return std::nullopt;
-    return system;
+    return std::locale(name);
   } catch (const std::runtime_error&) {
     // It is not installed.
     return std::nullopt;
   }
 }
 
-}  // namespace
+/// What the environment tells of the user's locale.
+struct LocaleNames {
+  std::string numbers = NameOf("LC_NUMERIC");
+  std::string money = NameOf("LC_MONETARY");
+  std::string moments = NameOf("LC_TIME");
+  std::string folder = Variable("LOCPATH");
 
-Locale SystemLocale() {
-  const std::string numbersName = NameOf("LC_NUMERIC");
-  const std::string moneyName = NameOf("LC_MONETARY");
-  const std::string momentsName = NameOf("LC_TIME");
+  friend bool operator==(const LocaleNames&, const LocaleNames&) = default;
+};
+
+Locale ReadLocale(const LocaleNames& names) {
   // Nearly always one name for all, and its files are many.
-  const std::optional<std::locale> numbers = LocaleNamed(numbersName);
-  const std::optional<std::locale> money = moneyName == numbersName ? numbers : LocaleNamed(moneyName);
-  const std::optional<std::locale> moments = momentsName == numbersName ? numbers : LocaleNamed(momentsName);
+  const std::optional<std::locale> numbers = LocaleNamed(names.numbers);
+  const std::optional<std::locale> money = names.money == names.numbers ? numbers : LocaleNamed(names.money);
+  const std::optional<std::locale> moments = names.moments == names.numbers ? numbers : LocaleNamed(names.moments);
   Locale locale = EnglishCanada();
   if (!numbers && !money && !moments)
     return locale;
@@ -221,6 +238,18 @@ Locale SystemLocale() {
   if (moments)
     TakeMoments(*moments, locale);
   return locale;
+}
+
+}  // namespace
+
+Locale SystemLocale() {
+  // To read its files takes a millisecond, and every session asks. That they change under the same names goes unseen.
+  static std::mutex oneAtATime;
+  static std::optional<std::pair<LocaleNames, Locale>> last;
+  const std::lock_guard lock(oneAtATime);
+  if (LocaleNames names; !last || last->first != names)
+    last.emplace(names, ReadLocale(names));
+  return last->second;
 }
 
 }  // namespace fiscalon

@@ -144,14 +144,13 @@ ExitStatus Run(const CollectOptions& options, const Context& context) {
 
 }  // namespace
 
-void AddCollectCommand(CLI::App& app, Context& context) {
-  CLI::App* command = app.add_subcommand("collect", "Show a screen to the user and hand out the records");
-  command->footer(kCollectExamples);
+void DefineCollectCommand(CLI::App& command, Context& context) {
+  command.footer(kCollectExamples);
   const auto options = std::make_shared<CollectOptions>();
-  command->add_option("CODE", options->payment.code, "The screen's code");
+  command.add_option("CODE", options->payment.code, "The screen's code");
   for (const auto& [name, help, type] : HostProperties())
     command
-        ->add_option_function<std::string>(
+        .add_option_function<std::string>(
             FlagOf(name),
             [options, property = name](const std::string& value) {
               std::string complaint = ComplaintAboutHostProperty(property, value);
@@ -164,16 +163,16 @@ void AddCollectCommand(CLI::App& app, Context& context) {
             std::string(help))
         ->type_name("VALUE");
   command
-      ->add_option("--toolkit", options->payment.toolkit,
-                   "What shows the form; without it windows where there is a display")
+      .add_option("--toolkit", options->payment.toolkit,
+                  "What shows the form; without it windows where there is a display")
       ->type_name("NAME")
       ->check(OneOf(NamesOfFrontEnds()));
-  command->add_option("--record", options->payment.record, "Write the session down as a scenario")
+  command.add_option("--record", options->payment.record, "Write the session down as a scenario")
       ->type_name("FILE")
       ->check(NameGiven);
   // Its value may be left out.
   command
-      ->add_option_function<std::vector<std::string>>(
+      .add_option_function<std::vector<std::string>>(
           "--json",
           [options](const std::vector<std::string>& file) {
             options->request = file.empty() || file.front().empty() ? "-" : file.front();
@@ -181,7 +180,7 @@ void AddCollectCommand(CLI::App& app, Context& context) {
           "The payment as JSON, from FILE or standard input; the answer as JSON")
       ->type_name("FILE")
       ->expected(0, 1);
-  command->callback([options, &context] { context.status = Run(*options, context); });
+  command.callback([options, &context] { context.status = Run(*options, context); });
 }
 
 }  // namespace fiscalon

@@ -7,6 +7,6 @@
 namespace fiscalon {
 
 /// `fiscalon collect CODE`: shows a screen to the user and hands out the records.
-void AddCollectCommand(CLI::App& app, Context& context);
+void DefineCollectCommand(CLI::App& command, Context& context);
 
 }  // namespace fiscalon

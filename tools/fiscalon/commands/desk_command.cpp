@@ -61,14 +61,13 @@ ExitStatus OpenDesk(const std::string& toolkitName, const Context& context) {
 
 }  // namespace
 
-void AddDeskCommand(CLI::App& app, Context& context) {
-  CLI::App* command = app.add_subcommand("desk", "Try the screens out with a payment of your own, again and again");
-  command->footer(kDeskExamples);
+void DefineDeskCommand(CLI::App& command, Context& context) {
+  command.footer(kDeskExamples);
   const auto toolkit = std::make_shared<std::string>();
-  command->add_option("--toolkit", *toolkit, "What shows the desk; without it windows where there is a display")
+  command.add_option("--toolkit", *toolkit, "What shows the desk; without it windows where there is a display")
       ->type_name("NAME")
       ->check(OneOf(NamesOfFrontEnds()));
-  command->callback([toolkit, &context] { context.status = OpenDesk(*toolkit, context); });
+  command.callback([toolkit, &context] { context.status = OpenDesk(*toolkit, context); });
 }
 
 }  // namespace fiscalon

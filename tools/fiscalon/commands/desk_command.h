@@ -7,6 +7,6 @@
 namespace fiscalon {
 
 /// `desk`: a payment to change, and screens to show with it.
-void AddDeskCommand(CLI::App& app, Context& context);
+void DefineDeskCommand(CLI::App& command, Context& context);
 
 }  // namespace fiscalon

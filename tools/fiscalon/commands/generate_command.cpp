@@ -114,30 +114,29 @@ void Generate(const GenerateOptions& options) {
 
 }  // namespace
 
-void AddGenerateCommand(CLI::App& app, Context& context) {
-  CLI::App* command = app.add_subcommand("generate", "Make a batch for trials, with planted defects");
-  command->footer(kGenerateExamples);
+void DefineGenerateCommand(CLI::App& command, Context& context) {
+  command.footer(kGenerateExamples);
   const auto options = std::make_shared<GenerateOptions>();
   BatchPlan* const plan = &options->plan;
-  command->add_option("--payments", plan->payments, "How many payments")
+  command.add_option("--payments", plan->payments, "How many payments")
       ->type_name("N")
       ->required()
       ->check(NumberFrom<uint64_t>(1));
-  command->add_option("--screen", plan->screen, "Their screen: " + JudgedScreensInWords())
+  command.add_option("--screen", plan->screen, "Their screen: " + JudgedScreensInWords())
       ->type_name("CODE")
       ->required()
       ->check(OneOf(JudgedScreens()));
-  command->add_option("--bad", plan->badRate, "Which share of them is bad, from 0 to 1; without it none")
+  command.add_option("--bad", plan->badRate, "Which share of them is bad, from 0 to 1; without it none")
       ->type_name("RATE")
       ->check(NumberFrom(0.0, 1.0));
-  command->add_option("--seed", plan->seed, "Another seed makes another batch; without it 1")
+  command.add_option("--seed", plan->seed, "Another seed makes another batch; without it 1")
       ->type_name("S")
       ->check(NumberFrom<uint64_t>(0));
-  command->add_option("--out", options->name, "The files' name without its endings; without it \"batch\"")
+  command.add_option("--out", options->name, "The files' name without its endings; without it \"batch\"")
       ->type_name("NAME")
       ->check(NameStemGiven);
-  command->add_flag("--force", options->force, "Replace files of these names");
-  command->callback([options, &context] {
+  command.add_flag("--force", options->force, "Replace files of these names");
+  command.callback([options, &context] {
     options->plan.today = context.today ? context.today->date : TheModule().clock->Today();
     Generate(*options);
   });

@@ -7,6 +7,6 @@
 namespace fiscalon {
 
 /// `fiscalon generate`: makes a batch for trials, with planted defects and the list of them.
-void AddGenerateCommand(CLI::App& app, Context& context);
+void DefineGenerateCommand(CLI::App& command, Context& context);
 
 }  // namespace fiscalon

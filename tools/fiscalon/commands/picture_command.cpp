@@ -109,25 +109,24 @@ ExitStatus MakePicture(const PictureOptions& options, const Context& context) {
 
 }  // namespace
 
-void AddPictureCommand(CLI::App& app, Context& context) {
-  CLI::App* command = app.add_subcommand("picture", "Draw a screen as its dialog looks, into a file");
-  command->footer(kPictureExamples);
+void DefinePictureCommand(CLI::App& command, Context& context) {
+  command.footer(kPictureExamples);
   const auto options = std::make_shared<PictureOptions>();
-  command->add_option("CODE", options->code, "The screen's code")->required();
-  command->add_option("--out", options->out, "The picture")->required()->type_name("FILE")->check(NameGiven);
-  command->add_option("--scenario", options->scenario, "A scenario that fills the form")
+  command.add_option("CODE", options->code, "The screen's code")->required();
+  command.add_option("--out", options->out, "The picture")->required()->type_name("FILE")->check(NameGiven);
+  command.add_option("--scenario", options->scenario, "A scenario that fills the form")
       ->type_name("FILE")
       ->check(NameGiven);
   command
-      ->add_option("--toolkit", options->toolkit,
-                   "What is drawn: windows by qt, into a PNG file, or a terminal, into SVG or text")
+      .add_option("--toolkit", options->toolkit,
+                  "What is drawn: windows by qt, into a PNG file, or a terminal, into SVG or text")
       ->type_name("NAME")
       ->check(OneOf(NamesOfFrontEnds()));
-  command->add_option("--scale", options->scale, "Pixels for each of a usual screen")
+  command.add_option("--scale", options->scale, "Pixels for each of a usual screen")
       ->type_name("FACTOR")
       ->check(NumberFrom(0.5, 4.0));
-  command->add_flag("--dark", options->dark, "In a dark theme");
-  command->callback([options, &context] { context.status = MakePicture(*options, context); });
+  command.add_flag("--dark", options->dark, "In a dark theme");
+  command.callback([options, &context] { context.status = MakePicture(*options, context); });
 }
 
 }  // namespace fiscalon

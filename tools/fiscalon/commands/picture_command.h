@@ -7,6 +7,6 @@
 namespace fiscalon {
 
 /// `fiscalon picture CODE --out FILE.png`: draws a screen as its Qt dialog looks, without a display.
-void AddPictureCommand(CLI::App& app, Context& context);
+void DefinePictureCommand(CLI::App& command, Context& context);
 
 }  // namespace fiscalon

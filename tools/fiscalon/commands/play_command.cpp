@@ -155,24 +155,22 @@ ExitStatus PlayFiles(const PlayOptions& options, const Context& context) {
 
 }  // namespace
 
-void AddPlayCommand(CLI::App& app, Context& context) {
-  CLI::App* command =
-      app.add_subcommand("play", "Play scenarios: a host and a user at a screen, and what must be seen");
-  command->footer(kPlayExamples);
+void DefinePlayCommand(CLI::App& command, Context& context) {
+  command.footer(kPlayExamples);
   const auto options = std::make_shared<PlayOptions>();
-  command->add_option("FILE", options->files, "Scenario files")->required()->check(NameGiven);
+  command.add_option("FILE", options->files, "Scenario files")->required()->check(NameGiven);
   command
-      ->add_option("--toolkit", options->toolkit, "The front end that shows the forms: " + Listed(NamesOfFrontEnds()))
+      .add_option("--toolkit", options->toolkit, "The front end that shows the forms: " + Listed(NamesOfFrontEnds()))
       ->type_name("NAME")
       ->check(OneOf(NamesOfFrontEnds()));
-  command->add_option("--only", options->only, "Play the scenarios of that name alone")
+  command.add_option("--only", options->only, "Play the scenarios of that name alone")
       ->type_name("NAME")
       ->check(NameGiven);
   CLI::Option* transcript =
-      command->add_flag("--transcript", options->transcript, "Print every line and everything that happens");
-  command->add_flag("--narrate", options->narrate, "Tell it with pictures of the form, the boxes and the records")
+      command.add_flag("--transcript", options->transcript, "Print every line and everything that happens");
+  command.add_flag("--narrate", options->narrate, "Tell it with pictures of the form, the boxes and the records")
       ->excludes(transcript);
-  command->callback([options, &context] { context.status = PlayFiles(*options, context); });
+  command.callback([options, &context] { context.status = PlayFiles(*options, context); });
 }
 
 }  // namespace fiscalon

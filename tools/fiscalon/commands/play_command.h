@@ -7,6 +7,6 @@
 namespace fiscalon {
 
 /// `fiscalon play FILE...`: plays scenarios and says which of them passed.
-void AddPlayCommand(CLI::App& app, Context& context);
+void DefinePlayCommand(CLI::App& command, Context& context);
 
 }  // namespace fiscalon

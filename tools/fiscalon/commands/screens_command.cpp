@@ -32,12 +32,11 @@ void PrintScreens(const Context& context, bool judged) {
 
 }  // namespace
 
-void AddScreensCommand(CLI::App& app, Context& context) {
-  CLI::App* command = app.add_subcommand("screens", "List the screen codes, their forms and what each collects");
-  command->footer(kScreensExamples);
+void DefineScreensCommand(CLI::App& command, Context& context) {
+  command.footer(kScreensExamples);
   const auto judged = std::make_shared<bool>(false);
-  command->add_flag("--judged", *judged, "Only those whose payments \"validate\" judges");
-  command->callback([judged, &context] { PrintScreens(context, *judged); });
+  command.add_flag("--judged", *judged, "Only those whose payments \"validate\" judges");
+  command.callback([judged, &context] { PrintScreens(context, *judged); });
 }
 
 }  // namespace fiscalon

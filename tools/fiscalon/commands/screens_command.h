@@ -7,6 +7,6 @@
 namespace fiscalon {
 
 /// `fiscalon screens`: the screen codes, their forms, and what each collects.
-void AddScreensCommand(CLI::App& app, Context& context);
+void DefineScreensCommand(CLI::App& command, Context& context);
 
 }  // namespace fiscalon

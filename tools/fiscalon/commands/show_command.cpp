@@ -141,27 +141,25 @@ ExitStatus ShowFile(const ShowOptions& options, const Context& context) {
 
 }  // namespace
 
-void AddShowCommand(CLI::App& app, Context& context) {
-  CLI::App* command =
-      app.add_subcommand("show", "Print the records of a file taken apart, and what is wrong with them");
-  command->footer(kShowExamples);
+void DefineShowCommand(CLI::App& command, Context& context) {
+  command.footer(kShowExamples);
   const auto options = std::make_shared<ShowOptions>();
-  command->add_option("FILE", options->file, "A record file; - is standard input")->required()->check(NameGiven);
-  command->add_option("--screen", options->screen, "The screen that the records come from: tells what their fields are")
+  command.add_option("FILE", options->file, "A record file; - is standard input")->required()->check(NameGiven);
+  command.add_option("--screen", options->screen, "The screen that the records come from: tells what their fields are")
       ->type_name("CODE");
-  command->add_flag("--json", options->json, "Print one JSON document");
-  command->add_flag("--json-lines", options->jsonLines, "Print one line of JSON for each record");
-  command->add_option("--only", options->picks.only, "Print the records of this kind only, or of these: T,F")
+  command.add_flag("--json", options->json, "Print one JSON document");
+  command.add_flag("--json-lines", options->jsonLines, "Print one line of JSON for each record");
+  command.add_option("--only", options->picks.only, "Print the records of this kind only, or of these: T,F")
       ->type_name("KIND")
       ->delimiter(',')
       ->check(OneOf({"T", "F", "G", "P", "R", "I"}));
-  command->add_option("--line", options->picks.line, "Print these lines only: 12, 12-20 or 12-")->type_name("N-M");
-  command->add_option("--seq", options->picks.seq, "Print the records of this sequence number only")->type_name("SEQ");
-  command->add_flag("--bad-only", options->badOnly, "Print the records of payments that fail only");
-  command->add_option("--payments", options->payments, "The payments list, for --bad-only; - is standard input")
+  command.add_option("--line", options->picks.line, "Print these lines only: 12, 12-20 or 12-")->type_name("N-M");
+  command.add_option("--seq", options->picks.seq, "Print the records of this sequence number only")->type_name("SEQ");
+  command.add_flag("--bad-only", options->badOnly, "Print the records of payments that fail only");
+  command.add_option("--payments", options->payments, "The payments list, for --bad-only; - is standard input")
       ->type_name("FILE")
       ->check(NameGiven);
-  command->callback([options, &context] { context.status = ShowFile(*options, context); });
+  command.callback([options, &context] { context.status = ShowFile(*options, context); });
 }
 
 }  // namespace fiscalon

@@ -7,6 +7,6 @@
 namespace fiscalon {
 
 /// `fiscalon show FILE`: prints the records of a file taken apart, and what is wrong with them.
-void AddShowCommand(CLI::App& app, Context& context);
+void DefineShowCommand(CLI::App& command, Context& context);
 
 }  // namespace fiscalon

@@ -136,18 +136,16 @@ std::string PartGiven(const std::string& text) {
 
 }  // namespace
 
-void AddValidateCommand(CLI::App& app, Context& context) {
-  CLI::App* command = app.add_subcommand("validate", "Check the records of a payment, or of a batch of payments");
-  command->footer(kValidateExamples);
+void DefineValidateCommand(CLI::App& command, Context& context) {
+  command.footer(kValidateExamples);
   const auto options = std::make_shared<ValidateOptions>();
   BatchOptions* const batch = &options->batch;
-  command->add_option("FILE", options->file, "The records of one payment; - is standard input")->check(NameGiven);
-  command->add_option("--screen", options->screen, "The payment's screen: " + JudgedScreensInWords())
-      ->type_name("CODE");
-  command->add_option("--amount", options->amount, "The payment's amount in cents")->type_name("CENTS");
-  command->add_option("--biller", options->biller, "The payment's biller, such as 001052")->type_name("CODE");
+  command.add_option("FILE", options->file, "The records of one payment; - is standard input")->check(NameGiven);
+  command.add_option("--screen", options->screen, "The payment's screen: " + JudgedScreensInWords())->type_name("CODE");
+  command.add_option("--amount", options->amount, "The payment's amount in cents")->type_name("CENTS");
+  command.add_option("--biller", options->biller, "The payment's biller, such as 001052")->type_name("CODE");
   const auto file = [&](const char* option, std::string& name, const char* text) {
-    command->add_option(option, name, text)->type_name("FILE")->check(NameGiven);
+    command.add_option(option, name, text)->type_name("FILE")->check(NameGiven);
   };
   file("--payments", batch->payments, "The payments list of a batch; - is standard input");
   file("--records", batch->records, "The records of a batch; - is standard input");
@@ -155,18 +153,18 @@ void AddValidateCommand(CLI::App& app, Context& context) {
   file("--faults", batch->outputs.faults, "Where to write a row for each fault, with its place; - is standard output");
   file("--good", batch->outputs.good, "Where to write the records of the good payments; - is standard output");
   file("--bad", batch->outputs.bad, "Where to write the records of the bad payments; - is standard output");
-  command->add_flag("--json-lines", batch->outputs.asJson, "Write report and faults as JSON, an object a line");
-  command->add_option("--max-bad", batch->outputs.mostBad, "End a batch at the Nth bad payment")
+  command.add_flag("--json-lines", batch->outputs.asJson, "Write report and faults as JSON, an object a line");
+  command.add_option("--max-bad", batch->outputs.mostBad, "End a batch at the Nth bad payment")
       ->type_name("N")
       ->check(NumberFrom<uint64_t>(1));
-  command->add_option("--part", options->part, "Judge the Ith of N parts of a batch")
+  command.add_option("--part", options->part, "Judge the Ith of N parts of a batch")
       ->type_name("I/N")
       ->check(PartGiven)
       ->each([batch](const std::string& text) { batch->part = PartOf(text).value_or(BatchPart()); });
-  command->add_option("--jobs", batch->jobs, "How many threads judge a batch; as many as there are cores")
+  command.add_option("--jobs", batch->jobs, "How many threads judge a batch; as many as there are cores")
       ->type_name("N")
       ->check(NumberFrom(1, 256));
-  command->callback([options, &context] { context.status = Validate(*options, context); });
+  command.callback([options, &context] { context.status = Validate(*options, context); });
 }
 
 }  // namespace fiscalon

@@ -7,6 +7,6 @@
 namespace fiscalon {
 
 /// `fiscalon validate`: judges the records of one payment, or of a whole batch.
-void AddValidateCommand(CLI::App& app, Context& context);
+void DefineValidateCommand(CLI::App& command, Context& context);
 
 }  // namespace fiscalon

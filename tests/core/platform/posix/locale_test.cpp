@@ -55,6 +55,22 @@ TEST(SystemLocale, ReadsFrenchCanada) {
             "cembre dimanche");
 }
 
+TEST(SystemLocale, FollowsTheEnvironment) {
+  const UsersLocale user("fr_CA.UTF-8");
+  if (!user.Available())
+    GTEST_SKIP() << "this system can't make the locale";
+  const Locale first = SystemLocale();
+  EXPECT_EQ(first.decimal, ",");
+  {
+    const UsersLocale other("C");
+    EXPECT_EQ(SystemLocale(), EnglishCanada());
+  }
+  EXPECT_EQ(SystemLocale(), first);
+  // The same name, and no such locale where it is looked for.
+  ::setenv("LOCPATH", "/nowhere", 1);
+  EXPECT_EQ(SystemLocale(), EnglishCanada());
+}
+
 TEST(SystemLocale, ReadsEnglishUnitedStates) {
   const UsersLocale user("en_US.UTF-8");
   if (!user.Available())
