@@ -44,10 +44,10 @@ def compare(commands, runs, environment):
     first = None
     for name, measured in times.items():
         walls, processors = zip(*measured)
-        wall, least, processor = statistics.median(walls), min(walls), statistics.median(processors)
-        first = first or (wall, least, processor)
-        print(f"{name:32}{wall:9.2f} ms, {wall / first[0]:5.2f} times; least{least:9.2f} ms, {least / first[1]:5.2f} times; "
-              f"processor{processor:9.2f} ms, {processor / first[2]:5.2f} times")
+        taken = {"median": statistics.median(walls), "least": min(walls), "processor": statistics.median(processors)}
+        first = first or taken
+        print(f"{name:24}" + "; ".join(f"{what}{each:8.2f} ms, {each / first[what]:5.2f} times"
+                                       for what, each in taken.items()))
 
 
 def main():
@@ -66,7 +66,8 @@ def main():
     if arguments.desk:
         compare({name.replace("_", " "): [os.path.join(os.path.abspath(arguments.desk), name)]
                  for name in ("bare_qt_start", "desk_start")},
-                max(arguments.runs // 10, 1), {**os.environ, "QT_QPA_PLATFORM": "offscreen"})
+                max(arguments.runs // 10, 1),
+                {**os.environ, "QT_QPA_PLATFORM": "offscreen", "QT_LOGGING_RULES": "*.warning=false"})
 
 
 if __name__ == "__main__":

@@ -56,7 +56,7 @@ ROWS = (
 )
 LAYERS = {row.name: row for row in ROWS}
 TOP = ("tools/", "tests/", "examples/", "bench/", "include/")
-QT_FOLDERS = ("frontends/qt/", "tools/desk/", "examples/qt_host/", "tests/")
+QT_FOLDERS = ("frontends/qt/", "tools/desk/", "examples/qt_host/", "bench/qt/", "tests/")
 
 STANDARD = set(
     """algorithm any array atomic barrier bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes
