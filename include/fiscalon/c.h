@@ -66,20 +66,20 @@ FISCALON_API int32_t fiscalon_c_interface(void);
 
 /* The numbers that a host may meet. Those below 1000 are the platform's, of the library's own rules. */
 enum {
-  FISCALON_ERROR_INVALID_PROCEDURE_CALL = 5, /* an unknown key, a text that does not fit its columns */
-  FISCALON_ERROR_OVERFLOW = 6,
-  FISCALON_ERROR_OUT_OF_MEMORY = 7,          /* nothing is leaked; the same call may be made again */
-  FISCALON_ERROR_SUBSCRIPT_OUT_OF_RANGE = 9, /* an unknown position */
-  FISCALON_ERROR_TYPE_MISMATCH = 13,
-  FISCALON_ERROR_FILE_NOT_FOUND = 53,
-  FISCALON_ERROR_DISK_FULL = 61,
-  FISCALON_ERROR_PERMISSION_DENIED = 70,
-  FISCALON_ERROR_PATH_FILE_ACCESS = 75,
-  FISCALON_ERROR_PATH_NOT_FOUND = 76,
-  FISCALON_ERROR_OBJECT_NOT_SET = 91, /* NULL for a handle; no front end is installed */
-  FISCALON_ERROR_ALREADY_SHOWN = 400,
-  FISCALON_ERROR_DUPLICATE_KEY = 457,
-  FISCALON_ERROR_INVALID_SCREEN_TYPE = -2147221503, /* 0x80040001 */
+  FISCALON_ERROR_INVALID_PROCEDURE_CALL = 5,        /* an unknown key, a text that does not fit its columns */
+  FISCALON_ERROR_OVERFLOW = 6,                      /* a number beyond its range */
+  FISCALON_ERROR_OUT_OF_MEMORY = 7,                 /* nothing is leaked; the same call may be made again */
+  FISCALON_ERROR_SUBSCRIPT_OUT_OF_RANGE = 9,        /* an unknown position */
+  FISCALON_ERROR_TYPE_MISMATCH = 13,                /* a text that is no number */
+  FISCALON_ERROR_FILE_NOT_FOUND = 53,               /* an older record file is not there any more */
+  FISCALON_ERROR_DISK_FULL = 61,                    /* no room for a record file */
+  FISCALON_ERROR_PERMISSION_DENIED = 70,            /* an older record file can't be deleted */
+  FISCALON_ERROR_PATH_FILE_ACCESS = 75,             /* a file can't be opened */
+  FISCALON_ERROR_PATH_NOT_FOUND = 76,               /* a folder is missing */
+  FISCALON_ERROR_OBJECT_NOT_SET = 91,               /* NULL for a handle; no front end is installed */
+  FISCALON_ERROR_ALREADY_SHOWN = 400,               /* the form is being shown already */
+  FISCALON_ERROR_DUPLICATE_KEY = 457,               /* a key that is taken */
+  FISCALON_ERROR_INVALID_SCREEN_TYPE = -2147221503, /* 0x80040001: a code that no screen has */
   /* Of this interface. */
   FISCALON_ERROR_NULL_POINTER = 1001, /* NULL for a text, or for the place of a result */
   FISCALON_ERROR_NO_HANDLE = 1002,    /* a handle that was destroyed, or one of another kind */
@@ -483,14 +483,23 @@ FISCALON_API int fiscalon_from_utf8(const char* utf8, size_t size, char* bytes, 
 typedef struct fiscalon_form fiscalon_form;
 
 enum {
-  FISCALON_BOX_PLAIN = 0,
-  FISCALON_BOX_CRITICAL = 1,
-  FISCALON_BOX_QUESTION = 2,
-  FISCALON_BOX_EXCLAMATION = 3,
-  FISCALON_BOX_INFORMATION = 4
+  FISCALON_BOX_PLAIN = 0,       /* no mark */
+  FISCALON_BOX_CRITICAL = 1,    /* an error */
+  FISCALON_BOX_QUESTION = 2,    /* a question */
+  FISCALON_BOX_EXCLAMATION = 3, /* a warning */
+  FISCALON_BOX_INFORMATION = 4  /* news */
 };
-enum { FISCALON_BUTTONS_OK = 0, FISCALON_BUTTONS_OK_CANCEL = 1, FISCALON_BUTTONS_YES_NO = 2 };
-enum { FISCALON_ANSWER_OK = 0, FISCALON_ANSWER_CANCEL = 1, FISCALON_ANSWER_YES = 2, FISCALON_ANSWER_NO = 3 };
+enum {
+  FISCALON_BUTTONS_OK = 0,        /* OK */
+  FISCALON_BUTTONS_OK_CANCEL = 1, /* OK and Cancel */
+  FISCALON_BUTTONS_YES_NO = 2     /* Yes and No */
+};
+enum {
+  FISCALON_ANSWER_OK = 0,     /* OK was pressed */
+  FISCALON_ANSWER_CANCEL = 1, /* Cancel */
+  FISCALON_ANSWER_YES = 2,    /* Yes */
+  FISCALON_ANSWER_NO = 3      /* No */
+};
 
 /* A message box. */
 typedef struct fiscalon_box {
@@ -542,14 +551,14 @@ FISCALON_API int fiscalon_form_get_focus(fiscalon_form* form, const char** contr
 FISCALON_API int fiscalon_form_get_status(fiscalon_form* form, const char** text);
 
 enum {
-  FISCALON_CONTROL_LABEL = 0,
-  FISCALON_CONTROL_TEXT_FIELD = 1,
-  FISCALON_CONTROL_BUTTON = 2,
-  FISCALON_CONTROL_CHECK_BOX = 3,
-  FISCALON_CONTROL_OPTION_BUTTON = 4,
-  FISCALON_CONTROL_DROP_DOWN_LIST = 5,
-  FISCALON_CONTROL_LIST_BOX = 6,
-  FISCALON_CONTROL_FRAME = 7
+  FISCALON_CONTROL_LABEL = 0,          /* a label */
+  FISCALON_CONTROL_TEXT_FIELD = 1,     /* a text field */
+  FISCALON_CONTROL_BUTTON = 2,         /* a push button */
+  FISCALON_CONTROL_CHECK_BOX = 3,      /* a check box */
+  FISCALON_CONTROL_OPTION_BUTTON = 4,  /* an option button */
+  FISCALON_CONTROL_DROP_DOWN_LIST = 5, /* a list that drops down */
+  FISCALON_CONTROL_LIST_BOX = 6,       /* a list */
+  FISCALON_CONTROL_FRAME = 7           /* a frame around others */
 };
 
 /* What a user sees of a control. Its texts live until the next call with the same form. */
