@@ -8,7 +8,7 @@ namespace fiscalon {
 MessageAnswer ShowMessage(const Message& message) {
   Toolkit& toolkit = TheToolkit();
   Language language = TheModule().language;
-  for (const auto& [name, form] : TheModule().forms) {
+  for (Form* const form : TheModule().shown) {
     if (!form->IsUp())
       continue;
     form->UserWasTold();

@@ -17,7 +17,7 @@ struct Message {
 };
 
 /// Shows a message box and returns its answer. Forms that are up know by it that their user was told something, and
-/// the box has the language of one of them.
+/// the box has the language of the topmost.
 MessageAnswer ShowMessage(const Message& message);
 /// The same for a box without a title.
 MessageAnswer ShowMessage(const Wording& text, MessageStyle style);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/forms/toolkit.h"
 #include "core/host_setup.h"
@@ -46,6 +47,8 @@ struct ModuleState {
 
   /// The one instance of each form made so far, by the form's name.
   std::map<std::string, std::shared_ptr<Form>, std::less<>> forms = {};
+  /// Those that are being shown, each by a handler of the one before it. Whoever shows one keeps it.
+  std::vector<Form*> shown = {};
 };
 
 /// The process's module state, to look at. core/module_to_change.h says who may change it, and how.

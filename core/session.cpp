@@ -30,6 +30,19 @@ void ForgetInstanceOf(const LaunchRow& row) {
     forms.erase(made);
 }
 
+/// Has the module know a form while it is shown.
+class Shown {
+ public:
+  explicit Shown(Form& form) : form_(form) { ModuleToChange().shown.push_back(&form); }
+  // A handler may have reset the module, which forgets it then.
+  ~Shown() { std::erase(ModuleToChange().shown, &form_); }
+  Shown(const Shown&) = delete;
+  Shown& operator=(const Shown&) = delete;
+
+ private:
+  Form& form_;
+};
+
 /// Sets a host's payment on its screen, shows it, and hands over what the user has confirmed.
 bool Show(const LaunchRow& row, Levyra& host, Screen& screen, Toolkit& toolkit) {
   // The payment on a screen that is up stays what it is.
@@ -37,7 +50,10 @@ bool Show(const LaunchRow& row, Levyra& host, Screen& screen, Toolkit& toolkit) 
   for (const LaunchProperty& property : row.properties) property.set(host, row.code, screen);
   if (row.beforeShow != nullptr)
     row.beforeShow(screen);
-  screen.ShowModal(toolkit, TheModule().language);
+  {
+    const Shown shown(screen);
+    screen.ShowModal(toolkit, TheModule().language);
+  }
   const bool chosen = screen.Chosen() == kTrue;
   // A file takes the records only with WriteFile exactly True, so any other value hands over the collection.
   if (chosen && host.WriteFile() != kTrue)

@@ -7,6 +7,7 @@
 #include <QUrl>
 #include <vector>
 
+#include "core/forms/scoped_value.h"
 #include "frontends/qt/form_dialog.h"
 #include "frontends/qt/message_window.h"
 #include "frontends/qt/qt_application.h"
@@ -27,7 +28,7 @@ struct QtToolkit::State {
   qt::QtApplication application;
   std::vector<qt::FormDialog*> dialogs;
   ActWatcher* watcher = nullptr;
-  /// Of the last form.
+  /// Of the topmost form.
   Language language = {};
 
   /// A dialog is among those that are up, while it stands.
@@ -64,7 +65,7 @@ void QtToolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
   const QPointer<QWidget> parent = state_->TopWindow();
-  state_->language = form.ShownIn();
+  const ScopedValue language(state_->language, form.ShownIn());
   qt::FormDialog dialog(form, parent, state_->watcher);
   {
     const State::Up up(state_->dialogs, dialog);

@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/forms/scoped_value.h"
 #include "core/platform/code_page.h"
 #include "core/platform/utf8_path.h"
 #include "frontends/terminal/box_window.h"
@@ -21,7 +22,7 @@ struct TerminalToolkit::State {
   terminal::Terminal terminal{STDIN_FILENO, STDOUT_FILENO, terminal::TerminalKind::OfUser()};
   terminal::Windows windows;
   std::string application = "Fiscalon";
-  /// Of the last form.
+  /// Of the topmost form.
   Language language = {};
   ActWatcher* watcher = nullptr;
 
@@ -130,7 +131,7 @@ void TerminalToolkit::Watch(ActWatcher* watcher) {
 void TerminalToolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
-  state_->language = form.ShownIn();
+  const ScopedValue language(state_->language, form.ShownIn());
   terminal::FormWindow window(form, state_->watcher);
   state_->Serve(window, [&] { return !form.IsUp(); });
 }

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "core/forms/scoped_value.h"
 #include "core/platform/windows/wide_text.h"
 #include "frontends/win32/form_window.h"
 #include "frontends/win32/message_window.h"
@@ -31,7 +32,7 @@ HelpResult ShowHelp(const std::wstring& file, const std::wstring& path, int32_t 
 struct Win32Toolkit::State {
   std::vector<win32::FormWindow*> windows;
   ActWatcher* watcher = nullptr;
-  /// Of the last form.
+  /// Of the topmost form.
   Language language = {};
 
   HWND TopWindow() const { return windows.empty() ? ::GetActiveWindow() : windows.back()->Window(); }
@@ -58,7 +59,7 @@ void Win32Toolkit::Watch(ActWatcher* watcher) {
 void Win32Toolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
-  state_->language = form.ShownIn();
+  const ScopedValue language(state_->language, form.ShownIn());
   win32::FormWindow window(form, state_->TopWindow(), state_->watcher);
   state_->windows.push_back(&window);
   try {

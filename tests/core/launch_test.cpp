@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "core/launch_properties.h"
+#include "core/messages.h"
 #include "tests/support/module_test.h"
 #include "tests/support/raises.h"
 #include "tests/support/test_form.h"
@@ -344,6 +345,24 @@ TEST_F(LaunchTest, ScreenThatIsLoadingForAShowCannotBeShownEither) {
     EXPECT_THAT(NotingScreen::notes, ElementsAre());
   };
   EXPECT_FALSE(PressCancel());
+}
+
+TEST_F(LaunchTest, BoxesSpeakTheLanguageOfTheTopmostForm) {
+  std::vector<std::string> told;
+  frontEnd.whenBoxIsUp = [&](const BoxRequest& box) { told.push_back(box.text); };
+  const auto tell = [] { ShowMessage("Cancel", MessageStyle::Plain); };
+  int shown = 0;
+  frontEnd.serve = [&] {
+    if (++shown == 2)
+      return tell();
+    UseLanguage("en");
+    session.ShowLevyraScreen("01");
+    tell();
+  };
+  UseLanguage("fr");
+  session.ShowLevyraScreen("25");
+  tell();
+  EXPECT_THAT(told, ElementsAre("Cancel", "Annuler", "Cancel"));
 }
 
 TEST_F(LaunchTest, ResetWhileAScreenIsUpLeavesItAndTheSessionUsable) {

@@ -13,7 +13,7 @@ namespace {
 
 TEST(ShowMessage, TellsFormsThatAreUpThatTheirUserWasToldSomething) {
   const auto form = std::make_shared<TwoFieldForm>();
-  ModuleToChange().forms["frmTest"] = form;
+  ModuleToChange().shown = {form.get()};
   ServingToolkit toolkit;
   UseToolkit(&toolkit);
   bool isSilent = true;
@@ -37,7 +37,7 @@ TEST(ShowMessage, TellsFormsThatAreUpThatTheirUserWasToldSomething) {
 
 TEST(ShowMessage, SpeaksTheLanguageOfTheFormThatIsUp) {
   const auto form = std::make_shared<TwoFieldForm>();
-  ModuleToChange().forms["frmTest"] = form;
+  ModuleToChange().shown = {form.get()};
   ServingToolkit toolkit;
   UseToolkit(&toolkit);
   std::vector<std::string> told;

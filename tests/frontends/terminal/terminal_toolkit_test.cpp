@@ -305,5 +305,54 @@ TEST(TerminalToolkit, SaysThatHelpIsMissingAndWhereItIs) {
   EXPECT_TRUE(Ended(shell.NextStatus(), kShown));
 }
 
+TEST(TerminalToolkit, TellsOfHelpInTheLanguageOfTheTopmostForm) {
+  ShellAtTerminal shell([] {
+    return Show([](AskingForm& form, TerminalToolkit& toolkit) {
+      form.when["cmdOK_Click"] = [&toolkit] {
+        EveryKindForm upper;
+        upper.when["cmdOK_Click"] = [&] {
+          toolkit.OpenHelp("/nowhere/upper.hlp", 1);
+          upper.Hide();
+        };
+        upper.ShowModal(toolkit, *NamedLanguage("fr"));
+        toolkit.OpenHelp("/nowhere/lower.hlp", 1);
+      };
+    });
+  });
+  ASSERT_TRUE(shell.UntilShows("Kind of payment"));
+  shell.Type("\x1Bo\x1Bo");
+  ASSERT_TRUE(shell.UntilShows("Le fichier d'aide /nowhere/upper.hlp est introuvable."));
+  shell.Type("\r");
+  EXPECT_TRUE(shell.UntilShows("The help file /nowhere/lower.hlp is missing."));
+  shell.Type("\r\x1B");
+  EXPECT_TRUE(Ended(shell.NextStatus(), kShown));
+}
+
+TEST(TerminalToolkit, CaptionsTheButtonsOfABoxInItsLanguage) {
+  ShellAtTerminal shell([] {
+    return Show([](AskingForm& form, TerminalToolkit& toolkit) {
+      form.when["cmdOK_Click"] = [&form, &toolkit] {
+        const Language french = *NamedLanguage("fr");
+        toolkit.ShowMessage({.text = "1?", .buttons = MessageButtons::OkCancel, .language = french});
+        if (toolkit.ShowMessage({.text = "2?", .buttons = MessageButtons::YesNo, .language = french}) ==
+            MessageAnswer::Yes)
+          form.Hide();
+      };
+    });
+  });
+  ASSERT_TRUE(shell.UntilShows("Kind of payment"));
+  shell.Type("\x1Bo");
+  ASSERT_TRUE(shell.UntilShows("1?"));
+  EXPECT_TRUE(shell.Shows("[>OK<]"));
+  EXPECT_TRUE(shell.Shows("[ Annuler ]"));
+  // The letters are those of the captions: "y" of "Yes" presses nothing.
+  shell.Type("ya");
+  ASSERT_TRUE(shell.UntilShows("2?"));
+  EXPECT_TRUE(shell.Shows("[>Oui<]"));
+  EXPECT_TRUE(shell.Shows("[ Non ]"));
+  shell.Type("yo");
+  EXPECT_TRUE(Ended(shell.NextStatus(), kShown));
+}
+
 }  // namespace
 }  // namespace fiscalon::terminal
