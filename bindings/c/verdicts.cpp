@@ -34,24 +34,32 @@ size_t Verdicts::RoomFor(const Told& told) {
 bool Verdicts::Fits(const Told& told) const {
   return verdicts_.empty() ||
          (verdicts_.size() < kMostVerdicts && faults_.size() + told.faults.size() <= faults_.capacity() &&
-          texts_.size() + RoomFor(told) <= texts_.capacity());
+          RoomFor(told) <= RoomLeft());
+}
+
+void Verdicts::MakeRoom(size_t room) {
+  if (room <= room_)
+    return;
+  texts_ = std::make_unique_for_overwrite<char[]>(room);
+  room_ = room;
 }
 
 fiscalon_text Verdicts::Keep(std::string_view text) {
-  const size_t start = texts_.size();
+  char* const start = end_;
   if (IsAscii(text))
-    texts_.append(text);
+    end_ = std::copy(text.begin(), text.end(), end_);
   else
-    texts_.append(ToUtf8(text));
-  texts_ += '\0';
-  return {.data = texts_.data() + start, .size = texts_.size() - start - 1};
+    end_ = std::ranges::copy(ToUtf8(text), end_).out;
+  *end_++ = '\0';
+  return {.data = start, .size = static_cast<size_t>(end_ - start) - 1};
 }
 
 void Verdicts::Add(const Told& told) {
   if (verdicts_.empty()) {
     verdicts_.reserve(kMostVerdicts);
     faults_.reserve(std::max(kMostFaults, told.faults.size()));
-    texts_.reserve(std::max(kTexts, RoomFor(told)));
+    MakeRoom(std::max(kTexts, RoomFor(told)));
+    end_ = texts_.get();
   }
   const size_t firstFault = faults_.size();
   for (const Fault& fault : told.faults)
@@ -74,13 +82,12 @@ void Verdicts::Add(const Told& told) {
                        .lines = lines,
                        .faults = told.faults.empty() ? nullptr : faults_.data() + firstFault,
                        .fault_count = told.faults.size()});
-  texts_ += '\n';
+  *end_++ = '\n';
 }
 
 void Verdicts::Clear() {
   verdicts_.clear();
   faults_.clear();
-  texts_.clear();
 }
 
 }  // namespace fiscalon::c

@@ -7,12 +7,13 @@ import ctypes
 import itertools
 import os
 import struct
+import sys
 import threading
 import weakref
 from ctypes import (CFUNCTYPE, POINTER, Structure, byref, c_char_p, c_int, c_int32, c_int64, c_size_t, c_uint32, c_uint64,
                     c_void_p)
 from types import TracebackType
-from typing import (Any, Callable, Deque, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple, Type, Union,
+from typing import (Any, Callable, ClassVar, Deque, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple, Type, Union,
                     cast)
 
 from . import _handles, _library
@@ -41,7 +42,34 @@ class Fault(NamedTuple):
     message: str
 
 
-# A tuple is made without a step of the interpreter's, and a batch has a million.
+class _Told:
+    """What a block's verdicts tell, taken apart when somebody asks: most payments of a batch are good, and of those
+    nobody does."""
+
+    __slots__ = ("rows", "_bytes")
+
+    def __init__(self, rows: Sequence[int], texts: bytes) -> None:
+        #: The line of each in the payments list.
+        self.rows = rows
+        self._bytes = texts
+
+    def texts(self) -> List[str]:
+        """Sequence number, screen and reason of each as the library gives them: a zero between, behind each verdict's a
+        zero and a line end."""
+        # Of the block that was asked last alone: whoever keeps a few verdicts of each does not keep all their texts.
+        block, texts = _Told._last
+        if block is not self:
+            texts = self._bytes.decode("utf-8").split("\0\n")
+            if len(texts) != len(self.rows):
+                raise error_of(ErrorNumber.UNFORESEEN, "the texts of the verdicts don't line up", "Fiscalon")
+            _Told._last = (self, texts)
+        return texts
+
+    _last: "ClassVar[Tuple[Optional[_Told], List[str]]]" = (None, [])
+
+
+# A tuple is made without a step of the interpreter's, and a batch has a million: it holds its block, its place
+# in it, and whether the payment is good, which is what all of them are asked.
 class Verdict(Tuple[Any, ...]):
     """The verdict on one payment."""
 
@@ -50,13 +78,11 @@ class Verdict(Tuple[Any, ...]):
     @property
     def row(self) -> int:
         """Its line in the payments list, from 1."""
-        return int(self[0])
+        return int(self[0].rows[self[1]])
 
     @property
     def _texts(self) -> str:
-        # Sequence number, screen and reason as the library gives them, taken apart when somebody asks: most payments of
-        # a batch are good, and of those nobody does.
-        return str(self[1])
+        return str(self[0].texts()[self[1]])
 
     @property
     def seq(self) -> str:
@@ -76,7 +102,7 @@ class Verdict(Tuple[Any, ...]):
     @property
     def valid(self) -> bool:
         """Whether the payment is good."""
-        return self._texts.endswith("\0")
+        return bool(self[2])
 
     @property
     def line(self) -> int:
@@ -93,14 +119,41 @@ class Verdict(Tuple[Any, ...]):
         """The parts of the reason, where they were asked for."""
         return ()
 
+    def _whole(self) -> Tuple[Any, ...]:
+        return (self.row, self._texts, self.line, self.lines, self.faults)
+
+    def __eq__(self, other: object) -> bool:
+        return isinstance(other, Verdict) and self._whole() == other._whole()
+
+    def __ne__(self, other: object) -> bool:
+        return not self == other
+
+    def __hash__(self) -> int:
+        return hash(self._whole())
+
+    def __reduce__(self) -> Tuple[Any, ...]:
+        return _WholeVerdict, (self._whole(),)
+
     def __repr__(self) -> str:
         return f"Verdict(row={self.row}, seq={self.seq!r}, screen={self.screen!r}, reason={self.reason!r})"
 
 
 class _WholeVerdict(Verdict):
-    """One with what is told only where somebody asks for it."""
+    """One by itself, with what is told only where somebody asks for it."""
 
     __slots__ = ()
+
+    @property
+    def row(self) -> int:
+        return int(self[0])
+
+    @property
+    def _texts(self) -> str:
+        return str(self[1])
+
+    @property
+    def valid(self) -> bool:
+        return self._texts.endswith("\0")
 
     @property
     def line(self) -> int:
@@ -178,31 +231,38 @@ _judge_payment = _library.function("judge_payment", c_void_p, c_char_p, c_char_p
                                    POINTER(_VerdictStruct))
 _validate_batch = _library.function("validate_batch", POINTER(_BatchStruct), POINTER(_CountsStruct))
 
-# A block of verdicts as it crosses over: rows, and the texts of each.
+# A block of verdicts as it crosses over.
 _Block = Iterable[Verdict]
+
+# The library tells so many at a time: their places in a block are made once.
+_PLACES = list(range(4096))
 
 
 def _structs_of(first: int, count: int, stride: int) -> Iterator[_VerdictStruct]:
     return (_VerdictStruct.from_address(first + number * stride) for number in range(count))
 
 
-def _texts_of(first: int, count: int, stride: int) -> List[str]:
-    """The texts of each verdict of a block: they lie one behind the other, with a line end behind each verdict's."""
+def _texts_of(first: int, count: int, stride: int) -> bytes:
+    """The texts of all verdicts of a block, which lie one behind the other."""
     last = _VerdictStruct.from_address(first + (count - 1) * stride)
     start = _VerdictStruct.from_address(first).seq.data
-    texts = ctypes.string_at(start, last.reason.data + last.reason.size - start).decode("utf-8").split("\0\n")
-    if len(texts) != count:
-        raise error_of(ErrorNumber.UNFORESEEN, "the texts of the verdicts don't line up", "Fiscalon")
-    return texts
+    return ctypes.string_at(start, last.reason.data + last.reason.size - start)
 
 
-def _rows_of(first: int, count: int, stride: int) -> Iterable[int]:
+def _rows_of(first: int, count: int, stride: int) -> Sequence[int]:
     """The rows of the verdicts of a block."""
     start = _VerdictStruct.from_address(first).row
     if _VerdictStruct.from_address(first + (count - 1) * stride).row == start + count - 1:
         return range(start, start + count)
     offset = _VerdictStruct.row.offset
     return [row for row, in struct.iter_unpack(f"={offset}xQ{stride - offset - 8}x", ctypes.string_at(first, count * stride))]
+
+
+def _valid_of(first: int, count: int, stride: int) -> bytes:
+    """A byte for each verdict of a block, not 0 where the payment is good."""
+    field = _VerdictStruct.valid
+    lowest = field.offset + (0 if sys.byteorder == "little" else field.size - 1)
+    return memoryview((ctypes.c_char * (count * stride)).from_address(first))[lowest::stride].tobytes()
 
 
 def _faults_of(verdict: _VerdictStruct) -> Iterator[Fault]:
@@ -217,7 +277,9 @@ def _block_of(first: int, count: int, whole: bool) -> _Block:
     """What stays of the verdicts that the library shows during a call."""
     stride = _VerdictStruct.from_address(first).size
     if not whole:
-        return map(Verdict, zip(_rows_of(first, count, stride), _texts_of(first, count, stride)))
+        told = _Told(_rows_of(first, count, stride), _texts_of(first, count, stride))
+        places = _PLACES[:count] if count <= len(_PLACES) else range(count)
+        return map(Verdict, zip(itertools.repeat(told), places, _valid_of(first, count, stride)))
     return [_WholeVerdict((one.row, one.texts(), one.line, one.lines.text(), tuple(_faults_of(one))))
             for one in _structs_of(first, count, stride)]
 

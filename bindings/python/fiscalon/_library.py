@@ -14,8 +14,8 @@ from ._errors import ErrorNumber, TextError, error_of, mismatch, refused
 
 _NAME = "fiscalon-c.dll" if sys.platform == "win32" else "libfiscalon-c.so.1"
 
-# What of the library's interface is used here was there from this one on.
-_INTERFACE = 1
+# All that is used here of the library was there from this version on.
+_NEEDED = "1.0.0"
 
 
 def _load() -> ctypes.CDLL:
@@ -27,10 +27,24 @@ def _load() -> ctypes.CDLL:
     except OSError as problem:
         raise ImportError(f"{problem}; the library comes with the wheel, or with the Debian package libfiscalon-c1. "
                           "FISCALON_LIBRARY may name it") from None
-    library.fiscalon_c_interface.restype = c_int32
-    if library.fiscalon_c_interface() < _INTERFACE:
-        raise ImportError(f"{library._name} is too old for this package")
+    _of(library, "version").restype = c_char_p
     return library
+
+
+def _of(library: ctypes.CDLL, name: str) -> Any:
+    """A function of the library; of one that is older than the package it may not be there."""
+    try:
+        return getattr(library, f"fiscalon_{name}")
+    except AttributeError:
+        version = getattr(library, "fiscalon_version", None)
+        found = f"of Fiscalon {decoded(version())}" if version else "no library of Fiscalon"
+        raise ImportError(f"{library._name} is {found}, without fiscalon_{name}; this package needs that of {_NEEDED} or newer, "
+                          "which comes with its wheel and with the Debian package libfiscalon-c1. Install one, and have "
+                          "FISCALON_LIBRARY name no other") from None
+
+
+def decoded(text: Optional[bytes]) -> str:
+    return (text or b"").decode("utf-8")
 
 
 library = _load()
@@ -40,12 +54,7 @@ class ErrorStruct(Structure):
     _fields_ = [("size", c_size_t), ("number", c_int32), ("source", c_char_p), ("description", c_char_p)]
 
 
-library.fiscalon_last_error.argtypes = [POINTER(ErrorStruct)]
-library.fiscalon_version.restype = c_char_p
-
-
-def decoded(text: Optional[bytes]) -> str:
-    return (text or b"").decode("utf-8")
+_of(library, "last_error").argtypes = [POINTER(ErrorStruct)]
 
 
 def _checked(status: int, _function: Any, _arguments: Any) -> int:
@@ -82,7 +91,7 @@ def hearing(keep: Callable[[BaseException], object]) -> Iterator[None]:
 
 def function(name: str, *arguments: Any) -> Any:
     """A function of the library, which raises where it fails."""
-    found = getattr(library, f"fiscalon_{name}")
+    found = _of(library, name)
     found.argtypes = arguments
     found.restype = c_int
     found.errcheck = _checked

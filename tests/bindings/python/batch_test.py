@@ -4,8 +4,10 @@ import csv
 import datetime
 import gc
 import os
+import pickle
 import signal
 import threading
+import tracemalloc
 
 import pytest
 
@@ -86,6 +88,42 @@ def test_faults_and_lines_where_they_are_wanted(batch):
     assert verdicts[number].faults == (fiscalon.Fault(
         2 * number + 2, "01", "Amount of Payment", "000000000000000003", "not-the-amount", report[number][3]),)
     assert (verdicts[0].faults, verdicts[0].line, verdicts[0].lines) == ((), 0, record("0000", 0))
+
+
+def test_a_verdict_is_a_value(batch):
+    payments, records, report = batch
+    first, second = list(fiscalon.validate_batch(payments, records)), list(fiscalon.validate_batch(payments, records, jobs=1))
+    assert first == second and not first[0] != second[0] and len(set(first + second)) == len(report)
+    assert first[0] != first[1] and first[0] != report[0]
+    whole = list(fiscalon.validate_batch(payments, records, faults=True, lines=True))
+    for each in (first[3], whole[3]):
+        again = pickle.loads(pickle.dumps(each))
+        assert again == each and repr(again) == repr(each) and again.faults == each.faults
+
+
+def test_verdicts_of_two_batches_may_be_asked_in_turns(batch):
+    payments, records, report = batch
+    pairs = zip(fiscalon.validate_batch(payments, records), fiscalon.validate_batch(payments, records, valid=False))
+    bad = [row for row in report if row[3]]
+    assert [told(pair) for pair in pairs] == [list(pair) for pair in zip(report, bad)]
+
+
+def test_memory_does_not_grow_with_the_batch(fiscalon_fresh):
+    payments, records, _ = batch_of(60000)
+
+    def most(keep):
+        kept = []
+        tracemalloc.start()
+        for verdict in fiscalon.validate_batch(payments, records, jobs=2):
+            if verdict.row % keep == 0:
+                kept.append(verdict)
+        peak = tracemalloc.get_traced_memory()[1]
+        tracemalloc.stop()
+        return peak
+
+    # A handful of blocks, each with as many bytes as its texts have; then some of each block, which keep those bytes.
+    assert most(60000) < 3e6
+    assert most(1000) < 5e6
 
 
 def test_verdicts_come_while_the_batch_runs(fiscalon_fresh):

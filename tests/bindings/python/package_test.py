@@ -11,6 +11,8 @@ from pathlib import Path
 
 import pytest
 
+import fiscalon
+from fiscalon import _library
 from conftest import TREE
 
 PACKAGE = TREE / "bindings/python"
@@ -46,6 +48,38 @@ def test_the_types_hold(tmp_path):
 def test_the_types_are_those_of_what_runs(environment):
     checked = subprocess.run(["stubtest", "fiscalon", "--allowlist", "stubtest.txt"], cwd=PACKAGE, env=environment, capture_output=True, text=True, timeout=120)
     assert checked.returncode == 0, checked.stdout + checked.stderr
+
+
+WITHOUT = """
+import ctypes, sys
+class Other(ctypes.CDLL):
+    def __getattr__(self, name):
+        if name in sys.argv[1:]:
+            raise AttributeError(name)
+        return super().__getattr__(name)
+ctypes.CDLL = Other
+try:
+    import fiscalon
+except ImportError as error:
+    print(error)
+"""
+
+
+@pytest.mark.parametrize("lacking, found", [
+    (["fiscalon_use_language"], f"is of Fiscalon {fiscalon.version()}, without fiscalon_use_language;"),
+    (["fiscalon_version", "fiscalon_last_error"], "is no library of Fiscalon, without fiscalon_version;")])
+def test_a_library_that_lacks_something_is_an_error_with_a_remedy(environment, lacking, found):
+    told = subprocess.run([sys.executable, "-c", WITHOUT, *lacking], env=environment, capture_output=True, text=True, timeout=60)
+    assert told.stderr == "" and found in told.stdout, told
+    assert "needs that of 1.0.0 or newer" in told.stdout and "libfiscalon-c1" in told.stdout and "FISCALON_LIBRARY" in told.stdout
+
+
+def numbers(version):
+    return [int(part) for part in version.split("-")[0].split(".")]
+
+
+def test_the_version_that_the_package_needs_is_the_library_of_this_tree_or_older():
+    assert numbers(_library._NEEDED) <= numbers(fiscalon.version())
 
 
 @pytest.fixture(scope="module")
