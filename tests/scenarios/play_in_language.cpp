@@ -1,3 +1,5 @@
+#include "tests/scenarios/play_in_language.h"
+
 #include <algorithm>
 #include <cctype>
 #include <iostream>
@@ -17,15 +19,7 @@
 #include "core/wording/wording.h"
 #include "frontends/played/scenario_player.h"
 #include "frontends/played/seen_things.h"
-#include "frontends/scripted/scripted_toolkit.h"
 
-/// Plays the corpus, which is written in English, in another language: what it expects of forms and boxes is put into
-/// the words of the catalogue, and all else must be as it was, the focus and the records among it. Fails too where a
-/// form shows a text without words, or one that is neither of the catalogue nor of the host's and the user's own.
-///
-///     play_in_language LANGUAGE FILE...
-///
-/// The language "long" is made up: each text twice, so that what is too narrow for a language of long words is found.
 namespace fiscalon {
 namespace {
 
@@ -237,7 +231,7 @@ class Shown {
   std::set<std::string> bypassing_;
 };
 
-int Play(const Scenario& english, const Language& language) {
+int Play(DrivenToolkit& toolkit, const Scenario& english, const Language& language) {
   const Translated translated(english, language);
   const Scenario& scenario = translated.Get();
   std::set<std::string> bypassing;
@@ -252,7 +246,6 @@ int Play(const Scenario& english, const Language& language) {
     if (form != nullptr)
       bypassing.merge(std::set(Shown(*form, english, language).Bypassing()));
   };
-  ScriptedToolkit toolkit;
   const PlayResult result = ScenarioPlayer(toolkit, {.language = language}, watcher).Play(scenario);
   // The letters of its rows are others.
   const bool excused = !result.passed && typesInAList;
@@ -276,11 +269,9 @@ bool IsOfOneLanguage(const Scenario& scenario) {
 }
 
 }  // namespace
-}  // namespace fiscalon
 
-int main(int argc, char** argv) {
-  using namespace fiscalon;
-  const std::string name = argc < 2 ? "" : argv[1];
+int PlayInLanguage(DrivenToolkit& toolkit, std::span<const std::string> arguments) {
+  const std::string name = arguments.empty() ? "" : arguments.front();
   const std::optional<Language> named = NamedLanguage(name);
   if (name != "long" && (!named || named->IsEnglish())) {
     std::cerr << "no language " << name << " to play in\n";
@@ -288,14 +279,14 @@ int main(int argc, char** argv) {
   }
   Tested() = named.value_or(Language{});
   const Language language = {name, named ? WordsOrNoted : Twice};
-  int status = argc < 3 ? 2 : 0;
+  int status = arguments.size() < 2 ? 2 : 0;
   size_t played = 0;
-  for (int i = 2; i < argc; ++i)
-    for (const Scenario& scenario : ReadScenarios(argv[i])) {
+  for (size_t i = 1; i < arguments.size(); ++i)
+    for (const Scenario& scenario : ReadScenarios(arguments[i])) {
       if (IsOfOneLanguage(scenario))
         continue;
       ++played;
-      status = std::max(status, Play(scenario, language));
+      status = std::max(status, Play(toolkit, scenario, language));
     }
   for (const std::string& text : WithoutWords()) {
     std::cerr << "no " << name << " words: " << ToUtf8(text) << '\n';
@@ -304,3 +295,5 @@ int main(int argc, char** argv) {
   std::cerr << played << " scenarios in " << name << ", of which " << Excused() << " type in a list and end there\n";
   return status;
 }
+
+}  // namespace fiscalon
