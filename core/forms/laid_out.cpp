@@ -202,6 +202,17 @@ std::set<const Control*> StandingOut(const Form& form) {
   return controls;
 }
 
+std::vector<ToldField> ToldFields(const Form& form) {
+  std::vector<ToldField> told;
+  const Control* const waiting = form.WaitingControl();
+  for (const LaidOutGroup& group : LaidOut(form))
+    for (const LaidOutRow& row : group.rows)
+      for (const LaidOutCell& cell : row)
+        if (cell.field != nullptr)
+          told.push_back({cell.field, cell.name, cell.field == waiting ? StatusOf(form) : cell.description});
+  return told;
+}
+
 std::string StatusOf(const Form& form) {
   const Control* const waiting = form.WaitingControl();
   if (waiting == nullptr)

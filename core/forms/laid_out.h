@@ -49,6 +49,15 @@ std::vector<LaidOutGroup> LaidOut(const Form& form);
 /// The controls that stand out: headings, and the fields of captions that do, such as totals.
 std::set<const Control*> StandingOut(const Form& form);
 
+/// What a program that reads the form aloud says of a field.
+struct ToldField {
+  const Control* field = nullptr;
+  std::string name = {};         ///< as in `LaidOutCell`
+  std::string description = {};  ///< the same; of the entry that keeps the focus in silence, the status
+};
+/// Those that a form has, in the order of its layout.
+std::vector<ToldField> ToldFields(const Form& form);
+
 /// What a form that is up says without a box, for a status line: which entry keeps the focus in silence. Empty mostly.
 std::string StatusOf(const Form& form);
 

@@ -23,19 +23,13 @@ void Describe(QWidget& widget, const QString& description) {
 }  // namespace
 
 void NameFields(const Form& form, const std::function<QWidget&(const Control&)>& widgetOf) {
-  const Control* const waiting = form.WaitingControl();
-  const std::string status = StatusOf(form);
-  for (const LaidOutGroup& group : LaidOut(form))
-    for (const LaidOutRow& row : group.rows)
-      for (const LaidOutCell& cell : row) {
-        if (cell.field == nullptr)
-          continue;
-        QWidget& field = widgetOf(*cell.field);
-        Name(field, ToQt(cell.name));
-        if (const auto* list = qobject_cast<QComboBox*>(&field))
-          Name(*list->view(), ToQt(cell.name));
-        Describe(field, ToQt(cell.field == waiting ? status : cell.description));
-      }
+  for (const ToldField& told : ToldFields(form)) {
+    QWidget& field = widgetOf(*told.field);
+    Name(field, ToQt(told.name));
+    if (const auto* list = qobject_cast<QComboBox*>(&field))
+      Name(*list->view(), ToQt(told.name));
+    Describe(field, ToQt(told.description));
+  }
 }
 
 }  // namespace fiscalon::qt

@@ -30,6 +30,11 @@ void AnyButtonView::Notified(int code) {
     Clicked();
 }
 
+bool AnyButtonView::ClickLater() {
+  const ShownControl shown = Shown();
+  return shown.enabled && shown.visible && ::PostMessageW(Window(), BM_CLICK, 0, 0) != FALSE;
+}
+
 void AnyButtonView::Clicked() {
   Acts().Clicked(button_);
   if (button_.Owner().IsUp())

@@ -1,7 +1,12 @@
 #include "frontends/win32/control_view.h"
 
+#include <oleacc.h>
+
+#include <utility>
+
 #include "core/forms/form.h"
 #include "core/forms/watched_acts.h"
+#include "core/platform/windows/wide_text.h"
 #include "frontends/win32/button_views.h"
 #include "frontends/win32/caption_views.h"
 #include "frontends/win32/form_window.h"
@@ -17,6 +22,28 @@ int WidthOf(const RECT& place) {
 
 int HeightOf(const RECT& place) {
   return place.bottom - place.top;
+}
+
+LONG RoleOf(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::Label:
+      return ROLE_SYSTEM_STATICTEXT;
+    case ControlKind::TextField:
+      return ROLE_SYSTEM_TEXT;
+    case ControlKind::Button:
+      return ROLE_SYSTEM_PUSHBUTTON;
+    case ControlKind::CheckBox:
+      return ROLE_SYSTEM_CHECKBUTTON;
+    case ControlKind::OptionButton:
+      return ROLE_SYSTEM_RADIOBUTTON;
+    case ControlKind::DropDownList:
+      return ROLE_SYSTEM_COMBOBOX;
+    case ControlKind::ListBox:
+      return ROLE_SYSTEM_LIST;
+    case ControlKind::Frame:
+      break;
+  }
+  return ROLE_SYSTEM_GROUPING;
 }
 
 }  // namespace
@@ -64,6 +91,38 @@ ShownControl ControlView::Shown() const {
   shown.enabled = (style & WS_DISABLED) == 0;
   shown.visible = (style & WS_VISIBLE) != 0;
   return shown;
+}
+
+void ControlView::Name(std::wstring name, std::wstring description) {
+  const auto set = [this](std::wstring& text, std::wstring&& to, DWORD event) {
+    if (text == to)
+      return;
+    text = std::move(to);
+    if (window_ != nullptr)
+      ::NotifyWinEvent(event, window_, OBJID_CLIENT, CHILDID_SELF);
+  };
+  set(name_, std::move(name), EVENT_OBJECT_NAMECHANGE);
+  set(description_, std::move(description), EVENT_OBJECT_DESCRIPTIONCHANGE);
+}
+
+ToldWindow ControlView::Told() const {
+  const ShownControl shown = Shown();
+  const auto* captioned = dynamic_cast<const Captioned*>(&control_);
+  ToldWindow told = {.role = RoleOf(control_.Kind()),
+                     .name = name_.empty() && captioned != nullptr ? ToWide(captioned->PlainCaption()) : name_,
+                     .description = description_,
+                     .accessKey = control_.AccessKey()};
+  const auto decide = [&told](LONG state, bool holds) {
+    told.decided |= state;
+    told.states |= holds ? state : 0;
+  };
+  decide(STATE_SYSTEM_UNAVAILABLE, !shown.enabled);
+  decide(STATE_SYSTEM_INVISIBLE, !shown.visible);
+  decide(STATE_SYSTEM_READONLY, shown.locked || control_.Kind() == ControlKind::Label);
+  decide(STATE_SYSTEM_CHECKED, shown.checked);
+  decide(STATE_SYSTEM_FOCUSABLE, control_.TakesKeys());
+  decide(STATE_SYSTEM_FOCUSED, ::GetFocus() == window_);
+  return told;
 }
 
 POINT ControlView::PointToPress() const {

@@ -5,6 +5,7 @@
 #include "core/forms/control.h"
 #include "core/forms/shown_control.h"
 #include "core/forms/user_acts.h"
+#include "frontends/win32/accessible_window.h"
 #include "frontends/win32/dialog_fonts.h"
 
 namespace fiscalon {
@@ -17,7 +18,7 @@ class FormWindow;
 
 /// One control of a form as a window: shows what the control holds, and makes acts of what the user does to it. The
 /// form's window hears the control's messages first and asks the view.
-class ControlView {
+class ControlView : public AccessibleSource {
  public:
   ControlView(Control& control, WatchedActs& acts) : control_(control), acts_(acts) {}
   ControlView(const ControlView&) = delete;
@@ -45,6 +46,14 @@ class ControlView {
   virtual void Refresh();
   /// For headings, and for the field of a caption that stands out, such as a total. Before the window is made.
   void StandOut() { bold_ = true; }
+
+  /// What assistive programs call the control where its caption does not say it, and what they say beside.
+  void Name(std::wstring name, std::wstring description);
+  std::optional<LRESULT> AnswerForObject(WPARAM wide, LPARAM extra) {
+    return accessible_.AnswerTo(window_, wide, extra);
+  }
+  // AccessibleSource
+  ToldWindow Told() const override;
 
   /// The window's own procedure.
   LRESULT Native(UINT message, WPARAM wide, LPARAM extra);
@@ -104,6 +113,9 @@ class ControlView {
   HWND window_ = nullptr;
   WNDPROC native_ = nullptr;
   bool bold_ = false;
+  std::wstring name_;
+  std::wstring description_;
+  AccessibleObject accessible_{*this};
 };
 
 std::unique_ptr<ControlView> MakeView(Control& control, WatchedActs& acts);

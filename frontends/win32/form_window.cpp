@@ -1,5 +1,7 @@
 #include "frontends/win32/form_window.h"
 
+#include <oleacc.h>
+
 #include <algorithm>
 
 #include "core/forms/button.h"
@@ -177,6 +179,11 @@ void FormWindow::LayOut() {
   std::vector<RECT> lines = layout.Lines();
   for (RECT& line : lines) ::OffsetRect(&line, margin.cx, margin.cy - scrolled_);
   PlaceLines(lines);
+  NameFields();
+}
+
+void FormWindow::NameFields() {
+  for (const ToldField& told : ToldFields(form_)) ViewOf(*told.field).Name(ToWide(told.name), ToWide(told.description));
 }
 
 int FormWindow::RoomOfStatus(int width) {
@@ -192,6 +199,7 @@ void FormWindow::ShowStatus() {
   if (TextOfWindow(status_) == text)
     return;
   ::SetWindowTextW(status_, text.c_str());
+  NameFields();
   if (text.empty())
     return;
   layoutIsOld_ = true;
@@ -414,6 +422,10 @@ void FormWindow::FocusMoved(const Control& /*control*/, FocusBy by) {
 
 void FormWindow::CaptionChanged() {
   ::SetWindowTextW(window_, ToWide(form_.ShownCaption()).c_str());
+}
+
+ToldWindow FormWindow::Told() const {
+  return {.role = ROLE_SYSTEM_DIALOG, .name = TextOfWindow(window_)};
 }
 
 void FormWindow::ShowEnded() {

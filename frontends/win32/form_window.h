@@ -19,7 +19,7 @@ namespace fiscalon::win32 {
 /// A form as a modal window, made from its controls and its layout alone. Keys, mouse and focus go to the form first,
 /// whether their messages were posted or sent; text editing stays native. No exception crosses Windows: acts on a form
 /// do not throw, and what the window itself throws, such as that it is gone, ends the form.
-class FormWindow final : private FormObserver {
+class FormWindow final : private FormObserver, private AccessibleSource {
  public:
   /// The form must be up. It is observed until the window goes. The owner, null for none, is disabled as long. The
   /// watcher, if any, hears of all acts. `dotsPerInch` 0: those of the owner's screen. Throws `std::system_error` where
@@ -67,6 +67,9 @@ class FormWindow final : private FormObserver {
   void ShowEnded() override;
   void HandlerRuns(std::string_view object, std::string_view event) override;
 
+  // AccessibleSource
+  ToldWindow Told() const override;
+
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra);
   LRESULT HearOwn(HWND window, UINT message, WPARAM wide, LPARAM extra);
 
@@ -77,6 +80,8 @@ class FormWindow final : private FormObserver {
   void LayOut();
   /// The status line below all, which is there from the first time that it says something.
   void ShowStatus();
+  /// What assistive programs call the fields.
+  void NameFields();
   /// What the status line takes of the height, where it is that wide.
   int RoomOfStatus(int width);
   void FitWindow(SIZE client);
@@ -124,6 +129,7 @@ class FormWindow final : private FormObserver {
   int scrolled_ = 0;
   bool layoutIsOld_ = false;
   std::exception_ptr failure_;
+  AccessibleObject accessible_{*this};
   bool movingFocus_ = false;
   bool letsPass_ = false;
   /// Of a key that was sent: its character comes by itself, or is none of the form's.

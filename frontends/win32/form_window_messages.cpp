@@ -147,6 +147,10 @@ LRESULT FormWindow::Hear(ControlView& view, UINT message, WPARAM wide, LPARAM ex
   if (HearKey(&view, message, wide, extra))
     return 0;
   switch (message) {
+    case WM_GETOBJECT:
+      if (const auto answer = view.AnswerForObject(wide, extra))
+        return *answer;
+      break;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
     case WM_RBUTTONDOWN:
@@ -199,6 +203,10 @@ LRESULT FormWindow::HearOwn(HWND window, UINT message, WPARAM wide, LPARAM extra
   if (HearKey(nullptr, message, wide, extra))
     return 0;
   switch (message) {
+    case WM_GETOBJECT:
+      if (const auto answer = window == window_ ? accessible_.AnswerTo(window, wide, extra) : std::nullopt)
+        return *answer;
+      break;
     case WM_ACTIVATE:
       // Windows would give the focus to the window itself.
       if (LOWORD(wide) != WA_INACTIVE) {

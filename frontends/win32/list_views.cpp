@@ -61,6 +61,21 @@ ShownControl AnyListView::Content() const {
           .items = static_cast<int>(rows.size())};
 }
 
+ToldWindow AnyListView::Told() const {
+  ToldWindow told = ControlView::Told();
+  told.value = ToWide(Content().text);
+  return told;
+}
+
+bool AnyListView::TakeValue(const std::wstring& value) {
+  const std::vector<std::wstring> rows = NativeRows();
+  const auto row = std::find(rows.begin(), rows.end(), value);
+  if (row == rows.end() || !Shown().enabled)
+    return false;
+  ::SendMessageW(Window(), messages_.select, static_cast<WPARAM>(row - rows.begin()), 0);
+  return true;
+}
+
 FontKind AnyListView::Font() const {
   return list_.Designed().fixedPitch ? FontKind::FixedPitch : ControlView::Font();
 }

@@ -23,6 +23,9 @@ class AnyListView : public ControlView {
   /// The window of the rows, where a user can pick one: what has dropped down, or the list itself. Null while it is
   /// closed.
   virtual HWND Rows() const = 0;
+  // AccessibleSource
+  ToldWindow Told() const override;
+  bool TakeValue(const std::wstring& value) override;
 
  protected:
   AnyListView(ListControl& list, const ListMessages& messages, WatchedActs& acts)

@@ -119,6 +119,17 @@ TEST(LaidOut, LeavesTheNameToAFieldWithACaptionOfItsOwn) {
   EXPECT_EQ(cell.description, "From") << "what stands before it says more";
 }
 
+TEST(ToldFields, AreThoseOfTheLayoutInItsOrder) {
+  const LaidOutForm form;
+  const std::vector<ToldField> told = ToldFields(form);
+  EXPECT_EQ(told.front().field, LaidOut(form)[0].rows[0][0].field);
+  EXPECT_EQ(told.front().name, LaidOut(form)[0].rows[0][0].name);
+  const auto described =
+      std::find_if(told.begin(), told.end(), [](const ToldField& each) { return each.description == "From"; });
+  ASSERT_NE(described, told.end());
+  EXPECT_EQ(described->field, LaidOut(form)[0].rows[3][0].field);
+}
+
 TEST(LaidOut, ReadsCaptionsAsTheyAreNow) {
   LaidOutForm form;
   form.lblFrom.Caption("Since");

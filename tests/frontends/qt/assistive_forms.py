@@ -3,6 +3,7 @@ does by these interfaces alone what a user does in a scenario of the screen. Run
 
 import collections
 import functools
+import pathlib
 import subprocess
 
 from gi.repository import Atspi
@@ -17,16 +18,15 @@ STATES = {"enabled": Atspi.StateType.ENABLED, "showing": Atspi.StateType.SHOWING
           "locked": Atspi.StateType.READ_ONLY, "several_lines": Atspi.StateType.MULTI_LINE,
           "checked": Atspi.StateType.CHECKED}
 KEYS = {"Enter": ENTER, "Tab": TAB, "Down": 0xFF54, "End": 0xFF57}
-# Their keys make capitals: who enters a text whole writes them so.
-CAPITALS = ("txtName", "txtAddress", "txtCity", "txtPostalCode", "txtPurpose", "Box(12)")
 
-Control = collections.namedtuple("Control", "name kind told description label key states")
+Control = collections.namedtuple("Control", "name kind told description label key typed states")
 
 
 class Expected:
     """A form as its layout has it."""
 
-    def __init__(self, title):
+    def __init__(self, file, scenario, title):
+        self.scenario = Scenario(pathlib.Path(file), scenario or None)
         self.title = title
         self.controls = []
         self.boxes = []
@@ -34,14 +34,15 @@ class Expected:
         self.focus = None
 
 
-def all_expected(files):
-    forms = {}
-    said = subprocess.run([told_forms, *files], check=True, capture_output=True, encoding="utf-8").stdout
+def all_expected():
+    forms = []
+    said = subprocess.run([told_forms, scenarios], check=True, capture_output=True, encoding="utf-8").stdout
     for what, *words in (line.split("\t") for line in said.splitlines()):
         if what == "form":
-            forms[words[0]] = form = Expected(words[1])
+            form = Expected(*words)
+            forms.append(form)
         elif what == "control":
-            form.controls.append(Control(*words[:6], set(words[6:])))
+            form.controls.append(Control(*words[:7], set(words[7:])))
         elif what == "box":
             form.boxes.append(words[0])
         elif what == "status":
@@ -56,10 +57,11 @@ def all_expected(files):
 class ComparedForm(Form):
     """The form of a scenario, with its controls by the names that scenarios have for them."""
 
-    def __init__(self, scenario, expected):
-        super().__init__(scenario.code, scenario)
+    def __init__(self, expected):
+        super().__init__(expected.scenario.code, expected.scenario)
         self.expected = expected
         self.shown = [control for control in expected.controls if "showing" in control.states]
+        self.capitals = {control.name for control in expected.controls if control.typed == "capitals"}
         self.kinds = {control.name: control.kind for control in expected.controls}
         self.nodes = {}
         self.typed_into = None
@@ -149,7 +151,7 @@ class ComparedForm(Form):
         name = self.focus()
         node = self.nodes[name]
         # The whole text is selected where the focus came by keyboard or by the form itself.
-        whole = (text_of(node) if self.typed_into == name else "") + (text.upper() if name in CAPITALS else text)
+        whole = (text_of(node) if self.typed_into == name else "") + (text.upper() if name in self.capitals else text)
         self.typed_into = name
         Atspi.EditableText.set_text_contents(node, whole)
         taken = len(text_of(node))
@@ -214,24 +216,14 @@ def access_key_of(node):
                  and node.get_role_name() != "combo box"), "")
 
 
-def session(scenario, expected):
-    with ComparedForm(scenario, expected) as form:
+def session(expected):
+    with ComparedForm(expected) as form:
         form.compare()
         form.leave_the_payee_as_it_is()
         form.press_ok_too_early()
-        for line in scenario.acts:
+        for line in expected.scenario.acts:
             form.do(*line)
         form.has_handed_over()
 
 
-def every_form():
-    """The scenario that each form has its picture taken in, for each screen that there is."""
-    names = {file: None for file in sorted(scenarios.glob("*/*/picture*.scenario"))}
-    names[scenarios / "general/invoice_payments/code_11.scenario"] = "invoices reach the collection"
-    expected = all_expected(map(str, names))
-    for file, name in names.items():
-        scenario = Scenario(file, name)
-        yield scenario.code, functools.partial(session, scenario, expected[str(file)])
-
-
-play(*every_form())
+play(*((expected.scenario.code, functools.partial(session, expected)) for expected in all_expected()))

@@ -1,0 +1,214 @@
+#include "frontends/win32/accessible_window.h"
+
+#include <oleacc.h>
+
+#include <atomic>
+
+namespace fiscalon::win32 {
+namespace {
+
+bool IsSelf(const VARIANT& child) {
+  return child.vt == VT_I4 && child.lVal == CHILDID_SELF;
+}
+
+HRESULT GiveText(const std::wstring& text, BSTR* to) {
+  if (to == nullptr)
+    return E_INVALIDARG;
+  *to = text.empty() ? nullptr : ::SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+  if (text.empty())
+    return S_FALSE;
+  return *to == nullptr ? E_OUTOFMEMORY : S_OK;
+}
+
+}  // namespace
+
+/// The system's own object of a window, with what the form tells. It may outlive the window in another program, and
+/// then says so.
+class AccessibleWindow final : public IAccessible {
+ public:
+  AccessibleWindow(HWND window, AccessibleSource& source, IAccessible& standard)
+      : window_(window), source_(&source), standard_(standard) {}
+  AccessibleWindow(const AccessibleWindow&) = delete;
+  AccessibleWindow& operator=(const AccessibleWindow&) = delete;
+
+  void WindowGoes() { source_ = nullptr; }
+
+  // IUnknown
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    if (object == nullptr)
+      return E_POINTER;
+    const bool isOwn = id == __uuidof(IUnknown) || id == __uuidof(IDispatch) || id == __uuidof(IAccessible);
+    *object = isOwn ? static_cast<IAccessible*>(this) : nullptr;
+    if (!isOwn)
+      return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --references_;
+    if (left == 0)
+      delete this;
+    return left;
+  }
+
+  // What the form tells.
+  HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
+    return Tell(
+        child, [&](const ToldWindow& told) { return GiveText(told.name, name); },
+        [&] { return standard_.get_accName(child, name); });
+  }
+  HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT child, BSTR* description) override {
+    return Tell(
+        child, [&](const ToldWindow& told) { return GiveText(told.description, description); },
+        [&] { return standard_.get_accDescription(child, description); });
+  }
+  HRESULT STDMETHODCALLTYPE get_accKeyboardShortcut(VARIANT child, BSTR* key) override {
+    const auto tell = [&](const ToldWindow& told) {
+      const auto letter = static_cast<wchar_t>(told.accessKey);
+      return GiveText(letter == 0 ? std::wstring() : std::wstring(L"Alt+") + letter, key);
+    };
+    return Tell(child, tell, [&] { return standard_.get_accKeyboardShortcut(child, key); });
+  }
+  HRESULT STDMETHODCALLTYPE get_accRole(VARIANT child, VARIANT* role) override {
+    const auto tell = [&](const ToldWindow& told) {
+      role->vt = VT_I4;
+      role->lVal = told.role;
+      return S_OK;
+    };
+    return Tell(child, tell, [&] { return standard_.get_accRole(child, role); });
+  }
+  HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* state) override {
+    const HRESULT result = source_ == nullptr ? S_OK : standard_.get_accState(child, state);
+    const auto tell = [&](const ToldWindow& told) {
+      state->lVal = (state->lVal & ~told.decided) | told.states;
+      return S_OK;
+    };
+    return FAILED(result) ? result : Tell(child, tell, [&] { return result; });
+  }
+  HRESULT STDMETHODCALLTYPE get_accValue(VARIANT child, BSTR* value) override {
+    const auto standard = [&] { return standard_.get_accValue(child, value); };
+    const auto tell = [&](const ToldWindow& told) { return told.value ? GiveText(*told.value, value) : standard(); };
+    return Tell(child, tell, standard);
+  }
+
+  // What it does.
+  HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
+    const auto standard = [&] { return standard_.accDoDefaultAction(child); };
+    return Tell(
+        child, [&](const ToldWindow&) { return source_->ClickLater() ? S_OK : standard(); }, standard);
+  }
+  HRESULT STDMETHODCALLTYPE put_accValue(VARIANT child, BSTR value) override {
+    const auto standard = [&] { return standard_.put_accValue(child, value); };
+    const auto take = [&](const ToldWindow&) {
+      return source_->TakeValue({value, ::SysStringLen(value)}) ? S_OK : standard();
+    };
+    return Tell(child, take, standard);
+  }
+  HRESULT STDMETHODCALLTYPE accSelect(LONG how, VARIANT child) override {
+    const auto standard = [&] { return standard_.accSelect(how, child); };
+    const auto take = [&](const ToldWindow& told) {
+      if (how != SELFLAG_TAKEFOCUS || (told.decided & STATE_SYSTEM_FOCUSABLE) == 0)
+        return standard();
+      if ((told.states & (STATE_SYSTEM_UNAVAILABLE | STATE_SYSTEM_INVISIBLE)) != 0)
+        return E_ACCESSDENIED;
+      ::SetFocus(window_);
+      return S_OK;
+    };
+    return Tell(child, take, standard);
+  }
+
+  // What the system tells and does.
+  HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** parent) override { return standard_.get_accParent(parent); }
+  HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* count) override { return standard_.get_accChildCount(count); }
+  HRESULT STDMETHODCALLTYPE get_accChild(VARIANT child, IDispatch** object) override {
+    return standard_.get_accChild(child, object);
+  }
+  HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT child, BSTR* help) override {
+    return standard_.get_accHelp(child, help);
+  }
+  HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR* file, VARIANT child, LONG* topic) override {
+    return standard_.get_accHelpTopic(file, child, topic);
+  }
+  HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* child) override { return standard_.get_accFocus(child); }
+  HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* children) override {
+    return standard_.get_accSelection(children);
+  }
+  HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT child, BSTR* action) override {
+    return standard_.get_accDefaultAction(child, action);
+  }
+  HRESULT STDMETHODCALLTYPE accLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT child) override {
+    return standard_.accLocation(left, top, width, height, child);
+  }
+  HRESULT STDMETHODCALLTYPE accNavigate(LONG way, VARIANT from, VARIANT* to) override {
+    return standard_.accNavigate(way, from, to);
+  }
+  HRESULT STDMETHODCALLTYPE accHitTest(LONG x, LONG y, VARIANT* child) override {
+    return standard_.accHitTest(x, y, child);
+  }
+  HRESULT STDMETHODCALLTYPE put_accName(VARIANT child, BSTR name) override {
+    return standard_.put_accName(child, name);
+  }
+
+  // IDispatch
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override { return standard_.GetTypeInfoCount(count); }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) override {
+    return standard_.GetTypeInfo(index, locale, information);
+  }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
+    return standard_.GetIDsOfNames(id, names, count, locale, ids);
+  }
+  // That of the system would call itself, and tell nothing of the form's.
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+    return E_NOTIMPL;
+  }
+
+ private:
+  ~AccessibleWindow() { standard_.Release(); }
+
+  /// Of the window itself the form tells, of its parts the system.
+  template <class Form, class Standard>
+  HRESULT Tell(const VARIANT& child, Form&& form, Standard&& standard) {
+    if (source_ == nullptr)
+      return CO_E_OBJNOTCONNECTED;
+    try {
+      return IsSelf(child) ? form(source_->Told()) : standard();
+    } catch (...) {
+      return E_OUTOFMEMORY;
+    }
+  }
+
+  const HWND window_;
+  AccessibleSource* source_;
+  IAccessible& standard_;
+  std::atomic<ULONG> references_ = 1;
+};
+
+AccessibleObject::~AccessibleObject() {
+  if (object_ == nullptr)
+    return;
+  object_->WindowGoes();
+  ::CoDisconnectObject(object_, 0);
+  object_->Release();
+  ::CoUninitialize();
+}
+
+std::optional<LRESULT> AccessibleObject::AnswerTo(HWND window, WPARAM wide, LPARAM extra) {
+  if (static_cast<DWORD>(extra) != static_cast<DWORD>(OBJID_CLIENT))
+    return std::nullopt;
+  if (object_ == nullptr) {
+    // Elsewhere than in an apartment of its own a thread's objects are called by any other thread.
+    if (FAILED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
+      return std::nullopt;
+    IAccessible* standard = nullptr;
+    if (FAILED(::CreateStdAccessibleObject(window, OBJID_CLIENT, __uuidof(IAccessible),
+                                           reinterpret_cast<void**>(&standard)))) {
+      ::CoUninitialize();
+      return std::nullopt;
+    }
+    object_ = new AccessibleWindow(window, source_, *standard);
+  }
+  return ::LresultFromObject(__uuidof(IAccessible), wide, object_);
+}
+
+}  // namespace fiscalon::win32

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "frontends/win32/windows_api.h"
+
+namespace fiscalon::win32 {
+
+class AccessibleWindow;
+
+/// What assistive programs are told of a window by the form. The rest, such as its place or the rows of a list, is the
+/// system's to say.
+struct ToldWindow {
+  /// ROLE_SYSTEM_DIALOG and the like.
+  LONG role = 0;
+  std::wstring name = {};
+  std::wstring description = {};
+  /// The capital of the access key, or 0.
+  int accessKey = 0;
+  /// STATE_SYSTEM_CHECKED and the like: which of them the form decides, and those of them that hold.
+  LONG decided = 0;
+  LONG states = 0;
+  /// Nothing where the system has it.
+  std::optional<std::wstring> value = {};
+};
+
+/// Whoever has a window of a form, for the object that assistive programs get of it.
+class AccessibleSource {
+ public:
+  virtual ToldWindow Told() const = 0;
+  /// The mouse button goes down and comes up, later on, since a box may come of it. False where that does nothing.
+  virtual bool ClickLater() { return false; }
+  /// Another value than a text. False for one that can't be.
+  virtual bool TakeValue(const std::wstring& /*value*/) { return false; }
+
+ protected:
+  ~AccessibleSource() = default;
+};
+
+/// What a window answers programs that ask for its accessible object, which is made for the first of them. All happens
+/// on the window's thread; where that has no messages of other programs' calls, the system answers.
+class AccessibleObject {
+ public:
+  explicit AccessibleObject(AccessibleSource& source) : source_(source) {}
+  ~AccessibleObject();
+  AccessibleObject(const AccessibleObject&) = delete;
+  AccessibleObject& operator=(const AccessibleObject&) = delete;
+
+  /// To WM_GETOBJECT; nothing where the system is to answer.
+  std::optional<LRESULT> AnswerTo(HWND window, WPARAM wide, LPARAM extra);
+
+ private:
+  AccessibleSource& source_;
+  AccessibleWindow* object_ = nullptr;
+};
+
+}  // namespace fiscalon::win32

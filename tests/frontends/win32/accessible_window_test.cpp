@@ -1,0 +1,113 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <oleacc.h>
+
+#include "core/platform/windows/wide_text.h"
+#include "tests/frontends/win32/played_form.h"
+
+namespace fiscalon::win32 {
+namespace {
+
+/// The accessible object of a window, for programs on its own thread.
+class HeldObject {
+ public:
+  explicit HeldObject(HWND window) {
+    self_.vt = VT_I4;
+    self_.lVal = CHILDID_SELF;
+    ::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                 reinterpret_cast<void**>(&object_));
+  }
+  ~HeldObject() { object_->Release(); }
+  HeldObject(const HeldObject&) = delete;
+  HeldObject& operator=(const HeldObject&) = delete;
+
+  HRESULT Name(std::string* name) const {
+    BSTR text = nullptr;
+    const HRESULT result = object_->get_accName(self_, &text);
+    *name = text == nullptr ? std::string() : FromWide(text);
+    ::SysFreeString(text);
+    return result;
+  }
+  std::string Name() const {
+    std::string name;
+    Name(&name);
+    return name;
+  }
+  HRESULT PutValue(const wchar_t* value) const {
+    const BSTR text = ::SysAllocString(value);
+    const HRESULT result = object_->put_accValue(self_, text);
+    ::SysFreeString(text);
+    return result;
+  }
+  HRESULT DoDefaultAction() const { return object_->accDoDefaultAction(self_); }
+  HRESULT TakeFocus() const { return object_->accSelect(SELFLAG_TAKEFOCUS, self_); }
+
+ private:
+  IAccessible* object_ = nullptr;
+  VARIANT self_ = {};
+};
+
+class AnAccessibleWindow : public testing::Test, protected PlayedForm {
+ protected:
+  EveryKindForm form;
+};
+
+TEST_F(AnAccessibleWindow, IsNamedByItsCaptionAsThatIsNow) {
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    const HeldObject period(In(window, form.txtPeriod));
+    EXPECT_EQ(period.Name(), "Period ends on");
+    form.lblPeriod.Caption("Since:");
+    EXPECT_EQ(period.Name(), "Since");
+    EXPECT_EQ(HeldObject(In(window, form.chkFinal)).Name(), "Final payment");
+  });
+}
+
+TEST_F(AnAccessibleWindow, ClicksNothingThatADisabledOrHiddenButtonWouldNot) {
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    form.cmdOK.Enabled(false);
+    form.chkFinal.Visible(false);
+    form.TakeNotes();
+    for (const Control* button :
+         {static_cast<const Control*>(&form.cmdOK), static_cast<const Control*>(&form.chkFinal)}) {
+      const HeldObject object(In(window, *button));
+      EXPECT_NE(object.DoDefaultAction(), S_OK);
+      EXPECT_NE(object.TakeFocus(), S_OK);
+    }
+    EXPECT_THAT(form.TakeNotes(), testing::ElementsAre());
+    EXPECT_EQ(form.ActiveControl(), &form.optFirst);
+  });
+}
+
+TEST_F(AnAccessibleWindow, ChoosesTheRowThatReadsSo) {
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    const HeldObject provinces(In(window, form.cmbProvince));
+    EXPECT_EQ(provinces.PutValue(L"Manitoba"), S_OK);
+    EXPECT_NE(provinces.PutValue(L"Nowhere"), S_OK);
+    EXPECT_EQ(form.cmbProvince.Text(), "Manitoba");
+    form.cmbProvince.Enabled(false);
+    EXPECT_NE(provinces.PutValue(L"Quebec"), S_OK);
+    EXPECT_EQ(form.cmbProvince.Text(), "Manitoba");
+  });
+}
+
+TEST_F(AnAccessibleWindow, MayBeHeldLongerThanItsForm) {
+  std::unique_ptr<HeldObject> period;
+  Show(form,
+       [&](FormWindow& window, UserDriver&) { period = std::make_unique<HeldObject>(In(window, form.txtPeriod)); });
+  std::string name;
+  EXPECT_EQ(period->Name(&name), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(period->PutValue(L"202606"), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(period->DoDefaultAction(), CO_E_OBJNOTCONNECTED);
+}
+
+TEST_F(AnAccessibleWindow, IsTheSystemsWhereAnyThreadCouldCallIt) {
+  ASSERT_EQ(::CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    EXPECT_EQ(::SendMessageW(In(window, form.txtPeriod), WM_GETOBJECT, 0, OBJID_CLIENT), 0);
+  });
+  ::CoUninitialize();
+}
+
+}  // namespace
+}  // namespace fiscalon::win32

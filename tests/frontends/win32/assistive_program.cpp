@@ -1,0 +1,214 @@
+#include "tests/frontends/win32/assistive_program.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace fiscalon::win32 {
+namespace {
+
+constexpr UINT kDo = WM_APP;
+constexpr DWORD kPatience = 15'000;
+
+VARIANT Self() {
+  VARIANT self = {};
+  self.vt = VT_I4;
+  self.lVal = CHILDID_SELF;
+  return self;
+}
+
+std::wstring TextOf(IAccessible& object, HRESULT (STDMETHODCALLTYPE IAccessible::*get)(VARIANT, BSTR*)) {
+  BSTR text = nullptr;
+  if (FAILED((object.*get)(Self(), &text)) || text == nullptr)
+    return {};
+  std::wstring said(text, ::SysStringLen(text));
+  ::SysFreeString(text);
+  return said;
+}
+
+LONG NumberOf(IAccessible& object, HRESULT (STDMETHODCALLTYPE IAccessible::*get)(VARIANT, VARIANT*)) {
+  VARIANT number = {};
+  return SUCCEEDED((object.*get)(Self(), &number)) && number.vt == VT_I4 ? number.lVal : 0;
+}
+
+/// What the thread hears; the only one at a time.
+std::vector<AssistiveProgram::Event>* heard = nullptr;
+
+void CALLBACK Hear(HWINEVENTHOOK, DWORD kind, HWND window, LONG, LONG, DWORD, DWORD) {
+  heard->push_back({kind, window});
+}
+
+/// Serves what comes to this thread until the event is there.
+bool ServeUntil(HANDLE event, const std::function<void()>& serve) {
+  for (;;) {
+    const DWORD woken = ::MsgWaitForMultipleObjects(1, &event, FALSE, kPatience, QS_ALLINPUT);
+    if (woken == WAIT_OBJECT_0 || woken == WAIT_TIMEOUT)
+      return woken == WAIT_OBJECT_0;
+    serve();
+  }
+}
+
+}  // namespace
+
+struct AssistiveProgram::Job {
+  const std::function<void()>& act;
+  HANDLE done;
+};
+
+AssistiveProgram::AssistiveProgram(std::function<void()> serve) : serve_(std::move(serve)) {
+  heard = &events_;
+  const HANDLE ready = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  thread_ = std::thread([this, ready] { Run(ready); });
+  ::WaitForSingleObject(ready, kPatience);
+  ::CloseHandle(ready);
+}
+
+AssistiveProgram::~AssistiveProgram() {
+  ::PostMessageW(inbox_, WM_CLOSE, 0, 0);
+  thread_.join();
+}
+
+void AssistiveProgram::Run(HANDLE ready) {
+  ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  inbox_ = ::CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  ::SetWindowLongPtrW(inbox_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AssistiveProgram::Procedure));
+  const HWINEVENTHOOK hook =
+      ::SetWinEventHook(EVENT_MIN, EVENT_MAX, nullptr, &Hear, ::GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+  ::SetEvent(ready);
+  MSG message = {};
+  while (::GetMessageW(&message, nullptr, 0, 0) > 0) ::DispatchMessageW(&message);
+  ::UnhookWinEvent(hook);
+  for (const auto& [window, object] : objects_)
+    if (object != nullptr)
+      object->Release();
+  ::CoUninitialize();
+}
+
+LRESULT CALLBACK AssistiveProgram::Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra) {
+  if (message == kDo) {
+    const auto& job = *reinterpret_cast<const Job*>(extra);
+    job.act();
+    ::SetEvent(job.done);
+    return 0;
+  }
+  if (message == WM_CLOSE) {
+    ::DestroyWindow(window);
+    ::PostQuitMessage(0);
+    return 0;
+  }
+  return ::DefWindowProcW(window, message, wide, extra);
+}
+
+void AssistiveProgram::Do(const std::function<void()>& act) {
+  const Job job = {act, ::CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  ::PostMessageW(inbox_, kDo, 0, reinterpret_cast<LPARAM>(&job));
+  // Nothing but its end brings the job back.
+  if (!ServeUntil(job.done, serve_))
+    throw std::runtime_error("the form does not answer an assistive program");
+  ::CloseHandle(job.done);
+  // What was left to be done later.
+  serve_();
+}
+
+std::vector<HWND> AssistiveProgram::Within(HWND window) {
+  std::vector<HWND> windows = {window};
+  ::EnumChildWindows(
+      window,
+      [](HWND child, LPARAM list) {
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&windows));
+  return windows;
+}
+
+IAccessible* AssistiveProgram::ObjectOf(HWND window) {
+  IAccessible*& object = objects_[window];
+  if (object == nullptr)
+    ::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                 reinterpret_cast<void**>(&object));
+  return object;
+}
+
+AccessibleThing AssistiveProgram::Told(HWND window) {
+  AccessibleThing told;
+  Do([&] {
+    if (IAccessible* object = ObjectOf(window))
+      told = {.name = TextOf(*object, &IAccessible::get_accName),
+              .description = TextOf(*object, &IAccessible::get_accDescription),
+              .value = TextOf(*object, &IAccessible::get_accValue),
+              .key = TextOf(*object, &IAccessible::get_accKeyboardShortcut),
+              .role = NumberOf(*object, &IAccessible::get_accRole),
+              .states = NumberOf(*object, &IAccessible::get_accState)};
+  });
+  return told;
+}
+
+bool AssistiveProgram::HasFocus(HWND window) {
+  LONG states = 0;
+  Do([&] {
+    if (IAccessible* object = ObjectOf(window))
+      states = NumberOf(*object, &IAccessible::get_accState);
+  });
+  return (states & STATE_SYSTEM_FOCUSED) != 0;
+}
+
+bool AssistiveProgram::DoDefaultAction(HWND window) {
+  bool done = false;
+  Do([&] {
+    IAccessible* object = ObjectOf(window);
+    done = object != nullptr && object->accDoDefaultAction(Self()) == S_OK;
+  });
+  return done;
+}
+
+bool AssistiveProgram::PutValue(HWND window, const std::wstring& value) {
+  bool done = false;
+  Do([&] {
+    IAccessible* object = ObjectOf(window);
+    const BSTR text = ::SysAllocString(value.c_str());
+    done = object != nullptr && object->put_accValue(Self(), text) == S_OK;
+    ::SysFreeString(text);
+  });
+  return done;
+}
+
+bool AssistiveProgram::TakeFocus(HWND window) {
+  bool done = false;
+  Do([&] {
+    IAccessible* object = ObjectOf(window);
+    done = object != nullptr && object->accSelect(SELFLAG_TAKEFOCUS, Self()) == S_OK;
+  });
+  return done;
+}
+
+bool AssistiveProgram::Hears(const std::function<bool(const Event&)>& wanted) {
+  bool found = false;
+  Do([&] {
+    // Each message that comes to this thread may be the event.
+    const DWORD end = ::GetTickCount() + kPatience / 3;
+    while (!(found = std::any_of(events_.begin(), events_.end(), wanted)) && ::GetTickCount() < end) {
+      ::MsgWaitForMultipleObjects(0, nullptr, FALSE, end - ::GetTickCount(), QS_ALLINPUT);
+      MSG message = {};
+      while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) ::DispatchMessageW(&message);
+    }
+  });
+  return found;
+}
+
+HWND AssistiveProgram::LastOf(DWORD kind) {
+  HWND window = nullptr;
+  Do([&] {
+    for (const Event& event : events_)
+      if (event.kind == kind)
+        window = event.window;
+  });
+  return window;
+}
+
+void AssistiveProgram::Forget() {
+  Do([this] { events_.clear(); });
+}
+
+}  // namespace fiscalon::win32
