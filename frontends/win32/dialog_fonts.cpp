@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <system_error>
 
 #include "frontends/win32/screen_scale.h"
 
@@ -37,6 +38,9 @@ DialogFonts::DialogFonts(int dotsPerInch) : dotsPerInch_(dotsPerInch), surface_(
   fixedPitch_.reset(NewFixedPitchFont(font));
   font.lfWeight = FW_BOLD;
   bold_.reset(::CreateFontIndirectW(&font));
+  // Without them everything would be of no size. The system says no reason.
+  if (!surface_ || !plain_ || !fixedPitch_ || !bold_)
+    throw std::system_error(ERROR_NO_SYSTEM_RESOURCES, std::system_category(), "the form has no fonts");
 
   constexpr std::wstring_view kLetters = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   constexpr int kCount = static_cast<int>(kLetters.size());

@@ -12,6 +12,7 @@ enum class FontKind { Plain, Bold, FixedPitch };
 /// The fonts of a form's window at one scale, and what is measured by them.
 class DialogFonts {
  public:
+  /// Throws `std::system_error` where the system has no room for them.
   explicit DialogFonts(int dotsPerInch);
 
   int DotsPerInch() const { return dotsPerInch_; }

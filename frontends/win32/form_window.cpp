@@ -3,6 +3,7 @@
 #include <oleacc.h>
 
 #include <algorithm>
+#include <system_error>
 
 #include "core/forms/button.h"
 #include "core/forms/label.h"
@@ -256,7 +257,12 @@ void FormWindow::PlaceLines(const std::vector<RECT>& lines) {
 }
 
 void FormWindow::Rescale(int dotsPerInch) {
-  fonts_ = std::make_unique<DialogFonts>(dotsPerInch);
+  try {
+    fonts_ = std::make_unique<DialogFonts>(dotsPerInch);
+  } catch (const std::system_error&) {
+    // In letters of the wrong size a form can be filled in.
+    return;
+  }
   for (const auto& [control, view] : views_) view->Restyle(*fonts_);
   ::SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_->Font(FontKind::Plain)), FALSE);
   client_ = {};

@@ -101,6 +101,11 @@ wchar_t FirstOnClipboard() {
   return first;
 }
 
+/// Whether another program leaves it. The editor would cut what it can't put there.
+bool IsClipboardFree() {
+  return ::OpenClipboard(nullptr) != FALSE && ::CloseClipboard() != FALSE;
+}
+
 }  // namespace
 
 ControlView::Design TextView::Designed() const {
@@ -231,6 +236,8 @@ LRESULT TextView::Message(UINT message, WPARAM wide, LPARAM extra) {
   if (!MayEdit(message, wide))
     return Native(message, wide, extra);
   if (message == WM_PASTE && PastesNothing())
+    return 0;
+  if (message == WM_CUT && !IsClipboardFree())
     return 0;
   LRESULT result = 0;
   EditWith(EditAct::Origin::Elsewhere, [&] {

@@ -145,6 +145,24 @@ TEST(TerminalToolkit, EndsWhereTheTerminalGoes) {
   EXPECT_TRUE(Ended(shell.NextStatus(false), 3));
 }
 
+TEST(TerminalToolkit, EndsWhereTheTerminalGoesInTheMiddleOfAPaste) {
+  ShellAtTerminal shell([] {
+    try {
+      Show([](AskingForm& form, TerminalToolkit&) {
+        form.when["Form_Activate"] = [&form] { form.txtPeriod.SetFocus(); };
+        form.when["txtPeriod_Change"] = [] { throw std::runtime_error("half a paste was entered"); };
+      });
+    } catch (const TerminalLost& lost) {
+      return std::string_view(lost.what()) == "the terminal is gone" ? 3 : kFailed;
+    }
+    return kFailed;
+  });
+  ASSERT_TRUE(shell.UntilShows("Kind of payment"));
+  shell.Type("\x1B[200~2026");
+  shell.terminal.HangUp();
+  EXPECT_TRUE(Ended(shell.NextStatus(false), 3));
+}
+
 TEST(TerminalToolkit, CanBeSuspendedAndGoneOnWith) {
   ShellAtTerminal shell([] {
     return Show([](AskingForm& form, TerminalToolkit&) {
