@@ -27,8 +27,11 @@ class Paint {
  private:
   std::string In(std::string_view code, std::string_view text) const;
   void PaintFrom(std::string_view code, std::string& text, size_t from) const {
-    if (on_)
-      text.replace(from, std::string::npos, In(code, std::string_view(text).substr(from)));
+    if (!on_)
+      return;
+    const std::string painted = In(code, std::string_view(text).substr(from));
+    text.resize(from);
+    text += painted;
   }
 
   bool on_;

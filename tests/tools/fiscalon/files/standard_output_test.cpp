@@ -90,6 +90,18 @@ TEST_F(StandardOutput, HasColoursOnATerminal) {
   EXPECT_THAT(terminal.Shown(), HasSubstr("\x1B[32mok  \x1B[0m a.scenario"));
 }
 
+TEST_F(StandardOutput, PaintsHeadingsRulersAndProblemsOfRecordsOnATerminal) {
+  Write("a.pc4", "hello\nworld\n");
+  const Terminal terminal;
+  EXPECT_EQ(Run("fiscalon show a.pc4 >" + terminal.Path()).status, 1);
+  EXPECT_THAT(terminal.Shown(), HasSubstr("\x1B[1mline 2: no record\x1B[0m\r\n"
+                                          "\x1B[2m     ....+\x1B[0m\r\n"
+                                          "    |world|\r\n"
+                                          "\x1B[31m    ! no record: the line begins with \"world\", not with "
+                                          "\"PC4\"\x1B[0m\r\n"
+                                          "\r\n"));
+}
+
 TEST_F(StandardOutput, HasNoColoursOnATerminalThatWantsNone) {
   Write("a.scenario", kPassing);
   for (const char* environment : {"NO_COLOR=1", "TERM=dumb"}) {
