@@ -60,6 +60,14 @@ def main():
 
             return lambda: measured(walk, resource.RUSAGE_SELF)
 
+        def ask(jobs):
+            def walk():
+                for verdict in fiscalon.validate_batch(payments, records, jobs=jobs):
+                    if not verdict.valid:
+                        verdict.reason
+
+            return lambda: measured(walk, resource.RUSAGE_SELF)
+
         rows = {}
         for jobs in (1, 2):
             base = f"validate --jobs {jobs}"
@@ -67,6 +75,7 @@ def main():
             rows[f"{base} --report"] = (validate(jobs, "--report", os.path.join(folder, "report.csv")), base)
             rows[f"count_batch, jobs={jobs}"] = (count(jobs), base)
             rows[f"validate_batch, jobs={jobs}"] = (iterate(jobs), base)
+            rows[f"  each asked, jobs={jobs}"] = (ask(jobs), base)
         times = {name: [] for name in rows}
         for _ in range(arguments.runs):
             for name, (take, _) in rows.items():

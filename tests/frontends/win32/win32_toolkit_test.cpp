@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 #include <stdexcept>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "core/platform/runtime_error.h"
 #include "frontends/win32/windows_api.h"
@@ -107,6 +110,29 @@ TEST(Win32Toolkit, PassesTheEndOfTheHostOn) {
   while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && message.message != WM_QUIT) continue;
   EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
   EXPECT_EQ(message.wParam, WPARAM{42});
+}
+
+/// The captions of the buttons of a box, which is answered by the one that it would close with.
+std::vector<std::wstring> CaptionsOfBox(MessageButtons buttons) {
+  std::vector<std::wstring> captions;
+  Win32Toolkit toolkit;
+  const WhenServed served([&] {
+    HWND box = ::GetActiveWindow();
+    for (HWND child = ::GetWindow(box, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+      std::array<wchar_t, 16> name = {};
+      ::GetClassNameW(child, name.data(), static_cast<int>(name.size()));
+      if (::lstrcmpiW(name.data(), L"Button") == 0)
+        captions.push_back(TextOfWindow(child));
+    }
+    ::SendMessageW(box, WM_COMMAND, buttons == MessageButtons::YesNo ? IDNO : IDCANCEL, 0);
+  });
+  toolkit.ShowMessage({.text = "?", .buttons = buttons, .language = *NamedLanguage("fr")});
+  return captions;
+}
+
+TEST(Win32Toolkit, CaptionsTheButtonsOfABoxInItsLanguage) {
+  EXPECT_THAT(CaptionsOfBox(MessageButtons::YesNo), testing::UnorderedElementsAre(L"&Oui", L"&Non"));
+  EXPECT_THAT(CaptionsOfBox(MessageButtons::OkCancel), testing::UnorderedElementsAre(L"OK", L"Annuler"));
 }
 
 TEST(Win32Toolkit, ServesTheHostsWindowsMeanwhile) {
