@@ -65,6 +65,8 @@ WholeFile::WholeFile(std::string name, const std::vector<std::string>& inputs, O
     OpenInPlace();
   else
     OpenBeside(there->kind == FileKind::File);
+  // Whoever writes here does so in large pieces, which a buffer would cut up.
+  std::setvbuf(file_.get(), nullptr, _IONBF, 0);
 }
 
 WholeFile::~WholeFile() = default;
