@@ -2,7 +2,8 @@
 
 #include "core/values/calendar.h"
 #include "core/values/format.h"
-#include "validation/quick_rules.h"
+#include "validation/quick_tests.h"
+#include "validation/rules_with.h"
 #include "validation/trial_payments.h"
 
 namespace fiscalon {
@@ -10,10 +11,10 @@ namespace fiscalon {
 namespace {
 
 // clang-format off
-constexpr FieldTests kAmountOfPayment = {QuickPayment,      {kFilled, kFullLength, kNumeric, kNotNegative, kDigits, kPayment}};
-constexpr FieldTests kPeriodEnd       = {QuickDate,         {kFilled, kDate}};
-constexpr FieldTests kGrossPayroll    = {QuickWholeDollars, {kFilled, kFullLength, kNumeric, kNotNegative, kWholeDollars}};
-constexpr FieldTests kEmployees       = {QuickCount,        {kFilled, kFullLength, kNumeric, kAtLeastOne, kDigits}};
+constexpr FieldTests kAmountOfPayment = {kQuickPayment,      {kFilled, kFullLength, kNumeric, kNotNegative, kDigits, kPayment}};
+constexpr FieldTests kPeriodEnd       = {kQuickDate,         {kFilled, kDate}};
+constexpr FieldTests kGrossPayroll    = {kQuickWholeDollars, {kFilled, kFullLength, kNumeric, kNotNegative, kWholeDollars}};
+constexpr FieldTests kEmployees       = {kQuickCount,        {kFilled, kFullLength, kNumeric, kAtLeastOne, kDigits}};
 
 constexpr FieldRule kFields[] = {
     {"01", kAmountOfPayment},

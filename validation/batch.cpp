@@ -1,5 +1,6 @@
 #include "validation/batch.h"
 
+#include <cassert>
 #include <exception>
 #include <mutex>
 #include <optional>
@@ -111,7 +112,7 @@ class BatchRun {
       FeedRecords(portion);
       ended_ = portion.recordBytes.empty();
     }
-    portion.records.Cut(portion.recordBytes);
+    portion.records.Cut(portion.recordBytes, judge_.Day());
     return true;
   }
 
@@ -146,27 +147,46 @@ class BatchRun {
     portion.rows.Read(portion.rowBytes);
     if (wantsAll_)
       portion.screens.resize(portion.rowCount);
-    PaymentRow row;
     std::string reason;
     for (size_t i = 0; i < portion.rowCount; ++i) {
-      if (!portion.rows.NextQuickly(row) && !TakeRow(portion, i, row))
-        continue;
-      if (i == portion.records.PaymentCount() || !portion.records.IsSequence(i, row.seq)) {
-        NoteParting(portion, i, row.seq);
+      if (!IsGoodAsFound(portion, i) && !JudgeNext(portion, i, reason))
         return;
-      }
-      const PaymentFigures figures{row.screen, row.biller, row.cents};
-      if (!IsGoodQuickly(figures, portion.records.Records(i), judge_.Day()) &&
-          !judge_.Judge(figures, portion.records.Records(i), reason))
-        portion.failures.push_back(
-            {i, std::string(row.screen), reason,
-             wantsFaults_ ? judge_.FaultsOf(figures, portion.records.Records(i)) : std::vector<Fault>()});
-      if (wantsAll_)
-        portion.screens[i] = row.screen;
     }
     portion.judged = portion.rowCount;
     if (portion.rowCount < portion.records.PaymentCount())
       NoteParting(portion, portion.rowCount, {});
+  }
+
+  /// Whether a payment was found good when the block was cut, for just what its row says. False reads no row.
+  bool IsGoodAsFound(Portion& portion, size_t payment) const {
+    if (payment >= portion.records.PaymentCount())
+      return false;
+    const auto& [rules, cents] = portion.records.FoundGood(payment);
+    if (rules == nullptr || !portion.rows.NextIs(portion.records.Sequence(payment), rules->screenCode, cents))
+      return false;
+    assert(PassEveryTest(*rules, portion.records.Records(payment), {.paymentCents = cents, .day = &judge_.Day()}));
+    if (wantsAll_)
+      portion.screens[payment] = rules->screenCode;
+    return true;
+  }
+
+  /// Judges a payment by whatever its row says. False where the two files part.
+  bool JudgeNext(Portion& portion, size_t payment, std::string& reason) const {
+    PaymentRow row;
+    if (!portion.rows.NextQuickly(row) && !TakeRow(portion, payment, row))
+      return true;
+    if (payment == portion.records.PaymentCount() || !portion.records.IsSequence(payment, row.seq)) {
+      NoteParting(portion, payment, row.seq);
+      return false;
+    }
+    const PaymentFigures figures{row.screen, row.biller, row.cents};
+    const auto records = portion.records.Records(payment);
+    if (!IsGoodQuickly(figures, records, judge_.Day()) && !judge_.Judge(figures, records, reason))
+      portion.failures.push_back({payment, std::string(row.screen), reason,
+                                  wantsFaults_ ? judge_.FaultsOf(figures, records) : std::vector<Fault>()});
+    if (wantsAll_)
+      portion.screens[payment] = row.screen;
+    return true;
   }
 
   /// Reads any row, and notes what is wrong with it. False where not even its payment is known.

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "validation/expectation.h"
+#include "validation/quick_digits.h"
 
 /// The tests that the values of fields must pass, and those that rules share. What one rule set alone asks for stands
 /// in its own source.
@@ -35,31 +36,44 @@ struct FieldTest {
   std::string_view refused = {};
 };
 
-/// A look at the 18 characters of a value, as quick as can be. Gives the number that they write down, or any other but
-/// `kNoDigits`, where the value passes all tests of its field for sure.
-using QuickTest = uint64_t (*)(const char* value, const Expectation& expected);
+/// A look at the 18 characters of a value, as quick as can be: whether each lies between those of two texts, and then
+/// at the number that they write down.
+struct QuickTest {
+  std::string_view lowest = {};
+  std::string_view highest = {};
+  /// For a value that lies between those two. Gives its number, or any other but `kNoDigits`, where the value passes
+  /// all tests of its field for sure.
+  uint64_t (*number)(const char* value, const Expectation& expected) = nullptr;
+
+  /// The same for any value.
+  uint64_t operator()(const char* value, const Expectation& expected) const {
+    return HasShape(value) ? number(value, expected) : kNoDigits;
+  }
+  bool HasShape(const char* value) const { return lowest.empty() || AreBetween(value, lowest.data(), highest.data()); }
+};
 
 /// The tests of a field. What the quick test passes, every other one passes: change both.
 class FieldTests {
  public:
-  /// By reference: a field without a quick test does not compile.
-  consteval FieldTests(uint64_t (&quickTest)(const char*, const Expectation&), std::initializer_list<FieldTest> tests)
-      : quick_(quickTest) {
+  consteval FieldTests(const QuickTest& quickTest, std::initializer_list<FieldTest> tests) : quick_(quickTest) {
     for (const FieldTest& test : tests) tests_[count_++] = test;
   }
+  /// With a routine that looks at the characters too. By reference: a field without a quick test does not compile.
+  consteval FieldTests(uint64_t (&quickTest)(const char*, const Expectation&), std::initializer_list<FieldTest> tests)
+      : FieldTests(QuickTest{.number = quickTest}, tests) {}
   template <std::same_as<std::nullptr_t> None>
   consteval FieldTests(None /*quickTest*/, std::initializer_list<FieldTest> /*tests*/) {
     static_assert(!std::same_as<None, std::nullptr_t>, "a field has a quick test");
   }
 
-  constexpr QuickTest Quick() const { return quick_; }
+  constexpr const QuickTest& Quick() const { return quick_; }
   /// From the top; the first that fails gives the field's only message.
   constexpr std::span<const FieldTest> InOrder() const { return {tests_.data(), count_}; }
 
  private:
   static constexpr size_t kMost = 8;
 
-  QuickTest quick_ = nullptr;
+  QuickTest quick_ = {};
   std::array<FieldTest, kMost> tests_ = {};
   size_t count_ = 0;
 };

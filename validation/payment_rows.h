@@ -3,6 +3,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <list>
 #include <string>
 #include <string_view>
@@ -34,6 +35,10 @@ class RowReader {
   /// Reads the next row if it has the usual form, like "0001,03,001052,12345"; else reads nothing.
   bool NextQuickly(PaymentRow& row);
 
+  /// Reads the next row if it has the usual form and says that, whatever its biller; else reads nothing. The texts are
+  /// digits.
+  bool NextIs(std::string_view seq, std::string_view screen, uint64_t cents);
+
   /// Reads the next row. What is wrong with it, empty where nothing is; an amount that can't be read is 0.
   std::string Next(PaymentRow& row);
 
@@ -41,6 +46,10 @@ class RowReader {
   std::string_view Rest() const { return rest_; }
 
  private:
+  /// "0001,03," is eight characters; so much as a biller and an amount take must follow, or else the end is near.
+  static constexpr size_t kHead = 8;
+  static constexpr size_t kRoom = 40;
+
   std::string_view rest_;
   /// Texts that do not stand in the list as they are.
   std::list<std::string> texts_;
@@ -94,13 +103,30 @@ inline bool TakeDigits(const char*& at, int64_t& number) {
   return false;
 }
 
+/// Takes a biller, which is empty or six digits, and the comma behind it.
+inline bool TakeBiller(const char*& at, std::string_view& biller) {
+  constexpr uint64_t kSix = 0x0000FFFFFFFFFFFFu;
+  const char* const start = at;
+  if (*at != ',') {
+    if (at[6] != ',' || !AreDigits((LoadEight(at) & kSix) | (InAllEight('0') & ~kSix)))
+      return false;
+    at += 6;
+  }
+  biller = {start, static_cast<size_t>(at - start)};
+  ++at;
+  return true;
+}
+
+inline bool TakeRowEnd(const char*& at) {
+  at += *at == '\r' ? 1 : 0;
+  return *at++ == '\n';
+}
+
 inline bool RowReader::NextQuickly(PaymentRow& row) {
-  // "0001,03," is eight characters; so much as a biller and an amount take must follow, or else the end is near.
-  constexpr size_t kRoom = 40;
   if (rest_.size() < kRoom)
     return false;
   const char* const start = rest_.data();
-  const char* at = start + 8;
+  const char* at = start + kHead;
   constexpr uint64_t kSeparators = uint64_t{0xFF} << 32 | uint64_t{0xFF} << 56;
   const uint64_t head = LoadEight(start);
   if ((head & kSeparators) != (InAllEight(',') & kSeparators) ||
@@ -108,21 +134,25 @@ inline bool RowReader::NextQuickly(PaymentRow& row) {
     return false;
   row.seq = {start, 4};
   row.screen = {start + 5, 2};
-  // The biller is empty or six digits and a comma.
-  const char* const biller = at;
-  if (*at != ',') {
-    if (at[6] != ',' || !AreDigits((LoadEight(at) & 0x0000FFFFFFFFFFFFu) | (InAllEight('0') & ~0x0000FFFFFFFFFFFFu)))
-      return false;
-    at += 6;
-  }
-  row.biller = {biller, static_cast<size_t>(at - biller)};
-  ++at;
   int64_t cents = 0;
-  if (!TakeDigits(at, cents))
+  if (!TakeBiller(at, row.biller) || !TakeDigits(at, cents) || !TakeRowEnd(at))
     return false;
   row.cents = cents;
-  at += *at == '\r' ? 1 : 0;
-  if (*at++ != '\n')
+  rest_.remove_prefix(static_cast<size_t>(at - start));
+  return true;
+}
+
+inline bool RowReader::NextIs(std::string_view seq, std::string_view screen, uint64_t cents) {
+  if (rest_.size() < kRoom)
+    return false;
+  const char* const start = rest_.data();
+  const char* at = start + kHead;
+  if (std::memcmp(start, seq.data(), 4) != 0 || start[4] != ',' || std::memcmp(start + 5, screen.data(), 2) != 0 ||
+      start[7] != ',')
+    return false;
+  std::string_view biller;
+  int64_t number = 0;
+  if (!TakeBiller(at, biller) || !TakeDigits(at, number) || static_cast<uint64_t>(number) != cents || !TakeRowEnd(at))
     return false;
   rest_.remove_prefix(static_cast<size_t>(at - start));
   return true;

@@ -33,10 +33,15 @@ class QuickTotal {
  public:
   void Keep(int addend, uint64_t cents) { cents_[static_cast<size_t>(addend)] = cents; }
 
-  /// Whether the total makes the amount to be paid for sure. False says nothing.
-  bool Equals(const Expectation& expected) const {
+  uint64_t Sum() const {
     uint64_t total = 0;
     for (const uint64_t cents : cents_) total += cents;
+    return total;
+  }
+
+  /// Whether the total makes the amount to be paid for sure. False says nothing.
+  bool Equals(const Expectation& expected) const {
+    const uint64_t total = Sum();
     return total == expected.paymentCents && total <= kLargestExact && IsReadBackAsWritten();
   }
 

@@ -3,7 +3,8 @@
 #include "core/values/calendar.h"
 #include "core/values/format.h"
 #include "core/values/leading_number.h"
-#include "validation/quick_rules.h"
+#include "validation/quick_tests.h"
+#include "validation/rules_with.h"
 #include "validation/trial_payments.h"
 
 namespace fiscalon {
@@ -15,18 +16,14 @@ bool IsRemittanceType(std::string_view value, const Expectation&) {
   return type >= 1 && type <= 6;
 }
 
-uint64_t QuickRemittanceType(const char* value, const Expectation&) {
-  // Nothing but zeros before the last character.
-  constexpr uint64_t kOne = uint64_t{1} << 56;
-  const uint64_t type = LoadEight(value + 10) - InAllEight('0');
-  return BeginWithTenZeros(value) && type % kOne == 0 && type >= kOne && type <= 6 * kOne ? 0 : kNoDigits;
-}
+constexpr QuickTest kQuickRemittanceType = {"000000000000000001", "000000000000000006",
+                                            [](const char*, const Expectation&) { return uint64_t{0}; }};
 
 // clang-format off
 constexpr FieldTest kRemittanceType = {IsRemittanceType, " is invalid", "not-a-type", "000000000000000007"};
 
-constexpr FieldTests kAmount = {QuickAmount,         {kFilled, kFullLength, kNumeric, kNotNegative, kDigits}};
-constexpr FieldTests kType   = {QuickRemittanceType, {kFilled, kFullLength, kNumeric, kRemittanceType, kDigits}};
+constexpr FieldTests kAmount = {kQuickAmount,         {kFilled, kFullLength, kNumeric, kNotNegative, kDigits}};
+constexpr FieldTests kType   = {kQuickRemittanceType, {kFilled, kFullLength, kNumeric, kRemittanceType, kDigits}};
 
 constexpr FieldRule kFields[] = {
     {"01", kAmount, 0},

@@ -3,6 +3,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 #include "core/records/field_values.h"
 
@@ -21,6 +22,16 @@ inline uint64_t LoadEight(const char* text) {
   if constexpr (std::endian::native == std::endian::big)
     eight = __builtin_bswap64(eight);
   return eight;
+}
+
+/// The same of a text that is known, and the first in the highest byte: such numbers compare as the texts do.
+constexpr uint64_t InOrder(std::string_view eight) {
+  uint64_t number = 0;
+  for (const char c : eight) number = number << 8 | static_cast<unsigned char>(c);
+  return number;
+}
+inline uint64_t InOrder(const char* eight) {
+  return __builtin_bswap64(LoadEight(eight));
 }
 
 constexpr uint64_t InAllEight(char c) {
@@ -55,20 +66,34 @@ inline bool BeginWithTenZeros(const char* text) {
   return LoadEight(text) == InAllEight('0') && LoadEight(text + 2) == InAllEight('0');
 }
 
+/// Whether each of 18 characters lies between those of two other texts, which are ASCII.
+inline bool AreBetween(const char* text, const char* lowest, const char* highest) {
+  uint64_t outside = 0;
+  for (const size_t at : {size_t{0}, size_t{8}, size_t{10}}) {
+    const uint64_t eight = LoadEight(text + at);
+    // As with digits.
+    outside |= (eight + (InAllEight(0x7F) - LoadEight(highest + at))) | (eight - LoadEight(lowest + at)) | eight;
+  }
+  return (outside & InAllEight('\x80')) == 0;
+}
+
+/// The number that 18 digits write down.
+inline uint64_t NumberOfDigits(const char* digits) {
+  const uint64_t back = DigitsValue(LoadEight(digits + 10));
+  // Most numbers are small: nothing but zeros in front of the last eight digits.
+  if (BeginWithTenZeros(digits))
+    return back;
+  const uint64_t firstTwo = DigitPairs(LoadEight(digits)) & 0xFF;
+  return (firstTwo * 100'000'000 + DigitsValue(LoadEight(digits + 2))) * 100'000'000 + back;
+}
+
+inline constexpr std::string_view kZeros = "000000000000000000";
+inline constexpr std::string_view kNines = "999999999999999999";
+static_assert(kZeros.size() == kValueWidth && kNines.size() == kValueWidth);
+
 /// The number that 18 characters write down if they are digits, else `kNoDigits`.
 inline uint64_t EighteenDigits(const char* text) {
-  const uint64_t front = LoadEight(text);
-  const uint64_t middle = LoadEight(text + 2);
-  const uint64_t back = LoadEight(text + 10);
-  if (!AreDigits(back))
-    return kNoDigits;
-  // Most numbers are small: nothing but zeros in front of the last eight digits.
-  if (front == InAllEight('0') && middle == InAllEight('0'))
-    return DigitsValue(back);
-  if (!AreDigits(front) || !AreDigits(middle))
-    return kNoDigits;
-  const uint64_t firstTwo = DigitPairs(front) & 0xFF;
-  return (firstTwo * 100'000'000 + DigitsValue(middle)) * 100'000'000 + DigitsValue(back);
+  return AreBetween(text, kZeros.data(), kNines.data()) ? NumberOfDigits(text) : kNoDigits;
 }
 
 /// Whether 18 characters are all that one.

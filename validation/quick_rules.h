@@ -10,8 +10,7 @@
 #include "validation/quick_tests.h"
 #include "validation/rule_sets.h"
 
-/// The quick tests of whole payments, compiled for the very rules of a screen. The source of a rule set makes it by
-/// `RulesWith`.
+/// The quick tests of whole payments, compiled for the very rules of a screen.
 namespace fiscalon {
 
 inline constexpr FieldRule kUnusedField = {.tests = {QuickUnused, {kUnused}}};
@@ -27,19 +26,28 @@ inline constexpr size_t kSlotWidth = FieldNamed(kFreeFormatLayout, "FieldNum", 1
 inline constexpr size_t kSlotsEnd = kNumberOffset + kSlotsPerRecord * kSlotWidth;
 inline constexpr size_t kPeriodOffset = FieldNamed(kGovernmentLayout, "PeriodDueDate").Offset();
 
+template <const auto& kFields, size_t kAt>
+inline constexpr const FieldRule& kRuleAt = kAt < std::size(kFields) ? kFields[kAt] : kUnusedField;
+
+/// The second half of the quick test of a rule that is known when this is compiled, for a value that has its shape.
+template <const auto& kFields, size_t kAt>
+inline bool NumberPassesQuickly(const char* value, const Expectation& expected, QuickTotal& total) {
+  constexpr const FieldRule& kRule = kRuleAt<kFields, kAt>;
+  const uint64_t number = kRule.tests.Quick().number(value, expected);
+  if constexpr (kRule.addend != kNoAddend)
+    total.Keep(kRule.addend, number);
+  return number != kNoDigits;
+}
+
 /// The quick test of a rule that is known when this is compiled.
 template <const auto& kFields, size_t kAt>
 inline bool FieldPassesQuickly(const char* value, const Expectation& expected, QuickTotal& total) {
-  constexpr const FieldRule& kRule = kAt < std::size(kFields) ? kFields[kAt] : kUnusedField;
-  constexpr QuickTest kQuick = kRule.tests.Quick();
+  constexpr const FieldRule& kRule = kRuleAt<kFields, kAt>;
   if constexpr (!kRule.onlyForBiller.empty()) {
     if (kRule.onlyForBiller != expected.billerCode)
       return true;
   }
-  const uint64_t number = kQuick(value, expected);
-  if constexpr (kRule.addend != kNoAddend)
-    total.Keep(kRule.addend, number);
-  return number != kNoDigits;
+  return kRule.tests.Quick().HasShape(value) && NumberPassesQuickly<kFields, kAt>(value, expected, total);
 }
 
 /// The quick test of the rule of a field's number. A rule that is looked up in the table while the program runs costs a
@@ -113,40 +121,6 @@ bool RecordsPassQuickly(std::span<const std::string_view> records, const Expecta
   }
   return fields > 0 && (kPeriods == Periods::Ignored || periods > 0) &&
          (kTotal == Total::Ignored || total.Equals(expected));
-}
-
-/// What a rule set has beside its fields.
-struct RuleSetTexts {
-  std::string_view screenCode = {};
-  std::string_view routine = {};
-  std::string_view noFieldsMessage = {};
-  const TrialRecipe* trial = nullptr;
-};
-
-constexpr bool AreNumberedFromOne(std::span<const FieldRule> fields) {
-  for (size_t i = 0; i < fields.size(); ++i) {
-    if (fields[i].number.size() != 2 || fields[i].number[0] != '0' || fields[i].number[1] != static_cast<char>('1' + i))
-      return false;
-  }
-  return fields.size() <= 9;
-}
-
-/// A rule set and its quick test, from one and the same rules.
-template <const auto& kFields, Periods kPeriods, Total kTotal>
-consteval RuleSet RulesWith(const RuleSetTexts& texts) {
-  static_assert(AreNumberedFromOne(kFields), "fields are numbered 01, 02 and so on without a gap");
-  if (texts.screenCode.size() != kScreenCodeLength || texts.noFieldsMessage.empty())
-    throw "rules have a screen, and a message for a payment without fields";
-  if (texts.trial == nullptr)
-    throw "rules have trial payments";
-  return {.screenCode = texts.screenCode,
-          .routine = texts.routine,
-          .noFieldsMessage = texts.noFieldsMessage,
-          .fields = kFields,
-          .periods = kPeriods,
-          .total = kTotal,
-          .quickTest = RecordsPassQuickly<kFields, kPeriods, kTotal>,
-          .trial = texts.trial};
 }
 
 }  // namespace fiscalon

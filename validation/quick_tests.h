@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "core/values/calendar.h"
-#include "validation/expectation.h"
+#include "validation/field_tests.h"
 #include "validation/quick_digits.h"
 
 /// The quick tests (`QuickTest`) that rules share. What a quick test does not recognise goes through the tests of its
@@ -14,16 +14,18 @@ namespace fiscalon {
 /// every whole number up to it.
 inline constexpr uint64_t kLargestNumber = 922'337'203'685'477;
 
-inline uint64_t QuickPayment(const char* value, const Expectation& expected) {
-  const uint64_t number = EighteenDigits(value);
-  return number <= kLargestNumber && number == expected.paymentCents ? number : kNoDigits;
+inline uint64_t NumberOfAmount(const char* digits, const Expectation&) {
+  const uint64_t number = NumberOfDigits(digits);
+  return number <= kLargestNumber ? number : kNoDigits;
 }
 
-inline uint64_t QuickDate(const char* value, const Expectation& expected) {
-  const uint64_t eight = LoadEight(value);
-  if (LoadEight(value + 8) != InAllEight(' ') || value[16] != ' ' || value[17] != ' ' || !AreDigits(eight))
-    return kNoDigits;
-  const uint64_t pairs = DigitPairs(eight);
+inline uint64_t NumberOfPayment(const char* digits, const Expectation& expected) {
+  const uint64_t number = NumberOfAmount(digits, expected);
+  return number == expected.paymentCents ? number : kNoDigits;
+}
+
+inline uint64_t NumberOfDate(const char* date, const Expectation& expected) {
+  const uint64_t pairs = DigitPairs(LoadEight(date));
   const auto year = static_cast<int>((pairs & 0xFF) * 100 + (pairs >> 16 & 0xFF));
   const auto month = static_cast<int>(pairs >> 32 & 0xFF);
   const auto day = static_cast<int>(pairs >> 48);
@@ -33,27 +35,25 @@ inline uint64_t QuickDate(const char* value, const Expectation& expected) {
              : kNoDigits;
 }
 
-inline uint64_t QuickWholeDollars(const char* value, const Expectation&) {
-  // Eight digits of dollars between the zeros in front and those for the cents are more than the test takes.
-  const uint64_t dollars = LoadEight(value + 8);
-  return LoadEight(value) == InAllEight('0') && AreDigits(dollars) && value[16] == '0' && value[17] == '0' &&
-                 DigitsValue(dollars) <= INT32_MAX / 100
-             ? 0
-             : kNoDigits;
+inline uint64_t NumberOfDollars(const char* dollars, const Expectation&) {
+  static_assert(INT32_MAX / 100 == 21'474'836);
+  return InOrder(dollars + 8) <= InOrder(std::string_view("21474836")) ? 0 : kNoDigits;
 }
 
-inline uint64_t QuickCount(const char* value, const Expectation&) {
-  const uint64_t eight = LoadEight(value + 10);
-  if (BeginWithTenZeros(value) && AreDigits(eight))
-    return eight != InAllEight('0') ? 0 : kNoDigits;
-  const uint64_t number = EighteenDigits(value);
-  return number >= 1 && number <= kLargestNumber ? number : kNoDigits;
+inline uint64_t NumberOfCount(const char* digits, const Expectation&) {
+  if (BeginWithTenZeros(digits))
+    return LoadEight(digits + 10) != InAllEight('0') ? 0 : kNoDigits;
+  return NumberOfDigits(digits) <= kLargestNumber ? 0 : kNoDigits;
 }
 
-inline uint64_t QuickAmount(const char* value, const Expectation&) {
-  const uint64_t number = EighteenDigits(value);
-  return number <= kLargestNumber ? number : kNoDigits;
-}
+// clang-format off
+inline constexpr QuickTest kQuickAmount       = {kZeros,               kNines,               NumberOfAmount};
+inline constexpr QuickTest kQuickPayment      = {kZeros,               kNines,               NumberOfPayment};
+inline constexpr QuickTest kQuickDate         = {"00000000          ", "99999999          ", NumberOfDate};
+/// Eight digits of dollars between the zeros in front and those for the cents are more than the test takes.
+inline constexpr QuickTest kQuickWholeDollars = {"000000000000000000", "000000009999999900", NumberOfDollars};
+inline constexpr QuickTest kQuickCount        = {kZeros,               kNines,               NumberOfCount};
+// clang-format on
 
 inline uint64_t QuickUnused(const char* value, const Expectation&) {
   return AreEighteen(value, ' ') || AreEighteen(value, '0') ? 0 : kNoDigits;

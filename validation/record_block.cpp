@@ -17,6 +17,9 @@ constexpr size_t kBlockBytes = size_t{1} << 20;
 constexpr size_t kLargestPayment = size_t{16} << 20;
 constexpr RecordField kSequence = FieldNamed(kRecordHead, "SeqNumber");
 
+/// No four characters.
+constexpr uint64_t kNoSequence = UINT64_MAX;
+
 uint32_t LoadSequence(const char* record) {
   uint32_t sequence = 0;
   std::memcpy(&sequence, record + kSequence.Offset(), sizeof sequence);
@@ -32,22 +35,21 @@ unsigned char SmallestOf(const char* record) {
 }
 
 /// Whether a record, which is as long as one at least with its frame, has the start of one and that frame.
-template <size_t kQuote, size_t kEnd>
+template <LineFrame kFrame>
 bool IsFramed(const char* record) {
   // As few comparisons as possible: each is a word of the file against one that is known.
   constexpr std::string_view kStart = "\"PC4";
-  constexpr std::string_view kEnds[] = {"\n", "\r\n", "\"\n", "\"\r\n"};
-  constexpr std::string_view kBehind = kEnds[kQuote * 2 + kEnd - 1];
-  static_assert(kStart.substr(1) == kRecordMark && kStart[0] == kRecordQuote && kBehind.size() == kQuote + kEnd);
-  return std::memcmp(record - kQuote, kStart.data() + 1 - kQuote, kRecordMark.size() + kQuote) == 0 &&
-         std::memcmp(record + kRecordLength, kBehind.data(), kBehind.size()) == 0;
+  static_assert(kStart.substr(1) == kRecordMark && kStart[0] == kRecordQuote);
+  return std::memcmp(record - kFrame.quotes, kStart.data() + 1 - kFrame.quotes, kRecordMark.size() + kFrame.quotes) ==
+             0 &&
+         std::memcmp(record + kRecordLength, kFrame.Back().data(), kFrame.Back().size()) == 0;
 }
 
 /// Has the processor fetch the lines that are looked at a little later: it would do so by itself, but stops at
 /// each page.
 void FetchAhead(const char* at) {
 #ifdef __GNUC__
-  constexpr int kAhead = 2048;
+  constexpr int kAhead = 8192;
   constexpr int kCacheLine = 64;
   for (int line = 0; line < 3; ++line) __builtin_prefetch(at + kAhead + line * kCacheLine);
 #else
@@ -70,36 +72,43 @@ inline void RecordBlock::AddLine(std::string_view line) {
     starts_.resize(lines_.size() + 1);
   }
   lines_[lineCount_++] = line;
+  // Whatever was found of the payment was found of what is but a part of it.
+  if (paymentCount_ != 0)
+    starts_[paymentCount_ - 1].goodFor.rules = nullptr;
 }
 
 inline void RecordBlock::AddRecord(std::string_view line, uint32_t sequence) {
   if (paymentCount_ == 0 || sequence != starts_[paymentCount_ - 1].sequence) {
-    starts_[paymentCount_] = {paymentCount_ == 0 ? 0 : static_cast<uint32_t>(lineCount_), sequence};
+    starts_[paymentCount_] = {.line = paymentCount_ == 0 ? 0 : static_cast<uint32_t>(lineCount_), .sequence = sequence};
     ++paymentCount_;
   }
   AddLine(line);
 }
 
-/// Takes lines as long as each has that frame and nothing is wrong with it, and leaves any other to `TakeAnyLine`. What
-/// is changed with each line is kept at hand, since for all the compiler knows the members could change with any of
-/// them.
-template <size_t kQuote, size_t kEnd>
+/// Takes lines as long as each has that frame and nothing is wrong with it, and leaves any other to `TakeAnyLine`.
+/// Where payments are looked at, it takes one of them, since the next may be a usual one again. What is changed with
+/// each line is kept at hand, since for all the compiler knows the members could change with any of them.
+template <LineFrame kFrame>
 const char* RecordBlock::TakeAlike(const char* at, const char* end) {
-  constexpr size_t kLength = kQuote + kRecordLength + kQuote + kEnd;
+  constexpr size_t kLength = kFrame.LineLength();
+  const char* const first = at;
+  const bool isOnePayment = day_ != nullptr;
   std::string_view* line = lines_.data() + lineCount_;
   Start* start = starts_.data() + paymentCount_;
-  constexpr uint64_t kNone = UINT64_MAX;
-  uint64_t sequence = paymentCount_ == 0 ? kNone : start[-1].sequence;
+  uint64_t sequence = paymentCount_ == 0 ? kNoSequence : start[-1].sequence;
   for (; static_cast<size_t>(end - at) >= kLength; at += kLength) {
     FetchAhead(at);
-    const char* const record = at + kQuote;
-    if (!IsFramed<kQuote, kEnd>(record) || SmallestOf(record) < ' ')
+    const char* const record = at + kFrame.quotes;
+    if (!IsFramed<kFrame>(record) || SmallestOf(record) < ' ')
       break;
     const uint32_t own = LoadSequence(record);
     if (own != sequence) {
-      *start++ = {sequence == kNone ? 0 : static_cast<uint32_t>(line - lines_.data()), own};
+      if (isOnePayment && at != first)
+        break;
+      *start++ = {.line = sequence == kNoSequence ? 0 : static_cast<uint32_t>(line - lines_.data()), .sequence = own};
       sequence = own;
     }
+    start[-1].goodFor.rules = nullptr;
     *line++ = {record, kRecordLength};
   }
   lineCount_ = static_cast<size_t>(line - lines_.data());
@@ -110,15 +119,57 @@ const char* RecordBlock::TakeAlike(const char* at, const char* end) {
 /// Takes lines that are framed as the one before.
 const char* RecordBlock::TakeLines(const char* at, const char* end) {
   MakeRoom(static_cast<size_t>(end - at));
-  if (frame_.quote == 1)
-    return frame_.end == 2 ? TakeAlike<1, 2>(at, end) : TakeAlike<1, 1>(at, end);
-  return frame_.end == 2 ? TakeAlike<0, 2>(at, end) : TakeAlike<0, 1>(at, end);
+  if (frame_.quotes == 1)
+    return frame_.end == 2 ? TakeAlike<LineFrame{1, 2}>(at, end) : TakeAlike<LineFrame{1, 1}>(at, end);
+  return frame_.end == 2 ? TakeAlike<LineFrame{0, 2}>(at, end) : TakeAlike<LineFrame{0, 1}>(at, end);
+}
+
+/// Takes payments as long as each stands there in the usual form of those rules, good for some amount. The next one
+/// ends the one before: lines of the same number would be of the same payment.
+const char* RecordBlock::TakeUsual(const RuleSet& rules, const char* at, const char* end) {
+  const UsualForm form = rules.usual[frame_.Index()];
+  const JudgingDay day = *day_;
+  const size_t lineLength = frame_.LineLength();
+  std::string_view* line = lines_.data() + lineCount_;
+  Start* start = starts_.data() + paymentCount_;
+  uint64_t sequence = paymentCount_ == 0 ? kNoSequence : start[-1].sequence;
+  while (static_cast<size_t>(end - at) >= form.lines * lineLength) {
+    for (size_t i = 0; i < form.lines; ++i) FetchAhead(at + i * lineLength);
+    const uint64_t cents = form.goodFor(at, day);
+    const uint32_t own = LoadSequence(at + frame_.quotes);
+    if (cents == kNoCents || own == sequence)
+      break;
+    *start++ = {.line = static_cast<uint32_t>(line - lines_.data()), .sequence = own, .goodFor = {&rules, cents}};
+    sequence = own;
+    for (size_t i = 0; i < form.lines; ++i, at += lineLength) *line++ = {at + frame_.quotes, kRecordLength};
+  }
+  lineCount_ = static_cast<size_t>(line - lines_.data());
+  paymentCount_ = static_cast<size_t>(start - starts_.data());
+  return at;
+}
+
+/// Takes payments in the usual form of any rules, framed as the line before.
+const char* RecordBlock::TakeUsual(const char* at, const char* end) {
+  // Lines before the first record belong to the first payment.
+  const bool isOpen = paymentCount_ == 0 && lineCount_ != 0;
+  if (day_ == nullptr || isOpen)
+    return at;
+  MakeRoom(static_cast<size_t>(end - at));
+  if (const char* const behind = TakeUsual(*usual_, at, end); behind != at)
+    return behind;
+  for (const RuleSet* const rules : RuleSets()) {
+    if (const char* const behind = TakeUsual(*rules, at, end); behind != at) {
+      usual_ = rules;
+      return behind;
+    }
+  }
+  return at;
 }
 
 const char* RecordBlock::TakeAnyLine(const char* at, const char* end) {
   std::string_view rest(at, static_cast<size_t>(end - at));
   const RecordLine line = TakeRecordLine(rest);
-  frame_ = {.quote = line.opensWithQuote ? size_t{1} : 0, .end = line.end == LineEnd::CrLf ? size_t{2} : 1};
+  frame_ = {.quotes = line.opensWithQuote ? size_t{1} : 0, .end = line.end == LineEnd::CrLf ? size_t{2} : 1};
   std::string problem = WrongWith(line);
   if (problem.empty() && line.record.size() != kRecordLength)
     problem = "a line of " + std::to_string(line.record.size()) + " characters; a record has " +
@@ -149,11 +200,20 @@ void RecordBlock::Cut(std::string_view bytes) {
   const char* at = bytes.data();
   const char* const end = at + bytes.size();
   while (at != end) {
-    at = TakeLines(at, end);
-    if (at != end)
+    const char* const before = at;
+    at = TakeUsual(at, end);
+    if (at == before)
+      at = TakeLines(at, end);
+    if (at == before)
       at = TakeAnyLine(at, end);
   }
   starts_[paymentCount_].line = static_cast<uint32_t>(lineCount_);
+}
+
+void RecordBlock::Cut(std::string_view bytes, const JudgingDay& day) {
+  day_ = &day;
+  Cut(bytes);
+  day_ = nullptr;
 }
 
 std::string_view RecordBlock::LinesOf(size_t payment, std::string_view bytes) const {

@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "validation/byte_source.h"
+#include "validation/rule_sets.h"
+#include "validation/usual_form.h"
 
 namespace fiscalon {
 
@@ -30,6 +32,10 @@ class RecordBlock {
   /// payments behind it can still be told apart.
   void Cut(std::string_view bytes);
 
+  /// The same for payments that are about to be judged as of that day: those that are written as screens do and good
+  /// for some amount are found on the way.
+  void Cut(std::string_view bytes, const JudgingDay& day);
+
   size_t PaymentCount() const { return paymentCount_; }
   size_t LineCount() const { return lineCount_; }
   std::span<const std::string_view> Records(size_t payment) const {
@@ -43,29 +49,34 @@ class RecordBlock {
   bool IsSequence(size_t payment, std::string_view seq) const {
     return seq.size() == sizeof(uint32_t) && std::memcmp(seq.data(), &starts_[payment].sequence, sizeof(uint32_t)) == 0;
   }
+  /// What a payment was found to be good for, whatever else its row says. Its sequence number is digits then.
+  struct GoodFor {
+    /// Null where nothing was found.
+    const RuleSet* rules = nullptr;
+    uint64_t cents = kNoCents;
+  };
+  const GoodFor& FoundGood(size_t payment) const { return starts_[payment].goodFor; }
   /// The payment's lines with all that stands around its records, out of the bytes that were cut.
   std::string_view LinesOf(size_t payment, std::string_view bytes) const;
   const std::vector<LineProblem>& Problems() const { return problems_; }
 
  private:
-  /// How lines are framed: what stands around the 160 characters.
-  struct Frame {
-    size_t quote = 1;
-    size_t end = 2;
-  };
-
   void MakeRoom(size_t bytes);
+  const char* TakeUsual(const char* at, const char* end);
+  const char* TakeUsual(const RuleSet& rules, const char* at, const char* end);
   const char* TakeLines(const char* at, const char* end);
-  template <size_t kQuote, size_t kEnd>
+  template <LineFrame kFrame>
   const char* TakeAlike(const char* at, const char* end);
   const char* TakeAnyLine(const char* at, const char* end);
   void AddLine(std::string_view line);
   void AddRecord(std::string_view line, uint32_t sequence);
 
-  /// Where a payment begins, and the four characters of its sequence number as they lie in memory.
+  /// Where a payment begins, the four characters of its sequence number as they lie in memory, and by which rules it is
+  /// good for which amount, if that is known.
   struct Start {
     uint32_t line = 0;
     uint32_t sequence = 0;
+    GoodFor goodFor = {};
   };
 
   // Both hold room for more than there is, so that a block of good lines is filled without a check.
@@ -73,7 +84,11 @@ class RecordBlock {
   size_t lineCount_ = 0;
   std::vector<Start> starts_ = std::vector<Start>(1);
   size_t paymentCount_ = 0;
-  Frame frame_;
+  LineFrame frame_;
+  /// The day as of which payments are judged, if they are.
+  const JudgingDay* day_ = nullptr;
+  /// Whose usual payment was found last.
+  const RuleSet* usual_ = RuleSets().front();
   std::vector<LineProblem> problems_;
 };
 

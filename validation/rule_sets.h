@@ -12,6 +12,7 @@
 #include "validation/expectation.h"
 #include "validation/fault.h"
 #include "validation/field_tests.h"
+#include "validation/usual_form.h"
 
 /// The rules of the screens whose payments also come in bulk, as tables, and the one routine that judges a
 /// payment's records by them. docs/adding-a-rule.md goes through them.
@@ -34,7 +35,7 @@ enum class Total { Ignored, EqualsPayment };
 
 struct TrialRecipe;
 
-/// What holds for the records of one screen. Made by `RulesWith` (quick_rules.h), which gives it its quick test.
+/// What holds for the records of one screen. Made by `RulesWith` (rules_with.h), which gives it its quick tests.
 struct RuleSet {
   std::string_view screenCode = {};
   /// The validator's routine, for the logs.
@@ -48,6 +49,8 @@ struct RuleSet {
   Total total = Total::Ignored;
   /// The quick tests of all this, compiled for these very rules.
   bool (*quickTest)(std::span<const std::string_view> records, const Expectation& expected) = nullptr;
+  /// The same of a payment as screens write it, before its amount is known.
+  UsualForms usual = {};
   /// How `fiscalon generate` makes payments of the screen, good ones and bad ones (trial_payments.h).
   const TrialRecipe* trial = nullptr;
 };

@@ -11,7 +11,7 @@
 #include "tests/support/module_test.h"
 #include "tests/support/rule_law.h"
 #include "validation/judge_payment.h"
-#include "validation/quick_rules.h"
+#include "validation/rules_with.h"
 
 namespace fiscalon {
 namespace {

@@ -42,6 +42,32 @@ TEST(RowReader, ReadsAmountsOfAnyLength) {
   EXPECT_EQ(Read("0001,03,,-500"), "0001|03||-500");
 }
 
+TEST(RowReader, KnowsARowThatSaysWhatItIsAskedFor) {
+  // Each character of a row becomes every other one: it says that, or it does not, as when it is read.
+  size_t known = 0;
+  for (const char* const row : {"0001,03,,12345\n", "0001,20,001052,12345\r\n", "0001,03,,123456789012345\n"}) {
+    const std::string text = row + std::string(40, '7');
+    for (size_t at = 0; at < std::string_view(row).size(); ++at)
+      for (int byte = 0; byte < 256; ++byte) {
+        std::string bytes = text;
+        bytes[at] = static_cast<char>(byte);
+        RowReader quick, asked;
+        quick.Read(bytes);
+        asked.Read(bytes);
+        PaymentRow read;
+        const bool isSo = quick.NextQuickly(read) && read.seq == "0001" && read.screen == "03" && read.cents == 12345;
+        ASSERT_EQ(asked.NextIs("0001", "03", 12345), isSo) << bytes;
+        ASSERT_EQ(asked.Rest(), isSo ? quick.Rest() : std::string_view(bytes));
+        known += isSo ? 1 : 0;
+      }
+  }
+  // The first row itself, once for each of its characters, and the third with a line end in the place of its 6.
+  EXPECT_EQ(known, std::string_view("0001,03,,12345\n").size() + 1);
+  RowReader last;
+  last.Read("0001,03,,12345\n");
+  EXPECT_FALSE(last.NextIs("0001", "03", 12345)) << "there is no room to look ahead";
+}
+
 TEST(RowReader, ReadsFieldsInQuotesAndUtf8) {
   EXPECT_EQ(Read("\"0001\",\"03\",\"\",\"12345\""), "0001|03||12345");
   EXPECT_EQ(Read("\"a,\"\"b\",03,,1"), "a,\"b|03||1");

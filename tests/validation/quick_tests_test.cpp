@@ -45,7 +45,7 @@ class ShortCut : public ModuleTest {
   bool TakesQuebec(const std::string& number, const std::string& value, uint64_t cents = 12345) const {
     return Takes(kQuebecRules, QuebecPayment(With(GoodQuebecFields(), number, value)), Expecting(cents));
   }
-  static bool TakesCount(uint64_t count) { return QuickCount(Digits(count).c_str(), {}) != kNoDigits; }
+  static bool TakesCount(uint64_t count) { return kQuickCount(Digits(count).c_str(), {}) != kNoDigits; }
   bool TakesPeriod(const std::string& period) const {
     return Takes(kQuebecRules, QuebecPayment(GoodQuebecFields(), {period}), Expecting(12345));
   }

@@ -4,4 +4,4 @@
 #include "validation/quick_tests.h"
 
 constexpr fiscalon::FieldTest kEven = {fiscalon::IsFilled, " is invalid", "odd"};
-constexpr fiscalon::FieldTests kAmount = {fiscalon::QuickAmount, {kEven}};
+constexpr fiscalon::FieldTests kAmount = {fiscalon::kQuickAmount, {kEven}};

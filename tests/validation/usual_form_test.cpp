@@ -1,0 +1,183 @@
+// Payments that are found good while a block is cut: how many are found, and that it changes no verdict and no line.
+
+#include "validation/usual_form.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "core/records/record_line.h"
+#include "tests/support/bulk_payment.h"
+#include "tests/support/module_test.h"
+#include "validation/generate_batch.h"
+#include "validation/payment_rows.h"
+#include "validation/record_block.h"
+
+namespace fiscalon {
+namespace {
+
+constexpr Date kThatDay = {.year = 2026, .month = 6, .day = 15};
+constexpr LineFrame kAllFrames[] = {{0, 1}, {0, 2}, {1, 1}, {1, 2}};
+
+std::string Framed(const LineFrame& frame, const std::vector<std::string>& records) {
+  std::string lines;
+  for (const std::string& record : records) lines.append(frame.Front()).append(record).append(frame.Back());
+  return lines;
+}
+
+std::string Framed(const LineFrame& frame, std::string_view lines) {
+  std::vector<std::string> records;
+  for (const RecordLine& line : RecordLinesOf(lines)) records.emplace_back(line.record);
+  return Framed(frame, records);
+}
+
+/// A good payment under another sequence number.
+std::vector<std::string> Numbered(const BulkPayment& payment, const std::string& seq) {
+  std::vector<std::string> records = payment.records;
+  for (std::string& record : records) record.replace(3, 4, seq);
+  return records;
+}
+
+class UsualPayment : public ModuleTest {
+ protected:
+  /// Cuts with and without looking at the payments, which must come to the same, and returns how many were found good.
+  /// Each of them must be.
+  size_t FoundIn(std::string_view bytes) {
+    plain_.Cut(bytes);
+    block_.Cut(bytes, day_);
+    ExpectSameCut();
+    size_t found = 0;
+    for (size_t i = 0; i < block_.PaymentCount(); ++i) found += IsFound(i) ? 1 : 0;
+    return found;
+  }
+
+  bool IsFound(size_t payment) const {
+    const auto& [rules, cents] = block_.FoundGood(payment);
+    if (rules == nullptr)
+      return false;
+    // Whatever biller the row has.
+    for (const char* biller : {"", "001052"}) {
+      const Expectation expected{.paymentCents = cents, .billerCode = biller, .day = &day_};
+      EXPECT_TRUE(PassEveryTest(*rules, block_.Records(payment), expected)) << block_.Records(payment).back();
+    }
+    for (const char c : block_.Sequence(payment)) EXPECT_TRUE(c >= '0' && c <= '9');
+    return true;
+  }
+
+  void ExpectSameCut() const {
+    ASSERT_EQ(block_.PaymentCount(), plain_.PaymentCount());
+    ASSERT_EQ(block_.LineCount(), plain_.LineCount());
+    ASSERT_EQ(block_.Problems().size(), plain_.Problems().size());
+    for (size_t i = 0; i < plain_.Problems().size(); ++i) {
+      EXPECT_EQ(block_.Problems()[i].line, plain_.Problems()[i].line);
+      EXPECT_EQ(block_.Problems()[i].reason, plain_.Problems()[i].reason);
+    }
+    for (size_t i = 0; i < plain_.PaymentCount(); ++i) {
+      ASSERT_EQ(block_.Sequence(i), plain_.Sequence(i));
+      ASSERT_EQ(block_.FirstLine(i), plain_.FirstLine(i));
+      ASSERT_EQ(block_.Records(i).size(), plain_.Records(i).size());
+      for (size_t line = 0; line < plain_.Records(i).size(); ++line)
+        ASSERT_EQ(block_.Records(i)[line].data(), plain_.Records(i)[line].data());
+    }
+  }
+
+  JudgingDay day_ = JudgingDayOf(kThatDay);
+  RecordBlock plain_;
+  RecordBlock block_;
+};
+
+TEST_F(UsualPayment, IsFoundInEveryPaymentOfAGoodBatch) {
+  for (const RuleSet* const rules : RuleSets()) {
+    constexpr size_t kPayments = 1000;
+    std::ostringstream list, lines, planted;
+    GenerateBatch({.payments = kPayments, .screen = std::string(rules->screenCode), .today = kThatDay}, list, lines,
+                  planted);
+    const std::string rows = list.str();
+    for (const LineFrame& frame : kAllFrames) {
+      // The frame is known from the line before.
+      const std::string bytes = Framed(frame, Numbered(AgencyPayment({}), "0000")) + Framed(frame, lines.str());
+      EXPECT_EQ(FoundIn(bytes), kPayments) << rules->screenCode;
+      RowReader reader;
+      reader.Read(std::string_view(rows).substr(kPaymentsHeader.size() + 1));
+      for (size_t i = 1; i <= kPayments; ++i) {
+        PaymentRow row;
+        ASSERT_EQ(reader.Next(row), "");
+        ASSERT_EQ(block_.FoundGood(i).rules, rules);
+        ASSERT_EQ(block_.FoundGood(i).cents, static_cast<uint64_t>(row.cents));
+      }
+    }
+  }
+}
+
+TEST_F(UsualPayment, IsFoundInNothingThatATestRefuses) {
+  // Each character of each line becomes every other one, between two payments that are good.
+  const auto spoil = [&](const BulkPayment& payment, const LineFrame& frame) {
+    const std::string front = Framed(frame, Numbered(payment, "0001"));
+    std::string bytes = front + Framed(frame, Numbered(payment, "0002")) + Framed(frame, Numbered(payment, "0003"));
+    size_t found = 0;
+    for (size_t at = front.size(); at < 2 * front.size(); ++at) {
+      const char kept = bytes[at];
+      for (int byte = 0; byte < 256; ++byte) {
+        bytes[at] = static_cast<char>(byte);
+        found += FoundIn(bytes) == 3 ? 1 : 0;
+        if (HasFatalFailure())
+          return found;
+      }
+      bytes[at] = kept;
+    }
+    return found;
+  };
+  for (const LineFrame& frame : {LineFrame{1, 2}, LineFrame{0, 1}}) {
+    // Any character but those for control in the 152 columns behind a "T" record's head, and in those behind slots.
+    EXPECT_GT(spoil(AgencyPayment(GoodAgencyFields()), frame), 224u * (152 + 72));
+    EXPECT_GT(spoil(QuebecPayment(GoodQuebecFields()), frame), 224u * (144 + 2 * 72));
+  }
+}
+
+TEST_F(UsualPayment, IsAllOfThePayment) {
+  const LineFrame frame;
+  const BulkPayment good = AgencyPayment(GoodAgencyFields());
+  const std::string one = Framed(frame, Numbered(good, "0001"));
+  const std::string two = Framed(frame, Numbered(good, "0002"));
+  EXPECT_EQ(FoundIn(one + two), 2u);
+  // One more record of the same number, as it may be of any kind; in another frame; as no record at all.
+  EXPECT_EQ(FoundIn(one + one + two), 1u);
+  EXPECT_EQ(FoundIn(one + two.substr(0, 164).replace(4, 4, "0001") + two), 1u);
+  EXPECT_EQ(FoundIn(one + Framed({0, 1}, Numbered(good, "0001"))), 0u);
+  EXPECT_EQ(FoundIn(one + "hello\r\n"), 0u);
+  EXPECT_EQ(FoundIn("hello\r\n" + one), 0u);
+  // Lines of two numbers are two payments.
+  EXPECT_EQ(FoundIn(one.substr(0, 164) + two.substr(164)), 0u);
+  // Cut off.
+  for (size_t size = 1; size < one.size(); ++size) EXPECT_LE(FoundIn(two + one.substr(0, size)), 1u) << size;
+}
+
+TEST_F(UsualPayment, IsNamedByDigits) {
+  const BulkPayment good = AgencyPayment(GoodAgencyFields());
+  EXPECT_EQ(FoundIn(Framed({}, Numbered(good, "9999"))), 1u);
+  for (const char* seq : {"1,03", "A001", "    ", "\"001"}) EXPECT_EQ(FoundIn(Framed({}, Numbered(good, seq))), 0u);
+}
+
+TEST_F(UsualPayment, IsFoundUnderOtherRulesThanTheOneBefore) {
+  const std::string agency = Framed({}, Numbered(AgencyPayment(GoodAgencyFields()), "0001"));
+  const std::string quebec = Framed({}, Numbered(QuebecPayment(GoodQuebecFields()), "0002"));
+  EXPECT_EQ(FoundIn(agency + quebec + agency + agency + quebec), 3u);
+  EXPECT_EQ(block_.FoundGood(0).rules, &kAgencyRules);
+  EXPECT_EQ(block_.FoundGood(1).rules, &kQuebecRules);
+  EXPECT_EQ(block_.FoundGood(1).cents, 12345u);
+}
+
+TEST_F(UsualPayment, IsNotFoundWhereTotalsAreWrittenWithAComma) {
+  SetLocale(FrenchCanada());
+  EXPECT_EQ(FoundIn(Framed({}, Numbered(QuebecPayment(GoodQuebecFields()), "0001"))), 0u);
+  EXPECT_EQ(FoundIn(Framed({}, Numbered(AgencyPayment(GoodAgencyFields()), "0001"))), 1u);
+}
+
+TEST_F(UsualPayment, IsOfTheDay) {
+  const std::string lines = Framed({}, Numbered(AgencyPayment(GoodAgencyFields()), "0001"));
+  day_ = JudgingDayOf({.year = 2030, .month = 6, .day = 15});
+  EXPECT_EQ(FoundIn(lines), 0u);
+}
+
+}  // namespace
+}  // namespace fiscalon

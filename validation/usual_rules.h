@@ -1,0 +1,98 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <iterator>
+#include <utility>
+
+#include "validation/quick_rules.h"
+#include "validation/stencil.h"
+#include "validation/usual_form.h"
+
+/// The quick tests of payments as screens write them, compiled for the very rules of a screen: all their lines in one
+/// look, and then the numbers in them.
+namespace fiscalon {
+
+/// How the lines of a usual payment lie: a "T" record, and behind it "F" records with the rows in their order. Slots
+/// that are left over hold zeros.
+template <const auto& kFields, LineFrame kFrame>
+struct UsualLines {
+  static constexpr size_t kFreeFormats = (std::size(kFields) + kSlotsPerRecord - 1) / kSlotsPerRecord;
+  static constexpr size_t kCount = 1 + kFreeFormats;
+  static constexpr RecordField kSequence = FieldNamed(kRecordHead, "SeqNumber");
+  static constexpr RecordField kKind = FieldNamed(kRecordHead, "Kind");
+
+  static constexpr size_t Record(size_t line) { return line * kFrame.LineLength() + kFrame.quotes; }
+  static constexpr size_t Slot(size_t row) {
+    return Record(1 + row / kSlotsPerRecord) + row % kSlotsPerRecord * kSlotWidth;
+  }
+
+  static constexpr auto MakeStencil() {
+    Stencil<kCount * kFrame.LineLength()> stencil;
+    for (size_t line = 0; line < kCount; ++line) {
+      const char kind = static_cast<char>(line == 0 ? RecordKind::Government : RecordKind::FreeFormat);
+      stencil.Put(Record(line) - kFrame.quotes, kFrame.Front());
+      stencil.Put(Record(line), kRecordMark);
+      stencil.Put(Record(line) + kSequence.Offset(), kZeros.substr(0, kSequence.Width()),
+                  kNines.substr(0, kSequence.Width()));
+      stencil.Put(Record(line) + kKind.Offset(), {&kind, 1});
+      stencil.Put(Record(line) + kRecordLength, kFrame.Back());
+    }
+    for (size_t row = 0; row < kFreeFormats * kSlotsPerRecord; ++row) {
+      const char number[] = {static_cast<char>('0' + (row + 1) / 10), static_cast<char>('0' + (row + 1) % 10)};
+      stencil.Put(Slot(row) + kNumberOffset, {number, sizeof number});
+      if (row < std::size(kFields))
+        stencil.Put(Slot(row) + kValueOffset, kFields[row].tests.Quick().lowest, kFields[row].tests.Quick().highest);
+      else
+        stencil.Put(Slot(row) + kValueOffset, kZeros);
+    }
+    return stencil;
+  }
+  static constexpr auto kStencil = MakeStencil();
+
+  /// Whether all lines have one sequence number.
+  static bool AreOnePayment(const char* lines) {
+    const char* const first = lines + Record(0) + kSequence.Offset();
+    for (size_t line = 1; line < kCount; ++line)
+      if (std::memcmp(first, first + line * kFrame.LineLength(), kSequence.Width()) != 0)
+        return false;
+    return true;
+  }
+};
+
+/// Whether a field is held against the amount to be paid, so that it tells which one that must be.
+constexpr bool TellsPayment(const FieldRule& rule) {
+  return rule.tests.Quick().number == kQuickPayment.number;
+}
+
+/// The amount that a usual payment is good for: the one that its own fields tell.
+template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame, size_t... kRow>
+[[gnu::flatten]] uint64_t UsualAmount(const char* lines, const JudgingDay& day, std::index_sequence<kRow...>) {
+  using Lines = UsualLines<kFields, kFrame>;
+  static_assert(kTotal == Total::Ignored || !(TellsPayment(kFields[kRow]) || ...), "a field or the total tells it");
+  if (!Fits<Lines::kStencil>(lines) || !Lines::AreOnePayment(lines))
+    return kNoCents;
+  if (kPeriods == Periods::Tested && !IsQuickPeriod(lines + Lines::Record(0) + kPeriodOffset, day))
+    return kNoCents;
+  const auto value = [&](size_t row) { return lines + Lines::Slot(row) + kValueOffset; };
+  Expectation expected{.day = &day};
+  ((TellsPayment(kFields[kRow]) && (expected.paymentCents = NumberOfDigits(value(kRow)), true)), ...);
+  QuickTotal total;
+  if (!(NumberPassesQuickly<kFields, kRow>(value(kRow), expected, total) && ...))
+    return kNoCents;
+  if (kTotal == Total::Ignored)
+    return expected.paymentCents;
+  expected.paymentCents = total.Sum();
+  return total.Equals(expected) ? expected.paymentCents : kNoCents;
+}
+
+template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame>
+consteval UsualForm UsualFormOf() {
+  return {.lines = UsualLines<kFields, kFrame>::kCount, .goodFor = [](const char* lines, const JudgingDay& day) {
+            return UsualAmount<kFields, kPeriods, kTotal, kFrame>(lines, day,
+                                                                  std::make_index_sequence<std::size(kFields)>());
+          }};
+}
+
+}  // namespace fiscalon
