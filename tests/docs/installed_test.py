@@ -21,7 +21,7 @@ def offences_of(page, roots):
     text = CODE.sub("", page.read_text(encoding="utf-8"))
     links = [first or second for first, second in LINK.findall(text)]
     # The API pages are made for packages alone, where tools/check follows all links.
-    missing = [link for link in links if not re.match(r"https?:|api/index\.html$", link) and not (page.parent / link).exists()]
+    missing = [link for link in links if not re.match(r"https?:|api/(?:\w+/)?index\.html$", link) and not (page.parent / link).exists()]
     return missing + [name for name in NAMED.findall(text)
                       if not any((root / name).exists() for root in [page.parent, *roots])]
 
