@@ -19,18 +19,27 @@ TEST(IsPlain, LooksAtEachCharacterOfATextOfAnyLength) {
   }
 }
 
+std::string Dots(size_t count) {
+  std::string dots;
+  for (size_t i = 0; i < count; ++i) dots += "\u00B7";
+  return dots;
+}
+
 TEST(DottedText, ShowsTheBlanksAtBothEndsHoweverMany) {
   EXPECT_EQ(DottedText(""), "\"\"");
   EXPECT_EQ(DottedText(" a b  "), "\"\u00B7a b\u00B7\u00B7\"");
   for (const size_t blanks : {1, 59, 60, 61, 120, 121, 300}) {
-    std::string dots;
-    for (size_t i = 0; i < blanks; ++i) dots += "\u00B7";
-    EXPECT_EQ(DottedText(std::string(blanks, ' ')), '"' + dots + '"');
-    EXPECT_EQ(DottedText("a" + std::string(blanks, ' ')), "\"a" + dots + '"');
-    EXPECT_EQ(DottedText(std::string(blanks, ' ') + "a"), '"' + dots + "a\"");
+    EXPECT_EQ(DottedText("a" + std::string(blanks, ' ')), "\"a" + Dots(blanks) + '"');
+    EXPECT_EQ(DottedText(std::string(blanks, ' ') + "a"), '"' + Dots(blanks) + "a\"");
+  }
+}
+
+TEST(DottedText, OfBlanksAloneIsThatOfSoManyBlanks) {
+  for (const size_t blanks : {0, 1, 59, 60, 61, 120, 121, 300}) {
     std::string appended;
     AppendDottedBlanks(appended, blanks);
-    EXPECT_EQ(appended, '"' + dots + '"');
+    EXPECT_EQ(appended, '"' + Dots(blanks) + '"');
+    EXPECT_EQ(DottedText(std::string(blanks, ' ')), appended);
   }
 }
 
