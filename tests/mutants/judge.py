@@ -1,6 +1,7 @@
 """Runs tests with one change on, in as few processes as may be."""
 
 import collections
+import json
 import os
 import subprocess
 import time
@@ -29,19 +30,26 @@ class Judge:
         except subprocess.TimeoutExpired:
             return -1
 
-    def look(self, tests):
+    def look(self, tests, kept):
         """Runs every test by itself and without a change, and learns which changes it comes by."""
         reached = self.build.folder / "reached"
         for test in tests:
-            reached.unlink(missing_ok=True)
-            began = time.monotonic()
-            status = self.run(test.command, test.folder, test.environment, 120, FISCALON_MUTANTS_REACHED=str(reached))
-            self.times[test] = time.monotonic() - began
-            if status:
+            found = kept.of(test)
+            if found is None:
+                reached.unlink(missing_ok=True)
+                began = time.monotonic()
+                variables = {"FISCALON_MUTANTS_REACHED": str(reached)}
+                status = self.run(test.command, test.folder, test.environment, 120, **variables)
+                numbers = sorted({int(word) for word in reached.read_text().split()}) if reached.exists() else []
+                found = {"time": time.monotonic() - began, "status": status, "reached": numbers}
+                kept.keep(test, found)
+            self.times[test] = found["time"]
+            if found["status"]:
                 self.failing.append(test.name)
                 continue
-            for number in set(reached.read_text().split()) if reached.exists() else ():
-                self.reaching[int(number)].append(test)
+            for number in found["reached"]:
+                self.reaching[number].append(test)
+        kept.write()
 
     def kills(self, tests, source, number=0):
         """Whether any of these tests fails with this change."""
@@ -108,3 +116,29 @@ def in_parts(words, longest=LONGEST_ARGUMENT):
         length += len(word) + 1
     if part:
         yield part
+
+
+class Looks:
+    """What an earlier run learnt of tests that are as they were, for the same changes."""
+
+    def __init__(self, path, changes):
+        self.path = path
+        self.found = json.loads(path.read_text()) if path.exists() else {}
+        if self.found.get("changes") != changes:
+            self.found = {"changes": changes, "tests": {}}
+
+    @staticmethod
+    def stamp(test):
+        """When its program, or a file that it names, last changed."""
+        paths = [os.path.join(test.folder, word) for word in test.command]
+        return max(os.stat(path).st_mtime_ns for path in paths if os.path.isfile(path))
+
+    def of(self, test):
+        found = self.found["tests"].get(test.name)
+        return found if found and found["stamp"] == self.stamp(test) else None
+
+    def keep(self, test, found):
+        self.found["tests"][test.name] = dict(found, stamp=self.stamp(test))
+
+    def write(self):
+        self.path.write_text(json.dumps(self.found))

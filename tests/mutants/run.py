@@ -14,7 +14,7 @@ from typing import NamedTuple
 import spots
 import told
 from build import TREE, Build, Refusals, git
-from judge import Judge
+from judge import Judge, Looks
 from known import Known
 
 FOLDERS = ("core/records", "core/values", "core/forms", "screens", "validation", "frontends/played")
@@ -93,7 +93,9 @@ class Run:
 
     def make(self):
         """Builds, and drops what does not compile, until it does."""
-        dropped = set()
+        refused = Refused(self.options.folder / "refused.json")
+        dropped = {mutant.number for mutant in self.mutants if [mutant.source, mutant.key] in refused.changes}
+        self.build.kept |= set(refused.constants)
         constants = {mutant.spot.constant_name for mutant in self.mutants} - {""}
         for attempt in range(20):
             switched, ranges = self.write(dropped)
@@ -111,6 +113,9 @@ class Run:
             print(f"  {len(numbers)} changes and {len(names)} constants are the compiler's", flush=True)
             dropped |= numbers
             self.build.kept |= names
+            refused.changes = [[mutant.source, mutant.key] for mutant in self.mutants if mutant.number in dropped]
+            refused.constants = sorted(self.build.kept)
+            refused.write()
         switches = {number for found in ranges.values() for _, _, number in found}
         for mutant in self.mutants:
             if mutant.number not in switches:
@@ -121,7 +126,9 @@ class Run:
         judge = Judge(self.build)
         tests = self.build.tests(self.options.programs)
         print(f"  {len(tests)} tests", flush=True)
-        judge.look(tests)
+        keys = [mutant.source + mutant.key for mutant in self.mutants]
+        changes = Verdicts.mark("".join([*self.texts.values(), *keys]))
+        judge.look(tests, Looks(self.options.folder / "looks.json", changes))
         if judge.failing:
             print(f"  not asked, since they fail without a change: {', '.join(judge.failing)}", flush=True)
         for source in self.texts:
@@ -134,7 +141,7 @@ class Run:
                 elif not judge.reaching[mutant.number]:
                     verdict = "early" if mutant.spot.early or mutant.spot.constant else "unreached"
                 else:
-                    killed = judge.kills(judge.reaching[mutant.number], source, mutant.number)
+                    killed = judge.kills(self.asked(judge, mutant), source, mutant.number)
                     verdict = "killed" if killed else "survived"
                 self.verdicts[mutant.number] = verdict
             tried = 0
@@ -150,6 +157,14 @@ class Run:
             self.tell(source)
             verdicts = {mutant.key: self.verdicts[mutant.number] for mutant in self.of(source)}
             before.keep(source, self.texts[source], verdicts)
+
+    def asked(self, judge, mutant):
+        """The tests that come by a change; at a first look those of its own folder and the scenarios, if any do."""
+        tests = judge.reaching[mutant.number]
+        if not self.options.near:
+            return tests
+        near = [test for test in tests if judge.is_own(test.program, mutant.source) or "scripted/" in test.name]
+        return near or tests
 
     def build_alone(self, judge, tests, mutant):
         """What becomes of a change that the compiler must see: the source is compiled with it, for each program."""
@@ -198,6 +213,18 @@ class Verdicts:
         self.path.write_text(json.dumps(self.found, indent=1))
 
 
+class Refused:
+    """What an earlier run could not switch, which need not be tried again."""
+
+    def __init__(self, path):
+        self.path = path
+        found = json.loads(path.read_text()) if path.exists() else {}
+        self.changes, self.constants = found.get("changes", []), found.get("constants", [])
+
+    def write(self):
+        self.path.write_text(json.dumps({"changes": self.changes, "constants": self.constants}))
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("sources", nargs="*", default=FOLDERS, help="files and folders (all that are held to it)")
@@ -208,6 +235,7 @@ def main():
     parser.add_argument("--programs", nargs="+", default=PROGRAMS, help="whose tests are asked (all that come by it)")
     parser.add_argument("--jobs", type=int, default=1)
     parser.add_argument("--table", type=pathlib.Path, help="writes what was found to this file, for people to read")
+    parser.add_argument("--near", action="store_true", help="a first look: ask the tests of the source's folder alone")
     parser.add_argument("--keep", action="store_true", help="take what was killed before as killed")
     parser.add_argument("--folder", type=pathlib.Path, default=TREE / "build" / "mutants")
     options = parser.parse_args()
