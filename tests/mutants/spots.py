@@ -59,7 +59,8 @@ class Spot(NamedTuple):
     early: bool
     # The constant that must become a variable for a switch to work: the place of its `constexpr`, and its name.
     constant: tuple = ()
-    is_statement: bool = False
+    # "value", "condition" or "statement".
+    kind: str = "value"
 
     @property
     def constant_name(self):
@@ -290,7 +291,7 @@ class Source:
         around = f"{self.text[first:start]}[{was} -> {changed}]{self.text[end:last]}"
         return " ".join(around.split("//")[0].split()) if "//" in self.text[end:last] else " ".join(around.split())
 
-    def spot(self, first, past, changed, at=None, shown=None, is_statement=False):
+    def spot(self, first, past, changed, at=None, shown=None, kind="value"):
         """Tokens from `first` on, to that before `past`, become `changed`. A reader is shown `at` become `shown`."""
         start, end = self.tokens[first].start, self.tokens[past - 1].end
         seen = (start, end) if at is None else (self.tokens[at].start, self.tokens[at].end)
@@ -298,7 +299,7 @@ class Source:
         return Spot(
             start, end, changed,
             self.label(*seen, changed if shown is None else shown),
-            self.text.count("\n", 0, seen[0]) + 1, early, constant, is_statement,
+            self.text.count("\n", 0, seen[0]) + 1, early, constant, kind,
         )  # fmt: skip
 
     def between(self, first, past):
@@ -389,6 +390,9 @@ def char_spots(source, at):
 
 def number_spots(source, at):
     token = source.tokens[at]
+    if token.text == "0" and source.tokens[at - 1].text == "=" and source.tokens[at - 2].text in (")", "const"):
+        # It makes a routine abstract.
+        return
     if re.fullmatch(r"\d+", token.text):
         yield source.spot(at, at + 1, str(int(token.text) + 1))
     elif re.fullmatch(r"(\d+)([uUlLzZ]+)", token.text):
@@ -425,24 +429,27 @@ def condition_spots(source, at):
     close = source.partner.get(at + 1)
     if close is None:
         return
-    first = at + 2
-    for place in range(at + 2, close):
-        if source.tokens[place].text == ";":
-            first = place + 1
-    if any(source.tokens[place].text == "=" for place in range(first, close)) or first == close:
+    first = place = at + 2
+    sets = False
+    while place < close:
+        sign = source.tokens[place].text
+        sets = sign == "=" or (sets and sign != ";")
+        first = place + 1 if sign == ";" else first
+        place = source.partner.get(place, place) + 1
+    if sets or first == close:
         # What the condition declares would be gone.
         return
     whole = source.between(first, close)
     if '"' in whole and len(whole) > 500:
         return
-    yield source.spot(first, close, f"!({whole})", at, "if not")
-    yield source.spot(first, close, f"false && ({whole})", at, "if never")
+    yield source.spot(first, close, f"!({whole})", at, "if not", kind="condition")
+    yield source.spot(first, close, f"false && ({whole})", at, "if never", kind="condition")
 
 
 def statement_spots(source, at):
     """A call for its effect, an assignment, or a word that leaves: without it the rest goes on."""
     token, before = source.tokens[at], source.tokens[at - 1].text
-    if before not in (";", "{", "}", ")", "else", ":"):
+    if before not in (";", "{", "}", ")", "else", ":") or (before == ":" and not ends_label(source, at - 1)):
         return
     if before == ")" and source.tokens[source.partner.get(at - 1, 1) - 1].text not in ("if", "for", "while"):
         return
@@ -451,10 +458,11 @@ def statement_spots(source, at):
     if token.kind != "word" and token.text not in ("++", "--", "*", "("):
         return
     past = source.end_of_statement(at)
-    if past >= len(source.tokens):
+    if past >= len(source.tokens) or any(source.partner.get(place, at) < at for place in range(at, past)):
+        # It is a part of a `for`, or what stands last in brackets.
         return
     if token.text in ("break", "continue") or (token.text == "return" and past == at + 1):
-        yield source.spot(at, past + 1, "", None, "gone", True)
+        yield source.spot(at, past + 1, "", None, "gone", "statement")
         return
     if token.text in KEYWORDS:
         return
@@ -476,7 +484,13 @@ def statement_spots(source, at):
     effect = place == past and (last.text in (")", "++", "--") or token.text in ("++", "--"))
     sets = place < past and source.tokens[place].text in ("=", "+=", "-=", "*=", "/=", "|=", "&=", "%=")
     if effect or sets:
-        yield source.spot(at, past + 1, "", None, "gone", True)
+        yield source.spot(at, past + 1, "", None, "gone", "statement")
+
+
+def ends_label(source, at):
+    while at > 0 and source.tokens[at].text not in ("case", "default", "?", ";", "{", "}"):
+        at -= 1
+    return source.tokens[at].text in ("case", "default")
 
 
 def begins_block(source, at):
@@ -523,12 +537,12 @@ def switched(text, numbered):
             plain(at, spot.start)
             began = length
             test = f"{'mutants::On' if spot.constant else 'mutants::Is'}({number})"
-            if spot.is_statement:
+            if spot.kind == "statement":
                 emit(f"{{ if (!{test}) ")
                 render(spot.start, spot.end, below)
                 emit(" }")
             else:
-                emit(f"({test} ? ({spot.changed}) : (")
+                emit(f"({test} ? ({spot.changed}) : {'bool' if spot.kind == 'condition' else ''}(")
                 render(spot.start, spot.end, below)
                 emit("))")
             ranges.append((began, length, number))

@@ -106,6 +106,9 @@ TEST(Format, ShowsOptionalPlacesOnlyWhereTheyCount) {
   EXPECT_EQ(Shown(12.345, "0.0##"), "12.345");
   EXPECT_EQ(Shown(0.001, "0.##"), "0.");
   EXPECT_EQ(Shown(0, "#"), "");
+  EXPECT_EQ(Shown(1.5, ".00"), "1.50");
+  // A place behind a zero counts as one.
+  EXPECT_EQ(Shown(5, "0#"), "05");
 }
 
 TEST(Format, LeavesOtherCharactersAsTheyStand) {
