@@ -61,8 +61,8 @@ class Build:
         if done.returncode:
             sys.exit(f"mutants: {done.stdout}{done.stderr}")
 
-    def make(self, jobs, programs, first=("fiscalon",)):
-        """What the compiler says against it; nothing if all is built. The library first: it says nearly all of it."""
+    def make(self, jobs, programs, first=()):
+        """What the compiler says against it; nothing if all is built."""
         for targets in filter(None, (first, programs)):
             command = ["ninja", "-C", self.folder, "-k", "0", f"-j{jobs}", *targets]
             done = subprocess.run(command, capture_output=True, text=True, errors="replace", check=False)

@@ -3,13 +3,19 @@
 import collections
 import json
 import os
+import resource
 import subprocess
-import time
 
 # A test that takes longer than this, in seconds, is asked when the others have found nothing.
 SLOW = 0.3
 # The sum of all names that one command can have.
 LONGEST_ARGUMENT = 100_000
+
+
+def processor_time():
+    """What all that has run so far took, in seconds, however busy the machine is."""
+    used = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return used.ru_utime + used.ru_stime
 
 
 class Judge:
@@ -37,11 +43,11 @@ class Judge:
             found = kept.of(test)
             if found is None:
                 reached.unlink(missing_ok=True)
-                began = time.monotonic()
+                began = processor_time()
                 variables = {"FISCALON_MUTANTS_REACHED": str(reached)}
                 status = self.run(test.command, test.folder, test.environment, 120, **variables)
                 numbers = sorted({int(word) for word in reached.read_text().split()}) if reached.exists() else []
-                found = {"time": time.monotonic() - began, "status": status, "reached": numbers}
+                found = {"time": processor_time() - began, "status": status, "reached": numbers}
                 kept.keep(test, found)
             self.times[test] = found["time"]
             if found["status"]:

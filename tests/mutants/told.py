@@ -2,15 +2,16 @@
 
 import collections
 import datetime
+import sys
 import textwrap
 
 HEAD = """\
 # Mutants
 
 What the tests see of small changes in the sources, one at a time: {sample} changes drawn for each source, all of them
-where it has fewer. Made on {date} by
+where it has fewer, by the seed {seed}. Made on {date} by
 
-    tests/mutants/run.py --table docs/mutants.md --sample {sample} --seed {seed} --early {early}
+    tests/mutants/run.py {words}
 
 [Mutants](../tests/mutants/README.md) tells how. *Killed* are those with which a test fails, out of those that anyone
 could see. *Same* are those that nobody could see; the reasons stand below each table. *Alive* are those without a test.
@@ -38,7 +39,7 @@ def line_of(source, count, spots):
 
 
 def table_of(run, folders, known):
-    lines = HEAD.format(date=datetime.date.today(), **vars(run.options)).splitlines()
+    lines = HEAD.format(date=datetime.date.today(), words=" ".join(sys.argv[1:]), **vars(run.options)).splitlines()
     for folder in folders:
         inside = [source for source in run.texts if source.startswith(f"{folder}/") and run.of(source)]
         if not inside:

@@ -43,6 +43,13 @@ TEST(CheckBox, ClicksWhenItsValueChangesByTheUser) {
   });
 }
 
+TEST(CheckBox, IsANumberWhereItIsComparedWithAText) {
+  ChoiceForm form;
+  EXPECT_EQ(form.chkA.ValueInComparisons(), "0");
+  form.chkA.Value(true);
+  EXPECT_EQ(form.chkA.ValueInComparisons(), "1");
+}
+
 TEST(CheckBox, ClicksWhenItsValueChangesByCodeAndNotOtherwise) {
   ChoiceForm form;
   form.Load();

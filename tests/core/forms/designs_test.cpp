@@ -65,6 +65,7 @@ class DesignedForm : public TestForm {
   OptionButton optOff {*this, "optOff", {.caption = "Off", .tabIndex = 1}, Noted("optOff")};
   OptionButton optOn  {*this, "optOn",  {.caption = "On", .tabIndex = 2, .value = true}, Noted("optOn")};
   TextField    txt    {*this, "txt",    {.tabIndex = 3, .enabled = false, .visible = false, .locked = true}};
+  Label        lbl    {*this, "lbl",    {}};
   // clang-format on
 };
 
@@ -77,6 +78,12 @@ TEST(Design, IsTakenWithoutAHandlerWhenTheFormLoads) {
   EXPECT_FALSE(form.txt.Visible());
   EXPECT_TRUE(form.txt.Locked());
   EXPECT_EQ(form.TakeNotes(), Notes{"Form_Load"});
+}
+
+TEST(Design, ThatSaysNothingElseLeavesALabelInUseAndInSight) {
+  DesignedForm form;
+  EXPECT_TRUE(form.lbl.Enabled());
+  EXPECT_TRUE(form.lbl.Visible());
 }
 
 TEST(Design, IsTakenAgainAtEachLoad) {

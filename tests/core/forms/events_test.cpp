@@ -244,10 +244,12 @@ TEST(FormObserver, HearsOfEachHandlerBeforeItRuns) {
   toolkit.serve = [&] {
     form.TakeNotes();
     FormUser(form).acts.Click(form.cmdOK);
+    form.Acts().Close(CloseReason::CloseBox);
   };
   form.ShowModal(toolkit);
-  EXPECT_EQ(form.TakeNotes(), (Notes{"hears cmdOK MouseDown", "cmdOK_MouseDown", "hears txtA LostFocus",
-                                     "txtA_LostFocus", "hears cmdOK Click", "cmdOK_Click"}));
+  EXPECT_EQ(form.TakeNotes(),
+            (Notes{"hears cmdOK MouseDown", "cmdOK_MouseDown", "hears txtA LostFocus", "txtA_LostFocus",
+                   "hears cmdOK Click", "cmdOK_Click", "hears Form QueryUnload", "Form_QueryUnload 0", "Unloaded"}));
 }
 
 /// A form that writes down which handlers begin.

@@ -104,6 +104,8 @@ TEST_F(FieldEditorTest, TakesALineEndForOneCharacter) {
 TEST_F(FieldEditorTest, GoesToTheEndsOfALine) {
   EXPECT_EQ(ByKey("one\r\ntw|o\r\nsix", key::kHome), "one\r\n|two\r\nsix");
   EXPECT_EQ(ByKey("one\r\ntw|o\r\nsix", key::kEnd), "one\r\ntwo|\r\nsix");
+  EXPECT_EQ(ByKey("o~n|e", key::kHome), "|o~ne");
+  EXPECT_EQ(ByKey("o|n~e", key::kEnd), "on~e|");
 }
 
 TEST_F(FieldEditorTest, NothingInsertedLeavesTheSelection) {
@@ -164,6 +166,19 @@ TEST_F(FieldEditorTest, AKeyWithoutShiftEndsTheSelectionOnItsSide) {
   EXPECT_EQ(ByKeys(form.txtFree, "ab|cd", {WithShift(key::kLeft), {.keyCode = key::kRight}}), "ab|cd");
 }
 
+TEST_F(FieldEditorTest, SelectsOnFromTheEndOfWhatCodeSelected) {
+  EXPECT_EQ(ByKeys(form.txtFree, "a|bc|de", {WithShift(key::kRight)}), "a|bcd|e");
+}
+
+TEST_F(FieldEditorTest, TellsTheEndOfTheSelectionThatMoves) {
+  ByKeys(form.txtFree, "ab|cd", {WithShift(key::kLeft)});
+  EXPECT_EQ(editor.Caret(form.txtFree), 1);
+  Put(form.txtFive, "1|23|4");
+  EXPECT_EQ(editor.Caret(form.txtFive), 3);
+  Put(form.txtFree, "|abc|d");
+  EXPECT_EQ(editor.Caret(form.txtFree), 3);
+}
+
 TEST_F(FieldEditorTest, GoesByWords) {
   EXPECT_EQ(ByKeys(form.txtFree, "12 Elm Street|", {WithControl(key::kLeft)}), "12 Elm |Street");
   EXPECT_EQ(ByKeys(form.txtFree, "12 |Elm Street", {WithControl(key::kLeft)}), "|12 Elm Street");
@@ -209,6 +224,21 @@ TEST_F(FieldEditorTest, UndoesStepByStep) {
     Keep(form.txtFree, editor.Key(form.txtFree, kUndo, 0));
     EXPECT_EQ(Shown(form.txtFree), before);
   }
+}
+
+TEST_F(FieldEditorTest, GoesBackAHundredSteps) {
+  Put(form.txtFree, "|");
+  for (int step = 0; step < 102; ++step) Keep(form.txtFree, editor.Paste(form.txtFree, "x"));
+  for (int step = 0; step < 102; ++step) Keep(form.txtFree, editor.Key(form.txtFree, kUndo, 0));
+  EXPECT_EQ(Shown(form.txtFree), "xx|");
+}
+
+TEST_F(FieldEditorTest, TakesNothingInsertedForNoStep) {
+  Put(form.txtFree, "|");
+  Type(form.txtFree, "ab");
+  Keep(form.txtFree, editor.Key(form.txtFree, kUndo, 0));
+  Keep(form.txtFree, editor.Paste(form.txtFree, ""));
+  EXPECT_EQ(ByKeys(form.txtFree, "|", {kRedo}), "ab|");
 }
 
 TEST_F(FieldEditorTest, AnotherFieldHasNothingToUndo) {

@@ -32,6 +32,20 @@ TEST(StrokeOf, TypesACharacterWithTheKeyThatBearsIt) {
   for (const auto& [character, stroke] : rows) EXPECT_EQ(StrokeOf(character), stroke) << character;
 }
 
+TEST(StrokeOf, TypesPunctuationAsOnANorthAmericanKeyboard) {
+  struct Row {
+    char plain, shifted;
+    int keyCode;
+  };
+  for (const Row& row : {Row{';', ':', 186}, Row{'=', '+', 187}, Row{',', '<', 188}, Row{'-', '_', 189},
+                         Row{'.', '>', 190}, Row{'/', '?', 191}, Row{'`', '~', 192}, Row{'[', '{', 219},
+                         Row{'\\', '|', 220}, Row{']', '}', 221}, Row{'\'', '"', 222}}) {
+    EXPECT_EQ(StrokeOf(row.plain), (KeyStroke{.keyCode = row.keyCode, .character = row.plain}));
+    EXPECT_EQ(StrokeOf(row.shifted),
+              (KeyStroke{.keyCode = row.keyCode, .shift = shift_state::kShift, .character = row.shifted}));
+  }
+}
+
 // The codes 37 to 46 are arrows, Delete and others of that kind: "." (46), "-" (45), "'" (39) and "&" (38) are not.
 TEST(StrokeOf, GivesPunctuationNoKeyCodeOfAMovingKey) {
   EXPECT_EQ(StrokeOf('.'), (KeyStroke{.keyCode = 190, .character = 46}));

@@ -143,6 +143,11 @@ TEST(LaidOut, SaysWhatStandsOut) {
   EXPECT_TRUE(group.rows[1][0].standsOut);
 }
 
+TEST(StandingOut, AreHeadingsAndTheFieldsOfCaptionsThatDo) {
+  const LaidOutForm form;
+  EXPECT_EQ(StandingOut(form), (std::set<const Control*>{&form.lblHead, &form.fra, &form.txtTotal}));
+}
+
 TEST(LaidOut, SaysWhatStandsCloseBehindAnotherCell) {
   const LaidOutForm form;
   const LaidOutGroup group = LaidOut(form)[0];
@@ -157,6 +162,7 @@ TEST(LaidOut, SaysInWhichFrameAGroupStands) {
   EXPECT_EQ(groups[0].frame, nullptr);
   EXPECT_EQ(groups[0].column, 1);
   EXPECT_EQ(groups[1].frame, &form.fra) << "its heading";
+  EXPECT_EQ(groups[1].column, 0) << "where it names none";
   EXPECT_EQ(groups[2].frame, &form.fraNoPlace) << "that of its fields";
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/forms/form_observer.h"
 #include "tests/support/raises.h"
 #include "tests/support/test_form.h"
 
@@ -162,6 +163,26 @@ TEST(ArrowKeys, ClickWhenTheRowChangesAndNotAtTheEnds) {
     user.Key("Down");
     EXPECT_EQ(form.TakeNotes(), Notes{"cmbKind_Click"});
   });
+}
+
+TEST(ArrowKeys, AreHeardOfAsClicks) {
+  class ClickObserver : public FormObserver {
+   public:
+    Notes heard;
+    void HandlerRuns(std::string_view object, std::string_view event) override {
+      heard.push_back(std::string(object) + " " + std::string(event));
+    }
+  };
+  ListsForm form;
+  ClickObserver observer;
+  ServingToolkit toolkit;
+  toolkit.observer = &observer;
+  toolkit.serve = [&] {
+    observer.heard.clear();
+    FormUser(form).Key("Down");
+    EXPECT_EQ(observer.heard.back(), "cmbKind Click");
+  };
+  form.ShowModal(toolkit);
 }
 
 TEST(Pick, ClicksAfterAPress) {

@@ -61,6 +61,17 @@ TEST(MultiLineField, CountsBothCharactersOfALineEndAndCutsNoneInHalf) {
   EXPECT_EQ(After(&LinesForm::txtLines, "123456", "123456a\nb", 9), (Kept{"123456a", 7}));
 }
 
+TEST(MultiLineField, TakesNoHalfLineEndBeforeWhatStandsBehindIt) {
+  LinesForm form;
+  Play(form, [&](FormUser& user) {
+    form.txtLines.Text("1234567");
+    form.txtLines.Select({.start = 6});
+    user.acts.EditText(form.txtLines, "123456\n7", {.start = 7});
+    EXPECT_EQ(form.txtLines.Text(), "1234567");
+    EXPECT_EQ(form.txtLines.Selected(), Selection{.start = 6});
+  });
+}
+
 // Enter on a form that turns it into a tab: the field is left, and its text stays.
 TEST(MultiLineField, IsLeftByEnterWhereTheFormMakesATabOfIt) {
   LinesForm form;

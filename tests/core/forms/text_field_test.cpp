@@ -16,6 +16,7 @@ class LimitedForm : public TestForm {
   TextField txtSix    {*this, "txtSix",    {.tabIndex = 0, .maxLength = 6}, Noted("txtSix")};
   TextField txtFree   {*this, "txtFree",   {.tabIndex = 1}, Noted("txtFree")};
   TextField txtLocked {*this, "txtLocked", {.tabIndex = 2, .maxLength = 6, .locked = true}, Noted("txtLocked")};
+  Label     lblSix    {*this, "lblSix",    {}};
   // clang-format on
 };
 
@@ -346,7 +347,24 @@ TEST(LockedField, KeepsItsTextFromTheUserButNotFromCode) {
   });
 }
 
-TEST(FormObserver, HearsWhatChangesOnAFieldWhileTheFormIsUp) {
+TEST(FormObserver, HearsOfAnotherCaptionOfTheFormWhileItIsUp) {
+  class CaptionObserver : public FormObserver {
+   public:
+    int captions = 0;
+    void CaptionChanged() override { ++captions; }
+  };
+  LimitedForm form;
+  CaptionObserver observer;
+  ServingToolkit toolkit;
+  toolkit.observer = &observer;
+  toolkit.serve = [&] {
+    form.Caption("Limits");
+    EXPECT_EQ(observer.captions, 1);
+  };
+  form.ShowModal(toolkit);
+}
+
+TEST(FormObserver, HearsWhatChangesOnAControlWhileTheFormIsUp) {
   class ChangeObserver : public FormObserver {
    public:
     int changes = 0;
@@ -361,6 +379,7 @@ TEST(FormObserver, HearsWhatChangesOnAFieldWhileTheFormIsUp) {
         [&] { form.txtFree.Text("x"); },      [&] { form.txtFree.Locked(true); },
         [&] { form.txtFree.Enabled(false); }, [&] { form.txtFree.Visible(false); },
         [&] { form.txtFree.SelectAll(); },    [&] { form.Acts().EditText(form.txtSix, "typed", {}); },
+        [&] { form.lblSix.Caption("Six:"); },
     };
     for (size_t i = 0; i < changes.size(); ++i) {
       observer.changes = 0;

@@ -21,6 +21,17 @@ TEST(BoxRequest, OffersTheAnswersOfItsButtons) {
   }
 }
 
+TEST(BoxRequest, IsAPlainBoxUnlessItSaysMore) {
+  EXPECT_EQ(BoxRequest().style, MessageStyle::Plain);
+}
+
+TEST(ButtonCaption, IsWhatStandsOnTheButtonWithItsAccessKey) {
+  EXPECT_EQ(ButtonCaption(MessageAnswer::Ok, {}), "OK");
+  EXPECT_EQ(ButtonCaption(MessageAnswer::Cancel, {}), "Cancel");
+  EXPECT_EQ(ButtonCaption(MessageAnswer::Yes, {}), "&Yes");
+  EXPECT_EQ(ButtonCaption(MessageAnswer::No, {}), "&No");
+}
+
 TEST(BoxRequest, AnswersByItsFirstButtonUnlessTheSecondIsTheDefaultOne) {
   const auto answerOf = [](MessageButtons buttons, DefaultButton button) {
     return BoxRequest{.buttons = buttons, .defaultButton = button}.DefaultAnswer();

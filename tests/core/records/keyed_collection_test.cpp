@@ -82,6 +82,14 @@ TEST(KeyedCollection, FindsAMemberByItsKey) {
   EXPECT_EQ(records.Item("key").Description(), "second");
 }
 
+TEST(KeyedCollection, AKeyIsFreeOnceItsMemberIsTakenOutByIt) {
+  PC4s records = ThreeRecords();
+  records.Remove("key");
+  EXPECT_EQ(ErrorOf([&] { records.Item("key"); }), 5);
+  records.Add("", "", "again", "key");
+  EXPECT_EQ(records.Item("key").Description(), "again");
+}
+
 TEST(KeyedCollection, UnknownPositionIsError9) {
   PC4s records = ThreeRecords();
   EXPECT_EQ(ErrorOf([&] { records.Item(0); }), 9);

@@ -202,6 +202,13 @@ TEST(GeneralDate, KnowsTheTokensThatUsersLocalesHave) {
   EXPECT_EQ(ShownAs("%M %S %p %%"), "05 09 PM %");
   EXPECT_EQ(ShownAs("%-M %-S"), "5 9");
   EXPECT_EQ(ShownAs("%"), "%");
+  EXPECT_EQ(ShownAs("%d%-"), "05-");
+}
+
+TEST(GeneralDate, FillsYearsUpWithZeros) {
+  Locale locale;
+  locale.generalDate = "%Y %y";
+  EXPECT_EQ(GeneralDate({{105, 6, 5}, 0, 0, 0}, locale), "0105 05");
 }
 
 }  // namespace

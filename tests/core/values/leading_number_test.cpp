@@ -62,6 +62,15 @@ TEST(LeadingNumber, EndsAtTheCharactersBesideDigitsAndThePoint) {
   EXPECT_EQ(LeadingNumber("1-2"), 1);
 }
 
+TEST(LeadingNumber, ReadsNothingBehindTheText) {
+  EXPECT_EQ(LeadingNumber(std::string_view("1e23").substr(0, 3)), 100);
+}
+
+TEST(LeadingNumber, OfASignAloneIsAPlainZero) {
+  EXPECT_EQ(LeadingNumber("-"), 0);
+  EXPECT_FALSE(std::signbit(LeadingNumber("-")));
+}
+
 TEST(LeadingNumber, TakesAnExponentAsFarAsItGoes) {
   EXPECT_EQ(LeadingNumber("1e3"), 1000);
   EXPECT_EQ(LeadingNumber("1E3"), 1000);

@@ -64,6 +64,8 @@ TEST(Money, OfATinyFloatIsZero) {
   EXPECT_EQ(UnitsOf(1e-300), 0);
   EXPECT_EQ(UnitsOf(std::numeric_limits<double>::denorm_min()), 0);
   EXPECT_EQ(UnitsOf(-0.0), 0);
+  // From a third of a unit down to the least float.
+  for (int power = -15; power >= -1074; --power) EXPECT_EQ(UnitsOf(std::ldexp(1.0, power)), 0) << power;
 }
 
 TEST(Money, GivesItsFloat) {
