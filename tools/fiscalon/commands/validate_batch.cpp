@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "core/records/record_line.h"
+#include "tools/fiscalon/files/stall_watch.h"
 #include "tools/fiscalon/files/standard_output.h"
 #include "tools/reading/visible_text.h"
 #include "validation/clock_watch.h"
@@ -82,16 +83,23 @@ unsigned UsualJobs() {
 
 ExitStatus ValidateBatchFiles(BatchOptions options, const Context& context) {
   options.outputs.withHeader = options.part.number == 1;
-  return OnBatchFiles(options.payments, options.records, [&](ByteSource& payments, ByteSource& records) {
+  const auto judge = [&](ByteSource& payments, ByteSource& records) {
     return Judge(payments, records, options, context);
-  });
+  };
+  const BatchOutputs& to = options.outputs;
+  return OnBatchFiles(options.payments, options.records, judge, {to.report, to.faults, to.good, to.bad},
+                      std::chrono::seconds(options.stallSeconds));
 }
 
 ExitStatus OnBatchFiles(const std::string& paymentsName, const std::string& recordsName,
-                        const std::function<ExitStatus(ByteSource& payments, ByteSource& records)>& judge) {
+                        const std::function<ExitStatus(ByteSource& payments, ByteSource& records)>& judge,
+                        const std::vector<std::string>& outputs, std::chrono::seconds patience) {
   if (paymentsName == "-" && recordsName == "-")
     throw UsageError("only one of the payments and their records can be standard input");
   InterruptWatch watch;
+  std::vector<std::string> files = {paymentsName, recordsName};
+  files.insert(files.end(), outputs.begin(), outputs.end());
+  const StallWatch stall(std::move(files), patience);
   try {
     const auto payments = ByteSource::Open(paymentsName);
     const auto records = ByteSource::Open(recordsName);

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tools/fiscalon/commands/batch_desk.h"
 #include "tools/fiscalon/context.h"
@@ -20,14 +23,19 @@ struct BatchOptions {
   BatchOutputs outputs = {};
   BatchPart part = {};
   unsigned jobs = UsualJobs();
+  /// For how long a folder may be silent.
+  uint32_t stallSeconds = 60;
 };
 
 /// Judges a batch, writes what is wanted and prints the summary. What is wrong with the files is complained of.
 ExitStatus ValidateBatchFiles(BatchOptions options, const Context& context);
 
-/// Runs a judge on the two files of a batch, "-" for standard input. What is wrong with the files is complained of.
+/// Runs a judge on the two files of a batch, "-" for standard input. What is wrong with the files is complained of. A
+/// folder of theirs, or of the outputs, that is silent for that long ends the program.
 ExitStatus OnBatchFiles(const std::string& payments, const std::string& records,
-                        const std::function<ExitStatus(ByteSource& payments, ByteSource& records)>& judge);
+                        const std::function<ExitStatus(ByteSource& payments, ByteSource& records)>& judge,
+                        const std::vector<std::string>& outputs = {},
+                        std::chrono::seconds patience = std::chrono::seconds(60));
 
 /// Reads a part such as "2/8". Nothing where it is none.
 std::optional<BatchPart> PartOf(const std::string& text);

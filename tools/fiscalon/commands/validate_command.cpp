@@ -34,7 +34,10 @@ have one "seq,screen,line,field,name,value,code,message" for each reason. Report
 are joined in order.
 
 Exit status: 0 all valid, 1 something is not valid, 2 a file can't be read or written, or the two do not
-line up; then there is no report. --today and --locale: see "fiscalon --help".)";
+line up, 75 a folder does not answer; then there is no report. --today and --locale: see "fiscalon --help".)";
+
+/// A day: as good as for ever.
+constexpr uint32_t kLongestPatience = 86'400;
 
 struct ValidateOptions {
   std::string file = {};
@@ -164,6 +167,9 @@ void DefineValidateCommand(CLI::App& command, Context& context) {
   command.add_option("--jobs", batch->jobs, "How many threads judge a batch; as many as there are cores")
       ->type_name("N")
       ->check(NumberFrom(1, 256));
+  command.add_option("--stall", batch->stallSeconds, "For how long a folder may be silent, 60 without it")
+      ->type_name("SECONDS")
+      ->check(NumberFrom<uint32_t>(1, kLongestPatience));
   command.callback([options, &context] { context.status = Validate(*options, context); });
 }
 

@@ -26,6 +26,9 @@ struct SeenFile {
 
 /// Follows links. Nothing where it can't be told.
 std::optional<SeenFile> LookAt(const std::string& path);
+/// Looks at a path, if there is anything, and has a network folder ask its server rather than remember. It may take as
+/// long as that does not answer.
+void LookAfresh(const std::string& path);
 /// What is behind the stream that all programs are given.
 std::optional<SeenFile> LookAtStandardInput();
 std::optional<SeenFile> LookAtStandardOutput();

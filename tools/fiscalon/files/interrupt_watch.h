@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "tools/fiscalon/files/program_end.h"
+
 namespace fiscalon {
 
 /// Whether the user has interrupted the program, as long as it watches out for that.
@@ -11,6 +13,10 @@ bool IsInterrupted();
 /// Ends the program by the interrupt that was noted, if one was: a shell's loop ends with a program that a signal has
 /// ended, and goes on with one that tidies up and gives a status. Systems without such an end leave that to the status.
 void EndAsInterrupted();
+
+/// Ends the program although other threads of it may never come back. Fleeting files are taken away where their folder
+/// answers.
+[[noreturn]] void EndAtOnce(ExitStatus status);
 
 // Wait until a descriptor can be read from or written to, without missing an interrupt. False where one comes first.
 bool WaitToRead(int descriptor);

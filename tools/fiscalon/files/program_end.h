@@ -11,6 +11,8 @@ enum class ExitStatus {
   Invalid = 1,
   /// Bad usage, or a file that can't be read or written.
   Unusable = 2,
+  /// A folder that does not answer: what a later run may do. The number is that of a temporary failure in sysexits.h.
+  Stalled = 75,
 };
 
 /// Why a command can't do its work, in a sentence for the user. It ends the program with `Unusable`.

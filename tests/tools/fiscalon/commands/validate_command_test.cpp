@@ -301,6 +301,52 @@ TEST_F(ValidateBatchFiles, EndsAtTheNthBadPayment) {
   EXPECT_TRUE(Exists("report.csv") && Exists("good"));
 }
 
+#ifdef FISCALON_SILENT_FOLDER
+class SilentFolder : public ValidateBatchFiles {
+ protected:
+  SilentFolder() {
+    ::mkdir(folder.Path("silent").c_str(), 0700);
+    ::mkfifo(folder.Path("list").c_str(), 0600);
+    folder.Write("silent/batch.pc4", folder.Read("batch.pc4"));
+  }
+
+  /// Judges the records with a list that somebody is about to write and never does.
+  int Validate(const std::string& files) const {
+    return Shell("exec 3<>list; LD_PRELOAD='" FISCALON_SILENT_FOLDER "' fiscalon --today 2026-06-15 validate " +
+                 ("--payments list --stall 1 " + files + " >out 2>err"));
+  }
+};
+
+TEST_F(SilentFolder, OfAFileOfTheBatchIsNamed) {
+  EXPECT_EQ(Validate("--records silent/batch.pc4 --report report.csv"), 75);
+  EXPECT_EQ(folder.Read("err"),
+            "fiscalon: silent/batch.pc4: its folder has not answered for 1 second; see whether its server can be "
+            "reached, then run this again\n");
+  EXPECT_EQ(folder.Read("out"), "");
+  EXPECT_FALSE(Exists("report.csv"));
+  EXPECT_TRUE(LeftNothingBehind());
+}
+
+TEST_F(SilentFolder, OfAReportIsNamed) {
+  EXPECT_EQ(Validate("--records batch.pc4 --report silent/report.csv"), 75);
+  EXPECT_TRUE(folder.Read("err").starts_with("fiscalon: silent/report.csv: its folder has not answered for 1 second;"))
+      << folder.Read("err");
+  EXPECT_FALSE(Exists("silent/report.csv"));
+}
+
+TEST_F(SilentFolder, DoesNotHurtWhereItIsNotOfTheBatch) {
+  // The list comes when all files have been asked for twice.
+  ::mkfifo(folder.Path("asked").c_str(), 0600);
+  EXPECT_EQ(Shell("exec 3<>list 4<>asked; (exec 3>&-; LD_PRELOAD='" FISCALON_SILENT_FOLDER "' fiscalon "
+                  "--today 2026-06-15 validate --payments list --stall 1 --records batch.pc4 --report report.csv "
+                  ">out 2>err) & head -c 46 asked >seen; cat batch.csv >list; exec 3>&-; wait $!"),
+            1)
+      << folder.Read("err");
+  EXPECT_EQ(folder.Read("seen"), "listbatch.pc4report.csvlistbatch.pc4report.csv");
+  EXPECT_EQ(folder.Read("err"), "");
+}
+#endif
+
 #ifdef FISCALON_SET_BACK_CLOCK
 TEST_F(ValidateBatchFiles, AClockThatIsSetBackGivesNoVerdict) {
   const auto validate = [&](const std::string& options) {

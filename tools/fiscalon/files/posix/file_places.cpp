@@ -53,6 +53,16 @@ std::optional<SeenFile> LookAt(const std::string& path) {
   return errno == ENOENT ? std::optional(SeenFile{}) : std::nullopt;
 }
 
+void LookAfresh(const std::string& path) {
+#ifdef AT_STATX_FORCE_SYNC
+  struct statx status = {};
+  ::statx(AT_FDCWD, path.c_str(), AT_STATX_FORCE_SYNC, STATX_SIZE, &status);
+#else
+  struct stat status = {};
+  ::stat(path.c_str(), &status);
+#endif
+}
+
 std::optional<SeenFile> LookAtStandardInput() {
   return LookAtStream(STDIN_FILENO);
 }

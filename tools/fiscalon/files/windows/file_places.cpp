@@ -89,6 +89,10 @@ std::optional<SeenFile> LookAt(const std::string& path) {
   return errno == ENOENT ? std::optional(SeenFile{}) : std::nullopt;
 }
 
+void LookAfresh(const std::string& path) {
+  OpenToLook(path);
+}
+
 std::optional<SeenFile> LookAtStandardInput() {
   return LookAtHandle(::GetStdHandle(STD_INPUT_HANDLE));
 }

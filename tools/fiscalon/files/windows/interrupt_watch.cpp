@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <utility>
 
 #include "tools/fiscalon/files/file_places.h"
@@ -31,6 +32,12 @@ bool IsInterrupted() {
 
 /// The status tells it here.
 void EndAsInterrupted() {}
+
+/// Fleeting files stay until the next run that finds them.
+void EndAtOnce(ExitStatus status) {
+  ::TerminateProcess(::GetCurrentProcess(), static_cast<UINT>(status));
+  std::abort();
+}
 
 bool WaitToRead(int /*descriptor*/) {
   return true;
