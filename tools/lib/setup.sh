@@ -18,12 +18,9 @@ tests | locales            | tests compile the user locales that they read
 tests | pkgconf            | a test compiles against the installed package through pkg-config
 tests | clang-format       | checks the formatting
 tests | python3            | runs the layering check and the model of the screens
-<<<<<<< HEAD
 tests | valgrind           | looks whether a host in C leaks anything
-=======
 tests | mono-mcs           | compiles hosts in C#
 tests | mono-runtime       | runs them
->>>>>>> b74c631 (bindings/dotnet: give hosts in C# the library by one file)
 tests | python3-jsonschema | holds what the program reads and answers against its schemas
 tests | python3-distributed | a cluster judges a batch in parts
 tests | parallel           | so does GNU parallel
