@@ -268,7 +268,7 @@ def parts_folder(report, stall):
         yield folder
     finally:
         try:
-            answered(min(stall, 5), folder, lambda: shutil.rmtree(folder, ignore_errors=True))
+            answered(5, folder, lambda: shutil.rmtree(folder, ignore_errors=True))
         except Stalled:
             print(f"judge_batch: {folder} is left behind", file=sys.stderr)
 
