@@ -17,6 +17,7 @@ constexpr size_t kBlockBytes = size_t{1} << 20;
 constexpr size_t kLargestPayment = size_t{16} << 20;
 constexpr RecordField kSequence = FieldNamed(kRecordHead, "SeqNumber");
 
+constexpr size_t kMostPatience = 256;
 /// No four characters.
 constexpr uint64_t kNoSequence = UINT64_MAX;
 
@@ -49,7 +50,7 @@ bool IsFramed(const char* record) {
 /// each page.
 void FetchAhead(const char* at) {
 #ifdef __GNUC__
-  constexpr int kAhead = 8192;
+  constexpr int kAhead = 4096;
   constexpr int kCacheLine = 64;
   for (int line = 0; line < 3; ++line) __builtin_prefetch(at + kAhead + line * kCacheLine);
 #else
@@ -86,13 +87,13 @@ inline void RecordBlock::AddRecord(std::string_view line, uint32_t sequence) {
 }
 
 /// Takes lines as long as each has that frame and nothing is wrong with it, and leaves any other to `TakeAnyLine`.
-/// Where payments are looked at, it takes one of them, since the next may be a usual one again. What is changed with
-/// each line is kept at hand, since for all the compiler knows the members could change with any of them.
+/// Where usual payments are looked for, it takes a few, since the next may be one again. What is changed with each line
+/// is kept at hand, since for all the compiler knows the members could change with any of them.
 template <LineFrame kFrame>
 const char* RecordBlock::TakeAlike(const char* at, const char* end) {
   constexpr size_t kLength = kFrame.LineLength();
   const char* const first = at;
-  const bool isOnePayment = day_ != nullptr;
+  size_t payments = day_ == nullptr ? SIZE_MAX : patience_;
   std::string_view* line = lines_.data() + lineCount_;
   Start* start = starts_.data() + paymentCount_;
   uint64_t sequence = paymentCount_ == 0 ? kNoSequence : start[-1].sequence;
@@ -103,7 +104,7 @@ const char* RecordBlock::TakeAlike(const char* at, const char* end) {
       break;
     const uint32_t own = LoadSequence(record);
     if (own != sequence) {
-      if (isOnePayment && at != first)
+      if (at != first && --payments == 0)
         break;
       *start++ = {.line = sequence == kNoSequence ? 0 : static_cast<uint32_t>(line - lines_.data()), .sequence = own};
       sequence = own;
@@ -155,15 +156,16 @@ const char* RecordBlock::TakeUsual(const char* at, const char* end) {
   if (day_ == nullptr || isOpen)
     return at;
   MakeRoom(static_cast<size_t>(end - at));
-  if (const char* const behind = TakeUsual(*usual_, at, end); behind != at)
-    return behind;
+  const char* behind = TakeUsual(*usual_, at, end);
   for (const RuleSet* const rules : RuleSets()) {
-    if (const char* const behind = TakeUsual(*rules, at, end); behind != at) {
-      usual_ = rules;
-      return behind;
-    }
+    if (behind != at)
+      break;
+    usual_ = rules;
+    behind = TakeUsual(*rules, at, end);
   }
-  return at;
+  // A file that has none is not searched for them at every payment.
+  patience_ = behind != at ? 0 : std::clamp<size_t>(2 * patience_, 1, kMostPatience);
+  return behind;
 }
 
 const char* RecordBlock::TakeAnyLine(const char* at, const char* end) {

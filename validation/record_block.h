@@ -89,6 +89,8 @@ class RecordBlock {
   const JudgingDay* day_ = nullptr;
   /// Whose usual payment was found last.
   const RuleSet* usual_ = RuleSets().front();
+  /// How many payments are taken line by line before a usual one is looked for again.
+  size_t patience_ = 0;
   std::vector<LineProblem> problems_;
 };
 

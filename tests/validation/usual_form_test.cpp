@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <utility>
 
 #include "core/records/record_line.h"
 #include "tests/support/bulk_payment.h"
@@ -165,6 +166,18 @@ TEST_F(UsualPayment, IsFoundUnderOtherRulesThanTheOneBefore) {
   EXPECT_EQ(block_.FoundGood(0).rules, &kAgencyRules);
   EXPECT_EQ(block_.FoundGood(1).rules, &kQuebecRules);
   EXPECT_EQ(block_.FoundGood(1).cents, 12345u);
+}
+
+TEST_F(UsualPayment, IsFoundAgainBehindManyOthers) {
+  // Behind its fields a "T" record is no less right, but not as screens write it.
+  const BulkPayment usual = AgencyPayment(GoodAgencyFields());
+  BulkPayment other = usual;
+  std::swap(other.records[0], other.records[1]);
+  std::string bytes;
+  for (int i = 0; i < 1000; ++i) bytes += Framed({}, Numbered(other, i % 2 == 0 ? "0001" : "0002"));
+  EXPECT_EQ(FoundIn(bytes), 0u);
+  for (int i = 0; i < 1000; ++i) bytes += Framed({}, Numbered(usual, i % 2 == 0 ? "0001" : "0002"));
+  EXPECT_GE(FoundIn(bytes), 700u);
 }
 
 TEST_F(UsualPayment, IsNotFoundWhereTotalsAreWrittenWithAComma) {
