@@ -16,6 +16,10 @@ where it has fewer, by the seed {seed}. Made on {date} by
 [Mutants](../tests/mutants/README.md) tells how. *Killed* are those with which a test fails, out of those that anyone
 could see. *Same* are those that nobody could see; the reasons stand below each table. *Alive* are those without a test.
 *Early* are those that the compiler must know and that were not tried, *refused* those that do not compile."""
+NEAR = """\
+
+It was a first look: only the tests of a source's own folder were asked, and what others alone would see is *alive*.
+Folders that are not told of here were not looked at."""
 ROW_HEAD = (
     "| Source | Spots | Drawn | Killed | Same | Alive | Early | Refused |",
     "|---|---:|---:|---:|---:|---:|---:|---:|",
@@ -40,6 +44,7 @@ def line_of(source, count, spots):
 
 def table_of(run, folders, known):
     lines = HEAD.format(date=datetime.date.today(), words=" ".join(sys.argv[1:]), **vars(run.options)).splitlines()
+    lines += NEAR.splitlines() if run.options.near else []
     for folder in folders:
         inside = [source for source in run.texts if source.startswith(f"{folder}/") and run.of(source)]
         if not inside:
