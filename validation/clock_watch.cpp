@@ -24,7 +24,7 @@ void ClockWatch::RefuseSettingBack() const {
   throw BatchError("the clock",
                    "it was set back by " + std::to_string(lost) + (lost == 1 ? " second" : " seconds") +
                        " while the batch was judged, and may have had the wrong day; judge it again, or as "
-                       "of a day that is named (--today)");
+                       "of a day that is named");
 }
 
 }  // namespace fiscalon

@@ -58,7 +58,8 @@ UseDesk() {
 }
 UseDesk
 [ -s /usr/share/fiscalon/operator-guide.md ]
-[ -s /usr/share/bash-completion/completions/fiscalon ] && [ -s /usr/share/zsh/vendor-completions/_fiscalon ]
+[ -s /usr/share/bash-completion/completions/fiscalon ]
+[ -s /usr/share/zsh/vendor-completions/_fiscalon ]
 
 # The C library alone: whoever uses it needs nothing of the C++ one.
 apt-get -qy install --no-install-recommends ./libfiscalon-c1_*.deb ./libfiscalon-c-dev_*.deb gcc libc6-dev pkgconf
@@ -140,6 +141,7 @@ for left in /usr/bin/fiscalon /usr/bin/fiscalon-desk /usr/include/fiscalon /usr/
   /usr/lib/python3/dist-packages/fiscalon /usr/share/fiscalon /usr/share/doc/libfiscalon-dev; do
   [ ! -e "$left" ]
 done
-! ls -d /usr/lib/*/libfiscalon* /usr/lib/*/fiscalon-c
+[ -z "$(compgen -G '/usr/lib/*/libfiscalon*')" ]
+[ -z "$(compgen -G '/usr/lib/*/fiscalon-c')" ]
 INSIDE
 chroot "$root" /bin/bash /root/try

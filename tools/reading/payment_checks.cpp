@@ -42,7 +42,7 @@ bool PassesQuickly(const RuleSet& rules, const FreeFormatSlotView& slot, const J
 
 void AddValidatesWord(std::vector<Note>& problems, const RecordField& field, std::string_view reason) {
   // The judge's own words are in English, wherever they are read.
-  const Wording said = AsGiven("validate says: " + std::string(reason));
+  const Wording said = Filled("validate says: {1}", AsGiven(std::string(reason)));
   const auto about =
       std::find_if(problems.begin(), problems.end(), [&](const Note& note) { return note.from == field.from; });
   if (about != problems.end() && field.from != 0)

@@ -56,16 +56,18 @@ class _Told:
     def texts(self) -> List[str]:
         """Sequence number, screen and reason of each as the library gives them: a zero between, behind each verdict's a
         zero and a line end."""
-        # Of the block that was asked last alone: whoever keeps a few verdicts of each does not keep all their texts.
-        block, texts = _Told._last
-        if block is not self:
-            texts = self._bytes.decode("utf-8").split("\0\n")
-            if len(texts) != len(self.rows):
-                raise error_of(ErrorNumber.UNFORESEEN, "the texts of the verdicts don't line up", "Fiscalon")
-            _Told._last = (self, texts)
+        # Of the few blocks that were asked last alone: whoever keeps a verdict of each does not keep all their texts.
+        asked = _Told._asked
+        for block, texts in asked:
+            if block is self:
+                return texts
+        texts = self._bytes.decode("utf-8").split("\0\n")
+        if len(texts) != len(self.rows):
+            raise error_of(ErrorNumber.UNFORESEEN, "the texts of the verdicts don't line up", "Fiscalon")
+        _Told._asked = ((self, texts), *asked[:7])
         return texts
 
-    _last: "ClassVar[Tuple[Optional[_Told], List[str]]]" = (None, [])
+    _asked: "ClassVar[Tuple[Tuple[_Told, List[str]], ...]]" = ()
 
 
 # A tuple is made without a step of the interpreter's, and a batch has a million: it holds its block, its place
@@ -127,6 +129,19 @@ class Verdict(Tuple[Any, ...]):
 
     def __ne__(self, other: object) -> bool:
         return not self == other
+
+    # In the order of their rows, of whichever block they are.
+    def __lt__(self, other: Tuple[Any, ...]) -> bool:
+        return self._whole() < other._whole() if isinstance(other, Verdict) else NotImplemented
+
+    def __le__(self, other: Tuple[Any, ...]) -> bool:
+        return self._whole() <= other._whole() if isinstance(other, Verdict) else NotImplemented
+
+    def __gt__(self, other: Tuple[Any, ...]) -> bool:
+        return self._whole() > other._whole() if isinstance(other, Verdict) else NotImplemented
+
+    def __ge__(self, other: Tuple[Any, ...]) -> bool:
+        return self._whole() >= other._whole() if isinstance(other, Verdict) else NotImplemented
 
     def __hash__(self) -> int:
         return hash(self._whole())

@@ -101,6 +101,17 @@ def test_a_verdict_is_a_value(batch):
         assert again == each and repr(again) == repr(each) and again.faults == each.faults
 
 
+def test_verdicts_stand_in_the_order_of_their_rows(fiscalon_fresh):
+    payments, records, _ = batch_of(9000)
+    verdicts = list(fiscalon.validate_batch(payments, records))
+    assert [each.row for each in sorted(reversed(verdicts))] == list(range(2, 9002))
+    first, last = min(verdicts), max(verdicts)
+    assert (first.row, last.row) == (2, 9001)
+    assert first < last and first <= last and last > first and last >= first and not first < first
+    with pytest.raises(TypeError):
+        first < (0,)
+
+
 def test_verdicts_of_two_batches_may_be_asked_in_turns(batch):
     payments, records, report = batch
     pairs = zip(fiscalon.validate_batch(payments, records), fiscalon.validate_batch(payments, records, valid=False))
