@@ -15,7 +15,9 @@ import sys
 import tempfile
 from pathlib import Path
 
-import api_python
+# Nothing is left in the tree by a build.
+sys.dont_write_bytecode = True
+import api_python  # noqa: E402
 
 TREE = Path(__file__).resolve().parents[2]
 # What is promised beside the headers.
