@@ -51,9 +51,9 @@ std::set<const Control*> StandingOut(const Form& form);
 
 /// What a program that reads the form aloud says of a field.
 struct ToldField {
-  const Control* field = nullptr;
-  std::string name = {};         ///< as in `LaidOutCell`
-  std::string description = {};  ///< the same; of the entry that keeps the focus in silence, the status
+  const Control* field = nullptr;  ///< which one
+  std::string name = {};           ///< as in `LaidOutCell`
+  std::string description = {};    ///< the same; of the entry that keeps the focus in silence, the status
 };
 /// Those that a form has, in the order of its layout.
 std::vector<ToldField> ToldFields(const Form& form);
