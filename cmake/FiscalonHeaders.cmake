@@ -10,7 +10,7 @@ if(FISCALON_QT)
 endif()
 if(WIN32)
   list(APPEND FISCALON_PROMISED_HEADERS include/fiscalon/win32.h)
-else()
+elseif(FISCALON_TERMINAL)
   list(APPEND FISCALON_PROMISED_HEADERS include/fiscalon/terminal.h)
 endif()
 

@@ -24,6 +24,7 @@ tests | mono-runtime       | runs them
 tests | python3-jsonschema | holds what the program reads and answers against its schemas
 tests | python3-distributed | a cluster judges a batch in parts
 tests | parallel           | so does GNU parallel
+tests | git                | lists the files that a release is made of
 tests | xvfb               | a display for the tests with a real user
 tests | xdotool            | types and clicks in those tests
 tests | openbox            | sizes windows by the steps that they ask for
@@ -61,7 +62,6 @@ check | doxygen            | writes the API pages
 check | linkchecker        | follows the links of pages and guides
 check | abigail-tools      | compares the interface of the library with the one that is kept
 long  | debootstrap        | a bare system to install the packages on
-long  | git                | lists the files that a release is made of
 bench | libbenchmark-dev   | the benchmarks
 fuzz  | clang              | compiles the fuzz targets
 fuzz  | libclang-rt-dev    | the fuzzing engine and the sanitizers of clang
