@@ -4,7 +4,7 @@
 # headers declare is compared with what is kept in tools/abi. Additions are welcome; anything else needs another soname:
 # in C++ that of another minor version, in C never within version 1.
 #   tools/lib/check_abi.sh           compares
-#   tools/lib/check_abi.sh --write   keeps the interface of a version that is begun
+#   tools/lib/check_abi.sh --write   keeps those that are begun, and compares the others
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
@@ -49,7 +49,7 @@ for library in "${!libraries[@]}"; do
   abidw --headers-dir "${libraries[$library]}" --suppressions tools/lib/abi.ini --drop-private-types \
     --drop-undefined-syms --exported-interfaces-only --no-show-locs --no-corpus-path --no-comp-dir-path --no-elf-needed \
     --no-parameter-names --no-write-default-sizes --type-id-style hash "$file" >"$now"
-  if [[ "${1:-}" == --write ]]; then
+  if [[ "${1:-}" == --write && ! -f "$kept" ]]; then
     mkdir -p tools/abi
     cp "$now" "$kept"
   elif [[ ! -f "$kept" ]]; then
