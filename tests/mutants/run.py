@@ -146,6 +146,9 @@ class Run:
                     killed = judge.kills(self.asked(judge, mutant), source, mutant.number)
                     verdict = "killed" if killed else "survived"
                 self.verdicts[mutant.number] = verdict
+        # Last, since what is built for them has no other changes to switch to.
+        for source in self.texts:
+            old = before.of(source, self.texts[source]) if self.options.keep else {}
             tried = 0
             for mutant in self.of(source):
                 if self.verdicts[mutant.number] == "early" and tried < self.options.early:
