@@ -18,11 +18,13 @@ is 2 for a reason that passes: a folder or a worker did not answer.
 
 import argparse
 import collections
+import concurrent.futures
 import contextlib
 import csv
 import datetime
 import hashlib
 import json
+import logging
 import os
 import queue
 import shutil
@@ -150,12 +152,18 @@ class Parts:
         self.client, self.arguments, self.files, self.folder = client, arguments, files, folder
         self.news = queue.SimpleQueue()
         self.heard = {}
+        # Until somebody is heard of.
+        self.awaited = time.monotonic()
         topic = f"judge_batch-{uuid.uuid4()}"
         client.subscribe_topic(topic, lambda event: self.news.put(event[1]))
         self.runs = {client.submit(judge, number, arguments.parts, *files, folder, options, topic, pure=False): number
                      for number in range(1, arguments.parts + 1)}
         for run in self.runs:
             run.add_done_callback(self.news.put)
+
+    def at_work(self):
+        """What each worker has to do."""
+        return answered(self.arguments.stall, "the scheduler", self.client.processing)
 
     def cancel(self):
         with contextlib.suppress(Exception):
@@ -167,21 +175,30 @@ class Parts:
         while left:
             with contextlib.suppress(queue.Empty):
                 told = self.news.get(timeout=self.arguments.stall / 10)
+                self.awaited = None
                 if isinstance(told, Future):
                     number = left.pop(told)
                     self.heard.pop(number, None)
-                    yield number, told.result()
+                    try:
+                        result = told.result()
+                    except concurrent.futures.CancelledError:
+                        raise Stalled("the scheduler no longer answers; start it and its workers again, then run the "
+                                      "batch again") from None
+                    yield number, result
                 else:
                     number, worker, place = told
                     self.heard[number] = time.monotonic(), worker, place
             self.refuse_stall(left)
 
     def refuse_stall(self, left):
+        if self.awaited is not None and time.monotonic() - self.awaited >= self.arguments.stall and not self.at_work():
+            raise Stalled(f"no worker has come for {self.arguments.stall:g} seconds; start workers, and run the batch "
+                          "again")
         for run, number in left.items():
             when, worker, place = self.heard.get(number, (None, None, None))
             if when is None or time.monotonic() - when < self.arguments.stall:
                 continue
-            at_work = answered(self.arguments.stall, "the scheduler", self.client.processing)
+            at_work = self.at_work()
             if not at_work:
                 raise Stalled(f"part {number} of {self.arguments.parts}: {place} has died, and no worker is left; "
                               "start workers, and run the batch again")
@@ -312,6 +329,13 @@ def some_seconds(text):
     return seconds
 
 
+def day(text):
+    try:
+        return datetime.date.fromisoformat(text).isoformat()
+    except ValueError:
+        raise argparse.ArgumentTypeError(f"{text!r} is no date YYYY-MM-DD") from None
+
+
 def parsed(words):
     """The arguments of this program, and those for `fiscalon`. What both would decide is this program's."""
     parser = argparse.ArgumentParser(description="Judges a batch on a Dask cluster, in parts.", allow_abbrev=False)
@@ -327,7 +351,7 @@ def parsed(words):
     cut = words.index("--") if "--" in words else len(words)
     arguments = parser.parse_args(words[:cut])
     behind = argparse.ArgumentParser(prog=f"{parser.prog} ... --", add_help=False, allow_abbrev=False)
-    behind.add_argument("--today")
+    behind.add_argument("--today", type=day)
     behind.add_argument("--locale", default="system")
     behind.add_argument("--json-lines", action="store_true")
     options = behind.parse_args(words[cut + 1:])
@@ -354,7 +378,15 @@ def run(words):
     return 1 if invalid else 0
 
 
+def end_by(number, _frame):
+    """What was begun is taken away before the program ends."""
+    sys.exit(128 + number)
+
+
 def main():
+    # What fails in the cluster is told here, in one line.
+    logging.disable()
+    signal.signal(signal.SIGTERM, end_by)
     try:
         return run(sys.argv[1:])
     except Stalled as problem:

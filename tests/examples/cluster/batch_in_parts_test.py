@@ -102,7 +102,7 @@ class BatchInParts(unittest.TestCase):
         return process
 
     def start_scheduler(self):
-        self.start("distributed.cli.dask_scheduler", "--port", "0", "--host", "127.0.0.1")
+        return self.start("distributed.cli.dask_scheduler", "--port", "0", "--host", "127.0.0.1")
 
     def start_worker(self, *arguments, folder=None):
         return self.start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0", *arguments,
@@ -148,6 +148,31 @@ class BatchInParts(unittest.TestCase):
         self.assertEqual(judging.returncode, -signal.SIGINT, err)
         self.assertEqual([each.name for each in self.folder.glob("*report*")], [])
         self.assertEqual([each.name for each in self.folder.glob(".parts-*")], [])
+
+    def test_a_cluster_that_ends_is_told(self):
+        self.start_scheduler()
+        judging = self.start_judging("2", "batch.csv", "batch.pc4", "--stall", "2")
+        _, err = judging.communicate(timeout=60)
+        self.assertEqual((judging.returncode, err),
+                         (75, "judge_batch: no worker has come for 2 seconds; start workers, and run the batch again\n"))
+        for number, status in ((signal.SIGKILL, 75), (signal.SIGTERM, 128 + signal.SIGTERM)):
+            for name in ("let-go", "begun"):
+                (self.folder / name).unlink(missing_ok=True)
+                os.mkfifo(self.folder / name)
+            (self.folder / "stalling.py").write_text(STALLING.format(folder=self.folder), encoding="utf-8")
+            (self.folder / "cluster.json").unlink()
+            scheduler = self.start_scheduler()
+            self.start_worker("--preload", self.folder / "stalling.py")
+            judging = self.start_judging("2", "batch.csv", "batch.pc4")
+            self.assertEqual((self.folder / "begun").read_text(encoding="ascii"), "begun")
+            (scheduler if number == signal.SIGKILL else judging).send_signal(number)
+            _, err = judging.communicate(timeout=60)
+            self.assertEqual(judging.returncode, status, err)
+            if number == signal.SIGKILL:
+                self.assertEqual(err, "judge_batch: the scheduler no longer answers; start it and its workers again, then "
+                                      "run the batch again\n")
+            self.assertEqual([each.name for each in self.folder.glob("*report*")], [])
+            self.assertEqual([each.name for each in self.folder.glob(".parts-*")], [])
 
     def test_no_verdict_counts_where_a_worker_sees_another_version(self):
         # The same names, and each process has files of its own there.
@@ -405,6 +430,10 @@ class JudgeBatch(unittest.TestCase):
     def test_refuses_what_is_no_file(self):
         os.mkfifo(self.folder / "pipe")
         self.refuses("parts are cut out of files", payments="pipe")
+
+    def test_refuses_a_day_that_is_none(self):
+        for named in ("", "today", "2026-06-31"):
+            self.refuses(f"{named!r} is no date", "--", f"--today={named}")
 
     def test_refuses_options_that_it_decides_itself(self):
         for option in ("--report", "--faults", "--part", "--max-bad", "--jobs"):
