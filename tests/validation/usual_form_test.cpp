@@ -22,7 +22,9 @@ constexpr LineFrame kAllFrames[] = {{0, 1}, {0, 2}, {1, 1}, {1, 2}};
 
 std::string Framed(const LineFrame& frame, const std::vector<std::string>& records) {
   std::string lines;
-  for (const std::string& record : records) lines.append(frame.Front()).append(record).append(frame.Back());
+  // (GCC 12 takes a view of no quote or one for longer than the quote.)
+  for (const std::string& record : records)
+    lines.append(frame.quotes, kRecordQuote).append(record).append(frame.Back());
   return lines;
 }
 

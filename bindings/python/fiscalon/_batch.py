@@ -132,16 +132,24 @@ class Verdict(Tuple[Any, ...]):
 
     # In the order of their rows, of whichever block they are.
     def __lt__(self, other: Tuple[Any, ...]) -> bool:
-        return self._whole() < other._whole() if isinstance(other, Verdict) else NotImplemented
+        if not isinstance(other, Verdict):
+            return NotImplemented
+        return self._whole() < other._whole()
 
     def __le__(self, other: Tuple[Any, ...]) -> bool:
-        return self._whole() <= other._whole() if isinstance(other, Verdict) else NotImplemented
+        if not isinstance(other, Verdict):
+            return NotImplemented
+        return self._whole() <= other._whole()
 
     def __gt__(self, other: Tuple[Any, ...]) -> bool:
-        return self._whole() > other._whole() if isinstance(other, Verdict) else NotImplemented
+        if not isinstance(other, Verdict):
+            return NotImplemented
+        return self._whole() > other._whole()
 
     def __ge__(self, other: Tuple[Any, ...]) -> bool:
-        return self._whole() >= other._whole() if isinstance(other, Verdict) else NotImplemented
+        if not isinstance(other, Verdict):
+            return NotImplemented
+        return self._whole() >= other._whole()
 
     def __hash__(self) -> int:
         return hash(self._whole())
