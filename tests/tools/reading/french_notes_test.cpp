@@ -54,8 +54,9 @@ std::vector<std::string> ToldBehindGovernment(const std::string& pieces, std::st
 TEST(FrenchNotes, TellWhatIsWrongAroundARecord) {
   EXPECT_THAT(ToldOf("\xEF\xBB\xBF" + Line(Government())),
               ElementsAre("une marque d'ordre des octets; les fichiers d'enregistrements n'en ont pas"));
-  EXPECT_THAT(ToldOf('"' + Government() + "\r\n"),
-              ElementsAre("le guillemet du début n'a pas de pendant à la fin; caractères qui restent sur la ligne : 160"));
+  EXPECT_THAT(
+      ToldOf('"' + Government() + "\r\n"),
+      ElementsAre("le guillemet du début n'a pas de pendant à la fin; caractères qui restent sur la ligne : 160"));
   EXPECT_THAT(ToldOf(Government() + "\"\r\n"), ElementsAre("le guillemet de la fin n'a pas de pendant au début"));
   EXPECT_THAT(ToldOf('"' + Government() + "\"\r"),
               ElementsAre("la moitié d'une fin de ligne, CR sans LF; le fichier a été tronqué là"));
