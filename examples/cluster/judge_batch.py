@@ -180,7 +180,7 @@ class Parts:
                     number = left.pop(told)
                     self.heard.pop(number, None)
                     try:
-                        result = told.result()
+                        result = answered(self.arguments.stall, "a worker", told.result)
                     except concurrent.futures.CancelledError:
                         raise Stalled("the scheduler no longer answers; start it and its workers again, then run the "
                                       "batch again") from None
@@ -341,7 +341,7 @@ def parsed(words):
     parser = argparse.ArgumentParser(description="Judges a batch on a Dask cluster, in parts.", allow_abbrev=False)
     parser.add_argument("--scheduler-file", required=True, help="where the scheduler wrote how it is reached")
     parser.add_argument("--parts", type=at_least_one, required=True)
-    parser.add_argument("--timeout", type=float, default=30, help="seconds to wait for the scheduler (30)")
+    parser.add_argument("--timeout", type=some_seconds, default=30, help="seconds to wait for the scheduler (30)")
     parser.add_argument("--stall", type=some_seconds, default=60,
                         help="seconds without progress of a worker or a folder after which a batch is given up (60)")
     parser.add_argument("payments")

@@ -169,7 +169,8 @@ class AccessibleWindow final : public IAccessible {
   /// Of the window itself the form tells, of its parts the system.
   template <class Form, class Standard>
   HRESULT Tell(const VARIANT& child, Form&& form, Standard&& standard) {
-    if (source_ == nullptr)
+    // A window may go before the view that tells of it.
+    if (source_ == nullptr || ::IsWindow(window_) == FALSE)
       return CO_E_OBJNOTCONNECTED;
     try {
       return IsSelf(child) ? form(source_->Told()) : standard();

@@ -57,7 +57,8 @@ int AnyListView::NativeRow() {
 ShownControl AnyListView::Content() const {
   const std::vector<std::wstring> rows = NativeRows();
   const LRESULT selected = ::SendMessageW(Window(), messages_.selected, 0, 0);
-  return {.text = selected < 0 ? std::string() : FromWide(rows[static_cast<size_t>(selected)]),
+  const bool isThere = selected >= 0 && static_cast<size_t>(selected) < rows.size();
+  return {.text = isThere ? FromWide(rows[static_cast<size_t>(selected)]) : std::string(),
           .items = static_cast<int>(rows.size())};
 }
 

@@ -115,6 +115,8 @@ class Run:
             print(f"  {len(numbers)} changes and {len(names)} constants are the compiler's", flush=True)
             dropped |= numbers
             self.build.kept |= names
+        else:
+            sys.exit("mutants: without all that was refused it still does not compile")
             refused.changes = [[mutant.source, mutant.key] for mutant in self.mutants if mutant.number in dropped]
             refused.constants = sorted(self.build.kept)
             refused.write()

@@ -1,6 +1,8 @@
 #include "tools/reading/record_checks.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string>
 #include <utility>
 
 #include "core/records/record_reader.h"
@@ -25,7 +27,7 @@ bool HoldsUtf8(std::string_view text) {
   return false;
 }
 
-Wording InDigits(size_t number) {
+Wording InDigits(uint64_t number) {
   return AsGiven(std::to_string(number));
 }
 

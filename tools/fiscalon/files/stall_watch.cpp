@@ -3,6 +3,7 @@
 #include <condition_variable>
 #include <iostream>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 #include "tools/fiscalon/files/file_places.h"
@@ -26,11 +27,20 @@ struct StallWatch::News {
 };
 
 StallWatch::StallWatch(std::vector<std::string> files, std::chrono::seconds patience)
-    : files_(std::move(files)), patience_(patience), news_(std::make_shared<News>()), watching_([this] { Watch(); }) {}
+    : files_(std::move(files)), patience_(patience), news_(std::make_shared<News>()) {
+  // Interrupts are for the thread that is watched: what it does while it holds them off, none of these may cut short.
+  const HeldOff inherited;
+  try {
+    watching_ = std::thread([this] { Watch(); });
+  } catch (const std::system_error&) {
+    // A batch needs no other thread, and goes on without a watch where none can be had.
+  }
+}
 
 StallWatch::~StallWatch() {
   news_->Come(news_->isOver);
-  watching_.join();
+  if (watching_.joinable())
+    watching_.join();
 }
 
 void StallWatch::Watch() const {
@@ -42,11 +52,18 @@ void StallWatch::Watch() const {
         continue;
       news_->hasAnswered = false;
       // Who looks at a file of a silent folder may never come back, and is left behind then.
-      std::thread([news = news_, file] {
-        LookAfresh(file);
-        news->Come(news->hasAnswered);
-      }).detach();
-      if (news_->came.wait_for(lock, patience_, [this] { return news_->isOver || news_->hasAnswered; }))
+      try {
+        std::thread([news = news_, file] {
+          LookAfresh(file);
+          news->Come(news->hasAnswered);
+        }).detach();
+      } catch (const std::system_error&) {
+        break;
+      }
+      const bool came = news_->came.wait_for(lock, patience_, [this] { return news_->isOver || news_->hasAnswered; });
+      if (news_->isOver)
+        return;
+      if (came)
         continue;
       std::cerr << "fiscalon: " << VisibleUtf8(file) << ": its folder has not answered for "
                 << Counted(static_cast<uint64_t>(patience_.count()), "second")

@@ -6,12 +6,14 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdint>
 #include <future>
 #include <memory>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -20,6 +22,9 @@ namespace {
 
 /// The signal that was noted.
 volatile std::sig_atomic_t interrupted = 0;
+
+/// Whether steps are under way that are done together or not at all.
+std::atomic<bool> isHeldOff = false;
 
 /// A pipe that an interrupt can be read from, so that who waits for something else wakes up. It is made once.
 std::array<int, 2> wake = {-1, -1};
@@ -133,11 +138,17 @@ void EndAsInterrupted() {
 void EndAtOnce(ExitStatus status) {
   // Taking a file away may be one more thing that never ends.
   const auto removed = std::make_shared<std::promise<void>>();
-  std::thread([removed] {
-    RemoveFleetingFiles();
-    removed->set_value();
-  }).detach();
-  removed->get_future().wait_for(std::chrono::seconds(1));
+  try {
+    std::thread([removed] {
+      // In the middle of such steps a fleeting file may be the only one that a user has left.
+      if (!isHeldOff)
+        RemoveFleetingFiles();
+      removed->set_value();
+    }).detach();
+    removed->get_future().wait_for(std::chrono::seconds(1));
+  } catch (const std::system_error&) {
+    // Without another thread nobody could end what never ends: the files stay.
+  }
   ::_exit(static_cast<int>(status));
 }
 
@@ -152,9 +163,11 @@ bool WaitToWrite(int descriptor) {
 HeldOff::HeldOff() {
   const sigset_t all = Interrupts();
   ::sigprocmask(SIG_BLOCK, &all, nullptr);
+  isHeldOff = true;
 }
 
 HeldOff::~HeldOff() {
+  isHeldOff = false;
   const sigset_t all = Interrupts();
   ::sigprocmask(SIG_UNBLOCK, &all, nullptr);
 }
