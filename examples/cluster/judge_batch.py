@@ -253,7 +253,7 @@ def wait_for(scheduler_file, timeout, stall):
     """A scheduler that has just been started writes its file when it can be reached."""
     end = time.monotonic() + timeout
     while not answered(stall, scheduler_file, os.path.isfile, scheduler_file):
-        if time.monotonic() >= end:
+        if not time.monotonic() < end:
             raise Unusable(f"there is no scheduler file {scheduler_file}; dask-scheduler --scheduler-file makes it")
         time.sleep(0.02)
 
@@ -341,7 +341,7 @@ def parsed(words):
     parser = argparse.ArgumentParser(description="Judges a batch on a Dask cluster, in parts.", allow_abbrev=False)
     parser.add_argument("--scheduler-file", required=True, help="where the scheduler wrote how it is reached")
     parser.add_argument("--parts", type=at_least_one, required=True)
-    parser.add_argument("--timeout", type=some_seconds, default=30, help="seconds to wait for the scheduler (30)")
+    parser.add_argument("--timeout", type=float, default=30, help="seconds to wait for the scheduler (30)")
     parser.add_argument("--stall", type=some_seconds, default=60,
                         help="seconds without progress of a worker or a folder after which a batch is given up (60)")
     parser.add_argument("payments")
