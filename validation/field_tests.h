@@ -56,6 +56,8 @@ struct QuickTest {
 class FieldTests {
  public:
   consteval FieldTests(const QuickTest& quickTest, std::initializer_list<FieldTest> tests) : quick_(quickTest) {
+    if (!quick_.lowest.empty() && (quick_.lowest.size() != kValueWidth || quick_.highest.size() != kValueWidth))
+      throw "a quick test tells all characters of a value";
     for (const FieldTest& test : tests) tests_[count_++] = test;
   }
   /// With a routine that looks at the characters too. By reference: a field without a quick test does not compile.

@@ -110,7 +110,8 @@ size_t CountLineEnds(const char* chunk) {
 size_t LengthOfLines(std::string_view bytes, size_t& count, bool isWhole) {
   size_t at = 0;
   size_t lines = 0;
-  while (at + kChunk <= bytes.size()) {
+  // What may be the last line is looked at by itself, since it may have no end.
+  while (at + kChunk < bytes.size()) {
     const size_t more = CountLineEnds(bytes.data() + at);
     if (lines + more >= count)
       break;

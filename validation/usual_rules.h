@@ -71,6 +71,8 @@ template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame,
 [[gnu::flatten]] uint64_t UsualAmount(const char* lines, const JudgingDay& day, std::index_sequence<kRow...>) {
   using Lines = UsualLines<kFields, kFrame>;
   static_assert(kTotal == Total::Ignored || !(TellsPayment(kFields[kRow]) || ...), "a field or the total tells it");
+  static_assert(((kFields[kRow].addend == kNoAddend || kFields[kRow].onlyForBiller.empty()) && ...),
+                "it is one amount, whoever is paid");
   if (!Fits<Lines::kStencil>(lines) || !Lines::AreOnePayment(lines))
     return kNoCents;
   if (kPeriods == Periods::Tested && !IsQuickPeriod(lines + Lines::Record(0) + kPeriodOffset, day))

@@ -146,6 +146,23 @@ TEST(RowFeed, CountsLinesOverManyChunks) {
   }
 }
 
+TEST(RowFeed, CountsALastLineWithoutAnEndHoweverLongTheListIs) {
+  for (size_t rows = 1; rows <= 3; ++rows) {
+    for (size_t width = 1; width <= 600; ++width) {
+      std::string body;
+      for (size_t row = 0; row < rows; ++row) body += (row == 0 ? "" : "\n") + std::string(width, 'x');
+      const std::string list = "seq,screen,biller,amount\n" + body;
+      const auto source = ByteSource::Of(list, "batch.csv");
+      RowFeed feed(*source);
+      feed.TakeHeader();
+      std::string storage;
+      size_t count = rows + 2;
+      EXPECT_EQ(feed.Take(count, storage), body);
+      EXPECT_EQ(count, rows) << width;
+    }
+  }
+}
+
 /// A pipe that gives one letter again and again, and never ends.
 class Endless : public ByteSource {
  public:
