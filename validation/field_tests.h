@@ -44,6 +44,8 @@ struct QuickTest {
   /// For a value that lies between those two. Gives its number, or any other but `kNoDigits`, where the value passes
   /// all tests of its field for sure.
   uint64_t (*number)(const char* value, const Expectation& expected) = nullptr;
+  /// Whether a value passes by being the amount to be paid, so that it tells which one that must be.
+  bool tellsPayment = false;
 
   /// The same for any value.
   uint64_t operator()(const char* value, const Expectation& expected) const {

@@ -48,7 +48,7 @@ inline uint64_t NumberOfCount(const char* digits, const Expectation&) {
 
 // clang-format off
 inline constexpr QuickTest kQuickAmount       = {kZeros,               kNines,               NumberOfAmount};
-inline constexpr QuickTest kQuickPayment      = {kZeros,               kNines,               NumberOfPayment};
+inline constexpr QuickTest kQuickPayment      = {kZeros,               kNines,               NumberOfPayment, true};
 inline constexpr QuickTest kQuickDate         = {"00000000          ", "99999999          ", NumberOfDate};
 /// Eight digits of dollars between the zeros in front and those for the cents are more than the test takes.
 inline constexpr QuickTest kQuickWholeDollars = {"000000000000000000", "000000009999999900", NumberOfDollars};

@@ -61,16 +61,12 @@ struct UsualLines {
   }
 };
 
-/// Whether a field is held against the amount to be paid, so that it tells which one that must be.
-constexpr bool TellsPayment(const FieldRule& rule) {
-  return rule.tests.Quick().number == kQuickPayment.number;
-}
-
 /// The amount that a usual payment is good for: the one that its own fields tell.
 template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame, size_t... kRow>
 [[gnu::flatten]] uint64_t UsualAmount(const char* lines, const JudgingDay& day, std::index_sequence<kRow...>) {
   using Lines = UsualLines<kFields, kFrame>;
-  static_assert(kTotal == Total::Ignored || !(TellsPayment(kFields[kRow]) || ...), "a field or the total tells it");
+  static_assert(kTotal == Total::Ignored || !(kFields[kRow].tests.Quick().tellsPayment || ...),
+                "a field or the total tells it");
   static_assert(((kFields[kRow].addend == kNoAddend || kFields[kRow].onlyForBiller.empty()) && ...),
                 "it is one amount, whoever is paid");
   if (!Fits<Lines::kStencil>(lines) || !Lines::AreOnePayment(lines))
@@ -79,7 +75,11 @@ template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame,
     return kNoCents;
   const auto value = [&](size_t row) { return lines + Lines::Slot(row) + kValueOffset; };
   Expectation expected{.day = &day};
-  ((TellsPayment(kFields[kRow]) && (expected.paymentCents = NumberOfDigits(value(kRow)), true)), ...);
+  const auto hear = [&](const FieldRule& rule, size_t row) {
+    if (rule.tests.Quick().tellsPayment)
+      expected.paymentCents = NumberOfDigits(value(row));
+  };
+  (hear(kFields[kRow], kRow), ...);
   QuickTotal total;
   if (!(NumberPassesQuickly<kFields, kRow>(value(kRow), expected, total) && ...))
     return kNoCents;

@@ -101,10 +101,10 @@ std::string VisibleUtf8(std::string_view utf8) {
 }
 
 std::string WithDots(std::string_view text) {
-  constexpr char kDot = '\xB7';
+  constexpr char kMiddleDot = '\xB7';
   std::string dotted(text);
-  for (size_t i = 0; i < text.size() && text[i] == ' '; ++i) dotted[i] = kDot;
-  for (size_t i = text.size(); i > 0 && text[i - 1] == ' '; --i) dotted[i - 1] = kDot;
+  for (size_t i = 0; i < text.size() && text[i] == ' '; ++i) dotted[i] = kMiddleDot;
+  for (size_t i = text.size(); i > 0 && text[i - 1] == ' '; --i) dotted[i - 1] = kMiddleDot;
   return dotted;
 }
 

@@ -28,14 +28,14 @@ std::string Dots(size_t count) {
 TEST(DottedText, ShowsTheBlanksAtBothEndsHoweverMany) {
   EXPECT_EQ(DottedText(""), "\"\"");
   EXPECT_EQ(DottedText(" a b  "), "\"\u00B7a b\u00B7\u00B7\"");
-  for (const size_t blanks : {1, 59, 60, 61, 120, 121, 300}) {
+  for (const size_t blanks : {1u, 59u, 60u, 61u, 120u, 121u, 300u}) {
     EXPECT_EQ(DottedText("a" + std::string(blanks, ' ')), "\"a" + Dots(blanks) + '"');
     EXPECT_EQ(DottedText(std::string(blanks, ' ') + "a"), '"' + Dots(blanks) + "a\"");
   }
 }
 
 TEST(DottedText, OfBlanksAloneIsThatOfSoManyBlanks) {
-  for (const size_t blanks : {0, 1, 59, 60, 61, 120, 121, 300}) {
+  for (const size_t blanks : {0u, 1u, 59u, 60u, 61u, 120u, 121u, 300u}) {
     std::string appended;
     AppendDottedBlanks(appended, blanks);
     EXPECT_EQ(appended, '"' + Dots(blanks) + '"');
