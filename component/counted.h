@@ -1,63 +1,15 @@
 #pragma once
 
-#include <ole2.h>
-
-#include <atomic>
-#include <tuple>
-
 #include "component/module.h"
+#include "frontends/win32/counted.h"
 
 namespace fiscalon::component {
 
-/// An object that hosts can hold: it has those interfaces, lives until its last reference goes, and keeps the component
-/// loaded. Made with one reference, which is the maker's.
+/// An object that hosts can hold, which keeps the component loaded.
 template <typename... Interfaces>
-class Counted : public Interfaces... {
- public:
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr)
-      return E_POINTER;
-    *object = Find(id);
-    if (*object == nullptr)
-      return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0)
-      delete this;
-    return left;
-  }
-
-  /// A reference more, unless the last one has just gone.
-  bool AddRefIfAlive() {
-    ULONG references = references_;
-    while (references != 0)
-      if (references_.compare_exchange_weak(references, references + 1))
-        return true;
-    return false;
-  }
-
- protected:
-  Counted() = default;
-  virtual ~Counted() = default;
-
-  /// The interface of that identifier; null where the object has none.
-  virtual void* Find(REFIID id) {
-    using First = std::tuple_element_t<0, std::tuple<Interfaces...>>;
-    void* found = id == IID_IUnknown ? static_cast<First*>(this) : nullptr;
-    ((id == __uuidof(Interfaces) ? void(found = static_cast<Interfaces*>(this)) : void()), ...);
-    return found;
-  }
-
+class Counted : public win32::Counted<Interfaces...> {
  private:
   const Needed needed_;
-  std::atomic<ULONG> references_ = 1;
 };
 
 }  // namespace fiscalon::component

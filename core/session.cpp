@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "core/forms/among.h"
 #include "core/launch.h"
 #include "core/logging.h"
 #include "core/module_to_change.h"
@@ -30,19 +31,6 @@ void ForgetInstanceOf(const LaunchRow& row) {
     forms.erase(made);
 }
 
-/// Has the module know a form while it is shown.
-class Shown {
- public:
-  explicit Shown(Form& form) : form_(form) { ModuleToChange().shown.push_back(&form); }
-  // A handler may have reset the module, which forgets it then.
-  ~Shown() { std::erase(ModuleToChange().shown, &form_); }
-  Shown(const Shown&) = delete;
-  Shown& operator=(const Shown&) = delete;
-
- private:
-  Form& form_;
-};
-
 /// Sets a host's payment on its screen, shows it, and hands over what the user has confirmed.
 bool Show(const LaunchRow& row, Levyra& host, Screen& screen, Toolkit& toolkit) {
   // The payment on a screen that is up stays what it is.
@@ -51,7 +39,8 @@ bool Show(const LaunchRow& row, Levyra& host, Screen& screen, Toolkit& toolkit) 
   if (row.beforeShow != nullptr)
     row.beforeShow(screen);
   {
-    const Shown shown(screen);
+    // A handler may reset the module, which forgets the form then.
+    const Among<Form> shown(ModuleToChange().shown, screen);
     screen.ShowModal(toolkit, TheModule().language);
   }
   const bool chosen = screen.Chosen() == kTrue;

@@ -34,32 +34,24 @@ size_t Verdicts::RoomFor(const Told& told) {
 bool Verdicts::Fits(const Told& told) const {
   return verdicts_.empty() ||
          (verdicts_.size() < kMostVerdicts && faults_.size() + told.faults.size() <= faults_.capacity() &&
-          RoomFor(told) <= RoomLeft());
-}
-
-void Verdicts::MakeRoom(size_t room) {
-  if (room <= room_)
-    return;
-  texts_ = std::make_unique_for_overwrite<char[]>(room);
-  room_ = room;
+          texts_.size() + RoomFor(told) <= texts_.capacity());
 }
 
 fiscalon_text Verdicts::Keep(std::string_view text) {
-  char* const start = end_;
+  const size_t start = texts_.size();
   if (IsAscii(text))
-    end_ = std::copy(text.begin(), text.end(), end_);
+    texts_.append(text);
   else
-    end_ = std::ranges::copy(ToUtf8(text), end_).out;
-  *end_++ = '\0';
-  return {.data = start, .size = static_cast<size_t>(end_ - start) - 1};
+    texts_.append(ToUtf8(text));
+  texts_ += '\0';
+  return {.data = texts_.data() + start, .size = texts_.size() - start - 1};
 }
 
 void Verdicts::Add(const Told& told) {
   if (verdicts_.empty()) {
     verdicts_.reserve(kMostVerdicts);
     faults_.reserve(std::max(kMostFaults, told.faults.size()));
-    MakeRoom(std::max(kTexts, RoomFor(told)));
-    end_ = texts_.get();
+    texts_.reserve(std::max(kTexts, RoomFor(told)));
   }
   const size_t firstFault = faults_.size();
   for (const Fault& fault : told.faults)
@@ -82,12 +74,13 @@ void Verdicts::Add(const Told& told) {
                        .lines = lines,
                        .faults = told.faults.empty() ? nullptr : faults_.data() + firstFault,
                        .fault_count = told.faults.size()});
-  *end_++ = '\n';
+  texts_ += '\n';
 }
 
 void Verdicts::Clear() {
   verdicts_.clear();
   faults_.clear();
+  texts_.clear();
 }
 
 }  // namespace fiscalon::c

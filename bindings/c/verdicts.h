@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -34,16 +34,11 @@ class Verdicts {
 
  private:
   static size_t RoomFor(const Told& told);
-  void MakeRoom(size_t room);
-  size_t RoomLeft() const { return static_cast<size_t>(texts_.get() + room_ - end_); }
   fiscalon_text Keep(std::string_view text);
 
   std::vector<fiscalon_verdict> verdicts_;
   std::vector<fiscalon_fault> faults_;
-  /// The texts, as far as `end_`.
-  std::unique_ptr<char[]> texts_;
-  size_t room_ = 0;
-  char* end_ = nullptr;
+  std::string texts_;
 };
 
 }  // namespace fiscalon::c

@@ -38,6 +38,9 @@ class FormDialog final : public QDialog, private FormObserver {
   void HasFailed();
   void Rethrow() const;
 
+  /// The language of the form.
+  const Language& ShownIn() const { return form_.ShownIn(); }
+
   ControlView& ViewOf(const Control& control) const { return *views_.at(&control); }
   /// The widget of a control.
   QWidget& WidgetOf(const Control& control) const { return ViewOf(control).Widget(); }

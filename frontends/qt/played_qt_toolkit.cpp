@@ -3,30 +3,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 
+#include "core/forms/among.h"
 #include "frontends/qt/form_dialog.h"
 #include "frontends/qt/message_window.h"
 #include "frontends/qt/program_messages.h"
 #include "frontends/qt/qt_driver.h"
 
 namespace fiscalon {
-namespace {
-
-/// A dialog in the list of those that are up, while it is.
-class Listed {
- public:
-  Listed(std::vector<qt::FormDialog*>& dialogs, qt::FormDialog& dialog) : dialogs_(dialogs) {
-    dialogs_.push_back(&dialog);
-  }
-  ~Listed() { dialogs_.pop_back(); }
-  Listed(const Listed&) = delete;
-  Listed& operator=(const Listed&) = delete;
-
- private:
-  std::vector<qt::FormDialog*>& dialogs_;
-};
-
-}  // namespace
-
 PlayedQtToolkit::Platform::Platform() {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -42,7 +25,7 @@ void PlayedQtToolkit::ServeModal(Form& form) {
   if (Watcher() != nullptr)
     Watcher()->Opened(form);
   qt::FormDialog dialog(form, Dialog(), Watcher());
-  const Listed listed(dialogs_, dialog);
+  const Among up(dialogs_, dialog);
   dialog.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
   dialog.Present();
   QCoreApplication::processEvents();

@@ -7,7 +7,7 @@
 #include <QUrl>
 #include <vector>
 
-#include "core/forms/scoped_value.h"
+#include "core/forms/among.h"
 #include "frontends/qt/form_dialog.h"
 #include "frontends/qt/message_window.h"
 #include "frontends/qt/qt_application.h"
@@ -28,22 +28,6 @@ struct QtToolkit::State {
   qt::QtApplication application;
   std::vector<qt::FormDialog*> dialogs;
   ActWatcher* watcher = nullptr;
-  /// Of the topmost form.
-  Language language = {};
-
-  /// A dialog is among those that are up, while it stands.
-  class Up {
-   public:
-    Up(std::vector<qt::FormDialog*>& dialogs, qt::FormDialog& dialog) : dialogs_(dialogs) {
-      dialogs_.push_back(&dialog);
-    }
-    ~Up() { dialogs_.pop_back(); }
-    Up(const Up&) = delete;
-    Up& operator=(const Up&) = delete;
-
-   private:
-    std::vector<qt::FormDialog*>& dialogs_;
-  };
 
   MessageAnswer Ask(const BoxRequest& box) const;
   void Warn(const Wording& text) const;
@@ -65,16 +49,16 @@ void QtToolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
   const QPointer<QWidget> parent = state_->TopWindow();
-  const ScopedValue language(state_->language, form.ShownIn());
   qt::FormDialog dialog(form, parent, state_->watcher);
   {
-    const State::Up up(state_->dialogs, dialog);
+    const Among up(state_->dialogs, dialog);
     dialog.Serve();
   }
   GiveKeyboardBackTo(parent);
 }
 
 void QtToolkit::State::Warn(const Wording& text) const {
+  const Language language = dialogs.empty() ? Language() : dialogs.back()->ShownIn();
   Ask({.text = text.In(language), .style = MessageStyle::Exclamation, .language = language});
 }
 

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "core/forms/among.h"
 #include "frontends/played/seen_things.h"
 #include "frontends/terminal/box_window.h"
 #include "frontends/terminal/form_window.h"
@@ -92,8 +93,7 @@ void PlayedTerminalToolkit::ServeModal(Form& form) {
   terminal::FormWindow window(form, Watcher());
   window.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
   const terminal::Windows::Up up(state_->windows, window);
-  state_->forms.push_back(&window);
-  const std::unique_ptr<State, void (*)(State*)> listed(state_.get(), [](State* state) { state->forms.pop_back(); });
+  const Among listed(state_->forms, window);
   state_->Settle({});
   terminal::TerminalDriver user(*this, form, window);
   Drive(form, user);

@@ -7,7 +7,6 @@
 #include <optional>
 #include <utility>
 
-#include "core/forms/scoped_value.h"
 #include "core/platform/code_page.h"
 #include "core/platform/utf8_path.h"
 #include "frontends/terminal/box_window.h"
@@ -22,8 +21,6 @@ struct TerminalToolkit::State {
   terminal::Terminal terminal{STDIN_FILENO, STDOUT_FILENO, terminal::TerminalKind::OfUser()};
   terminal::Windows windows;
   std::string application = "Fiscalon";
-  /// Of the topmost form.
-  Language language = {};
   ActWatcher* watcher = nullptr;
 
   /// Shows what is up and takes in what the user does, until something is so.
@@ -96,6 +93,7 @@ MessageAnswer TerminalToolkit::State::Ask(const BoxRequest& box) {
 }
 
 void TerminalToolkit::State::Tell(const Wording& text, MessageStyle style) {
+  const Language language = windows.ShownIn();
   Ask({.text = text.In(language), .style = style, .language = language});
 }
 
@@ -131,7 +129,6 @@ void TerminalToolkit::Watch(ActWatcher* watcher) {
 void TerminalToolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
-  const ScopedValue language(state_->language, form.ShownIn());
   terminal::FormWindow window(form, state_->watcher);
   state_->Serve(window, [&] { return !form.IsUp(); });
 }

@@ -19,7 +19,7 @@ Screen Windows::Drawn(Size size) const {
     const auto number = [](int value) { return AsGiven(std::to_string(value)); };
     const Wording needed = Filled("{1} by {2} needed, this is {3} by {4}", number(kSmallestScreen.width),
                                   number(kSmallestScreen.height), number(size.width), number(size.height));
-    screen.Put({0, 0}, needed.In(all_.empty() ? Language{} : all_.back()->ShownIn()));
+    screen.Put({0, 0}, needed.In(ShownIn()));
     screen.Cursor(Point{0, 0});
     return screen;
   }

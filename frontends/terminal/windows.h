@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "core/forms/among.h"
 #include "frontends/terminal/screen.h"
 #include "frontends/terminal/window.h"
 
@@ -11,18 +12,13 @@ namespace fiscalon::terminal {
 class Windows {
  public:
   /// A window among them, while it is.
-  class Up {
+  class Up : Among<Window> {
    public:
-    Up(Windows& windows, Window& window) : windows_(windows) { windows_.all_.push_back(&window); }
-    ~Up() { windows_.all_.pop_back(); }
-    Up(const Up&) = delete;
-    Up& operator=(const Up&) = delete;
-
-   private:
-    Windows& windows_;
+    Up(Windows& windows, Window& window) : Among(windows.all_, window) {}
   };
 
-  bool AreNone() const { return all_.empty(); }
+  /// The language of the topmost one.
+  Language ShownIn() const { return all_.empty() ? Language() : all_.back()->ShownIn(); }
   /// A screen that is too small says what is needed, and takes nothing.
   Screen Drawn(Size size) const;
   void Take(const Input& input, Size size) const;

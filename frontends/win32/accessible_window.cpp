@@ -2,7 +2,7 @@
 
 #include <oleacc.h>
 
-#include <atomic>
+#include "frontends/win32/counted.h"
 
 namespace fiscalon::win32 {
 namespace {
@@ -24,33 +24,12 @@ HRESULT GiveText(const std::wstring& text, BSTR* to) {
 
 /// The system's own object of a window, with what the form tells. It may outlive the window in another program, and
 /// then says so.
-class AccessibleWindow final : public IAccessible {
+class AccessibleWindow final : public Counted<IAccessible> {
  public:
   AccessibleWindow(HWND window, AccessibleSource& source, IAccessible& standard)
       : window_(window), source_(&source), standard_(standard) {}
-  AccessibleWindow(const AccessibleWindow&) = delete;
-  AccessibleWindow& operator=(const AccessibleWindow&) = delete;
 
   void WindowGoes() { source_ = nullptr; }
-
-  // IUnknown
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr)
-      return E_POINTER;
-    const bool isOwn = id == __uuidof(IUnknown) || id == __uuidof(IDispatch) || id == __uuidof(IAccessible);
-    *object = isOwn ? static_cast<IAccessible*>(this) : nullptr;
-    if (!isOwn)
-      return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0)
-      delete this;
-    return left;
-  }
 
   // What the form tells.
   HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
@@ -108,9 +87,10 @@ class AccessibleWindow final : public IAccessible {
   HRESULT STDMETHODCALLTYPE accSelect(LONG how, VARIANT child) override {
     const auto standard = [&] { return standard_.accSelect(how, child); };
     const auto take = [&](const ToldWindow& told) {
-      if (how != SELFLAG_TAKEFOCUS || (told.decided & STATE_SYSTEM_FOCUSABLE) == 0)
+      if (how != SELFLAG_TAKEFOCUS || told.decided == 0)
         return standard();
-      if ((told.states & (STATE_SYSTEM_UNAVAILABLE | STATE_SYSTEM_INVISIBLE)) != 0)
+      constexpr LONG kAsked = STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_UNAVAILABLE | STATE_SYSTEM_INVISIBLE;
+      if ((told.states & kAsked) != STATE_SYSTEM_FOCUSABLE)
         return E_ACCESSDENIED;
       ::SetFocus(window_);
       return S_OK;
@@ -164,7 +144,11 @@ class AccessibleWindow final : public IAccessible {
   }
 
  private:
-  ~AccessibleWindow() { standard_.Release(); }
+  ~AccessibleWindow() override { standard_.Release(); }
+
+  void* Find(REFIID id) override {
+    return id == __uuidof(IDispatch) ? static_cast<IDispatch*>(this) : Counted::Find(id);
+  }
 
   /// Of the window itself the form tells, of its parts the system.
   template <class Form, class Standard>
@@ -182,7 +166,6 @@ class AccessibleWindow final : public IAccessible {
   const HWND window_;
   AccessibleSource* source_;
   IAccessible& standard_;
-  std::atomic<ULONG> references_ = 1;
 };
 
 AccessibleObject::~AccessibleObject() {

@@ -31,8 +31,7 @@ void AnyButtonView::Notified(int code) {
 }
 
 bool AnyButtonView::ClickLater() {
-  const ShownControl shown = Shown();
-  return shown.enabled && shown.visible && ::PostMessageW(Window(), BM_CLICK, 0, 0) != FALSE;
+  return IsUsable() && ::PostMessageW(Window(), BM_CLICK, 0, 0) != FALSE;
 }
 
 void AnyButtonView::Clicked() {

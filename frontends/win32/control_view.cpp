@@ -93,6 +93,11 @@ ShownControl ControlView::Shown() const {
   return shown;
 }
 
+bool ControlView::IsUsable() const {
+  const LONG_PTR style = ::GetWindowLongPtrW(window_, GWL_STYLE);
+  return (style & (WS_VISIBLE | WS_DISABLED)) == WS_VISIBLE;
+}
+
 void ControlView::Name(std::wstring name, std::wstring description) {
   const auto set = [this](std::wstring& text, std::wstring&& to, DWORD event) {
     if (text == to)

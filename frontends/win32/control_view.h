@@ -39,6 +39,8 @@ class ControlView : public AccessibleSource {
 
   /// What a user sees of the control, read off the window.
   ShownControl Shown() const;
+  /// Whether the window is there and enabled, without which it takes no mouse, key or value.
+  bool IsUsable() const;
   /// Where a user points at the control.
   virtual POINT PointToPress() const;
 

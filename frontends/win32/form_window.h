@@ -41,6 +41,8 @@ class FormWindow final : private FormObserver, private AccessibleSource {
   /// Brings windows in line with what handlers have changed, in the middle of one too.
   void Settle();
 
+  /// The language of the form.
+  const Language& ShownIn() const { return form_.ShownIn(); }
   HWND Window() const { return window_; }
   const DialogFonts& Fonts() const { return *fonts_; }
   ControlView& ViewOf(const Control& control) const { return *views_.at(&control); }

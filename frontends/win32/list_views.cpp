@@ -71,7 +71,7 @@ ToldWindow AnyListView::Told() const {
 bool AnyListView::TakeValue(const std::wstring& value) {
   const std::vector<std::wstring> rows = NativeRows();
   const auto row = std::find(rows.begin(), rows.end(), value);
-  if (row == rows.end() || !Shown().enabled)
+  if (row == rows.end() || !IsUsable())
     return false;
   ::SendMessageW(Window(), messages_.select, static_cast<WPARAM>(row - rows.begin()), 0);
   return true;

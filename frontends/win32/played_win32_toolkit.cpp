@@ -3,26 +3,13 @@
 #include <exception>
 #include <utility>
 
+#include "core/forms/among.h"
 #include "frontends/win32/form_window.h"
 #include "frontends/win32/message_window.h"
 #include "frontends/win32/win32_driver.h"
 
 namespace fiscalon {
 namespace {
-
-/// A window in the list of those that are up, while it is.
-class Listed {
- public:
-  Listed(std::vector<win32::FormWindow*>& windows, win32::FormWindow& window) : windows_(windows) {
-    windows_.push_back(&window);
-  }
-  ~Listed() { windows_.pop_back(); }
-  Listed(const Listed&) = delete;
-  Listed& operator=(const Listed&) = delete;
-
- private:
-  std::vector<win32::FormWindow*>& windows_;
-};
 
 /// Reads the next box of the thread when it comes up, and presses the button that somebody says.
 class BoxUser {
@@ -105,7 +92,7 @@ void PlayedWin32Toolkit::ServeModal(Form& form) {
   if (Watcher() != nullptr)
     Watcher()->Opened(form);
   win32::FormWindow window(form, windows_.empty() ? nullptr : Window()->Window(), Watcher(), dotsPerInch_);
-  const Listed listed(windows_, window);
+  const Among up(windows_, window);
   window.onHandler = [this](std::string_view object, std::string_view event) { HandlerRuns(object, event); };
   window.Present();
   win32::Win32Driver user(window);

@@ -94,8 +94,7 @@ void Win32Driver::PressKey(const KeyStroke& stroke) {
 
 std::optional<POINT> Win32Driver::Point(const ControlView& view) {
   // What is disabled lets the mouse through to what lies behind, which is the form.
-  const ShownControl shown = view.Shown();
-  return shown.visible && shown.enabled ? std::optional(view.PointToPress()) : std::nullopt;
+  return view.IsUsable() ? std::optional(view.PointToPress()) : std::nullopt;
 }
 
 void Win32Driver::PressAndRelease(const ControlView& view, POINT place, Release release) {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "core/forms/scoped_value.h"
+#include "core/forms/among.h"
 #include "core/platform/windows/wide_text.h"
 #include "frontends/win32/form_window.h"
 #include "frontends/win32/message_window.h"
@@ -32,8 +32,6 @@ HelpResult ShowHelp(const std::wstring& file, const std::wstring& path, int32_t 
 struct Win32Toolkit::State {
   std::vector<win32::FormWindow*> windows;
   ActWatcher* watcher = nullptr;
-  /// Of the topmost form.
-  Language language = {};
 
   HWND TopWindow() const { return windows.empty() ? ::GetActiveWindow() : windows.back()->Window(); }
 
@@ -45,6 +43,7 @@ struct Win32Toolkit::State {
   }
 
   void Warn(const Wording& text) const {
+    const Language language = windows.empty() ? Language() : windows.back()->ShownIn();
     Ask({.text = text.In(language), .style = MessageStyle::Exclamation, .language = language});
   }
 };
@@ -59,16 +58,9 @@ void Win32Toolkit::Watch(ActWatcher* watcher) {
 void Win32Toolkit::ServeModal(Form& form) {
   if (state_->watcher != nullptr)
     state_->watcher->Opened(form);
-  const ScopedValue language(state_->language, form.ShownIn());
   win32::FormWindow window(form, state_->TopWindow(), state_->watcher);
-  state_->windows.push_back(&window);
-  try {
-    window.Serve();
-  } catch (...) {
-    state_->windows.pop_back();
-    throw;
-  }
-  state_->windows.pop_back();
+  const Among up(state_->windows, window);
+  window.Serve();
 }
 
 MessageAnswer Win32Toolkit::ShowMessage(const BoxRequest& box) {

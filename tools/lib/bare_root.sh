@@ -82,21 +82,14 @@ check.pc4_records = fiscalon.Records.of(record for record in records if record[3
 assert (check.is_info_valid(), check.invalid_reason) == (verdicts[0].valid, verdicts[0].reason), check.invalid_reason
 print(fiscalon.version(), verdicts[0])
 PYTHON
-cat >test_host.py <<'PYTHON'
-import fiscalon
+# The example that the plug-in bears.
+python3 - >test_host.py <<'PYTHON'
+import textwrap
 
+import fiscalon.pytest_plugin
 
-def test_an_accepted_payment_has_two_records(fiscalon_user):
-    def fill(form):
-        form.type("202412")
-        form.type("12345")
-        form.click("cmdOK")
-
-    fiscalon_user.on_form = fill
-    payment = fiscalon.Payment()
-    payment.paid_amount = "12345"
-    assert payment.show("15")
-    assert len(payment.pc4_records) == 2
+print("import fiscalon\n\n")
+print(textwrap.dedent(fiscalon.pytest_plugin.__doc__.split("\n\n", 1)[1]))
 PYTHON
 UsePython() {
   python3 judge.py

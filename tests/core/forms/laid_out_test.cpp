@@ -121,13 +121,25 @@ TEST(LaidOut, LeavesTheNameToAFieldWithACaptionOfItsOwn) {
 
 TEST(ToldFields, AreThoseOfTheLayoutInItsOrder) {
   const LaidOutForm form;
-  const std::vector<ToldField> told = ToldFields(form);
-  EXPECT_EQ(told.front().field, LaidOut(form)[0].rows[0][0].field);
-  EXPECT_EQ(told.front().name, LaidOut(form)[0].rows[0][0].name);
-  const auto described =
-      std::find_if(told.begin(), told.end(), [](const ToldField& each) { return each.description == "From"; });
-  ASSERT_NE(described, told.end());
-  EXPECT_EQ(described->field, LaidOut(form)[0].rows[3][0].field);
+  std::vector<const Control*> fields;
+  for (const ToldField& told : ToldFields(form)) fields.push_back(told.field);
+  EXPECT_EQ(fields, (std::vector<const Control*>{&form.txtFrom, &form.txtTo, &form.txtTotal, &form.txtTo, &form.chk,
+                                                 &form.txtPart1, &form.txtPart2, &form.optA, &form.lst, &form.txtInside,
+                                                 &form.txtForgot, &form.cmdForgot}));
+  EXPECT_EQ(ToldFields(form)[0].name, "From (YYYYMM)");
+  EXPECT_EQ(ToldFields(form)[4].description, "From");
+}
+
+TEST(ToldFields, AreDescribedByTheStatusWhereTheyWait) {
+  LaidOutForm form;
+  Play(form, [&](FormUser& user) {
+    form.txtFrom.SetFocus();
+    form.keeps = &form.txtFrom;
+    user.Key("Tab");
+    form.keeps = nullptr;
+    EXPECT_EQ(ToldFields(form)[0].description, "Please correct this entry: From (YYYYMM)");
+    EXPECT_EQ(ToldFields(form)[4].description, "From") << "that of another stays";
+  });
 }
 
 TEST(LaidOut, ReadsCaptionsAsTheyAreNow) {

@@ -134,45 +134,48 @@ class BatchInParts(unittest.TestCase):
         self.assertEqual(self.read("report.csv"), self.whole)
         self.assertEqual([each.name for each in self.folder.glob(".parts-*")], [])
 
-    def test_an_interrupt_does_not_wait_for_a_worker_that_stalls(self):
-        os.mkfifo(self.folder / "let-go")
-        os.mkfifo(self.folder / "begun")
+    def stall_in_a_part(self):
+        """The scheduler, and the script whose batch has a part that a worker has begun and never goes on with."""
+        for name in ("let-go", "begun"):
+            os.mkfifo(self.folder / name)
         stalling = self.folder / "stalling.py"
         stalling.write_text(STALLING.format(folder=self.folder), encoding="utf-8")
-        self.start_scheduler()
+        scheduler = self.start_scheduler()
         self.start_worker("--preload", stalling)
         judging = self.start_judging("2", "batch.csv", "batch.pc4")
         self.assertEqual((self.folder / "begun").read_text(encoding="ascii"), "begun")
-        judging.send_signal(signal.SIGINT)
+        return scheduler, judging
+
+    def ends_without_a_report(self, judging, status):
+        """What it says then."""
         _, err = judging.communicate(timeout=60)
-        self.assertEqual(judging.returncode, -signal.SIGINT, err)
+        self.assertEqual(judging.returncode, status, err)
         self.assertEqual([each.name for each in self.folder.glob("*report*")], [])
         self.assertEqual([each.name for each in self.folder.glob(".parts-*")], [])
+        return err
 
-    def test_a_cluster_that_ends_is_told(self):
+    def test_an_interrupt_does_not_wait_for_a_worker_that_stalls(self):
+        _, judging = self.stall_in_a_part()
+        judging.send_signal(signal.SIGINT)
+        self.ends_without_a_report(judging, -signal.SIGINT)
+
+    def test_a_request_to_end_leaves_nothing_behind(self):
+        _, judging = self.stall_in_a_part()
+        judging.send_signal(signal.SIGTERM)
+        self.ends_without_a_report(judging, 128 + signal.SIGTERM)
+
+    def test_tells_that_no_worker_comes(self):
         self.start_scheduler()
         judging = self.start_judging("2", "batch.csv", "batch.pc4", "--stall", "2")
-        _, err = judging.communicate(timeout=60)
-        self.assertEqual((judging.returncode, err),
-                         (75, "judge_batch: no worker has come for 2 seconds; start workers, and run the batch again\n"))
-        for number, status in ((signal.SIGKILL, 75), (signal.SIGTERM, 128 + signal.SIGTERM)):
-            for name in ("let-go", "begun"):
-                (self.folder / name).unlink(missing_ok=True)
-                os.mkfifo(self.folder / name)
-            (self.folder / "stalling.py").write_text(STALLING.format(folder=self.folder), encoding="utf-8")
-            (self.folder / "cluster.json").unlink()
-            scheduler = self.start_scheduler()
-            self.start_worker("--preload", self.folder / "stalling.py")
-            judging = self.start_judging("2", "batch.csv", "batch.pc4")
-            self.assertEqual((self.folder / "begun").read_text(encoding="ascii"), "begun")
-            (scheduler if number == signal.SIGKILL else judging).send_signal(number)
-            _, err = judging.communicate(timeout=60)
-            self.assertEqual(judging.returncode, status, err)
-            if number == signal.SIGKILL:
-                self.assertEqual(err, "judge_batch: the scheduler no longer answers; start it and its workers again, then "
-                                      "run the batch again\n")
-            self.assertEqual([each.name for each in self.folder.glob("*report*")], [])
-            self.assertEqual([each.name for each in self.folder.glob(".parts-*")], [])
+        self.assertEqual(self.ends_without_a_report(judging, 75),
+                         "judge_batch: no worker has come for 2 seconds; start workers, and run the batch again\n")
+
+    def test_tells_that_the_scheduler_has_ended(self):
+        scheduler, judging = self.stall_in_a_part()
+        scheduler.kill()
+        self.assertEqual(self.ends_without_a_report(judging, 75),
+                         "judge_batch: the scheduler no longer answers; start it and its workers again, then run the batch "
+                         "again\n")
 
     def test_no_verdict_counts_where_a_worker_sees_another_version(self):
         # The same names, and each process has files of its own there.

@@ -79,6 +79,16 @@ TEST_F(AnAccessibleWindow, ClicksNothingThatADisabledOrHiddenButtonWouldNot) {
   });
 }
 
+TEST_F(AnAccessibleWindow, GivesNoFocusToWhatTakesNoKeys) {
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    EXPECT_NE(HeldObject(In(window, form.lblPeriod)).TakeFocus(), S_OK);
+    EXPECT_EQ(::GetFocus(), In(window, form.optFirst));
+    EXPECT_EQ(form.ActiveControl(), &form.optFirst);
+    EXPECT_EQ(HeldObject(In(window, form.txtPeriod)).TakeFocus(), S_OK);
+    EXPECT_EQ(form.ActiveControl(), &form.txtPeriod);
+  });
+}
+
 TEST_F(AnAccessibleWindow, ChoosesTheRowThatReadsSo) {
   Show(form, [&](FormWindow& window, UserDriver&) {
     const HeldObject provinces(In(window, form.cmbProvince));
@@ -86,6 +96,10 @@ TEST_F(AnAccessibleWindow, ChoosesTheRowThatReadsSo) {
     EXPECT_NE(provinces.PutValue(L"Nowhere"), S_OK);
     EXPECT_EQ(form.cmbProvince.Text(), "Manitoba");
     form.cmbProvince.Enabled(false);
+    EXPECT_NE(provinces.PutValue(L"Quebec"), S_OK);
+    EXPECT_EQ(form.cmbProvince.Text(), "Manitoba");
+    form.cmbProvince.Enabled(true);
+    form.cmbProvince.Visible(false);
     EXPECT_NE(provinces.PutValue(L"Quebec"), S_OK);
     EXPECT_EQ(form.cmbProvince.Text(), "Manitoba");
   });

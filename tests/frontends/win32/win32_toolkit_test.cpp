@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "core/platform/runtime_error.h"
+#include "frontends/win32/message_window.h"
 #include "frontends/win32/windows_api.h"
 #include "tests/support/test_form.h"
 
@@ -112,27 +112,23 @@ TEST(Win32Toolkit, PassesTheEndOfTheHostOn) {
   EXPECT_EQ(message.wParam, WPARAM{42});
 }
 
-/// The captions of the buttons of a box, which is answered by the one that it would close with.
-std::vector<std::wstring> CaptionsOfBox(MessageButtons buttons) {
+/// The captions of the buttons of a box, which is answered by the last of them.
+std::vector<std::wstring> CaptionsOfBox(MessageButtons buttons, const std::vector<MessageAnswer>& answers) {
   std::vector<std::wstring> captions;
   Win32Toolkit toolkit;
   const WhenServed served([&] {
-    HWND box = ::GetActiveWindow();
-    for (HWND child = ::GetWindow(box, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
-      std::array<wchar_t, 16> name = {};
-      ::GetClassNameW(child, name.data(), static_cast<int>(name.size()));
-      if (::lstrcmpiW(name.data(), L"Button") == 0)
-        captions.push_back(TextOfWindow(child));
-    }
-    ::SendMessageW(box, WM_COMMAND, buttons == MessageButtons::YesNo ? IDNO : IDCANCEL, 0);
+    const HWND box = ::GetActiveWindow();
+    for (const MessageAnswer answer : answers) captions.push_back(TextOfWindow(::GetDlgItem(box, ButtonIdOf(answer))));
+    ::SendMessageW(box, WM_COMMAND, static_cast<WPARAM>(ButtonIdOf(answers.back())), 0);
   });
   toolkit.ShowMessage({.text = "?", .buttons = buttons, .language = *NamedLanguage("fr")});
   return captions;
 }
 
 TEST(Win32Toolkit, CaptionsTheButtonsOfABoxInItsLanguage) {
-  EXPECT_THAT(CaptionsOfBox(MessageButtons::YesNo), testing::UnorderedElementsAre(L"&Oui", L"&Non"));
-  EXPECT_THAT(CaptionsOfBox(MessageButtons::OkCancel), testing::UnorderedElementsAre(L"OK", L"Annuler"));
+  using enum MessageAnswer;
+  EXPECT_THAT(CaptionsOfBox(MessageButtons::YesNo, {Yes, No}), testing::ElementsAre(L"&Oui", L"&Non"));
+  EXPECT_THAT(CaptionsOfBox(MessageButtons::OkCancel, {Ok, Cancel}), testing::ElementsAre(L"OK", L"Annuler"));
 }
 
 TEST(Win32Toolkit, ServesTheHostsWindowsMeanwhile) {
