@@ -152,8 +152,7 @@ class Parts:
         self.client, self.arguments, self.files, self.folder = client, arguments, files, folder
         self.news = queue.SimpleQueue()
         self.heard = {}
-        # Until somebody is heard of.
-        self.awaited = time.monotonic()
+        self.latest = time.monotonic()
         topic = f"judge_batch-{uuid.uuid4()}"
         client.subscribe_topic(topic, lambda event: self.news.put(event[1]))
         self.runs = {client.submit(judge, number, arguments.parts, *files, folder, options, topic, pure=False): number
@@ -175,7 +174,7 @@ class Parts:
         while left:
             with contextlib.suppress(queue.Empty):
                 told = self.news.get(timeout=self.arguments.stall / 10)
-                self.awaited = None
+                self.latest = time.monotonic()
                 if isinstance(told, Future):
                     number = left.pop(told)
                     self.heard.pop(number, None)
@@ -187,16 +186,14 @@ class Parts:
                     yield number, result
                 else:
                     number, worker, place = told
-                    self.heard[number] = time.monotonic(), worker, place
+                    self.heard[number] = self.latest, worker, place
             self.refuse_stall(left)
 
     def refuse_stall(self, left):
-        if self.awaited is not None and time.monotonic() - self.awaited >= self.arguments.stall and not self.at_work():
-            raise Stalled(f"no worker has come for {self.arguments.stall:g} seconds; start workers, and run the batch "
-                          "again")
+        now = time.monotonic()
         for run, number in left.items():
             when, worker, place = self.heard.get(number, (None, None, None))
-            if when is None or time.monotonic() - when < self.arguments.stall:
+            if when is None or now - when < self.arguments.stall:
                 continue
             at_work = self.at_work()
             if not at_work:
@@ -209,6 +206,10 @@ class Parts:
             raise Stalled(f"part {number} of {self.arguments.parts}: {place} has made no progress for "
                           f"{self.arguments.stall:g} seconds; see whether {' and '.join(self.files)} can be read and "
                           f"{self.folder} be written there, then run the batch again, or wait longer with --stall")
+        # The last one may have gone between two parts.
+        if now - self.latest >= self.arguments.stall and not self.at_work():
+            raise Stalled(f"no worker has come for {self.arguments.stall:g} seconds; start workers, and run the batch "
+                          "again")
 
 
 def judge_all(arguments, options, files, folder):
@@ -309,7 +310,8 @@ def summary(counts):
     """What one run says: how many payments are valid, and the reasons, the most frequent first."""
     total = sum(counts.values())
     invalid = total - counts.pop("", 0)
-    lines = [f"{total} payment{'' if total == 1 else 's'}: " + (f"{total - invalid} valid, {invalid} invalid" if invalid else "all valid")]
+    verdict = f"{total - invalid} valid, {invalid} invalid" if invalid else "all valid"
+    lines = [f"{total} payment{'' if total == 1 else 's'}: {verdict}"]
     ranked = sorted(counts.items(), key=lambda entry: (-entry[1], entry[0]))
     lines += [f"{count:12}{(count * 1000 // invalid + 5) // 10:6} %  {reason}" for reason, count in ranked[:20]]
     return "\n".join(lines), invalid

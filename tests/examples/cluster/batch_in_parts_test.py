@@ -65,6 +65,23 @@ fiscalon.validate_batch = stalling
 """
 
 
+# What a worker loads that begins no other part after its first.
+PAUSING = """\
+import distributed
+import fiscalon
+from fiscalon._batch import validate_batch as judge
+
+
+def pausing(*arguments, **options):
+    worker = distributed.get_worker()
+    worker.loop.add_callback(setattr, worker, "status", distributed.Status.paused)
+    return judge(*arguments, **options)
+
+
+fiscalon.validate_batch = pausing
+"""
+
+
 def command_of_guide(first_words):
     """The indented block of the guide that begins so."""
     blocks = GUIDE.read_text(encoding="utf-8").split("\n\n")
@@ -108,6 +125,15 @@ class BatchInParts(unittest.TestCase):
         return self.start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0", *arguments,
                           folder=folder)
 
+    def start_preloaded_worker(self, text):
+        """One that is there, and has loaded that before."""
+        preload = self.folder / "preload.py"
+        preload.write_text(text.format(folder=self.folder), encoding="utf-8")
+        worker = self.start_worker("--preload", preload)
+        with distributed.Client(scheduler_file=self.folder / "cluster.json") as client:
+            client.wait_for_workers(1)
+        return worker
+
     def start_judging(self, parts, *files):
         judging = subprocess.Popen([sys.executable, EXAMPLE, "--scheduler-file", "cluster.json", "--parts", parts, *files,
                                     "report.csv", "--", *OPTIONS], cwd=self.folder,
@@ -134,17 +160,15 @@ class BatchInParts(unittest.TestCase):
         self.assertEqual(self.read("report.csv"), self.whole)
         self.assertEqual([each.name for each in self.folder.glob(".parts-*")], [])
 
-    def stall_in_a_part(self):
-        """The scheduler, and the script whose batch has a part that a worker has begun and never goes on with."""
+    def stall_in_a_part(self, *options):
+        """The scheduler, the script, and a worker that has begun a part of its batch and never goes on with it."""
         for name in ("let-go", "begun"):
             os.mkfifo(self.folder / name)
-        stalling = self.folder / "stalling.py"
-        stalling.write_text(STALLING.format(folder=self.folder), encoding="utf-8")
         scheduler = self.start_scheduler()
-        self.start_worker("--preload", stalling)
-        judging = self.start_judging("2", "batch.csv", "batch.pc4")
+        worker = self.start_preloaded_worker(STALLING)
+        judging = self.start_judging("2", "batch.csv", "batch.pc4", *options)
         self.assertEqual((self.folder / "begun").read_text(encoding="ascii"), "begun")
-        return scheduler, judging
+        return scheduler, judging, worker
 
     def ends_without_a_report(self, judging, status):
         """What it says then."""
@@ -155,12 +179,12 @@ class BatchInParts(unittest.TestCase):
         return err
 
     def test_an_interrupt_does_not_wait_for_a_worker_that_stalls(self):
-        _, judging = self.stall_in_a_part()
+        _, judging, _ = self.stall_in_a_part()
         judging.send_signal(signal.SIGINT)
         self.ends_without_a_report(judging, -signal.SIGINT)
 
     def test_a_request_to_end_leaves_nothing_behind(self):
-        _, judging = self.stall_in_a_part()
+        _, judging, _ = self.stall_in_a_part()
         judging.send_signal(signal.SIGTERM)
         self.ends_without_a_report(judging, 128 + signal.SIGTERM)
 
@@ -170,8 +194,24 @@ class BatchInParts(unittest.TestCase):
         self.assertEqual(self.ends_without_a_report(judging, 75),
                          "judge_batch: no worker has come for 2 seconds; start workers, and run the batch again\n")
 
+    def test_tells_that_no_worker_is_left_for_a_part_that_none_has_begun(self):
+        self.start_scheduler()
+        worker = self.start_preloaded_worker(PAUSING)
+        judging = self.start_judging("2", "batch.csv", "batch.pc4", "--stall", "2")
+        self.assertEqual(judging.stderr.readline(), "1 of 2 parts\n")
+        worker.kill()
+        self.assertEqual(self.ends_without_a_report(judging, 75),
+                         "judge_batch: no worker has come for 2 seconds; start workers, and run the batch again\n")
+
+    def test_tells_which_part_the_last_worker_has_died_in(self):
+        _, judging, worker = self.stall_in_a_part("--stall", "2")
+        worker.kill()
+        self.assertRegex(self.ends_without_a_report(judging, 75),
+                         r"^judge_batch: part [12] of 2: \S+ \(tcp://127\.0\.0\.1:\d+\) has died, and no worker is left; "
+                         r"start workers, and run the batch again\n$")
+
     def test_tells_that_the_scheduler_has_ended(self):
-        scheduler, judging = self.stall_in_a_part()
+        scheduler, judging, _ = self.stall_in_a_part()
         scheduler.kill()
         self.assertEqual(self.ends_without_a_report(judging, 75),
                          "judge_batch: the scheduler no longer answers; start it and its workers again, then run the batch "
