@@ -281,14 +281,19 @@ TEST_F(ShownMisuse, WhatABatchIsJudgedByStays) {
   EXPECT_EQ(fiscalon_use_locale("en-CA"), 0);
 }
 
-/// What a child of this process ends with: 0 where the routine found all as it should be.
+/// What a child of this process ends with.
+int EndOf(pid_t child) {
+  int status = 0;
+  EXPECT_EQ(waitpid(child, &status, 0), child);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 100 + status;
+}
+
+/// 0 where the routine found all as it should be.
 int InAChild(const std::function<bool()>& routine) {
   const pid_t child = fork();
   if (child == 0)
     _exit(routine() ? 0 : 1);
-  int status = 0;
-  EXPECT_EQ(waitpid(child, &status, 0), child);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : 100 + status;
+  return EndOf(child);
 }
 
 TEST_F(ShownMisuse, AChildGoesOnWithAllThatNeedsNothingOfTheSystem) {
@@ -301,6 +306,28 @@ TEST_F(ShownMisuse, AChildGoesOnWithAllThatNeedsNothingOfTheSystem) {
             }),
             0);
   EXPECT_EQ(Show(payment_), 0);
+}
+
+TEST_F(Misuse, AChildOfABatchsRoutineHasABatchOfItsOwn) {
+  const auto judgesAnother = [] {
+    OneBatch another;
+    another.onVerdict = [](const fiscalon_verdict&) {
+      return fiscalon_use_locale("fr-CA") == -1 && LastError().number == FISCALON_ERROR_BUSY ? 0 : 1;
+    };
+    return another.Judge() == 0 && fiscalon_use_locale("fr-CA") == 0;
+  };
+  OneBatch batch;
+  pid_t child = 0;
+  batch.onVerdict = [&](const fiscalon_verdict&) {
+    child = fork();
+    return 0;
+  };
+  const int answer = batch.Judge();
+  if (child == 0)
+    _exit(answer == 0 && judgesAnother() ? 0 : 1);
+  EXPECT_EQ(answer, 0) << LastError().description;
+  EXPECT_EQ(EndOf(child), 0);
+  EXPECT_EQ(fiscalon_use_locale("en-CA"), 0);
 }
 
 TEST_F(ShownMisuse, AChildOfAThreadThatWasNotInTheLibraryCannotGoOn) {
