@@ -241,11 +241,13 @@ internal static class HostTests
     // screen that is not judged.
     private static readonly byte[] payments = FiscalonModule.BytesOf(
         "seq,screen,biller,amount\r\n0001,03,,12345\r\n0002,03,,12345\r\n0003,15,,12345\r\n");
-    private static readonly byte[] recordLines = FiscalonModule.BytesOf(string.Concat(
-        new[] { ("0001", "12345", "500000"), ("0002", "12300", "500001"), ("0003", "12345", "500000") }.Select(each =>
-            $"\"{$"PC4{each.Item1}T".PadRight(40) + "Jane Doe",-160}\"\r\n\"" +
-            ($"PC4{each.Item1}F01{each.Item2.PadLeft(18, '0')}0220260531          03{each.Item3.PadLeft(18, '0')}" +
-                "04000000000000000012").PadRight(160) + "\"\r\n")));
+    private static readonly byte[] recordLines = FiscalonModule.BytesOf(
+        RecordsOf("0001", "12345") + RecordsOf("0002", "12300", "500001") + RecordsOf("0003", "12345"));
+
+    private static string RecordsOf(string seq, string amount, string payroll = "500000") =>
+        $"\"{$"PC4{seq}T".PadRight(40) + "Jane Doe",-160}\"\r\n\"" +
+        ($"PC4{seq}F01{amount.PadLeft(18, '0')}0220260531          03{payroll.PadLeft(18, '0')}" +
+            "04000000000000000012").PadRight(160) + "\"\r\n";
 
     public static void JudgesBatches()
     {
@@ -269,6 +271,37 @@ internal static class HostTests
         Equal("0001,0002,0003", string.Join(",", parts.Select(verdict => verdict.Seq)));
         var bad = new Batch(payments, recordLines) { WantsValid = false }.Verdicts().Select(verdict => verdict.Seq);
         Equal("0002,0003", string.Join(",", bad));
+    }
+
+    public static void EndsABatchWhereBadPaymentsAreFarBetween()
+    {
+        const int count = 60000;
+        var numbers = Enumerable.Range(0, count).ToList();
+        var rows = "seq,screen,biller,amount\r\n" + string.Concat(numbers.Select(each => $"{each % 10000:D4},03,,12345\r\n"));
+        var records = string.Concat(numbers.Select(each => RecordsOf($"{each % 10000:D4}", each == 0 ? "12300" : "12345")));
+        Thread taker = Thread.CurrentThread;
+        var taken = new ManualResetEventSlim();
+        long most = 0;
+        var batch = new Batch(FiscalonModule.BytesOf(rows), FiscalonModule.BytesOf(records))
+        {
+            WantsValid = false,
+            Jobs = 1,
+            OnProgress = counts =>
+            {
+                most = counts.Payments;
+                // Whoever has taken a verdict waits for one thing only: that the batch ends.
+                SpinWait.SpinUntil(() => taken.IsSet && taker.ThreadState.HasFlag(ThreadState.WaitSleepJoin), 10000);
+            }
+        };
+        foreach (Verdict verdict in batch.Verdicts())
+        {
+            Equal(2L, verdict.Row);
+            taken.Set();
+            break;
+        }
+        Equal(true, most < count, $"it ends after {most} payments");
+        batch.OnProgress = null;
+        Equal((long)count, batch.Validate().Payments, "all that there are");
     }
 
     public static void JudgesOnePaymentByItself()
