@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Makes what is given out of a tree of sources: archives, packages. The same sources give the same bytes, in any folder and
-at any time.
+"""Makes what is given out of a tree of sources: archives, packages. The same sources give the same bytes, in any folder
+and at any time.
 
     artefacts.py --out FOLDER [--kind KIND]...
 
@@ -19,24 +19,34 @@ from pathlib import Path
 
 import source_tree
 
-# What a kind needs, by the Debian packages that have it.
+# What a kind needs, by the Debian packages that have it: programs, and modules of Python.
 NEEDS = {
     "source": {},
-    "debian": {"cmake": "cmake", "ninja": "ninja-build", "g++": "g++", "dpkg-shlibdeps": "dpkg-dev", "doxygen": "doxygen"},
+    "debian": {"cmake": "cmake", "ninja": "ninja-build", "g++": "g++", "dpkg-shlibdeps": "dpkg-dev",
+               "doxygen": "doxygen",
+               "/usr/bin/python3 -m setuptools": "python3-setuptools", "/usr/bin/python3 -m wheel": "python3-wheel"},
     "windows": {"cmake": "cmake", "ninja": "ninja-build", "x86_64-w64-mingw32-g++-posix": "g++-mingw-w64-x86-64-posix",
                 "i686-w64-mingw32-g++-posix": "g++-mingw-w64-i686-posix", "x86_64-w64-mingw32-widl": "mingw-w64-tools",
                 "wixl": "wixl", "msibuild": "msitools", "wine": "wine"},
 }  # fmt: skip
 
 
+def is_there(tool):
+    program, _, module = tool.partition(" -m ")
+    if not shutil.which(program):
+        return False
+    return not module or subprocess.run([program, "-c", f"import {module}"], capture_output=True).returncode == 0
+
+
 def missing(kinds):
     """The tools that are not there, with the packages that bring them."""
-    return {tool: package for kind in kinds for tool, package in NEEDS[kind].items() if not shutil.which(tool)}
+    return {tool: package for kind in kinds for tool, package in NEEDS[kind].items() if not is_there(tool)}
 
 
 def run(*command, cwd):
+    date = str(source_tree.source_date(cwd_tree(cwd)))
     # What a compiler has kept of another build would show nothing of this one.
-    environment = {**os.environ, "SOURCE_DATE_EPOCH": str(source_tree.source_date(cwd_tree(cwd))), "CCACHE_DISABLE": "1"}
+    environment = {**os.environ, "SOURCE_DATE_EPOCH": date, "CCACHE_DISABLE": "1"}
     for name in ("CMAKE_CXX_COMPILER_LAUNCHER", "LDFLAGS", "CXXFLAGS"):
         environment.pop(name, None)
     # What a package says of rights is the same, whatever those of the maker's own files are.
@@ -70,10 +80,8 @@ def debian(tree, out):
     run("cmake", "--build", "--preset", "package", cwd=tree)
     run("cpack", cwd=tree / "build/package")
     built = tree / "build/package"
-    wheels = list((built / "bindings/python/wheels").glob("*.whl"))
-    if not wheels:
-        raise OSError("no wheel was made: install the Debian packages python3-setuptools and python3-wheel")
-    for package in (*sorted((built / "packages").glob("*.deb")), *wheels):
+    (wheel,) = (built / "bindings/python/wheels").glob("*.whl")
+    for package in (*sorted((built / "packages").glob("*.deb")), wheel):
         shutil.copy(package, out)
 
 
@@ -111,7 +119,8 @@ def main(arguments):
     kinds = told.kinds or [kind for kind in MAKERS if not missing([kind])]
     lacking = missing(kinds)
     if lacking:
-        sys.exit("artefacts: " + ", ".join(f"{tool} is missing (Debian: {package})" for tool, package in lacking.items()))
+        reasons = (f"{tool} is missing (Debian: {package})" for tool, package in lacking.items())
+        sys.exit("artefacts: " + ", ".join(reasons))
     make(told.out.resolve(), kinds)
 
 

@@ -7,6 +7,7 @@ import importlib.util
 import io
 import json
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -145,6 +146,20 @@ class Release(unittest.TestCase):
     def test_names_the_tools_that_are_missing(self):
         self.release.artefacts.NEEDS["source"] = {"no-such-tool": "no-such-package"}
         self.assertIn("no-such-tool is missing: install the Debian package no-such-package", self.refusal())
+
+    def test_names_the_modules_that_are_missing(self):
+        self.release.artefacts.NEEDS["source"] = {f"{sys.executable} -m no_such_module": "no-such-package",
+                                                  f"{sys.executable} -m json": "libpython3-stdlib",
+                                                  "no-such-python -m json": "no-such-python"}  # fmt: skip
+        self.assertEqual(self.refusal().splitlines(), [
+            f"release: {sys.executable} -m no_such_module is missing: install the Debian package no-such-package",
+            "release: no-such-python -m json is missing: install the Debian package no-such-python"])  # fmt: skip
+
+    def test_needs_the_modules_that_the_build_makes_a_wheel_with(self):
+        build = (SOURCES / "bindings/python/CMakeLists.txt").read_text(encoding="utf-8")
+        python, modules = re.search(r'set\(python (\S+)\)\n.*\$\{python\} -c "import (.*?)"', build).groups()
+        needed = {tool for tool in self.release.artefacts.NEEDS["debian"] if " -m " in tool}
+        self.assertEqual(needed, {f"{python} -m {module}" for module in modules.split(", ")})
 
     def test_leaves_a_release_and_a_part_of_one_alone(self):
         self.out.mkdir()
