@@ -63,6 +63,8 @@ check | linkchecker        | follows the links of pages and guides
 check | abigail-tools      | compares the interface of the library with the one that is kept
 long  | debootstrap        | a bare system to install the packages on
 bench | libbenchmark-dev   | the benchmarks
+bench | sshfs              | a folder of a server, for what that costs a cluster
+bench | openssh-sftp-server | the server
 fuzz  | clang              | compiles the fuzz targets
 fuzz  | libclang-rt-dev    | the fuzzing engine and the sanitizers of clang
 '
