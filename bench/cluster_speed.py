@@ -3,7 +3,7 @@
 two workers, holds it against those of four and eight, and says what it expects of more workers, each with a core of its
 own. Then what a part reads of the files, and what it costs that they lie on a server.
 
-    PYTHONPATH=bindings/python FISCALON_LIBRARY=build/release/bindings/c/libfiscalon-c.so.1 \\
+    FISCALON_LIBRARY=build/release/bindings/c/libfiscalon-c.so.1 \\
         bench/cluster_speed.py build/release/tools/fiscalon/fiscalon [--payments N] [--runs N]
 
 Runs take turns. Quote the ratios, not the seconds. Needs Dask (python3-distributed); the server, sshfs and
@@ -95,24 +95,28 @@ def expected(costs, run, cores):
 def cluster(folder):
     """Starts a scheduler, and gives a routine that starts one more worker and waits until it is there."""
     processes = []
+    log, reached = os.path.join(folder, "cluster.log"), os.path.join(folder, "cluster.json")
 
     def start(module, *arguments):
-        log = open(os.path.join(folder, "cluster.log"), "ab")
-        processes.append(subprocess.Popen([sys.executable, "-m", module, "--scheduler-file", "cluster.json", "--no-dashboard",
-                                           *arguments], cwd=folder, stdout=log, stderr=log))
+        command = [sys.executable, "-m", module, "--scheduler-file", "cluster.json", "--no-dashboard", *arguments]
+        with open(log, "ab") as told:
+            processes.append(subprocess.Popen(command, cwd=folder, stdout=told, stderr=told))
 
     def add_worker():
         from distributed import Client
         began = time.perf_counter()
         start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0")
-        with Client(scheduler_file=os.path.join(folder, "cluster.json")) as client:
-            client.wait_for_workers(len(processes) - 1)
+        with Client(scheduler_file=reached) as client:
+            client.wait_for_workers(len(processes) - 1, timeout=60)
         return time.perf_counter() - began
 
-    start("distributed.cli.dask_scheduler", "--port", "0", "--host", "127.0.0.1")
-    while not os.path.exists(os.path.join(folder, "cluster.json")):
-        time.sleep(0.05)
     try:
+        start("distributed.cli.dask_scheduler", "--port", "0", "--host", "127.0.0.1")
+        while not os.path.exists(reached):
+            if processes[0].poll() is not None:
+                with open(log, encoding="utf-8", errors="replace") as told:
+                    sys.exit(f"the scheduler has ended:\n{told.read()}")
+            time.sleep(0.05)
         yield add_worker
     finally:
         for process in processes:
@@ -134,22 +138,26 @@ def measure_cluster(program, folder, batches, runs):
             for _ in range(runs):
                 for batch in batches:
                     files = [batch.name + ".csv", batch.name + ".pc4"]
-                    alone[batch].append(seconds_of([program, *OPTIONS, "validate", "--payments", files[0], "--records", files[1],
-                                                    "--jobs", "1", "--report", "alone.csv"], folder))
+                    command = [program, *OPTIONS, "validate", "--payments", files[0], "--records", files[1],
+                               "--jobs", "1", "--report", "alone.csv"]
+                    alone[batch].append(seconds_of(command, folder))
                     for parts in (target, 4 * target, 16 * target)[:3 if target <= 2 else 2]:
-                        command = [sys.executable, os.path.join(TREE, "examples/cluster/judge_batch.py"), "--scheduler-file",
-                                   "cluster.json", "--parts", str(parts), *files, "report.csv", "--", *OPTIONS]
+                        command = [sys.executable, os.path.join(TREE, "examples/cluster/judge_batch.py"),
+                                   "--scheduler-file", "cluster.json", "--parts", str(parts), *files, "report.csv",
+                                   "--", *OPTIONS]
                         times[Run(target, parts, batch)].append(seconds_of(command, folder))
-    return ({run: min(each) for run, each in times.items()}, {batch: min(each) for batch, each in alone.items()}, min(starts))
+    least = ({kind: min(each) for kind, each in seconds.items()} for seconds in (times, alone))
+    return *least, min(starts)
 
 
 def show_cluster(program, folder, payments, runs):
-    small, large = batches = [make(program, folder, payments // 4), make(program, folder, payments)]
+    batches = [make(program, folder, payments // 4), make(program, folder, payments)]
+    large = batches[-1]
     times, alone, start = measure_cluster(program, folder, batches, runs)
     costs = fitted({run: seconds for run, seconds in times.items() if run.workers <= 2})
     base = alone[large]
-    print(f"{payments} payments, {large.records / 1e6:.0f} MB of records, {large.list / 1e6:.0f} MB of list; {CORES} cores, "
-          f"the least of {runs} runs of each")
+    print(f"{payments} payments, {large.records / 1e6:.0f} MB of records, {large.list / 1e6:.0f} MB of list; "
+          f"{CORES} cores, the least of {runs} runs of each")
     print(f"`validate --jobs 1 --report` alone: 1.00 ({base:.2f} s). A worker is ready after {start / base:.2f}\n")
     print("workers  parts  measured  model   measured/model")
     for run, seconds in times.items():
@@ -162,8 +170,8 @@ def show_cluster(program, folder, payments, runs):
                                 ("4 and 8 workers, which it has not seen", lambda run: run.workers > 2))}
     print()
     for name, each in off.items():
-        print(f"off by {statistics.median(each):.0%}, at most {max(each):.0%}: {name}, {len(each)} kinds of runs, both batches")
-    del small
+        print(f"off by {statistics.median(each):.0%}, at most {max(each):.0%}: {name}, {len(each)} kinds of runs, "
+              "both batches")
     print("\nwhat one of each costs, by the model, as a share of the program alone:")
     one = Run(1, 1, large)
     for name, cost, term in zip(TERMS, costs, terms(one, CORES)):
@@ -201,8 +209,8 @@ def forget(name):
 
 
 def part_of(program, batch, place, part, of):
-    return [program, *OPTIONS, "validate", "--payments", f"{place}.csv", "--records", f"{place}.pc4", "--part", f"{part}/{of}",
-            "--jobs", "1", "--report", batch.name + ".report"]
+    return [program, *OPTIONS, "validate", "--payments", f"{place}.csv", "--records", f"{place}.pc4",
+            "--part", f"{part}/{of}", "--jobs", "1", "--report", batch.name + ".report"]
 
 
 def show_reading(program, folder, batch):
