@@ -100,7 +100,9 @@ def judge(number, parts, payments, records, folder, options, topic):
         seen = [version_of(name) for name in (payments, records)]
         fiscalon.use_fixed_clock(datetime.date.fromisoformat(options.today))
         fiscalon.use_locale(options.locale)
-        with open(os.path.join(folder, str(number)), "w", encoding="utf-8", newline="") as report:
+        # A worker that was given up may be at the same part: no one writes into what another one has written.
+        own = os.path.join(folder, f"{number}-{uuid.uuid4()}")
+        with open(own, "w", encoding="utf-8", newline="") as report:
             rows = csv.writer(report, lineterminator="\n")
             if number == 1 and not options.json_lines:
                 rows.writerow(("seq", "screen", "valid", "reason"))
@@ -114,6 +116,7 @@ def judge(number, parts, payments, records, folder, options, topic):
                     rows.writerow((seq, screen, "no" if reason else "yes", reason))
         if seen != [version_of(name) for name in (payments, records)]:
             raise Unusable("a file changed while it was read")
+        os.replace(own, os.path.join(folder, str(number)))
     except fiscalon.BatchError as error:
         raise Unusable(f"part {number} of {parts} on {place}: " + "\n".join(map(str, error.problems))) from None
     except fiscalon.FiscalonError as error:
@@ -170,28 +173,29 @@ class Parts:
 
     def outcomes(self):
         """What `judge` gives for each part, with its number, as they are done."""
-        left = dict(self.runs)
-        while left:
+        while self.runs:
             with contextlib.suppress(queue.Empty):
                 told = self.news.get(timeout=self.arguments.stall / 10)
                 self.latest = time.monotonic()
                 if isinstance(told, Future):
-                    number = left.pop(told)
+                    number = self.runs.pop(told)
                     self.heard.pop(number, None)
                     try:
                         result = answered(self.arguments.stall, "a worker", told.result)
                     except concurrent.futures.CancelledError:
                         raise Stalled("the scheduler no longer answers; start it and its workers again, then run the "
                                       "batch again") from None
+                    # Or it would be judged again where its worker goes.
+                    told.release()
                     yield number, result
                 else:
                     number, worker, place = told
                     self.heard[number] = self.latest, worker, place
-            self.refuse_stall(left)
+            self.refuse_stall()
 
-    def refuse_stall(self, left):
+    def refuse_stall(self):
         now = time.monotonic()
-        for run, number in left.items():
+        for run, number in self.runs.items():
             when, worker, place = self.heard.get(number, (None, None, None))
             if when is None or now - when < self.arguments.stall:
                 continue

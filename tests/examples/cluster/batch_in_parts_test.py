@@ -37,6 +37,8 @@ from fiscalon._batch import validate_batch as judge
 
 
 def stalling(*arguments, **options):
+    with open("{folder}/judged", "a") as told:
+        told.write(f"{{options['part'][0]}}\\n")
     try:
         os.mkdir("{folder}/first")
     except FileExistsError:
@@ -44,6 +46,7 @@ def stalling(*arguments, **options):
     with open("{folder}/worker", "w") as told:
         told.write(str(os.getpid()))
     open("{folder}/let-go").read()
+    return judge(*arguments, **options)
 
 
 fiscalon.validate_batch = stalling
@@ -125,14 +128,20 @@ class BatchInParts(unittest.TestCase):
         return self.start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0", *arguments,
                           folder=folder)
 
-    def start_preloaded_worker(self, text):
-        """One that is there, and has loaded that before."""
+    def start_preloaded_workers(self, text, count=1):
+        """They are there then, and have loaded that before."""
         preload = self.folder / "preload.py"
         preload.write_text(text.format(folder=self.folder), encoding="utf-8")
-        worker = self.start_worker("--preload", preload)
+        workers = [self.start_worker("--preload", preload) for _ in range(count)]
+        self.wait_until(lambda client: len(client.processing()) == count)
+        return workers
+
+    def wait_until(self, holds):
+        """What holds is asked of a client of the cluster."""
+        end = time.monotonic() + 60
         with distributed.Client(scheduler_file=self.folder / "cluster.json") as client:
-            client.wait_for_workers(1)
-        return worker
+            while not holds(client):
+                self.assertLess(time.monotonic(), end)
 
     def start_judging(self, parts, *files):
         judging = subprocess.Popen([sys.executable, EXAMPLE, "--scheduler-file", "cluster.json", "--parts", parts, *files,
@@ -144,10 +153,8 @@ class BatchInParts(unittest.TestCase):
     def test_a_cluster_that_loses_a_worker_gives_the_report_of_one_run(self):
         os.mkfifo(self.folder / "let-go")
         os.mkfifo(self.folder / "worker")
-        stalling = self.folder / "stalling.py"
-        stalling.write_text(STALLING_ONCE.format(folder=self.folder), encoding="utf-8")
         self.start_scheduler()
-        workers = [self.start_worker("--preload", stalling) for _ in range(2)]
+        workers = self.start_preloaded_workers(STALLING_ONCE, 2)
         judging = self.start_judging("5", "batch.csv", "batch.pc4")
         # Reading waits until a worker is in the middle of a part.
         worker = int((self.folder / "worker").read_text(encoding="ascii"))
@@ -160,12 +167,30 @@ class BatchInParts(unittest.TestCase):
         self.assertEqual(self.read("report.csv"), self.whole)
         self.assertEqual([each.name for each in self.folder.glob(".parts-*")], [])
 
+    def test_a_part_that_is_done_is_not_judged_again_where_its_worker_goes(self):
+        os.mkfifo(self.folder / "let-go")
+        os.mkfifo(self.folder / "worker")
+        self.start_scheduler()
+        workers = self.start_preloaded_workers(STALLING_ONCE, 2)
+        judging = self.start_judging("2", "batch.csv", "batch.pc4")
+        stalling = int((self.folder / "worker").read_text(encoding="ascii"))
+        self.assertEqual(judging.stderr.readline(), "1 of 2 parts\n")
+        for worker in workers:
+            if worker.pid != stalling:
+                worker.kill()
+        self.wait_until(lambda client: len(client.processing()) == 1)
+        (self.folder / "let-go").write_text("", encoding="ascii")
+        _, err = judging.communicate(timeout=60)
+        self.assertEqual((judging.returncode, err), (1, "2 of 2 parts\n"))
+        self.assertEqual(self.read("report.csv"), self.whole)
+        self.assertEqual(sorted(self.read("judged").decode().split()), ["1", "2"])
+
     def stall_in_a_part(self, *options):
         """The scheduler, the script, and a worker that has begun a part of its batch and never goes on with it."""
         for name in ("let-go", "begun"):
             os.mkfifo(self.folder / name)
         scheduler = self.start_scheduler()
-        worker = self.start_preloaded_worker(STALLING)
+        worker, = self.start_preloaded_workers(STALLING)
         judging = self.start_judging("2", "batch.csv", "batch.pc4", *options)
         self.assertEqual((self.folder / "begun").read_text(encoding="ascii"), "begun")
         return scheduler, judging, worker
@@ -196,7 +221,7 @@ class BatchInParts(unittest.TestCase):
 
     def test_tells_that_no_worker_is_left_for_a_part_that_none_has_begun(self):
         self.start_scheduler()
-        worker = self.start_preloaded_worker(PAUSING)
+        worker, = self.start_preloaded_workers(PAUSING)
         judging = self.start_judging("2", "batch.csv", "batch.pc4", "--stall", "2")
         self.assertEqual(judging.stderr.readline(), "1 of 2 parts\n")
         worker.kill()
@@ -205,6 +230,7 @@ class BatchInParts(unittest.TestCase):
 
     def test_tells_which_part_the_last_worker_has_died_in(self):
         _, judging, worker = self.stall_in_a_part("--stall", "2")
+        self.wait_until(lambda client: any(topic.startswith("judge_batch-") for topic in client.get_events()))
         worker.kill()
         self.assertRegex(self.ends_without_a_report(judging, 75),
                          r"^judge_batch: part [12] of 2: \S+ \(tcp://127\.0\.0\.1:\d+\) has died, and no worker is left; "
@@ -398,7 +424,7 @@ class JudgeBatch(unittest.TestCase):
         for step in ("place_of", "version_of"):
             with unittest.mock.patch.object(self.example, step, self.blocked()):
                 self.refuses("has not answered this machine for 1 seconds", expected=75, stall="1")
-        with unittest.mock.patch.object(self.example.os, "replace", self.blocked()):
+        with unittest.mock.patch.object(self.example.os, "fsync", self.blocked()):
             self.refuses("has not answered this machine for 5 seconds", expected=75, stall="5")
         self.assertFalse((self.folder / "report.csv").exists())
 
@@ -469,6 +495,21 @@ class JudgeBatch(unittest.TestCase):
             self.assertEqual(said in err, expected == 2, err)
             self.assertEqual((self.folder / "report.csv").exists(), expected != 2)
             (self.folder / "report.csv").unlink(missing_ok=True)
+
+    def test_puts_a_part_in_the_folder_when_it_is_whole(self):
+        judge = self.example.fiscalon.validate_batch
+        seen = []
+
+        def looking(*arguments, **options):
+            yield from judge(*arguments, **options)
+            seen.extend(file.name for file in self.folder.glob(".parts-*/*"))
+
+        with unittest.mock.patch("fiscalon.validate_batch", looking):
+            status, _, err = self.judge("--", *OPTIONS, parts="1")
+        self.assertEqual(status, 1, err)
+        self.assertEqual(len(seen), 1)
+        self.assertNotIn("1", seen)
+        self.assertEqual(self.read("report.csv"), self.read("whole.csv"))
 
     def test_refuses_what_is_no_file(self):
         os.mkfifo(self.folder / "pipe")
