@@ -40,7 +40,8 @@ class InterruptWatch {
   void End();
 };
 
-/// Holds a second interrupt off while it lives: for steps that are done together or not at all.
+/// Holds a second interrupt off while it lives: for steps that are done together or not at all. Nor does `EndAtOnce`
+/// take a file away in the middle of them; where it has begun to, these don't begin. None lives within another.
 class HeldOff {
  public:
   HeldOff();

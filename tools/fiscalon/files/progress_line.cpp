@@ -41,11 +41,16 @@ std::string ProgressText(const Progress& progress, double seconds) {
   return text;
 }
 
+void WipeProgress() {
+  if (ComplaintsAreSeen())
+    std::cerr << kWipedLine << std::flush;
+}
+
 ProgressLine::ProgressLine() : isShown_(ComplaintsAreSeen()) {}
 
 ProgressLine::~ProgressLine() {
   if (isDirty_)
-    std::cerr << "\r\x1B[K" << std::flush;
+    WipeProgress();
 }
 
 void ProgressLine::Show(const Progress& progress) {

@@ -42,6 +42,10 @@ class ProgressLine {
   Clock::time_point next_ = start_;
 };
 
+/// Takes away what a line of progress has left on standard error, for whoever has something to say in its place. Leaves
+/// no trace where standard error is no terminal.
+void WipeProgress();
+
 /// "1,234,567 payments  37 %  8.4 million a second  0:03 left"
 std::string ProgressText(const Progress& progress, double seconds);
 

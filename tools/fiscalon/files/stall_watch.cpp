@@ -8,6 +8,7 @@
 
 #include "tools/fiscalon/files/file_places.h"
 #include "tools/fiscalon/files/interrupt_watch.h"
+#include "tools/fiscalon/files/progress_line.h"
 #include "tools/reading/visible_text.h"
 
 namespace fiscalon {
@@ -65,6 +66,8 @@ void StallWatch::Watch() const {
         return;
       if (came)
         continue;
+      // The program ends without the progress line's own end.
+      WipeProgress();
       std::cerr << "fiscalon: " << VisibleUtf8(file) << ": its folder has not answered for "
                 << Counted(static_cast<uint64_t>(patience_.count()), "second")
                 << "; see whether its server can be reached, then run this again\n";

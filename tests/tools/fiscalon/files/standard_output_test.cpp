@@ -139,6 +139,31 @@ TEST_F(StandardOutput, IsToldOfOnATerminalAsABatchIsMade) {
                              testing::EndsWith("\r\x1B[K")));
 }
 
+#ifdef FISCALON_SILENT_FOLDER
+TEST_F(StandardOutput, TellsOfASilentFolderInPlaceOfProgress) {
+  const Terminal terminal;
+  EXPECT_EQ(Run("mkdir silent; mkfifo list; echo >silent/a.pc4; exec 3<>list; LD_PRELOAD='" FISCALON_SILENT_FOLDER
+                "' fiscalon validate --payments list --records silent/a.pc4 --stall 1 2>" +
+                terminal.Path())
+                .status,
+            75);
+  EXPECT_THAT(terminal.Shown(), testing::AllOf(testing::StartsWith("\r\x1B[Kfiscalon: silent/a.pc4: its folder has "),
+                                               testing::EndsWith("then run this again\r\n")));
+}
+#endif
+
+TEST_F(StandardOutput, TellsOfAFileThatShrinksInPlaceOfProgress) {
+  Write("a.pc4", "hello\n");
+  const Terminal terminal;
+  EXPECT_EQ(Run("mkfifo list; exec 3<>list; '" FISCALON_PROGRAM "' validate --payments list --records a.pc4 3>&- 2>" +
+                terminal.Path() +
+                " & until grep -q a.pc4 /proc/$!/maps; do :; done; : >a.pc4\n"
+                "printf 'seq,screen,biller,amount\\n0001,03,,12345\\n' >list; exec 3>&-; wait $!")
+                .status,
+            2);
+  EXPECT_EQ(terminal.Shown(), "\r\x1B[Kfiscalon: a.pc4: the file became shorter while it was read\r\n");
+}
+
 TEST_F(StandardOutput, FoldsRecordsToTheTerminal) {
   Write("a.pc4", "hello\n" + std::string(100, 'x') + "\n");
   const Terminal terminal;

@@ -6,16 +6,18 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdint>
 #include <future>
 #include <memory>
+#include <semaphore>
 #include <system_error>
 #include <thread>
 #include <utility>
+
+#include "tools/fiscalon/files/terminal.h"
 
 namespace fiscalon {
 namespace {
@@ -23,8 +25,9 @@ namespace {
 /// The signal that was noted.
 volatile std::sig_atomic_t interrupted = 0;
 
-/// Whether steps are under way that are done together or not at all.
-std::atomic<bool> isHeldOff = false;
+/// Taken while steps are under way that are done together or not at all, and for good by who takes the fleeting files
+/// away: in the middle of such steps one of these may be the only one that a user has left.
+std::binary_semaphore stepsOrRemoval(1);
 
 /// A pipe that an interrupt can be read from, so that who waits for something else wakes up. It is made once.
 std::array<int, 2> wake = {-1, -1};
@@ -73,6 +76,8 @@ bool Holds(std::string_view bytes, const void* address) {
 
 void EndForShrunkenFile(int, siginfo_t* fault, void*) {
   RemoveFleetingFiles();
+  if (ComplaintsAreSeen())
+    Say(kWipedLine);
   Say("fiscalon: ");
   for (const MappedInput& input : mappedInputs) {
     if (Holds(input.bytes, fault->si_addr))
@@ -140,8 +145,7 @@ void EndAtOnce(ExitStatus status) {
   const auto removed = std::make_shared<std::promise<void>>();
   try {
     std::thread([removed] {
-      // In the middle of such steps a fleeting file may be the only one that a user has left.
-      if (!isHeldOff)
+      if (stepsOrRemoval.try_acquire())
         RemoveFleetingFiles();
       removed->set_value();
     }).detach();
@@ -163,11 +167,11 @@ bool WaitToWrite(int descriptor) {
 HeldOff::HeldOff() {
   const sigset_t all = Interrupts();
   ::sigprocmask(SIG_BLOCK, &all, nullptr);
-  isHeldOff = true;
+  stepsOrRemoval.acquire();
 }
 
 HeldOff::~HeldOff() {
-  isHeldOff = false;
+  stepsOrRemoval.release();
   const sigset_t all = Interrupts();
   ::sigprocmask(SIG_UNBLOCK, &all, nullptr);
 }
