@@ -32,6 +32,22 @@ class Setting : public BatchListener {
   int64_t by_;
 };
 
+TEST(SetBackBy, IsWhatAClockHasLostButForWhatOneMayLoseThatIsKeptRight) {
+  const struct {
+    int64_t shown, passed;
+    std::optional<int64_t> by;
+  } rows[] = {
+      {300, 600, 300},
+      {598, 600, 2},
+      {599, 600, std::nullopt},
+      {3595, 3600, 5},
+      {3596, 3600, std::nullopt},
+      {-1, 0, 1},
+      {86'400, 0, std::nullopt},
+  };
+  for (const auto& [shown, passed, by] : rows) EXPECT_EQ(SetBackBy(shown, passed), by) << shown << " of " << passed;
+}
+
 class ClockWatchTest : public ModuleTest {
  protected:
   ClockWatchTest() { ModuleToChange().clock = clock; }
