@@ -1,5 +1,7 @@
 #include "core/records/record_line.h"
 
+#include "core/wording/places.h"
+
 namespace fiscalon {
 
 RecordLine TakeRecordLine(std::string_view& bytes) {
@@ -47,13 +49,8 @@ std::vector<std::string_view> WrongAround(const RecordLine& line) {
 }
 
 std::string WrongWith(const RecordLine& line) {
-  if (const auto around = WrongAround(line); !around.empty()) {
-    constexpr std::string_view kPlace = "{1}";
-    std::string what(around.front());
-    if (const size_t place = what.find(kPlace); place != what.npos)
-      what.replace(place, kPlace.size(), std::to_string(line.record.size()));
-    return what;
-  }
+  if (const auto around = WrongAround(line); !around.empty())
+    return WithPlaces(around.front(), {std::to_string(line.record.size())});
   if (line.record.empty())
     return "an empty line";
   if (const size_t nul = line.record.find('\0'); nul != line.record.npos)

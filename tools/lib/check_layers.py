@@ -27,7 +27,7 @@ class Layer(NamedTuple):
 ROWS = (
     Layer("platform", "core/platform/", ""),
     Layer("values", "core/values/", "platform"),
-    Layer("records", "core/records/", "values platform"),
+    Layer("records", "core/records/", "values wording platform"),
     Layer("wording", "core/wording/", "platform"),
     Layer("forms", "core/forms/", "wording platform"),
     Layer("core", "core/", "records values forms wording platform"),
