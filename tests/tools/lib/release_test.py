@@ -143,6 +143,20 @@ class Release(unittest.TestCase):
         commit(self.tree)
         self.assertIn("v7.8.9 is the tag of another commit", self.refusal())
 
+    def test_makes_nothing_of_a_commit_that_the_check_has_not_seen(self):
+        check = self.tree / "tools/check"
+        check.write_text("#!/bin/sh\ncd \"$(dirname \"$0\")/..\" && touch more.txt && git add more.txt &&\n"
+                         "git -c user.name=A -c user.email=a@example.org commit --quiet --message more\n")
+        commit(self.tree)
+        self.assertEqual(self.ran("7.8.9"), (2, "", "release: since the check, another commit is checked out now\n"))
+        self.assertEqual(list(self.tree.parent.iterdir()), [self.tree])
+
+        check.write_text("#!/bin/sh\ntouch \"$(dirname \"$0\")/../left.txt\"\n")
+        commit(self.tree)
+        self.assertEqual(self.ran("7.8.9"),
+                         (2, "", "release: since the check, the tree is not what is committed: left.txt\n"))
+        self.assertEqual(list(self.tree.parent.iterdir()), [self.tree])
+
     def test_names_the_tools_that_are_missing(self):
         self.release.artefacts.NEEDS["source"] = {"no-such-tool": "no-such-package"}
         self.assertIn("no-such-tool is missing: install the Debian package no-such-package", self.refusal())
@@ -206,6 +220,9 @@ class Release(unittest.TestCase):
         self.assertEqual(self.verified(), (1, ["FAIL  fiscalon-7.8.9.tar.gz: is not what was released: its checksum is another", "1 wrong"]))
         archive.unlink()
         self.assertEqual(self.verified(), (1, ["FAIL  fiscalon-7.8.9.tar.gz: is missing", "1 wrong"]))
+        archive.mkdir()
+        self.assertEqual(self.verified(), (1, ["FAIL  fiscalon-7.8.9.tar.gz: is no file", "1 wrong"]))
+        archive.rmdir()
         archive.write_bytes(whole)
 
         (self.out / "more.exe").write_text("")
