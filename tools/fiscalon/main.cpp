@@ -27,7 +27,8 @@ constexpr const char* kProgramExamples = R"(Examples:
   fiscalon show payment.pc4 --screen 15
 
 Exit status: 0 done or valid, 1 a failed expectation, a cancelled screen or something
-invalid, 2 bad usage or a file that can't be read. "fiscalon COMMAND --help" says more.)";
+invalid, 2 bad usage or a file that can't be read, 75 a folder that does not answer.
+"fiscalon COMMAND --help" says more.)";
 
 struct Command {
   const char* name = nullptr;

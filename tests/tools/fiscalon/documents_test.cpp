@@ -75,6 +75,16 @@ TEST_F(Documents, HelpAndManPagesNameTheScreensThatAreJudged) {
   }
 }
 
+TEST_F(Documents, HelpAndManPagesTellOfAFolderThatDoesNotAnswer) {
+  for (const std::string command : {"", "show", "validate"}) {
+    const std::string help = Run("fiscalon " + command + " --help | tr -s ' \\n' ' '").out;
+    const size_t from = help.find("Exit status: ");
+    ASSERT_NE(from, std::string::npos) << command;
+    EXPECT_THAT(help.substr(from), HasSubstr("75 ")) << command;
+    EXPECT_THAT(ManPage(command.empty() ? "fiscalon" : "fiscalon-" + command), HasSubstr("\n.B 75\n")) << command;
+  }
+}
+
 TEST_F(Documents, ManPagesAreWellFormed) {
   if (Run("command -v groff").status != 0)
     GTEST_SKIP() << "groff is not installed";

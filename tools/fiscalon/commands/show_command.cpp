@@ -29,7 +29,8 @@ constexpr const char* kShowExamples = R"(Examples:
 
 What is wrong is marked with "!"; what is odd, though screens write it so, with "~".
 Exit status: 0 nothing wrong, 1 something wrong in a record (all are printed all the same),
-2 the file can't be read, or holds no records. --today and --locale: see "fiscalon --help".)";
+2 the file can't be read, or holds no records, 75 with --bad-only: a folder does not answer.
+--today and --locale: see "fiscalon --help".)";
 
 struct ShowOptions {
   std::string file = {};
