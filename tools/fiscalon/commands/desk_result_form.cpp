@@ -1,9 +1,8 @@
 #include "tools/fiscalon/commands/desk_result_form.h"
 
-#include <algorithm>
-
 #include "core/module_state.h"
 #include "core/platform/code_page.h"
+#include "core/values/text.h"
 #include "tools/reading/field_remark.h"
 #include "tools/reading/record_words.h"
 #include "tools/reading/utf8_words.h"
@@ -42,9 +41,7 @@ void frmDeskResult::Set(const std::string& words, const std::vector<ShownRecord>
 
 void frmDeskResult::Form_Load() {
   // A label shows line ends as characters.
-  std::string words = FromUtf8(words_);
-  std::replace(words.begin(), words.end(), '\n', ' ');
-  lblWords.Caption(AsGiven(std::move(words)));
+  lblWords.Caption(AsGiven(OnOneLine(FromUtf8(words_))));
   for (const std::string& row : rows_) lstFields.AddItem(AsGiven(FromUtf8(row)));
   lstFields.Visible(!rows_.empty());
 }

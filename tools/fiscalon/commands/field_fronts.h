@@ -14,28 +14,21 @@ class FieldFronts {
  public:
   using Fronts = std::vector<std::string>;
 
-  /// `write` puts them together, one for each field.
-  explicit FieldFronts(void (*write)(const ShownRecord& record, Fronts& fronts)) : write_(write) {}
+  /// `make` puts them together, one for each field.
+  explicit FieldFronts(Fronts (*make)(const ShownRecord& record)) : make_(make) {}
 
   /// They hold until the next record is asked for.
   const Fronts& Of(const ShownRecord& record) {
-    if (!record.FollowsTable()) {
-      Write(record, others_);
-      return others_;
-    }
+    if (!record.FollowsTable())
+      return others_ = make_(record);
     Fronts& fronts = byKind_[static_cast<unsigned char>(record.kind)];
     if (fronts.size() != record.fields.size())
-      Write(record, fronts);
+      fronts = make_(record);
     return fronts;
   }
 
  private:
-  void Write(const ShownRecord& record, Fronts& fronts) const {
-    fronts.clear();
-    write_(record, fronts);
-  }
-
-  void (*write_)(const ShownRecord& record, Fronts& fronts);
+  Fronts (*make_)(const ShownRecord& record);
   std::array<Fronts, 256> byKind_ = {};
   Fronts others_;
 };

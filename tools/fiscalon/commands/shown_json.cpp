@@ -71,13 +71,15 @@ void AppendMember(std::string& out, std::string_view name, uint64_t number) {
 }
 
 /// `{"name":"FieldNum","from":9,"to":10,"text":`
-void WriteJsonFronts(const ShownRecord& record, FieldFronts::Fronts& fronts) {
+FieldFronts::Fronts JsonFrontsOf(const ShownRecord& record) {
+  FieldFronts::Fronts fronts;
   for (const ShownField& field : record.fields) {
     std::string& front = fronts.emplace_back(R"({"name":")").append(field.name);
     AppendMember(front, R"(","from":)", static_cast<uint64_t>(field.from));
     AppendMember(front, R"(,"to":)", static_cast<uint64_t>(field.to));
     front += R"(,"text":)";
   }
+  return fronts;
 }
 
 /// Appends what stands in a field and what it is. `stands` is that of the whole record.
@@ -129,7 +131,7 @@ void AppendJsonString(std::string& out, std::string_view utf8) {
     out += Json(utf8).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-JsonPrinter::JsonPrinter() : fronts_(WriteJsonFronts) {}
+JsonPrinter::JsonPrinter() : fronts_(JsonFrontsOf) {}
 
 /// Kind and sequence are null for a line that is no record.
 void JsonPrinter::Append(std::string& out, const ShownRecord& record) {

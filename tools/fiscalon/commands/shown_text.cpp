@@ -64,7 +64,8 @@ void AppendPlace(std::string& out, const ShownField& field) {
 }
 
 /// "      11-28  FieldValue  ", the names of all fields at one width.
-void WriteTextFronts(const ShownRecord& record, FieldFronts::Fronts& fronts) {
+FieldFronts::Fronts TextFrontsOf(const ShownRecord& record) {
+  FieldFronts::Fronts fronts;
   size_t nameWidth = 0;
   for (const ShownField& field : record.fields) nameWidth = std::max(nameWidth, field.name.size());
   for (const ShownField& field : record.fields) {
@@ -72,12 +73,13 @@ void WriteTextFronts(const ShownRecord& record, FieldFronts::Fronts& fronts) {
     AppendPlace(front, field);
     front.append("  ").append(field.name).append(nameWidth - field.name.size() + 2, ' ');
   }
+  return fronts;
 }
 
 }  // namespace
 
 RecordPrinter::RecordPrinter(const ShownStyle& style)
-    : style_(style), money_(style.locale), fold_(FoldAt(style.width)), fronts_(WriteTextFronts) {}
+    : style_(style), money_(style.locale), fold_(FoldAt(style.width)), fronts_(TextFrontsOf) {}
 
 void RecordPrinter::Append(std::string& out, const ShownRecord& record) {
   AppendHeading(out, record);

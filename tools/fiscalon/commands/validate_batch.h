@@ -16,6 +16,9 @@ namespace fiscalon {
 /// As many threads as there are cores.
 unsigned UsualJobs();
 
+/// For how long a folder may be silent, unless the user says otherwise.
+inline constexpr std::chrono::seconds kUsualPatience = std::chrono::minutes(1);
+
 /// What `fiscalon validate` is told of a batch.
 struct BatchOptions {
   std::string payments = {};
@@ -24,7 +27,7 @@ struct BatchOptions {
   BatchPart part = {};
   unsigned jobs = UsualJobs();
   /// For how long a folder may be silent.
-  uint32_t stallSeconds = 60;
+  uint32_t stallSeconds = kUsualPatience.count();
 };
 
 /// Judges a batch, writes what is wanted and prints the summary. What is wrong with the files is complained of.
@@ -34,8 +37,7 @@ ExitStatus ValidateBatchFiles(BatchOptions options, const Context& context);
 /// folder of theirs, or of the outputs, that is silent for that long ends the program.
 ExitStatus OnBatchFiles(const std::string& payments, const std::string& records,
                         const std::function<ExitStatus(ByteSource& payments, ByteSource& records)>& judge,
-                        const std::vector<std::string>& outputs = {},
-                        std::chrono::seconds patience = std::chrono::seconds(60));
+                        const std::vector<std::string>& outputs = {}, std::chrono::seconds patience = kUsualPatience);
 
 /// Reads a part such as "2/8". Nothing where it is none.
 std::optional<BatchPart> PartOf(const std::string& text);

@@ -167,7 +167,9 @@ void DefineValidateCommand(CLI::App& command, Context& context) {
   command.add_option("--jobs", batch->jobs, "How many threads judge a batch; as many as there are cores")
       ->type_name("N")
       ->check(NumberFrom(1, 256));
-  command.add_option("--stall", batch->stallSeconds, "For how long a folder may be silent, 60 without it")
+  command
+      .add_option("--stall", batch->stallSeconds,
+                  "For how long a folder may be silent, " + std::to_string(batch->stallSeconds) + " without it")
       ->type_name("SECONDS")
       ->check(NumberFrom<uint32_t>(1, kLongestPatience));
   command.callback([options, &context] { context.status = Validate(*options, context); });
