@@ -5,7 +5,9 @@ The runs of all programs take turns, so that a machine that changes its speed ch
 the ratios, not the milliseconds.
 
     bench/against_wc.py build/release/tools/fiscalon/fiscalon [--payments N] [--screen 03|20] [--runs N]
-                        [--plain build/release/bench/plain_batch]
+                        [--pieces BYTES] [--plain build/release/bench/plain_batch]
+
+A file system that keeps what was written at once in one piece of memory keeps the records in such pieces.
 """
 
 import argparse
@@ -53,12 +55,21 @@ def own_memory(command):
     return largest
 
 
+def write_again(path, piece):
+    """Makes a file anew, so many bytes at a time."""
+    with open(path, "rb") as old, open(path + ".new", "wb", buffering=0) as new:
+        while data := old.read(piece):
+            new.write(data)
+    os.replace(path + ".new", path)
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("program")
     parser.add_argument("--payments", type=int, default=1_000_000)
     parser.add_argument("--screen", default="03")
     parser.add_argument("--runs", type=int, default=11)
+    parser.add_argument("--pieces", type=int, help="write the record file once more, so many bytes at a time")
     parser.add_argument("--plain")
     arguments = parser.parse_args()
     program = os.path.abspath(arguments.program)
@@ -67,6 +78,8 @@ def main():
         files = ["--payments", batch + ".csv", "--records", batch + ".pc4"]
         subprocess.run([program, *TODAY, "generate", "--payments", str(arguments.payments), "--screen",
                         arguments.screen, "--out", batch], stdout=subprocess.DEVNULL, check=True)
+        if arguments.pieces:
+            write_again(batch + ".pc4", arguments.pieces)
         commands = {
             "wc -l": ["wc", "-l", batch + ".pc4"],
             "validate --jobs 1": [program, *TODAY, "validate", *files, "--jobs", "1"],

@@ -21,9 +21,21 @@ namespace {
 /// Bytes that lie in one piece.
 class Memory : public ByteSource {
  public:
-  Memory(std::string_view bytes, std::string name) : ByteSource(std::move(name)), size_(bytes.size()), rest_(bytes) {}
-  Memory(std::unique_ptr<MappedFile> file, std::string name) : Memory(file->Bytes(), std::move(name)) {
-    file_ = std::move(file);
+  /// The file is that which the bytes are mapped from, if they are.
+  Memory(std::string_view bytes, std::string name, std::shared_ptr<const MappedFile> file)
+      : ByteSource(std::move(name)), file_(std::move(file)), bytes_(bytes), rest_(bytes) {}
+
+  /// The file that a source is mapped from; null where it is not.
+  static std::shared_ptr<const MappedFile> FileOf(const ByteSource& source) {
+    const auto* const memory = dynamic_cast<const Memory*>(&source);
+    return memory == nullptr ? nullptr : memory->file_;
+  }
+
+  void ReturnShare(size_t share, size_t shares) const {
+    if (!file_)
+      return;
+    const size_t each = bytes_.size() / shares + 1;
+    file_->ReturnPages(bytes_.substr(std::min(share * each, bytes_.size()), each));
   }
 
   std::string_view Peek(size_t) override { return rest_; }
@@ -33,11 +45,11 @@ class Memory : public ByteSource {
     if (file_ && file_->HasChanged())
       throw BatchError(Name(), "the file changed while it was read");
   }
-  std::optional<size_t> Size() const override { return size_; }
+  std::optional<size_t> Size() const override { return bytes_.size(); }
 
  private:
-  std::unique_ptr<MappedFile> file_;
-  size_t size_;
+  std::shared_ptr<const MappedFile> file_;
+  std::string_view bytes_;
   std::string_view rest_;
 };
 
@@ -45,7 +57,7 @@ class Memory : public ByteSource {
 class MiddleOfMemory : public Memory {
  public:
   MiddleOfMemory(const ByteSource& file, std::string_view before, std::string_view bytes)
-      : Memory(bytes, file.Name()), file_(file), before_(before) {}
+      : Memory(bytes, file.Name(), FileOf(file)), file_(file), before_(before) {}
 
   void RefuseChange() const override { file_.RefuseChange(); }
 
@@ -103,20 +115,26 @@ std::unique_ptr<ByteSource> ByteSource::Open(const std::string& path) {
   std::FILE* const file = OpenInput(path);
   if (!file)
     Fail(path, "can't be opened");
-  if (auto mapped = MappedFile::Of(file)) {
+  if (const std::shared_ptr<const MappedFile> mapped = MappedFile::Of(file)) {
     std::fclose(file);
-    return std::make_unique<Memory>(std::move(mapped), path);
+    return std::make_unique<Memory>(mapped->Bytes(), path, mapped);
   }
   return std::make_unique<Stream>(file, path);
 }
 
 std::unique_ptr<ByteSource> ByteSource::Of(std::string_view bytes, std::string name) {
-  return std::make_unique<Memory>(bytes, std::move(name));
+  return std::make_unique<Memory>(bytes, std::move(name), nullptr);
 }
 
 std::unique_ptr<ByteSource> ByteSource::Stretch(const ByteSource& file, std::string_view before,
                                                 std::string_view bytes) {
   return std::make_unique<MiddleOfMemory>(file, before, bytes);
+}
+
+void ByteSource::ReturnPages(size_t share, size_t shares) const {
+  // Not virtual: programs have sources of their own, whose layout stays.
+  if (const auto* const memory = dynamic_cast<const Memory*>(this))
+    memory->ReturnShare(share, shares);
 }
 
 }  // namespace fiscalon

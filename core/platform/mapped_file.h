@@ -21,6 +21,10 @@ class MappedFile {
 
   std::string_view Bytes() const { return bytes_; }
 
+  /// Has the system take back the pages of some of the bytes, which it finds again where they are looked at; one that
+  /// knows no such thing keeps them. Unmapping a file is work for each of its pages, which threads can share this way.
+  void ReturnPages(std::string_view part) const;
+
   /// Whether the file has been written to since it was mapped: its bytes may be neither those before nor those after.
   /// One that was renamed or removed is what it was.
   bool HasChanged() const;

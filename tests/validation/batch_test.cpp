@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <fstream>
 #include <functional>
 #include <sstream>
@@ -12,6 +13,7 @@
 
 #include "core/records/record_composer.h"
 #include "tests/support/module_test.h"
+#include "tests/support/page_faults_on_posix.h"
 #include "tests/support/plain_validator.h"
 #include "tests/support/raises.h"
 #include "tests/support/random_payments.h"
@@ -353,6 +355,63 @@ TEST_F(ValidateBatchTest, ReadsFilesAndPipesAlike) {
   }
   const std::jthread writer([&] { std::ofstream(csvPipe, std::ios::binary) << batch.payments; });
   EXPECT_TRUE(validate(csvPipe, pc4) == expected);
+}
+
+TEST_F(ValidateBatchTest, LeavesNoPageOfAFileMapped) {
+  std::string expected;
+  const Batch batch = RandomBatch(4000, expected);
+  const TemporaryFolder folder;
+  const std::string pc4 = folder.Write("batch.pc4", batch.records);
+  for (const unsigned jobs : {1u, 2u, 5u}) {
+    const auto list = ByteSource::Of(batch.payments, "batch.csv");
+    const auto lines = ByteSource::Open(pc4);
+    const std::string_view bytes = lines->Peek(0);
+    Report report;
+    ValidateBatch(*list, *lines, jobs, report);
+    EXPECT_TRUE(report.rows == expected) << jobs;
+    const long returned = FaultsOfLookingAt(bytes);
+    EXPECT_GT(returned, FaultsOfLookingAt(bytes)) << jobs;
+  }
+}
+
+TEST(ByteSource, ReturnsItsPagesInShares) {
+  const TemporaryFolder folder;
+  constexpr size_t kThird = 4 << 20;
+  const auto source = ByteSource::Open(folder.Write("batch.pc4", std::string(3 * kThird, '1')));
+  const std::string_view bytes = source->Peek(0);
+  for (size_t share = 0; share < 3; ++share) {
+    FaultsOfLookingAt(bytes);
+    source->ReturnPages(share, 3);
+    const std::string_view third = bytes.substr(share * kThird, kThird);
+    const long returned = FaultsOfLookingAt(third);
+    EXPECT_GT(returned, FaultsOfLookingAt(third)) << share;
+  }
+  source->Skip(bytes.size());
+  source->ReturnPages(0, 1);
+  const long returned = FaultsOfLookingAt(bytes);
+  EXPECT_GT(returned, FaultsOfLookingAt(bytes));
+  EXPECT_TRUE(bytes == std::string(3 * kThird, '1'));
+}
+
+TEST(ByteSource, ReturnsThePagesOfAStretchOnly) {
+  const TemporaryFolder folder;
+  constexpr size_t kHalf = 4 << 20;
+  const auto source = ByteSource::Open(folder.Write("batch.pc4", std::string(2 * kHalf, '1')));
+  const std::string_view bytes = source->Peek(0);
+  const auto stretch = ByteSource::Stretch(*source, bytes.substr(0, kHalf), bytes.substr(kHalf));
+  FaultsOfLookingAt(bytes);
+  stretch->ReturnPages(0, 1);
+  const long kept = FaultsOfLookingAt(bytes.substr(0, kHalf));
+  EXPECT_GT(FaultsOfLookingAt(bytes.substr(kHalf)), kept);
+}
+
+TEST(ByteSource, ReturnsNothingOfABufferOrAPipe) {
+  const std::string buffer(1 << 20, '1');
+  const auto source = ByteSource::Of(buffer, "batch.pc4");
+  const auto stretch = ByteSource::Stretch(*source, {}, buffer);
+  for (const ByteSource* const any : {source.get(), stretch.get()}) any->ReturnPages(0, 1);
+  EXPECT_EQ(std::ranges::count(buffer, '1'), 1 << 20);
+  ByteSource::Open("/dev/null")->ReturnPages(0, 1);
 }
 
 TEST(ByteSource, NamesAFileThatCannotBeRead) {

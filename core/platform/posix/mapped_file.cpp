@@ -22,6 +22,13 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
       new MappedFile({static_cast<const char*>(bytes), size}, ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0)));
 }
 
+void MappedFile::ReturnPages(std::string_view part) const {
+  // The system knows whole pages. Neighbours on the first and the last one are found again, too.
+  const auto pageBytes = static_cast<size_t>(::sysconf(_SC_PAGESIZE));
+  const size_t before = static_cast<size_t>(part.data() - bytes_.data()) % pageBytes;
+  ::madvise(const_cast<char*>(part.data()) - before, before + part.size(), MADV_DONTNEED);
+}
+
 MappedFile::Stamp MappedFile::Now() const {
   constexpr int64_t kNanoseconds = 1'000'000'000;
   struct stat status = {};

@@ -28,6 +28,8 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
       new MappedFile({static_cast<const char*>(bytes), static_cast<size_t>(size.QuadPart)}, ::_dup(::_fileno(file))));
 }
 
+void MappedFile::ReturnPages(std::string_view /*part*/) const {}
+
 MappedFile::Stamp MappedFile::Now() const {
   BY_HANDLE_FILE_INFORMATION information = {};
   if (descriptor_ < 0 ||

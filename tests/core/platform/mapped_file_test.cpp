@@ -19,6 +19,20 @@ TEST(MappedFile, HoldsEveryByte) {
   EXPECT_EQ(mapped->Bytes(), bytes);
 }
 
+TEST(MappedFile, HoldsEveryByteWhosePagesWereReturned) {
+  const TemporaryFolder folder;
+  std::string bytes;
+  for (int number = 0; bytes.size() < 100'000; ++number) bytes += std::to_string(number);
+  const auto mapped = MapPath(folder.Write("records.pc4", bytes));
+  ASSERT_TRUE(mapped);
+  const std::string_view all = mapped->Bytes();
+  for (const std::string_view part : {all, all.substr(10'000, 30'001), all.substr(99'999, 1), all.substr(0, 0)}) {
+    EXPECT_TRUE(all == bytes);
+    mapped->ReturnPages(part);
+  }
+  EXPECT_TRUE(all == bytes);
+}
+
 TEST(MappedFile, IsNoneOfAnEmptyFile) {
   const TemporaryFolder folder;
   EXPECT_FALSE(MapPath(folder.Write("empty", "")));
