@@ -6,13 +6,13 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdint>
 #include <future>
 #include <memory>
-#include <semaphore>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -25,9 +25,9 @@ namespace {
 /// The signal that was noted.
 volatile std::sig_atomic_t interrupted = 0;
 
-/// Taken while steps are under way that are done together or not at all, and for good by who takes the fleeting files
+/// Set while steps are under way that are done together or not at all, and for good by who takes the fleeting files
 /// away: in the middle of such steps one of these may be the only one that a user has left.
-std::binary_semaphore stepsOrRemoval(1);
+std::atomic_flag stepsOrRemoval;
 
 /// A pipe that an interrupt can be read from, so that who waits for something else wakes up. It is made once.
 std::array<int, 2> wake = {-1, -1};
@@ -145,7 +145,7 @@ void EndAtOnce(ExitStatus status) {
   const auto removed = std::make_shared<std::promise<void>>();
   try {
     std::thread([removed] {
-      if (stepsOrRemoval.try_acquire())
+      if (!stepsOrRemoval.test_and_set())
         RemoveFleetingFiles();
       removed->set_value();
     }).detach();
@@ -167,11 +167,12 @@ bool WaitToWrite(int descriptor) {
 HeldOff::HeldOff() {
   const sigset_t all = Interrupts();
   ::sigprocmask(SIG_BLOCK, &all, nullptr);
-  stepsOrRemoval.acquire();
+  // Who waits here waits for the end of the program.
+  while (stepsOrRemoval.test_and_set()) stepsOrRemoval.wait(true);
 }
 
 HeldOff::~HeldOff() {
-  stepsOrRemoval.release();
+  stepsOrRemoval.clear();
   const sigset_t all = Interrupts();
   ::sigprocmask(SIG_UNBLOCK, &all, nullptr);
 }
