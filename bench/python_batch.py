@@ -42,11 +42,13 @@ def main():
     fiscalon.use_locale("en-CA")
     with tempfile.TemporaryDirectory() as folder:
         payments, records = os.path.join(folder, "batch.csv"), os.path.join(folder, "batch.pc4")
-        subprocess.run([program, *TODAY, "generate", "--payments", str(arguments.payments), "--screen", arguments.screen, "--out",
-                        os.path.join(folder, "batch")], stdout=subprocess.DEVNULL, check=True)
+        subprocess.run([program, *TODAY, "generate", "--payments", str(arguments.payments),
+                        "--screen", arguments.screen, "--out", os.path.join(folder, "batch")],
+                       stdout=subprocess.DEVNULL, check=True)
 
         def validate(jobs, *more):
-            command = [program, *TODAY, "validate", "--payments", payments, "--records", records, "--jobs", str(jobs), *more]
+            command = [program, *TODAY, "validate", "--payments", payments, "--records", records, "--jobs", str(jobs),
+                       *more]
             run = lambda: subprocess.run(command, stdout=subprocess.DEVNULL, check=True)
             return lambda: measured(run, resource.RUSAGE_CHILDREN)
 
@@ -84,7 +86,8 @@ def main():
           f"Python {sys.version.split()[0]}")
     for name, (_, base) in rows.items():
         wall, processor = (statistics.median(each) for each in zip(*times[name]))
-        ratios = [statistics.median(one[each] / other[each] for one, other in zip(times[name], times[base])) for each in (0, 1)]
+        ratios = [statistics.median(one[each] / other[each] for one, other in zip(times[name], times[base]))
+                  for each in (0, 1)]
         print(f"{name:26}{wall * 1e3:8.1f} ms wall{processor * 1e3:8.1f} ms processor   "
               f"{ratios[0]:6.2f} and {ratios[1]:6.2f} times {base}")
 

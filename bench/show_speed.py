@@ -86,12 +86,13 @@ def main():
             for name, command in commands.items():
                 if not name.startswith("jq") or i < arguments.jq_runs:
                     times[name].append(run(command))
-        print(f"{count} records, {os.path.getsize(records) / 1e6:.0f} MB, as text {os.path.getsize(text) / 1e6:.0f} MB, "
-              f"as JSON lines {os.path.getsize(lines) / 1e6:.0f} MB, {arguments.runs} runs, medians")
+        print(f"{count} records, {os.path.getsize(records) / 1e6:.0f} MB, "
+              f"as text {os.path.getsize(text) / 1e6:.0f} MB, as JSON lines "
+              f"{os.path.getsize(lines) / 1e6:.0f} MB, {arguments.runs} runs, medians")
         for name, measured in times.items():
             wall, processor, first = (statistics.median(column) for column in zip(*measured))
-            print(f"{name:30}{wall:8.2f} s wall{processor:8.2f} s processor{count / processor / 1e6:8.2f} million a second"
-                  f"{first * 1e3:8.1f} ms to the first byte")
+            print(f"{name:30}{wall:8.2f} s wall{processor:8.2f} s processor"
+                  f"{count / processor / 1e6:8.2f} million a second{first * 1e3:8.1f} ms to the first byte")
         for name, options in (("text", []), ("JSON lines", ["--json-lines"]), ("JSON", ["--json"])):
             print(f"memory for {name}: {largest_memory([*show, *options]):.1f} MiB")
 

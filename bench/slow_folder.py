@@ -1,6 +1,6 @@
-"""A network folder on one machine: sshfs, which asks a server for each stretch that it lacks, and between them a relay on
-which every answer takes as long as on a way through a network. It stands for any folder of a server in that: the system
-keeps what was read, reads ahead, and waits a round trip for what it does not have."""
+"""A network folder on one machine: sshfs, which asks a server for each stretch that it lacks, and between them a relay
+on which every answer takes as long as on a way through a network. It stands for any folder of a server in that: the
+system keeps what was read, reads ahead, and waits a round trip for what it does not have."""
 
 import contextlib
 import os
@@ -71,7 +71,8 @@ def slow_folder(folder, round_trip):
         return
     relay = Relay(round_trip)
     with tempfile.TemporaryDirectory() as place:
-        mounted = subprocess.run(["sshfs", "-o", f"directport={relay.port},auto_cache", f"localhost:{os.path.abspath(folder)}", place],
+        mounted = subprocess.run(["sshfs", "-o", f"directport={relay.port},auto_cache",
+                                  f"localhost:{os.path.abspath(folder)}", place],
                                  stderr=subprocess.DEVNULL, check=False).returncode == 0
         try:
             yield (place, relay) if mounted else (None, None)

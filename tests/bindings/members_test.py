@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """What each language lets a host call is what bindings/members.json says, class by class, member by member, error by
-error: the headers of C++, the interfaces of the component, the header of C, the one file of C#, and the guide. Python is
-held to it where it runs."""
+error: the headers of C++, the interfaces of the component, the header of C, the one file of C#, and the guide. Python
+is held to it where it runs."""
 
 import json
 import re
@@ -16,8 +16,8 @@ NUMBERS = {each["number"] for each in TABLE["errors"]}
 HEADERS = ("core/session.h", "core/records/pc4_records.h", "validation/validate_add_info.h")
 # What a walk in C++ is made of, and what spares a copy there.
 OF_CPP_ALONE = {"begin", "end", "Kept", "DescriptionView"}
-CPP_TYPES = {"std::string": "text", "std::string_view": "text", "uint8_t": "byte", "Number": "byte", "Boolean": "boolean",
-             "bool": "boolean", "double": "float", "int32_t": "int32"}
+CPP_TYPES = {"std::string": "text", "std::string_view": "text", "uint8_t": "byte", "Number": "byte",
+             "Boolean": "boolean", "bool": "boolean", "double": "float", "int32_t": "int32"}
 IDL_TYPES = {"BSTR": "text", "unsigned char": "byte", "VARIANT_BOOL": "boolean", "double": "float", "long": "int32",
              "IUnknown*": "walk"}
 
@@ -75,17 +75,19 @@ def numbers_in(words):
 class Cpp(unittest.TestCase):
     """The headers that hosts compile against."""
 
-    DECLARATION = re.compile(r"((?:^ +///.*\n)*)(?:^ +template .*\n)?^ +(?:static )?([\w:<>]+&?) (\w+)\(([^)]*)\)(?: const)?(?=;| \{)",
-                             re.MULTILINE)
+    DECLARATION = re.compile(r"((?:^ +///.*\n)*)(?:^ +template .*\n)?^ +(?:static )?([\w:<>]+&?) (\w+)\(([^)]*)\)"
+                             r"(?: const)?(?=;| \{)", re.MULTILINE)
 
     @classmethod
     def setUpClass(cls):
         cls.text = "\n".join(read(header) for header in HEADERS)
 
     def declared(self, name):
-        """(member, returned type, types of the arguments, words of the comment ahead) of each public routine of a class."""
+        """(member, returned type, types of the arguments, words of the comment ahead) of each public routine of a
+        class."""
         for words, returned, member, arguments in self.DECLARATION.findall(public_part(body_of(self.text, name))):
-            kinds = [re.sub(r"\s*=.*", "", each).rsplit(" ", 1)[0].strip() for each in arguments.split(",") if each.strip()]
+            kinds = [re.sub(r"\s*=.*", "", each).rsplit(" ", 1)[0].strip() for each in arguments.split(",")
+                     if each.strip()]
             yield member, returned, kinds, re.sub(r"\s*///", "", words)
 
     def told(self, returned):
@@ -112,8 +114,8 @@ class Cpp(unittest.TestCase):
                 self.assertEqual(seen, wanted)
 
     def test_collections_have_the_operations(self):
-        operations = public_part(body_of(read("core/records/keyed_collection.h").replace("template <typename Member>\nclass", "class"),
-                                         "KeyedCollection"))
+        header = read("core/records/keyed_collection.h").replace("template <typename Member>\nclass", "class")
+        operations = public_part(body_of(header, "KeyedCollection"))
         names = set(re.findall(r"(?m)^  [\w:<>& ]+?\b([A-Z]\w*)\(", operations)) - OF_CPP_ALONE - {"Raise", "Find"}
         for name, a_class in CLASSES.items():
             if "of" not in a_class:
@@ -122,7 +124,8 @@ class Cpp(unittest.TestCase):
                 self.assertRegex(self.text, rf"class {name} : public KeyedCollection<{a_class['of']}> ")
                 add = next(each for each in self.declared(name) if each[0] == "Add")
                 self.assertEqual(add[1], a_class["of"] + "&")
-                self.assertEqual([CPP_TYPES[each] for each in add[2]], ["text"] * (len(CLASSES[a_class["of"]]["members"]) + 1))
+                self.assertEqual([CPP_TYPES[each] for each in add[2]],
+                                 ["text"] * (len(CLASSES[a_class["of"]]["members"]) + 1))
                 self.assertEqual(numbers_in(add[3]), {457})
                 wanted = {member["name"] for member in members_of(a_class)}
                 self.assertEqual(names | {"Add", "NewEnum"}, wanted)
@@ -144,7 +147,8 @@ class Cpp(unittest.TestCase):
         self.assertEqual(constants, {each["name"]: each["number"] for each in TABLE["errors"]})
 
     def test_knows_their_descriptions(self):
-        described = dict(re.findall(r'error_number::(k\w+), "([^"]+)"', read("core/platform/runtime_error.cpp") + read("core/session.cpp")))
+        described = dict(re.findall(r'error_number::(k\w+), "([^"]+)"',
+                                    read("core/platform/runtime_error.cpp") + read("core/session.cpp")))
         self.assertEqual(described, {each["name"]: each["description"] for each in TABLE["errors"]})
 
     def test_has_what_is_set_for_the_process(self):
@@ -156,7 +160,8 @@ class Cpp(unittest.TestCase):
 class Component(unittest.TestCase):
     """The interfaces of the component, of which its type library and the header for hosts are made."""
 
-    METHOD = re.compile(r"\[([^\]]*?\bid\([^\]]*)\]\s*HRESULT (\w+)\(((?:\[[^\]]*\]|[^()])*(?:\([^()]*\)(?:\[[^\]]*\]|[^()])*)*)\);", re.DOTALL)
+    METHOD = re.compile(r"\[([^\]]*?\bid\([^\]]*)\]\s*HRESULT (\w+)"
+                        r"\(((?:\[[^\]]*\]|[^()])*(?:\([^()]*\)(?:\[[^\]]*\]|[^()])*)*)\);", re.DOTALL)
 
     @classmethod
     def setUpClass(cls):
@@ -167,7 +172,8 @@ class Component(unittest.TestCase):
         body = self.text[start.end():self.text.index("\n  }", start.end())]
         for attributes, member, arguments in self.METHOD.findall(body):
             types = [(bool(re.search(r"\bout\b", flags)), re.sub(r"\s+", " ", kind).strip())
-                     for flags, kind in re.findall(r"\[((?:[^\]\"]|\"[^\"]*\")*)\]\s*([\w ]+?\**) ?\w+(?=,|$)", arguments.strip())]
+                     for flags, kind in re.findall(r"\[((?:[^\]\"]|\"[^\"]*\")*)\]\s*([\w ]+?\**) ?\w+(?=,|$)",
+                                                   arguments.strip())]
             yield attributes, member, types
 
     def told(self, kind):
@@ -180,7 +186,8 @@ class Component(unittest.TestCase):
                 wanted = set()
                 for member, kind, told in calls_of(a_class):
                     if kind == "call":
-                        told = tuple("VARIANT" if each == "position or key" else "boolean" if each == "truth" else each for each in told)
+                        told = tuple("VARIANT" if each == "position or key" else "boolean" if each == "truth" else each
+                                     for each in told)
                     wanted.add((member, kind, told))
                 seen = set()
                 for attributes, member, types in self.methods(name):
@@ -229,14 +236,16 @@ def snake(name):
 class CHeader(unittest.TestCase):
     """The header for hosts in C."""
 
-    PLACES = {"text": "const char**", "byte": "int32_t*", "boolean": "int32_t*", "truth": "int32_t*", "int32": "int32_t*"}
+    PLACES = {"text": "const char**", "byte": "int32_t*", "boolean": "int32_t*", "truth": "int32_t*",
+              "int32": "int32_t*"}
     VALUES = {"text": "const char*", "byte": "int32_t", "boolean": "int32_t", "float": "double"}
 
     @classmethod
     def setUpClass(cls):
         cls.functions, cls.words = {}, {}
         text = read("include/fiscalon/c.h")
-        for words, name, arguments in re.findall(r"((?:/\*(?:[^*]|\*(?!/))*\*/\s*)?)FISCALON_API \w+[ *]+fiscalon_(\w+)\(([^)]*)\);", text):
+        for words, name, arguments in re.findall(r"((?:/\*(?:[^*]|\*(?!/))*\*/\s*)?)FISCALON_API \w+[ *]+"
+                                                 r"fiscalon_(\w+)\(([^)]*)\);", text):
             kinds = [re.sub(r"(\*?) ?\b\w+$", r"\1", each.strip()).strip() for each in arguments.split(",")]
             cls.functions[name] = kinds
             cls.words[name] = words
@@ -251,22 +260,28 @@ class CHeader(unittest.TestCase):
         if "of" in a_class:
             member = f"fiscalon_{CLASSES[a_class['of']]['c']}**"
             texts = len(CLASSES[a_class["of"]]["members"])
-            functions.update({f"{name}_add": [own, *["const char*"] * (texts + 1), member], f"{name}_count": [own, "int32_t*"],
-                              f"{name}_item_at": [own, "int64_t", member], f"{name}_item_of": [own, "const char*", member],
-                              f"{name}_remove_at": [own, "int64_t"], f"{name}_remove_of": [own, "const char*"],
-                              f"{name}_clear": [own], f"{name}_is_same": [own, own, "int32_t*"]})
+            functions.update({f"{name}_add": [own, *["const char*"] * (texts + 1), member],
+                              f"{name}_count": [own, "int32_t*"], f"{name}_item_at": [own, "int64_t", member],
+                              f"{name}_item_of": [own, "const char*", member], f"{name}_remove_at": [own, "int64_t"],
+                              f"{name}_remove_of": [own, "const char*"], f"{name}_clear": [own],
+                              f"{name}_is_same": [own, own, "int32_t*"]})
             return functions
         for member in a_class["members"]:
             known = member.get("short", snake(member["name"]))
             held = CLASSES.get(member["type"])
             if member["kinds"] == ["call"]:
-                functions[f"{name}_{known}"] = [own, *[self.VALUES[kind] for _, kind in member["arguments"]], self.PLACES[member["type"]]]
+                functions[f"{name}_{known}"] = [own, *[self.VALUES[kind] for _, kind in member["arguments"]],
+                                                self.PLACES[member["type"]]]
             if "get" in member["kinds"]:
-                functions[f"{name}_get_{known}"] = [own, f"fiscalon_{held['c']}**" if held else self.PLACES[member["type"]]]
+                functions[f"{name}_get_{known}"] = [own, f"fiscalon_{held['c']}**" if held
+                                                    else self.PLACES[member["type"]]]
             if {"let", "set"} & set(member["kinds"]):
                 value = f"fiscalon_{held['c']}*" if held else self.VALUES[member["type"]]
                 # What holds for the process needs no payment.
-                functions[f"set_{known}" if member.get("process") else f"{name}_set_{known}"] = [value] if member.get("process") else [own, value]
+                if member.get("process"):
+                    functions[f"set_{known}"] = [value]
+                else:
+                    functions[f"{name}_set_{known}"] = [own, value]
         return functions
 
     def test_has_these_members_and_no_others(self):
@@ -274,7 +289,8 @@ class CHeader(unittest.TestCase):
             with self.subTest(a_class["name"]):
                 wanted = self.wanted(a_class)
                 seen = {name: kinds for name, kinds in self.functions.items()
-                        if kinds[0].rstrip("*") == f"fiscalon_{a_class['c']}" or (name in wanted and name.startswith("set_"))}
+                        if kinds[0].rstrip("*") == f"fiscalon_{a_class['c']}"
+                        or (name in wanted and name.startswith("set_"))}
                 self.assertEqual(seen, wanted)
 
     def test_names_the_numbers(self):
@@ -357,7 +373,8 @@ class PowerShell(unittest.TestCase):
             self.assertGreaterEqual(len(uses), least)
             for name, member, kinds in uses:
                 with self.subTest(f"{name}.{member}"):
-                    told = {kind for each in members_of(CLASSES[name]) if each["name"] == member for kind in each["kinds"]}
+                    told = {kind for each in members_of(CLASSES[name]) if each["name"] == member
+                            for kind in each["kinds"]}
                     self.assertTrue(kinds & told, (kinds, told))
 
 
@@ -366,7 +383,8 @@ class Guide(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        cls.text = "\n".join(page.read_text(encoding="utf-8") for page in sorted((TREE / "docs").glob("host-guide*.md")))
+        cls.text = "\n".join(page.read_text(encoding="utf-8")
+                             for page in sorted((TREE / "docs").glob("host-guide*.md")))
 
     def test_tells_each_error(self):
         for error in TABLE["errors"]:

@@ -189,7 +189,8 @@ class MapOfTheTree(unittest.TestCase):
 
     def test_has_every_folder(self):
         # Builds, what git keeps, and what editors leave are no folders of the tree.
-        ignored = {line.strip("/") for line in (TREE / ".gitignore").read_text(encoding="utf-8").splitlines()} | {".git", "__pycache__"}
+        ignored = {line.strip("/") for line in (TREE / ".gitignore").read_text(encoding="utf-8").splitlines()}
+        ignored |= {".git", "__pycache__"}
         folders = {each.name for each in TREE.iterdir() if each.is_dir()} - ignored
         self.assertEqual(folders & {"core", "frontends", "screens"}, {"core", "frontends", "screens"})
         self.assertEqual(folders - set(self.rows), set(), "README.md does not say what is in them")
@@ -204,7 +205,8 @@ class MapOfTheTree(unittest.TestCase):
 class Decisions(unittest.TestCase):
     def test_are_linked_where_the_question_comes_up(self):
         folder = TREE / "docs/decisions"
-        texts = [file for top in ("core", "frontends", "screens", "tools", "validation", "docs") for file in (TREE / top).rglob("*")
+        texts = [file for top in ("core", "frontends", "screens", "tools", "validation", "docs")
+                 for file in (TREE / top).rglob("*")
                  if file.suffix in (".h", ".cpp", ".md") and file.parent != folder] + [TREE / "CONTRIBUTING.md"]
         said = "\n".join(file.read_text(encoding="utf-8") for file in texts)
         pages = sorted(folder.glob("*.md"))

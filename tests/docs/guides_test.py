@@ -11,9 +11,10 @@ from pathlib import Path
 
 TREE = Path(__file__).resolve().parents[2]
 GUIDES = sorted((TREE / "docs").glob("*.md"))
-PAGES = [*TREE.glob("*.md"), *(TREE / "docs").rglob("*.md"), *(TREE / "tests").rglob("*.md"), *(TREE / "examples").rglob("*.md")]
-SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "component", "bindings", "tools", "include", "examples", "bench",
-                  "tests/support", "tests/scenarios")
+PAGES = [*TREE.glob("*.md"), *(TREE / "docs").rglob("*.md"), *(TREE / "tests").rglob("*.md"),
+         *(TREE / "examples").rglob("*.md")]
+SOURCE_FOLDERS = ("core", "screens", "validation", "frontends", "component", "bindings", "tools", "include",
+                  "examples", "bench", "tests/support", "tests/scenarios")
 # Where a guide names a file by its last part.
 NAMED_FOLDERS = ("core", "screens", "frontends", "include", "examples", "tests")
 # What builds make, what processes write, and what a reader's own front end would have.
@@ -39,7 +40,8 @@ def without_indent(text):
 
 
 def blocks(guide, language):
-    return [body for kind, file, body in FENCE.findall(guide.read_text(encoding="utf-8")) if kind == language and not file]
+    return [body for kind, file, body in FENCE.findall(guide.read_text(encoding="utf-8")) if kind == language
+            and not file]
 
 
 class Guides(unittest.TestCase):
@@ -76,7 +78,8 @@ class Guides(unittest.TestCase):
 
     @unittest.skipUnless("FISCALON_PROGRAM" in os.environ, "there is no program to play scenarios with")
     def test_show_scenarios_that_play(self):
-        scenarios = [body for guide in GUIDES for body in blocks(guide, "") if re.search(r"^(show|scenario) ", body, re.MULTILINE)]
+        scenarios = [body for guide in GUIDES for body in blocks(guide, "")
+                     if re.search(r"^(show|scenario) ", body, re.MULTILINE)]
         self.assertTrue(scenarios)
         with tempfile.TemporaryDirectory() as folder:
             for number, scenario in enumerate(scenarios):
@@ -140,12 +143,13 @@ class AScreen(unittest.TestCase):
         table = (TREE / "screens/launch_table.cpp").read_text(encoding="utf-8")
         self.codes = dict(re.findall(r'LaunchRow\{"(\d\d)", +"\w+", *"(\w+)"', table))
         self.headers = {name: file for file in (TREE / "screens").glob("*/*.h") if file.parent.name != "parts"
-                        for name in re.findall(r"(?m)^class (\w+) (?:final )?: public Screen\b", file.read_text(encoding="utf-8"))}
+                        for name in re.findall(r"(?m)^class (\w+) (?:final )?: public Screen\b",
+                                               file.read_text(encoding="utf-8"))}
 
     def places(self, code):
         header = self.headers[self.codes[code]]
-        return [TREE / each.replace("<folder>", header.parent.name).replace("<name>", header.stem).replace("<code>", code)
-                for each in self.touched]
+        named = {"<folder>": header.parent.name, "<name>": header.stem, "<code>": code}
+        return [TREE / re.sub("<folder>|<name>|<code>", lambda found: named[found[0]], each) for each in self.touched]
 
     def test_touches_ten_files_or_folders_at_most(self):
         self.assertTrue(0 < len(self.touched) <= 10)

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""What is installed for people to read leads only to what is installed: links, pictures, and files that are named, unless
-they are said to be of the sources."""
+"""What is installed for people to read leads only to what is installed: links, pictures, and files that are named,
+unless they are said to be of the sources."""
 
 import os
 import re
@@ -21,7 +21,8 @@ def offences_of(page, roots):
     text = CODE.sub("", page.read_text(encoding="utf-8"))
     links = [first or second for first, second in LINK.findall(text)]
     # The API pages are made for packages alone, where tools/check follows all links.
-    missing = [link for link in links if not re.match(r"https?:|api/(?:\w+/)?index\.html$", link) and not (page.parent / link).exists()]
+    missing = [link for link in links if not re.match(r"https?:|api/(?:\w+/)?index\.html$", link)
+               and not (page.parent / link).exists()]
     return missing + [name for name in NAMED.findall(text)
                       if not any((root / name).exists() for root in [page.parent, *roots])]
 
@@ -38,7 +39,8 @@ class InstalledDocuments(unittest.TestCase):
             include = Path(prefix) / "include/fiscalon"
             pages = sorted(page for page in documents[0].rglob("*.md") if page.name != "CHANGELOG.md")
             names = {page.name for page in pages}
-            self.assertLessEqual({"host-guide.md", "host-guide-cpp.md", "batch-guide.md", "operator-guide.md", "README.md"}, names)
+            self.assertLessEqual({"host-guide.md", "host-guide-cpp.md", "batch-guide.md", "operator-guide.md",
+                                  "README.md"}, names)
             for page in pages:
                 self.assertEqual(offences_of(page, [documents[0], include]), [], page.name)
             changes = (documents[0] / "CHANGELOG.md").read_text(encoding="utf-8")
@@ -48,7 +50,8 @@ class InstalledDocuments(unittest.TestCase):
         """There the guides lie beside the examples."""
         with tempfile.TemporaryDirectory() as package:
             root = Path(package)
-            for name in ("windows-guide.md", "operator-guide.md", "operator-guide", "operator-guide.fr.md", "operator-guide.fr"):
+            for name in ("windows-guide.md", "operator-guide.md", "operator-guide", "operator-guide.fr.md",
+                         "operator-guide.fr"):
                 (root / name).symlink_to(TREE / "docs" / name)
             (root / "examples").symlink_to(TREE / "examples/windows")
             (root / "fiscalon_component.h").touch()

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""The table of which screen needs what of a payment is what the screens do: each is filled in once more for each property,
-which is given another value, and either something that the user sees or the records are others, or nothing is."""
+"""The table of which screen needs what of a payment is what the screens do: each is filled in once more for each
+property, which is given another value, and either something that the user sees or the records are others, or nothing
+is."""
 
 import os
 import re
@@ -53,7 +54,8 @@ class WhichScreenNeedsWhat(unittest.TestCase):
         # Where two codes show the same form, one picture is enough for both.
         self.scenarios = {}
         for code, form in forms.items():
-            like = code if code in drawn else next(other for other, its in forms.items() if its == form and other in drawn)
+            like = code if code in drawn else next(other for other, its in forms.items() if its == form
+                                                   and other in drawn)
             self.scenarios[code] = re.sub(r"(?m)^show \d\d$", f"show {code}", drawn[like])
 
     def seen(self, code, text):
@@ -78,7 +80,8 @@ class WhichScreenNeedsWhat(unittest.TestCase):
         told = {name: cell.strip() for names, cell in rows for name in re.findall(r"`(\w+)`", names)}
         self.assertLessEqual(set(OTHERS), set(told))
         self.looks = {code: self.seen(code, text) for code, text in self.scenarios.items()}
-        self.assertEqual([code for code, look in self.looks.items() if not look], [], "their pictures are not what they were")
+        self.assertEqual([code for code, look in self.looks.items() if not look], [],
+                         "their pictures are not what they were")
         for name, values in OTHERS.items():
             needed = {code for code in self.scenarios if any(self.counts(code, name, value) for value in values)}
             self.assertEqual(sorted(needed), sorted(codes_in(told[name], self.scenarios)), name)

@@ -3,8 +3,8 @@
 
 - A property is a pair of overloads, `Text()` and `Text(text)`, with one comment before them; both get it.
 - What only the library itself can call, which a `PassKey` shows, is none of the interface.
-- In the header for C a comment holds for all declarations up to the next comment or blank line; the operations of one kind
-  of collection are told of for the others too.
+- In the header for C a comment holds for all declarations up to the next comment or blank line; the operations of
+  one kind of collection are told of for the others too.
 - The help texts of the interfaces for Windows, which editors there show, are their comments.
 - What stands at the head of the file for C# is said of its namespace.
 

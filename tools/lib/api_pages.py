@@ -4,8 +4,8 @@ Windows, and in folders of their own the package for Python and the file for C#.
 
     api_pages.py --headers FOLDER --version VERSION --out FOLDER
 
-Prints one line per name that is promised and not told of, and per reference that leads nowhere, and exits with 1 then. Names
-of headers that are there for others' sake, which no umbrella header names, need no comment."""
+Prints one line per name that is promised and not told of, and per reference that leads nowhere, and exits with 1 then.
+Names of headers that are there for others' sake, which no umbrella header names, need no comment."""
 
 import argparse
 import re

@@ -1,5 +1,5 @@
-"""What Doxygen reads in place of a package in Python: each module that hosts import, with the names that they see there, also
-where those are defined in modules within, and with what stands in the sources of each, once:
+"""What Doxygen reads in place of a package in Python: each module that hosts import, with the names that they see
+there, also where those are defined in modules within, and with what stands in the sources of each, once:
 
 - the docstring of a class, a function or a property, and the words that a descriptor is made with;
 - the comment `#:` ahead of an attribute, or behind it;
@@ -58,12 +58,14 @@ class Package:
 
     def find(self, name):
         """(source, node) of a class or a function, wherever it is."""
-        return next(((source, source.named[name]) for source in self.sources.values() if name in source.named), (None, None))
+        return next(((source, source.named[name]) for source in self.sources.values() if name in source.named),
+                    (None, None))
 
     def modules(self):
         """(name, text) of each module that hosts import."""
         within = [self.find(name) for name in self.exported]
-        public = {name: [(source, node) for node in source.tree.body] for name, source in self.sources.items() if is_public(name)}
+        public = {name: [(source, node) for node in source.tree.body] for name, source in self.sources.items()
+                  if is_public(name)}
         # Names before words: words refer to names.
         for _ in range(2):
             texts = {"__init__": "\n".join(self.module("", self.sources["__init__"], within))}
@@ -113,7 +115,8 @@ class Package:
         yield f"{indent}    pass"
 
     def property(self, name, scope, words, types):
-        """An attribute that objects have, as a method of theirs sets it; Doxygen takes all others for the class's own."""
+        """An attribute that objects have, as a method of theirs sets it; Doxygen takes all others for the class's
+        own."""
         self.told.add(f"{scope}::{name}")
         yield "    def _set(self):"
         yield from self.said(with_types(words, "Type", types), scope, "        ")
@@ -178,7 +181,8 @@ class Package:
         done = set()
         for each, member in self.members(source, node):
             name = getattr(member, "name", "")
-            if isinstance(member, ast.FunctionDef) and is_public(name) and name not in done and OVERLOAD not in decorators(member):
+            is_new = isinstance(member, ast.FunctionDef) and is_public(name) and name not in done
+            if is_new and OVERLOAD not in decorators(member):
                 done.add(name)
                 if "property" in decorators(member):
                     yield from self.property(name, inner, ast.get_docstring(member) or "", ast.unparse(member.returns))

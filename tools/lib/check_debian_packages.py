@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks what Debian's own checker does not: that each package tells what is linked into its programs, and that no two are
-described alike.
+"""Checks what Debian's own checker does not: that each package tells what is linked into its programs, and that no two
+are described alike.
 
     check_debian_packages.py PACKAGE...
 
@@ -14,8 +14,12 @@ from pathlib import Path
 import notices
 
 
+def field_of(package, name):
+    return subprocess.run(["dpkg-deb", "-f", package, name], check=True, capture_output=True, text=True).stdout
+
+
 def offences_of(package):
-    name = subprocess.run(["dpkg-deb", "-f", package, "Package"], check=True, capture_output=True, text=True).stdout.strip()
+    name = field_of(package, "Package").strip()
     with tempfile.TemporaryDirectory() as folder:
         subprocess.run(["dpkg-deb", "-x", package, folder], check=True)
         files = [path for path in Path(folder).rglob("*") if path.is_file() and not path.is_symlink()]
@@ -25,14 +29,14 @@ def offences_of(package):
 
 
 def synopsis_of(package):
-    shown = subprocess.run(["dpkg-deb", "-f", package, "Description"], check=True, capture_output=True, text=True).stdout
-    return shown.partition("\n")[0]
+    return field_of(package, "Description").partition("\n")[0]
 
 
 def main(packages):
     found = [f"{package}: {offence}" for package in packages for offence in offences_of(package)]
     synopses = [synopsis_of(package) for package in packages]
-    found += [f"{package}: is described as another is" for package, one in zip(packages, synopses) if synopses.count(one) > 1]
+    found += [f"{package}: is described as another is" for package, one in zip(packages, synopses)
+              if synopses.count(one) > 1]
     print("\n".join(found or [f"{len(packages)} packages are right"]))
     return 1 if found or not packages else 0
 

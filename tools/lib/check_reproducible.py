@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Whether the same sources give the same bytes: makes all that is given out twice, in two folders, at two times and by the
-habits of two people, and compares, installer packages by what they hold. Looks into each artefact for the folders that
-it was made in, too.
+"""Whether the same sources give the same bytes: makes all that is given out twice, in two folders, at two times and by
+the habits of two people, and compares, installer packages by what they hold. Looks into each artefact for the folders
+that it was made in, too.
 
     check_reproducible.py [--kind KIND]... [--keep FOLDER]
     check_reproducible.py --compare FOLDER FOLDER [--traces TEXT]...

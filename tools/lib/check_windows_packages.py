@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the packages for Windows: their checksums, what is in a ZIP, and what its library and program need; and that an
-installer package has the very files of the ZIP beside it.
+"""Checks the packages for Windows: their checksums, what is in a ZIP, and what its library and program need; and that
+an installer package has the very files of the ZIP beside it.
 
     check_windows_packages.py ZIP|MSI...
 
@@ -21,8 +21,8 @@ FOLDERS = ("dotnet/", "examples/", "include/fiscalon/", "lib/cmake/fiscalon-c/",
            "operator-guide/", "operator-guide.fr/", "schemas/")
 FILES = set(
     """CHANGELOG.md LICENSE THIRD-PARTY.txt fiscalon-c.dll fiscalon.dll fiscalon.exe fiscalon.manifest fiscalon.tlb
-    fiscalon_component.h lib/fiscalon/common_controls.o lib/libfiscalon-c.dll.a lib/libfiscalon.a lib/libfiscalon_win32.a
-    lib/pkgconfig/fiscalon-c.pc lib/pkgconfig/fiscalon-win32.pc lib/pkgconfig/fiscalon.pc operator-guide.fr.md
+    fiscalon_component.h lib/fiscalon/common_controls.o lib/libfiscalon-c.dll.a lib/libfiscalon.a
+    lib/libfiscalon_win32.a lib/pkgconfig/fiscalon-c.pc lib/pkgconfig/fiscalon-win32.pc lib/pkgconfig/fiscalon.pc operator-guide.fr.md
     operator-guide.md windows-guide.md""".split()
 )
 LIST_OF_C = Path(__file__).resolve().parents[2] / "bindings/c/exports.txt"
@@ -32,7 +32,8 @@ EXPORTS = {
 }
 # What every Windows has.
 SYSTEM_LIBRARIES = set(
-    """advapi32 comctl32 comdlg32 gdi32 gdiplus kernel32 msvcrt ole32 oleaut32 oleacc shell32 shlwapi user32 uxtheme""".split()
+    """advapi32 comctl32 comdlg32 gdi32 gdiplus kernel32 msvcrt ole32 oleaut32 oleacc shell32 shlwapi user32
+    uxtheme""".split()
 )
 MOST_BYTES = 4 * 1024 * 1024
 FORMATS = {"x86_64": "pei-x86-64", "x86": "pei-i386"}

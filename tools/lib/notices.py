@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Writes the notices that must go along with programs and libraries: of each work of others that is linked into them, its
-copyright and licence, word for word as the distribution has them.
+"""Writes the notices that must go along with programs and libraries: of each work of others that is linked into them,
+its copyright and licence, word for word as the distribution has them.
 
     notices.py --out FILE [--debian LICENSE] BINARY...
 
-With --debian the file is a Debian package's copyright file, which begins with our own licence. Ends with 2 where a notice
-is not to be had."""
+With --debian the file is a Debian package's copyright file, which begins with our own licence. Ends with 2 where a
+notice is not to be had."""
 
 import argparse
 import re
@@ -66,7 +66,8 @@ def notice_of(part, documents):
     found = []
     for stanza in all_stanzas:
         files = stanza.get("Files", "").split()
-        if any(file == wanted or (wanted.endswith("/") and file.startswith(wanted)) for file in files for wanted in part.paths):
+        if any(file == wanted or (wanted.endswith("/") and file.startswith(wanted)) for file in files
+               for wanted in part.paths):
             if any("tests" in file for file in files):
                 continue
             name, _, text = stanza["License"].partition("\n")
@@ -114,7 +115,8 @@ def offences_of(told, linked):
     for part in PARTS:
         is_told = part.name in told or part.name.replace(" ", "-") in told
         if is_told != (part in held):
-            yield f"{part.name} is linked in, and its notice is missing" if part in held else f"{part.name} is told, and not linked in"
+            reason = "linked in, and its notice is missing" if part in held else "told, and not linked in"
+            yield f"{part.name} is {reason}"
 
 
 def main(arguments):

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the list of parts of what is given out, in the form of SPDX 2.3: the artefact with the checksum of its bytes, what
-others wrote that is linked into its programs, and the packages that it needs beside it.
+"""Writes the list of parts of what is given out, in the form of SPDX 2.3: the artefact with the checksum of its bytes,
+what others wrote that is linked into its programs, and the packages that it needs beside it.
 
     parts_list.py --version VERSION --moment SECONDS --out FILE ARTEFACT"""
 
@@ -74,7 +74,8 @@ def list_of(artefact, version, moment):
                   checksums=[{"algorithm": "SHA256", "checksumValue": sum_}])
     linked = [entry(part.name, version_of(part.package) if part.package else "NOASSERTION", licence_of(part),
                     comment="Compiled into the program.") for part in linked_into(artefact)]
-    needed = [entry(need.split()[0], re.sub(r"^\S+ ?\(?|\)$", "", need) or "NOASSERTION", "NOASSERTION") for need in needs_of(artefact)]
+    needed = [entry(need.split()[0], re.sub(r"^\S+ ?\(?|\)$", "", need) or "NOASSERTION", "NOASSERTION")
+              for need in needs_of(artefact)]
     related = [("SPDXRef-DOCUMENT", "DESCRIBES", whole["SPDXID"])]
     related += [(whole["SPDXID"], "STATIC_LINK", part["SPDXID"]) for part in linked]
     related += [(whole["SPDXID"], "DEPENDS_ON", need["SPDXID"]) for need in needed]
@@ -101,7 +102,8 @@ def main(arguments):
     parser.add_argument("--out", type=Path, required=True)
     parser.add_argument("artefact", type=Path)
     told = parser.parse_args(arguments)
-    told.out.write_text(json.dumps(list_of(told.artefact, told.version, told.moment), indent=1) + "\n", encoding="utf-8")
+    told.out.write_text(json.dumps(list_of(told.artefact, told.version, told.moment), indent=1) + "\n",
+                        encoding="utf-8")
 
 
 if __name__ == "__main__":

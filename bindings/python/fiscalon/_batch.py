@@ -10,16 +10,16 @@ import struct
 import sys
 import threading
 import weakref
-from ctypes import (CFUNCTYPE, POINTER, Structure, byref, c_char_p, c_int, c_int32, c_int64, c_size_t, c_uint32, c_uint64,
-                    c_void_p)
+from ctypes import (CFUNCTYPE, POINTER, Structure, byref, c_char_p, c_int, c_int32, c_int64, c_size_t, c_uint32,
+                    c_uint64, c_void_p)
 from types import TracebackType
-from typing import (Any, Callable, ClassVar, Deque, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple, Type, Union,
-                    cast)
+from typing import (Any, Callable, ClassVar, Deque, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple,
+                    Type, Union, cast)
 
 from . import _handles, _library
 from ._handles import Handle
-from ._errors import (BatchError, BatchProblem, ErrorNumber, FiscalonError, ForkedError, NotSetError, error_of, mismatch,
-                      refused)
+from ._errors import (BatchError, BatchProblem, ErrorNumber, FiscalonError, ForkedError, NotSetError, error_of,
+                      mismatch, refused)
 
 #: A file by its path, or what stands in it.
 Source = Union[str, "os.PathLike[str]", bytes]
@@ -217,8 +217,8 @@ class _TextStruct(Structure):
 
 
 class _FaultStruct(Structure):
-    _fields_ = [("size", c_size_t), ("line", c_uint64), ("field", _TextStruct), ("name", _TextStruct), ("value", _TextStruct),
-                ("code", _TextStruct), ("message", _TextStruct)]
+    _fields_ = [("size", c_size_t), ("line", c_uint64), ("field", _TextStruct), ("name", _TextStruct),
+                ("value", _TextStruct), ("code", _TextStruct), ("message", _TextStruct)]
 
 
 class _VerdictStruct(Structure):
@@ -231,7 +231,8 @@ class _VerdictStruct(Structure):
 
 
 class _CountsStruct(Structure):
-    _fields_ = [("size", c_size_t), ("payments", c_uint64), ("invalid", c_uint64), ("bytes", c_uint64), ("total_bytes", c_uint64)]
+    _fields_ = [("size", c_size_t), ("payments", c_uint64), ("invalid", c_uint64), ("bytes", c_uint64),
+                ("total_bytes", c_uint64)]
 
     def counts(self) -> BatchCounts:
         return BatchCounts(self.payments, self.invalid, self.bytes, self.total_bytes)
@@ -243,15 +244,15 @@ _ON_PROBLEM = CFUNCTYPE(c_int, c_void_p, c_char_p, c_uint64, c_char_p)
 
 
 class _BatchStruct(Structure):
-    _fields_ = [("size", c_size_t), ("payments_path", c_char_p), ("records_path", c_char_p), ("payments_bytes", c_char_p),
-                ("payments_size", c_size_t), ("records_bytes", c_char_p), ("records_size", c_size_t), ("part", c_uint64),
-                ("parts", c_uint64), ("jobs", c_uint32), ("wants_valid", c_int32), ("wants_faults", c_int32),
-                ("wants_lines", c_int32), ("context", c_void_p), ("on_verdicts", _ON_VERDICTS),
-                ("on_progress", _ON_PROGRESS), ("on_problem", _ON_PROBLEM)]
+    _fields_ = [("size", c_size_t), ("payments_path", c_char_p), ("records_path", c_char_p),
+                ("payments_bytes", c_char_p), ("payments_size", c_size_t), ("records_bytes", c_char_p),
+                ("records_size", c_size_t), ("part", c_uint64), ("parts", c_uint64), ("jobs", c_uint32),
+                ("wants_valid", c_int32), ("wants_faults", c_int32), ("wants_lines", c_int32), ("context", c_void_p),
+                ("on_verdicts", _ON_VERDICTS), ("on_progress", _ON_PROGRESS), ("on_problem", _ON_PROBLEM)]
 
 
-_judge_payment = _library.function("judge_payment", c_void_p, c_char_p, c_char_p, c_int64, POINTER(c_char_p), c_size_t, c_int32,
-                                   POINTER(_VerdictStruct))
+_judge_payment = _library.function("judge_payment", c_void_p, c_char_p, c_char_p, c_int64, POINTER(c_char_p), c_size_t,
+                                   c_int32, POINTER(_VerdictStruct))
 _validate_batch = _library.function("validate_batch", POINTER(_BatchStruct), POINTER(_CountsStruct))
 
 # A block of verdicts as it crosses over.
@@ -278,7 +279,8 @@ def _rows_of(first: int, count: int, stride: int) -> Sequence[int]:
     if _VerdictStruct.from_address(first + (count - 1) * stride).row == start + count - 1:
         return range(start, start + count)
     offset = _VerdictStruct.row.offset
-    return [row for row, in struct.iter_unpack(f"={offset}xQ{stride - offset - 8}x", ctypes.string_at(first, count * stride))]
+    return [row for row, in struct.iter_unpack(f"={offset}xQ{stride - offset - 8}x",
+                                               ctypes.string_at(first, count * stride))]
 
 
 def _valid_of(first: int, count: int, stride: int) -> bytes:
@@ -533,8 +535,8 @@ def _end_all() -> None:
         blocks.close()
 
 
-def validate_batch(payments: Source, records: Source, *, part: Optional[Tuple[int, int]] = None, jobs: Optional[int] = None,
-                   valid: bool = True, faults: bool = False, lines: bool = False,
+def validate_batch(payments: Source, records: Source, *, part: Optional[Tuple[int, int]] = None,
+                   jobs: Optional[int] = None, valid: bool = True, faults: bool = False, lines: bool = False,
                    on_progress: Optional[Callable[[BatchCounts], object]] = None) -> Verdicts:
     """Judges a batch, and gives the verdicts while they are made::
 
@@ -547,8 +549,8 @@ def validate_batch(payments: Source, records: Source, *, part: Optional[Tuple[in
     ``payments`` and ``records`` are the two files, by path or as bytes; neither is copied. ``part=(2, 8)`` judges the
     second of eight parts: the verdicts of all parts in their order are those of the batch. ``jobs`` threads judge, as
     many as there are cores where it is left out. With ``valid=False`` only the bad payments are told, and with
-    ``faults=True`` where each fault lies, with ``lines=True`` the payments' lines of the record file. ``on_progress`` is
-    called every few thousand payments, in a thread of the batch.
+    ``faults=True`` where each fault lies, with ``lines=True`` the payments' lines of the record file. ``on_progress``
+    is called every few thousand payments, in a thread of the batch.
 
     ``BatchError`` where the files can't be read or don't line up: then no verdict counts, those that were given
     neither. It names the problems."""
@@ -561,7 +563,8 @@ def validate_batch(payments: Source, records: Source, *, part: Optional[Tuple[in
     return Verdicts(run, bool(faults or lines))
 
 
-def count_batch(payments: Source, records: Source, *, part: Optional[Tuple[int, int]] = None, jobs: Optional[int] = None,
+def count_batch(payments: Source, records: Source, *, part: Optional[Tuple[int, int]] = None,
+                jobs: Optional[int] = None,
                 on_progress: Optional[Callable[[BatchCounts], object]] = None) -> BatchCounts:
     """Judges a batch and tells how many of its payments are good, with the arguments of ``validate_batch``."""
     run = _Run(payments, records, part, jobs)
@@ -571,8 +574,8 @@ def count_batch(payments: Source, records: Source, *, part: Optional[Tuple[int, 
 
 
 class Judge(Handle):
-    """Judges payments one by one from the host's own memory, with the verdicts of ``Check`` and without its logs, all as
-    of the day on which it was made."""
+    """Judges payments one by one from the host's own memory, with the verdicts of ``Check`` and without its logs, all
+    as of the day on which it was made."""
 
     _name = "judge"
 
@@ -589,4 +592,5 @@ class Judge(Handle):
         with _handles._reading:
             _judge_payment(self._open, screen, biller, amount, (c_char_p * len(texts))(*texts), len(texts),
                            int(bool(faults)), byref(struct))
-            return _WholeVerdict((struct.row, struct.texts(), struct.line, struct.lines.text(), tuple(_faults_of(struct))))
+            return _WholeVerdict((struct.row, struct.texts(), struct.line, struct.lines.text(),
+                                  tuple(_faults_of(struct))))

@@ -20,8 +20,8 @@ _is_info_valid = _library.function("check_is_info_valid", c_void_p, POINTER(c_in
 
 
 class Check(Handle):
-    """Checks the records of one payment without a screen (``clsValidateAddInfo``): screen codes "03" and "20". For whole
-    batches see ``fiscalon.validate_batch``, which is much faster."""
+    """Checks the records of one payment without a screen (``clsValidateAddInfo``): screen codes "03" and "20". For
+    whole batches see ``fiscalon.validate_batch``, which is much faster."""
 
     _name = "check"
 
@@ -30,8 +30,8 @@ class Check(Handle):
     biller_code = Text('Screen "20" asks biller "001052" alone for a remittance type.')
     biller_name = Text("Kept for the host; no rule looks at it.")
     payment_date = Text("Kept for the host; no rule looks at it.")
-    payment_amount = Text("The amount to be paid. Written in cents, read back in dollars. Error 6 for a number beyond all "
-                          "floats.")
+    payment_amount = Text("The amount to be paid. Written in cents, read back in dollars. Error 6 for a number beyond "
+                          "all floats.")
     invalid_reason = Text('All that the last check found, ", " between; empty where it found nothing.')
     play_by_play_enabled = play_by_play_enabled()
 

@@ -107,7 +107,8 @@ class BatchProblem(NamedTuple):
 
 
 class BatchError(FiscalonError, ValueError):
-    """1011: the files of a batch can't be read or don't line up; no verdict counts. ``problems`` names the first twenty."""
+    """1011: the files of a batch can't be read or don't line up; no verdict counts. ``problems`` names the first
+    twenty."""
 
     def __init__(self, number: int, description: str, source: str = "Fiscalon",
                  problems: Optional[List[BatchProblem]] = None) -> None:
@@ -189,7 +190,8 @@ def error_of(number: int, description: str, source: str = "Fiscalon") -> Fiscalo
 def mismatch(wanted: str, value: object) -> TypeMismatchError:
     """The exception for a value of a type that was not wanted."""
     return TypeMismatchError(ErrorNumber.TYPE_MISMATCH,
-                             f"{_DESCRIPTIONS[ErrorNumber.TYPE_MISMATCH]}: {wanted} is wanted, not {type(value).__name__}")
+                             f"{_DESCRIPTIONS[ErrorNumber.TYPE_MISMATCH]}: {wanted} is wanted, "
+                             f"not {type(value).__name__}")
 
 
 def refused(number: int) -> FiscalonError:

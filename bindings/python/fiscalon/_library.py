@@ -38,9 +38,9 @@ def _of(library: ctypes.CDLL, name: str) -> Any:
     except AttributeError:
         version = getattr(library, "fiscalon_version", None)
         found = f"of Fiscalon {decoded(version())}" if version else "no library of Fiscalon"
-        raise ImportError(f"{library._name} is {found}, without fiscalon_{name}; this package needs that of {_NEEDED} or newer, "
-                          "which comes with its wheel and with the Debian package libfiscalon-c1. Install one, and have "
-                          "FISCALON_LIBRARY name no other") from None
+        raise ImportError(f"{library._name} is {found}, without fiscalon_{name}; this package needs that of {_NEEDED} "
+                          "or newer, which comes with its wheel and with the Debian package libfiscalon-c1. Install "
+                          "one, and have FISCALON_LIBRARY name no other") from None
 
 
 def decoded(text: Optional[bytes]) -> str:
@@ -70,7 +70,8 @@ def _checked(status: int, _function: Any, _arguments: Any) -> int:
 @contextlib.contextmanager
 def hearing(keep: Callable[[BaseException], object]) -> Iterator[None]:
     """Keeps what is raised at the very start of a routine that the library calls, ahead of all that could catch it: an
-    interrupt of the user's, say. ctypes prints that, and the library gets no answer. Signals come to the main thread."""
+    interrupt of the user's, say. ctypes prints that, and the library gets no answer. Signals come to the main
+    thread."""
     if threading.current_thread() is not threading.main_thread():
         yield
         return

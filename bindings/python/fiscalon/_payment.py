@@ -28,20 +28,21 @@ class Payment(Handle):
     comp_code = Text('Biller code, such as "001052".')
     comp_name = Text("Biller name, shown on the screens.")
     account_number = Text("Kept for the host; no screen receives it.")
-    paid_amount = Text('The amount of the payment. Written in cents ("12345"), read back in dollars ("123.45", ".05"). A '
-                       "text that begins with no number is 0. Error 6 for a number beyond all floats.")
+    paid_amount = Text('The amount of the payment. Written in cents ("12345"), read back in dollars ("123.45", ".05"). '
+                       "A text that begins with no number is 0. Error 6 for a number beyond all floats.")
     paid_date = Text("Payment date, 8 digits: month, day, year.")
     number_of_info_collect = Text('How many items screen "07" collects, "1" to "12".')
     gov_filename = PathText("Full path of the record file; a path of ``pathlib`` will do.")
     enter_name = Text("The person entering, at most 30 characters; a longer name fails the output.")
     enter_title = Text("That person's title, at most 20 characters.")
-    ap_hold_flg = Number("1: the payment is on hold and has no fixed date. Error 6 for a number that 8 bits do not hold.")
+    ap_hold_flg = Number("1: the payment is on hold and has no fixed date. Error 6 for a number that 8 bits do not "
+                         "hold.")
     seq_number = Text("Four characters that head each record of the payment, taken as they are.")
     show_gst58 = Truth("Always False.")
     business_name = Text("Name offered on the donation screen.")
-    write_file = Number("True, and nothing else: records go to the file ``gov_filename``, not to ``pc4_records``. It is a "
-                        "number, and reads as one: True is -1, any other number stays as it is and counts as False. Error "
-                        "6 for one that 16 bits do not hold.", _library.boolean)
+    write_file = Number("True, and nothing else: records go to the file ``gov_filename``, not to ``pc4_records``. It "
+                        "is a number, and reads as one: True is -1, any other number stays as it is and counts as "
+                        "False. Error 6 for one that 16 bits do not hold.", _library.boolean)
     play_by_play_enabled = play_by_play_enabled()
     main_path = main_path()
     session_number = session_number()
@@ -60,8 +61,8 @@ class Payment(Handle):
         """Shows the screen of a two-digit code (``ShowLevyraScreen``) and waits for the user. True: OK was chosen, and
         the records are in the file or in ``pc4_records``. False: nothing was written.
 
-        With ``in_process=False`` the form is shown by a process of its own, ``fiscalon collect --json``, so that neither
-        the interpreter nor another copy of Qt is in its way; ``fiscalon.use_program`` says how it is started.
+        With ``in_process=False`` the form is shown by a process of its own, ``fiscalon collect --json``, so that
+        neither the interpreter nor another copy of Qt is in its way; ``fiscalon.use_program`` says how it is started.
 
         Errors have the source "Fiscalon.ShowLevyraScreen": 0x80040001 for an unknown code, 91 without a front end, 400
         while the form is shown already, and whatever left the form. What a routine of a scripted user raises comes out

@@ -32,8 +32,8 @@ def version() -> str:
 
 
 def use_front_end(name: Optional[str]) -> None:
-    """Installs what shows forms, boxes and help; None takes it away. "qt": windows. "win32": windows by the system's own
-    controls. "terminal": forms on the terminal of standard input and output. "scripted": nobody is asked (see
+    """Installs what shows forms, boxes and help; None takes it away. "qt": windows. "win32": windows by the system's
+    own controls. "terminal": forms on the terminal of standard input and output. "scripted": nobody is asked (see
     ``use_scripted_user``). ``FrontEndError`` says what is missing and which package brings it. The thread that calls
     this is the one that shows screens."""
     _use_front_end(None if name is None else _library.text(name))
@@ -62,8 +62,8 @@ def use_fixed_clock(now: Union[datetime.datetime, datetime.date]) -> None:
 
 
 def use_locale(name: str) -> None:
-    """Has the user be one of "en-CA", "en-US" or "fr-CA" until ``reset``, whatever the system says; "system" goes by the
-    system again. Error 5 for another name."""
+    """Has the user be one of "en-CA", "en-US" or "fr-CA" until ``reset``, whatever the system says; "system" goes by
+    the system again. Error 5 for another name."""
     _use_locale(_library.text(name))
     fixed["locale"] = name
 
@@ -76,8 +76,8 @@ def use_language(name: str) -> None:
 
 
 def reset() -> None:
-    """Puts the library back to how it is when it has just been loaded: no front end, no form made, no logs, the system's
-    clock and locale. Objects keep their properties and can be used on."""
+    """Puts the library back to how it is when it has just been loaded: no front end, no form made, no logs, the
+    system's clock and locale. Objects keep their properties and can be used on."""
     _reset()
     fixed.clear()
     written.clear()

@@ -11,7 +11,8 @@ from ._handles import Handle, Text
 
 
 class Member(Handle):
-    """A member of a collection. It stays what it is when the collection lets it go. Members with the same texts are equal."""
+    """A member of a collection. It stays what it is when the collection lets it go. Members with the same texts are
+    equal."""
 
     _texts: ClassVar[Tuple[str, ...]]
 
@@ -79,8 +80,8 @@ _M = TypeVar("_M", bound=Member)
 class Collection(Handle, Sequence[_M]):
     """Members in order, some with a key.
 
-    As a sequence of Python it counts from 0 (``records[0]``, ``del records[-1]``, slices); by ``item`` and ``remove`` it
-    counts from 1, as in all other languages. Either takes a key too. Errors: 9 for an unknown position, which is an
+    As a sequence of Python it counts from 0 (``records[0]``, ``del records[-1]``, slices); by ``item`` and ``remove``
+    it counts from 1, as in all other languages. Either takes a key too. Errors: 9 for an unknown position, which is an
     ``IndexError``; 5 for an unknown key, which is a ``KeyError``; 457 for a key that is taken."""
 
     _member: ClassVar[Type[Any]]

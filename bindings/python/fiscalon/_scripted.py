@@ -39,7 +39,8 @@ class Answer(IntEnum):
     NO = 3  #: No.
 
 
-_OFFERED = {Buttons.OK: (Answer.OK,), Buttons.OK_CANCEL: (Answer.OK, Answer.CANCEL), Buttons.YES_NO: (Answer.YES, Answer.NO)}
+_OFFERED = {Buttons.OK: (Answer.OK,), Buttons.OK_CANCEL: (Answer.OK, Answer.CANCEL),
+            Buttons.YES_NO: (Answer.YES, Answer.NO)}
 
 
 class ControlKind(IntEnum):
@@ -112,7 +113,8 @@ class Control(NamedTuple):
 
 class _ControlStruct(Structure):
     _fields_ = [("size", c_size_t), ("name", c_char_p), ("kind", c_int32), ("items", c_int32), ("text", c_char_p),
-                ("selection", c_char_p), ("checked", c_int32), ("locked", c_int32), ("enabled", c_int32), ("visible", c_int32)]
+                ("selection", c_char_p), ("checked", c_int32), ("locked", c_int32), ("enabled", c_int32),
+                ("visible", c_int32)]
 
 
 _TEXT = POINTER(c_char_p)
@@ -146,8 +148,8 @@ def _naming_a_control() -> Iterator[None]:
 
 
 class Form:
-    """A form that is up, and a user at it: acts, and eyes that read what is shown. It is good for as long as the routine
-    runs that was given it, and an act for as long as the form is up; else error 1010."""
+    """A form that is up, and a user at it: acts, and eyes that read what is shown. It is good for as long as the
+    routine runs that was given it, and an act for as long as the form is up; else error 1010."""
 
     def __init__(self, pointer: c_void_p) -> None:
         self._pointer: Optional[c_void_p] = pointer
@@ -201,9 +203,10 @@ class Form:
 
     @staticmethod
     def _seen(struct: _ControlStruct) -> Control:
-        return Control(name=_library.decoded(struct.name), kind=ControlKind(struct.kind), text=_library.decoded(struct.text),
-                       selection=_library.decoded(struct.selection), items=struct.items, checked=bool(struct.checked),
-                       locked=bool(struct.locked), enabled=bool(struct.enabled), visible=bool(struct.visible))
+        return Control(name=_library.decoded(struct.name), kind=ControlKind(struct.kind),
+                       text=_library.decoded(struct.text), selection=_library.decoded(struct.selection),
+                       items=struct.items, checked=bool(struct.checked), locked=bool(struct.locked),
+                       enabled=bool(struct.enabled), visible=bool(struct.visible))
 
     @property
     def controls(self) -> List[Control]:
@@ -237,13 +240,13 @@ class Form:
         return rows
 
     def type(self, text: str) -> None:
-        """Types each character into the control that has the focus by then; a tab goes on to the next control. Where the
-        form closes before the last one: error 1010."""
+        """Types each character into the control that has the focus by then; a tab goes on to the next control. Where
+        the form closes before the last one: error 1010."""
         _type(self._open, _library.text(text))
 
     def press_key(self, key: str) -> None:
-        """Tab, Shift+Tab, Enter, Shift+Enter, Ctrl+Enter, Escape, Backspace, Delete, Space, Left, Right, Up, Down, Home,
-        End or Alt+LETTER."""
+        """Tab, Shift+Tab, Enter, Shift+Enter, Ctrl+Enter, Escape, Backspace, Delete, Space, Left, Right, Up, Down,
+        Home, End or Alt+LETTER."""
         _press_key(self._open, _library.text(key))
 
     def press_mouse(self, control: str) -> None:
@@ -287,8 +290,8 @@ _ON_HANDLER = CFUNCTYPE(c_int, c_void_p, c_char_p)
 
 
 class _UserStruct(Structure):
-    _fields_ = [("size", c_size_t), ("context", c_void_p), ("on_form", _ON_FORM), ("on_box", _ON_BOX), ("on_beep", _ON_BEEP),
-                ("on_help", _ON_HELP), ("on_handler", _ON_HANDLER)]
+    _fields_ = [("size", c_size_t), ("context", c_void_p), ("on_form", _ON_FORM), ("on_box", _ON_BOX),
+                ("on_beep", _ON_BEEP), ("on_help", _ON_HELP), ("on_handler", _ON_HANDLER)]
 
 
 _use_scripted_user = _library.function("use_scripted_user", POINTER(_UserStruct))
@@ -299,8 +302,8 @@ _raised: List[BaseException] = []
 
 @contextlib.contextmanager
 def handing_out() -> Iterator[None]:
-    """Around a show: what a routine has raised comes out of it, whatever the library answers. A routine may show another
-    screen, whose exceptions are its own."""
+    """Around a show: what a routine has raised comes out of it, whatever the library answers. A routine may show
+    another screen, whose exceptions are its own."""
     outer = _raised[:]
     _raised.clear()
     try:
@@ -338,15 +341,16 @@ def _guarded(kind: Any, routine: Optional[Callable[..., object]]) -> Any:
 _installed: List[Any] = []
 
 
-def use_scripted_user(*, on_form: Optional[Callable[[Form], object]] = None, on_box: Optional[Callable[[Box], Answer]] = None,
-                      on_beep: Optional[Callable[[], object]] = None, on_help: Optional[Callable[[str, int], object]] = None,
+def use_scripted_user(*, on_form: Optional[Callable[[Form], object]] = None,
+                      on_box: Optional[Callable[[Box], Answer]] = None, on_beep: Optional[Callable[[], object]] = None,
+                      on_help: Optional[Callable[[str, int], object]] = None,
                       on_handler: Optional[Callable[[str], object]] = None) -> None:
     """Installs the front end that needs no display, with routines that play the user.
 
-    ``on_form`` is given the form that is up; one that is still up when it returns is closed as hidden. ``on_box`` answers
-    a message box by one of its buttons; without it a box gets its default answer. ``on_beep`` and ``on_help`` (a file and
-    a context number) hear of what their names say, and ``on_handler`` of each handler that is about to run, such as
-    "txtAmountPayable_Change". What a routine raises ends the show and comes out of ``Payment.show``."""
+    ``on_form`` is given the form that is up; one that is still up when it returns is closed as hidden. ``on_box``
+    answers a message box by one of its buttons; without it a box gets its default answer. ``on_beep`` and ``on_help``
+    (a file and a context number) hear of what their names say, and ``on_handler`` of each handler that is about to run,
+    such as "txtAmountPayable_Change". What a routine raises ends the show and comes out of ``Payment.show``."""
     for routine in (on_form, on_box, on_beep, on_help, on_handler):
         if routine is not None and not callable(routine):
             raise mismatch("a routine or None", routine)

@@ -21,11 +21,13 @@ class ProgramError(FiscalonError):
     """1100: the program that shows a form in a process of its own can't be started, can't show it, or has died."""
 
 
-_TEXTS = {"zelmor_number": "ZelmorNumber", "comp_code": "CompCode", "comp_name": "CompName", "account_number": "AccountNumber",
-          "paid_date": "PaidDate", "number_of_info_collect": "NumberOfInfoCollect", "gov_filename": "GovFilename",
-          "enter_name": "EnterName", "enter_title": "EnterTitle", "seq_number": "SeqNumber", "business_name": "BusinessName"}
+_TEXTS = {"zelmor_number": "ZelmorNumber", "comp_code": "CompCode", "comp_name": "CompName",
+          "account_number": "AccountNumber", "paid_date": "PaidDate", "number_of_info_collect": "NumberOfInfoCollect",
+          "gov_filename": "GovFilename", "enter_name": "EnterName", "enter_title": "EnterTitle",
+          "seq_number": "SeqNumber", "business_name": "BusinessName"}
 _NUMBERS = {"ap_hold_flg": "APHoldFlg", "write_file": "WriteFile"}
-_OF_THE_PROCESS = {"play_by_play_enabled": "PlayByPlayEnabled", "main_path": "MainPath", "session_number": "SessionNumber"}
+_OF_THE_PROCESS = {"play_by_play_enabled": "PlayByPlayEnabled", "main_path": "MainPath",
+                   "session_number": "SessionNumber"}
 
 _program: List[str] = ["fiscalon"]
 
@@ -87,10 +89,11 @@ def show(payment: Payment, screen_code: str) -> bool:
     command = [_program[0], "collect", "--json", "-", *_program[1:]]
     command += [f"--{option}={value}" for option, value in _process.fixed.items()]
     try:
-        done = subprocess.run(command, input=json.dumps(_request(payment, code)).encode("utf-8"), stdout=subprocess.PIPE,
-                              stderr=subprocess.PIPE, check=False)
+        done = subprocess.run(command, input=json.dumps(_request(payment, code)).encode("utf-8"),
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
     except OSError as problem:
-        raise ProgramError(ErrorNumber.PROGRAM, f"{command[0]} can't be started: {problem.strerror}; the Debian package "
+        raise ProgramError(ErrorNumber.PROGRAM,
+                           f"{command[0]} can't be started: {problem.strerror}; the Debian package "
                                                 "fiscalon-tools brings it") from None
     answer = _answered(done)
     if answer["result"] and answer["records"] is not None:

@@ -3,8 +3,8 @@
     python3 -m fiscalon.play FILE...
 
 The language is that of ``fiscalon play``. Host and user are Python here: every act and every look goes through the
-scripted user, as those of a host's own tests do. One line per scenario, then how many passed; exit status 0, 1 where one
-failed, 2 for a file that makes no sense."""
+scripted user, as those of a host's own tests do. One line per scenario, then how many passed; exit status 0, 1 where
+one failed, 2 for a file that makes no sense."""
 
 from __future__ import annotations
 
@@ -15,7 +15,8 @@ import sys
 import tempfile
 from collections import deque
 from pathlib import Path
-from typing import Any, Callable, ContextManager, Deque, Dict, Iterable, List, NamedTuple, NoReturn, Optional, Tuple, Union
+from typing import (Any, Callable, ContextManager, Deque, Dict, Iterable, List, NamedTuple, NoReturn, Optional, Tuple,
+                    Union)
 
 import fiscalon
 from fiscalon import Answer, Box, BoxStyle, CloseReason, Control, Form, Record
@@ -96,7 +97,8 @@ def _words(text: str) -> List[str]:
         if found is None:
             raise ValueError("a quoted word that does not end well")
         quoted, plain = found.groups()
-        words.append(plain if quoted is None else re.sub(r"\\(.)", lambda escape: _ESCAPES[str(escape.group(1))], quoted))
+        words.append(plain if quoted is None
+                     else re.sub(r"\\(.)", lambda escape: _ESCAPES[str(escape.group(1))], quoted))
         at = found.end()
 
 
@@ -210,8 +212,8 @@ def _snake(name: str) -> str:
 
 _PROPERTIES: Dict[str, Callable[[str], Any]] = {
     **{name: str for name in ("ZelmorNumber", "CompCode", "CompName", "AccountNumber", "PaidAmount", "PaidDate",
-                              "NumberOfInfoCollect", "GovFilename", "EnterName", "EnterTitle", "SeqNumber", "BusinessName",
-                              "MainPath")},
+                              "NumberOfInfoCollect", "GovFilename", "EnterName", "EnterTitle", "SeqNumber",
+                              "BusinessName", "MainPath")},
     "APHoldFlg": _number, "WriteFile": _boolean, "PlayByPlayEnabled": _boolean, "SessionNumber": float}
 
 
@@ -298,7 +300,8 @@ class _Run:
         try:
             return self.user.control(name)
         except KeyError:
-            raise ScenarioError(self.scenario.file, self.line.number, f'"{self.shown}" has no control "{name}"') from None
+            raise ScenarioError(self.scenario.file, self.line.number,
+                                f'"{self.shown}" has no control "{name}"') from None
 
     # The show.
 
@@ -362,7 +365,8 @@ class _Run:
     def refuse_unclaimed(self) -> None:
         if self.seen:
             line, thing = self.seen[0]
-            raise ScenarioFailure(self.scenario.file, line, "", "nothing that no line expects", self.described(thing, False))
+            raise ScenarioFailure(self.scenario.file, line, "", "nothing that no line expects",
+                                  self.described(thing, False))
 
     # What the host finds.
 
@@ -514,7 +518,8 @@ _VERBS: Dict[str, Tuple[str, Tuple[int, ...], Callable[..., object]]] = {
     "expect open": ("watcher", (1,), lambda run, value: run.compare(value, _yes_no(run.is_up))),
     "expect text": ("watcher", (2,), lambda run, name, text: run.compare_texts(text, run.control(name).text)),
     "expect selection": ("watcher", (2,), lambda run, name, text: run.compare_texts(text, run.control(name).selection)),
-    "expect items": ("watcher", (2,), lambda run, name, count: run.compare(str(_number(count)), str(run.control(name).items))),
+    "expect items": ("watcher", (2,),
+                     lambda run, name, count: run.compare(str(_number(count)), str(run.control(name).items))),
     "expect enabled": ("watcher", (2,), _state("enabled")),
     "expect visible": ("watcher", (2,), _state("visible")),
     "expect checked": ("watcher", (2,), _state("checked")),

@@ -73,7 +73,8 @@ class PlayedUser:
 
 @pytest.fixture
 def fiscalon_fresh() -> Iterator[None]:
-    """The library as freshly loaded, on 15 June 2026, with a user of English Canada; afterwards as freshly loaded too."""
+    """The library as freshly loaded, on 15 June 2026, with a user of English Canada; afterwards as freshly loaded
+    too."""
     fiscalon.reset()
     fiscalon.use_fixed_clock(TODAY)
     fiscalon.use_locale(LOCALE)

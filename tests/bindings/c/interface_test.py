@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The interface for hosts in C keeps its promise: the names that the library exports and the layouts of its structs are
-those of the committed lists, each function is called by the program that calls them all, the header is accepted by every
-compiler at hand, and the library can be loaded by whoever has no header."""
+those of the committed lists, each function is called by the program that calls them all, the header is accepted by
+every compiler at hand, and the library can be loaded by whoever has no header."""
 
 import ctypes
 import os
@@ -39,7 +39,8 @@ class Interface(unittest.TestCase):
         self.assertEqual(sorted(declared), LIST)
 
     def test_is_called_as_a_whole_by_the_program_that_calls_every_function(self):
-        run = subprocess.run(["nm", "-u", os.environ["FISCALON_C_EVERY_MEMBER"]], capture_output=True, text=True, check=True)
+        run = subprocess.run(["nm", "-u", os.environ["FISCALON_C_EVERY_MEMBER"]], capture_output=True, text=True,
+                             check=True)
         called = {line.split()[-1].split("@")[0] for line in run.stdout.splitlines()}
         self.assertEqual(set(LIST) - called, set())
 
@@ -60,8 +61,8 @@ class Interface(unittest.TestCase):
             if shutil.which(compiler) is None:
                 continue
             tried += 1
-            command = [compiler, standard, "-x", language, "-Wall", "-Wextra", "-pedantic-errors", "-Werror", "-fsyntax-only",
-                       "-I", TREE / "include", TREE / "include/fiscalon/c.h"]
+            command = [compiler, standard, "-x", language, "-Wall", "-Wextra", "-pedantic-errors", "-Werror",
+                       "-fsyntax-only", "-I", TREE / "include", TREE / "include/fiscalon/c.h"]
             # Both warn of a header that is compiled by itself.
             command += ["-Wno-pragma-once-outside-header"] if compiler.startswith("clang") else []
             compiled = subprocess.run(command, capture_output=True, text=True)

@@ -95,13 +95,15 @@ class Hosts(unittest.TestCase):
     @unittest.skipUnless((TREE / "bindings/members.json").exists(), "there is no table of members")
     def test_have_the_members_of_the_table_with_their_errors(self):
         source = self.folder / "Members.cs"
-        source.write_text(members_program.program(json.loads((TREE / "bindings/members.json").read_text("utf-8"))), "utf-8")
+        source.write_text(members_program.program(json.loads((TREE / "bindings/members.json").read_text("utf-8"))),
+                          "utf-8")
         ended = self.run_host(self.host("Members", source))
         self.assertEqual((ended.stdout.splitlines()[-1:], ended.stderr), (["0 failed"], ""), ended.stdout)
 
     def test_are_what_the_guide_lists(self):
         guide = self.folder / "guide"
-        subprocess.run([sys.executable, TREE / "tests/examples/host/listings.py", TREE / "docs/host-guide-csharp.md", guide],
+        subprocess.run([sys.executable, TREE / "tests/examples/host/listings.py", TREE / "docs/host-guide-csharp.md",
+                        guide],
                        check=True)  # fmt: skip
         self.assert_prints(self.host("GuideHost", guide / "host/Program.cs"), RECORDS)
         self.assert_prints(self.host("GuideBulk", guide / "bulk/Program.cs"),
@@ -126,7 +128,8 @@ static class Host
     static void FillAndConfirm(Form form) { form.Type("202412"); form.Type("12345"); form.Click("cmdOK"); }
     static void Main()
     {
-""" + listing.replace('UseFrontEnd("qt")', "UseScriptedUser(new ScriptedUser { OnForm = FillAndConfirm })") + "    }\n}\n",
+""" + listing.replace('UseFrontEnd("qt")', "UseScriptedUser(new ScriptedUser { OnForm = FillAndConfirm })")
+                          + "    }\n}\n",
                           encoding="utf-8")  # fmt: skip
         self.assert_prints(self.host("Readme", source), "160\n160\n")
 

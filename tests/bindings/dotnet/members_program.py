@@ -1,5 +1,5 @@
-"""A program in C# that calls every member of every class as the table of members tells, and compares what comes of it. A
-member that is missing, or of another type, does not compile."""
+"""A program in C# that calls every member of every class as the table of members tells, and compares what comes of it.
+A member that is missing, or of another type, does not compile."""
 
 import json
 
@@ -49,7 +49,8 @@ internal static class Members
     private static void HasOnly(Type type, params string[] names)
     {
         var others = type.GetMembers(BindingFlags.Public | BindingFlags.Instance | BindingFlags.Static)
-            .Where(member => member.DeclaringType != typeof(object) && !(member is MethodInfo method && method.IsSpecialName))
+            .Where(member => member.DeclaringType != typeof(object) &&
+                !(member is MethodInfo method && method.IsSpecialName))
             .Select(member => member.Name).Distinct().Except(names).ToList();
         if (others.Count == 0) return;
         ++failed;
@@ -167,8 +168,10 @@ def collection(name, member, table):
         yield f'Equal("{name}.Item", "b{number}", () => {variable}.Item(2).{field});'
     for operation in table["collection"]:
         for bad in operation.get("bad", []):
-            yield f'Fails("{name}.{operation["name"]}", {bad[1]}, null, () => {variable}.{operation["name"]}({position(bad[0])}));'
+            yield (f'Fails("{name}.{operation["name"]}", {bad[1]}, null, '
+                   f'() => {variable}.{operation["name"]}({position(bad[0])}));')
     yield f'Equal("{name}.NewEnum", "a0b0", () => string.Concat({variable}.Select(each => each.{fields[0]})));'
     yield f'Equal("{name}.Remove", "b0", () => {{ {variable}.Remove("key"); return {variable}.Item(1).{fields[0]}; }});'
     yield f'Equal("{name}.Remove", 0, () => {{ {variable}.Remove(1); return {variable}.Count; }});'
-    yield f'Equal("{name}.Clear", 0, () => {{ {variable}.Add({texts[0]}); {variable}.Clear(); return {variable}.Count; }});'
+    yield (f'Equal("{name}.Clear", 0, () => {{ {variable}.Add({texts[0]}); {variable}.Clear(); '
+           f'return {variable}.Count; }});')

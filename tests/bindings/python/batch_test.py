@@ -21,13 +21,15 @@ def record(seq, amount, end="20260531", payroll="000000000000500000"):
 
 
 def batch_of(count, bad=lambda number: number % 7 == 3):
-    """Payments of screen "03", of which some have an amount that is not to be paid; as bytes, with the reports' rows."""
+    """Payments of screen "03", of which some have an amount that is not to be paid; as bytes, with the reports'
+    rows."""
     rows, records, report = ["seq,screen,biller,amount"], [], []
     for number in range(count):
         seq = f"{number % 10000:04}"
         rows.append(f"{seq},03,,{number + (1 if bad(number) else 0)}")
         records.append(record(seq, number))
-        report.append((number + 2, seq, "03", "Field 01 Amount of Payment is not equal to amount to be paid" if bad(number) else ""))
+        report.append((number + 2, seq, "03",
+                       "Field 01 Amount of Payment is not equal to amount to be paid" if bad(number) else ""))
     return "\n".join(rows).encode() + b"\n", "".join(records).encode("cp1252"), report
 
 
@@ -92,7 +94,7 @@ def test_faults_and_lines_where_they_are_wanted(batch):
 
 def test_a_verdict_is_a_value(batch):
     payments, records, report = batch
-    first, second = list(fiscalon.validate_batch(payments, records)), list(fiscalon.validate_batch(payments, records, jobs=1))
+    first, second = (list(fiscalon.validate_batch(payments, records, jobs=jobs)) for jobs in (None, 1))
     assert first == second and not first[0] != second[0] and len(set(first + second)) == len(report)
     assert first[0] != first[1] and first[0] != report[0]
     whole = list(fiscalon.validate_batch(payments, records, faults=True, lines=True))
@@ -225,7 +227,8 @@ def test_files_that_do_not_line_up_are_an_error_that_says_where(batch, change, l
     with pytest.raises(fiscalon.BatchError) as caught:
         list(fiscalon.validate_batch(payments, records))
     assert caught.value.number == 1011
-    assert any(problem.line == line and words in problem.reason for problem in caught.value.problems), caught.value.problems
+    problems = caught.value.problems
+    assert any(problem.line == line and words in problem.reason for problem in problems), problems
     with pytest.raises(fiscalon.BatchError) as again:
         fiscalon.count_batch(payments, records)
     assert again.value.problems == caught.value.problems
@@ -239,9 +242,10 @@ def test_a_file_that_is_not_there_is_named(batch):
 
 
 @pytest.mark.parametrize("number, arguments", [
-    (13, {"payments": None}), (13, {"records": 1}), (1003, {"payments": "a\0b"}), (13, {"part": 1}), (13, {"part": (1, 2, 3)}),
-    (13, {"part": ("1", 2)}), (5, {"part": (0, 2)}), (5, {"part": (3, 2)}), (6, {"part": (1, 1 << 70)}), (5, {"part": (-1, -1)}),
-    (13, {"jobs": "2"}), (5, {"jobs": 0}), (5, {"jobs": -1}), (13, {"jobs": 1.5}), (6, {"jobs": 1 << 40}), (13, {"on_progress": 1})])
+    (13, {"payments": None}), (13, {"records": 1}), (1003, {"payments": "a\0b"}), (13, {"part": 1}),
+    (13, {"part": (1, 2, 3)}), (13, {"part": ("1", 2)}), (5, {"part": (0, 2)}), (5, {"part": (3, 2)}),
+    (6, {"part": (1, 1 << 70)}), (5, {"part": (-1, -1)}), (13, {"jobs": "2"}), (5, {"jobs": 0}), (5, {"jobs": -1}),
+    (13, {"jobs": 1.5}), (6, {"jobs": 1 << 40}), (13, {"on_progress": 1})])
 def test_bad_arguments_are_refused(batch, number, arguments):
     given = {"payments": batch[0], "records": batch[1], **arguments}
     for judging in (fiscalon.validate_batch, fiscalon.count_batch):
@@ -270,7 +274,8 @@ def test_what_is_judged_by_can_not_be_changed_meanwhile(fiscalon_fresh):
     payments, records, _ = batch_of(60000, bad=lambda number: False)
     with fiscalon.validate_batch(payments, records) as verdicts:
         next(verdicts)
-        for call in (lambda: fiscalon.use_locale("en-US"), lambda: fiscalon.use_fixed_clock(datetime.date(2026, 1, 1)), fiscalon.reset):
+        for call in (lambda: fiscalon.use_locale("en-US"), lambda: fiscalon.use_fixed_clock(datetime.date(2026, 1, 1)),
+                     fiscalon.reset):
             with pytest.raises(fiscalon.BusyError) as caught:
                 call()
             assert caught.value.number == 1006
@@ -304,7 +309,8 @@ def test_texts_of_every_kind_come_through(fiscalon_fresh):
     body = record("00é1", 1).encode("cp1252")
     verdict, = fiscalon.validate_batch(rows, body)
     assert (verdict.seq, verdict.screen, verdict.reason) == ("00é1", "0\t,3", "Invalid or not supported Screen Type")
-    assert repr(verdict) == ("Verdict(row=2, seq='00é1', screen='0\\t,3', reason='Invalid or not supported Screen Type')")
+    assert repr(verdict) == ("Verdict(row=2, seq='00é1', screen='0\\t,3', "
+                             "reason='Invalid or not supported Screen Type')")
 
 
 def test_a_judge_judges_payments_of_the_hosts_own(fiscalon_fresh):
@@ -314,8 +320,9 @@ def test_a_judge_judges_payments_of_the_hosts_own(fiscalon_fresh):
         verdict = judge.judge("03", 99999, iter(records), faults=True)
         assert verdict.reason == "Field 01 Amount of Payment is not equal to amount to be paid"
         assert [(fault.line, fault.code) for fault in verdict.faults] == [(2, "not-the-amount")]
-        for number, arguments in ((13, ("03", "1", records)), (13, ("03", 1, "text")), (13, (3, 1, records)), (13, ("03", 1, [1])),
-                                  (1003, ("03", 1, ["\0"])), (6, ("03", 1 << 64, records)), (1003, ("\ud800", 1, []))):
+        for number, arguments in ((13, ("03", "1", records)), (13, ("03", 1, "text")), (13, (3, 1, records)),
+                                  (13, ("03", 1, [1])), (1003, ("03", 1, ["\0"])), (6, ("03", 1 << 64, records)),
+                                  (1003, ("\ud800", 1, []))):
             with pytest.raises(fiscalon.FiscalonError) as caught:
                 judge.judge(*arguments)
             assert caught.value.number == number
@@ -331,9 +338,11 @@ def test_verdicts_are_those_of_the_programs_report(fiscalon_fresh, tmp_path):
         made = tmp_path / screen
         subprocess.run([program, "generate", "--payments", "4000", "--screen", screen, "--bad", "0.2", "--out", made,
                         "--today", "2026-06-15"], check=True, capture_output=True)
-        subprocess.run([program, "validate", "--payments", f"{made}.csv", "--records", f"{made}.pc4", "--report", f"{made}.report",
-                        "--today", "2026-06-15", "--locale", "en-CA"], check=False, capture_output=True)
+        subprocess.run([program, "validate", "--payments", f"{made}.csv", "--records", f"{made}.pc4", "--report",
+                        f"{made}.report", "--today", "2026-06-15", "--locale", "en-CA"], check=False,
+                        capture_output=True)
         with open(f"{made}.report", encoding="utf-8", newline="") as report:
             wanted = [(seq, code, reason) for seq, code, _, reason in csv.reader(report)][1:]
-        assert [(each.seq, each.screen, each.reason) for each in fiscalon.validate_batch(f"{made}.csv", f"{made}.pc4")] == wanted
+        verdicts = fiscalon.validate_batch(f"{made}.csv", f"{made}.pc4")
+        assert [(each.seq, each.screen, each.reason) for each in verdicts] == wanted
         assert sum(reason != "" for *_, reason in wanted) > 500

@@ -25,12 +25,13 @@ def folder(tmp_path):
 
 
 def run(environment, folder, *words):
-    return subprocess.run([sys.executable, *words], cwd=folder, env={**environment, "PYTHONIOENCODING": "utf-8"}, capture_output=True,
-                          text=True, encoding="utf-8", timeout=60)
+    return subprocess.run([sys.executable, *words], cwd=folder, env={**environment, "PYTHONIOENCODING": "utf-8"},
+                          capture_output=True, text=True, encoding="utf-8", timeout=60)
 
 
 def test_all_listings_are_told_here():
-    assert {name for name, _ in LISTINGS} == {"host.py", "separate.py", "members.py", "bulk.py", "batch.py", "test_host.py"}
+    assert {name for name, _ in LISTINGS} == {"host.py", "separate.py", "members.py", "bulk.py", "batch.py",
+                                              "test_host.py"}
 
 
 @pytest.mark.parametrize("host", ["host.py", TREE / "examples/python_host/host.py"], ids=["guide", "example"])
@@ -54,8 +55,8 @@ def test_a_form_in_a_process_of_its_own(folder, environment):
 
 def test_collections(folder, environment):
     ended = run(environment, folder, "members.py")
-    assert ended.stdout.splitlines() == ["second second second", "UnknownPositionError 9", "UnknownPositionError 9", "UnknownKeyError 5",
-                                         "457", "2 ['first', 'second']"], ended.stderr
+    assert ended.stdout.splitlines() == ["second second second", "UnknownPositionError 9", "UnknownPositionError 9",
+                                         "UnknownKeyError 5", "457", "2 ['first', 'second']"], ended.stderr
 
 
 def test_bulk(folder, environment):
@@ -66,17 +67,19 @@ def test_bulk(folder, environment):
 def test_a_batch(folder, environment):
     (folder / "batch.csv").write_text("seq,screen,biller,amount\n0001,03,,12345\n0002,03,,1\n", encoding="utf-8")
     body = "{}F0100000000000001234502" + "20260531".ljust(18) + "0300000000000050000004000000000000000012"
-    (folder / "batch.pc4").write_text("".join(body.format(f"PC4{seq}").ljust(160) + "\r\n" for seq in ("0001", "0002")), newline="")
+    (folder / "batch.pc4").write_text("".join(body.format(f"PC4{seq}").ljust(160) + "\r\n"
+                                              for seq in ("0001", "0002")), newline="")
     ended = run(environment, folder, "batch.py")
-    assert ended.stdout.splitlines() == ["0002 2 not-the-amount Field 01 Amount of Payment is not equal to amount to be paid",
-                                         "1 of 2"], ended.stderr
+    assert ended.stdout.splitlines() == ["0002 2 not-the-amount Field 01 Amount of Payment is not equal to amount to "
+                                         "be paid", "1 of 2"], ended.stderr
     (folder / "batch.csv").write_text("seq,screen,biller,amount\n0001,03,,12345\n", encoding="utf-8")
     ended = run(environment, folder, "batch.py")
     assert ended.returncode == 2 and ended.stderr.startswith("batch.pc4:2: ")
 
 
 def test_the_tests(folder, environment):
-    ended = run(environment, folder, "-m", "pytest", "-q", "-p", "no:cacheprovider", "-p", "fiscalon.pytest_plugin", "test_host.py")
+    ended = run(environment, folder, "-m", "pytest", "-q", "-p", "no:cacheprovider", "-p", "fiscalon.pytest_plugin",
+                "test_host.py")
     assert "2 passed" in ended.stdout, ended.stdout
 
 

@@ -8,9 +8,10 @@ from fiscalon import _batch, _library, _scripted
 
 from conftest import TREE
 
-STRUCTS = {"fiscalon_error": _library.ErrorStruct, "fiscalon_text": _batch._TextStruct, "fiscalon_fault": _batch._FaultStruct,
-           "fiscalon_verdict": _batch._VerdictStruct, "fiscalon_batch_counts": _batch._CountsStruct,
-           "fiscalon_batch": _batch._BatchStruct, "fiscalon_box": _scripted._BoxStruct, "fiscalon_control": _scripted._ControlStruct,
+STRUCTS = {"fiscalon_error": _library.ErrorStruct, "fiscalon_text": _batch._TextStruct,
+           "fiscalon_fault": _batch._FaultStruct, "fiscalon_verdict": _batch._VerdictStruct,
+           "fiscalon_batch_counts": _batch._CountsStruct, "fiscalon_batch": _batch._BatchStruct,
+           "fiscalon_box": _scripted._BoxStruct, "fiscalon_control": _scripted._ControlStruct,
            "fiscalon_scripted_user": _scripted._UserStruct}
 
 

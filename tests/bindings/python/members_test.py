@@ -1,5 +1,5 @@
-"""Every call of bindings/members.json as a host in Python makes it, with good arguments and bad ones; errors are compared
-by number, source and description."""
+"""Every call of bindings/members.json as a host in Python makes it, with good arguments and bad ones; errors are
+compared by number, source and description."""
 
 import inspect
 import json
@@ -20,9 +20,10 @@ OPERATORS = {"Count": "__len__", "NewEnum": "__iter__"}
 # What a class has beside the members of the table: an object's life, and what makes it one of Python's own.
 OF_PYTHON = {"close", "closed", "count", "index", "is_same", "of"}
 CHARACTERS = [fiscalon.from_windows_1252(bytes([code])) for code in range(1, 256)]
-NO_TEXTS = [(None, 13), (1, 13), (1.5, 13), (True, 13), (b"bytes", 13), ([], 13), (object(), 13), ("\0", 1003), ("a\0b", 1003),
-            ("\ud800", 1003), ("a\udc80", 1003), ("\u65e5", 1003), ("Ω", 1003), ("\U0001f600", 1003)]
-NO_NUMBERS = [(None, 13), ("1", 13), (b"1", 13), (1.5, 13), ([], 13), (object(), 13), (1 << 31, 6), (1 << 70, 6), (-(1 << 70), 6)]
+NO_TEXTS = [(None, 13), (1, 13), (1.5, 13), (True, 13), (b"bytes", 13), ([], 13), (object(), 13), ("\0", 1003),
+            ("a\0b", 1003), ("\ud800", 1003), ("a\udc80", 1003), ("\u65e5", 1003), ("Ω", 1003), ("\U0001f600", 1003)]
+NO_NUMBERS = [(None, 13), ("1", 13), (b"1", 13), (1.5, 13), ([], 13), (object(), 13), (1 << 31, 6), (1 << 70, 6),
+              (-(1 << 70), 6)]
 
 
 class Counter:
@@ -140,8 +141,8 @@ def test_properties(row, counter, fiscalon_fresh):
     assert target.closed
     for member in members_of(row):
         if "get" in member["kinds"]:
-            counter.raises(91, lambda: getattr(target, name_in_python(member)) if "of" not in row else len(target), member["name"],
-                           description=f"this {row['python']} was closed")
+            counter.raises(91, lambda: getattr(target, name_in_python(member)) if "of" not in row else len(target),
+                           member["name"], description=f"this {row['python']} was closed")
 
 
 @pytest.mark.parametrize("row", [row for row in TABLE["classes"] if "members" in row], ids=lambda row: row["name"])
@@ -210,7 +211,8 @@ def test_collections(row, counter):
             counter.raises(9, lambda: getattr(collection, routine.lower())(place), (routine, place))
         for place in ("\0", "\ud800", "\u65e5"):
             counter.raises(1003, lambda: getattr(collection, routine.lower())(place), (routine, place))
-    for index, number in ((2, 9), (-3, 9), (1 << 70, 9), (-(1 << 70), 9), ("no key", 5), (True, 13), (None, 13), (1.0, 13)):
+    for index, number in ((2, 9), (-3, 9), (1 << 70, 9), (-(1 << 70), 9), ("no key", 5), (True, 13), (None, 13),
+                          (1.0, 13)):
         counter.raises(number, lambda: collection[index], index)
         counter.raises(number, lambda: collection.__delitem__(index), index)
     counter.raises(457, lambda: collection.add(key="second"))
@@ -232,8 +234,8 @@ def test_collections(row, counter):
     counter.same(len(collection), 0)
     collection.add(key="second")
     collection.close()
-    for call in (lambda: len(collection), lambda: collection[0], lambda: collection.item("second"), lambda: collection.remove(1),
-                 lambda: collection.add(), collection.clear):
+    for call in (lambda: len(collection), lambda: collection[0], lambda: collection.item("second"),
+                 lambda: collection.remove(1), lambda: collection.add(), collection.clear):
         counter.raises(91, call, description=f"this {row['python']} was closed")
 
 
@@ -256,7 +258,8 @@ def test_show_raises_what_the_table_says(counter, fiscalon_fresh):
     row = next(member for member in CLASSES["Levyra"]["members"] if member["name"] == "ShowLevyraScreen")
     payment = fiscalon.Payment()
     for code, number, *words in row["bad"]:
-        counter.raises(number, lambda: payment.show(code), code, source=row["source"], description=words[0] if words else None)
+        counter.raises(number, lambda: payment.show(code), code, source=row["source"],
+                       description=words[0] if words else None)
     for code, number in NO_TEXTS:
         counter.raises(number, lambda: payment.show(code), code,
                        source=row["source"] if number == 1003 and code.isprintable() else "Fiscalon")

@@ -40,13 +40,15 @@ def test_modules_are_valid_for_the_oldest_python():
 def test_the_types_hold(tmp_path):
     cache = Path(os.environ.get("FISCALON_BUILD", tmp_path)) / "mypy"
     checked = subprocess.run(["mypy", "--strict", "--python-version", "3.8", "--cache-dir", cache, "fiscalon",
-                              TREE / "examples/python_host/host.py"], cwd=PACKAGE, capture_output=True, text=True, timeout=120)
+                              TREE / "examples/python_host/host.py"], cwd=PACKAGE, capture_output=True, text=True,
+                              timeout=120)
     assert checked.returncode == 0, checked.stdout
 
 
 @pytest.mark.skipif(shutil.which("stubtest") is None, reason="there is no stubtest")
 def test_the_types_are_those_of_what_runs(environment):
-    checked = subprocess.run(["stubtest", "fiscalon", "--allowlist", "stubtest.txt"], cwd=PACKAGE, env=environment, capture_output=True, text=True, timeout=120)
+    checked = subprocess.run(["stubtest", "fiscalon", "--allowlist", "stubtest.txt"], cwd=PACKAGE, env=environment,
+                             capture_output=True, text=True, timeout=120)
     assert checked.returncode == 0, checked.stdout + checked.stderr
 
 
@@ -69,9 +71,11 @@ except ImportError as error:
     (["fiscalon_use_language"], f"is of Fiscalon {fiscalon.version()}, without fiscalon_use_language;"),
     (["fiscalon_version", "fiscalon_last_error"], "is no library of Fiscalon, without fiscalon_version;")])
 def test_a_library_that_lacks_something_is_an_error_with_a_remedy(environment, lacking, found):
-    told = subprocess.run([sys.executable, "-c", WITHOUT, *lacking], env=environment, capture_output=True, text=True, timeout=60)
+    told = subprocess.run([sys.executable, "-c", WITHOUT, *lacking], env=environment, capture_output=True, text=True,
+                          timeout=60)
     assert told.stderr == "" and found in told.stdout, told
-    assert "needs that of 1.0.0 or newer" in told.stdout and "libfiscalon-c1" in told.stdout and "FISCALON_LIBRARY" in told.stdout
+    for words in ("needs that of 1.0.0 or newer", "libfiscalon-c1", "FISCALON_LIBRARY"):
+        assert words in told.stdout
 
 
 def numbers(version):
@@ -95,7 +99,8 @@ def test_the_wheel_suits_every_python_of_this_system(wheel):
     with zipfile.ZipFile(wheel) as packed:
         names = packed.namelist()
         entry_points = packed.read(next(name for name in names if name.endswith("entry_points.txt"))).decode()
-    assert {f"fiscalon/{module.name}" for module in MODULES} | {"fiscalon/py.typed", "fiscalon/libfiscalon-c.so.1"} <= set(names)
+    assert {f"fiscalon/{module.name}" for module in MODULES} <= set(names)
+    assert {"fiscalon/py.typed", "fiscalon/libfiscalon-c.so.1"} <= set(names)
     assert "fiscalon = fiscalon.pytest_plugin" in entry_points
     assert all(name.startswith(("fiscalon/", "fiscalon-")) for name in names)
 
@@ -105,7 +110,8 @@ def test_the_wheel_installs_without_a_network_and_works(wheel, tmp_path):
     subprocess.run([sys.executable, "-m", "venv", "--without-pip", tmp_path / "venv"], check=True, timeout=120)
     python = tmp_path / "venv/bin/python"
     installed = subprocess.run([sys.executable, "-m", "pip", "--python", python, "install", "--no-index", "--quiet",
-                                "--disable-pip-version-check", wheel], env=clean, cwd=tmp_path, capture_output=True, text=True, timeout=120)
+                                "--disable-pip-version-check", wheel], env=clean, cwd=tmp_path, capture_output=True,
+                                text=True, timeout=120)
     assert installed.returncode == 0, installed.stderr
     used = subprocess.run([python, "-c", USE], env=clean, cwd=tmp_path, capture_output=True, text=True, timeout=60)
     assert used.returncode == 0, used.stderr
@@ -125,7 +131,7 @@ def pythons_at_hand():
 def test_the_wheel_loads_on_each_python_that_is_at_hand(wheel, tmp_path, python):
     with zipfile.ZipFile(wheel) as packed:
         packed.extractall(tmp_path)
-    used = subprocess.run([python, "-B", "-c", USE], env={"PATH": os.environ["PATH"], "PYTHONPATH": str(tmp_path)}, cwd=tmp_path,
-                          capture_output=True, text=True, timeout=60)
+    used = subprocess.run([python, "-B", "-c", USE], env={"PATH": os.environ["PATH"], "PYTHONPATH": str(tmp_path)},
+                          cwd=tmp_path, capture_output=True, text=True, timeout=60)
     assert used.returncode == 0, used.stderr
     assert used.stdout.split()[1] == "-2147221503"

@@ -15,8 +15,8 @@ from conftest import fill
 
 
 def run(script, environment, **changes):
-    return subprocess.run([sys.executable, "-c", textwrap.dedent(script)], env={**environment, **changes}, capture_output=True,
-                          text=True, timeout=60)
+    return subprocess.run([sys.executable, "-c", textwrap.dedent(script)], env={**environment, **changes},
+                          capture_output=True, text=True, timeout=60)
 
 
 def in_thread(call):
@@ -203,11 +203,12 @@ def test_a_form_that_is_gone_is_refused(payment, fiscalon_user):
 
 def test_acts_that_make_no_sense_are_refused(payment, fiscalon_user):
     def trying(form):
-        for number, call in ((5, lambda: form.click("cmdNothing")), (5, lambda: form["txtNothing"]), (5, lambda: form.press_key("Enterr")),
-                             (5, lambda: form.choose("cmdOK", 0)), (5, lambda: form.rows("cmdOK") or form.choose("cmdOK", "row")),
+        for number, call in ((5, lambda: form.click("cmdNothing")), (5, lambda: form["txtNothing"]),
+                             (5, lambda: form.press_key("Enterr")), (5, lambda: form.choose("cmdOK", 0)),
+                             (5, lambda: form.rows("cmdOK") or form.choose("cmdOK", "row")),
                              (5, lambda: form.close(9)), (13, lambda: form.type(None)), (13, lambda: form.click(1)),
-                             (13, lambda: form.close("0")), (1003, lambda: form.paste("\0")), (1003, lambda: form.type("\u65e5")),
-                             (1003, lambda: form.paste("\ud800"))):
+                             (13, lambda: form.close("0")), (1003, lambda: form.paste("\0")),
+                             (1003, lambda: form.type("\u65e5")), (1003, lambda: form.paste("\ud800"))):
             with pytest.raises(fiscalon.FiscalonError) as caught:
                 call()
             assert caught.value.number == number, caught.value

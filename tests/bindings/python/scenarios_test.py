@@ -1,5 +1,5 @@
-"""The corpus, played by Python: each act and each look goes through a scripted user's routines, and what must be seen is
-compared here. The package's own player and its fixtures say when a scenario fails."""
+"""The corpus, played by Python: each act and each look goes through a scripted user's routines, and what must be seen
+is compared here. The package's own player and its fixtures say when a scenario fails."""
 
 import subprocess
 import sys
@@ -54,7 +54,8 @@ def test_what_is_not_as_expected_fails(change, expected, seen):
     assert (caught.value.expected, caught.value.seen) == (expected, seen)
 
 
-@pytest.mark.parametrize("text, line", [("", 1), ("shwo 15", 1), ("show", 1), ("\n\nshow 15 16", 3), ('type "a', 1), ('type "a"b', 1),
+@pytest.mark.parametrize("text, line",
+                         [("", 1), ("shwo 15", 1), ("show", 1), ("\n\nshow 15 16", 3), ('type "a', 1), ('type "a"b', 1),
                                         ("host Nothing 1", 1), ("name $A 1 2\nshow 15", 1), ('type "\\x"', 1)])
 def test_what_makes_no_sense_is_an_error_with_its_line(text, line):
     with pytest.raises(play.ScenarioError) as caught:
@@ -79,8 +80,8 @@ def test_a_failed_scenario_leaves_a_fresh_library():
 
 def test_the_program_tells_what_passed_and_what_did_not(tmp_path, environment):
     def run(*files):
-        return subprocess.run([sys.executable, "-m", "fiscalon.play", *files], cwd=tmp_path, env=environment, capture_output=True,
-                              text=True, timeout=60)
+        return subprocess.run([sys.executable, "-m", "fiscalon.play", *files], cwd=tmp_path, env=environment,
+                              capture_output=True, text=True, timeout=60)
 
     (tmp_path / "good.scenario").write_text(GOOD, encoding="utf-8")
     (tmp_path / "bad.scenario").write_text(GOOD.replace("records 2", "records 3"), encoding="utf-8")
@@ -92,7 +93,8 @@ def test_the_program_tells_what_passed_and_what_did_not(tmp_path, environment):
     assert bad.stdout == ("ok   good.scenario\nFAIL bad.scenario:11: expect records 3\n     expected: 3 records\n"
                           "     seen:     2 records\n1 passed, 1 failed\n")
     none = run("none.scenario")
-    assert (none.returncode, none.stdout, none.stderr) == (2, "", 'none.scenario:1: "shwo" is nothing that a scenario can say\n')
+    assert (none.returncode, none.stdout) == (2, "")
+    assert none.stderr == 'none.scenario:1: "shwo" is nothing that a scenario can say\n'
     assert run("missing.scenario").returncode == 2
     assert run().returncode == 2
 
@@ -128,7 +130,8 @@ def test_a_user_who_is_not_told_what_to_do_fails(fiscalon_user):
     with pytest.raises(AssertionError, match="frmDueDateAmount"):
         fiscalon.Payment().show("15")
 ''', encoding="utf-8")
-    ended = subprocess.run([sys.executable, "-m", "pytest", "-q", "-p", "no:cacheprovider", "-p", "fiscalon.pytest_plugin"], cwd=tmp_path,
+    ended = subprocess.run([sys.executable, "-m", "pytest", "-q", "-p", "no:cacheprovider", "-p",
+                            "fiscalon.pytest_plugin"], cwd=tmp_path,
                            env=environment, capture_output=True, text=True, timeout=120)
     assert "ERROR test_host.py::test_a_box_that_nobody_claims_fails - Failed: nobody" in ended.stdout, ended.stdout
     assert "4 passed, 1 error" in ended.stdout, ended.stdout

@@ -47,9 +47,9 @@ def test_the_payment_is_asked_for_as_it_is(payment, program, tmp_path):
     assert payment.show("15", in_process=False) is False
     assert payment.pc4_records is None
     assert asked(tmp_path) == {"screen": "15", "payment": {
-        "CompName": "Summit Levies", "PaidAmount": "12345", "PaidDate": "06152026", "SeqNumber": "0001", "EnterName": "Hélène Côté",
-        "APHoldFlg": 1, "WriteFile": -1, "GovFilename": str(tmp_path / "records.pc4"), "MainPath": str(tmp_path),
-        "SessionNumber": 123456.0}}
+        "CompName": "Summit Levies", "PaidAmount": "12345", "PaidDate": "06152026", "SeqNumber": "0001",
+        "EnterName": "Hélène Côté", "APHoldFlg": 1, "WriteFile": -1, "GovFilename": str(tmp_path / "records.pc4"),
+        "MainPath": str(tmp_path), "SessionNumber": 123456.0}}
     arguments = (tmp_path / "arguments").read_text(encoding="utf-8")
     assert arguments == "collect --json - --today=2026-06-15 --locale=en-CA\n"
 
@@ -81,23 +81,25 @@ def test_records_of_a_file_leave_the_collection(payment, program):
 
 @pytest.mark.parametrize("number, kind", [(-2147221503, fiscalon.InvalidScreenError), (76, fiscalon.RecordFileError)])
 def test_errors_of_the_screen_are_those_of_this_process(payment, program, number, kind):
-    program({"error": {"number": number, "source": "Fiscalon.ShowLevyraScreen", "description": "Words", "remedy": None, "key": None,
-                       "line": None}}, 2)
+    program({"error": {"number": number, "source": "Fiscalon.ShowLevyraScreen", "description": "Words", "remedy": None,
+                       "key": None, "line": None}}, 2)
     with pytest.raises(kind) as caught:
         payment.show("15", in_process=False)
-    assert (caught.value.number, caught.value.source, caught.value.description) == (number, "Fiscalon.ShowLevyraScreen", "Words")
+    error = caught.value
+    assert (error.number, error.source, error.description) == (number, "Fiscalon.ShowLevyraScreen", "Words")
 
 
 def test_errors_of_the_program_are_told_with_their_remedy(payment, program):
-    program({"error": {"number": None, "source": "fiscalon collect", "description": "there is no display", "remedy": "set DISPLAY",
-                       "key": None, "line": None}}, 2)
+    program({"error": {"number": None, "source": "fiscalon collect", "description": "there is no display",
+                       "remedy": "set DISPLAY", "key": None, "line": None}}, 2)
     with pytest.raises(fiscalon.ProgramError, match="there is no display; set DISPLAY") as caught:
         payment.show("15", in_process=False)
     assert caught.value.number == 1100
 
 
-@pytest.mark.parametrize("answer, instead", [("", ""), ('{"result": tr', ""), ("[]", ""), ('"text"', ""), ("{}", ""), ('{"result": 1}', ""),
-                                             ('{"result": true}', ""), ('{"result": true, "records": [{"TheDate": ""}]}', ""),
+@pytest.mark.parametrize("answer, instead", [("", ""), ('{"result": tr', ""), ("[]", ""), ('"text"', ""), ("{}", ""),
+                                             ('{"result": 1}', ""), ('{"result": true}', ""),
+                                             ('{"result": true, "records": [{"TheDate": ""}]}', ""),
                                              ('{"result": "True", "records": null}', ""), ('{"error": "words"}', ""),
                                              ("", "kill -SEGV $$")])
 def test_half_an_answer_is_none(payment, program, answer, instead):

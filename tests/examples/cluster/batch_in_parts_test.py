@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""A batch that is judged in parts by other programs gives the report of one run: on a Dask cluster, one of whose workers
-is killed in the middle, and by the guide's command for GNU parallel."""
+"""A batch that is judged in parts by other programs gives the report of one run: on a Dask cluster, one of whose
+workers is killed in the middle, and by the guide's command for GNU parallel."""
 
 import contextlib
 import importlib.util
@@ -100,14 +100,17 @@ class BatchInParts(unittest.TestCase):
         self.folder = Path(self.place.name)
         # More payments than there are sequence numbers.
         self.run_program("generate", "--payments", "12000", "--screen", "03", "--bad", "0.01", "--out", "batch")
-        whole = self.run_program("validate", "--payments", "batch.csv", "--records", "batch.pc4", "--report", "whole.csv")
+        whole = self.run_program("validate", "--payments", "batch.csv", "--records", "batch.pc4", "--report",
+                                 "whole.csv")
         self.first_line = whole.stdout.splitlines()[0]
         self.whole = self.read("whole.csv")
-        self.environment = os.environ | {"PATH": os.path.dirname(PROGRAM) + ":" + os.environ["PATH"], "HOME": self.place.name,
+        self.environment = os.environ | {"PATH": os.path.dirname(PROGRAM) + ":" + os.environ["PATH"],
+                                         "HOME": self.place.name,
                                          "DASK_DISTRIBUTED__WORKER__MEMORY__TERMINATE": "False"}
 
     def run_program(self, *arguments):
-        return subprocess.run([PROGRAM, *OPTIONS, *arguments], cwd=self.folder, capture_output=True, text=True, check=False)
+        return subprocess.run([PROGRAM, *OPTIONS, *arguments], cwd=self.folder, capture_output=True, text=True,
+                              check=False)
 
     def read(self, name):
         return (self.folder / name).read_bytes()
@@ -116,7 +119,8 @@ class BatchInParts(unittest.TestCase):
         log = open(self.folder / "cluster.log", "ab")
         self.addCleanup(log.close)
         process = subprocess.Popen([sys.executable, "-m", module, "--scheduler-file", self.folder / "cluster.json",
-                                    "--no-dashboard", *arguments], cwd=folder or self.folder, env=self.environment, stdout=log, stderr=log)
+                                    "--no-dashboard", *arguments], cwd=folder or self.folder, env=self.environment,
+                                    stdout=log, stderr=log)
         self.addCleanup(process.wait)
         self.addCleanup(process.kill)
         return process
@@ -125,8 +129,8 @@ class BatchInParts(unittest.TestCase):
         return self.start("distributed.cli.dask_scheduler", "--port", "0", "--host", "127.0.0.1")
 
     def start_worker(self, *arguments, folder=None):
-        return self.start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0", *arguments,
-                          folder=folder)
+        return self.start("distributed.cli.dask_worker", "--nthreads", "1", "--no-nanny", "--memory-limit", "0",
+                          *arguments, folder=folder)
 
     def start_preloaded_workers(self, text, count=1):
         """They are there then, and have loaded that before."""
@@ -144,8 +148,8 @@ class BatchInParts(unittest.TestCase):
                 self.assertLess(time.monotonic(), end)
 
     def start_judging(self, parts, *files):
-        judging = subprocess.Popen([sys.executable, EXAMPLE, "--scheduler-file", "cluster.json", "--parts", parts, *files,
-                                    "report.csv", "--", *OPTIONS], cwd=self.folder,
+        judging = subprocess.Popen([sys.executable, EXAMPLE, "--scheduler-file", "cluster.json", "--parts", parts,
+                                    *files, "report.csv", "--", *OPTIONS], cwd=self.folder,
                                    env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         self.addCleanup(judging.kill)
         return judging
@@ -233,15 +237,15 @@ class BatchInParts(unittest.TestCase):
         self.wait_until(lambda client: any(topic.startswith("judge_batch-") for topic in client.get_events()))
         worker.kill()
         self.assertRegex(self.ends_without_a_report(judging, 75),
-                         r"^judge_batch: part [12] of 2: \S+ \(tcp://127\.0\.0\.1:\d+\) has died, and no worker is left; "
-                         r"start workers, and run the batch again\n$")
+                         r"^judge_batch: part [12] of 2: \S+ \(tcp://127\.0\.0\.1:\d+\) has died, and no worker is "
+                         r"left; start workers, and run the batch again\n$")
 
     def test_tells_that_the_scheduler_has_ended(self):
         scheduler, judging, _ = self.stall_in_a_part()
         scheduler.kill()
         self.assertEqual(self.ends_without_a_report(judging, 75),
-                         "judge_batch: the scheduler no longer answers; start it and its workers again, then run the batch "
-                         "again\n")
+                         "judge_batch: the scheduler no longer answers; start it and its workers again, then run the "
+                         "batch again\n")
 
     def test_no_verdict_counts_where_a_worker_sees_another_version(self):
         # The same names, and each process has files of its own there.
@@ -259,7 +263,8 @@ class BatchInParts(unittest.TestCase):
         self.assertFalse((self.folder / "report.csv").exists())
 
     def run_on_gnu_parallel(self, **environment):
-        command = command_of_guide("today=").replace("$(date +%F)", "2026-06-15").replace("--jobs 1", "--jobs 1 --locale en-CA")
+        command = command_of_guide("today=").replace("$(date +%F)", "2026-06-15")
+        command = command.replace("--jobs 1", "--jobs 1 --locale en-CA")
         return subprocess.run(["bash", "-c", command], cwd=self.folder, env=self.environment | environment,
                               capture_output=True, text=True, check=False)
 
@@ -277,7 +282,8 @@ class BatchInParts(unittest.TestCase):
         other = self.folder / "other"
         other.mkdir()
         stat = self.folder / "stat"
-        stat.write_text('#!/bin/sh\ncase "$PARALLEL_SEQ" in 3) cd other;; esac\nexec /usr/bin/stat "$@"\n', encoding="ascii")
+        stat.write_text('#!/bin/sh\ncase "$PARALLEL_SEQ" in 3) cd other;; esac\nexec /usr/bin/stat "$@"\n',
+                        encoding="ascii")
         stat.chmod(0o755)
         for name in ("batch.csv", "batch.pc4"):
             (other / name).write_bytes(self.read(name))
@@ -295,8 +301,8 @@ class JudgeBatch(unittest.TestCase):
         logging.getLogger("distributed.worker").setLevel(logging.ERROR)
         cls.place = tempfile.TemporaryDirectory()
         cls.addClassCleanup(cls.place.cleanup)
-        cls.cluster = distributed.LocalCluster(n_workers=1, threads_per_worker=1, processes=False, dashboard_address=None,
-                                               host="127.0.0.1", protocol="tcp")
+        cls.cluster = distributed.LocalCluster(n_workers=1, threads_per_worker=1, processes=False,
+                                               dashboard_address=None, host="127.0.0.1", protocol="tcp")
         cls.addClassCleanup(cls.cluster.close)
         with distributed.Client(cls.cluster) as client:
             client.write_scheduler_file(os.path.join(cls.place.name, "cluster.json"))
@@ -306,15 +312,16 @@ class JudgeBatch(unittest.TestCase):
 
     def setUp(self):
         self.folder = Path(tempfile.mkdtemp(dir=self.place.name))
-        subprocess.run([PROGRAM, *OPTIONS, "generate", "--payments", "20", "--screen", "03", "--bad", "0.2", "--out", "batch"],
-                       cwd=self.folder, check=True, capture_output=True)
+        subprocess.run([PROGRAM, *OPTIONS, "generate", "--payments", "20", "--screen", "03", "--bad", "0.2",
+                        "--out", "batch"], cwd=self.folder, check=True, capture_output=True)
         whole = subprocess.run([PROGRAM, *OPTIONS, "validate", "--payments", "batch.csv", "--records", "batch.pc4",
                                 "--report", "whole.csv"], cwd=self.folder, check=False, capture_output=True, text=True)
         self.assertEqual(whole.returncode, 1)
         self.said = whole.stdout
 
     def judge(self, *behind, payments="batch.csv", report="report.csv", parts="3", scheduler=None, stall="60"):
-        words = ["--stall", stall, "--timeout", "5" if scheduler is None else "0", "--scheduler-file", scheduler or os.path.join(self.place.name, "cluster.json"), "--parts", parts,
+        words = ["--stall", stall, "--timeout", "5" if scheduler is None else "0", "--scheduler-file",
+                 scheduler or os.path.join(self.place.name, "cluster.json"), "--parts", parts,
                  str(self.folder / payments), str(self.folder / "batch.pc4"), str(self.folder / report), *behind]
         out, err = io.StringIO(), io.StringIO()
         with contextlib.redirect_stdout(out), contextlib.redirect_stderr(err), \

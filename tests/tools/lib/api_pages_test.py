@@ -104,7 +104,8 @@ FISCALON_API int fiscalon_gov_formats_count(void);
 FISCALON_API int fiscalon_other(void);""")
 
     def test_makes_comments_of_help_texts(self):
-        text = '  importlib("other.tlb");\n  [propget, id(1), helpstring("A \\"word\\", or [none].")] HRESULT Text([in] BSTR text);\n' \
+        text = '  importlib("other.tlb");\n' \
+               '  [propget, id(1), helpstring("A \\"word\\", or [none].")] HRESULT Text([in] BSTR text);\n' \
                "  [propget, id(2), restricted, hidden] HRESULT Walk();"
         self.assertEqual("\n".join(api_filter.interfaces(text)),
                          '\n  /** A "word", or [none]. */ [propget, id(1)] HRESULT Text([in] BSTR text);\n')
@@ -273,7 +274,8 @@ class Python(unittest.TestCase):
             package.mkdir()
             for name, text in PACKAGE.items():
                 (package / f"{name}.py").write_text(text, encoding="utf-8")
-            self.assertEqual(api_python.Package(package).modules(), {"__init__": READ, "play": """## @namespace fiscalon::play
+            modules = api_python.Package(package).modules()
+            self.assertEqual(modules, {"__init__": READ, "play": """## @namespace fiscalon::play
 # Plays.
 
 ## When.
@@ -284,7 +286,8 @@ def play(path):
 
 def page_of(kind, name):
     """The page on which Doxygen tells of a class or a namespace."""
-    return kind + re.sub("[A-Z]", lambda capital: f"_{capital[0].lower()}", name.replace("_", "__").replace("::", "_1_1")) + ".html"
+    escaped = name.replace("_", "__").replace("::", "_1_1")
+    return kind + re.sub("[A-Z]", lambda capital: f"_{capital[0].lower()}", escaped) + ".html"
 
 
 @unittest.skipUnless(HEADERS and shutil.which("doxygen"), "there are no headers of hosts, or no Doxygen")
@@ -365,15 +368,19 @@ class Pages(unittest.TestCase):
         text = session.read_text(encoding="utf-8")
         untold = re.sub(r"(?:  ///.*\n)+(?=  bool ShowLevyraScreen)", "", text)
         self.assertNotEqual(untold, text)
-        session.write_text(untold.replace("/// Biller code,", "/// Biller code of @ref fiscalon::Nothing here,"), encoding="utf-8")
+        session.write_text(untold.replace("/// Biller code,", "/// Biller code of @ref fiscalon::Nothing here,"),
+                           encoding="utf-8")
         # No umbrella header names this one: it is there for others' sake, and may leave a comment out.
         queue = self.headers / "core/forms/event_queue.h"
         told = queue.read_text(encoding="utf-8")
-        queue.write_text(told.replace("  /// The next event that is due; nothing when the queue is empty.\n", ""), encoding="utf-8")
+        queue.write_text(told.replace("  /// The next event that is due; nothing when the queue is empty.\n", ""),
+                         encoding="utf-8")
         self.assertNotEqual(queue.read_text(encoding="utf-8"), told)
         python = self.copy(api_pages.PYTHON)
-        self.spoil(python / "_payment.py", "comp_code = Text('Biller code, such as \"001052\".')", "comp_code = Text('')")
-        self.spoil(python / "_records.py", '"""Appends a record and returns it; with an empty key it has none."""', "pass")
+        self.spoil(python / "_payment.py", "comp_code = Text('Biller code, such as \"001052\".')",
+                   "comp_code = Text('')")
+        self.spoil(python / "_records.py", '"""Appends a record and returns it; with an empty key it has none."""',
+                   "pass")
         c_sharp = self.copy(api_pages.C_SHARP)
         self.spoil(c_sharp, "/// <summary>Biller code, such as \"001052\".</summary>", "")
         with mock.patch.multiple(api_pages, PYTHON=python, C_SHARP=c_sharp):
@@ -385,7 +392,8 @@ class Pages(unittest.TestCase):
         self.assertIn("Member comp_code (variable) of class fiscalon::Payment is not documented", printed)
         self.assertIn("(function) of class fiscalon::Records is not documented", printed)
         self.assertIn("Member CompCode (property) of class Fiscalon::Levyra is not documented", printed)
-        self.assertIn("ShowLevyraScreen(std::string_view screenCode) (function) of class fiscalon::Levyra is not documented", printed)
+        self.assertIn("ShowLevyraScreen(std::string_view screenCode) (function) of class fiscalon::Levyra is not "
+                      "documented", printed)
         self.assertIn("unable to resolve reference to 'fiscalon::Nothing'", printed)
 
 
@@ -393,7 +401,8 @@ class Widths(unittest.TestCase):
     def test_of_fields_are_those_of_the_layouts(self):
         layout = (TREE / "core/records/record_layout.h").read_text(encoding="utf-8")
         widths = {name: int(to) - int(from_) + 1
-                  for from_, to, name in re.findall(r'RecordField\{(\d+), (\d+), "(Period\w+|Filler\d|Contact\w+|Field\w+)"', layout)}
+                  for from_, to, name in re.findall(r'RecordField\{(\d+), (\d+), '
+                                                    r'"(Period\w+|Filler\d|Contact\w+|Field\w+)"', layout)}
         header = (TREE / "core/records/pc4_records.h").read_text(encoding="utf-8")
         told = {name: int(width) for width, name in re.findall(r"/// (\d+) columns.*\n  std::string (\w+)\(\)", header)}
         self.assertEqual(told, widths)

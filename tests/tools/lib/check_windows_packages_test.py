@@ -31,7 +31,8 @@ The Function Table
 )
 
 LIBRARY_OF_C = PROGRAM + "[Ordinal/Name Pointer] Table\n"
-LIBRARY_OF_C += "".join(f"\t[   0] {name}\n" for name in check_windows_packages.EXPORTS["fiscalon-c.dll"]) + "\nThe Function Table\n"
+LIBRARY_OF_C += "".join(f"\t[   0] {name}\n" for name in check_windows_packages.EXPORTS["fiscalon-c.dll"])
+LIBRARY_OF_C += "\nThe Function Table\n"
 
 
 class CheckWindowsPackages(unittest.TestCase):

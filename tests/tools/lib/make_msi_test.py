@@ -43,7 +43,8 @@ def source(made):
 
 
 def rows(component):
-    return [tuple(row.get(name) for name in ("Root", "Key", "Name", "Value")) for row in component.iter("RegistryValue")]
+    return [tuple(row.get(name) for name in ("Root", "Key", "Name", "Value"))
+            for row in component.iter("RegistryValue")]
 
 
 class MakeMsi(unittest.TestCase):

@@ -41,7 +41,8 @@ class Notices(unittest.TestCase):
         self.documents = Path(self.folder.name)
         for package in {part.package for part in notices.PARTS if part.package}:
             (self.documents / package).mkdir()
-            (self.documents / package / "copyright").write_text(COPYRIGHT.replace("Files: *", "Files: * mingw-w64-libraries/winpthreads/a"))
+            text = COPYRIGHT.replace("Files: *", "Files: * mingw-w64-libraries/winpthreads/a")
+            (self.documents / package / "copyright").write_text(text)
 
     def written(self, binary, *options):
         program, out = self.documents / "program", self.documents / "out"
@@ -57,24 +58,30 @@ class Notices(unittest.TestCase):
     def test_give_copyrights_and_licences_word_for_word(self):
         text = self.written(b"N8nlohmann")
         self.assertIn("Copyright: 2020 Somebody\nLicense: Odd\n\n Do what you like.\n", text)
-        self.assertIn("Copyright: 2008 Somebody Else; 2009 And Another\nLicense: Expat\n\n Permission is granted.\n\n Without warranty.\n", text)
+        self.assertIn("Copyright: 2008 Somebody Else; 2009 And Another\nLicense: Expat\n\n"
+                      " Permission is granted.\n\n Without warranty.\n", text)
         self.assertNotIn("A Tester", text)
 
     def test_give_each_of_several_licences(self):
-        several = COPYRIGHT.replace("Copyright: 2020 Somebody\nLicense: Odd", "Copyright: 2020 Somebody\nLicense: Odd and Expat")
+        several = COPYRIGHT.replace("Copyright: 2020 Somebody\nLicense: Odd",
+                                    "Copyright: 2020 Somebody\nLicense: Odd and Expat")
         (self.documents / "libcli11-dev" / "copyright").write_text(several)
-        self.assertIn("License: Odd and Expat\n\n Do what you like.\n\n Permission is granted.\n", self.written(b"N3CLI"))
+        self.assertIn("License: Odd and Expat\n\n Do what you like.\n\n Permission is granted.\n",
+                      self.written(b"N3CLI"))
 
     def test_begin_with_our_own_licence_in_a_package(self):
         license_ = self.documents / "LICENSE"
         license_.write_text(LICENSE)
         text = self.written(b"nothing", "--debian", str(license_))
-        self.assertTrue(text.endswith("Files: *\nCopyright: 2026 Us\nLicense: Expat\n MIT License\n .\n Copyright (c) 2026 Us\n .\n Permission.\n"))
-        self.assertIn("\nFiles: CLI11/*\nCopyright: 2020 Somebody\nLicense: Odd\n Do what you like.\n", self.written(b"N3CLI", "--debian", str(license_)))
+        self.assertTrue(text.endswith("Files: *\nCopyright: 2026 Us\nLicense: Expat\n"
+                                      " MIT License\n .\n Copyright (c) 2026 Us\n .\n Permission.\n"))
+        self.assertIn("\nFiles: CLI11/*\nCopyright: 2020 Somebody\nLicense: Odd\n Do what you like.\n",
+                      self.written(b"N3CLI", "--debian", str(license_)))
 
     def test_a_notice_that_is_not_to_be_had_is_told(self):
         (self.documents / "libcli11-dev" / "copyright").unlink()
-        with self.assertRaisesRegex(SystemExit, "CLI11 is linked in, and its notice, .* is missing: install libcli11-dev"):
+        with self.assertRaisesRegex(SystemExit,
+                                    "CLI11 is linked in, and its notice, .* is missing: install libcli11-dev"):
             self.written(b"N3CLI")
         (self.documents / "libcli11-dev" / "copyright").write_text("Files: *\nCopyright: 2020 Somebody\nLicense: Odd\n")
         with self.assertRaisesRegex(SystemExit, "has no text of the licence Odd"):

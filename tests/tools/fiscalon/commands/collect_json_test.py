@@ -201,8 +201,9 @@ class Requests(unittest.TestCase):
     def test_are_taken_if_and_only_if_the_schema_has_them(self):
         properties = REQUEST.schema["properties"]["payment"]["properties"]
         self.assertEqual(", ".join(properties), PROPERTIES)
-        values = ["", "x", "-1", "?", "é€ž", "\u0080", "\u0081", "\u4e2d", "\U0001f600", "a\nb", True, False, None, 0, -1,
-                  255, 256, 32767, 32768, -32768, -32769, 0.0, 0.5, 255.0, 12345678901234567890, [], {}]  # fmt: skip
+        values = ["", "x", "-1", "?", "é€ž", "\u0080", "\u0081", "\u4e2d", "\U0001f600", "a\nb", True, False, None, 0,
+                  -1, 255, 256, 32767, 32768, -32768, -32769, 0.0, 0.5, 255.0, 12345678901234567890, [],
+                  {}]  # fmt: skip
         held = {"CompName": values, "APHoldFlg": values, "WriteFile": values, "SessionNumber": values}
         requests = [{"screen": "15", "payment": {name: value}} for name in properties
                     for value in held.get(name, ["1", 1])]  # fmt: skip
