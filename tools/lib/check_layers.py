@@ -39,11 +39,13 @@ ROWS = (
     # What plays scenarios on widgets is part of the folder.
     Layer("qt", "frontends/qt/", "played core forms wording platform", of_the_system=True, own_namespace=True),
     Layer("win32", "frontends/win32/", "played core forms wording platform", of_the_system=True, own_namespace=True),
-    Layer("terminal", "frontends/terminal/", "played core forms wording platform", of_the_system=True, own_namespace=True),
+    Layer("terminal", "frontends/terminal/", "played core forms wording platform", of_the_system=True,
+          own_namespace=True),
     # What hosts on Windows create by name: the library, and the forms that it shows there.
     Layer("component", "component/", "win32 validation core records wording platform", of_the_system=True),
     # What hosts in C and in other languages load: the library, whose header is of C, and the front ends of its system.
-    Layer("c", "bindings/c/", "scripted played validation core records values forms wording platform", of_the_system=True),
+    Layer("c", "bindings/c/", "scripted played validation core records values forms wording platform",
+          of_the_system=True),
     Layer("c_posix", "bindings/c/posix/", "c terminal forms platform", of_the_system=True),
     Layer("c_windows", "bindings/c/windows/", "c win32 forms platform", of_the_system=True),
     Layer("c_qt", "bindings/c/qt/", "c qt forms platform"),
@@ -70,8 +72,8 @@ STANDARD = set(
     assert.h ctype.h errno.h float.h inttypes.h limits.h locale.h math.h setjmp.h signal.h stdarg.h stddef.h
     stdint.h stdio.h stdlib.h string.h time.h uchar.h wchar.h""".split()
 )
-# What differs between systems lies in folders of one system each. Nothing else calls a system, takes from such a folder,
-# or asks which system it is on: CMake takes the right one.
+# What differs between systems lies in folders of one system each. Nothing else calls a system, takes from such a
+# folder, or asks which system it is on: CMake takes the right one.
 POSIX_FOLDERS = ("core/platform/posix/", "tools/fiscalon/posix/", "tools/fiscalon/files/posix/", "bindings/c/posix/")
 WINDOWS_FOLDERS = (
     "core/platform/windows/",
@@ -84,15 +86,16 @@ WINDOWS_FOLDERS = (
 )
 POSIX = re.compile(r"(sys/\w+|dirent|fcntl|langinfo|unistd)\.h")
 WINDOWS = re.compile(r"(sys/\w+|fcntl|io|windows)\.h")
-ASKS_WHICH_SYSTEM = re.compile(r"^\s*#\s*(?:el)?if.*(?:\b_?WIN(?:32|64)\b|__linux|__unix|__APPLE__|__MINGW|__has_include)")
+ASKS_WHICH_SYSTEM = re.compile(r"^\s*#\s*(?:el)?if.*(?:\b_?WIN(?:32|64)\b|__linux|__unix|__APPLE__|__MINGW|"
+                               r"__has_include)")
 # Core's own, and for tests that set what no host can.
 TO_CHANGE = "core/module_to_change.h"
 # Made by the build.
 GENERATED = ("fiscalon_component.h",)
 QT = re.compile(r"(Qt\w*/.*|Q[A-Z]\w*|q\w+\.h)")
 
-# The standard library's paths are made of the system's own characters, so no text becomes one by itself: where it can, in
-# a path that is made or declared by its type, and in a call that is given a text, and where a path becomes a text.
+# The standard library's paths are made of the system's own characters, so no text becomes one by itself: where it can,
+# in a path that is made or declared by its type, and in a call that is given a text, and where a path becomes a text.
 PATHS = "core/platform/utf8_path.h"
 TEXT = re.compile(r"\bstd::string(?:_view)?[\s&]+(\w+)\s*[,);={]")
 PATH_BY_HAND = re.compile(
@@ -119,7 +122,8 @@ def offence_of_quoted(tree, path, included):
     layer, other = layer_of(path), layer_of(included)
     if included in GENERATED:
         return None if path.startswith(("component/",) + TOP) else f'"{included}" belongs into component/'
-    if included.startswith(("./", "../")) or not ((tree / included).is_file() or (tree / "include" / included).is_file()):
+    is_there = (tree / included).is_file() or (tree / "include" / included).is_file()
+    if included.startswith(("./", "../")) or not is_there:
         return f'"{included}" is no file of the project, seen from its root'
     for folders in (POSIX_FOLDERS, WINDOWS_FOLDERS):
         if included.startswith(folders) and not path.startswith(folders + ("tests/", "examples/windows/")):
@@ -157,10 +161,12 @@ def source_offences(tree, path):
     text = (tree / path).read_text(encoding="utf-8", errors="replace")
     texts = set(TEXT.findall(text))
     minds_paths = path != PATHS and not path.startswith(WINDOWS_FOLDERS + ("tests/", "bench/"))
+    may_ask = POSIX_FOLDERS + WINDOWS_FOLDERS + ("tests/", "bench/")
     for number, line in enumerate(text.splitlines(), start=1):
         if minds_paths and makes_a_path_by_hand(line, texts):
-            yield f'{path}:{number}: Utf8Path makes paths and Utf8Of reads them ("{PATHS}"); "auto" holds what they give'
-        if ASKS_WHICH_SYSTEM.match(line) and not path.startswith(POSIX_FOLDERS + WINDOWS_FOLDERS + ("tests/", "bench/")):
+            yield (f'{path}:{number}: Utf8Path makes paths and Utf8Of reads them ("{PATHS}"); '
+                   '"auto" holds what they give')
+        if ASKS_WHICH_SYSTEM.match(line) and not path.startswith(may_ask):
             yield f"{path}:{number}: what differs between systems belongs into a folder of one system"
         match = INCLUDE.match(line)
         if not match:

@@ -22,8 +22,8 @@ FOLDERS = ("dotnet/", "examples/", "include/fiscalon/", "lib/cmake/fiscalon-c/",
 FILES = set(
     """CHANGELOG.md LICENSE THIRD-PARTY.txt fiscalon-c.dll fiscalon.dll fiscalon.exe fiscalon.manifest fiscalon.tlb
     fiscalon_component.h lib/fiscalon/common_controls.o lib/libfiscalon-c.dll.a lib/libfiscalon.a
-    lib/libfiscalon_win32.a lib/pkgconfig/fiscalon-c.pc lib/pkgconfig/fiscalon-win32.pc lib/pkgconfig/fiscalon.pc operator-guide.fr.md
-    operator-guide.md windows-guide.md""".split()
+    lib/libfiscalon_win32.a lib/pkgconfig/fiscalon-c.pc lib/pkgconfig/fiscalon-win32.pc lib/pkgconfig/fiscalon.pc
+    operator-guide.fr.md operator-guide.md windows-guide.md""".split()
 )
 LIST_OF_C = Path(__file__).resolve().parents[2] / "bindings/c/exports.txt"
 EXPORTS = {

@@ -16,7 +16,8 @@ SOUND_TREE = {
     "core/platform/windows/files.cpp": "#include <windows.h>\n#ifdef WIN32\n#endif\n",
     "core/platform/windows/wide_text.h": "#pragma once\n",
     "frontends/win32/dialog.h": '#include <windows.h>\n#include "core/platform/windows/wide_text.h"\n',
-    "component/session.cpp": '#include <ole2.h>\n#include "fiscalon_component.h"\n#include "frontends/win32/dialog.h"\n',
+    "component/session.cpp":
+        '#include <ole2.h>\n#include "fiscalon_component.h"\n#include "frontends/win32/dialog.h"\n',
     "core/values/money.h": "#pragma once\n",
     "core/forms/form.h": '#include "core/platform/clock.h"\n',
     "core/session.h": '#include "core/forms/form.h"\n#include "core/values/money.h"\n',
@@ -93,7 +94,8 @@ class CheckLayers(unittest.TestCase):
             self.assert_one(
                 path,
                 line,
-                f'{path}:1: "core/module_to_change.h" is for core alone: others set the module by core/host_setup.h and Levyra',
+                f'{path}:1: "core/module_to_change.h" is for core alone: '
+                "others set the module by core/host_setup.h and Levyra",
             )
         self.assertEqual(self.offences_with("tests/core/session_test.cpp", line), [])
 
@@ -153,7 +155,8 @@ class CheckLayers(unittest.TestCase):
         self.assert_one(
             "core/platform/posix/clock.cpp",
             "#include <windows.h>\n",
-            "core/platform/posix/clock.cpp:1: platform may not include <windows.h>, which is not of the standard library",
+            "core/platform/posix/clock.cpp:1: platform may not include <windows.h>, "
+            "which is not of the standard library",
         )
         for path in ("core/platform/locale.cpp", "tools/fiscalon/main.cpp"):
             self.assert_one(

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""A release is refused where it is not ready, is whole when it is made, and whoever receives it learns of every change."""
+"""A release is refused where it is not ready, is whole when it is made, and whoever receives it learns of every
+change."""
 
 import contextlib
 import importlib.machinery
@@ -97,7 +98,8 @@ class Release(unittest.TestCase):
     def verified(self):
         """What the receiver's command says, in a folder that has nothing of the sources."""
         command = [sys.executable, self.out / "verify-release", self.out]
-        ran = subprocess.run(command, capture_output=True, text=True, cwd=self.out.parent, env={"PATH": os.environ["PATH"]})
+        ran = subprocess.run(command, capture_output=True, text=True, cwd=self.out.parent,
+                             env={"PATH": os.environ["PATH"]})
         self.assertEqual(ran.stderr, "")
         return ran.returncode, [line for line in ran.stdout.splitlines() if not line.startswith("OK ")]
 
@@ -124,7 +126,8 @@ class Release(unittest.TestCase):
 
     def test_refuses_a_changelog_that_is_not_closed(self):
         for changes, reason in (
-            (CHANGES.replace("## [Unreleased]\n", "## [Unreleased]\n\n- Something.\n"), "changes that are not released"),
+            (CHANGES.replace("## [Unreleased]\n", "## [Unreleased]\n\n- Something.\n"),
+             "changes that are not released"),
             (CHANGES.replace("## [7.8.9] - 2026-03-04", "## [7.8.9]"), "has no date at [7.8.9]"),
             (CHANGES.replace("- All is new.\n", ""), "says nothing of [7.8.9]"),
             (CHANGES.replace("[7.8.9]", "[7.9.0]"), "has no section [7.8.9]"),
@@ -201,12 +204,14 @@ class Release(unittest.TestCase):
         status, printed, said = self.ran("7.8.9", "--checked")
         self.assertEqual((status, said), (0, ""))
         self.assertIn(f"The release is in {self.out}", printed)
-        names = ["NOTES.md", "SHA256SUMS", "TOOLS.txt", "fiscalon-7.8.9.tar.gz", "fiscalon-7.8.9.tar.gz.spdx.json", "verify-release"]
+        names = ["NOTES.md", "SHA256SUMS", "TOOLS.txt", "fiscalon-7.8.9.tar.gz", "fiscalon-7.8.9.tar.gz.spdx.json",
+                 "verify-release"]
         self.assertEqual(sorted(file.name for file in self.out.iterdir()), names)
         self.assertEqual((self.out / "NOTES.md").read_text(), "# Fiscalon 7.8.9, 2026-03-04\n\n- All is new.\n")
         parts = json.loads((self.out / "fiscalon-7.8.9.tar.gz.spdx.json").read_text())
         self.assertEqual(parts["creationInfo"]["created"], "2026-03-04T00:00:00Z")
-        self.assertEqual([(each["name"], each["versionInfo"]) for each in parts["packages"]], [("fiscalon-7.8.9.tar.gz", "7.8.9")])
+        self.assertEqual([(each["name"], each["versionInfo"]) for each in parts["packages"]],
+                         [("fiscalon-7.8.9.tar.gz", "7.8.9")])
         self.assertEqual(self.verified(), (0, ["all of the release is there, and as it was made"]))
 
     def test_shows_whoever_receives_it_what_is_wrong(self):
@@ -217,7 +222,9 @@ class Release(unittest.TestCase):
         bytes_ = bytearray(whole)
         bytes_[len(bytes_) // 2] ^= 1
         archive.write_bytes(bytes_)
-        self.assertEqual(self.verified(), (1, ["FAIL  fiscalon-7.8.9.tar.gz: is not what was released: its checksum is another", "1 wrong"]))
+        self.assertEqual(self.verified(),
+                         (1, ["FAIL  fiscalon-7.8.9.tar.gz: is not what was released: its checksum is another",
+                              "1 wrong"]))
         archive.unlink()
         self.assertEqual(self.verified(), (1, ["FAIL  fiscalon-7.8.9.tar.gz: is missing", "1 wrong"]))
         archive.mkdir()
@@ -226,7 +233,8 @@ class Release(unittest.TestCase):
         archive.write_bytes(whole)
 
         (self.out / "more.exe").write_text("")
-        self.assertEqual(self.verified(), (1, ["FAIL  more.exe: is none of the release: SHA256SUMS does not name it", "1 wrong"]))
+        self.assertEqual(self.verified(),
+                         (1, ["FAIL  more.exe: is none of the release: SHA256SUMS does not name it", "1 wrong"]))
         (self.out / "more.exe").unlink()
 
         parts.unlink()
@@ -236,7 +244,8 @@ class Release(unittest.TestCase):
         (self.out / "SHA256SUMS").write_text(sums + "and more\n")
         self.assertEqual(self.verified(), (1, ["FAIL  SHA256SUMS: line 6 of SHA256SUMS is no checksum", "1 wrong"]))
         (self.out / "SHA256SUMS").unlink()
-        self.assertEqual(self.verified(), (1, ["FAIL  SHA256SUMS: is missing: this is no release, or not all of one", "1 wrong"]))
+        self.assertEqual(self.verified(),
+                         (1, ["FAIL  SHA256SUMS: is missing: this is no release, or not all of one", "1 wrong"]))
 
 
 class TheSameBytes(unittest.TestCase):
