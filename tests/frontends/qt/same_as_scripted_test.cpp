@@ -19,7 +19,7 @@ class QtFrontEndOnEachForm : public testing::TestWithParam<std::string> {};
 TEST_P(QtFrontEndOnEachForm, DoesWhatTheScriptedOneDoes) {
   PlayedQtToolkit played;
   // Nobody watches, so nothing need be painted.
-  WalkOverForm(played, GetParam(), IsLong() ? 20'000 : 300,
+  WalkOverForm(played, GetParam(), IsLong() ? 5000 : 300,
                {.begins = [&] { played.Dialog()->setUpdatesEnabled(false); }});
 }
 
@@ -28,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(AllForms, QtFrontEndOnEachForm, testing::ValuesIn(AllFo
 
 TEST(QtFrontEnd, DoesWhatTheScriptedOneDoesWithEveryKindOfControl) {
   PlayedQtToolkit played;
-  WalkOverEveryKind(played, IsLong() ? 20'000 : 100);
+  WalkOverEveryKind(played, IsLong() ? 5000 : 100);
 }
 
 TEST(QtFrontEnd, TellsBoxesWithTheirOwnTitles) {

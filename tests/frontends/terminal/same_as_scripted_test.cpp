@@ -20,7 +20,7 @@ class TerminalFrontEndOnEachForm : public testing::TestWithParam<std::string> {}
 
 TEST_P(TerminalFrontEndOnEachForm, DoesWhatTheScriptedOneDoes) {
   PlayedTerminalToolkit played;
-  WalkOverForm(played, GetParam(), IsLong() ? 5000 : 12, kSettings);
+  WalkOverForm(played, GetParam(), IsLong() ? 1000 : 12, kSettings);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllForms, TerminalFrontEndOnEachForm, testing::ValuesIn(AllForms()),
@@ -28,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(AllForms, TerminalFrontEndOnEachForm, testing::ValuesIn
 
 TEST(TerminalFrontEnd, DoesWhatTheScriptedOneDoesWithEveryKindOfControl) {
   PlayedTerminalToolkit played;
-  WalkOverEveryKind(played, IsLong() ? 5000 : 12, kSettings);
+  WalkOverEveryKind(played, IsLong() ? 1000 : 12, kSettings);
 }
 
 TEST(TerminalFrontEnd, TellsBoxesWithTheirOwnTitles) {

@@ -20,7 +20,7 @@ class Win32FrontEndOnEachForm : public testing::TestWithParam<std::string> {};
 
 TEST_P(Win32FrontEndOnEachForm, DoesWhatTheScriptedOneDoes) {
   PlayedWin32Toolkit played;
-  WalkOverForm(played, GetParam(), IsLong() ? 300 : 2, kSettings);
+  WalkOverForm(played, GetParam(), IsLong() ? 100 : 2, kSettings);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllForms, Win32FrontEndOnEachForm, testing::ValuesIn(AllForms()),
@@ -28,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(AllForms, Win32FrontEndOnEachForm, testing::ValuesIn(Al
 
 TEST(Win32FrontEnd, DoesWhatTheScriptedOneDoesWithEveryKindOfControl) {
   PlayedWin32Toolkit played;
-  WalkOverEveryKind(played, IsLong() ? 1000 : 40, kSettings);
+  WalkOverEveryKind(played, IsLong() ? 300 : 40, kSettings);
 }
 
 TEST(Win32FrontEnd, TellsBoxesWithTheirOwnTitles) {

@@ -315,6 +315,9 @@ TEST_F(Gst58, OkCancelAndClosingLeaveTheFlagOfTheSession) {
 
 class Gst58Randomly : public RandomActsTest<GOVGST58> {
  protected:
+  // A category that is too large for money leaves the total as it was, which passes, and can't be written.
+  bool MayFail(const RuntimeError& error) const override { return error.Number() == 6; }
+
   void ExpectRecordsOf(const std::string& seqNumber, const RandomPayment& payment) override {
     const std::vector<std::string> records = Records();
     ASSERT_TRUE(records.size() == 2 || records.size() == 3) << records.size();
