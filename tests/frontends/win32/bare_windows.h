@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "frontends/win32/common_controls.h"
 #include "frontends/win32/windows_api.h"
 
 namespace fiscalon::win32 {
@@ -28,6 +29,8 @@ class BareWindows {
   /// Makes them, shows them, serves what comes of it, and destroys them.
   void ShowOnce() const {
     std::vector<HWND> made;
+    // As new controls look, which are others than those of old.
+    const CommonControls look;
     const HDC surface = ::CreateCompatibleDC(nullptr);
     std::array<HFONT, 3> fonts = {};
     for (HFONT& font : fonts) font = ::CreateFontW(-11, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Tahoma");
