@@ -9,6 +9,8 @@ import sys
 from typing import NamedTuple
 
 TREE = pathlib.Path(__file__).resolve().parents[2]
+sys.path.append(str(TREE / "tools/lib"))
+import source_tree  # noqa: E402
 
 
 class Test(NamedTuple):
@@ -22,10 +24,6 @@ class Test(NamedTuple):
         return self.command[0]
 
 
-def git(*words):
-    return subprocess.run(["git", *words], cwd=TREE, check=True, capture_output=True, text=True).stdout.splitlines()
-
-
 class Build:
     """A copy of the sources, switched, and what is compiled of it."""
 
@@ -37,13 +35,12 @@ class Build:
 
     def copy(self, switched):
         """The sources as they are, but for those that are switched. What has not changed is not written."""
-        listed = git("ls-files", "--cached", "--others", "--exclude-standard")
+        listed = set(source_tree.files())
         for name in listed:
-            if (TREE / name).is_file():
-                self.write(name, switched[name].encode() if name in switched else (TREE / name).read_bytes())
-                (self.tree / name).chmod((TREE / name).stat().st_mode)
+            self.write(name, switched[name].encode() if name in switched else (TREE / name).read_bytes())
+            (self.tree / name).chmod((TREE / name).stat().st_mode)
         for path in sorted(self.tree.rglob("*")):
-            if path.is_file() and str(path.relative_to(self.tree)) not in set(listed):
+            if path.is_file() and str(path.relative_to(self.tree)) not in listed:
                 path.unlink()
 
     def write(self, name, content):

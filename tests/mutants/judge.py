@@ -8,6 +8,8 @@ import subprocess
 
 # A test that takes longer than this, in seconds, is asked when the others have found nothing.
 SLOW = 0.3
+# And one that takes longer than this never: a change that nobody could see would be asked of it for minutes.
+LONGEST = 20
 # The sum of all names that one command can have.
 LONGEST_ARGUMENT = 100_000
 
@@ -23,11 +25,15 @@ class Judge:
 
     def __init__(self, build):
         self.build = build
-        self.times, self.reaching, self.failing = {}, collections.defaultdict(list), []
+        self.times, self.reaching = {}, collections.defaultdict(list)
+        # Those that are not asked: they fail without a change, or take too long.
+        self.failing, self.long = [], []
 
     def run(self, command, folder, environment, limit, **more):
         bounds = ["prlimit", f"--cpu={int(limit) + 1}", "--core=0", f"--fsize={1 << 30}"]
         variables = dict(os.environ, **dict(each.split("=", 1) for each in environment), **more)
+        # The long tests would be asked again for each change.
+        variables.pop("FISCALON_LONG", None)
         try:
             return subprocess.run(
                 [*bounds, *command], cwd=folder, env=variables, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
@@ -52,6 +58,9 @@ class Judge:
             self.times[test] = found["time"]
             if found["status"]:
                 self.failing.append(test.name)
+                continue
+            if found["time"] > LONGEST:
+                self.long.append(test.name)
                 continue
             for number in found["reached"]:
                 self.reaching[number].append(test)

@@ -8,12 +8,13 @@ import json
 import os
 import pathlib
 import random
+import subprocess
 import sys
 from typing import NamedTuple
 
 import spots
 import told
-from build import TREE, Build, Refusals, git
+from build import TREE, Build, Refusals, source_tree
 from judge import Judge, Looks
 from known import Known
 
@@ -23,6 +24,11 @@ PROGRAMS = ("values_test", "records_test", "forms_test", "core_test", "parts_tes
             "played_test", "scripted_test", "play_scenarios_scripted", "play_in_language", "tools_test",
             "batch_commands_test")  # fmt: skip
 SWITCH = "tests/mutants/switch.h"
+
+
+def git(*words):
+    """The names that it tells."""
+    return subprocess.run(["git", *words], cwd=TREE, check=True, capture_output=True, text=True).stdout.split("\0")
 
 
 class Mutant(NamedTuple):
@@ -35,11 +41,12 @@ class Mutant(NamedTuple):
 
 def sources_in(names, since):
     """The sources below these files and folders; of those only what has changed since a commit, if one is given."""
-    files = sorted(set(git("ls-files", "--cached", "--others", "--exclude-standard", "--", *names)))
+    asked = [os.path.normpath(name) for name in names]
+    files = [file for file in source_tree.files() if any(f"{file}/".startswith(f"{name}/") for name in asked)]
     if since:
-        changed = set(git("diff", "--name-only", since, "--")) | set(git("ls-files", "--others", "--exclude-standard"))
+        changed = set(git("diff", "-z", "--name-only", since)) | set(git("ls-files", "-z", "-o", "--exclude-standard"))
         files = [file for file in files if file in changed]
-    return [file for file in files if file.endswith((".cpp", ".h")) and (TREE / file).exists()]
+    return [file for file in files if file.endswith((".cpp", ".h"))]
 
 
 def sampled(source, text, count, seed):
@@ -93,9 +100,7 @@ class Run:
 
     def make(self):
         """Builds, and drops what does not compile, until it does."""
-        refused = Refused(self.options.folder / "refused.json")
-        dropped = {mutant.number for mutant in self.mutants if [mutant.source, mutant.key] in refused.changes}
-        self.build.kept |= set(refused.constants)
+        dropped = set()
         constants = {mutant.spot.constant_name for mutant in self.mutants} - {""}
         for attempt in range(20):
             switched, ranges = self.write(dropped)
@@ -117,9 +122,6 @@ class Run:
             self.build.kept |= names
         else:
             sys.exit("mutants: without all that was refused it still does not compile")
-            refused.changes = [[mutant.source, mutant.key] for mutant in self.mutants if mutant.number in dropped]
-            refused.constants = sorted(self.build.kept)
-            refused.write()
         switches = {number for found in ranges.values() for _, _, number in found}
         for mutant in self.mutants:
             if mutant.number not in switches:
@@ -135,8 +137,10 @@ class Run:
         judge.look(tests, Looks(self.options.folder / "looks.json", changes))
         if judge.failing:
             print(f"  not asked, since they fail without a change: {', '.join(judge.failing)}", flush=True)
-        for source in self.texts:
-            old = before.of(source, self.texts[source]) if self.options.keep else {}
+        if judge.long:
+            print(f"  not asked, since they take too long: {', '.join(judge.long)}", flush=True)
+        olds = {source: before.of(source, text) if self.options.keep else {} for source, text in self.texts.items()}
+        for source, old in olds.items():
             for mutant in self.of(source):
                 if mutant.number in self.verdicts:
                     continue
@@ -148,9 +152,10 @@ class Run:
                     killed = judge.kills(self.asked(judge, mutant), source, mutant.number)
                     verdict = "killed" if killed else "survived"
                 self.verdicts[mutant.number] = verdict
+            before.keep(source, self.texts[source], self.told_of(source))
+            print(f"  {source} is judged, but for what must be built", flush=True)
         # Last, since what is built for them has no other changes to switch to.
-        for source in self.texts:
-            old = before.of(source, self.texts[source]) if self.options.keep else {}
+        for source, old in olds.items():
             tried = 0
             for mutant in self.of(source):
                 if self.verdicts[mutant.number] == "early" and tried < self.options.early:
@@ -162,8 +167,11 @@ class Run:
                 if self.verdicts[mutant.number] in ("survived", "unreached") and known.reason(source, mutant.key):
                     self.verdicts[mutant.number] = "same"
             self.tell(source)
-            verdicts = {mutant.key: self.verdicts[mutant.number] for mutant in self.of(source)}
-            before.keep(source, self.texts[source], verdicts)
+            before.keep(source, self.texts[source], self.told_of(source))
+
+    def told_of(self, source):
+        """Its verdicts, by the changes."""
+        return {mutant.key: self.verdicts[mutant.number] for mutant in self.of(source)}
 
     def asked(self, judge, mutant):
         """The tests that come by a change; at a first look those of its own folder and the scenarios, if any do."""
@@ -178,7 +186,8 @@ class Run:
         source, text, spot = mutant.source, self.texts[mutant.source], mutant.spot
         switched = (self.build.tree / source).read_bytes()
         reaching = {test for other in self.of(source) for test in judge.reaching[other.number]}
-        sound = [test for test in tests if test.name not in judge.failing and (not reaching or test in reaching)]
+        unasked = {*judge.failing, *judge.long}
+        sound = [test for test in tests if test.name not in unasked and (not reaching or test in reaching)]
         self.build.write(source, (text[:spot.start] + spot.changed + text[spot.end:]).encode())
         try:
             for program, asked in judge.by_program(sound, source):
@@ -218,18 +227,6 @@ class Verdicts:
     def keep(self, source, text, verdicts):
         self.found[source] = {"of": self.mark(text), "verdicts": verdicts}
         self.path.write_text(json.dumps(self.found, indent=1))
-
-
-class Refused:
-    """What an earlier run could not switch, which need not be tried again."""
-
-    def __init__(self, path):
-        self.path = path
-        found = json.loads(path.read_text()) if path.exists() else {}
-        self.changes, self.constants = found.get("changes", []), found.get("constants", [])
-
-    def write(self):
-        self.path.write_text(json.dumps({"changes": self.changes, "constants": self.constants}))
 
 
 def main():

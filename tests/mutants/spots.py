@@ -457,6 +457,9 @@ def statement_spots(source, at):
         return
     if token.kind != "word" and token.text not in ("++", "--", "*", "("):
         return
+    if (before, token.text) == ("}", "("):
+        # The arguments of a function without a name.
+        return
     past = source.end_of_statement(at)
     if past >= len(source.tokens) or any(source.partner.get(place, at) < at for place in range(at, past)):
         # It is a part of a `for`, or what stands last in brackets.

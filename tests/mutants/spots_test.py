@@ -67,6 +67,9 @@ class Spots(unittest.TestCase):
         for statement in ("Type a(b);", "const Type* a = b;", "return a;", "std::vector<int> a;", "return a(b);"):
             self.assertEqual(body(statement), [], statement)
 
+    def test_the_arguments_of_a_function_without_a_name_stay(self):
+        self.assertEqual(body("[&](auto a) { b; }\n  (c);"), [])
+
     def test_what_is_no_code_stays(self):
         for text in ('#include "a.h"', "// a < 1", "/* 2 */", 'static_assert(3 < 4, "5");', "enum class E { A = 6 };"):
             self.assertEqual(labels(f"{text}\n"), [], text)
