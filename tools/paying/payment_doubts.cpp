@@ -62,7 +62,7 @@ std::string OnLostCharacters(std::string_view text) {
   const std::string kept = ToUtf8(FromUtf8(text));
   if (kept == text)
     return {};
-  return Utf8Words("\"{1}\" becomes \"{2}\": forms and records know Western European letters alone.",
+  return Utf8Words(R"("{1}" becomes "{2}": forms and records know Western European letters alone.)",
                    {VisibleUtf8(text), VisibleUtf8(kept)});
 }
 

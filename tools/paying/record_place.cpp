@@ -62,7 +62,7 @@ std::string WhyNoFileCanBe(std::string_view name) {
   if (AreBlanks(name))
     return Utf8Words("no file is named.");
   if (const std::string kept = ToUtf8(FromUtf8(name)); kept != name)
-    return Utf8Words("\"{1}\" would become \"{2}\": name it in Western European letters.",
+    return Utf8Words(R"("{1}" would become "{2}": name it in Western European letters.)",
                      {VisibleUtf8(name), VisibleUtf8(kept)});
   const auto path = Utf8Path(name);
   std::error_code error;

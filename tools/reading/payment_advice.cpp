@@ -39,7 +39,7 @@ std::string TooLong(const PaymentWords& words, std::string_view property, std::s
 std::string OnMissingFolder(const Levyra& session, const PaymentWords& words) {
   const std::string folder = Utf8Of(Utf8Path(ToUtf8(session.GovFilename())).parent_path());
   if (session.WriteFile() == kTrue && !IsFolder(folder))
-    return Say(words, "{1} is \"{2}\", and there is no folder \"{3}\": make it, or name another file.",
+    return Say(words, R"({1} is "{2}", and there is no folder "{3}": make it, or name another file.)",
                {std::string(words.govFilename), ToUtf8(session.GovFilename()), folder});
   const std::string& logs = TheModule().mainPath;
   if (!IsFolder(ToUtf8(logs)))

@@ -82,7 +82,7 @@ void CheckHead(std::string_view record, std::vector<Note>& problems) {
   if (mark != kRecordMark)
     problems.push_back({.from = kRecordHead.front().from,
                         .to = kRecordHead.front().to,
-                        .text = Filled("\"{1}\" stands where \"{2}\" should", AsGiven(WithDots(mark)),
+                        .text = Filled(R"("{1}" stands where "{2}" should)", AsGiven(WithDots(mark)),
                                        AsGiven(std::string(kRecordMark)))});
   const RecordField kind = FieldNamed(kRecordHead, "Kind");
   if (!HasKnownKind(record))
@@ -102,7 +102,7 @@ void SayWhatForeignLineIs(const ShownRecord& shown, std::vector<Note>& problems)
                                        InDigits(record.size()), InDigits(kHeadLength))});
   else
     problems.push_back(
-        {.text = Filled("no record: the line begins with \"{1}\", not with \"{2}\"",
+        {.text = Filled(R"(no record: the line begins with "{1}", not with "{2}")",
                         AsGiven(std::string(record.substr(0, kMostQuoted))), AsGiven(std::string(kRecordMark)))});
 }
 
