@@ -2,6 +2,9 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <new>
+
+#include "frontends/qt/form_dialog.h"
 
 namespace fiscalon::qt {
 namespace {
@@ -9,8 +12,17 @@ namespace {
 constexpr const char* kIsNotice = "fiscalonNotice";
 
 QAccessibleInterface* ToldAsNotice(const QString& /*className*/, QObject* object) {
-  const bool isNotice = object->isWidgetType() && object->property(kIsNotice).toBool();
-  return isNotice ? new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Notification) : nullptr;
+  if (!object->isWidgetType() || !object->property(kIsNotice).toBool())
+    return nullptr;
+  auto* const widget = static_cast<QWidget*>(object);
+  try {
+    return new QAccessibleWidget(widget, QAccessible::Notification);
+  } catch (const std::bad_alloc&) {
+    // Qt is in between.
+    if (auto* const dialog = dynamic_cast<FormDialog*>(widget->window()))
+      dialog->HasFailed();
+    return nullptr;
+  }
 }
 
 void Tell(QWidget& notice, QAccessible::Event what) {

@@ -17,7 +17,10 @@ inline Held HeldNow() {
   };
   size_t pages = 0;
   size_t resident = 0;
+#ifndef __SANITIZE_ADDRESS__
+  // The sanitizer keeps what was given back for a while.
   std::ifstream("/proc/self/statm") >> pages >> resident;
+#endif
   return {{"file descriptors", entriesOf("/proc/self/fd")},
           {"threads", entriesOf("/proc/self/task")},
           {"bytes allocated", ::mallinfo2().uordblks},

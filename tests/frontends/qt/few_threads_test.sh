@@ -13,6 +13,8 @@ Fail() {
   exit 1
 }
 
+# A sanitizer that looks for what is left behind needs a thread, too.
+export ASAN_OPTIONS=detect_leaks=0
 # A user of whom no other process counts.
 as=()
 if ((EUID == 0)); then
