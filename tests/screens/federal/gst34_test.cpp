@@ -1,5 +1,6 @@
 #include "screens/federal/gst34.h"
 
+#include "core/forms/laid_out.h"
 #include "tests/screens/federal/gst34_entries.h"
 #include "tests/support/raises.h"
 #include "tests/support/told_form.h"
@@ -243,6 +244,13 @@ TEST_F(Gst34, FieldsFitTheirEntries) {
     EXPECT_EQ(amount->Designed().alignment, Alignment::Right) << amount->Name();
   EXPECT_EQ(form.PeriodStartDate.Designed().alignment, Alignment::Left);
   EXPECT_EQ(form.PeriodEndDate.Designed().alignment, Alignment::Left);
+}
+
+TEST_F(Gst34, WhatIsPaidOrClaimedStandsOut) {
+  const GOVGST34 form;
+  const std::set<const Control*> all = StandingOut(form);
+  EXPECT_TRUE(all.contains(&form.RefundAmount) && all.contains(&form.PaymentEnclosed));
+  EXPECT_FALSE(all.contains(&form.NetTax));
 }
 
 TEST_F(Gst34, CalculatedLinesAreLockedAndNoTabStops) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "core/forms/laid_out.h"
 #include "tests/support/payment_test.h"
 #include "tests/support/raises.h"
 #include "tests/support/random_acts.h"
@@ -100,6 +101,18 @@ using DonationOkPath = DonationPayment;
 using DonationRecords = DonationPayment;
 const bool kTestsAdded =
     AddOkPathTests<DonationPayment>("DonationOkPath") && AddRecordsTests<DonationPayment>("DonationRecords");
+
+TEST_F(DonationOkPath, HasThePartsOfThePhoneNumberCloseTogether) {
+  const frmDonation form;
+  for (const LaidOutGroup& group : LaidOut(form))
+    for (const LaidOutRow& row : group.rows)
+      if (row[0].field == &form.txtPhoneNo1) {
+        ASSERT_EQ(row.size(), 3u);
+        EXPECT_TRUE(row[1].isClose && row[2].isClose);
+        return;
+      }
+  ADD_FAILURE() << "no phone number is laid out";
+}
 
 TEST_F(DonationOkPath, AcceptsTheLongestTexts) {
   EXPECT_TRUE(Show<frmDonation>("10", [](frmDonation& form, UserDriver& user) {

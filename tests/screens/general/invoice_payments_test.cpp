@@ -183,6 +183,11 @@ class InvoicePaymentsRecords : public ScreenTest {
   }
 };
 
+TEST_F(InvoicePaymentsFurtherInvoice, StandsInTheColumnsOfTheFirst) {
+  const InvoicePayments form;
+  EXPECT_TRUE(form.InvoicePaymentList.Designed().fixedPitch);
+}
+
 TEST_F(InvoicePaymentsRecords, AreMembersOfThreeFieldsInTheCollection) {
   EXPECT_TRUE(EnterAndPressOk(
       {{.amount = "50.00"}, {.date = "20260602", .number = " ABCDEFGHIJKLMNOPQRSTUVWXYZ", .amount = "73.45"}}));

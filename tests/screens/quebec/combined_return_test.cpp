@@ -97,6 +97,12 @@ class CombinedReturn : public ReturnTest<frmQue_Rev_QSTGSTComb> {
 const bool kTestsAdded =
     AddOkPathTests<CombinedReturn>("CombinedReturnOkPath") && AddRecordsTests<CombinedReturn>("CombinedReturnRecords");
 
+TEST_F(CombinedReturn, TellsTheFormOfDatesAtTheFirstPeriodAlone) {
+  const frmQue_Rev_QSTGSTComb form;
+  EXPECT_TRUE(form.gstPeriod.FromHint && form.gstPeriod.ToHint);
+  EXPECT_FALSE(form.qstPeriod.FromHint || form.qstPeriod.ToHint);
+}
+
 TEST_F(CombinedReturn, RefusesAnEmptyTotalAsIfItWereARefund) {
   ExpectRefusal([](frmQue_Rev_QSTGSTComb& form) { form.txtAmountPayable.Text(""); }, kRefund, "txtGSTCollectible");
 }
