@@ -15,16 +15,16 @@ inline Held HeldNow() {
   const auto entriesOf = [](const char* folder) {
     return static_cast<size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
   };
-  size_t pages = 0;
-  size_t resident = 0;
+  Held held = {{"file descriptors", entriesOf("/proc/self/fd")},
+               {"threads", entriesOf("/proc/self/task")},
+               {"bytes allocated", ::mallinfo2().uordblks}};
 #ifndef __SANITIZE_ADDRESS__
   // The sanitizer keeps what was given back for a while.
-  std::ifstream("/proc/self/statm") >> pages >> resident;
+  size_t pages = 0;
+  std::ifstream("/proc/self/statm") >> pages >> held["resident bytes"];
+  held["resident bytes"] *= static_cast<size_t>(::sysconf(_SC_PAGESIZE));
 #endif
-  return {{"file descriptors", entriesOf("/proc/self/fd")},
-          {"threads", entriesOf("/proc/self/task")},
-          {"bytes allocated", ::mallinfo2().uordblks},
-          {"resident bytes", resident * static_cast<size_t>(::sysconf(_SC_PAGESIZE))}};
+  return held;
 }
 
 /// Caches settle late. In the long run the smallest allocation that each show leaks is more than this.
