@@ -56,6 +56,15 @@ TEST_F(LastKeyTest, TakesTheLastCharacterItselfWhereItErases) {
   EXPECT_THAT(erased.KeysBefore(caret), ElementsAre("key Left", "key Backspace", "key Backspace"));
 }
 
+TEST_F(LastKeyTest, TakesOneSelectedCharacterAloneButNoneThatIsNot) {
+  EXPECT_FALSE(LastKey(LastKey::Effect::Erases).TakesLastCharacter());
+  field.Select({.start = 1, .length = 1});
+  const LastKey erased(LastKey::Effect::Erases, field);
+  EXPECT_TRUE(erased.TakesLastCharacter());
+  // Three to the left, behind the "b".
+  EXPECT_THAT(erased.KeysBefore(caret), ElementsAre("key Left", "key Left", "key Left"));
+}
+
 TEST_F(LastKeyTest, KeepsTheTextThatItMet) {
   const LastKey typed(LastKey::Effect::Types, field);
   field.Text("axe");

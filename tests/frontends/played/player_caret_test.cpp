@@ -53,6 +53,21 @@ TEST_F(PlayerCaretTest, IsBroughtToTheEndOfASelection) {
   EXPECT_TRUE(caret.Has({.start = 4}));
 }
 
+TEST_F(PlayerCaretTest, LeavesASelectionByAKey) {
+  Select(2, 1);
+  caret.FormOpens(&field);
+  EXPECT_THAT(caret.KeysThatErase("abcde", {.start = 2}, 0), ElementsAre("key Left"));
+}
+
+TEST_F(PlayerCaretTest, CatchesUpWithTheUserWhereAnActSaysSo) {
+  Select(2);
+  caret.ActBegins(&field);
+  caret.CatchesUp();
+  caret.ActEnded(&field);
+  EXPECT_TRUE(caret.Has({.start = 2}));
+  EXPECT_FALSE(caret.IsElsewhere(field));
+}
+
 TEST_F(PlayerCaretTest, ErasesBackFromTheEndOfASelection) {
   EXPECT_THAT(caret.KeysThatErase("abcde", {.start = 2, .length = 2}, 2),
               ElementsAre("key Left", "key Backspace", "key Backspace"));
