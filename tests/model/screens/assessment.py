@@ -244,8 +244,12 @@ class Assessment(OlderScreen):
             if amount.text:
                 slots.append(self.text_slot(f'{2 * each + 1:02}', self.WCBclass[each].trimmed()))
                 slots.append((f'{2 * each + 2:02}', self.money(self.to_money(amount.trimmed()) * 100, '0' * 18)))
-        for first in range(0, len(slots), 4):
-            self.send_free(*slots[first:first + 4])
+                # Two pairs are a record, whatever becomes of the next one.
+                if len(slots) == 4:
+                    self.send_free(*slots)
+                    slots.clear()
+        if slots:
+            self.send_free(*slots)
 
     def plan(self, draw):
         today = self.host.today

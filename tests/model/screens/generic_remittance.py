@@ -168,7 +168,7 @@ class GenericRemittance(PeriodScreen):
         if amount.text:
             if not is_amount_text(amount.text):
                 return self.refuse(amount)
-            amount.set(self.money(self.cents(amount.text, money(leading_number(amount.text)))))
+            amount.set(self.money(self.cents(amount.text, self.read_money(amount.text))))
         if details.text and not amount.text:
             return self.refuse(amount, "If you enter a value for 'Details', you must also enter a value for 'Other "
                                        "Amount'.", 'information')
