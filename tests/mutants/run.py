@@ -243,6 +243,8 @@ def main():
     parser.add_argument("--keep", action="store_true", help="take what was killed before as killed")
     parser.add_argument("--folder", type=pathlib.Path, default=TREE / "build" / "mutants")
     options = parser.parse_args()
+    # Tests run in folders of their own.
+    options.folder = options.folder.resolve()
     run = Run(options)
     run.draw(sources_in(options.sources, options.since))
     if not run.mutants:
