@@ -19,6 +19,12 @@ constexpr const char* kLeftOpen = "\"frmPlayed\" is still open where the scenari
 
 // Message boxes.
 
+TEST(ScenarioPlayer, NamesNoLineWhereAllPass) {
+  const PlayResult result = Play("show 15\n close 0\n");
+  EXPECT_TRUE(result.passed);
+  EXPECT_EQ(result.line, 0);
+}
+
 TEST(ScenarioPlayer, BoxesAreClaimedInOrder) {
   ExpectPassed(
       "show 15\n click cmdTwo\n"
