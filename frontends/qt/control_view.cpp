@@ -37,8 +37,7 @@ ControlView::AfterPress ControlView::Press() {
 }
 
 void ControlView::HasFailed() const {
-  if (auto* const dialog = dynamic_cast<FormDialog*>(widget_.window()))
-    dialog->HasFailed();
+  EndFormOf(widget_);
 }
 
 QFont ControlView::Font() const {

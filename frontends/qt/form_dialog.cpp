@@ -150,6 +150,11 @@ void FormDialog::HasFailed() {
   form_.Hide();
 }
 
+void EndFormOf(const QWidget& widget) {
+  if (auto* const dialog = dynamic_cast<FormDialog*>(widget.window()))
+    dialog->HasFailed();
+}
+
 void FormDialog::Rethrow() const {
   if (failure_)
     std::rethrow_exception(failure_);

@@ -99,4 +99,7 @@ class FormDialog final : public QDialog, private FormObserver {
   std::exception_ptr failure_;
 };
 
+/// Ends the form that a widget is of, if it is one's, with the exception that is being handled.
+void EndFormOf(const QWidget& widget);
+
 }  // namespace fiscalon::qt

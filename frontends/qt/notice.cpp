@@ -19,8 +19,7 @@ QAccessibleInterface* ToldAsNotice(const QString& /*className*/, QObject* object
     return new QAccessibleWidget(widget, QAccessible::Notification);
   } catch (const std::bad_alloc&) {
     // Qt is in between.
-    if (auto* const dialog = dynamic_cast<FormDialog*>(widget->window()))
-      dialog->HasFailed();
+    EndFormOf(*widget);
     return nullptr;
   }
 }
