@@ -244,6 +244,10 @@ class Source:
     def mark_local(self, at, places):
         """A constant within a function may be the compiler's too."""
         token = self.tokens[at]
+        if token.text == "constexpr" and self.tokens[at - 1].text == "if":
+            for place in range(at + 1, self.partner.get(at + 1, at)):
+                places[place] = (True, (), True)
+            return
         if token.text not in ("constexpr", "const") or self.tokens[at - 1].text not in ("{", "}", ";", ")", "static"):
             return
         if self.tokens[at + 1].text == "(" or self.tokens[at - 1].text == ")":

@@ -48,6 +48,11 @@ class Spots(unittest.TestCase):
             body("if (int c = a; c) b;"), ["[if -> if never] (int c = a; c) b;", "[if -> if not] (int c = a; c) b;"]
         )
 
+    def test_a_condition_of_the_compiler_is_its_own(self):
+        found = spots.spots_of("void F() {\nif constexpr (kA == 1)\nb = 2;\n}\n")
+        self.assertEqual([spot.early for spot in found if "kA" in spot.label], [True, True])
+        self.assertEqual([spot.early for spot in found if "kA" not in spot.label], [False])
+
     def test_a_number_is_one_more(self):
         self.assertEqual(body("return 159;"), ["return [159 -> 160];"])
         self.assertEqual(body("return 0x1F;"), ["return [0x1F -> 0x20];"])
