@@ -126,6 +126,9 @@ TEST_F(BatchParts, MakeTheWholeOfASmallBatch) {
             "1003,03,11,01,Amount of Payment,000000000000012345,not-the-amount,"
             "Field 01 Amount of Payment is not equal to amount to be paid\n");
   EXPECT_EQ(whole.rows, "2 3 4 5 6 ");
+  Outcome only;
+  Judge(batch, {}, only);
+  EXPECT_TRUE(only == whole);
   for (const uint64_t parts : {1U, 2U, 3U, 4U, 5U, 6U, 100U}) EXPECT_TRUE(Joined(batch, parts) == whole) << parts;
 }
 
@@ -236,6 +239,24 @@ TEST_F(BatchParts, AreAboutEquallyLong) {
   }
   EXPECT_TRUE(records == batch.records);
   EXPECT_TRUE(rows == batch.payments);
+}
+
+TEST_F(BatchParts, AreAboutEquallyLongHoweverManyThereAre) {
+  // More of them than payments, and not as many as go into the bytes.
+  PartedBatch batch;
+  for (int payment = 0; payment < 1000; ++payment) batch.Add(Seq(payment));
+  constexpr uint64_t kParts = 5000;
+  constexpr size_t kPayment = 2 * 164;
+  for (const uint64_t part : {1U, 1250U, 2500U, 4000U, 4999U, 5000U}) {
+    Outcome outcome;
+    const Cut cut(batch, {part, kParts}, outcome);
+    const std::string_view records = cut.stretches.records->Peek(0);
+    EXPECT_LE(records.size(), kPayment) << part;
+    // Every fifth of them has a payment, which begins about where the part does.
+    const auto start = static_cast<double>(records.data() - batch.records.data());
+    EXPECT_NEAR(start, static_cast<double>(batch.records.size()) / kParts * static_cast<double>(part - 1), 2 * kPayment)
+        << part;
+  }
 }
 
 TEST_F(BatchParts, NameProblemsByTheLinesOfTheWholeFiles) {

@@ -103,6 +103,77 @@ TEST_F(ValidateBatchTest, CountsPaymentsAndFailures) {
   EXPECT_EQ(counts.totalBytes, batch.records.size());
 }
 
+TEST_F(ValidateBatchTest, TellsHowFarItIsBehindEachBlock) {
+  class Watching : public Report {
+   public:
+    Watching() : Report(false) {}
+    void OnProgress(const BatchProgress& progress) override { told.push_back(progress); }
+
+    std::vector<BatchProgress> told;
+  };
+  // Three blocks of about a MiB, of payments of two lines of 164 characters, every fifth of them bad.
+  Batch batch;
+  for (int payment = 0; payment < 8000; ++payment)
+    batch.Add(std::to_string(1000 + payment), payment % 5 == 0 ? "1" : "12345");
+  for (const unsigned jobs : {1u, 3u}) {
+    const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+    const auto records = ByteSource::Of(batch.records, "batch.pc4");
+    Watching watching;
+    ValidateBatch(*payments, *records, jobs, watching);
+    // The block behind the last is empty.
+    ASSERT_EQ(watching.told.size(), 4u);
+    for (size_t i = 0; i < watching.told.size(); ++i) {
+      const BatchProgress& progress = watching.told[i];
+      EXPECT_EQ(progress.totalBytes, batch.records.size());
+      EXPECT_EQ(progress.bytes, progress.payments * 2 * 164);
+      EXPECT_EQ(progress.invalid, (progress.payments + 4) / 5);
+      if (i < 2)
+        EXPECT_NEAR(static_cast<double>(progress.bytes), static_cast<double>((i + 1) << 20), 1000);
+      else
+        EXPECT_EQ(progress.payments, 8000u);
+    }
+  }
+}
+
+TEST(PaymentVerdict, SaysNothingUntilItIsGiven) {
+  const PaymentVerdict verdict;
+  EXPECT_TRUE(verdict.IsValid());
+  EXPECT_EQ(verdict.line, 0u);
+  EXPECT_EQ(verdict.row, 0u);
+  const BatchProgress progress;
+  EXPECT_EQ(progress.payments + progress.invalid + progress.bytes, 0u);
+  EXPECT_EQ(progress.totalBytes, std::nullopt);
+}
+
+TEST_F(ValidateBatchTest, TellsFaultsOnlyToWhoAsksForThem) {
+  class Asking : public Report {
+   public:
+    explicit Asking(bool asks) : asks_(asks) {}
+    bool WantsFaults() const override { return asks_ || Report::WantsFaults(); }
+    void OnPayment(const PaymentVerdict& verdict) override {
+      told += std::to_string(verdict.row) + ":" + std::to_string(verdict.line) + ":" +
+              std::to_string(verdict.faults.size()) + " ";
+    }
+
+    std::string told;
+
+   private:
+    bool asks_;
+  };
+  Batch batch;
+  batch.Add("0001");
+  batch.Add("0002", "1");
+  const auto told = [&](bool asks) {
+    const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+    const auto records = ByteSource::Of(batch.records, "batch.pc4");
+    Asking asking(asks);
+    ValidateBatch(*payments, *records, 1, asking);
+    return asking.told;
+  };
+  EXPECT_EQ(told(true), "2:0:0 3:3:1 ");
+  EXPECT_EQ(told(false), "2:0:0 3:0:0 ");
+}
+
 TEST_F(ValidateBatchTest, AnEmptyBatchHasNoPayments) {
   EXPECT_EQ(Validate(Batch{}), "");
 }
@@ -195,6 +266,60 @@ TEST_F(ValidateBatchTest, NamesWhereTheFilesPart) {
   EXPECT_EQ(Validate(noRecords), "batch.csv:2: payment '0001' has no records");
 }
 
+TEST_F(ValidateBatchTest, NamesNothingBehindThePlaceWhereTheFilesPart) {
+  // A row is missing in the first of several blocks; no payment behind it goes with its row.
+  Batch batch;
+  for (int payment = 0; payment < 8000; ++payment) batch.Add(std::to_string(1000 + payment));
+  batch.payments.erase(batch.payments.find("1005,"), std::string_view("1005,03,,12345\n").size());
+  for (const unsigned jobs : {1u, 2u, 3u})
+    EXPECT_EQ(Validate(batch, jobs), "batch.pc4:11: payment '1005' stands where the payments list has '1006' (line 7)")
+        << jobs;
+}
+
+TEST_F(ValidateBatchTest, NamesTwentyProblemsOfManyBlocks) {
+  Batch batch;
+  for (int payment = 0; payment < 8000; ++payment) {
+    batch.Add(std::to_string(1000 + payment));
+    if (payment % 1000 == 7)
+      batch.records += "hello\nhello\nhello\n";
+  }
+  const std::string problems = Validate(batch);
+  EXPECT_EQ(std::count(problems.begin(), problems.end(), '\n'), 19);
+  // Behind 8 payments of two lines each, and then behind each thousand of them and what was put in before.
+  EXPECT_TRUE(problems.starts_with("batch.pc4:17: no record"));
+  EXPECT_NE(problems.find("\nbatch.pc4:12036: no record"), problems.npos);
+  EXPECT_EQ(problems.find("batch.pc4:12037:"), problems.npos);
+  for (const unsigned jobs : {2u, 3u}) EXPECT_EQ(Validate(batch, jobs), problems) << jobs;
+}
+
+TEST_F(ValidateBatchTest, RefusesAListAndRecordsThatAreWrittenToMeanwhile) {
+  /// Writes to a file as soon as it is told of a payment.
+  class Writing : public Report {
+   public:
+    explicit Writing(std::string path) : path_(std::move(path)) {}
+    void OnPayment(const PaymentVerdict&) override { std::ofstream(path_, std::ios::app) << "more"; }
+
+   private:
+    std::string path_;
+  };
+  for (const char* const written : {"batch.csv", "batch.pc4", "other"}) {
+    const TemporaryFolder folder;
+    const Batch batch = ThreePayments();
+    const auto payments = ByteSource::Open(folder.Write("batch.csv", batch.payments));
+    const auto records = ByteSource::Open(folder.Write("batch.pc4", batch.records));
+    Writing writing(folder.Path(written));
+    std::string problem;
+    try {
+      ValidateBatch(*payments, *records, 1, writing);
+    } catch (const BatchError& error) {
+      problem = error.what();
+    }
+    EXPECT_EQ(problem, written == std::string_view("other")
+                           ? std::string()
+                           : folder.Path(written) + ": the file changed while it was read");
+  }
+}
+
 TEST_F(ValidateBatchTest, NamesAPaymentThatIsTornApart) {
   Batch batch = ThreePayments();
   batch.AddRecords("0002");
@@ -281,33 +406,6 @@ TEST_F(ValidateBatchTest, TellsWherePaymentsAndFaultsLie) {
   }
 }
 
-TEST(BatchReport, WritesFaultsAsCsv) {
-  const Fault faults[] = {{.line = 12, .field = "0\xE9", .value = "1,\"2", .code = "not-required", .message = "a"},
-                          {.line = 13, .code = "no-fields", .message = "b, c"}};
-  std::string rows;
-  AppendFaultRows(rows, {.seq = "0001", .screen = "03", .reason = "a, b, c", .faults = faults});
-  EXPECT_EQ(rows,
-            "0001,03,12,0\xC3\xA9,,\"1,\"\"2\",not-required,a\n"
-            "0001,03,13,,,,no-fields,\"b, c\"\n");
-}
-
-TEST(BatchReport, WritesJsonLines) {
-  const Fault faults[] = {
-      {.line = 12, .field = "02", .name = "End", .value = "\"\\\t\x1F\xE9", .code = "short", .message = "a"}};
-  const PaymentVerdict bad{.seq = "0001", .screen = "03", .reason = "a", .faults = faults};
-  std::string lines;
-  AppendReportJson(lines, {.seq = "0000", .screen = "20"});
-  AppendReportJson(lines, bad);
-  EXPECT_EQ(lines,
-            "{\"seq\":\"0000\",\"screen\":\"20\",\"valid\":true,\"reason\":\"\"}\n"
-            "{\"seq\":\"0001\",\"screen\":\"03\",\"valid\":false,\"reason\":\"a\"}\n");
-  lines.clear();
-  AppendFaultJson(lines, bad);
-  EXPECT_EQ(lines,
-            "{\"seq\":\"0001\",\"screen\":\"03\",\"line\":12,\"field\":\"02\",\"name\":\"End\","
-            "\"value\":\"\\\"\\\\\\u0009\\u001f\xC3\xA9\",\"code\":\"short\",\"message\":\"a\"}\n");
-}
-
 TEST_F(ValidateBatchTest, NamesTheSameProblemsForAnyNumberOfJobs) {
   std::string expected;
   Batch batch = RandomBatch(8000, expected);
@@ -372,61 +470,6 @@ TEST_F(ValidateBatchTest, LeavesNoPageOfAFileMapped) {
     const long returned = FaultsOfLookingAt(bytes);
     EXPECT_GT(returned, FaultsOfLookingAt(bytes)) << jobs;
   }
-}
-
-TEST(ByteSource, ReturnsItsPagesInShares) {
-  const TemporaryFolder folder;
-  constexpr size_t kThird = 4 << 20;
-  const auto source = ByteSource::Open(folder.Write("batch.pc4", std::string(3 * kThird, '1')));
-  const std::string_view bytes = source->Peek(0);
-  for (size_t share = 0; share < 3; ++share) {
-    FaultsOfLookingAt(bytes);
-    source->ReturnPages(share, 3);
-    const std::string_view third = bytes.substr(share * kThird, kThird);
-    const long returned = FaultsOfLookingAt(third);
-    EXPECT_GT(returned, FaultsOfLookingAt(third)) << share;
-  }
-  source->Skip(bytes.size());
-  source->ReturnPages(0, 1);
-  const long returned = FaultsOfLookingAt(bytes);
-  EXPECT_GT(returned, FaultsOfLookingAt(bytes));
-  EXPECT_TRUE(bytes == std::string(3 * kThird, '1'));
-}
-
-TEST(ByteSource, ReturnsThePagesOfAStretchOnly) {
-  const TemporaryFolder folder;
-  constexpr size_t kHalf = 4 << 20;
-  const auto source = ByteSource::Open(folder.Write("batch.pc4", std::string(2 * kHalf, '1')));
-  const std::string_view bytes = source->Peek(0);
-  const auto stretch = ByteSource::Stretch(*source, bytes.substr(0, kHalf), bytes.substr(kHalf));
-  FaultsOfLookingAt(bytes);
-  stretch->ReturnPages(0, 1);
-  const long kept = FaultsOfLookingAt(bytes.substr(0, kHalf));
-  EXPECT_GT(FaultsOfLookingAt(bytes.substr(kHalf)), kept);
-}
-
-TEST(ByteSource, ReturnsNothingOfABufferOrAPipe) {
-  const std::string buffer(1 << 20, '1');
-  const auto source = ByteSource::Of(buffer, "batch.pc4");
-  const auto stretch = ByteSource::Stretch(*source, {}, buffer);
-  for (const ByteSource* const any : {source.get(), stretch.get()}) any->ReturnPages(0, 1);
-  EXPECT_EQ(std::ranges::count(buffer, '1'), 1 << 20);
-  ByteSource::Open("/dev/null")->ReturnPages(0, 1);
-}
-
-TEST(ByteSource, NamesAFileThatCannotBeRead) {
-  const TemporaryFolder folder;
-  const auto error = [](const std::string& path) {
-    try {
-      ByteSource::Open(path)->Peek(1);
-    } catch (const BatchError& raised) {
-      return raised.Problems().front().reason;
-    }
-    return std::string("none");
-  };
-  EXPECT_EQ(error(folder.Path("missing")), "can't be opened: No such file or directory");
-  EXPECT_EQ(error(folder.Path()), "can't be read: Is a directory");
-  EXPECT_EQ(error(folder.Write("empty", "")), "none");
 }
 
 class GeneratedBatch : public ModuleTest {
@@ -507,48 +550,6 @@ TEST_F(GeneratedBatch, HasNoDefectWhereNoneWasAskedFor) {
   const Made made = Make("20", 2000, 0, 13);
   EXPECT_EQ(made.planted, "row,seq,defect,reason\n");
   EXPECT_EQ(Found(made.batch, 1), "");
-}
-
-TEST(ReasonCounts, ShowsTheMostFrequentFirst) {
-  ReasonCounts counts;
-  for (int i = 0; i < 3; ++i) counts.Add("b");
-  counts.Add("a");
-  std::ostringstream out;
-  counts.Print(out);
-  EXPECT_EQ(out.str(), "           3    75 %  b\n           1    25 %  a\n");
-}
-
-TEST(ReasonCounts, RoundsShares) {
-  // 18 of 125 are 14.4 percent, 29 of 200 are 14.5.
-  const auto share = [](int few, int all) {
-    ReasonCounts counts;
-    for (int i = 0; i < all; ++i) counts.Add(i < few ? "few" : "many");
-    std::ostringstream out;
-    counts.Print(out);
-    return out.str().substr(out.str().find('\n') + 1);
-  };
-  EXPECT_EQ(share(18, 125), "          18    14 %  few\n");
-  EXPECT_EQ(share(29, 200), "          29    15 %  few\n");
-}
-
-TEST(ReasonCounts, SumsUpWhatIsLeftOver) {
-  ReasonCounts counts;
-  for (int i = 0; i < 25; ++i) counts.Add("reason " + std::to_string(100 + i));
-  std::ostringstream out;
-  counts.Print(out);
-  EXPECT_NE(out.str().find("reason 119\n"), std::string::npos);
-  EXPECT_NE(out.str().find("           5    20 %  other reasons\n"), std::string::npos);
-}
-
-TEST(ReasonCounts, CountsReasonsWithoutEnd) {
-  // More different ones than are kept: all count, and one that was kept still goes by its name.
-  ReasonCounts counts;
-  for (int i = 0; i < 10'005; ++i) counts.Add("reason " + std::to_string(i));
-  counts.Add("reason 7");
-  std::ostringstream out;
-  counts.Print(out);
-  EXPECT_TRUE(out.str().starts_with("           2     0 %  reason 7\n")) << out.str();
-  EXPECT_NE(out.str().find("        9985   100 %  other reasons\n"), std::string::npos) << out.str();
 }
 
 }  // namespace

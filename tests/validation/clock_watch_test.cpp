@@ -89,6 +89,16 @@ TEST_F(ClockWatchTest, TakesAClockThatStandsStill) {
   EXPECT_NO_THROW(watch.RefuseSettingBack());
 }
 
+TEST_F(ClockWatchTest, TakesAClockWhoseSecondsAreNotKnownAtOneEnd) {
+  const ClockWatch running;
+  SetToday({2026, 6, 15});
+  EXPECT_NO_THROW(running.RefuseSettingBack());
+  const ClockWatch standing;
+  clock->seconds = -1;
+  ModuleToChange().clock = clock;
+  EXPECT_NO_THROW(standing.RefuseSettingBack());
+}
+
 TEST_F(ClockWatchTest, TheSystemsClockRuns) {
   const SystemClock system;
   const int64_t before = std::time(nullptr);

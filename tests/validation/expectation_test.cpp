@@ -24,6 +24,15 @@ TEST(JudgingDay, HoldsNoYearBeforeTheHundredth) {
   EXPECT_EQ(day.lastMonth, 1202);
 }
 
+TEST(Expectation, IsOfNothingUnlessItSaysSo) {
+  const Expectation expected;
+  EXPECT_EQ(expected.paymentAmount, 0);
+  EXPECT_EQ(expected.paymentCents, kNoCents);
+  EXPECT_EQ(expected.billerCode, "");
+  EXPECT_EQ(expected.day, nullptr);
+  EXPECT_EQ(expected.logging, Logging::None);
+}
+
 TEST(CentsOfDollars, AreThoseWhoseHundredthPartTheAmountIs) {
   EXPECT_EQ(CentsOfDollars(0), 0U);
   EXPECT_EQ(CentsOfDollars(0.01), 1U);

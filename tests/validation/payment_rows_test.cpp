@@ -42,6 +42,52 @@ TEST(RowReader, ReadsAmountsOfAnyLength) {
   EXPECT_EQ(Read("0001,03,,-500"), "0001|03||-500");
 }
 
+/// How many characters of a row the quick look takes; 0 where it leaves the row.
+size_t TakenQuickly(const std::string& row) {
+  const std::string bytes = row + std::string(40, '7');
+  RowReader reader;
+  reader.Read(bytes);
+  PaymentRow read;
+  return reader.NextQuickly(read) ? bytes.size() - reader.Rest().size() : 0;
+}
+
+TEST(RowReader, TakesUsualRowsQuickly) {
+  for (const char* const head : {"0001,03,,", "9999,99,001052,"}) {
+    for (const char* const end : {"\n", "\r\n"}) {
+      std::string digits;
+      for (int length = 1; length <= 15; ++length) {
+        digits += static_cast<char>('0' + length % 10);
+        const std::string row = head + digits + end;
+        EXPECT_EQ(TakenQuickly(row), row.size()) << row;
+      }
+      EXPECT_EQ(TakenQuickly(head + digits + "6" + end), 0u);
+      EXPECT_EQ(TakenQuickly(head + std::string(end)), 0u);
+    }
+  }
+  EXPECT_EQ(TakenQuickly("0001,03,,1\r\r\n"), 0u);
+  EXPECT_EQ(TakenQuickly("0001,03,AB1052,1\n"), 0u);
+  EXPECT_EQ(TakenQuickly("A001,03,,1\n"), 0u);
+}
+
+TEST(RowReader, LooksQuicklyOnlyWhereThereIsRoom) {
+  const std::string row = "0001,03,,1\n";
+  for (size_t size = row.size(); size <= 60; ++size) {
+    const std::string bytes = row + std::string(size - row.size(), '7');
+    PaymentRow read;
+    RowReader reader;
+    reader.Read(bytes);
+    EXPECT_EQ(reader.NextQuickly(read), size >= 40) << size;
+    reader.Read(bytes);
+    EXPECT_EQ(reader.NextIs("0001", "03", 1), size >= 40) << size;
+  }
+}
+
+TEST(PaymentRow, SaysNothingUntilItIsRead) {
+  const PaymentRow row;
+  EXPECT_EQ(row.cents, 0);
+  EXPECT_TRUE(row.seq.empty() && row.screen.empty() && row.biller.empty());
+}
+
 TEST(RowReader, KnowsARowThatSaysWhatItIsAskedFor) {
   // Each character of a row becomes every other one: it says that, or it does not, as when it is read.
   size_t known = 0;
@@ -94,6 +140,9 @@ TEST(RowReader, NamesWhatIsWrongWithARow) {
   EXPECT_EQ(Read("0001,03,,\xC3\xA9"), "the amount '\xE9' is no whole number of cents");
   EXPECT_EQ(Read("0001,03,12345"), "a row of 3 fields; it has seq,screen,biller,amount");
   EXPECT_EQ(Read("0001,03,,1,2"), "a row of 5 fields; it has seq,screen,biller,amount");
+  // Six characters where a biller stands, and what stands behind them.
+  EXPECT_EQ(Read("0001,03,00,105,1"), "a row of 5 fields; it has seq,screen,biller,amount");
+  EXPECT_EQ(Read("0001,03,001052712345"), "a row of 3 fields; it has seq,screen,biller,amount");
   EXPECT_EQ(Read("0001"), "a row of 1 fields; it has seq,screen,biller,amount");
   EXPECT_EQ(Read("\"0001,03,,1"), "a quote out of place");
   EXPECT_EQ(Read("0001,03,,\"1"), "a quote out of place");

@@ -8,6 +8,7 @@
 #include "tests/support/module_test.h"
 #include "validation/generate_batch.h"
 #include "validation/payment_rows.h"
+#include "validation/quick_rules.h"
 #include "validation/quick_tests.h"
 #include "validation/record_block.h"
 #include "validation/rule_sets.h"
@@ -15,7 +16,7 @@
 namespace fiscalon {
 namespace {
 
-constexpr Date kToday = {.year = 2026, .month = 6, .day = 15};
+constexpr Date kThisDay = {.year = 2026, .month = 6, .day = 15};
 
 class ShortCut : public ModuleTest {
  protected:
@@ -50,7 +51,7 @@ class ShortCut : public ModuleTest {
     return Takes(kQuebecRules, QuebecPayment(GoodQuebecFields(), {period}), Expecting(12345));
   }
 
-  JudgingDay day_ = JudgingDayOf(kToday);
+  JudgingDay day_ = JudgingDayOf(kThisDay);
 };
 
 TEST_F(ShortCut, TakesEveryPaymentOfAGoodBatch) {
@@ -58,7 +59,7 @@ TEST_F(ShortCut, TakesEveryPaymentOfAGoodBatch) {
     const std::string screen(rules->screenCode);
     constexpr size_t kPayments = 3000;
     std::ostringstream list, lines, planted;
-    GenerateBatch({.payments = kPayments, .screen = screen, .today = kToday}, list, lines, planted);
+    GenerateBatch({.payments = kPayments, .screen = screen, .today = kThisDay}, list, lines, planted);
     const std::string rowBytes = list.str();
     const std::string recordBytes = lines.str();
     RowReader rows;
@@ -191,6 +192,15 @@ TEST_F(ShortCut, TakesFieldsInAnyOrder) {
   fields[8].fieldValue = Digits(101);
   EXPECT_TRUE(Takes(kQuebecRules, QuebecPayment(fields), Expecting(12346)));
   EXPECT_FALSE(Takes(kQuebecRules, QuebecPayment(fields), Expecting(12345)));
+}
+
+TEST(HasNumberOf, LooksWhereTheNumberOfASlotStands) {
+  // The mark, a sequence number and the kind, and then the number of the first slot.
+  EXPECT_TRUE(HasNumberOf<0>("PC40001F01"));
+  EXPECT_TRUE(HasNumberOf<8>("PC40001F09"));
+  EXPECT_FALSE(HasNumberOf<0>("PC40001F02"));
+  EXPECT_FALSE(HasNumberOf<0>("PC40001F11"));
+  EXPECT_FALSE(HasNumberOf<0>("01        "));
 }
 
 TEST_F(ShortCut, TakesNoTotalUnderAComma) {

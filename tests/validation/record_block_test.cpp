@@ -152,6 +152,42 @@ TEST(RecordBlock, IsFilledAgainFromTheStart) {
   EXPECT_EQ(block.LineCount(), 0u);
 }
 
+TEST(RecordBlock, HoldsNothingUntilSomethingIsCut) {
+  const RecordBlock block;
+  EXPECT_EQ(block.PaymentCount(), 0u);
+  EXPECT_EQ(block.LineCount(), 0u);
+  EXPECT_TRUE(block.Problems().empty());
+}
+
+TEST(RecordBlock, HoldsMoreLinesThanItsBytesHaveRecords) {
+  // Each is a payment of its own, and too short: what room is made for at the start is not enough for them.
+  constexpr int kPayments = 3000;
+  std::string bytes;
+  for (int payment = 0; payment < kPayments; ++payment) bytes += "PC4" + std::to_string(1000 + payment) + "T\n";
+  RecordBlock block;
+  block.Cut(bytes);
+  ASSERT_EQ(block.PaymentCount(), 3000u);
+  EXPECT_EQ(block.LineCount(), 3000u);
+  EXPECT_EQ(block.Problems().size(), 3000u);
+  for (size_t payment = 0; payment < block.PaymentCount(); ++payment) {
+    EXPECT_EQ(block.Sequence(payment), std::to_string(1000 + payment));
+    EXPECT_EQ(block.FirstLine(payment), payment);
+    EXPECT_EQ(block.Records(payment).size(), 1u);
+    EXPECT_EQ(block.LinesOf(payment, bytes).size(), 9u);
+  }
+}
+
+TEST(RecordBlock, TellsTheLinesOfEachPaymentWithAllThatStandsAroundThem) {
+  const std::string bytes = "hello\n" + QuotedLine(Record("0001")) + Record("0001", 'F') + "\n" + Record("0002") +
+                            "\r\n\"" + Record("0003") + "\"";
+  RecordBlock block;
+  block.Cut(bytes);
+  ASSERT_EQ(block.PaymentCount(), 3u);
+  EXPECT_EQ(block.LinesOf(0, bytes), "hello\n" + QuotedLine(Record("0001")) + Record("0001", 'F') + "\n");
+  EXPECT_EQ(block.LinesOf(1, bytes), Record("0002") + "\r\n");
+  EXPECT_EQ(block.LinesOf(2, bytes), "\"" + Record("0003") + "\"");
+}
+
 /// The blocks that a feed hands out.
 std::vector<std::string> Blocks(ByteSource& source) {
   RecordFeed feed(source);

@@ -4,9 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <sstream>
 #include <utility>
 
+#include "core/platform/runtime_error.h"
 #include "core/records/record_line.h"
 #include "tests/support/bulk_payment.h"
 #include "tests/support/module_test.h"
@@ -41,6 +44,60 @@ std::vector<std::string> Numbered(const BulkPayment& payment, const std::string&
   return records;
 }
 
+/// Characters beside those that tests tell apart, and at both ends; all there are where FISCALON_LONG is set.
+std::string TellingCharacters() {
+  if (std::getenv("FISCALON_LONG") == nullptr)
+    return std::string("\0\t\n\r\x1F !\"/012567:AFGSTU~\x7F\x80\xFF", 26);
+  std::string all;
+  for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+  return all;
+}
+
+/// What may stand in each column of a screen's usual records: "=" what does, "." any character but those for control,
+/// and "#" a digit that is a part of what the tests look at.
+struct Columns {
+  BulkPayment payment;
+  std::vector<std::string> records;
+};
+
+std::string Times(size_t count, char c) {
+  return std::string(count, c);
+}
+
+Columns AgencyColumns() {
+  const std::string amount = "==" + Times(18, '#');
+  const std::string date = "==" + Times(8, '#') + Times(10, '=');
+  const std::string dollars = "==" + Times(8, '=') + Times(8, '#') + "==";
+  return {AgencyPayment(GoodAgencyFields()),
+          {Times(8, '=') + Times(152, '.'), Times(8, '=') + amount + date + dollars + amount + Times(72, '.')}};
+}
+
+Columns QuebecColumns() {
+  const std::string amount = "==" + Times(18, '#');
+  const std::string type = "==" + Times(17, '=') + "#";
+  const std::string unused = Times(20, '=');
+  return {QuebecPayment(GoodQuebecFields()),
+          {Times(8, '=') + Times(16, '.') + Times(6, '#') + "==" + Times(128, '.'),
+           Times(8, '=') + amount + amount + amount + amount + Times(72, '.'),
+           Times(8, '=') + type + amount + unused + unused + Times(72, '.')}};
+}
+
+TEST(LineFrame, TellsWhatStandsAroundARecord) {
+  const struct {
+    LineFrame frame;
+    size_t length;
+    std::string_view front, back;
+  } rows[] = {
+      {{0, 1}, 161, "", "\n"}, {{0, 2}, 162, "", "\r\n"}, {{1, 1}, 163, "\"", "\"\n"}, {{}, 164, "\"", "\"\r\n"}};
+  size_t index = 0;
+  for (const auto& [frame, length, front, back] : rows) {
+    EXPECT_EQ(frame.LineLength(), length);
+    EXPECT_EQ(frame.Front(), front);
+    EXPECT_EQ(frame.Back(), back);
+    EXPECT_EQ(frame.Index(), index++);
+  }
+}
+
 class UsualPayment : public ModuleTest {
  protected:
   /// Cuts with and without looking at the payments, which must come to the same, and returns how many were found good.
@@ -65,6 +122,35 @@ class UsualPayment : public ModuleTest {
     }
     for (const char c : block_.Sequence(payment)) EXPECT_TRUE(c >= '0' && c <= '9');
     return true;
+  }
+
+  /// What may stand in each character of lines whose columns are known; what is around them stays.
+  static std::string Allowed(const LineFrame& frame, const std::vector<std::string>& records) {
+    std::string allowed;
+    for (const std::string& record : records)
+      allowed += Times(frame.quotes, '=') + record + Times(frame.quotes + frame.end, '=');
+    return allowed;
+  }
+
+  /// The amount that the records of lines are good for, test by test: what their own fields make. None where they are
+  /// not good, or where the amount is beyond what is added without any loss.
+  uint64_t AmountOf(const RuleSet& rules, const LineFrame& frame, const std::string& lines) const {
+    std::vector<std::string_view> records;
+    for (size_t at = frame.quotes; at < lines.size(); at += frame.LineLength())
+      records.push_back(std::string_view(lines).substr(at, kRecordLength));
+    const auto value = [&](size_t field) {
+      return std::stoull(std::string(records[1 + field / 4].substr(8 + field % 4 * 20 + 2, 18)));
+    };
+    const bool isAgency = rules.screenCode == "03";
+    const uint64_t cents = isAgency ? value(0) : value(0) + value(1) + value(2) + value(3) + value(5);
+    if (!isAgency && cents > 1'000'000'000'000)
+      return kNoCents;
+    try {
+      return PassEveryTest(rules, records, {.paymentCents = cents, .billerCode = "001052", .day = &day_}) ? cents
+                                                                                                          : kNoCents;
+    } catch (const RuntimeError&) {
+      return kNoCents;
+    }
   }
 
   void ExpectSameCut() const {
@@ -113,15 +199,18 @@ TEST_F(UsualPayment, IsFoundInEveryPaymentOfAGoodBatch) {
 }
 
 TEST_F(UsualPayment, IsFoundInNothingThatATestRefuses) {
-  // Each character of each line becomes every other one, between two payments that are good.
+  // Each character of each line becomes another one, between two payments that are good.
+  const std::string others = TellingCharacters();
+  const auto printable =
+      static_cast<size_t>(std::ranges::count_if(others, [](char c) { return static_cast<unsigned char>(c) >= ' '; }));
   const auto spoil = [&](const BulkPayment& payment, const LineFrame& frame) {
     const std::string front = Framed(frame, Numbered(payment, "0001"));
     std::string bytes = front + Framed(frame, Numbered(payment, "0002")) + Framed(frame, Numbered(payment, "0003"));
     size_t found = 0;
     for (size_t at = front.size(); at < 2 * front.size(); ++at) {
       const char kept = bytes[at];
-      for (int byte = 0; byte < 256; ++byte) {
-        bytes[at] = static_cast<char>(byte);
+      for (const char other : others) {
+        bytes[at] = other;
         found += FoundIn(bytes) == 3 ? 1 : 0;
         if (HasFatalFailure())
           return found;
@@ -132,8 +221,35 @@ TEST_F(UsualPayment, IsFoundInNothingThatATestRefuses) {
   };
   for (const LineFrame& frame : {LineFrame{1, 2}, LineFrame{0, 1}}) {
     // Any character but those for control in the 152 columns behind a "T" record's head, and in those behind slots.
-    EXPECT_GT(spoil(AgencyPayment(GoodAgencyFields()), frame), 224u * (152 + 72));
-    EXPECT_GT(spoil(QuebecPayment(GoodQuebecFields()), frame), 224u * (144 + 2 * 72));
+    EXPECT_GT(spoil(AgencyPayment(GoodAgencyFields()), frame), printable * (152 + 72));
+    EXPECT_GT(spoil(QuebecPayment(GoodQuebecFields()), frame), printable * (144 + 2 * 72));
+  }
+}
+
+TEST_F(UsualPayment, HasJustTheColumnsThatScreensWrite) {
+  for (const Columns& columns : {AgencyColumns(), QuebecColumns()}) {
+    const RuleSet& rules = *RulesOf(columns.payment.screen);
+    for (const LineFrame& frame : kAllFrames) {
+      const UsualForm& form = rules.usual[frame.Index()];
+      ASSERT_EQ(form.lines, columns.records.size());
+      const std::string allowed = Allowed(frame, columns.records);
+      std::string lines = Framed(frame, columns.payment.records);
+      ASSERT_EQ(allowed.size(), lines.size());
+      ASSERT_EQ(form.goodFor(lines.data(), day_), 12345u);
+      for (size_t at = 0; at < lines.size(); ++at) {
+        const char kept = lines[at];
+        for (const char other : TellingCharacters()) {
+          lines[at] = other;
+          const bool mayStand =
+              other == kept || (allowed[at] == '.' ? static_cast<unsigned char>(other) >= ' '
+                                                   : allowed[at] == '#' && other >= '0' && other <= '9');
+          const uint64_t amount = mayStand ? AmountOf(rules, frame, lines) : kNoCents;
+          EXPECT_EQ(form.goodFor(lines.data(), day_), amount)
+              << "screen " << rules.screenCode << ", character " << at << " as " << static_cast<int>(other);
+        }
+        lines[at] = kept;
+      }
+    }
   }
 }
 

@@ -69,6 +69,12 @@ TEST_F(ClsValidateAddInfo, KeepsWhatAHostSets) {
   const auto records = std::make_shared<PC4s>();
   validator.PC4Records(records);
   EXPECT_EQ(validator.PC4Records(), records);
+  const auto periods = std::make_shared<clsPC4GovFormats>();
+  const auto slots = std::make_shared<clsPC4FreeFormats>();
+  validator.PC4GovFormatRecords(periods);
+  validator.PC4FreeFormatRecords(slots);
+  EXPECT_EQ(validator.PC4GovFormatRecords(), periods);
+  EXPECT_EQ(validator.PC4FreeFormatRecords(), slots);
 }
 
 TEST_F(ClsValidateAddInfo, ReadsThePaymentAmountAsCentsAndKeepsDollars) {
@@ -78,6 +84,18 @@ TEST_F(ClsValidateAddInfo, ReadsThePaymentAmountAsCentsAndKeepsDollars) {
   EXPECT_EQ(validator.PaymentAmount(), ".05");
   validator.PaymentAmount("abc");
   EXPECT_EQ(validator.PaymentAmount(), "0");
+}
+
+TEST_F(ClsValidateAddInfo, HoldsRecordsAgainstNothingUntilAnAmountIsSet) {
+  validator.ScreenCode("03");
+  const auto check = [&](const std::string& cents) {
+    validator.PC4Records(AgencyPayment(With(GoodAgencyFields(), "01", cents)).Collection());
+    validator.IsInfoValid();
+    return validator.InvalidReason();
+  };
+  EXPECT_EQ(check("000000000000000000"), "");
+  EXPECT_EQ(check("000000000000000001"), "Field 01 Amount of Payment is not equal to amount to be paid");
+  EXPECT_EQ(check("000000000000000100"), "Field 01 Amount of Payment is not equal to amount to be paid");
 }
 
 TEST_F(ClsValidateAddInfo, SwitchesTheModulesPlayByPlay) {
@@ -176,6 +194,13 @@ TEST_F(ClsValidateAddInfo, LogsTheEntryOfEachRoutine) {
                               "modLevyra - IsValidRemittancePeriodQueRevSrcDeduct\r\n" + prefix +
                               "modLevyra - IsValidRemittancePeriodQueRevSrcDeduct\r\n" + prefix +
                               "modLevyra - RecalcFormQueRevSrcDeduct\r\n");
+}
+
+TEST_F(ClsValidateAddInfo, LogsEntriesWhateverTheLogWasSwitchedOnBy) {
+  clsValidateAddInfo::PlayByPlayEnabled(1);
+  EXPECT_EQ(Check(AgencyPayment(GoodAgencyFields())), "valid");
+  const std::string log = PlayByPlay();
+  EXPECT_NE(log.find("clsValidateAddInfo - ValidateCRASourceDeduction\r\n"), log.npos);
 }
 
 TEST_F(ClsValidateAddInfo, APeriodThatCannotBeReadIsLoggedAndPasses) {
