@@ -118,6 +118,15 @@ TEST(PlaceFields, FindACreditThatFitsBehindAnInvoiceAmountThatDoesNot) {
   EXPECT_EQ(Texts(record, "InvoiceAmount"), (std::vector<std::string>{"-1234567890", "-000001234"}));
 }
 
+TEST(PlaceFields, FindAnAmountThatIsPaidBehindOneThatDoesNotFit) {
+  const InvoiceEntry entries[] = {MakeInvoiceEntry("20260615", "-12345678.90", "A"),
+                                  MakeInvoiceEntry("20260616", "12.34", "B")};
+  const std::string record = ComposeInvoiceRow("0001", entries);
+  ASSERT_EQ(record.size(), 161U);
+  EXPECT_EQ(LongNumbersOf(record), "InvoiceAmount 17-27 +1; ");
+  EXPECT_EQ(Texts(record, "InvoiceAmount"), (std::vector<std::string>{"-1234567890", " 000001234"}));
+}
+
 TEST(PlaceFields, MoveBehindANegativeStatementAmount) {
   const StatementEntry entries[] = {MakeStatementEntry("20260615", "-5", "A-17")};
   const std::string record = ComposeStatementRow("0001", entries);
@@ -132,6 +141,9 @@ TEST(PlaceFields, StayWhereNoNumberAccountsForALongerRecord) {
                                     "PC40001F01-000000000000000100" + std::string(61, ' ') + "x" + std::string(70, ' '),
                                     // The number explains one column, the record has two.
                                     "PC40001F01-000000000000000100" + std::string(133, ' '),
+                                    // A minus sign in front of nineteen digits, of which no value has more than
+                                    // eighteen.
+                                    "PC40001F01-1234567890123456789" + std::string(132, ' '),
                                     // A minus sign in front of fewer digits.
                                     Ruled("PC40001F01-00000000000000100") + " "}) {
     const PlacedFields placed = PlaceFields(record);
@@ -170,7 +182,10 @@ TEST(PlaceFields, TakeNoOtherLongRecordForJoinedDetails) {
   noAmount.replace(28, 18, "ABCDEFGHIJKLMNOPQR");
   std::string otherKind = joined;
   otherKind[7] = 'G';
-  for (const std::string& record : {joined + " ", joined.substr(0, 311), noAmount, otherKind})
+  const std::vector<FreeFormatSlot> three = {{"01", "A"}, {"02", "B"}, {"03", "C"}};
+  std::string noAmountBehindThree = ComposeFreeFormatWithDetails("0001", three, "000000000000001250", "FEE");
+  noAmountBehindThree.replace(68, 18, "ABCDEFGHIJKLMNOPQR");
+  for (const std::string& record : {joined + " ", joined.substr(0, 311), noAmount, noAmountBehindThree, otherKind})
     EXPECT_TRUE(PlaceFields(record).overruns.empty()) << record;
 }
 
