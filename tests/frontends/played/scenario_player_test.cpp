@@ -218,6 +218,7 @@ TEST(ScenarioPlayer, FolderThatCannotBeMadeFailsTheScenario) {
   EXPECT_FALSE(inPlace.passed);
   EXPECT_EQ(inPlace.line, 2);
   EXPECT_EQ(inPlace.expected, "the folder " + file + " to be made");
+  EXPECT_EQ(inPlace.seen, "a file is in its place");
   EXPECT_FALSE(Play("folder " + file + "/below\n").passed);
 }
 
