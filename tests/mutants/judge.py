@@ -30,7 +30,8 @@ class Judge:
         self.failing, self.long = [], []
 
     def run(self, command, folder, environment, limit, **more):
-        bounds = ["prlimit", f"--cpu={int(limit) + 1}", "--core=0", f"--fsize={1 << 30}"]
+        # A run in the background ignores interrupts, and the tests of them would wait for ever.
+        bounds = ["env", "--default-signal=INT", "prlimit", f"--cpu={int(limit) + 1}", "--core=0", f"--fsize={1 << 30}"]
         variables = dict(os.environ, **dict(each.split("=", 1) for each in environment), **more)
         # The long tests would be asked again for each change.
         variables.pop("FISCALON_LONG", None)
