@@ -149,8 +149,7 @@ class Run:
                 elif not judge.reaching[mutant.number]:
                     verdict = "early" if mutant.spot.early or mutant.spot.constant else "unreached"
                 else:
-                    killed = judge.kills(self.asked(judge, mutant), source, mutant.number)
-                    verdict = "killed" if killed else "survived"
+                    verdict = "killed" if self.kills(judge, mutant, known) else "survived"
                 self.verdicts[mutant.number] = verdict
             before.keep(source, self.texts[source], self.told_of(source))
             print(f"  {source} is judged, but for what must be built", flush=True)
@@ -173,13 +172,17 @@ class Run:
         """Its verdicts, by the changes."""
         return {mutant.key: self.verdicts[mutant.number] for mutant in self.of(source)}
 
-    def asked(self, judge, mutant):
-        """The tests that come by a change; at a first look those of its own folder and the scenarios, if any do."""
+    def kills(self, judge, mutant, known):
+        """Whether a test fails that comes by a change. At a first look those of its own folder and the scenarios are
+        asked, if any do, and the others only of what these leave alive without a reason."""
         tests = judge.reaching[mutant.number]
-        if not self.options.near:
-            return tests
         near = [test for test in tests if judge.is_own(test.program, mutant.source) or "scripted/" in test.name]
-        return near or tests
+        if not self.options.near or not near:
+            return judge.kills(tests, mutant.source, mutant.number)
+        if judge.kills(near, mutant.source, mutant.number):
+            return True
+        others = [test for test in tests if test not in near]
+        return not known.reason(mutant.source, mutant.key) and judge.kills(others, mutant.source, mutant.number)
 
     def build_alone(self, judge, tests, mutant):
         """What becomes of a change that the compiler must see: the source is compiled with it, for each program."""
@@ -239,7 +242,7 @@ def main():
     parser.add_argument("--programs", nargs="+", default=PROGRAMS, help="whose tests are asked (all that come by it)")
     parser.add_argument("--jobs", type=int, default=1)
     parser.add_argument("--table", type=pathlib.Path, help="writes what was found to this file, for people to read")
-    parser.add_argument("--near", action="store_true", help="a first look: ask the tests of the source's folder alone")
+    parser.add_argument("--near", action="store_true", help="a first look: ask the tests of the source's folder first")
     parser.add_argument("--keep", action="store_true", help="take what was killed before as killed")
     parser.add_argument("--folder", type=pathlib.Path, default=TREE / "build" / "mutants")
     options = parser.parse_args()

@@ -5,11 +5,12 @@ import os
 import pathlib
 import subprocess
 import tempfile
+import types
 import unittest
 
 import run
 import spots
-from build import TREE
+from build import TREE, Test
 from known import Known
 
 
@@ -148,6 +149,52 @@ int main(int count, char**) {
             self.assertEqual(status(numbers["[if -> if not] (count < 1)"]), 99)
             self.assertEqual(status(numbers["return Twice(count) [+ -> -] kLimit;"]), 256 - 8)
             self.assertEqual(status(numbers["constexpr int Twice(int a) { return a * [2 -> 3]; }"]), 13)
+
+
+class Judged:
+    """A judge of tests that fail by every change."""
+
+    def __init__(self, failing, reaching):
+        self.failing, self.asked = failing, []
+        self.reaching = {1: [Test(name, (f"{name}_program",), "") for name in reaching]}
+
+    def is_own(self, program, _source):
+        return program.startswith("own")
+
+    def kills(self, tests, _source, _number):
+        self.asked += [test.name for test in tests]
+        return any(test.name in self.failing for test in tests)
+
+
+class FirstLook(unittest.TestCase):
+    """Which tests are asked of a change, and whether one of them fails by it."""
+
+    def look(self, failing, reaching, near=True, known=""):
+        judge = Judged(failing, reaching)
+        options = types.SimpleNamespace(folder=pathlib.Path(self.folder), near=near)
+        mutant = run.Mutant(1, "a/b.cpp", None, "change")
+        return run.Run(options).kills(judge, mutant, Known(known)), judge.asked
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+
+    def test_is_at_the_tests_of_the_folder_and_the_scenarios(self):
+        self.assertEqual(self.look(["own"], ["far", "own", "scripted/a"]), (True, ["own", "scripted/a"]))
+
+    def test_goes_on_to_the_others_where_these_pass(self):
+        self.assertEqual(self.look(["far"], ["far", "own"]), (True, ["own", "far"]))
+        self.assertEqual(self.look([], ["far", "own"]), (False, ["own", "far"]))
+
+    def test_goes_no_further_where_nobody_could_see_the_change(self):
+        self.assertEqual(self.look(["far"], ["far", "own"], known="a/b.cpp: change\n  Why.\n"), (False, ["own"]))
+
+    def test_is_at_the_others_where_the_folder_has_none(self):
+        self.assertEqual(self.look(["far"], ["far"], known="a/b.cpp: change\n  Why.\n"), (True, ["far"]))
+
+    def test_is_at_all_without_it(self):
+        self.assertEqual(self.look([], ["far", "own"], near=False), (False, ["far", "own"]))
 
 
 class KnownChanges(unittest.TestCase):
