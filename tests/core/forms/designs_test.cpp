@@ -86,6 +86,19 @@ TEST(Design, ThatSaysNothingElseLeavesALabelInUseAndInSight) {
   EXPECT_TRUE(form.lbl.Visible());
 }
 
+TEST(Design, ThatSaysNothingElseIsPlain) {
+  EXPECT_EQ(LabelDesign().alignment, Alignment::Left);
+  EXPECT_FALSE(LabelDesign().bold);
+  EXPECT_EQ(FieldDesign().tabIndex, kNoTabIndex);
+  EXPECT_EQ(FieldDesign().maxLength, FieldDesign::kNoLimit);
+  EXPECT_EQ(FieldDesign().alignment, Alignment::Left);
+  EXPECT_FALSE(FieldDesign().locked);
+  EXPECT_FALSE(FieldDesign().multiLine);
+  EXPECT_FALSE(ButtonDesign().cancel);
+  EXPECT_FALSE(ToggleDesign().value);
+  EXPECT_FALSE(ListDesign().fixedPitch);
+}
+
 TEST(Design, IsTakenAgainAtEachLoad) {
   DesignedForm form;
   form.chk.Value(false);

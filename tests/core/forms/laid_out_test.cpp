@@ -112,6 +112,27 @@ TEST(LaidOut, HeadsAListByTheCaptionAboveIt) {
   EXPECT_EQ(LaidOut(form)[0].rows[2][0].head, nullptr) << "no list";
 }
 
+TEST(LaidOut, HeadsNothingButAListByTheCaptionAboveIt) {
+  class HeadedForm : public TestForm {
+   public:
+    Label lblHead{*this, "lblHead", {.caption = "Heading"}};
+    TextField txt{*this, "txt", {}};
+    Label lblList{*this, "lblList", {.caption = "Rows"}};
+    ListBox lst{*this, "lst", {}};
+    const Layout& FormLayout() const override { return layout_; }
+
+   private:
+    const Layout layout_ = {
+        .groups = {{.rows = {{{{&lblHead}}}, {{{nullptr, &txt}}}, {{{&lblHead}}}, {{{&lblList, &lst}}}}}}};
+  };
+  const HeadedForm form;
+  const LaidOutGroup group = LaidOut(form)[0];
+  EXPECT_EQ(group.rows[1][0].head, nullptr) << "no list";
+  EXPECT_EQ(group.rows[1][0].name, "");
+  EXPECT_EQ(group.rows[3][0].head, nullptr) << "it has a caption of its own";
+  EXPECT_EQ(group.rows[3][0].name, "Rows");
+}
+
 TEST(LaidOut, LeavesTheNameToAFieldWithACaptionOfItsOwn) {
   const LaidOutForm form;
   const LaidOutCell cell = LaidOut(form)[0].rows[3][0];

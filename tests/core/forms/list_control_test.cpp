@@ -165,6 +165,31 @@ TEST(ArrowKeys, ClickWhenTheRowChangesAndNotAtTheEnds) {
   });
 }
 
+TEST(FormObserver, HearsOfEachChangeOfAList) {
+  class ChangeObserver : public FormObserver {
+   public:
+    Notes heard;
+    void ControlChanged(const Control& control) override { heard.push_back(control.Name()); }
+  };
+  ListsForm form;
+  ChangeObserver observer;
+  ServingToolkit toolkit;
+  toolkit.observer = &observer;
+  toolkit.serve = [&] {
+    const std::vector<std::function<void()>> changes = {
+        [&] { form.lstRows.AddItem("One more"); }, [&] { form.lstRows.ListIndex(1); },
+        [&] { form.lstRows.RemoveItem(0); },       [&] { form.lstRows.Clear(); },
+        [&] { FormUser(form).Key("Down"); },
+    };
+    for (size_t i = 0; i < changes.size(); ++i) {
+      observer.heard.clear();
+      changes[i]();
+      EXPECT_EQ(observer.heard, Notes{i < 4 ? "lstRows" : "cmbKind"}) << i;
+    }
+  };
+  form.ShowModal(toolkit);
+}
+
 TEST(ArrowKeys, AreHeardOfAsClicks) {
   class ClickObserver : public FormObserver {
    public:

@@ -347,6 +347,16 @@ TEST(LockedField, KeepsItsTextFromTheUserButNotFromCode) {
   });
 }
 
+TEST(EditText, LeavesALineEndAloneThatCodeHasPutIn) {
+  LimitedForm form;
+  form.txtFree.Text("a\nb");
+  PlayAt(form, [&](FormUser& user) {
+    user.acts.EditText(form.txtFree, "xa\nb", {.start = 1});
+    EXPECT_EQ(form.txtFree.Text(), "xa\nb");
+    EXPECT_EQ(form.txtFree.Selected().start, 1);
+  });
+}
+
 TEST(FormObserver, HearsOfAnotherCaptionOfTheFormWhileItIsUp) {
   class CaptionObserver : public FormObserver {
    public:
@@ -360,6 +370,53 @@ TEST(FormObserver, HearsOfAnotherCaptionOfTheFormWhileItIsUp) {
   toolkit.serve = [&] {
     form.Caption("Limits");
     EXPECT_EQ(observer.captions, 1);
+  };
+  form.ShowModal(toolkit);
+}
+
+TEST(FormObserver, HearsNothingOfAFormThatIsNotUp) {
+  class AnyObserver : public FormObserver {
+   public:
+    int heard = 0;
+    void CaptionChanged() override { ++heard; }
+    void ControlChanged(const Control& /*control*/) override { ++heard; }
+  };
+  LimitedForm form;
+  AnyObserver observer;
+  form.Observe(&observer);
+  form.Caption("Limits");
+  form.lblSix.Caption("Six:");
+  EXPECT_EQ(observer.heard, 0);
+}
+
+TEST(FormObserver, NeedNotBeThere) {
+  LimitedForm form;
+  PlayAt(form, [&](FormUser& /*user*/) {
+    form.Caption("Limits");
+    form.lblSix.Caption("Six:");
+  });
+  EXPECT_EQ(form.Caption(), "Limits");
+}
+
+TEST(FormObserver, HearsOfAChangeByCodeAndByTheUser) {
+  class EventObserver : public FormObserver {
+   public:
+    Notes heard;
+    void HandlerRuns(std::string_view object, std::string_view event) override {
+      heard.push_back(std::string(object) + " " + std::string(event));
+    }
+  };
+  TwoFieldForm form;
+  EventObserver observer;
+  ServingToolkit toolkit;
+  toolkit.observer = &observer;
+  toolkit.serve = [&] {
+    observer.heard.clear();
+    form.txtA.Text("x");
+    EXPECT_EQ(observer.heard, Notes{"txtA Change"});
+    observer.heard.clear();
+    form.Acts().EditText(form.txtB, "y", {.start = 1});
+    EXPECT_EQ(observer.heard, Notes{"txtB Change"});
   };
   form.ShowModal(toolkit);
 }
