@@ -37,6 +37,32 @@ TEST_F(HostProperties, AreEveryLetOfTheSession) {
   EXPECT_EQ(session.PaidAmount(), "123.45");
 }
 
+TEST_F(HostProperties, AreToldWithWhatTheyAre) {
+  constexpr const char* kTypes[] = {"text", "boolean", "byte", "float"};
+  std::string told;
+  for (const HostPropertyHelp& each : fiscalon::HostProperties())
+    told.append(each.name).append(" (").append(kTypes[static_cast<int>(each.type)]).append("): ").append(each.help) +=
+        '\n';
+  EXPECT_EQ(told,
+            "ZelmorNumber (text): The host's customer number\n"
+            "CompCode (text): Biller code, such as 001052\n"
+            "CompName (text): Biller name, shown on the screens\n"
+            "AccountNumber (text): Account number; no screen receives it\n"
+            "PaidAmount (text): Amount of the payment in cents: 12345 is 123.45\n"
+            "PaidDate (text): Payment date: month, day, year in 8 digits\n"
+            "NumberOfInfoCollect (text): How many items screen 07 collects, 1 to 12\n"
+            "GovFilename (text): Record file to write\n"
+            "EnterName (text): The person entering, up to 30 characters\n"
+            "EnterTitle (text): That person's title, up to 20 characters\n"
+            "APHoldFlg (byte): 1: the payment is on hold, without a fixed date\n"
+            "SeqNumber (text): Four characters that head each record\n"
+            "BusinessName (text): Name offered on screen 10\n"
+            "WriteFile (boolean): True: records go to the file; False: they are printed\n"
+            "PlayByPlayEnabled (boolean): True: keep a play-by-play log\n"
+            "MainPath (text): Folder of the logs\n"
+            "SessionNumber (float): The host's session number, for the error log\n");
+}
+
 TEST_F(HostProperties, TextsComeInUtf8) {
   Set("EnterName", "Hélène");
   EXPECT_EQ(session.EnterName(), "H\xe9l\xe8ne");

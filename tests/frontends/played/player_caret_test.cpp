@@ -130,6 +130,16 @@ TEST_F(PlayerCaretTest, PasteLeavesThePlayersSelection) {
   EXPECT_TRUE(caret.Has({.start = 4}));
 }
 
+TEST_F(PlayerCaretTest, PasteLeavesNothingWhereAHandlerGoesToAnotherField) {
+  caret.ActBegins(&field);
+  caret.CatchesUp();
+  caret.Pastes({.start = 1, .length = 2}, {.start = 4});
+  form.txtLocked.Text("xyz");
+  form.txtLocked.Select({.start = 1, .length = 2});
+  caret.ActEnded(&form.txtLocked);
+  EXPECT_TRUE(caret.Has({.start = 1, .length = 2})) << "the other field's selection, however like the paste's";
+}
+
 TEST_F(PlayerCaretTest, HandlersSelectionBehindAPasteIsThePlayersToo) {
   caret.ActBegins(&field);
   caret.CatchesUp();

@@ -64,6 +64,16 @@ TEST_F(ScenarioTextTest, DefaultAnswersGoWithoutSayingUnlessAnotherOneFollows) {
             "expect message critical \"No.\\nNever.\"\n");
 }
 
+TEST_F(ScenarioTextTest, AnswersBearTheNamesOfTheirButtons) {
+  text.Begin("click cmdAsk");
+  text.Answered(kBox, MessageAnswer::Ok);
+  text.Answered({.text = "Go on?", .style = MessageStyle::Plain, .buttons = MessageButtons::OkCancel},
+                MessageAnswer::Cancel);
+  EXPECT_EQ(text.Text(),
+            "answer OK\nanswer Cancel\nclick cmdAsk\nexpect message critical \"No.\\nNever.\"\n"
+            "expect message plain \"Go on?\"\n");
+}
+
 TEST_F(ScenarioTextTest, NothingIsExpectedAheadOfTheFirstLine) {
   text.Expect("expect beep");
   text.Answered(kBox, MessageAnswer::Ok);

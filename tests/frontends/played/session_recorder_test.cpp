@@ -142,6 +142,12 @@ TEST_F(SessionRecorderTest, LeavesTheSpaceOfACheckBoxAKey) {
   EXPECT_EQ(Recorded({BringFocusAct{&form.chk}, Stroke("Space")}), "focus chk\nkey Space\n");
 }
 
+TEST_F(SessionRecorderTest, NamesEachKeyThatAScenarioKnows) {
+  for (const std::string name : {"Tab", "Shift+Tab", "Enter", "Escape", "Backspace", "Delete", "Space", "Left", "Right",
+                                 "Up", "Down", "Home", "End", "Shift+Enter", "Ctrl+Enter", "Alt+A", "Alt+Z"})
+    EXPECT_EQ(Recorded({BringFocusAct{&form.lst}, Stroke(name)}), "focus lst\nkey " + name + "\n");
+}
+
 TEST_F(SessionRecorderTest, TakesAKeyAndItsCharacterThatComeApartForOne) {
   const auto half = [](KeyStroke stroke, KeyAct::Half which) { return KeyAct{.stroke = stroke, .half = which}; };
   const KeyStroke enter = *StrokeNamed("Enter");
@@ -159,6 +165,39 @@ TEST_F(SessionRecorderTest, PutsAnUndoIntoKeys) {
   // The caret stands behind the four characters that go.
   EXPECT_EQ(Recorded(Joined({Typed1345(), {EditAct{&form.txtA, "", {}}}})),
             "type 1345\nkey Backspace\nkey Backspace\nkey Backspace\nkey Backspace\n");
+}
+
+TEST_F(SessionRecorderTest, PutsAnUndoOfOneOfSeveralLikeCharactersIntoAKey) {
+  EXPECT_EQ(
+      Recorded(Joined(
+          {Types(form.txtA, '1', "1", 1), Types(form.txtA, '1', "11", 2), {EditAct{&form.txtA, "1", {.start = 1}}}})),
+      "type 11\nkey Backspace\n");
+}
+
+TEST_F(SessionRecorderTest, PutsWhatIsTakenOutOfTheMiddleIntoKeys) {
+  // The "3" goes: from behind the 5 two to the left, then one character back.
+  EXPECT_EQ(Recorded(Joined({Typed1345(), {EditAct{&form.txtA, "145", {.start = 1}}}})),
+            "type 1345\nkey Left\nkey Left\nkey Backspace\n");
+}
+
+TEST_F(SessionRecorderTest, PastesBehindAKeyThatTheFormDropped) {
+  EXPECT_EQ(Recorded({BringFocusAct{&form.txtB}, Stroke('x'), EditAct{&form.txtB, "77", {.start = 2}}}),
+            "focus txtB\ntype x\npaste 77\n");
+}
+
+TEST_F(SessionRecorderTest, HasThePlayersCaretAtTheUsersBehindAnEdit) {
+  // The user's caret stays behind the 1, where the player's comes by the keys that take the "3" away.
+  EXPECT_EQ(Recorded(Joined({Typed1345(),
+                             {Selects{&form.txtA, {.start = 1}}, EditAct{&form.txtA, "145", {.start = 1}}},
+                             Types(form.txtA, '9', "1945", 2)})),
+            "type 1345\nkey Left\nkey Left\nkey Backspace\ntype 9\n");
+}
+
+TEST_F(SessionRecorderTest, BringsThePlayersCaretToWhereAKeyErases) {
+  EXPECT_EQ(Recorded(Joined({Typed1345(),
+                             {Selects{&form.txtA, {.start = 1}}, Stroke("Delete"),
+                              EditAct{&form.txtA, "145", {.start = 1}, EditAct::Origin::Key}}})),
+            "type 1345\nkey Left\nkey Left\nkey Left\nkey Delete\n");
 }
 
 TEST_F(SessionRecorderTest, BringsThePlayersCaretToWhereTheMousePlacedIt) {
