@@ -73,29 +73,25 @@ class AccessibleWindow final : public Counted<IAccessible> {
 
   // What it does.
   HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
-    const auto standard = [&] { return standard_.accDoDefaultAction(child); };
-    return Tell(
-        child, [&](const ToldWindow&) { return source_->ClickLater() ? S_OK : standard(); }, standard);
+    return Ask([&] { return IsSelf(child) ? source_->ClickLater() : PickLater(child); },
+               [&] { return standard_.accDoDefaultAction(child); });
   }
   HRESULT STDMETHODCALLTYPE put_accValue(VARIANT child, BSTR value) override {
-    const auto standard = [&] { return standard_.put_accValue(child, value); };
-    const auto take = [&](const ToldWindow&) {
-      return source_->TakeValue({value, ::SysStringLen(value)}) ? S_OK : standard();
+    const auto enter = [&]() -> AccessibleSource::Answer {
+      if (!IsSelf(child))
+        return std::nullopt;
+      return source_->EnterLater({value, ::SysStringLen(value)});
     };
-    return Tell(child, take, standard);
+    return Ask(enter, [&] { return standard_.put_accValue(child, value); });
   }
   HRESULT STDMETHODCALLTYPE accSelect(LONG how, VARIANT child) override {
-    const auto standard = [&] { return standard_.accSelect(how, child); };
-    const auto take = [&](const ToldWindow& told) {
-      if (how != SELFLAG_TAKEFOCUS || told.decided == 0)
-        return standard();
-      constexpr LONG kAsked = STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_UNAVAILABLE | STATE_SYSTEM_INVISIBLE;
-      if ((told.states & kAsked) != STATE_SYSTEM_FOCUSABLE)
-        return E_ACCESSDENIED;
-      ::SetFocus(window_);
-      return S_OK;
+    const auto select = [&]() -> AccessibleSource::Answer {
+      if (how == SELFLAG_TAKEFOCUS)
+        return source_->FocusLater();
+      const bool picks = how == SELFLAG_TAKESELECTION || how == (SELFLAG_TAKESELECTION | SELFLAG_TAKEFOCUS);
+      return picks ? PickLater(child) : std::nullopt;
     };
-    return Tell(child, take, standard);
+    return Ask(select, [&] { return standard_.accSelect(how, child); });
   }
 
   // What the system tells and does.
@@ -150,14 +146,27 @@ class AccessibleWindow final : public Counted<IAccessible> {
     return id == __uuidof(IDispatch) ? static_cast<IDispatch*>(this) : Counted::Find(id);
   }
 
+  AccessibleSource::Answer PickLater(const VARIANT& row) {
+    return row.vt == VT_I4 && row.lVal != CHILDID_SELF ? source_->PickLater(row.lVal - 1) : std::nullopt;
+  }
+
   /// Of the window itself the form tells, of its parts the system.
   template <class Form, class Standard>
   HRESULT Tell(const VARIANT& child, Form&& form, Standard&& standard) {
+    const auto tell = [&]() -> AccessibleSource::Answer {
+      return IsSelf(child) ? AccessibleSource::Answer(form(source_->Told())) : std::nullopt;
+    };
+    return Ask(tell, standard);
+  }
+
+  template <class Form, class Standard>
+  HRESULT Ask(Form&& form, Standard&& standard) {
     // A window may go before the view that tells of it.
     if (source_ == nullptr || ::IsWindow(window_) == FALSE)
       return CO_E_OBJNOTCONNECTED;
     try {
-      return IsSelf(child) ? form(source_->Told()) : standard();
+      const AccessibleSource::Answer answer = form();
+      return answer ? *answer : standard();
     } catch (...) {
       return E_OUTOFMEMORY;
     }

@@ -29,10 +29,18 @@ struct ToldWindow {
 class AccessibleSource {
  public:
   virtual ToldWindow Told() const = 0;
-  /// The mouse button goes down and comes up, later on, since a box may come of it. False where that does nothing.
-  virtual bool ClickLater() { return false; }
-  /// Another value than a text. False for one that can't be.
-  virtual bool TakeValue(const std::wstring& /*value*/) { return false; }
+
+  /// What a program is answered that asks for an act; nothing where the system is to answer.
+  using Answer = std::optional<HRESULT>;
+  // The acts are done later on: the call of a program would not come back before a box is answered that came of it.
+  // What can't be done is refused at once.
+  /// The mouse button goes down and comes up.
+  virtual Answer ClickLater() { return std::nullopt; }
+  virtual Answer FocusLater() { return std::nullopt; }
+  /// A text, or the words of a row.
+  virtual Answer EnterLater(const std::wstring& /*value*/) { return std::nullopt; }
+  /// A row that is a part of the window, counted from 0.
+  virtual Answer PickLater(int /*row*/) { return std::nullopt; }
 
  protected:
   ~AccessibleSource() = default;

@@ -30,8 +30,8 @@ void AnyButtonView::Notified(int code) {
     Clicked();
 }
 
-bool AnyButtonView::ClickLater() {
-  return IsUsable() && ::PostMessageW(Window(), BM_CLICK, 0, 0) != FALSE;
+AccessibleSource::Answer AnyButtonView::ClickLater() {
+  return DoLater([this] { ::SendMessageW(Window(), BM_CLICK, 0, 0); });
 }
 
 void AnyButtonView::Clicked() {

@@ -12,7 +12,7 @@ class AnyButtonView : public ControlView {
   void Refresh() override;
   LRESULT Message(UINT message, WPARAM wide, LPARAM extra) override;
   void Notified(int code) override;
-  bool ClickLater() override;
+  Answer ClickLater() override;
 
  protected:
   AnyButtonView(AnyButton& button, WatchedActs& acts) : ControlView(button, acts), button_(button) {}

@@ -130,6 +130,18 @@ ToldWindow ControlView::Told() const {
   return told;
 }
 
+AccessibleSource::Answer ControlView::FocusLater() {
+  return control_.TakesKeys() ? DoLater([this] { ::SetFocus(window_); }) : E_ACCESSDENIED;
+}
+
+HRESULT ControlView::DoLater(std::function<void()> act) {
+  const bool isAsked = IsUsable() && owner_->DoLater([this, act = std::move(act)] {
+    if (IsUsable())
+      act();
+  });
+  return isAsked ? S_OK : E_ACCESSDENIED;
+}
+
 POINT ControlView::PointToPress() const {
   RECT area = {};
   ::GetClientRect(window_, &area);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "core/forms/control.h"
@@ -56,6 +57,7 @@ class ControlView : public AccessibleSource {
   }
   // AccessibleSource
   ToldWindow Told() const override;
+  Answer FocusLater() override;
 
   /// The window's own procedure.
   LRESULT Native(UINT message, WPARAM wide, LPARAM extra);
@@ -94,6 +96,8 @@ class ControlView : public AccessibleSource {
   /// Once the window is made.
   FormWindow& Owner() const { return *owner_; }
   bool IsActive() const;
+  /// Has the form do what an assistive program asks for, unless the window is hidden or disabled now or by then.
+  HRESULT DoLater(std::function<void()> act);
   void ShowText(const std::wstring& text);
   /// What became of a press that the form has dealt with.
   enum class AfterPress {

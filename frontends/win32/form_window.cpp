@@ -374,6 +374,7 @@ void FormWindow::Settle() {
   if (layoutIsOld_)
     LayOut();
   AlignFocus();
+  AskAgain();
 }
 
 void FormWindow::AlignFocus() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <exception>
 #include <functional>
 #include <map>
@@ -51,6 +52,10 @@ class FormWindow final : private FormObserver, private AccessibleSource {
 
   /// The window closes for a reason that windows do not tell, such as the end of the owner.
   void CloseFor(CloseReason reason);
+
+  /// Does what an assistive program asks for, behind what was asked before, with the next message that finds the form
+  /// at rest. False where it can't be asked: a handler runs, another window is in front, or the form is down.
+  bool DoLater(std::function<void()> act);
 
   /// What is shown while the mouse rests over a control; empty for nothing.
   void SetHint(const ControlView& view, const std::wstring& text);
@@ -108,6 +113,11 @@ class FormWindow final : private FormObserver, private AccessibleSource {
   /// Whether a message is about a key and needs nothing more.
   bool HearKey(ControlView* view, UINT message, WPARAM wide, LPARAM extra);
   void FocusArrived(const ControlView& view);
+  /// Whether a user could act on the form.
+  bool IsAtRest() const;
+  void DoWhatWasAsked();
+  /// What was asked for while the form was not at rest is done now.
+  void AskAgain();
   /// The focus is where the form has it, whatever Windows made of it meanwhile.
   void AlignFocus();
 
@@ -132,6 +142,7 @@ class FormWindow final : private FormObserver, private AccessibleSource {
   bool layoutIsOld_ = false;
   std::exception_ptr failure_;
   AccessibleObject accessible_{*this};
+  std::deque<std::function<void()>> asked_;
   bool movingFocus_ = false;
   bool letsPass_ = false;
   /// Of a key that was sent: its character comes by itself, or is none of the form's.

@@ -13,6 +13,9 @@ namespace {
 /// WM_DPICHANGED of systems that scale by monitor.
 constexpr UINT kScaleChanged = 0x02E0;
 
+/// Posted by the form to itself: an assistive program has asked for an act.
+constexpr UINT kAsked = WM_APP + 1;
+
 POINT PointOf(LPARAM extra) {
   return {static_cast<short>(LOWORD(extra)), static_cast<short>(HIWORD(extra))};
 }
@@ -183,6 +186,33 @@ void FormWindow::FocusArrived(const ControlView& view) {
   acts_.BringFocus(view.Model());
 }
 
+bool FormWindow::IsAtRest() const {
+  return form_.IsUp() && !acts_.Acting() && ::IsWindowEnabled(window_) != FALSE;
+}
+
+bool FormWindow::DoLater(std::function<void()> act) {
+  if (!IsAtRest())
+    return false;
+  asked_.push_back(std::move(act));
+  const bool isPosted = ::PostMessageW(window_, kAsked, 0, 0) != FALSE;
+  if (!isPosted)
+    asked_.pop_back();
+  return isPosted;
+}
+
+void FormWindow::DoWhatWasAsked() {
+  while (!asked_.empty() && IsAtRest()) {
+    const std::function<void()> act = std::move(asked_.front());
+    asked_.pop_front();
+    act();
+  }
+}
+
+void FormWindow::AskAgain() {
+  if (!asked_.empty())
+    ::PostMessageW(window_, kAsked, 0, 0);
+}
+
 LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra) {
   if (message == WM_NCCREATE) {
     const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(extra);
@@ -224,7 +254,12 @@ LRESULT FormWindow::HearOwn(HWND window, UINT message, WPARAM wide, LPARAM extra
     case WM_ENABLE:
       if (window == window_ && wide == FALSE)
         acts_.Interrupted();
+      else if (window == window_)
+        AskAgain();
       break;
+    case kAsked:
+      DoWhatWasAsked();
+      return 0;
     case WM_COMMAND:
       if (Control* control = ControlOf(reinterpret_cast<HWND>(extra)); control != nullptr && form_.IsUp())
         ViewOf(*control).Notified(HIWORD(wide));

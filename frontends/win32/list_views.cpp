@@ -68,13 +68,20 @@ ToldWindow AnyListView::Told() const {
   return told;
 }
 
-bool AnyListView::TakeValue(const std::wstring& value) {
+AccessibleSource::Answer AnyListView::EnterLater(const std::wstring& value) {
   const std::vector<std::wstring> rows = NativeRows();
-  const auto row = std::find(rows.begin(), rows.end(), value);
-  if (row == rows.end() || !IsUsable())
-    return false;
-  ::SendMessageW(Window(), messages_.select, static_cast<WPARAM>(row - rows.begin()), 0);
-  return true;
+  return PickRowLater(static_cast<size_t>(std::find(rows.begin(), rows.end(), value) - rows.begin()));
+}
+
+HRESULT AnyListView::PickRowLater(size_t row) {
+  const std::vector<std::wstring> rows = NativeRows();
+  if (row >= rows.size())
+    return E_INVALIDARG;
+  // Rows may have come and gone by then.
+  return DoLater([this, row, words = rows[row]] {
+    if (const std::vector<std::wstring> now = NativeRows(); row < now.size() && now[row] == words)
+      ::SendMessageW(Window(), messages_.select, row, 0);
+  });
 }
 
 FontKind AnyListView::Font() const {

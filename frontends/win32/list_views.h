@@ -25,7 +25,7 @@ class AnyListView : public ControlView {
   virtual HWND Rows() const = 0;
   // AccessibleSource
   ToldWindow Told() const override;
-  bool TakeValue(const std::wstring& value) override;
+  Answer EnterLater(const std::wstring& value) override;
 
  protected:
   AnyListView(ListControl& list, const ListMessages& messages, WatchedActs& acts)
@@ -38,6 +38,8 @@ class AnyListView : public ControlView {
   /// Another program has changed the list past the mouse and the keyboard: a row that it selects is picked, rows are
   /// the form's.
   void ChangedByProgram();
+  /// As an assistive program asks for it.
+  HRESULT PickRowLater(size_t row);
   /// A row was picked past the mouse and the keyboard.
   virtual void Picked(int row);
   ShownControl Content() const override;
@@ -92,6 +94,8 @@ class ListBoxView final : public AnyListView {
   bool TurnsByWheel() const override { return true; }
   void Notified(int code) override;
   HWND Rows() const override { return Window(); }
+  // AccessibleSource
+  Answer PickLater(int row) override { return PickRowLater(static_cast<size_t>(row)); }
 
  private:
   Design Designed() const override;

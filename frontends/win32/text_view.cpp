@@ -272,6 +272,19 @@ bool TextView::MousePressed(UINT /*message*/, POINT /*place*/) {
   return Press() != AfterPress::Goes || Acts().IsFocusGiven();
 }
 
+AccessibleSource::Answer TextView::EnterLater(const std::wstring& value) {
+  if (field_.Locked())
+    return E_ACCESSDENIED;
+  // Who types is stopped at the limit, and a program is told: it would be cut in silence.
+  const bool isLimited = field_.MaxLength() != FieldDesign::kNoLimit;
+  if (isLimited && static_cast<int>(FromWide(value).size()) > field_.MaxLength())
+    return E_INVALIDARG;
+  return DoLater([this, value] {
+    if (!field_.Locked())
+      ::SendMessageW(Window(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(value.c_str()));
+  });
+}
+
 void TextView::SelectionMoved() {
   if (Acts().Acting() || !IsActive())
     return;

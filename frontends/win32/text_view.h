@@ -21,6 +21,8 @@ class TextView final : public ControlView {
   void Notified(int code) override;
   void Edit(const KeyOutcome& outcome, const KeyStroke& stroke, LPARAM extra) override;
   bool MousePressed(UINT message, POINT place) override;
+  // AccessibleSource
+  Answer EnterLater(const std::wstring& value) override;
 
   /// Positions in the editor.
   Selection NativeSelection() const;

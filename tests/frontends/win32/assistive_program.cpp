@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/forms/scoped_value.h"
+
 namespace fiscalon::win32 {
 namespace {
 
@@ -102,13 +104,18 @@ LRESULT CALLBACK AssistiveProgram::Procedure(HWND window, UINT message, WPARAM w
 
 void AssistiveProgram::Do(const std::function<void()>& act) {
   const Job job = {act, ::CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  const ScopedValue called(called_, job.done);
   ::PostMessageW(inbox_, kDo, 0, reinterpret_cast<LPARAM>(&job));
   // Nothing but its end brings the job back.
   if (!ServeUntil(job.done, serve_))
     throw std::runtime_error("the form does not answer an assistive program");
-  ::CloseHandle(job.done);
   // What was left to be done later.
   serve_();
+  ::CloseHandle(job.done);
+}
+
+bool AssistiveProgram::IsBack() const {
+  return ::WaitForSingleObject(called_, kPatience) == WAIT_OBJECT_0;
 }
 
 std::vector<HWND> AssistiveProgram::Within(HWND window) {
@@ -175,10 +182,20 @@ bool AssistiveProgram::PutValue(HWND window, const std::wstring& value) {
 }
 
 bool AssistiveProgram::TakeFocus(HWND window) {
+  return Select(window, SELFLAG_TAKEFOCUS, CHILDID_SELF);
+}
+
+bool AssistiveProgram::SelectRow(HWND list, LONG number) {
+  return Select(list, SELFLAG_TAKESELECTION, number);
+}
+
+bool AssistiveProgram::Select(HWND window, LONG how, LONG part) {
   bool done = false;
   Do([&] {
+    VARIANT child = Self();
+    child.lVal = part;
     IAccessible* object = ObjectOf(window);
-    done = object != nullptr && object->accSelect(SELFLAG_TAKEFOCUS, Self()) == S_OK;
+    done = object != nullptr && object->accSelect(how, child) == S_OK;
   });
   return done;
 }

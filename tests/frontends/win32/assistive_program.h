@@ -41,6 +41,9 @@ class AssistiveProgram {
   bool DoDefaultAction(HWND window);
   bool PutValue(HWND window, const std::wstring& value);
   bool TakeFocus(HWND window);
+  bool SelectRow(HWND list, LONG number);
+  /// For what is served while the program calls: whether the call comes back all the same.
+  bool IsBack() const;
 
   struct Event {
     DWORD kind = 0;
@@ -58,12 +61,15 @@ class AssistiveProgram {
   IAccessible* ObjectOf(HWND window);
   void Run(HANDLE ready);
   void Do(const std::function<void()>& job);
+  bool Select(HWND window, LONG how, LONG part);
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra);
 
   std::function<void()> serve_;
   HWND inbox_ = nullptr;
   std::vector<Event> events_;
   std::map<HWND, IAccessible*> objects_;
+  /// Set when the call comes back that is the last one.
+  HANDLE called_ = nullptr;
   std::thread thread_;
 };
 

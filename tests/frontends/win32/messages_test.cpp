@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <oleacc.h>
-
 #include <utility>
 
 #include "frontends/played/session_recorder.h"
@@ -325,30 +323,6 @@ TEST_F(SentMessages, DoNothingToAFormThatWaitsInAHandler) {
     EXPECT_TRUE(form.IsUp());
     EXPECT_EQ(user.Text(form.txtPeriod), "");
     EXPECT_EQ(user.FocusName(), "chkFinal");
-  });
-}
-
-// The same by the accessible objects that Windows makes of controls. What they do comes as the messages above; Wine has
-// the texts of them.
-TEST_F(SentMessages, EnterATextByAnAccessibleObject) {
-  Show(form, [&](FormWindow& window, UserDriver& user) {
-    VARIANT self = {};
-    self.vt = VT_I4;
-    self.lVal = CHILDID_SELF;
-    for (TextField* field : {&form.txtPeriod, &form.txtPurpose, &form.txtPayee}) {
-      IAccessible* object = nullptr;
-      ASSERT_EQ(::AccessibleObjectFromWindow(In(window, *field), static_cast<DWORD>(OBJID_CLIENT),
-                                             __uuidof(IAccessible), reinterpret_cast<void**>(&object)),
-                S_OK);
-      const BSTR text = ::SysAllocString(L"2026");
-      EXPECT_EQ(object->put_accValue(self, text), S_OK);
-      ::SysFreeString(text);
-      object->Release();
-    }
-    EXPECT_EQ(form.txtPeriod.Text(), "2026");
-    EXPECT_EQ(form.txtPurpose.Text(), "2026");
-    EXPECT_EQ(user.Text(form.txtPayee), "Summit Levies") << "it is locked";
-    EXPECT_EQ(user.FocusName(), "txtPurpose");
   });
 }
 

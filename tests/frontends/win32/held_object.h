@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+
+#include "core/platform/windows/wide_text.h"
+#include "frontends/win32/windows_api.h"
+
+#include <oleacc.h>
+
+namespace fiscalon::win32 {
+
+/// The accessible object of a window, for programs on its own thread.
+class HeldObject {
+ public:
+  explicit HeldObject(HWND window) {
+    ::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                 reinterpret_cast<void**>(&object_));
+  }
+  ~HeldObject() { object_->Release(); }
+  HeldObject(const HeldObject&) = delete;
+  HeldObject& operator=(const HeldObject&) = delete;
+
+  HRESULT Name(std::string* name) const {
+    BSTR text = nullptr;
+    const HRESULT result = object_->get_accName(self_, &text);
+    *name = text == nullptr ? std::string() : FromWide(text);
+    ::SysFreeString(text);
+    return result;
+  }
+  std::string Name() const {
+    std::string name;
+    Name(&name);
+    return name;
+  }
+  HRESULT PutValue(const wchar_t* value) const {
+    const BSTR text = ::SysAllocString(value);
+    const HRESULT result = object_->put_accValue(self_, text);
+    ::SysFreeString(text);
+    return result;
+  }
+  HRESULT DoDefaultAction() const { return object_->accDoDefaultAction(self_); }
+  HRESULT TakeFocus() const { return object_->accSelect(SELFLAG_TAKEFOCUS, self_); }
+  /// A row is a part of its list, counted from 1.
+  HRESULT SelectRow(LONG row, LONG how = SELFLAG_TAKESELECTION | SELFLAG_TAKEFOCUS) const {
+    return object_->accSelect(how, Part(row));
+  }
+  HRESULT DoDefaultActionOfRow(LONG row) const { return object_->accDoDefaultAction(Part(row)); }
+
+ private:
+  static VARIANT Part(LONG number) {
+    VARIANT part = {};
+    part.vt = VT_I4;
+    part.lVal = number;
+    return part;
+  }
+
+  IAccessible* object_ = nullptr;
+  const VARIANT self_ = Part(CHILDID_SELF);
+};
+
+}  // namespace fiscalon::win32
