@@ -6,7 +6,9 @@ import os
 import resource
 import subprocess
 
-# A test that takes longer than this, in seconds, is asked when the others have found nothing.
+# Tests that take at most this long, in seconds, are asked first, and by themselves: together they take little more.
+QUICK = 0.02
+# A test that takes longer than this is asked when the others have found nothing.
 SLOW = 0.3
 # And one that takes longer than this never: a change that nobody could see would be asked of it for minutes.
 LONGEST = 20
@@ -93,14 +95,15 @@ class Judge:
         """Tests of a program together: quick ones first, and first those of the source's own folder."""
         grouped = collections.defaultdict(list)
         for test in tests:
-            grouped[(self.times[test] > SLOW, test.program, test.folder, test.environment)].append(test)
+            pace = (self.times[test] > QUICK) + (self.times[test] > SLOW)
+            grouped[(pace, test.program, test.folder, test.environment)].append(test)
 
         def order(group):
-            slow, program, _, _ = group
-            return slow, not self.is_own(program, source), sum(self.times[test] for test in grouped[group])
+            pace, program, _, _ = group
+            return pace, not self.is_own(program, source), sum(self.times[test] for test in grouped[group])
 
         for group in sorted(grouped, key=order):
-            if group[0]:
+            if group[0] == 2:
                 yield from ([test] for test in sorted(grouped[group], key=self.times.get))
             else:
                 yield grouped[group]
