@@ -42,7 +42,6 @@ class Rows {
 
   /// The row holds until the next call. A row that can't be read is empty, as far as it can't.
   const PaymentRow& Next() {
-    row_ = {};
     if (!reader_.NextQuickly(row_)) {
       // What the reader kept of earlier rows is not needed any more.
       reader_.Read(reader_.Rest());
@@ -102,8 +101,6 @@ class Cutter {
   BatchCut CutBehind(uint64_t part, uint64_t of) {
     if (part == 0)
       return {};
-    if (part == of || lines_.empty())
-      return {list_.size(), lines_.size()};
     const auto wanted = static_cast<size_t>(lines_.size() / of * part + lines_.size() % of * part / of);
     const size_t start = RecordFeed(*lineSource_).EndOfPayment(wanted);
     return {start == lines_.size() ? list_.size() : RowOf(start), start};

@@ -199,6 +199,192 @@ TEST_F(BatchParts, AreCountedWhereTheWitnessesDisagree) {
   EXPECT_GT(joined.blocksCounted, 0);
 }
 
+/// A batch whose sequence numbers come three times, of payments of one line of 163 characters and of different amounts.
+/// Cut in two, the 102 payments from number 602 on are the sample that the second part is found by: its numbers stand
+/// behind 202, 602 and 1002 rows.
+struct Rounds {
+  static constexpr int kRound = 400;
+  static constexpr int kFirst = 602;
+  static constexpr int kSample = 102;
+
+  Rounds() {
+    for (int payment = 0; payment < 3 * kRound; ++payment) {
+      paid.push_back(10'000 + payment);
+      asked.push_back(10'000 + payment);
+    }
+  }
+
+  PartedBatch Made() const {
+    PartedBatch batch;
+    for (size_t payment = 0; payment < paid.size(); ++payment) {
+      const std::string seq = std::to_string(1000 + payment % kRound);
+      const std::string record = ComposeFreeFormat(seq, {{"01", std::string(13, '0') + std::to_string(paid[payment])}});
+      batch.records += "\"" + record + "\"\n";
+      batch.payments += seq + ",03,," + std::to_string(asked[payment]) + "\n";
+    }
+    return batch;
+  }
+
+  /// What the records hold, and what the rows ask for.
+  std::vector<int> paid;
+  std::vector<int> asked;
+};
+
+TEST_F(BatchParts, AreFoundWhereMoreThanHalfOfTheSampleIsGood) {
+  for (const int good : {51, 52}) {
+    Rounds rounds;
+    for (int i = good; i < Rounds::kSample; ++i) ++rounds.paid[static_cast<size_t>(Rounds::kFirst + i)];
+    const PartedBatch batch = rounds.Made();
+    const Outcome joined = Joined(batch, 2);
+    EXPECT_TRUE(joined == Whole(batch)) << good;
+    EXPECT_EQ(joined.blocksCounted > 0, good == 51) << good;
+  }
+}
+
+TEST_F(BatchParts, AreFoundWhereNoOtherPlaceIsAQuarterAsGood) {
+  // Rows of another round ask for some of the same amounts.
+  for (const int other : {-Rounds::kRound, Rounds::kRound}) {
+    for (const int alike : {19, 20}) {
+      Rounds rounds;
+      for (int i = 0; i < Rounds::kSample; ++i) {
+        const auto payment = static_cast<size_t>(Rounds::kFirst + i);
+        if (i >= 80)
+          ++rounds.paid[payment];
+        else if (i < alike)
+          rounds.asked[payment + static_cast<size_t>(other)] = rounds.asked[payment];
+      }
+      const PartedBatch batch = rounds.Made();
+      const Outcome joined = Joined(batch, 2);
+      EXPECT_TRUE(joined == Whole(batch)) << other << " " << alike;
+      EXPECT_EQ(joined.blocksCounted > 0, alike == 20) << other << " " << alike;
+    }
+  }
+}
+
+TEST_F(BatchParts, AreFoundBehindPaymentsOfAScreenThatNoSampleShows) {
+  // Longer ones lie between those at the start and those at the cut, and all amounts are what their rows ask for.
+  PartedBatch batch;
+  for (int payment = 0; payment < 1200; ++payment) {
+    const std::string seq = std::to_string(1000 + payment % 300);
+    const bool isLong = payment >= 300 && payment < 600;
+    const std::string amount = std::to_string(10'000 + payment);
+    for (int line = 0; line < (isLong ? 3 : 1); ++line)
+      batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+    batch.payments += seq + (isLong ? ",15,," : ",03,,") + amount + "\n";
+  }
+  // The last quarter begins behind 75 % of the bytes, 150 payments behind the long ones, with the payment after next.
+  Outcome last;
+  Judge(batch, {4, 4}, last);
+  EXPECT_EQ(last.blocksCounted, 0);
+  EXPECT_TRUE(last.rows.starts_with("754 755 "));
+  EXPECT_TRUE(Whole(batch).report.ends_with(last.report));
+}
+
+TEST_F(BatchParts, AreFoundByLengthsOfTheirOwnScreens) {
+  // Payments of one line, a single one of 800 lines, then those of three lines among which the cut lies, and such of
+  // one line again. Numbers come again every 120 payments, which take less than half of the long one.
+  PartedBatch batch;
+  for (int payment = 0; payment < 1001; ++payment) {
+    const std::string seq = std::to_string(1000 + payment % 120);
+    const std::string amount = std::to_string(12'345 + payment);
+    const bool isLong = payment == 200;
+    const bool isQuebec = payment > 200 && payment <= 800;
+    if (isQuebec) {
+      const std::string rest = std::string(13, '0') + std::to_string(11'345 + payment);
+      for (std::string record : QuebecPayment(With(GoodQuebecFields(), "06", rest)).records)
+        batch.records += QuotedLine(record.replace(3, 4, seq));
+    } else {
+      for (int line = 0; line < (isLong ? 800 : 1); ++line)
+        batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+    }
+    batch.payments += seq + (isQuebec ? ",20,001052," : isLong ? ",03,," : ",15,,") + amount + "\n";
+  }
+  Outcome last;
+  Judge(batch, {2, 2}, last);
+  EXPECT_EQ(last.blocksCounted, 0);
+  EXPECT_GT(last.report.size(), 1000u);
+  EXPECT_TRUE(Whole(batch).report.ends_with(last.report));
+}
+
+TEST_F(BatchParts, AreFoundByAPaymentThatIsLongerThanASample) {
+  PartedBatch batch;
+  for (int payment = 0; payment < 12; ++payment) {
+    const std::string seq = Seq(payment % 4);
+    const std::string amount = std::to_string(12'345 + payment);
+    for (int line = 0; line < 120; ++line)
+      batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+    batch.payments += seq + ",03,," + amount + "\n";
+  }
+  const Outcome joined = Joined(batch, 2);
+  EXPECT_TRUE(joined == Whole(batch));
+  EXPECT_EQ(joined.blocksCounted, 0);
+}
+
+TEST_F(BatchParts, AreCountedFromTheFirstLineOn) {
+  PartedBatch batch;
+  for (int payment = 0; payment < 3000; ++payment) {
+    batch.records += ComposeFreeFormat(payment % 2 == 0 ? "0001" : "0002", {{"01", "000000000000012345"}}) + "\n";
+    batch.payments += payment % 2 == 0 ? "0001,03,,12345\n" : "0002,03,,12345\n";
+  }
+  const Outcome joined = Joined(batch, 3);
+  EXPECT_TRUE(joined == Whole(batch));
+  EXPECT_GT(joined.blocksCounted, 0);
+}
+
+TEST_F(BatchParts, NameAnEmptyRowWithWhichTheyBegin) {
+  PartedBatch batch;
+  for (int payment = 0; payment < 3000; ++payment) batch.Add(payment % 2 == 0 ? "0001" : "0002");
+  // The second half begins with the payment behind the one in which the middle lies: behind the header and 1501 rows.
+  batch.payments.insert(25 + 1501 * 15, "\n");
+  const std::vector<std::string> problems = ProblemsOf(batch, 2);
+  EXPECT_EQ(std::count(problems.begin(), problems.end(), "batch.csv:1503: an empty row"), 1);
+}
+
+TEST_F(BatchParts, NameThePaymentBehindTheEndOfAListThatIsTooShort) {
+  PartedBatch batch;
+  for (int payment = 0; payment < 3000; ++payment) batch.Add(payment % 2 == 0 ? "0001" : "0002");
+  const std::string second = "batch.pc4:3003: payment '0002' is not in the payments list, which ends before it";
+  // Ten rows, the last of which has no line end; and the header alone, without one.
+  batch.payments.resize(25 + 10 * 15 - 1);
+  EXPECT_EQ(ProblemsOf(batch, 2),
+            (std::vector<std::string>{"batch.pc4:21: payment '0001' is not in the payments list, which ends before it",
+                                      second}));
+  batch.payments.resize(24);
+  EXPECT_EQ(ProblemsOf(batch, 2),
+            (std::vector<std::string>{"batch.pc4:1: payment '0001' is not in the payments list, which ends before it",
+                                      second}));
+}
+
+TEST_F(BatchParts, AreCutOutOfFiles) {
+  /// What comes through a pipe.
+  class Pipe : public ByteSource {
+   public:
+    explicit Pipe(std::string_view bytes) : ByteSource("pipe"), bytes_(bytes) {}
+
+    std::string_view Peek(size_t) override { return bytes_; }
+    void Skip(size_t count) override { bytes_.remove_prefix(count); }
+    bool Stays() const override { return false; }
+    std::optional<size_t> Size() const override { return std::nullopt; }
+
+   private:
+    std::string_view bytes_;
+  };
+  PartedBatch batch;
+  batch.Add("0001");
+  const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+  Pipe records(batch.records);
+  Outcome outcome;
+  try {
+    CutPart(*payments, records, {1, 2}, outcome);
+    ADD_FAILURE();
+  } catch (const BatchError& error) {
+    EXPECT_STREQ(error.what(), "pipe: parts are cut out of files, and this is a pipe or a device");
+  }
+  // Of a pipe that is at its end nothing can get lost.
+  Pipe nothing("");
+  EXPECT_EQ(CutPart(*payments, nothing, {1, 2}, outcome).records->Peek(1), "");
+}
+
 TEST_F(BatchParts, TakeRowsInQuotesAndLinesInAnyFrame) {
   PartedBatch batch;
   for (int payment = 0; payment < 1500; ++payment) {

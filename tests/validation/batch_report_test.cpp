@@ -8,6 +8,15 @@
 namespace fiscalon {
 namespace {
 
+TEST(CsvField, StandsInQuotesWhereItMust) {
+  EXPECT_EQ(CsvField(""), "");
+  EXPECT_EQ(CsvField("a; b~c 'd'\t"), "a; b~c 'd'\t");
+  EXPECT_EQ(CsvField("a,b"), "\"a,b\"");
+  EXPECT_EQ(CsvField("a\rb"), "\"a\rb\"");
+  EXPECT_EQ(CsvField("a\nb"), "\"a\nb\"");
+  EXPECT_EQ(CsvField("\"a\""), "\"\"\"a\"\"\"");
+}
+
 TEST(BatchReport, WritesFaultsAsCsv) {
   const Fault faults[] = {{.line = 12, .field = "0\xE9", .value = "1,\"2", .code = "not-required", .message = "a"},
                           {.line = 13, .code = "no-fields", .message = "b, c"}};
@@ -20,7 +29,7 @@ TEST(BatchReport, WritesFaultsAsCsv) {
 
 TEST(BatchReport, WritesJsonLines) {
   const Fault faults[] = {
-      {.line = 12, .field = "02", .name = "End", .value = "\"\\\t\x1F \xE9", .code = "short", .message = "a"}};
+      {.line = 12, .field = "02", .name = "End", .value = "\"\\\t\x10\x1F \xE9", .code = "short", .message = "a"}};
   const PaymentVerdict bad{.seq = "0001", .screen = "03", .reason = "a", .faults = faults};
   std::string lines;
   AppendReportJson(lines, {.seq = "0000", .screen = "20"});
@@ -32,7 +41,7 @@ TEST(BatchReport, WritesJsonLines) {
   AppendFaultJson(lines, bad);
   EXPECT_EQ(lines,
             "{\"seq\":\"0001\",\"screen\":\"03\",\"line\":12,\"field\":\"02\",\"name\":\"End\","
-            "\"value\":\"\\\"\\\\\\u0009\\u001f \xC3\xA9\",\"code\":\"short\",\"message\":\"a\"}\n");
+            "\"value\":\"\\\"\\\\\\u0009\\u0010\\u001f \xC3\xA9\",\"code\":\"short\",\"message\":\"a\"}\n");
 }
 
 TEST(ReasonCounts, ShowsTheMostFrequentFirst) {
@@ -85,10 +94,12 @@ TEST(ReasonCounts, CountsReasonsWithoutEnd) {
   ReasonCounts counts;
   for (int i = 0; i < 10'005; ++i) counts.Add("reason " + std::to_string(i));
   counts.Add("reason 7");
+  counts.Add("reason 10000");
   std::ostringstream out;
   counts.Print(out);
   EXPECT_TRUE(out.str().starts_with("           2     0 %  reason 7\n")) << out.str();
-  EXPECT_NE(out.str().find("        9985   100 %  other reasons\n"), std::string::npos) << out.str();
+  EXPECT_NE(out.str().find("        9986   100 %  other reasons\n"), std::string::npos) << out.str();
+  EXPECT_EQ(out.str().find("reason 10000\n"), std::string::npos);
 }
 
 }  // namespace

@@ -135,6 +135,8 @@ TEST(RowReader, NamesWhatIsWrongWithARow) {
   EXPECT_EQ(Read("0001,03,,-92233720368547759"), "the amount '-92233720368547759' is out of range");
   EXPECT_EQ(Read("0001,03,,92233720368547759"), "the amount '92233720368547759' is out of range");
   EXPECT_EQ(Read("0001,03,,99999999999999999999"), "the amount '99999999999999999999' is out of range");
+  EXPECT_EQ(Read("0001,03,,1234567890123456789012345678901234567890"),
+            "the amount '1234567890123456789012345678901234567890' is out of range");
   EXPECT_EQ(Read("0001,03,,1234567890123456789012345678901234567890x"),
             "the amount '1234567890123456789012345678901234567890...' is out of range");
   EXPECT_EQ(Read("0001,03,,\xC3\xA9"), "the amount '\xE9' is no whole number of cents");
@@ -144,6 +146,8 @@ TEST(RowReader, NamesWhatIsWrongWithARow) {
   EXPECT_EQ(Read("0001,03,00,105,1"), "a row of 5 fields; it has seq,screen,biller,amount");
   EXPECT_EQ(Read("0001,03,001052712345"), "a row of 3 fields; it has seq,screen,biller,amount");
   EXPECT_EQ(Read("0001"), "a row of 1 fields; it has seq,screen,biller,amount");
+  EXPECT_EQ(Read(std::string(65'536, 'x')), "a row of 1 fields; it has seq,screen,biller,amount");
+  EXPECT_EQ(Read(std::string(65'537, 'x')), "a row of 65537 characters");
   EXPECT_EQ(Read("\"0001,03,,1"), "a quote out of place");
   EXPECT_EQ(Read("0001,03,,\"1"), "a quote out of place");
   EXPECT_EQ(Read("0001,03,,\""), "a quote out of place");

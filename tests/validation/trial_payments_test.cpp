@@ -99,6 +99,7 @@ std::string Spoilt(const Defect& defect) {
   const Draft before = Unspoilt();
   Draft payment = before;
   defect.Plant(payment);
+  EXPECT_EQ(defect.field == 0, defect.spoilPayment != nullptr) << defect.name;
   std::string told;
   if (payment.biller != before.biller)
     told += "biller " + payment.biller;
