@@ -40,6 +40,8 @@ TEST(SetBackBy, IsWhatAClockHasLostButForWhatOneMayLoseThatIsKeptRight) {
       {300, 600, 300},
       {598, 600, 2},
       {599, 600, std::nullopt},
+      {998, 1000, std::nullopt},
+      {997, 1000, 3},
       {3595, 3600, 5},
       {3596, 3600, std::nullopt},
       {-1, 0, 1},
