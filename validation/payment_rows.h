@@ -78,6 +78,12 @@ class RowFeed {
   uint64_t line_;
 };
 
+/// The first one to eight digits of eight characters at their end, with zeros in front.
+constexpr uint64_t MovedToTheEnd(uint64_t eight, int digits) {
+  const int shift = 8 * (8 - digits);
+  return eight << shift | InAllEight('0') >> 8 >> (56 - shift);
+}
+
 /// Takes a number of 1 to 15 digits; sixteen characters may be read from there.
 inline bool TakeDigits(const char*& at, int64_t& number) {
   static constexpr int64_t kPowersOfTen[] = {1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000};
@@ -92,15 +98,28 @@ inline bool TakeDigits(const char*& at, int64_t& number) {
     }
     const int digits = std::countr_zero(other) / 8;
     if (digits > 0) {
-      // The digits move to the end of the eight; zeros fill the front.
-      const int shift = 8 * (8 - digits);
-      const uint64_t filled = eight << shift | InAllEight('0') >> (64 - shift);
-      number = number * kPowersOfTen[digits] + static_cast<int64_t>(DigitsValue(filled));
+      number = number * kPowersOfTen[digits] + static_cast<int64_t>(DigitsValue(MovedToTheEnd(eight, digits)));
       at += digits;
     }
     return eights > 0 || digits > 0;
   }
   return false;
+}
+
+/// Takes a number of 1 to 15 digits, without zeros in front, if it is that one; sixteen characters may be read from
+/// there.
+inline bool TakeNumber(const char*& at, uint64_t number) {
+  if (number > 99'999'999) {
+    int64_t taken = 0;
+    return TakeDigits(at, taken) && static_cast<uint64_t>(taken) == number;
+  }
+  const uint64_t eight = LoadEight(at);
+  const uint64_t other = OtherThanDigits(eight);
+  const int digits = other == 0 ? 8 : std::countr_zero(other) / 8;
+  if (digits == 0)
+    return false;
+  at += digits;
+  return DigitsValue(MovedToTheEnd(eight, digits)) == number;
 }
 
 /// Takes a biller, which is empty or six digits, and the comma behind it.
@@ -151,8 +170,7 @@ inline bool RowReader::NextIs(std::string_view seq, std::string_view screen, uin
       start[7] != ',')
     return false;
   std::string_view biller;
-  int64_t number = 0;
-  if (!TakeBiller(at, biller) || !TakeDigits(at, number) || static_cast<uint64_t>(number) != cents || !TakeRowEnd(at))
+  if (!TakeBiller(at, biller) || !TakeNumber(at, cents) || !TakeRowEnd(at))
     return false;
   rest_.remove_prefix(static_cast<size_t>(at - start));
   return true;

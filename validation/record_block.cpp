@@ -6,26 +6,18 @@
 
 #include "core/records/record_line.h"
 #include "validation/batch_error.h"
+#include "validation/stencil.h"
 
 namespace fiscalon {
 
 namespace {
 
-/// Small enough that a block is still in the cache when it is judged; large enough that two threads seldom touch
-/// the same page table of the mapped file at once.
+/// Small enough that a block is still in the cache when it is judged; large enough that what is done once for each
+/// block takes no time.
 constexpr size_t kBlockBytes = size_t{1} << 20;
 constexpr size_t kLargestPayment = size_t{16} << 20;
-constexpr RecordField kSequence = FieldNamed(kRecordHead, "SeqNumber");
 
 constexpr size_t kMostPatience = 256;
-/// No four characters.
-constexpr uint64_t kNoSequence = UINT64_MAX;
-
-uint32_t LoadSequence(const char* record) {
-  uint32_t sequence = 0;
-  std::memcpy(&sequence, record + kSequence.Offset(), sizeof sequence);
-  return sequence;
-}
 
 /// The smallest character of a record: one pass for line ends and NULs, which no good record holds. Written
 /// so that compilers make it a few wide instructions.
@@ -46,24 +38,12 @@ bool IsFramed(const char* record) {
          std::memcmp(record + kRecordLength, kFrame.Back().data(), kFrame.Back().size()) == 0;
 }
 
-/// Has the processor fetch the lines that are looked at a little later: it would do so by itself, but stops at
-/// each page.
-void FetchAhead(const char* at) {
-#ifdef __GNUC__
-  constexpr int kAhead = 4096;
-  constexpr int kCacheLine = 64;
-  for (int line = 0; line < 3; ++line) __builtin_prefetch(at + kAhead + line * kCacheLine);
-#else
-  static_cast<void>(at);
-#endif
-}
-
 }  // namespace
 
 std::string_view SequenceOf(std::string_view line) {
   if (line.starts_with(kRecordQuote))
     line.remove_prefix(1);
-  return HasRecordHead(line) ? TextIn(line, kSequence) : std::string_view{};
+  return HasRecordHead(line) ? TextIn(line, kSequenceField) : std::string_view{};
 }
 
 /// A line that is no record belongs to the payment that it stands in, or else to the first one.
@@ -86,6 +66,18 @@ inline void RecordBlock::AddRecord(std::string_view line, uint32_t sequence) {
   AddLine(line);
 }
 
+BlockEnd RecordBlock::End() {
+  return {.line = lines_.data() + lineCount_,
+          .start = starts_.data() + paymentCount_,
+          .lineCount = static_cast<uint32_t>(lineCount_),
+          .sequence = paymentCount_ == 0 ? kNoSequence : starts_[paymentCount_ - 1].sequence};
+}
+
+void RecordBlock::SetEnd(const BlockEnd& end) {
+  lineCount_ = static_cast<size_t>(end.line - lines_.data());
+  paymentCount_ = static_cast<size_t>(end.start - starts_.data());
+}
+
 /// Takes lines as long as each has that frame and nothing is wrong with it, and leaves any other to `TakeAnyLine`.
 /// Where usual payments are looked for, it takes a few, since the next may be one again. What is changed with each line
 /// is kept at hand, since for all the compiler knows the members could change with any of them.
@@ -94,26 +86,24 @@ const char* RecordBlock::TakeAlike(const char* at, const char* end) {
   constexpr size_t kLength = kFrame.LineLength();
   const char* const first = at;
   size_t payments = day_ == nullptr ? SIZE_MAX : patience_;
-  std::string_view* line = lines_.data() + lineCount_;
-  Start* start = starts_.data() + paymentCount_;
-  uint64_t sequence = paymentCount_ == 0 ? kNoSequence : start[-1].sequence;
+  BlockEnd block = End();
   for (; static_cast<size_t>(end - at) >= kLength; at += kLength) {
-    FetchAhead(at);
+    FetchAhead<kLength>(at);
     const char* const record = at + kFrame.quotes;
     if (!IsFramed<kFrame>(record) || SmallestOf(record) < ' ')
       break;
     const uint32_t own = LoadSequence(record);
-    if (own != sequence) {
+    if (own != block.sequence) {
       if (at != first && --payments == 0)
         break;
-      *start++ = {.line = sequence == kNoSequence ? 0 : static_cast<uint32_t>(line - lines_.data()), .sequence = own};
-      sequence = own;
+      *block.start++ = {.line = block.sequence == kNoSequence ? 0 : block.lineCount, .sequence = own};
+      block.sequence = own;
     }
-    start[-1].goodFor.rules = nullptr;
-    *line++ = {record, kRecordLength};
+    block.start[-1].goodFor.rules = nullptr;
+    *block.line++ = {record, kRecordLength};
+    ++block.lineCount;
   }
-  lineCount_ = static_cast<size_t>(line - lines_.data());
-  paymentCount_ = static_cast<size_t>(start - starts_.data());
+  SetEnd(block);
   return at;
 }
 
@@ -125,27 +115,11 @@ const char* RecordBlock::TakeLines(const char* at, const char* end) {
   return frame_.end == 2 ? TakeAlike<LineFrame{0, 2}>(at, end) : TakeAlike<LineFrame{0, 1}>(at, end);
 }
 
-/// Takes payments as long as each stands there in the usual form of those rules, good for some amount. The next one
-/// ends the one before: lines of the same number would be of the same payment.
+/// Takes payments in the usual form of those rules.
 const char* RecordBlock::TakeUsual(const RuleSet& rules, const char* at, const char* end) {
-  const UsualForm form = rules.usual[frame_.Index()];
-  const JudgingDay day = *day_;
-  const size_t lineLength = frame_.LineLength();
-  std::string_view* line = lines_.data() + lineCount_;
-  Start* start = starts_.data() + paymentCount_;
-  uint64_t sequence = paymentCount_ == 0 ? kNoSequence : start[-1].sequence;
-  while (static_cast<size_t>(end - at) >= form.lines * lineLength) {
-    for (size_t i = 0; i < form.lines; ++i) FetchAhead(at + i * lineLength);
-    const uint64_t cents = form.goodFor(at, day);
-    const uint32_t own = LoadSequence(at + frame_.quotes);
-    if (cents == kNoCents || own == sequence)
-      break;
-    *start++ = {.line = static_cast<uint32_t>(line - lines_.data()), .sequence = own, .goodFor = {&rules, cents}};
-    sequence = own;
-    for (size_t i = 0; i < form.lines; ++i, at += lineLength) *line++ = {at + frame_.quotes, kRecordLength};
-  }
-  lineCount_ = static_cast<size_t>(line - lines_.data());
-  paymentCount_ = static_cast<size_t>(start - starts_.data());
+  BlockEnd block = End();
+  at = rules.usual[frame_.Index()](at, end, rules, *day_, block);
+  SetEnd(block);
   return at;
 }
 

@@ -49,12 +49,7 @@ class RecordBlock {
   bool IsSequence(size_t payment, std::string_view seq) const {
     return seq.size() == sizeof(uint32_t) && std::memcmp(seq.data(), &starts_[payment].sequence, sizeof(uint32_t)) == 0;
   }
-  /// What a payment was found to be good for, whatever else its row says. Its sequence number is digits then.
-  struct GoodFor {
-    /// Null where nothing was found.
-    const RuleSet* rules = nullptr;
-    uint64_t cents = kNoCents;
-  };
+  /// What a payment was found to be good for.
   const GoodFor& FoundGood(size_t payment) const { return starts_[payment].goodFor; }
   /// The payment's lines with all that stands around its records, out of the bytes that were cut.
   std::string_view LinesOf(size_t payment, std::string_view bytes) const;
@@ -64,6 +59,8 @@ class RecordBlock {
   void MakeRoom(size_t bytes);
   const char* TakeUsual(const char* at, const char* end);
   const char* TakeUsual(const RuleSet& rules, const char* at, const char* end);
+  BlockEnd End();
+  void SetEnd(const BlockEnd& end);
   const char* TakeLines(const char* at, const char* end);
   template <LineFrame kFrame>
   const char* TakeAlike(const char* at, const char* end);
@@ -71,18 +68,10 @@ class RecordBlock {
   void AddLine(std::string_view line);
   void AddRecord(std::string_view line, uint32_t sequence);
 
-  /// Where a payment begins, the four characters of its sequence number as they lie in memory, and by which rules it is
-  /// good for which amount, if that is known.
-  struct Start {
-    uint32_t line = 0;
-    uint32_t sequence = 0;
-    GoodFor goodFor = {};
-  };
-
   // Both hold room for more than there is, so that a block of good lines is filled without a check.
   std::vector<std::string_view> lines_;
   size_t lineCount_ = 0;
-  std::vector<Start> starts_ = std::vector<Start>(1);
+  std::vector<PaymentStart> starts_ = std::vector<PaymentStart>(1);
   size_t paymentCount_ = 0;
   LineFrame frame_;
   /// The day as of which payments are judged, if they are.

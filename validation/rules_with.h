@@ -39,10 +39,10 @@ consteval RuleSet RulesWith(const RuleSetTexts& texts) {
           .periods = kPeriods,
           .total = kTotal,
           .quickTest = RecordsPassQuickly<kFields, kPeriods, kTotal>,
-          .usual = UsualForms{UsualFormOf<kFields, kPeriods, kTotal, LineFrame{0, 1}>(),
-                              UsualFormOf<kFields, kPeriods, kTotal, LineFrame{0, 2}>(),
-                              UsualFormOf<kFields, kPeriods, kTotal, LineFrame{1, 1}>(),
-                              UsualFormOf<kFields, kPeriods, kTotal, LineFrame{1, 2}>()},
+          .usual = UsualForms{TakeUsual<kFields, kPeriods, kTotal, LineFrame{0, 1}>,
+                              TakeUsual<kFields, kPeriods, kTotal, LineFrame{0, 2}>,
+                              TakeUsual<kFields, kPeriods, kTotal, LineFrame{1, 1}>,
+                              TakeUsual<kFields, kPeriods, kTotal, LineFrame{1, 2}>},
           .trial = texts.trial};
 }
 

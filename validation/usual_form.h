@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "core/records/record_line.h"
@@ -28,15 +29,49 @@ struct LineFrame {
   constexpr size_t Index() const { return quotes * 2 + end - 1; }
 };
 
-/// The usual payments of a screen under one frame.
-struct UsualForm {
-  /// How many lines each has.
-  size_t lines = 0;
-  /// The amount that a payment is good for, if its lines stand there; `kNoCents` says nothing.
-  uint64_t (*goodFor)(const char* lines, const JudgingDay& day) = nullptr;
+inline constexpr RecordField kSequenceField = FieldNamed(kRecordHead, "SeqNumber");
+/// No four characters.
+inline constexpr uint64_t kNoSequence = UINT64_MAX;
+
+/// The four characters of a record's sequence number as they lie in memory.
+inline uint32_t LoadSequence(const char* record) {
+  uint32_t sequence = 0;
+  std::memcpy(&sequence, record + kSequenceField.Offset(), sizeof sequence);
+  return sequence;
+}
+
+struct RuleSet;
+
+/// What a payment was found to be good for, whatever else its row says. Its sequence number is digits then.
+struct GoodFor {
+  /// Null where nothing was found.
+  const RuleSet* rules = nullptr;
+  uint64_t cents = kNoCents;
 };
 
-/// Those under each frame, by `LineFrame::Index`.
-using UsualForms = std::array<UsualForm, 4>;
+/// Where a payment begins in a block, the four characters of its sequence number as they lie in memory, and by which
+/// rules it is good for which amount, if that is known.
+struct PaymentStart {
+  uint32_t line = 0;
+  uint32_t sequence = 0;
+  GoodFor goodFor = {};
+};
+
+/// Where the next line and the next payment of a block go, for which there is room.
+struct BlockEnd {
+  std::string_view* line = nullptr;
+  PaymentStart* start = nullptr;
+  uint32_t lineCount = 0;
+  /// That of the last payment, `kNoSequence` where there is none yet.
+  uint64_t sequence = kNoSequence;
+};
+
+/// Takes payments into a block as long as each stands there in the usual form, good for some amount. Gives where the
+/// last ends. The next one ends the one before: lines of the same number would be of the same payment.
+using TakeUsualPayments = const char* (*)(const char* at, const char* end, const RuleSet& rules, const JudgingDay& day,
+                                          BlockEnd& blockEnd);
+
+/// One for each frame, by `LineFrame::Index`.
+using UsualForms = std::array<TakeUsualPayments, 4>;
 
 }  // namespace fiscalon

@@ -20,7 +20,6 @@ template <const auto& kFields, LineFrame kFrame>
 struct UsualLines {
   static constexpr size_t kFreeFormats = (std::size(kFields) + kSlotsPerRecord - 1) / kSlotsPerRecord;
   static constexpr size_t kCount = 1 + kFreeFormats;
-  static constexpr RecordField kSequence = FieldNamed(kRecordHead, "SeqNumber");
   static constexpr RecordField kKind = FieldNamed(kRecordHead, "Kind");
 
   static constexpr size_t Record(size_t line) { return line * kFrame.LineLength() + kFrame.quotes; }
@@ -34,8 +33,8 @@ struct UsualLines {
       const char kind = static_cast<char>(line == 0 ? RecordKind::Government : RecordKind::FreeFormat);
       stencil.Put(Record(line) - kFrame.quotes, kFrame.Front());
       stencil.Put(Record(line), kRecordMark);
-      stencil.Put(Record(line) + kSequence.Offset(), kZeros.substr(0, kSequence.Width()),
-                  kNines.substr(0, kSequence.Width()));
+      stencil.Put(Record(line) + kSequenceField.Offset(), kZeros.substr(0, kSequenceField.Width()),
+                  kNines.substr(0, kSequenceField.Width()));
       stencil.Put(Record(line) + kKind.Offset(), {&kind, 1});
       stencil.Put(Record(line) + kRecordLength, kFrame.Back());
     }
@@ -53,9 +52,9 @@ struct UsualLines {
 
   /// Whether all lines have one sequence number.
   static bool AreOnePayment(const char* lines) {
-    const char* const first = lines + Record(0) + kSequence.Offset();
+    const char* const first = lines + Record(0) + kSequenceField.Offset();
     for (size_t line = 1; line < kCount; ++line)
-      if (std::memcmp(first, first + line * kFrame.LineLength(), kSequence.Width()) != 0)
+      if (std::memcmp(first, first + line * kFrame.LineLength(), kSequenceField.Width()) != 0)
         return false;
     return true;
   }
@@ -63,7 +62,7 @@ struct UsualLines {
 
 /// The amount that a usual payment is good for: the one that its own fields tell.
 template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame, size_t... kRow>
-[[gnu::flatten]] uint64_t UsualAmount(const char* lines, const JudgingDay& day, std::index_sequence<kRow...>) {
+inline uint64_t UsualAmount(const char* lines, const JudgingDay& day, std::index_sequence<kRow...>) {
   using Lines = UsualLines<kFields, kFrame>;
   static_assert(kTotal == Total::Ignored || !(kFields[kRow].tests.Quick().tellsPayment || ...),
                 "a field or the total tells it");
@@ -89,12 +88,29 @@ template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame,
   return total.Equals(expected) ? expected.paymentCents : kNoCents;
 }
 
+/// Takes usual payments of the rules under that frame.
 template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame>
-consteval UsualForm UsualFormOf() {
-  return {.lines = UsualLines<kFields, kFrame>::kCount, .goodFor = [](const char* lines, const JudgingDay& day) {
-            return UsualAmount<kFields, kPeriods, kTotal, kFrame>(lines, day,
-                                                                  std::make_index_sequence<std::size(kFields)>());
-          }};
+[[gnu::flatten]] const char* TakeUsual(const char* at, const char* end, const RuleSet& rules,
+                                       const JudgingDay& judgingDay, BlockEnd& blockEnd) {
+  using Lines = UsualLines<kFields, kFrame>;
+  constexpr size_t kLength = Lines::kStencil.Length();
+  constexpr auto kRows = std::make_index_sequence<std::size(kFields)>();
+  // Both are kept at hand, since for all the compiler knows they could change with whatever is written.
+  const JudgingDay day = judgingDay;
+  BlockEnd block = blockEnd;
+  for (; static_cast<size_t>(end - at) >= kLength; at += kLength) {
+    FetchAhead<kLength>(at);
+    const uint64_t cents = UsualAmount<kFields, kPeriods, kTotal, kFrame>(at, day, kRows);
+    const uint32_t sequence = LoadSequence(at + Lines::Record(0));
+    if (cents == kNoCents || sequence == block.sequence)
+      break;
+    *block.start++ = {.line = block.lineCount, .sequence = sequence, .goodFor = {&rules, cents}};
+    block.sequence = sequence;
+    block.lineCount += Lines::kCount;
+    for (size_t line = 0; line < Lines::kCount; ++line) *block.line++ = {at + Lines::Record(line), kRecordLength};
+  }
+  blockEnd = block;
+  return at;
 }
 
 }  // namespace fiscalon

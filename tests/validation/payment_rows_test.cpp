@@ -114,6 +114,25 @@ TEST(RowReader, KnowsARowThatSaysWhatItIsAskedFor) {
   EXPECT_FALSE(last.NextIs("0001", "03", 12345)) << "there is no room to look ahead";
 }
 
+TEST(RowReader, KnowsAnAmountOfAnyLength) {
+  std::string digits;
+  for (const char digit : std::string_view("912345678901234")) {
+    digits += digit;
+    const std::string bytes = "0001,03,," + digits + "\n" + std::string(40, '7');
+    const uint64_t cents = std::stoull(digits);
+    for (const uint64_t other : {cents - 1, cents + 1, cents / 10, cents * 10}) {
+      RowReader reader;
+      reader.Read(bytes);
+      EXPECT_FALSE(reader.NextIs("0001", "03", other)) << digits << " " << other;
+      EXPECT_EQ(reader.Rest(), bytes);
+    }
+    RowReader reader;
+    reader.Read(bytes);
+    EXPECT_TRUE(reader.NextIs("0001", "03", cents)) << digits;
+    EXPECT_EQ(reader.Rest(), std::string(40, '7'));
+  }
+}
+
 TEST(RowReader, ReadsFieldsInQuotesAndUtf8) {
   EXPECT_EQ(Read("\"0001\",\"03\",\"\",\"12345\""), "0001|03||12345");
   EXPECT_EQ(Read("\"a,\"\"b\",03,,1"), "a,\"b|03||1");
