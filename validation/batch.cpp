@@ -1,7 +1,6 @@
 #include "validation/batch.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cassert>
 #include <exception>
 #include <mutex>
@@ -73,9 +72,8 @@ class BatchRun {
   BatchProgress Run(unsigned jobs) {
     if (rowFeed_.IsAtStart())
       rowFeed_.TakeHeader();
-    jobs_ = std::max(jobs, 1u);
     std::vector<std::jthread> threads;
-    for (unsigned extra = 1; extra < jobs_; ++extra) threads.emplace_back([this] { Work(); });
+    for (unsigned extra = 1; extra < jobs; ++extra) threads.emplace_back([this] { Work(); });
     Work();
     threads.clear();
     if (failure_)
@@ -91,9 +89,6 @@ class BatchRun {
       Portion portion;
       while (TakeRecords(portion) && TakeRows(portion) && Hand(portion)) {
       }
-      // Where pages are small this is a fifth of all work, so jobs do it side by side. Who ends last may still have
-      // been at the last share while others returned theirs.
-      records_.ReturnPages(jobsEnded_++, jobs_);
     } catch (...) {
       Stop(std::current_exception());
     }
@@ -118,6 +113,7 @@ class BatchRun {
       FeedRecords(portion);
       ended_ = portion.recordBytes.empty();
     }
+    portion.recordBytes = records_.Load(portion.recordBytes, portion.recordStorage);
     portion.records.Cut(portion.recordBytes, judge_.Day());
     return true;
   }
@@ -301,9 +297,6 @@ class BatchRun {
   uint64_t nextTicket_ = 0;
   bool ended_ = false;
   std::exception_ptr failure_;
-
-  unsigned jobs_ = 1;
-  std::atomic<unsigned> jobsEnded_ = 0;
 
   Turnstile takingRows_;
   RowFeed rowFeed_;

@@ -31,11 +31,15 @@ class Memory : public ByteSource {
     return memory == nullptr ? nullptr : memory->file_;
   }
 
-  void ReturnShare(size_t share, size_t shares) const {
+  std::string_view Read(std::string_view shown, std::string& storage) const {
     if (!file_)
-      return;
-    const size_t each = bytes_.size() / shares + 1;
-    file_->ReturnPages(bytes_.substr(std::min(share * each, bytes_.size()), each));
+      return shown;
+    const std::optional<std::string_view> read = file_->Read(shown, storage);
+    if (!read)
+      Fail(Name(), "can't be read");
+    if (read->size() < shown.size())
+      throw BatchError(Name(), "the file became shorter while it was read");
+    return *read;
   }
 
   std::string_view Peek(size_t) override { return rest_; }
@@ -131,10 +135,10 @@ std::unique_ptr<ByteSource> ByteSource::Stretch(const ByteSource& file, std::str
   return std::make_unique<MiddleOfMemory>(file, before, bytes);
 }
 
-void ByteSource::ReturnPages(size_t share, size_t shares) const {
+std::string_view ByteSource::Load(std::string_view shown, std::string& storage) const {
   // Not virtual: programs have sources of their own, whose layout stays.
-  if (const auto* const memory = dynamic_cast<const Memory*>(this))
-    memory->ReturnShare(share, shares);
+  const auto* const memory = dynamic_cast<const Memory*>(this);
+  return memory == nullptr ? shown : memory->Read(shown, storage);
 }
 
 }  // namespace fiscalon

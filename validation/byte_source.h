@@ -43,10 +43,10 @@ class ByteSource {
   /// How many lines the file has before these bytes. They are counted when this is asked.
   virtual uint64_t LinesBefore() const { return 0; }
 
-  /// Has the system take back the memory pages of a mapped file, one of so many equal shares of these bytes, from 0:
-  /// each thread that has read of them can return a share, so that none is left with all. What `Peek` showed stays.
-  /// Nothing happens where no file was mapped.
-  void ReturnPages(size_t share, size_t shares) const;
+  /// What `Peek` has shown of a source that stays: read into `storage` where that is quicker than to look at it there,
+  /// as it is for a file. Threads may call it side by side. Throws `BatchError` where reading fails, or the file has
+  /// become shorter.
+  std::string_view Load(std::string_view shown, std::string& storage) const;
 
  protected:
   /// The name stands in messages.

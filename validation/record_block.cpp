@@ -226,36 +226,39 @@ void RecordFeed::Fail(size_t start, std::string reason) {
   throw BatchError({BatchProblem{source_.Name(), lines + 1, std::move(reason)}});
 }
 
-/// The line that starts there, with its end; empty at the end of the file.
-std::string_view RecordFeed::LineAt(size_t start) {
-  for (size_t wanted = start + kRecordLength * 2;; wanted *= 2) {
-    const std::string_view bytes = source_.Peek(wanted).substr(0, start + kLargestPayment + 1);
-    const size_t end = bytes.find('\n', start);
-    if (end != bytes.npos)
-      return bytes.substr(start, end + 1 - start);
-    if (bytes.size() > start + kLargestPayment)
-      Fail(start, "a line of more than 16 MiB");
-    if (bytes.size() < wanted)
-      return bytes.substr(std::min(start, bytes.size()));
+size_t RecordFeed::EndOfPayment(size_t from) {
+  // Most payments end within a few lines.
+  for (size_t wanted = kRecordLength * 8;; wanted *= 2) {
+    const std::string_view rest = source_.Peek(from + wanted);
+    const std::string_view shown = rest.substr(std::min(from, rest.size()), wanted);
+    const std::string_view bytes = source_.Load(shown, storage_);
+    if (const std::optional<size_t> end = EndOfPayment(from, bytes, shown.size() < wanted))
+      return from + *end;
   }
 }
 
-size_t RecordFeed::EndOfPayment(size_t from) {
-  std::string sequence;
-  size_t start = from + LineAt(from).size();
-  for (;;) {
-    const std::string_view line = LineAt(start);
-    if (line.empty())
-      return start;
-    const std::string_view next = SequenceOf(line);
-    if (sequence.empty())
-      sequence = next;
-    else if (!next.empty() && next != sequence)
-      return start;
-    start += line.size();
-    if (start - from > kLargestPayment)
-      Fail(start, sequence.empty() ? "no record in 16 MiB before this line"
-                                   : "the records of payment " + Quoted(sequence) + " take more than 16 MiB");
+/// Where the payment ends in the bytes that stand at that offset, of which the first line may be a rest; nothing where
+/// more of them must be looked at.
+std::optional<size_t> RecordFeed::EndOfPayment(size_t offset, std::string_view bytes, bool isAll) {
+  std::string_view sequence;
+  bool isRest = true;
+  for (size_t start = 0, end = 0;; start = end, isRest = false) {
+    const size_t lineEnd = bytes.find('\n', start);
+    if (std::min(lineEnd, bytes.size()) - start > kLargestPayment)
+      Fail(offset + start, "a line of more than 16 MiB");
+    if (lineEnd == bytes.npos && !isAll)
+      return std::nullopt;
+    end = lineEnd == bytes.npos ? bytes.size() : lineEnd + 1;
+    if (!isRest) {
+      const std::string_view next = SequenceOf(bytes.substr(start, end - start));
+      if (start == bytes.size() || (!sequence.empty() && !next.empty() && next != sequence))
+        return start;
+      if (sequence.empty())
+        sequence = next;
+    }
+    if (end > kLargestPayment)
+      Fail(offset + end, sequence.empty() ? "no record in 16 MiB before this line"
+                                          : "the records of payment " + Quoted(sequence) + " take more than 16 MiB");
   }
 }
 

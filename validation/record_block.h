@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -99,10 +100,11 @@ class RecordFeed {
   size_t EndOfPayment(size_t from);
 
  private:
-  std::string_view LineAt(size_t start);
+  std::optional<size_t> EndOfPayment(size_t offset, std::string_view bytes, bool isAll);
   [[noreturn]] void Fail(size_t start, std::string reason);
 
   ByteSource& source_;
+  std::string storage_;
 };
 
 }  // namespace fiscalon

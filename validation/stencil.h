@@ -54,7 +54,7 @@ inline Sixteen Smaller(Sixteen one, Sixteen other) {
 template <size_t kBytes>
 void FetchAhead(const char* at) {
 #ifdef __GNUC__
-  constexpr size_t kAhead = 4096;
+  constexpr size_t kAhead = 8192;
   constexpr size_t kCacheLine = 64;
   for (size_t line = 0; line < kBytes; line += kCacheLine) __builtin_prefetch(at + kAhead + line);
 #else

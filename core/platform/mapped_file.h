@@ -1,9 +1,12 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace fiscalon {
@@ -21,9 +24,10 @@ class MappedFile {
 
   std::string_view Bytes() const { return bytes_; }
 
-  /// Has the system take back the pages of some of the bytes, which it finds again where they are looked at; one that
-  /// knows no such thing keeps them. Unmapping a file is work for each of its pages, which threads can share this way.
-  void ReturnPages(std::string_view part) const;
+  /// Some of the bytes, wherever looking at all of them is quickest: where they are, or read into `storage` where the
+  /// system maps the file in small pieces, each of which must be found, mapped and unmapped. Fewer where the file has
+  /// become shorter; nothing, and `errno` set, where it can't be read. Threads may call it side by side.
+  std::optional<std::string_view> Read(std::string_view part, std::string& storage) const;
 
   /// Whether the file has been written to since it was mapped: its bytes may be neither those before nor those after.
   /// One that was renamed or removed is what it was.
@@ -46,6 +50,9 @@ class MappedFile {
   /// The file once more, for as long as this lives.
   int descriptor_;
   Stamp mapped_;
+  /// How many parts were read, and whether the last one that was asked lay in a large piece.
+  mutable std::atomic<unsigned> partsRead_ = 0;
+  mutable std::atomic<bool> isInLargePieces_ = false;
 };
 
 }  // namespace fiscalon

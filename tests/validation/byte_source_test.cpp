@@ -5,57 +5,71 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <fstream>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
 
-#include "tests/support/page_faults_on_posix.h"
+#include "tests/support/few_files_on_posix.h"
 #include "tests/support/temporary_folder.h"
 #include "validation/batch_error.h"
 
 namespace fiscalon {
 namespace {
 
-TEST(ByteSource, ReturnsItsPagesInShares) {
+TEST(ByteSource, LoadsWhatItHasShown) {
   const TemporaryFolder folder;
-  constexpr size_t kThird = 4 << 20;
-  const auto source = ByteSource::Open(folder.Write("batch.pc4", std::string(3 * kThird, '1')));
-  const std::string_view bytes = source->Peek(0);
-  for (size_t share = 0; share < 3; ++share) {
-    FaultsOfLookingAt(bytes);
-    source->ReturnPages(share, 3);
-    const std::string_view third = bytes.substr(share * kThird, kThird);
-    const long returned = FaultsOfLookingAt(third);
-    EXPECT_GT(returned, FaultsOfLookingAt(third)) << share;
+  std::string bytes;
+  for (int number = 0; bytes.size() < 2'000'000; ++number) bytes += std::to_string(number);
+  const auto file = ByteSource::Open(folder.Write("batch.pc4", bytes));
+  const std::string_view shown = file->Peek(0);
+  const auto stretch = ByteSource::Stretch(*file, shown.substr(0, 700'001), shown.substr(700'001));
+  const auto buffer = ByteSource::Of(bytes, "batch.pc4");
+  for (const ByteSource* const source : {file.get(), stretch.get()})
+    for (const size_t length : {1'299'999u, 1'000u, 1u, 0u}) {
+      std::string storage = "what was read before";
+      EXPECT_TRUE(source->Load(shown.substr(700'001, length), storage) ==
+                  std::string_view(bytes).substr(700'001, length))
+          << length;
+    }
+  std::string storage;
+  EXPECT_EQ(buffer->Load(buffer->Peek(0), storage).data(), bytes.data()) << "it lies in memory already";
+}
+
+TEST(ByteSource, LoadsNothingOfAPipeButWhatItHasShown) {
+  const auto source = ByteSource::Open("/dev/zero");
+  const std::string_view shown = source->Peek(3).substr(0, 3);
+  std::string storage;
+  EXPECT_EQ(source->Load(shown, storage), std::string_view("\0\0\0", 3));
+}
+
+TEST(ByteSource, NamesAFileThatHasBecomeShorter) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("batch.pc4", std::string(1'000, '1'));
+  const auto source = ByteSource::Open(path);
+  const std::string_view shown = source->Peek(0);
+  std::filesystem::resize_file(path, 500);
+  std::string storage;
+  EXPECT_EQ(source->Load(shown.substr(0, 500), storage), std::string(500, '1'));
+  try {
+    source->Load(shown, storage);
+    FAIL();
+  } catch (const BatchError& error) {
+    EXPECT_EQ(error.what(), path + ": the file became shorter while it was read");
   }
-  source->Skip(bytes.size());
-  source->ReturnPages(0, 1);
-  const long returned = FaultsOfLookingAt(bytes);
-  EXPECT_GT(returned, FaultsOfLookingAt(bytes));
-  EXPECT_TRUE(bytes == std::string(3 * kThird, '1'));
 }
 
-TEST(ByteSource, ReturnsThePagesOfAStretchOnly) {
+TEST(ByteSource, NamesAFileThatCannotBeReadAnyMore) {
   const TemporaryFolder folder;
-  constexpr size_t kHalf = 4 << 20;
-  const auto source = ByteSource::Open(folder.Write("batch.pc4", std::string(2 * kHalf, '1')));
-  const std::string_view bytes = source->Peek(0);
-  const auto stretch = ByteSource::Stretch(*source, bytes.substr(0, kHalf), bytes.substr(kHalf));
-  FaultsOfLookingAt(bytes);
-  stretch->ReturnPages(0, 1);
-  const long kept = FaultsOfLookingAt(bytes.substr(0, kHalf));
-  EXPECT_GT(FaultsOfLookingAt(bytes.substr(kHalf)), kept);
-}
-
-TEST(ByteSource, ReturnsNothingOfABufferOrAPipe) {
-  const std::string buffer(1 << 20, '1');
-  const auto source = ByteSource::Of(buffer, "batch.pc4");
-  const auto stretch = ByteSource::Stretch(*source, {}, buffer);
-  for (const ByteSource* const any : {source.get(), stretch.get()}) any->ReturnPages(0, 1);
-  EXPECT_EQ(std::ranges::count(buffer, '1'), 1 << 20);
-  ByteSource::Open("/dev/null")->ReturnPages(0, 1);
+  const std::string path = folder.Write("batch.pc4", std::string(1'000, '1'));
+  const auto source = WithoutRoomForFiles([&] { return ByteSource::Open(path); });
+  std::string storage;
+  try {
+    source->Load(source->Peek(0), storage);
+    FAIL();
+  } catch (const BatchError& error) {
+    EXPECT_EQ(error.what(), path + ": can't be read: Bad file descriptor");
+  }
 }
 
 TEST(ByteSource, NamesAFileThatCannotBeRead) {

@@ -223,6 +223,46 @@ TEST(RecordFeed, CutsBetweenPayments) {
   EXPECT_EQ(all, file);
 }
 
+TEST(RecordFeed, FindsTheEndOfAPaymentFromAnyPlace) {
+  // Of each line: where it starts and which payment it is of, if it is a record.
+  struct Line {
+    size_t start;
+    std::string sequence;
+  };
+  std::string file;
+  std::vector<Line> lines;
+  const auto add = [&](const std::string& sequence, const std::string& line) {
+    lines.push_back({file.size(), sequence});
+    file += line;
+  };
+  int payment = 1000;
+  for (const int length : {1, 2, 40, 1, 7, 8, 9, 3}) {
+    const std::string sequence = std::to_string(++payment);
+    for (int i = 0; i < length; ++i) add(sequence, i % 2 == 0 ? QuotedLine(Record(sequence)) : Record(sequence) + "\n");
+    add("", "no record\n");
+  }
+  for (const bool endsWithALine : {true, false}) {
+    const auto source = ByteSource::Of(file, "batch.pc4");
+    size_t line = 0;
+    for (size_t from = 0; from < file.size(); ++from) {
+      while (line + 1 < lines.size() && lines[line + 1].start <= from) ++line;
+      size_t end = line + 1;
+      std::string sequence;
+      while (end < lines.size() &&
+             (sequence.empty() || lines[end].sequence.empty() || lines[end].sequence == sequence)) {
+        if (sequence.empty())
+          sequence = lines[end].sequence;
+        ++end;
+      }
+      ASSERT_EQ(RecordFeed(*source).EndOfPayment(from), end == lines.size() ? file.size() : lines[end].start)
+          << from << " " << endsWithALine;
+    }
+    EXPECT_EQ(RecordFeed(*source).EndOfPayment(file.size()), file.size());
+    file.pop_back();
+    line = 0;
+  }
+}
+
 TEST(RecordFeed, APaymentOfMoreThan16MebibytesIsAnError) {
   std::string file;
   while (file.size() < size_t{18} << 20) file += QuotedLine(Record("0001"));

@@ -1,12 +1,41 @@
 #include "core/platform/mapped_file.h"
 
+#include <errno.h>
 #include <fcntl.h>
 #include <stdio.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace fiscalon {
+
+namespace {
+
+/// Systems map a few pages around the one that is looked at, and some map a file in much larger pieces. What is mapped
+/// in pieces beyond this is quicker to look at than to read.
+constexpr size_t kSmallPiece = size_t{128} << 10;
+
+/// How often this thread has looked at a page that was not mapped yet.
+long PageFaults() {
+  rusage usage = {};
+  ::getrusage(RUSAGE_THREAD, &usage);
+  return usage.ru_minflt + usage.ru_majflt;
+}
+
+void LookAt(const char& byte) {
+  [[maybe_unused]] const char seen = static_cast<const volatile char&>(byte);
+}
+
+/// Whether the system, asked for the start of a part, maps a good deal of it at once.
+bool IsInALargePiece(std::string_view part) {
+  LookAt(part.front());
+  const long before = PageFaults();
+  LookAt(part[kSmallPiece]);
+  return PageFaults() == before;
+}
+
+}  // namespace
 
 std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
   const int descriptor = ::fileno(file);
@@ -22,11 +51,30 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
       new MappedFile({static_cast<const char*>(bytes), size}, ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0)));
 }
 
-void MappedFile::ReturnPages(std::string_view part) const {
-  // The system knows whole pages. Neighbours on the first and the last one are found again, too.
-  const auto pageBytes = static_cast<size_t>(::sysconf(_SC_PAGESIZE));
-  const size_t before = static_cast<size_t>(part.data() - bytes_.data()) % pageBytes;
-  ::madvise(const_cast<char*>(part.data()) - before, before + part.size(), MADV_DONTNEED);
+std::optional<std::string_view> MappedFile::Read(std::string_view part, std::string& storage) const {
+  // Neighbours are mostly alike, and to ask each part would take longer than to read it.
+  constexpr unsigned kAlike = 16;
+  if (part.size() > kSmallPiece) {
+    if (partsRead_++ % kAlike == 0)
+      isInLargePieces_ = IsInALargePiece(part);
+    if (isInLargePieces_)
+      return part;
+  }
+  storage.resize(part.size());
+  const off_t from = part.data() - bytes_.data();
+  size_t read = 0;
+  while (read < part.size()) {
+    const ssize_t more =
+        ::pread(descriptor_, storage.data() + read, part.size() - read, from + static_cast<off_t>(read));
+    if (more < 0 && errno == EINTR)
+      continue;
+    if (more < 0)
+      return std::nullopt;
+    if (more == 0)
+      break;
+    read += static_cast<size_t>(more);
+  }
+  return std::string_view(storage).substr(0, read);
 }
 
 MappedFile::Stamp MappedFile::Now() const {

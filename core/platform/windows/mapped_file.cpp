@@ -28,7 +28,9 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
       new MappedFile({static_cast<const char*>(bytes), static_cast<size_t>(size.QuadPart)}, ::_dup(::_fileno(file))));
 }
 
-void MappedFile::ReturnPages(std::string_view /*part*/) const {}
+std::optional<std::string_view> MappedFile::Read(std::string_view part, std::string& /*storage*/) const {
+  return part;
+}
 
 MappedFile::Stamp MappedFile::Now() const {
   BY_HANDLE_FILE_INFORMATION information = {};

@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
+#include <optional>
 #include <string>
 
 #include "tests/core/platform/map_path.h"
+#include "tests/support/few_files_on_posix.h"
 #include "tests/support/page_faults_on_posix.h"
 #include "tests/support/temporary_folder.h"
 
@@ -21,16 +25,55 @@ TEST(MappedFile, OutlivesTheFilesName) {
   EXPECT_EQ(mapped->Bytes(), "PC40001T");
 }
 
-TEST(MappedFile, ReturnsThePagesOfAPart) {
+TEST(MappedFile, LeavesAPartThatIsMappedWhereItIs) {
   const TemporaryFolder folder;
-  const auto mapped = MapPath(folder.Write("records.pc4", std::string(8 << 20, '1')));
+  const auto mapped = MapPath(folder.Write("records.pc4", std::string(1 << 20, '1')));
   ASSERT_TRUE(mapped);
-  const std::string_view first = mapped->Bytes().substr(0, 4 << 20);
-  const std::string_view second = mapped->Bytes().substr(4 << 20);
   FaultsOfLookingAt(mapped->Bytes());
-  mapped->ReturnPages(second);
-  const long kept = FaultsOfLookingAt(first);
-  EXPECT_GT(FaultsOfLookingAt(second), kept);
+  std::string storage;
+  const auto read = mapped->Read(mapped->Bytes(), storage);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->data(), mapped->Bytes().data());
+  EXPECT_EQ(storage, "");
+}
+
+TEST(MappedFile, ReadsWhatLiesInSmallPieces) {
+  constexpr size_t kPiece = 4096;
+  constexpr size_t kPieces = 256;
+  const TemporaryFolder folder;
+  const std::string path = folder.Path("records.pc4");
+  std::ofstream file(path, std::ios::binary);
+  for (size_t piece = 0; piece < kPieces; ++piece) file << std::string(kPiece, '1') << std::flush;
+  file.close();
+  if (FaultsOfLookingAt(MapPath(path)->Bytes()) < 8)
+    GTEST_SKIP() << "the system maps even such a file in large pieces";
+  const auto mapped = MapPath(path);
+  std::string storage;
+  const auto read = mapped->Read(mapped->Bytes(), storage);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->data(), storage.data());
+  EXPECT_EQ(storage, std::string(kPieces * kPiece, '1'));
+}
+
+TEST(MappedFile, ReadsWhatIsLeftOfAPart) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("records.pc4", "PC40001T");
+  const auto mapped = MapPath(path);
+  ASSERT_TRUE(mapped);
+  std::filesystem::resize_file(path, 5);
+  std::string storage;
+  EXPECT_EQ(mapped->Read(mapped->Bytes().substr(3), storage), "00");
+  EXPECT_EQ(mapped->Read(mapped->Bytes().substr(5), storage), "");
+}
+
+TEST(MappedFile, ReadsNothingWhereTheSystemHasNoRoomForTheFile) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("records.pc4", "PC40001T");
+  const auto mapped = WithoutRoomForFiles([&] { return MapPath(path); });
+  ASSERT_TRUE(mapped);
+  std::string storage;
+  EXPECT_EQ(mapped->Read(mapped->Bytes(), storage), std::nullopt);
+  EXPECT_EQ(errno, EBADF);
 }
 
 TEST(MappedFile, IsNoneOfAFolderOrADevice) {

@@ -153,15 +153,16 @@ TEST_F(StandardOutput, TellsOfASilentFolderInPlaceOfProgress) {
 #endif
 
 TEST_F(StandardOutput, TellsOfAFileThatShrinksInPlaceOfProgress) {
-  Write("a.pc4", "hello\n");
+  Write("list.csv", "seq,screen,biller,amount\n0001,03,,12345\n");
   const Terminal terminal;
-  EXPECT_EQ(Run("mkfifo list; exec 3<>list; '" FISCALON_PROGRAM "' validate --payments list --records a.pc4 3>&- 2>" +
+  EXPECT_EQ(Run("mkfifo records; exec 3<>records; '" FISCALON_PROGRAM
+                "' validate --payments list.csv --records records 3>&- 2>" +
                 terminal.Path() +
-                " & until grep -q a.pc4 /proc/$!/maps; do :; done; : >a.pc4\n"
-                "printf 'seq,screen,biller,amount\\n0001,03,,12345\\n' >list; exec 3>&-; wait $!")
+                " & until grep -q list.csv /proc/$!/maps; do :; done; : >list.csv\n"
+                "echo hello >records; exec 3>&-; wait $!")
                 .status,
             2);
-  EXPECT_EQ(terminal.Shown(), "\r\x1B[Kfiscalon: a.pc4: the file became shorter while it was read\r\n");
+  EXPECT_EQ(terminal.Shown(), "\r\x1B[Kfiscalon: list.csv: the file became shorter while it was read\r\n");
 }
 
 TEST_F(StandardOutput, FoldsRecordsToTheTerminal) {
