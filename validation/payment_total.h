@@ -41,17 +41,16 @@ class QuickTotal {
 
   /// Whether the total makes the amount to be paid for sure. False says nothing.
   bool Equals(const Expectation& expected) const {
-    const uint64_t total = Sum();
-    return total == expected.paymentCents && total <= kLargestExact && IsReadBackAsWritten();
+    return Sum() == expected.paymentCents && IsExact() && IsReadBackAsWritten();
   }
 
- private:
-  /// Totals up to 10 billion dollars are added, written and read back without any loss.
-  static constexpr uint64_t kLargestExact = 1'000'000'000'000;
+  /// Whether the total is one of those, up to 10 billion dollars, that are added, written and read back without a loss.
+  bool IsExact() const { return Sum() <= 1'000'000'000'000; }
 
   /// Whether totals are written with the point that they are read with.
   static bool IsReadBackAsWritten();
 
+ private:
   std::array<uint64_t, kAddends> cents_ = {};
 };
 

@@ -60,7 +60,8 @@ struct UsualLines {
   }
 };
 
-/// The amount that a usual payment is good for: the one that its own fields tell.
+/// The amount that a usual payment is good for: the one that its own fields tell, where totals are read back as they
+/// are written.
 template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame, size_t... kRow>
 inline uint64_t UsualAmount(const char* lines, const JudgingDay& day, std::index_sequence<kRow...>) {
   using Lines = UsualLines<kFields, kFrame>;
@@ -84,8 +85,7 @@ inline uint64_t UsualAmount(const char* lines, const JudgingDay& day, std::index
     return kNoCents;
   if (kTotal == Total::Ignored)
     return expected.paymentCents;
-  expected.paymentCents = total.Sum();
-  return total.Equals(expected) ? expected.paymentCents : kNoCents;
+  return total.IsExact() ? total.Sum() : kNoCents;
 }
 
 /// Takes usual payments of the rules under that frame.
@@ -95,6 +95,8 @@ template <const auto& kFields, Periods kPeriods, Total kTotal, LineFrame kFrame>
   using Lines = UsualLines<kFields, kFrame>;
   constexpr size_t kLength = Lines::kStencil.Length();
   constexpr auto kRows = std::make_index_sequence<std::size(kFields)>();
+  if (kTotal == Total::EqualsPayment && !QuickTotal::IsReadBackAsWritten())
+    return at;
   // Both are kept at hand, since for all the compiler knows they could change with whatever is written.
   const JudgingDay day = judgingDay;
   BlockEnd block = blockEnd;
