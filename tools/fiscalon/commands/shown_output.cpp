@@ -4,12 +4,19 @@
 
 #include "tools/fiscalon/commands/shown_json.h"
 #include "tools/fiscalon/commands/shown_text.h"
+#include "tools/fiscalon/files/file_places.h"
 #include "tools/fiscalon/files/standard_output.h"
 #include "tools/fiscalon/files/terminal.h"
 #include "tools/reading/visible_text.h"
 
 namespace fiscalon {
 namespace {
+
+/// What is to go out in one step: a pipe's own 64 KiB would have its writer and its reader take turns four times as
+/// often.
+constexpr size_t kMostAtOnce = size_t{256} << 10;
+/// So much is held before it goes out. Less than a step, since the record that makes it too much goes with it.
+constexpr size_t kMostHeld = kMostAtOnce - (size_t{16} << 10);
 
 class TextOutput : public ShownOutput {
  public:
@@ -99,6 +106,10 @@ class JsonLinesOutput : public ShownOutput {
 
 }  // namespace
 
+ShownOutput::ShownOutput() {
+  WidenOutput(kMostAtOnce);
+}
+
 std::unique_ptr<ShownOutput> ShownOutput::Of(ShownAs form, const std::string& name, const LaunchRow* screen,
                                              const Context& context) {
   switch (form) {
@@ -113,7 +124,6 @@ std::unique_ptr<ShownOutput> ShownOutput::Of(ShownAs form, const std::string& na
 }
 
 void ShownOutput::Add(const ShownRecord& record) {
-  constexpr size_t kMostHeld = size_t{64} << 10;
   AppendRecord(text_, record, lines_ == 0);
   ends_.push_back(text_.size());
   ++lines_;

@@ -17,6 +17,7 @@ enum class ShownAs { Text, Json, JsonLines };
 /// What `show` prints to standard output, written as it goes.
 class ShownOutput {
  public:
+  ShownOutput();
   /// `name` is that of the file; `screen` may be null.
   static std::unique_ptr<ShownOutput> Of(ShownAs form, const std::string& name, const LaunchRow* screen,
                                          const Context& context);

@@ -35,6 +35,9 @@ std::optional<SeenFile> LookAtStandardOutput();
 
 /// How many bytes standard output takes in one step, so that no interrupt can cut them: of a pipe what it has room for.
 size_t OutputTakesAtOnce();
+/// Has standard output take that many bytes in one step where it is a pipe and the system lets it. Who writes the pipe
+/// and who reads it then take turns less often.
+void WidenOutput(size_t bytes);
 /// Takes the last bytes off standard output again, where that is a file.
 void TakeOutputBack(size_t count);
 

@@ -82,6 +82,13 @@ size_t OutputTakesAtOnce() {
   return isEmpty && capacity > PIPE_BUF ? static_cast<size_t>(capacity) : PIPE_BUF;
 }
 
+void WidenOutput(size_t bytes) {
+  // Nothing but a pipe has such a size.
+  const int capacity = ::fcntl(STDOUT_FILENO, F_GETPIPE_SZ);
+  if (capacity >= 0 && static_cast<size_t>(capacity) < bytes)
+    ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, static_cast<int>(bytes));
+}
+
 void TakeOutputBack(size_t count) {
   const off_t end = ::lseek(STDOUT_FILENO, 0, SEEK_CUR);
   struct stat status = {};
