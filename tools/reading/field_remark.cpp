@@ -16,32 +16,36 @@ std::string_view WithoutZeros(std::string_view digits) {
   return digits;
 }
 
-bool IsZero(const SignedDigits& number) {
-  return WithoutZeros(number.digits).empty();
+SignedDigits WithoutZeros(const SignedDigits& number) {
+  return {number.isNegative, WithoutZeros(number.digits)};
 }
 
-/// "-12345"; zero has no sign.
+/// "-12345" of a number without zeros in front; zero, which has no digits then, has no sign.
 void AppendPlainly(std::string& out, const SignedDigits& number) {
-  if (IsZero(number))
+  if (number.digits.empty()) {
     out += '0';
-  else
-    out.append(number.isNegative ? "-" : "").append(WithoutZeros(number.digits));
+    return;
+  }
+  if (number.isNegative)
+    out += '-';
+  out += number.digits;
 }
 
 /// "12345, as cents $123.45"
 void AppendOnDigits(std::string& out, const SignedDigits& number, const MoneyWords& money) {
-  AppendPlainly(out, number);
-  if (IsZero(number))
+  const SignedDigits shorter = WithoutZeros(number);
+  AppendPlainly(out, shorter);
+  if (shorter.digits.empty())
     return;
   out += ", as cents ";
-  money.Append(out, number);
+  money.Append(out, shorter);
 }
 
 /// The same in the language of the forms.
 std::string WordsOnDigits(const SignedDigits& number, const MoneyWords& money) {
   std::string plainly;
-  AppendPlainly(plainly, number);
-  if (IsZero(number))
+  AppendPlainly(plainly, WithoutZeros(number));
+  if (plainly == "0")
     return plainly;
   std::string amount;
   money.Append(amount, number);

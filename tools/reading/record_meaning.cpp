@@ -7,23 +7,19 @@
 
 #include "core/values/text.h"
 #include "tools/reading/visible_text.h"
+#include "validation/quick_digits.h"
 
 namespace fiscalon {
 namespace {
-
-/// What the layout's fields hold.
-enum class Role { AlwaysBlank, Text, Period, Date, Cents, InvoiceCents, FieldNumber, FieldValue };
 
 struct RoleRow {
   std::string_view name;
   Role role;
 };
 
-constexpr std::string_view kFieldNumber = "FieldNum";
-
 // clang-format off
 constexpr std::array kRoles = {
-    RoleRow{kFieldNumber,      Role::FieldNumber},
+    RoleRow{"FieldNum",        Role::FieldNumber},
     RoleRow{"FieldValue",      Role::FieldValue},
     RoleRow{"",                Role::AlwaysBlank},
     RoleRow{"PeriodStartDate", Role::Period},
@@ -39,11 +35,6 @@ constexpr std::array kRoles = {
 
 constexpr std::string_view kUnusedNumber = "00";
 
-Role RoleOf(std::string_view name) {
-  const auto row = std::find_if(kRoles.begin(), kRoles.end(), [&](const RoleRow& each) { return each.name == name; });
-  return row == kRoles.end() ? Role::Text : row->role;
-}
-
 /// Whether a field holds nothing but blanks; most of a record are such fields.
 bool IsBlank(std::string_view text) {
   constexpr std::string_view kBlanks = "                                                            ";
@@ -52,6 +43,17 @@ bool IsBlank(std::string_view text) {
 
 bool AreZeros(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c == '0'; });
+}
+
+/// What `AreDigits` tells, eight characters at a time.
+bool HoldsDigitsAlone(std::string_view text) {
+  constexpr size_t kEight = sizeof(uint64_t);
+  if (text.size() < kEight)
+    return AreDigits(text);
+  // The last eight may overlap those before them.
+  bool are = AreDigits(LoadEight(text.data() + text.size() - kEight));
+  for (size_t at = 0; at + kEight < text.size(); at += kEight) are = are && AreDigits(LoadEight(text.data() + at));
+  return are;
 }
 
 int NumberIn(std::string_view digits) {
@@ -141,7 +143,7 @@ class FieldReader {
     ReadValue();
     if (!AreZeros(text_))
       Wrong(Filled("screen {1} has no field {2}, and it holds \"{3}\"", AsGiven(std::string(screen.code)),
-                   AsGiven(std::string(slot.number)), AsGiven(WithDots(text_))));
+                   AsGiven(slot.number), AsGiven(WithDots(text_))));
   }
 
   void ReadValueAs(FieldKind kind) {
@@ -220,13 +222,18 @@ void AppendDollars(std::string& out, const SignedDigits& cents) {
 
 }  // namespace
 
+Role RoleOf(std::string_view name) {
+  const auto row = std::find_if(kRoles.begin(), kRoles.end(), [&](const RoleRow& each) { return each.name == name; });
+  return row == kRoles.end() ? Role::Text : row->role;
+}
+
 SignedDigits SignedDigitsIn(std::string_view text) {
   const bool isNegative = text.starts_with('-') || text.ends_with('-');
   if (text.starts_with('-'))
     text.remove_prefix(1);
   else if (text.ends_with('-'))
     text.remove_suffix(1);
-  if (!AreDigits(text))
+  if (!HoldsDigitsAlone(text))
     return {};
   return {isNegative, text};
 }
@@ -261,16 +268,16 @@ void AppendMeaning(std::string& out, const ShownField& field, std::string_view t
   }
 }
 
-ShownField UnderstandField(std::string_view record, const RecordField& field, const LaunchRow* screen, SlotBefore& slot,
-                           std::vector<Note>& problems) {
+ShownField UnderstandField(std::string_view record, const RecordField& field, Role role, const LaunchRow* screen,
+                           SlotBefore& slot, std::vector<Note>& problems) {
   ShownField shown{.name = field.name, .from = field.from, .to = field.to, .sense = {}, .nameOnScreen = {}};
   const std::string_view text = TextIn(record, field);
-  if (field.name == kFieldNumber)
+  if (role == Role::FieldNumber)
     slot = {};
   if (text.size() < field.Width())
     shown.sense = Sense::Missing;
   else if (!IsBlank(text))
-    FieldReader(shown, text, problems).Read(RoleOf(field.name), screen, slot);
+    FieldReader(shown, text, problems).Read(role, screen, slot);
   return shown;
 }
 

@@ -9,18 +9,22 @@
 
 namespace fiscalon {
 
+/// What the fields of the layouts hold, by their names.
+enum class Role { AlwaysBlank, Text, Period, Date, Cents, InvoiceCents, FieldNumber, FieldValue };
+Role RoleOf(std::string_view name);
+
 /// What is known of a slot of an "F" record before its value is read.
 struct SlotBefore {
   /// Its field number; empty where none is in use.
-  std::string_view number = {};
+  std::string number = {};
   /// That field of the screen; null where there is none.
   const FieldName* field = nullptr;
 };
 
 /// One field with what its text is. What is wrong with the text is added to the problems. `slot` is the slot that the
 /// field stands in; a number is noted there for the value behind it.
-ShownField UnderstandField(std::string_view record, const RecordField& field, const LaunchRow* screen, SlotBefore& slot,
-                           std::vector<Note>& problems);
+ShownField UnderstandField(std::string_view record, const RecordField& field, Role role, const LaunchRow* screen,
+                           SlotBefore& slot, std::vector<Note>& problems);
 
 /// A number that stands at its place in a record, without its minus sign, which stands before or behind the digits.
 struct SignedDigits {

@@ -75,9 +75,12 @@ void RecordTaker::TakeRecord(ShownRecord& shown) {
 void RecordTaker::TakeFields(std::span<const RecordField> fields, ShownRecord& shown) {
   if (!shown.isRecord || fields.empty())
     return;
+  const std::span<const RecordField> rows = fields.subspan(kRecordHead.size());
+  if (shown.length == kRecordLength)
+    return known_[shown.kind].Follow(rows, screen_, shown);
   SlotBefore slot;
-  for (const RecordField& field : fields.subspan(kRecordHead.size()))
-    shown.fields.push_back(UnderstandField(shown.record, field, screen_, slot, shown.problems));
+  for (const RecordField& row : rows)
+    shown.fields.push_back(UnderstandField(shown.record, row, RoleOf(row.name), screen_, slot, shown.problems));
 }
 
 void RecordTaker::TakeInvoice(const PC4& member, ShownRecord& shown) {
@@ -87,7 +90,8 @@ void RecordTaker::TakeInvoice(const PC4& member, ShownRecord& shown) {
   const auto take = [&](std::string_view name, const std::string& text) {
     SlotBefore slot;
     const int behind = column + static_cast<int>(text.size());
-    shown.fields.push_back(UnderstandField(shown.record, {column, behind - 1, name}, screen_, slot, shown.problems));
+    const RecordField row{column, behind - 1, name};
+    shown.fields.push_back(UnderstandField(shown.record, row, RoleOf(name), screen_, slot, shown.problems));
     column = behind;
   };
   take("InvoiceDate", member.TheDate());

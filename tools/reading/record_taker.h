@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
 #include <string_view>
 
+#include "tools/reading/known_fields.h"
 #include "tools/reading/payment_checks.h"
 #include "tools/reading/record_checks.h"
 #include "tools/reading/shown_record.h"
@@ -38,6 +40,7 @@ class RecordTaker {
 
   const LaunchRow* screen_;
   uint64_t nextNumber_;
+  std::map<RecordKind, KnownFields> known_;
   OrderCheck order_;
   std::optional<PaymentChecks> checks_;
 };

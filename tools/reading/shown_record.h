@@ -49,6 +49,9 @@ struct ShownField {
   Sense sense = Sense::Blank;
   /// What a field number stands for on the screen; empty where that is not known.
   std::string_view nameOnScreen = {};
+  /// The number of the record since which the same stands in this field of the records of the kind, and is understood
+  /// so; 0 where that is not known.
+  uint64_t since = 0;
 };
 
 /// Something to be said of a record, in words for the user. Columns 0 mean the record as a whole.

@@ -22,7 +22,8 @@ constexpr auto kDots = [] {
 
 void AppendDots(std::string& out, size_t count) {
   for (; count > kMostDots; count -= kMostDots) out.append(kDots.data(), kDots.size());
-  out.append(kDots.data(), count * kDot.size());
+  if (count > 0)
+    out.append(kDots.data(), count * kDot.size());
 }
 
 /// Of eight characters, 0 where all are printable ASCII.

@@ -43,11 +43,7 @@ std::string_view NameOf(Sense sense) {
 
 /// Whether a text can stand in JSON as it is.
 bool StandsAsItIs(std::string_view text) {
-  // Every character is looked at, whatever was found before: compilers then take many at once.
-  bool stands = true;
-  for (const char character : text)
-    stands &= character >= ' ' && character < '\x7F' && character != '"' && character != '\\';
-  return stands;
+  return IsPlain(text) && text.find('"') == text.npos && text.find('\\') == text.npos;
 }
 
 void AppendQuoted(std::string& out, std::string_view text) {
@@ -70,11 +66,11 @@ void AppendMember(std::string& out, std::string_view name, uint64_t number) {
   AppendNumber(out, number);
 }
 
-/// `{"name":"FieldNum","from":9,"to":10,"text":`
-FieldFronts::Fronts JsonFrontsOf(const ShownRecord& record) {
-  FieldFronts::Fronts fronts;
+/// `,{"name":"FieldValue","from":11,"to":28,"text":`; the first has no comma.
+PrintedFields::Fronts JsonFrontsOf(const ShownRecord& record) {
+  PrintedFields::Fronts fronts;
   for (const ShownField& field : record.fields) {
-    std::string& front = fronts.emplace_back(R"({"name":")").append(field.name);
+    std::string& front = fronts.emplace_back(fronts.empty() ? "" : ",").append(R"({"name":")").append(field.name);
     AppendMember(front, R"(","from":)", static_cast<uint64_t>(field.from));
     AppendMember(front, R"(,"to":)", static_cast<uint64_t>(field.to));
     front += R"(,"text":)";
@@ -131,7 +127,7 @@ void AppendJsonString(std::string& out, std::string_view utf8) {
     out += Json(utf8).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-JsonPrinter::JsonPrinter() : fronts_(JsonFrontsOf) {}
+JsonPrinter::JsonPrinter() : fields_(JsonFrontsOf) {}
 
 /// Kind and sequence are null for a line that is no record.
 void JsonPrinter::Append(std::string& out, const ShownRecord& record) {
@@ -151,12 +147,12 @@ void JsonPrinter::Append(std::string& out, const ShownRecord& record) {
   AppendMember(out, R"(,"length":)", record.length);
   out += R"(,"text":)";
   AppendText(out, record.record, stands);
-  const FieldFronts::Fronts& fronts = fronts_.Of(record);
-  auto front = fronts.begin();
-  AppendList(out, R"(,"fields":)", record.fields, [&](const ShownField& field) {
-    out += *front++;
-    AppendField(out, field, record.TextOf(field), stands);
+  out += R"(,"fields":[)";
+  fields_.Append(out, record, [&](std::string& print, const ShownField& field, const std::string& front) {
+    print += front;
+    AppendField(print, field, record.TextOf(field), stands);
   });
+  out += ']';
   AppendList(out, R"(,"problems":)", record.problems, [&](const Note& note) { AppendNote(out, note); });
   AppendList(out, R"(,"oddities":)", record.oddities, [&](const Note& note) { AppendNote(out, note); });
   out += '}';

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "tools/fiscalon/commands/field_fronts.h"
+#include "tools/fiscalon/commands/printed_fields.h"
 #include "tools/reading/shown_record.h"
 
 namespace fiscalon {
@@ -18,7 +18,7 @@ class JsonPrinter {
   void Append(std::string& out, const ShownRecord& record);
 
  private:
-  FieldFronts fronts_;
+  PrintedFields fields_;
 };
 
 /// Appends a string of JSON. What is not UTF-8 in it is replaced.

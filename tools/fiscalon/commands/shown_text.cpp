@@ -64,8 +64,8 @@ void AppendPlace(std::string& out, const ShownField& field) {
 }
 
 /// "      11-28  FieldValue  ", the names of all fields at one width.
-FieldFronts::Fronts TextFrontsOf(const ShownRecord& record) {
-  FieldFronts::Fronts fronts;
+PrintedFields::Fronts TextFrontsOf(const ShownRecord& record) {
+  PrintedFields::Fronts fronts;
   size_t nameWidth = 0;
   for (const ShownField& field : record.fields) nameWidth = std::max(nameWidth, field.name.size());
   for (const ShownField& field : record.fields) {
@@ -76,10 +76,19 @@ FieldFronts::Fronts TextFrontsOf(const ShownRecord& record) {
   return fronts;
 }
 
+/// Of the texts of those fields that have a line.
+size_t WidthOfTexts(const ShownRecord& record) {
+  size_t width = 0;
+  for (const ShownField& field : record.fields)
+    if (IsWorthALine(field))
+      width = std::max(width, record.TextOf(field).size());
+  return width;
+}
+
 }  // namespace
 
 RecordPrinter::RecordPrinter(const ShownStyle& style)
-    : style_(style), money_(style.locale), fold_(FoldAt(style.width)), fronts_(TextFrontsOf) {}
+    : style_(style), money_(style.locale), fold_(FoldAt(style.width)), fields_(TextFrontsOf) {}
 
 void RecordPrinter::Append(std::string& out, const ShownRecord& record) {
   AppendHeading(out, record);
@@ -136,26 +145,23 @@ std::string RecordPrinter::PaintMarks(const std::string& marks) const {
 }
 
 void RecordPrinter::AppendFields(std::string& out, const ShownRecord& record) {
-  const FieldFronts::Fronts& fronts = fronts_.Of(record);
   size_t textWidth = 0;
-  for (const ShownField& field : record.fields)
-    if (IsWorthALine(field))
-      textWidth = std::max(textWidth, record.TextOf(field).size());
-  for (size_t i = 0; i < record.fields.size(); ++i) {
-    const ShownField& field = record.fields[i];
+  fields_.Append(out, record, [&](std::string& print, const ShownField& field, const std::string& front) {
     if (!IsWorthALine(field))
-      continue;
+      return;
+    if (textWidth == 0)
+      textWidth = WidthOfTexts(record);
     const std::string_view text = record.TextOf(field);
-    out += fronts[i];
+    print += front;
     if (field.sense == Sense::Blank)
-      AppendDottedBlanks(out, text.size());
+      AppendDottedBlanks(print, text.size());
     else
-      AppendDotted(out, text);
-    out.append(textWidth - text.size() + 2, ' ');
-    AppendRemark(out, field, text, money_);
-    out.resize(TrimRight(out).size());
-    out += '\n';
-  }
+      AppendDotted(print, text);
+    print.append(textWidth - text.size() + 2, ' ');
+    AppendRemark(print, field, text, money_);
+    print.resize(TrimRight(print).size());
+    print += '\n';
+  });
 }
 
 void PrintRecords(std::ostream& out, const std::vector<ShownRecord>& records, const ShownStyle& style) {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/fiscalon/commands/field_fronts.h"
+#include "tools/fiscalon/commands/printed_fields.h"
 #include "tools/fiscalon/context.h"
 #include "tools/reading/field_remark.h"
 #include "tools/reading/shown_record.h"
@@ -40,7 +40,7 @@ class RecordPrinter {
   ShownStyle style_;
   MoneyWords money_;
   size_t fold_;
-  FieldFronts fronts_;
+  PrintedFields fields_;
 };
 
 /// Each of them, one behind the other.
