@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace fiscalon {
 namespace {
 
@@ -28,6 +30,18 @@ TEST(ParseDateTime, RefusesWhatIsNone) {
   for (const char* time :
        {"1", "24:00", "13:60", "13:05:60", "13.05", "13:05-09", "1:05:09", "13:05:9", "-1:05", "ab:cd"})
     EXPECT_FALSE(ParseDateTime("2026-06-15", time)) << time;
+}
+
+TEST(DollarNameAt, BeginsWithALetterAndGoesOnToWhatIsNone) {
+  for (const char* name : {"$A", "$Z", "$a", "$z", "$a1", "$Ab_9z"}) {
+    EXPECT_EQ(DollarNameAt(name, 0), name);
+    EXPECT_EQ(DollarNameAt(std::string("x") + name + "-y", 1), name);
+  }
+  for (const char* text : {"", "$", "$1", "$_a", "$@", "$[", "$`", "${", "a", "$$a"})
+    EXPECT_EQ(DollarNameAt(text, 0), "") << text;
+  EXPECT_EQ(DollarNameAt("$a", 1), "");
+  EXPECT_EQ(DollarNameAt("$a", 2), "");
+  EXPECT_EQ(DollarNameAt("$a", 3), "");
 }
 
 TEST(ParseNumber, ReadsDecimalAndHexadecimal) {

@@ -46,6 +46,7 @@ TEST(WithPlainLineEnds, MakesOneOfEveryKind) {
   EXPECT_EQ(WithPlainLineEnds("a\r\nb\rc\nd"), "a\nb\nc\nd");
   EXPECT_EQ(WithPlainLineEnds("a\r\n"), "a\n");
   EXPECT_EQ(WithPlainLineEnds("a\r"), "a\n");
+  EXPECT_EQ(WithPlainLineEnds("\r\na"), "\na");
   EXPECT_EQ(WithPlainLineEnds("\r\r\n"), "\n\n");
 }
 

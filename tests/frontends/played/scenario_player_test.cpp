@@ -47,6 +47,12 @@ TEST(ScenarioPlayer, BoxUnclaimedAtTheEndFailsTheScenario) {
                "message critical \"A box.\\nTwo lines.\"");
 }
 
+// One line beeps and then closes the form by the fourth button behind.
+TEST(ScenarioPlayer, BeepUnclaimedBeforeTheNextShowFailsTheScenario) {
+  ExpectFailed("show 15\n focus cmdBeep\n type \" \\t\\t\\t\\t \"\nshow 15\n close 0\n", 3,
+               "nothing that no line expects", "beep");
+}
+
 TEST(ScenarioPlayer, MessageNeedsABox) {
   ExpectFailed("show 15\n click txtA\n expect message critical x\n", 3, "message critical x", "nothing was shown");
 }
@@ -148,7 +154,8 @@ TEST(ScenarioPlayer, ErrorsAreExpectedByNumberSourceAndDescription) {
 TEST(ScenarioPlayer, ErrorThatNoLineExpectsFailsTheScenario) {
   EXPECT_FALSE(Play("show 16\n").passed);
   EXPECT_EQ(Play("show 16\n").seen, "error 6 Fiscalon.ShowLevyraScreen Overflow");
-  EXPECT_FALSE(Play("show 16\nshow 15\n close 0\n").passed);
+  ExpectFailed("show 16\nshow 15\n close 0\n", 2, "no error of the show before",
+               "error 6 Fiscalon.ShowLevyraScreen Overflow");
   ExpectFailed("show 16\nexpect result False\n", 2, "result False", "error 6 Fiscalon.ShowLevyraScreen Overflow");
 }
 
@@ -204,6 +211,14 @@ TEST(ScenarioPlayer, TheFoldersNameMayStandInAnyArgument) {
   ExpectPassed("host CompName \"$TMP and $TMP\"\nshow 15\n expect title \"$TMP and $TMP\"\n close 0\n");
   ExpectPassed("show 15\n paste $TMP\n expect text lblSeen \"Seen /tmp/\"\n close 0\n",
                {});  // the first five characters of the folder's name
+}
+
+TEST(ScenarioPlayer, TheFoldersNameMayStandInAnArgumentMoreThanOnce) {
+  const PlayResult result = Play("host CompName \"$TMP and $TMP\"\nshow 15\n expect title x\n");
+  const size_t end = result.seen.find(" and ");
+  ASSERT_NE(end, std::string::npos) << result.seen;
+  const std::string folder = result.seen.substr(1, end - 1);
+  EXPECT_EQ(result.seen, "\"" + folder + " and " + folder + "\"");
 }
 
 TEST(ScenarioPlayer, FoldersAreMadeWithThoseAboveThem) {

@@ -180,6 +180,18 @@ TEST_F(SessionRecorderTest, PutsWhatIsTakenOutOfTheMiddleIntoKeys) {
             "type 1345\nkey Left\nkey Left\nkey Backspace\n");
 }
 
+TEST_F(SessionRecorderTest, PastesWhatReplacesTheMiddle) {
+  EXPECT_EQ(Recorded(Joined({Typed1345(), {EditAct{&form.txtA, "1945", {.start = 2}}}})),
+            "type 1345\nkey Left\nkey Left\nkey Backspace\npaste 9\n");
+}
+
+TEST_F(SessionRecorderTest, PastesOneOfSeveralLikeCharactersWhereTheCaretIs) {
+  EXPECT_EQ(Recorded(Joined({Types(form.txtA, '1', "1", 1),
+                             Types(form.txtA, '1', "11", 2),
+                             {Selects{&form.txtA, {.start = 0}}, EditAct{&form.txtA, "111", {.start = 1}}}})),
+            "type 11\nkey Left\nkey Left\npaste 1\n");
+}
+
 TEST_F(SessionRecorderTest, PastesBehindAKeyThatTheFormDropped) {
   EXPECT_EQ(Recorded({BringFocusAct{&form.txtB}, Stroke('x'), EditAct{&form.txtB, "77", {.start = 2}}}),
             "focus txtB\ntype x\npaste 77\n");
