@@ -14,6 +14,41 @@ static void PrintTo(const KeyStroke& stroke, std::ostream* out) {
 
 namespace {
 
+TEST(Key, HasTheCodeThatHandlersKnow) {
+  const std::pair<int, int> rows[] = {
+      {key::kBackspace, 8},   {key::kTab, 9},           {key::kLineFeed, 10},   {key::kEnter, 13},
+      {key::kShift, 16},      {key::kControl, 17},      {key::kAlt, 18},        {key::kCapsLock, 20},
+      {key::kEscape, 27},     {key::kSpace, 32},        {key::kPageUp, 33},     {key::kPageDown, 34},
+      {key::kEnd, 35},        {key::kHome, 36},         {key::kLeft, 37},       {key::kUp, 38},
+      {key::kRight, 39},      {key::kDown, 40},         {key::kInsert, 45},     {key::kDelete, 46},
+      {key::kLeftSystem, 91}, {key::kRightSystem, 92},  {key::kF1, 112},        {key::kF24, 135},
+      {key::kNumLock, 144},   {key::kScrollLock, 145},  {key::kSemicolon, 186}, {key::kEquals, 187},
+      {key::kComma, 188},     {key::kMinus, 189},       {key::kPeriod, 190},    {key::kSlash, 191},
+      {key::kBackquote, 192}, {key::kOpenBracket, 219}, {key::kBackslash, 220}, {key::kCloseBracket, 221},
+      {key::kQuote, 222},     {key::kOther, 255},
+  };
+  for (const auto& [code, known] : rows) EXPECT_EQ(code, known);
+}
+
+TEST(ShiftState, AddsUp) {
+  EXPECT_EQ(shift_state::kNone, 0);
+  EXPECT_EQ(shift_state::kShift, 1);
+  EXPECT_EQ(shift_state::kControl, 2);
+  EXPECT_EQ(shift_state::kAlt, 4);
+}
+
+TEST(KeyStroke, IsNoKeyUnlessItSaysWhich) {
+  EXPECT_EQ(KeyStroke().keyCode, 0);
+  EXPECT_EQ(KeyStroke().shift, 0);
+  EXPECT_EQ(KeyStroke().character, 0);
+}
+
+TEST(KeyOutcome, LeavesNothingToDoUnlessItSaysWhat) {
+  EXPECT_FALSE(KeyOutcome().editing);
+  EXPECT_EQ(KeyOutcome().character, 0);
+  EXPECT_FALSE(KeyOutcome().characterFollows);
+}
+
 TEST(StrokeOf, TypesACharacterWithTheKeyThatBearsIt) {
   const std::vector<std::pair<char, KeyStroke>> rows = {
       {'5', {.keyCode = 53, .character = 53}},

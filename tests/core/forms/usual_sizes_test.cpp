@@ -52,6 +52,12 @@ TEST(CharactersOf, HasRoomForAnAmountInFieldsThatHoldOne) {
   EXPECT_EQ(CharactersOf(form.txtTotal), 14);
 }
 
+TEST(UsualSizes, OfListsAndOfTextsOfSeveralLinesAreTheSameEverywhere) {
+  EXPECT_EQ(kLinesOfText, 4);
+  EXPECT_EQ(kCharactersOfList, 66);
+  EXPECT_EQ(kRowsOfList, 8);
+}
+
 TEST(UsualSizes, AreThoseOfTheKindOfControl) {
   const SizedForm form;
   EXPECT_EQ(form.NamesWhere(GrowsWide), Notes{"lst"});

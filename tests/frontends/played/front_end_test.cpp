@@ -22,6 +22,13 @@ TEST(FrontEnd, CanBePlayedHereOrInAnotherProgram) {
   EXPECT_FALSE((FrontEnd{.played = NoToolkit}.CanBePlayed())) << "nobody could name it";
 }
 
+TEST(PictureLook, IsLightAndOfAUsualScreenUnlessItSaysOtherwise) {
+  const PictureLook look;
+  EXPECT_EQ(look.theme, PictureLook::Theme::Light);
+  EXPECT_EQ(look.format, PictureLook::Format::Png);
+  EXPECT_EQ(look.scale, 1);
+}
+
 TEST(FrontEndTable, KeepsItsRowsInTheirOrder) {
   constexpr auto kRows = FrontEndTable({{.name = "b", .played = NoToolkit}, {.name = "a", .runsIn = Go}});
   ASSERT_EQ(kRows.size(), 2U);
