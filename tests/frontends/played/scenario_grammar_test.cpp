@@ -128,6 +128,51 @@ TEST(ScenarioGrammar, ComplainsOfTheNumberOfArguments) {
             "s:1: \"expect error\" takes 3 arguments, NUMBER SOURCE DESCRIPTION; here are 2");
 }
 
+TEST(ScenarioGrammar, NamesTheArgumentsOfEveryLine) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"scenario", "1 argument, NAME"},
+      {"screens", "1 or more arguments, CODE..."},
+      {"name", "2 or more arguments, $NAME VALUE..."},
+      {"today", "1 or 2 arguments, DATE [TIME]"},
+      {"locale", "1 argument, NAME"},
+      {"language", "1 argument, NAME"},
+      {"host", "2 arguments, PROPERTY VALUE"},
+      {"folder", "1 argument, PATH"},
+      {"show", "1 argument, CODE"},
+      {"type", "1 argument, TEXT"},
+      {"key", "1 argument, NAME"},
+      {"focus", "1 argument, CONTROL"},
+      {"click", "1 argument, CONTROL"},
+      {"choose", "2 arguments, CONTROL TEXT"},
+      {"paste", "1 argument, TEXT"},
+      {"close", "1 argument, REASON"},
+      {"answer", "1 argument, BUTTON"},
+      {"expect message", "2 or 4 arguments, STYLE TEXT [title TITLE]"},
+      {"expect help", "2 arguments, FILE CONTEXT"},
+      {"expect focus", "1 argument, CONTROL"},
+      {"expect title", "1 argument, TEXT"},
+      {"expect open", "1 argument, yes|no"},
+      {"expect text", "2 arguments, CONTROL TEXT"},
+      {"expect selection", "2 arguments, CONTROL TEXT"},
+      {"expect items", "2 arguments, CONTROL N"},
+      {"expect enabled", "2 arguments, CONTROL yes|no"},
+      {"expect visible", "2 arguments, CONTROL yes|no"},
+      {"expect checked", "2 arguments, CONTROL yes|no"},
+      {"expect locked", "2 arguments, CONTROL yes|no"},
+      {"expect result", "1 argument, True|False"},
+      {"expect error", "3 arguments, NUMBER SOURCE DESCRIPTION"},
+      {"expect chosen", "1 argument, True|False"},
+      {"expect records", "1 argument, N"},
+      {"expect record", "2 arguments, I TEXT"},
+      {"expect length", "2 arguments, I N"},
+      {"expect invoice", "4 arguments, I DATE AMOUNT DESCRIPTION"},
+      {"expect file", "2 arguments, PATH yes|no"},
+      {"expect line", "3 arguments, PATH I TEXT"},
+  };
+  for (const auto& [words, takes] : rows)
+    EXPECT_EQ(ComplaintOf(words), "s:1: \"" + std::string(words) + "\" takes " + takes + "; here are 0");
+}
+
 TEST(ScenarioGrammar, ComplainsOfAMessageThatIsNotWhole) {
   const std::string complaint = "\"expect message\" takes 2 or 4 arguments, STYLE TEXT [title TITLE]; here are ";
   EXPECT_EQ(ComplaintOf("expect message critical"), "s:1: " + complaint + "1");
@@ -140,6 +185,7 @@ TEST(ScenarioGrammar, ComplainsOfArgumentsThatDoNotFit) {
   const std::pair<const char*, const char*> rows[] = {
       {"today 2026-6-15", "expected a date such as 2026-06-15, not \"2026-6-15\""},
       {"today 2026-06-15 25:00", "expected a time such as 13:05:09, not \"25:00\""},
+      {"language de", "expected a language: en or fr, not \"de\""},
       {"locale de-DE", "expected a locale: en-CA, en-US, fr-CA or system, not \"de-DE\""},
       {"key F1",
        "expected a key: Tab, Shift+Tab, Enter, Escape, Backspace, Delete, Space, Left, Right, Up, Down, Home, End, "
