@@ -18,8 +18,8 @@ could see. *Same* are those that nobody could see; the reasons stand below each 
 *Early* are those that the compiler must know and that were not tried, *refused* those that do not compile."""
 NEAR = """\
 
-It was a first look: only the tests of a source's own folder were asked, and what others alone would see is *alive*.
-Folders that are not told of here were not looked at."""
+It was a first look: the tests of a source's own folder and the scenarios were asked, and the others of what these left
+alive without a reason. Folders that are not told of here were not looked at."""
 ROW_HEAD = (
     "| Source | Spots | Drawn | Killed | Same | Alive | Early | Refused |",
     "|---|---:|---:|---:|---:|---:|---:|---:|",
