@@ -47,10 +47,28 @@ TEST(ScenarioPlayer, BoxUnclaimedAtTheEndFailsTheScenario) {
                "message critical \"A box.\\nTwo lines.\"");
 }
 
-// One line beeps and then closes the form by the fourth button behind.
-TEST(ScenarioPlayer, BeepUnclaimedBeforeTheNextShowFailsTheScenario) {
-  ExpectFailed("show 15\n focus cmdBeep\n type \" \\t\\t\\t\\t \"\nshow 15\n close 0\n", 3,
-               "nothing that no line expects", "beep");
+// The form is closed by the line that beeps: by the fourth button behind the one that does.
+TEST(ScenarioPlayer, BeepUnclaimedBehindTheFormFailsTheScenario) {
+  const std::string beepsAndCloses = "show 15\n focus cmdBeep\n type \" \\t\\t\\t\\t \"\n";
+  ExpectPassed(beepsAndCloses + "expect beep\n");
+  ExpectFailed(beepsAndCloses, 3, "nothing that no line expects", "beep");
+  ExpectFailed(beepsAndCloses + "show 15\n close 0\n", 3, "nothing that no line expects", "beep");
+}
+
+// Windows that show a box without a title bear the application's name.
+TEST(ScenarioPlayer, TitleThatIsTheApplicationsNameIsNone) {
+  ScriptedToolkit toolkit;
+  PlayWatcher watcher;
+  watcher.handlerRuns = [&](const std::string& handler) {
+    if (handler == "cmdBeep_Click")
+      toolkit.ShowMessage({.text = "Native.", .style = MessageStyle::Plain, .title = "Fiscalon"});
+  };
+  std::string title = "none was answered";
+  watcher.boxAnswered = [&](const BoxRequest& box, MessageAnswer /*answer*/, Form* /*form*/) { title = box.title; };
+  const Scenario scenario =
+      ParseScenario("s", "show 15\n click cmdBeep\n expect message plain Native.\n expect beep\n close 0\n");
+  EXPECT_TRUE(ScenarioPlayer(toolkit, {}, watcher).Play(scenario).passed);
+  EXPECT_EQ(title, "");
 }
 
 TEST(ScenarioPlayer, MessageNeedsABox) {
