@@ -8,6 +8,7 @@
 
 #include "core/forms/button.h"
 #include "core/forms/keys.h"
+#include "core/forms/laid_out.h"
 #include "core/forms/layout.h"
 #include "core/launch.h"
 #include "core/screen.h"
@@ -49,6 +50,15 @@ TEST(TabOrder, IsThatOfTheTabIndexesOnEveryForm) {
     for (const Control* control : screen->TabOrder())
       controls.push_back((control->TabIndex() < 0 ? "-" : std::to_string(control->TabIndex())) + " " + control->Name());
     EXPECT_THAT(controls, testing::ElementsAreArray(told.controls));
+  }
+}
+
+TEST(StandingOut, IsWhatIsPaidWhereItIsATotal) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"06", "PaymentEnclosed"}, {"18", "txtAmountPayable"}, {"20", "txtAmountPayable"}, {"25", "txtAmountPayable"}};
+  for (const auto& [code, field] : rows) {
+    const std::shared_ptr<Screen> screen = FindLaunchRow(code)->make();
+    EXPECT_TRUE(StandingOut(*screen).contains(screen->FindControl(field))) << code;
   }
 }
 

@@ -314,6 +314,16 @@ TEST_F(CorporateIncome, OkMakesAnEmptyInstalmentZeroAndRefusesIt) {
   });
 }
 
+TEST_F(CorporateIncome, OkTrimsTheInstalmentOfAnAmountOwingToo) {
+  Show<GOVCORPINCOME>("02", [this](GOVCORPINCOME& form, UserDriver& user) {
+    form.InstalmentPayment.Text(" 1.00 ");
+    form.ArrearsPayment.Text("0");
+    user.Click(form.Command3D6);
+    ExpectOneCriticalBox(kNothingOwing);
+    EXPECT_EQ(form.InstalmentPayment.Text(), "1.00");
+  });
+}
+
 TEST_F(CorporateIncome, OkMakesAnEmptyAmountOwingZeroAndRefusesIt) {
   Show<GOVCORPINCOME>("02", [this](GOVCORPINCOME& form, UserDriver& user) {
     form.ArrearsPayment.Text(" ");
