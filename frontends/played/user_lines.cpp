@@ -13,10 +13,7 @@ void Type(ScenarioRun& run, const Arguments& arguments) {
   for (size_t i = 0; i < text.size(); ++i) {
     if (!run.FormIsUp())
       run.Fail("a form to type into", "the form was closed before \"" + ToUtf8(text.substr(i)) + "\"");
-    if (text[i] == '\t')
-      run.User().PressKey(*StrokeNamed("Tab"));
-    else
-      run.User().Type(text[i]);
+    run.User().Type(text[i]);
   }
 }
 
