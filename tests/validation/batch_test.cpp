@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "core/records/record_composer.h"
+#include "tests/support/bulk_payment.h"
 #include "tests/support/module_test.h"
 #include "tests/support/plain_validator.h"
 #include "tests/support/raises.h"
@@ -318,6 +319,20 @@ TEST_F(ValidateBatchTest, RefusesAListAndRecordsThatAreWrittenToMeanwhile) {
                            ? std::string()
                            : folder.Path(written) + ": the file changed while it was read");
   }
+}
+
+TEST_F(ValidateBatchTest, NamesARowLeftOverThatIsLikeTheFirst) {
+  // Payments as screens write them, which are found good before their rows are read.
+  Batch batch;
+  for (const char* const seq : {"0001", "0002"}) {
+    for (std::string record : AgencyPayment(GoodAgencyFields()).records)
+      batch.records += QuotedLine(record.replace(3, 4, seq));
+    batch.payments += std::string(seq) + ",03,,12345\n";
+  }
+  EXPECT_EQ(Validate(batch), "0001,03,yes,\n0002,03,yes,\n");
+  // With room behind it to look ahead.
+  batch.payments += "0001,03,,12345\n0003,03,,12345\n0004,03,,12345\n0005,03,,12345\n";
+  EXPECT_EQ(Validate(batch), "batch.csv:4: payment '0001' has no records");
 }
 
 TEST_F(ValidateBatchTest, NamesAPaymentThatIsTornApart) {

@@ -294,6 +294,7 @@ TEST(RowFeed, RefusesAnotherHeader) {
   for (const std::string_view utf16 : {std::string_view("\xFF\xFEs\0e\0", 6), std::string_view("\xFE\xFF\0s\0e", 6),
                                        std::string_view("s\0e\0q\0", 6), std::string_view("\0s\0e\0q", 6)})
     EXPECT_EQ(error(std::string(utf16)), "batch.csv:1: the list is in UTF-16; save it in UTF-8");
+  EXPECT_EQ(error(std::string("se\0q", 4)), "batch.csv:1: the first line is not seq,screen,biller,amount");
   EXPECT_EQ(error(std::string(1'000'000, ',')), "batch.csv:1: the first line is not seq,screen,biller,amount");
 }
 
