@@ -67,6 +67,21 @@ TEST(KnownFields, AreThoseOfTheRecordWhateverStoodBeforeIt) {
   }
 }
 
+TEST(KnownFields, AreReadAnewWhicheverColumnDiffers) {
+  for (const char kind : std::string_view("TFGPRI")) {
+    const std::string record = Ruled(std::string("PC40001") + kind);
+    for (size_t column = kHeadLength; column < kRecordLength; ++column) {
+      for (size_t other = kHeadLength; other < column; other += 7) {
+        std::string changed = record;
+        changed[column] = changed[other] = '7';
+        KnownFields known;
+        Followed(known, 1, record, "");
+        ASSERT_EQ(ToldOf(Followed(known, 2, changed, "")), ToldOf(Understood(changed, ""))) << changed;
+      }
+    }
+  }
+}
+
 std::vector<uint64_t> SinceWhen(const ShownRecord& shown) {
   std::vector<uint64_t> since;
   for (const ShownField& field : shown.fields) since.push_back(field.since);
