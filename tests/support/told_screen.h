@@ -56,7 +56,12 @@ struct ToldScreen {
   std::string title = {};
   std::vector<Told> controls = {};
   // What comes of OK while nothing is entered; nothing where it accepts.
-  std::vector<std::string> boxes = {};
+  struct Box {
+    /// Empty for the host's own name.
+    std::string title;
+    std::string text;
+  };
+  std::vector<Box> boxes = {};
   std::string status = {};
   std::string focus = {};
 };
@@ -109,7 +114,7 @@ class TellingToolkit final : public DrivenToolkit {
     form.Hide();
   }
   MessageAnswer ShowMessage(const BoxRequest& box) override {
-    told.boxes.push_back(ToUtf8(box.text));
+    told.boxes.push_back({.title = ToUtf8(box.title), .text = ToUtf8(box.text)});
     return box.DefaultAnswer();
   }
 };

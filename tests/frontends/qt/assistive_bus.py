@@ -124,6 +124,8 @@ class Scenario:
 class Shown:
     """A program with a window."""
 
+    HOST = "Fiscalon"
+
     def __init__(self, *command):
         self.process = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
         self.top = until(f"{command[0]} is not on the bus", self.first_window)
@@ -153,8 +155,8 @@ class Shown:
         """In any window of the program."""
         return until(f"there is no {role} '{name}'", lambda: named(self.top.get_parent(), role, name))
 
-    def answer(self, question, button):
-        """Presses a button of the box that asks this."""
+    def answer(self, question, button, title=None):
+        """Presses a button of the box that asks this, and has the focus on one of its buttons."""
         def box():
             windows = (self.top.get_parent().get_child_at_index(i)
                        for i in range(self.top.get_parent().get_child_count()))
@@ -162,6 +164,9 @@ class Shown:
             return next((window for window in windows if window and window.get_role_name() == "alert"), None)
         asked = until(f"no box asks '{question}'", box)
         until(f"the box does not ask '{question}'", lambda: named(asked, "label", question))
+        expect("the box's title", asked.get_name(), title or self.HOST)
+        until("no button of the box has the focus", lambda: any(
+            has(node, Atspi.StateType.FOCUSED) for node in beneath(asked) if node.get_role_name() == "push button"))
         act(named(asked, "push button", button), "Press")
         until(f"the box that asks '{question}' stays", lambda: box() is None)
 

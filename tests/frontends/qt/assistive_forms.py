@@ -44,7 +44,7 @@ def all_expected():
         elif what == "control":
             form.controls.append(Control(*words[:7], set(words[7:])))
         elif what == "box":
-            form.boxes.append(words[0])
+            form.boxes.append(words)
         elif what == "status":
             form.status = words[0]
         elif what == "focus":
@@ -79,7 +79,8 @@ class ComparedForm(Form):
                 fail(f"no {told} for {control.name}")
             self.nodes[control.name] = found[told].pop(0)
         expect("entries that the layout does not have",
-               [told for told, left in found.items() if left and told[0] in ("text", "combo box", "check box")], [])
+               [told for told, left in found.items() if left and told[0] in
+                ("text", "combo box", "check box", "radio button", "push button")], [])
         return self
 
     def compare(self):
@@ -120,8 +121,8 @@ class ComparedForm(Form):
         act(ok, "Press")
         # The press is shown for a moment before it counts.
         until("OK stays down", lambda: not has(ok, Atspi.StateType.PRESSED))
-        for text in self.expected.boxes:
-            self.answer(text, "OK")
+        for title, text in self.expected.boxes:
+            self.answer(text, "OK", title)
         if self.expected.status:
             self.find("notification", self.expected.status)
             expect("what the entry says", description_of(self.nodes[self.expected.focus]), self.expected.status)

@@ -65,7 +65,7 @@ def invoice_payments():
         cancel = form.find("push button", "Cancel an Invoice")
         until("a selected invoice cannot be cancelled", lambda: has(cancel, Atspi.StateType.ENABLED))
         act(cancel, "Press")
-        form.answer("Are you sure you wish to delete this invoice payment?", "Yes")
+        form.answer("Are you sure you wish to delete this invoice payment?", "Yes", "Invoice Payments Details")
         until("the invoice stays in the list", lambda: form.row("MISTAKE") is None)
         invoice("20260602", "INV-101", "23.45")
         invoice("20260603", "INV-102", "50.00")

@@ -3,7 +3,7 @@
 //   form FILE SCENARIO TITLE
 //   control NAME KIND TOLD DESCRIPTION LABEL KEY TYPED STATE...
 // and what comes of OK while nothing is entered; nothing where it accepts:
-//   box TEXT
+//   box TITLE TEXT
 //   status TEXT
 //   focus NAME
 
@@ -45,7 +45,7 @@ void Tell(const AssistedScenario& assisted) {
     for (const std::string& state : told.states) std::cout << '\t' << state;
     std::cout << '\n';
   }
-  for (const std::string& box : screen.boxes) std::cout << "box\t" << box << '\n';
+  for (const auto& box : screen.boxes) std::cout << "box\t" << box.title << '\t' << box.text << '\n';
   if (!screen.focus.empty())
     std::cout << "status\t" << screen.status << "\nfocus\t" << screen.focus << '\n';
 }

@@ -110,7 +110,7 @@ class AssistedToolkit final : public DrivenToolkit {
       user.Click(*form.FormLayout().buttons.front());
     }
     std::vector<std::string> boxes;
-    for (const std::string& box : expected_.boxes) boxes.push_back(FromUtf8(box));
+    for (const auto& box : expected_.boxes) boxes.push_back(FromUtf8(box.text));
     EXPECT_EQ(refusals_, boxes);
     EXPECT_EQ(user.FocusName(), expected_.focus);
     if (!expected_.status.empty()) {
