@@ -11,6 +11,15 @@ bool IsSelf(const VARIANT& child) {
   return child.vt == VT_I4 && child.lVal == CHILDID_SELF;
 }
 
+bool IsPart(const VARIANT& child) {
+  return child.vt == VT_I4 && child.lVal > CHILDID_SELF;
+}
+
+/// Counted from 0, as programs do not.
+int PartOf(const VARIANT& child) {
+  return child.lVal - 1;
+}
+
 HRESULT GiveText(const std::wstring& text, BSTR* to) {
   if (to == nullptr)
     return E_INVALIDARG;
@@ -58,17 +67,60 @@ class AccessibleWindow final : public Counted<IAccessible> {
     return Tell(child, tell, [&] { return standard_.get_accRole(child, role); });
   }
   HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* state) override {
-    const HRESULT result = source_ == nullptr ? S_OK : standard_.get_accState(child, state);
+    const auto standard = [&] { return standard_.get_accState(child, state); };
     const auto tell = [&](const ToldWindow& told) {
-      state->lVal = (state->lVal & ~told.decided) | told.states;
+      // Wine knows no rows.
+      const LONG before = SUCCEEDED(standard()) ? state->lVal : 0;
+      state->vt = VT_I4;
+      state->lVal = (before & ~told.decided) | told.states;
       return S_OK;
     };
-    return FAILED(result) ? result : Tell(child, tell, [&] { return result; });
+    return Tell(child, tell, standard);
   }
   HRESULT STDMETHODCALLTYPE get_accValue(VARIANT child, BSTR* value) override {
     const auto standard = [&] { return standard_.get_accValue(child, value); };
     const auto tell = [&](const ToldWindow& told) { return told.value ? GiveText(*told.value, value) : standard(); };
     return Tell(child, tell, standard);
+  }
+
+  HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* count) override {
+    const auto tell = [&]() -> AccessibleSource::Answer {
+      const auto rows = source_->ToldOfRows();
+      const auto parts = rows ? rows->count : static_cast<int>(source_->ToldWindows().size());
+      if (!rows && parts == 0)
+        return std::nullopt;
+      *count = parts;
+      return S_OK;
+    };
+    return Ask(tell, [&] { return standard_.get_accChildCount(count); });
+  }
+  HRESULT STDMETHODCALLTYPE get_accChild(VARIANT child, IDispatch** object) override {
+    const auto tell = [&]() -> AccessibleSource::Answer {
+      if (!IsPart(child))
+        return std::nullopt;
+      // A row has no object of its own.
+      *object = nullptr;
+      if (source_->ToldOfRow(PartOf(child)))
+        return S_FALSE;
+      const std::vector<HWND> windows = source_->ToldWindows();
+      const auto part = static_cast<size_t>(PartOf(child));
+      if (part >= windows.size())
+        return std::nullopt;
+      return ::AccessibleObjectFromWindow(windows[part], static_cast<DWORD>(OBJID_CLIENT), __uuidof(IDispatch),
+                                          reinterpret_cast<void**>(object));
+    };
+    return Ask(tell, [&] { return standard_.get_accChild(child, object); });
+  }
+  HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* children) override {
+    const auto tell = [&]() -> AccessibleSource::Answer {
+      const auto rows = source_->ToldOfRows();
+      if (!rows)
+        return std::nullopt;
+      children->vt = rows->chosen < 0 ? VT_EMPTY : VT_I4;
+      children->lVal = rows->chosen + 1;
+      return S_OK;
+    };
+    return Ask(tell, [&] { return standard_.get_accSelection(children); });
   }
 
   // What it does.
@@ -96,10 +148,6 @@ class AccessibleWindow final : public Counted<IAccessible> {
 
   // What the system tells and does.
   HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** parent) override { return standard_.get_accParent(parent); }
-  HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* count) override { return standard_.get_accChildCount(count); }
-  HRESULT STDMETHODCALLTYPE get_accChild(VARIANT child, IDispatch** object) override {
-    return standard_.get_accChild(child, object);
-  }
   HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT child, BSTR* help) override {
     return standard_.get_accHelp(child, help);
   }
@@ -107,9 +155,6 @@ class AccessibleWindow final : public Counted<IAccessible> {
     return standard_.get_accHelpTopic(file, child, topic);
   }
   HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* child) override { return standard_.get_accFocus(child); }
-  HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* children) override {
-    return standard_.get_accSelection(children);
-  }
   HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT child, BSTR* action) override {
     return standard_.get_accDefaultAction(child, action);
   }
@@ -146,15 +191,18 @@ class AccessibleWindow final : public Counted<IAccessible> {
     return id == __uuidof(IDispatch) ? static_cast<IDispatch*>(this) : Counted::Find(id);
   }
 
-  AccessibleSource::Answer PickLater(const VARIANT& row) {
-    return row.vt == VT_I4 && row.lVal != CHILDID_SELF ? source_->PickLater(row.lVal - 1) : std::nullopt;
+  AccessibleSource::Answer PickLater(const VARIANT& child) {
+    return IsPart(child) ? source_->PickLater(PartOf(child)) : std::nullopt;
   }
 
-  /// Of the window itself the form tells, of its parts the system.
+  /// Of the window itself the form tells, and of its rows, of all other parts the system.
   template <class Form, class Standard>
   HRESULT Tell(const VARIANT& child, Form&& form, Standard&& standard) {
     const auto tell = [&]() -> AccessibleSource::Answer {
-      return IsSelf(child) ? AccessibleSource::Answer(form(source_->Told())) : std::nullopt;
+      if (IsSelf(child))
+        return form(source_->Told());
+      const auto row = IsPart(child) ? source_->ToldOfRow(PartOf(child)) : std::nullopt;
+      return row ? AccessibleSource::Answer(form(*row)) : std::nullopt;
     };
     return Ask(tell, standard);
   }

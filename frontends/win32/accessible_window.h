@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "frontends/win32/windows_api.h"
 
@@ -9,8 +10,8 @@ namespace fiscalon::win32 {
 
 class AccessibleWindow;
 
-/// What assistive programs are told of a window by the form. The rest, such as its place or the rows of a list, is the
-/// system's to say.
+/// What assistive programs are told of a window by the form, or of a row of a list box. The rest, such as its place, is
+/// the system's to say.
 struct ToldWindow {
   /// ROLE_SYSTEM_DIALOG and the like.
   LONG role = 0;
@@ -25,10 +26,23 @@ struct ToldWindow {
   std::optional<std::wstring> value = {};
 };
 
+/// The rows that are parts of a window.
+struct ToldRows {
+  int count = 0;
+  /// Counted from 0; negative for none.
+  int chosen = -1;
+};
+
 /// Whoever has a window of a form, for the object that assistive programs get of it.
 class AccessibleSource {
  public:
   virtual ToldWindow Told() const = 0;
+  // Without any its parts are the system's to tell.
+  /// Those within that have objects of their own, in the order that a reader meets them.
+  virtual std::vector<HWND> ToldWindows() const { return {}; }
+  virtual std::optional<ToldRows> ToldOfRows() const { return std::nullopt; }
+  /// Counted from 0.
+  virtual std::optional<ToldWindow> ToldOfRow(int /*row*/) const { return std::nullopt; }
 
   /// What a program is answered that asks for an act; nothing where the system is to answer.
   using Answer = std::optional<HRESULT>;

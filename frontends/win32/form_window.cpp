@@ -99,11 +99,8 @@ void FormWindow::MakeWindows(HWND owner) {
                             0, 0, 0, 0, window_, nullptr, OwnModule(), this);
   if (body_ == nullptr)
     ThrowLastError("the form's window can't be shown");
-  status_ =
-      ::CreateWindowExW(0, L"STATIC", L"", WS_CHILD | SS_NOPREFIX, 0, 0, 0, 0, window_, nullptr, OwnModule(), nullptr);
-  if (status_ == nullptr)
-    ThrowLastError("the form's status can't be shown");
-  ::SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_->Font(FontKind::Plain)), FALSE);
+  status_.Create(window_);
+  status_.Restyle(fonts_->Font(FontKind::Plain));
   // Access keys are underlined and the focus is marked from the beginning.
   ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
   CaptionChanged();
@@ -175,8 +172,8 @@ void FormWindow::LayOut() {
 
   PlaceControls(layout.Places(), {margin.cx, margin.cy - scrolled_});
   PlaceControls(layout.Buttons(client.right - 2 * margin.cx), {margin.cx, rowTop});
-  ::SetWindowPos(status_, nullptr, margin.cx, client.bottom - margin.cy - heightOfStatus_, client.right - 2 * margin.cx,
-                 heightOfStatus_, SWP_NOZORDER | SWP_NOACTIVATE);
+  ::SetWindowPos(status_.Window(), nullptr, margin.cx, client.bottom - margin.cy - heightOfStatus_,
+                 client.right - 2 * margin.cx, heightOfStatus_, SWP_NOZORDER | SWP_NOACTIVATE);
   std::vector<RECT> lines = layout.Lines();
   for (RECT& line : lines) ::OffsetRect(&line, margin.cx, margin.cy - scrolled_);
   PlaceLines(lines);
@@ -189,7 +186,7 @@ void FormWindow::NameFields() {
 
 int FormWindow::RoomOfStatus(int width) {
   // Its place stays when it is silent again: buttons must not move under a mouse that is down.
-  const std::wstring text = TextOfWindow(status_);
+  const std::wstring text = status_.Text();
   if (!text.empty())
     heightOfStatus_ = std::max(heightOfStatus_, fonts_->HeightWithin(width, text));
   return heightOfStatus_ == 0 ? 0 : heightOfStatus_ + fonts_->Y(kAboveStatus);
@@ -197,16 +194,13 @@ int FormWindow::RoomOfStatus(int width) {
 
 void FormWindow::ShowStatus() {
   const std::wstring text = ToWide(StatusOf(form_));
-  if (TextOfWindow(status_) == text)
+  if (!status_.Say(text))
     return;
-  ::SetWindowTextW(status_, text.c_str());
   NameFields();
   if (text.empty())
     return;
   layoutIsOld_ = true;
-  ::ShowWindow(status_, SW_SHOWNA);
-  // For users who do not see the line.
-  ::NotifyWinEvent(EVENT_SYSTEM_ALERT, status_, OBJID_CLIENT, CHILDID_SELF);
+  status_.Announce();
 }
 
 void FormWindow::SetHint(const ControlView& view, const std::wstring& text) {
@@ -264,7 +258,7 @@ void FormWindow::Rescale(int dotsPerInch) {
     return;
   }
   for (const auto& [control, view] : views_) view->Restyle(*fonts_);
-  ::SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_->Font(FontKind::Plain)), FALSE);
+  status_.Restyle(fonts_->Font(FontKind::Plain));
   client_ = {};
   heightOfStatus_ = roomOfStatus_ = 0;
   LayOut();
@@ -433,6 +427,13 @@ void FormWindow::CaptionChanged() {
 
 ToldWindow FormWindow::Told() const {
   return {.role = ROLE_SYSTEM_DIALOG, .name = TextOfWindow(window_)};
+}
+
+std::vector<HWND> FormWindow::ToldWindows() const {
+  std::vector<HWND> windows;
+  for (const Control* control : InReadingOrder()) windows.push_back(ViewOf(*control).Window());
+  windows.push_back(status_.Window());
+  return windows;
 }
 
 void FormWindow::ShowEnded() {

@@ -14,6 +14,7 @@
 #include "frontends/win32/control_view.h"
 #include "frontends/win32/hints.h"
 #include "frontends/win32/screen_scale.h"
+#include "frontends/win32/status_line.h"
 
 namespace fiscalon::win32 {
 
@@ -76,6 +77,7 @@ class FormWindow final : private FormObserver, private AccessibleSource {
 
   // AccessibleSource
   ToldWindow Told() const override;
+  std::vector<HWND> ToldWindows() const override;
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra);
   LRESULT HearOwn(HWND window, UINT message, WPARAM wide, LPARAM extra);
@@ -133,7 +135,7 @@ class FormWindow final : private FormObserver, private AccessibleSource {
   std::map<const Control*, RECT> places_;
   std::vector<HWND> lines_;
   Hints hints_;
-  HWND status_ = nullptr;
+  StatusLine status_;
   int heightOfStatus_ = 0;
   /// Its height and its distance to the buttons, as they are laid out.
   int roomOfStatus_ = 0;

@@ -1,5 +1,7 @@
 #include "frontends/win32/list_views.h"
 
+#include <oleacc.h>
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -50,8 +52,8 @@ std::vector<std::wstring> AnyListView::NativeRows() const {
   return rows;
 }
 
-int AnyListView::NativeRow() {
-  return static_cast<int>(Native(messages_.selected, 0, 0));
+int AnyListView::NativeRow() const {
+  return static_cast<int>(::SendMessageW(Window(), messages_.selected, 0, 0));
 }
 
 ShownControl AnyListView::Content() const {
@@ -247,6 +249,27 @@ SIZE ListBoxView::Wanted(const DialogFonts& fonts) const {
   const int edges = 2 * ::GetSystemMetrics(SM_CXEDGE);
   return {fonts.DigitsWidth(kCharactersOfList, Font()) + ::GetSystemMetrics(SM_CXVSCROLL) + edges,
           fonts.LineHeight(Font()) * kRowsOfList + edges};
+}
+
+std::optional<ToldRows> ListBoxView::ToldOfRows() const {
+  return ToldRows{.count = static_cast<int>(NativeRows().size()), .chosen = NativeRow()};
+}
+
+std::optional<ToldWindow> ListBoxView::ToldOfRow(int row) const {
+  const std::vector<std::wstring> rows = NativeRows();
+  if (row < 0 || static_cast<size_t>(row) >= rows.size())
+    return std::nullopt;
+  const ToldWindow list = Told();
+  // Where a user can come to the list, its rows can be chosen; the chosen one has the focus of the list.
+  constexpr LONG kOfList = STATE_SYSTEM_UNAVAILABLE | STATE_SYSTEM_INVISIBLE | STATE_SYSTEM_FOCUSABLE;
+  constexpr LONG kOfChosen = STATE_SYSTEM_SELECTED | STATE_SYSTEM_FOCUSED;
+  LONG states = STATE_SYSTEM_SELECTABLE | (list.states & kOfList);
+  if (row == NativeRow())
+    states |= STATE_SYSTEM_SELECTED | (list.states & STATE_SYSTEM_FOCUSED);
+  return ToldWindow{.role = ROLE_SYSTEM_LISTITEM,
+                    .name = rows[static_cast<size_t>(row)],
+                    .decided = STATE_SYSTEM_SELECTABLE | kOfList | kOfChosen,
+                    .states = states};
 }
 
 int ListBoxView::RowAt(POINT place) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,8 @@ class AnyListView : public ControlView {
   ListControl& List() const { return list_; }
   bool Refreshing() const { return refreshing_; }
   /// The selected one; negative for none.
-  int NativeRow();
+  int NativeRow() const;
+  std::vector<std::wstring> NativeRows() const;
   /// Another program has changed the list past the mouse and the keyboard: a row that it selects is picked, rows are
   /// the form's.
   void ChangedByProgram();
@@ -46,8 +48,6 @@ class AnyListView : public ControlView {
   FontKind Font() const override;
 
  private:
-  std::vector<std::wstring> NativeRows() const;
-
   ListControl& list_;
   const ListMessages& messages_;
   bool refreshing_ = false;
@@ -95,6 +95,8 @@ class ListBoxView final : public AnyListView {
   void Notified(int code) override;
   HWND Rows() const override { return Window(); }
   // AccessibleSource
+  std::optional<ToldRows> ToldOfRows() const override;
+  std::optional<ToldWindow> ToldOfRow(int row) const override;
   Answer PickLater(int row) override { return PickRowLater(static_cast<size_t>(row)); }
 
  private:

@@ -28,6 +28,22 @@ TEST_F(AnAccessibleWindow, IsNamedByItsCaptionAsThatIsNow) {
   });
 }
 
+TEST_F(AnAccessibleWindow, OfAFormHasThoseOfItsControls) {
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    const HeldObject object(window.Window());
+    const std::vector<const Control*> inOrder = {
+        &form.lblPayee,    &form.txtPayee,   &form.lblPaid,   &form.lblAmount,   &form.fraKind,     &form.optFirst,
+        &form.optSecond,   &form.lblPeriod,  &form.txtPeriod, &form.lblHint,     &form.lblTotal,    &form.txtTotal,
+        &form.lblPurpose,  &form.txtPurpose, &form.chkFinal,  &form.lblProvince, &form.cmbProvince, &form.lblInvoices,
+        &form.lstInvoices, &form.cmdOK,      &form.cmdCancel};
+    std::vector<std::string> names;
+    for (const Control* control : inOrder) names.push_back(HeldObject(In(window, *control)).Name());
+    // The status is silent.
+    names.emplace_back();
+    EXPECT_EQ(object.NamesOfPartsWithObjects(), names);
+  });
+}
+
 TEST_F(AnAccessibleWindow, ClicksNothingThatADisabledOrHiddenButtonWouldNot) {
   Show(form, [&](FormWindow& window, UserDriver&) {
     form.cmdOK.Enabled(false);
@@ -72,6 +88,31 @@ TEST_F(AnAccessibleWindow, ChoosesTheRowThatReadsSo) {
     EXPECT_NE(provinces.PutValue(L"Quebec"), S_OK);
     Serve(window);
     EXPECT_EQ(form.cmbProvince.Text(), "Manitoba");
+  });
+}
+
+TEST_F(AnAccessibleWindow, HasTheRowsOfAListBox) {
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    const HeldObject invoices(In(window, form.lstInvoices));
+    ASSERT_EQ(invoices.Parts(), 3);
+    EXPECT_EQ(invoices.SelectedPart(), 0);
+    constexpr LONG kUsual = STATE_SYSTEM_SELECTABLE | STATE_SYSTEM_FOCUSABLE;
+    user.Choose(form.lstInvoices, 1);
+    for (LONG row = 1; row <= 3; ++row) {
+      EXPECT_EQ(invoices.NameOfPart(row), form.lstInvoices.List(row - 1));
+      EXPECT_EQ(invoices.RoleOfPart(row), ROLE_SYSTEM_LISTITEM);
+      EXPECT_EQ(invoices.StatesOfPart(row), row == 2 ? kUsual | STATE_SYSTEM_SELECTED | STATE_SYSTEM_FOCUSED : kUsual);
+    }
+    EXPECT_EQ(invoices.SelectedPart(), 2);
+    user.Click(form.chkFinal);
+    EXPECT_EQ(invoices.StatesOfPart(2), kUsual | STATE_SYSTEM_SELECTED);
+    form.lstInvoices.Enabled(false);
+    EXPECT_EQ(invoices.StatesOfPart(1), kUsual | STATE_SYSTEM_UNAVAILABLE);
+    form.lstInvoices.RemoveItem(2);
+    EXPECT_EQ(invoices.Parts(), 2);
+    EXPECT_EQ(invoices.NameOfPart(3) + invoices.NameOfPart(-1), "");
+    // The rows that drop down are a window of their own.
+    EXPECT_EQ(HeldObject(In(window, form.cmbProvince)).NameOfPart(1), "");
   });
 }
 

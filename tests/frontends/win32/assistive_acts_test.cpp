@@ -205,7 +205,6 @@ TEST_F(AssistiveActs, ThatCannotBeAreRefusedAtOnce) {
     EXPECT_EQ(Object(window, form.txtPeriod).PutValue(L"2026061"), E_INVALIDARG);
     EXPECT_EQ(Object(window, form.cmbProvince).PutValue(L"Nowhere"), E_INVALIDARG);
     EXPECT_EQ(Object(window, form.lstInvoices).SelectRow(4), E_INVALIDARG);
-    EXPECT_EQ(Object(window, form.lstInvoices).SelectRow(-1), E_INVALIDARG);
     for (Control* control : std::vector<Control*>{&form.txtTotal, &form.cmbProvince, &form.lstInvoices})
       control->Enabled(false);
     form.chkFinal.Visible(false);

@@ -13,16 +13,21 @@ namespace {
 constexpr UINT kDo = WM_APP;
 constexpr DWORD kPatience = 15'000;
 
-VARIANT Self() {
-  VARIANT self = {};
-  self.vt = VT_I4;
-  self.lVal = CHILDID_SELF;
-  return self;
+VARIANT Part(LONG number) {
+  VARIANT part = {};
+  part.vt = VT_I4;
+  part.lVal = number;
+  return part;
 }
 
-std::wstring TextOf(IAccessible& object, HRESULT (STDMETHODCALLTYPE IAccessible::*get)(VARIANT, BSTR*)) {
+VARIANT Self() {
+  return Part(CHILDID_SELF);
+}
+
+std::wstring TextOf(IAccessible& object, HRESULT (STDMETHODCALLTYPE IAccessible::*get)(VARIANT, BSTR*),
+                    LONG part = CHILDID_SELF) {
   BSTR text = nullptr;
-  if (FAILED((object.*get)(Self(), &text)) || text == nullptr)
+  if (FAILED((object.*get)(Part(part), &text)) || text == nullptr)
     return {};
   std::wstring said(text, ::SysStringLen(text));
   ::SysFreeString(text);
@@ -161,6 +166,41 @@ bool AssistiveProgram::HasFocus(HWND window) {
   return (states & STATE_SYSTEM_FOCUSED) != 0;
 }
 
+std::vector<std::pair<LONG, std::wstring>> AssistiveProgram::PartsOf(HWND window) {
+  std::vector<std::pair<LONG, std::wstring>> parts;
+  Do([&] {
+    LONG count = 0;
+    IAccessible* whole = ObjectOf(window);
+    if (whole == nullptr || FAILED(whole->get_accChildCount(&count)))
+      return;
+    std::vector<VARIANT> children(static_cast<size_t>(count));
+    ::AccessibleChildren(whole, 0, count, children.data(), &count);
+    for (VARIANT& child : children) {
+      IAccessible* part = nullptr;
+      if (child.vt == VT_DISPATCH && child.pdispVal != nullptr)
+        child.pdispVal->QueryInterface(__uuidof(IAccessible), reinterpret_cast<void**>(&part));
+      ::VariantClear(&child);
+      if (part == nullptr)
+        continue;
+      parts.emplace_back(NumberOf(*part, &IAccessible::get_accRole), TextOf(*part, &IAccessible::get_accName));
+      part->Release();
+    }
+  });
+  return parts;
+}
+
+std::vector<std::wstring> AssistiveProgram::RowsOf(HWND list) {
+  std::vector<std::wstring> rows;
+  Do([&] {
+    LONG count = 0;
+    IAccessible* object = ObjectOf(list);
+    if (object != nullptr)
+      object->get_accChildCount(&count);
+    for (LONG row = 1; row <= count; ++row) rows.push_back(TextOf(*object, &IAccessible::get_accName, row));
+  });
+  return rows;
+}
+
 bool AssistiveProgram::DoDefaultAction(HWND window) {
   bool done = false;
   Do([&] {
@@ -192,10 +232,8 @@ bool AssistiveProgram::SelectRow(HWND list, LONG number) {
 bool AssistiveProgram::Select(HWND window, LONG how, LONG part) {
   bool done = false;
   Do([&] {
-    VARIANT child = Self();
-    child.lVal = part;
     IAccessible* object = ObjectOf(window);
-    done = object != nullptr && object->accSelect(how, child) == S_OK;
+    done = object != nullptr && object->accSelect(how, Part(part)) == S_OK;
   });
   return done;
 }

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "frontends/win32/windows_api.h"
@@ -36,7 +37,11 @@ class AssistiveProgram {
   /// The window's and of all windows in it, in their order.
   std::vector<HWND> Within(HWND window);
   AccessibleThing Told(HWND window);
+  /// Roles and names of the objects that are parts of the window's own.
+  std::vector<std::pair<LONG, std::wstring>> PartsOf(HWND window);
   bool HasFocus(HWND window);
+  /// The names of the rows that a list has as its parts.
+  std::vector<std::wstring> RowsOf(HWND list);
   /// Windows' answers to these are success or not.
   bool DoDefaultAction(HWND window);
   bool PutValue(HWND window, const std::wstring& value);

@@ -44,7 +44,8 @@ AssistiveUser::AssistiveUser(AssistiveProgram& program, HWND form, const ToldScr
     windows.erase(windows.begin());
   }
   for (const auto& [thing, left] : found)
-    for (const LONG role : {ROLE_SYSTEM_TEXT, ROLE_SYSTEM_COMBOBOX, ROLE_SYSTEM_CHECKBUTTON})
+    for (const LONG role : {ROLE_SYSTEM_TEXT, ROLE_SYSTEM_COMBOBOX, ROLE_SYSTEM_CHECKBUTTON, ROLE_SYSTEM_RADIOBUTTON,
+                            ROLE_SYSTEM_PUSHBUTTON, ROLE_SYSTEM_LIST})
       EXPECT_FALSE(thing.first == role && !left.empty()) << "not in the layout: " << FromWide(thing.second);
 }
 
@@ -82,7 +83,14 @@ void AssistiveUser::Click(Control& control) {
 
 void AssistiveUser::Choose(ListControl& list, int row) {
   typedInto_.clear();
-  EXPECT_TRUE(program_.PutValue(WindowOf(list.Name()), ToWide(list.ShownRow(row)))) << list.Name();
+  const HWND window = WindowOf(list.Name());
+  const std::wstring words = ToWide(list.ShownRow(row));
+  if (list.Kind() == ControlKind::DropDownList) {
+    EXPECT_TRUE(program_.PutValue(window, words)) << list.Name();
+    return;
+  }
+  EXPECT_EQ(program_.RowsOf(window).at(static_cast<size_t>(row)), words);
+  EXPECT_TRUE(program_.SelectRow(window, row + 1)) << list.Name();
 }
 
 void AssistiveUser::Paste(std::string_view text) {
@@ -109,8 +117,10 @@ std::string AssistiveUser::FocusName() {
 
 ShownControl AssistiveUser::Shown(const Control& control) {
   const AccessibleThing told = program_.Told(WindowOf(control.Name()));
-  // What is selected, and how many rows there are, these objects do not tell here.
+  // What is selected, and how many rows drop down, these objects do not tell here.
   ShownControl shown = native_.Shown(control);
+  if (told.role == ROLE_SYSTEM_LIST)
+    shown.items = static_cast<int>(program_.RowsOf(WindowOf(control.Name())).size());
   shown.text = FromWide(
       told.role == ROLE_SYSTEM_TEXT || told.role == ROLE_SYSTEM_COMBOBOX || told.role == ROLE_SYSTEM_LIST ? told.value
                                                                                                           : told.name);
