@@ -306,6 +306,34 @@ TEST_F(BatchParts, AreFoundByLengthsOfTheirOwnScreens) {
   EXPECT_TRUE(Whole(batch).report.ends_with(last.report));
 }
 
+TEST_F(BatchParts, AreFoundByTheLengthOfTheOnlyPaymentOfItsScreen) {
+  // The cut lies among twelve payments of 119 lines, each longer than a sample, behind 200 of one line of another
+  // screen and a single one of 800 lines of a third.
+  PartedBatch batch;
+  Fields fields;
+  for (int time = 0; time < 59; ++time)
+    for (const FreeFormatSlot& field : GoodQuebecFields()) fields.push_back(field);
+  for (int payment = 0; payment < 213; ++payment) {
+    const std::string seq = Seq(payment % 4);
+    const std::string amount = std::to_string(12'345 + payment);
+    const bool isQuebec = payment > 200;
+    if (isQuebec) {
+      // Of an addend that comes again the last one counts.
+      fields[fields.size() - 3].fieldValue = std::string(13, '0') + std::to_string(11'345 + payment);
+      for (std::string record : QuebecPayment(fields).records) batch.records += QuotedLine(record.replace(3, 4, seq));
+    } else {
+      for (int line = 0; line < (payment == 200 ? 800 : 1); ++line)
+        batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+    }
+    batch.payments += seq + (isQuebec ? ",20,001052," : payment == 200 ? ",03,," : ",15,,") + amount + "\n";
+  }
+  Outcome last;
+  Judge(batch, {2, 2}, last);
+  EXPECT_EQ(last.blocksCounted, 0);
+  EXPECT_TRUE(last.rows.starts_with("205 206 "));
+  EXPECT_TRUE(Whole(batch).report.ends_with(last.report));
+}
+
 TEST_F(BatchParts, AreFoundByAPaymentThatIsLongerThanASample) {
   PartedBatch batch;
   for (int payment = 0; payment < 12; ++payment) {
