@@ -96,13 +96,14 @@ def after_arguments(text, tokens, at):
     """The token behind the template arguments that begin here; 0 where it is a comparison."""
     if text[tokens[at].start - 1].isspace() or text[tokens[at].end].isspace():
         return 0
-    depth = 0
+    depth = braces = 0
     for place in range(at, len(tokens)):
         sign = tokens[place].text
         depth += (sign == "<") - (sign == ">")
+        braces += (sign == "{") - (sign == "}")
         if depth == 0:
             return place + 1
-        if sign in (";", "{", "}"):
+        if sign == ";" or braces < 0:
             return 0
     return 0
 

@@ -82,6 +82,7 @@ class Spots(unittest.TestCase):
 
     def test_template_arguments_are_no_comparisons(self):
         self.assertEqual(body("return std::max<int>(a, b);"), [])
+        self.assertEqual(body("return Take<Frame{1, 2}>(a, b);"), [])
 
     def test_the_same_seed_draws_the_same(self):
         text = "int F(int a) { return a + 1 + 2 + 3 + 4 + 5 + 6 + 7; }\n"
