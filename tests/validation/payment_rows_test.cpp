@@ -30,6 +30,7 @@ TEST(RowReader, ReadsSequenceScreenBillerAndCents) {
   EXPECT_EQ(Read("0001,03,,12345"), "0001|03||12345");
   EXPECT_EQ(Read("0001,20,001052,5"), "0001|20|001052|5");
   EXPECT_EQ(Read("AB-1,03,x,0"), "AB-1|03|x|0");
+  EXPECT_EQ(Read("A~1,03,~,0"), "A~1|03|~|0");
 }
 
 TEST(RowReader, ReadsAmountsOfAnyLength) {
@@ -79,6 +80,20 @@ TEST(RowReader, LooksQuicklyOnlyWhereThereIsRoom) {
     EXPECT_EQ(reader.NextQuickly(read), size >= 40) << size;
     reader.Read(bytes);
     EXPECT_EQ(reader.NextIs("0001", "03", 1), size >= 40) << size;
+  }
+}
+
+TEST(RowReader, KeepsNothingOfTheRowBefore) {
+  RowReader reader;
+  reader.Read("0001,03,001052,12345\n\n0002,03\n");
+  PaymentRow row;
+  ASSERT_EQ(reader.Next(row), "");
+  for (const char* const problem : {"an empty row", "a row of 2 fields; it has seq,screen,biller,amount"}) {
+    EXPECT_EQ(reader.Next(row), problem);
+    EXPECT_TRUE(row.seq.empty() && row.screen.empty() && row.biller.empty()) << problem;
+    EXPECT_EQ(row.cents, 0);
+    row.seq = "0001";
+    row.cents = 12345;
   }
 }
 
@@ -153,6 +168,7 @@ TEST(RowReader, NamesWhatIsWrongWithARow) {
   EXPECT_EQ(Read("0001,03,,-92233720368547758"), "0001|03||-92233720368547758");
   EXPECT_EQ(Read("0001,03,,-92233720368547759"), "the amount '-92233720368547759' is out of range");
   EXPECT_EQ(Read("0001,03,,92233720368547759"), "the amount '92233720368547759' is out of range");
+  EXPECT_EQ(Read("0001,03,,92233720368547759x"), "the amount '92233720368547759x' is no whole number of cents");
   EXPECT_EQ(Read("0001,03,,99999999999999999999"), "the amount '99999999999999999999' is out of range");
   EXPECT_EQ(Read("0001,03,,1234567890123456789012345678901234567890"),
             "the amount '1234567890123456789012345678901234567890' is out of range");
