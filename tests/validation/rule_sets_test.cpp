@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 #include "tests/support/bulk_payment.h"
+#include "tests/support/logged_test.h"
 #include "tests/support/module_test.h"
 #include "validation/judge_payment.h"
 
@@ -277,6 +279,17 @@ TEST_F(Rules, OtherScreensHaveNone) {
   EXPECT_EQ(Check({.screen = "04"}), "Invalid or not supported Screen Type");
   EXPECT_EQ(RulesOf("04"), nullptr);
   EXPECT_EQ(RulesOf("20")->screenCode, "20");
+}
+
+using LoggedRules = LoggedTest;
+
+TEST_F(LoggedRules, AreHeldTestByTestWithoutALog) {
+  // A period that can't be read passes, and would be an error in the log.
+  const BulkPayment payment = QuebecPayment(GoodQuebecFields(), {"2026AB"});
+  const JudgingDay day = JudgingDayOf({.year = 2026, .month = 6, .day = 15});
+  EXPECT_TRUE(PassEveryTest(kQuebecRules, payment.Views(),
+                            {.paymentCents = 12345, .billerCode = "001052", .day = &day, .logging = Logging::Errors}));
+  EXPECT_FALSE(std::filesystem::exists(folder.Path("error.log")));
 }
 
 TEST(QuickTests, BelongToTheirRuleSets) {
