@@ -110,20 +110,17 @@ class BatchRun {
       if (ended_)
         return false;
       portion.ticket = nextTicket_++;
-      ReadRecords(portion, [&] { return recordFeed_.Next(portion.recordStorage); });
+      FeedRecords(portion);
       ended_ = portion.recordBytes.empty();
     }
-    if (!portion.unreadable)
-      ReadRecords(portion, [&] { return records_.Load(portion.recordBytes, portion.recordStorage); });
+    portion.recordBytes = records_.Load(portion.recordBytes, portion.recordStorage);
     portion.records.Cut(portion.recordBytes, judge_.Day());
     return true;
   }
 
-  /// Takes bytes of records, and notes why they can't be read, if they can't.
-  template <typename Read>
-  static void ReadRecords(Portion& portion, const Read& read) {
+  void FeedRecords(Portion& portion) {
     try {
-      portion.recordBytes = read();
+      portion.recordBytes = recordFeed_.Next(portion.recordStorage);
     } catch (const BatchError& error) {
       portion.recordBytes = {};
       portion.unreadable = error.Problems().front();

@@ -24,13 +24,8 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
   ::CloseHandle(mapping);
   if (bytes == nullptr)
     return nullptr;
-  const int again = ::_dup(::_fileno(file));
-  if (again < 0) {
-    ::UnmapViewOfFile(bytes);
-    return nullptr;
-  }
   return std::unique_ptr<MappedFile>(
-      new MappedFile({static_cast<const char*>(bytes), static_cast<size_t>(size.QuadPart)}, again));
+      new MappedFile({static_cast<const char*>(bytes), static_cast<size_t>(size.QuadPart)}, ::_dup(::_fileno(file))));
 }
 
 std::optional<std::string_view> MappedFile::Read(std::string_view part, std::string& /*storage*/) const {
@@ -39,15 +34,21 @@ std::optional<std::string_view> MappedFile::Read(std::string_view part, std::str
 
 MappedFile::Stamp MappedFile::Now() const {
   BY_HANDLE_FILE_INFORMATION information = {};
-  if (!::GetFileInformationByHandle(reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor_)), &information))
+  if (descriptor_ < 0 ||
+      !::GetFileInformationByHandle(reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor_)), &information))
     return {};
   return {.size = uint64_t{information.nFileSizeHigh} << 32 | information.nFileSizeLow,
           .written = static_cast<int64_t>(uint64_t{information.ftLastWriteTime.dwHighDateTime} << 32 |
                                           information.ftLastWriteTime.dwLowDateTime)};
 }
 
+bool MappedFile::HasChanged() const {
+  return Now() != mapped_;
+}
+
 MappedFile::~MappedFile() {
-  ::_close(descriptor_);
+  if (descriptor_ >= 0)
+    ::_close(descriptor_);
   ::UnmapViewOfFile(bytes_.data());
 }
 
