@@ -105,8 +105,10 @@ void AnyListView::Refresh() {
 LRESULT AnyListView::Message(UINT message, WPARAM wide, LPARAM extra) {
   const LRESULT result = Native(message, wide, extra);
   // The form's own go to the window past this.
-  if (Changes(messages_, message))
+  if (Changes(messages_, message)) {
+    LetSenderGo(result);
     ChangedByProgram();
+  }
   return result;
 }
 
@@ -178,8 +180,10 @@ void DropDownView::Made() {
 LRESULT CALLBACK DropDownView::RowsProcedure(HWND rows, UINT message, WPARAM wide, LPARAM extra) {
   auto& view = *reinterpret_cast<DropDownView*>(::GetWindowLongPtrW(rows, GWLP_USERDATA));
   const LRESULT result = ::CallWindowProcW(view.nativeRows_, rows, message, wide, extra);
-  if (Changes(kOfListBox, message) && !view.busy_ && !view.IsOpen())
+  if (Changes(kOfListBox, message) && !view.busy_ && !view.IsOpen()) {
+    LetSenderGo(result);
     view.ChangedByProgram();
+  }
   return result;
 }
 

@@ -23,4 +23,8 @@ std::wstring TextOfWindow(HWND window) {
   return text;
 }
 
+void LetSenderGo(LRESULT answer) {
+  ::ReplyMessage(answer);
+}
+
 }  // namespace fiscalon::win32
