@@ -110,17 +110,20 @@ class BatchRun {
       if (ended_)
         return false;
       portion.ticket = nextTicket_++;
-      FeedRecords(portion);
+      ReadRecords(portion, [&] { return recordFeed_.Next(portion.recordStorage); });
       ended_ = portion.recordBytes.empty();
     }
-    portion.recordBytes = records_.Load(portion.recordBytes, portion.recordStorage);
+    if (!portion.unreadable)
+      ReadRecords(portion, [&] { return records_.Load(portion.recordBytes, portion.recordStorage); });
     portion.records.Cut(portion.recordBytes, judge_.Day());
     return true;
   }
 
-  void FeedRecords(Portion& portion) {
+  /// Takes bytes of records, and notes why they can't be read, if they can't.
+  template <typename Read>
+  static void ReadRecords(Portion& portion, const Read& read) {
     try {
-      portion.recordBytes = recordFeed_.Next(portion.recordStorage);
+      portion.recordBytes = read();
     } catch (const BatchError& error) {
       portion.recordBytes = {};
       portion.unreadable = error.Problems().front();

@@ -232,14 +232,14 @@ class Cutter {
     std::string storage;
     try {
       for (std::string_view bytes = feed.Next(storage); !bytes.empty(); bytes = feed.Next(storage)) {
-        block.Cut(bytes);
+        block.Cut(source->Load(bytes, storage));
         counted_ += block.PaymentCount();
         linesCounted_ += block.LineCount();
         listener_.OnProgress({});
       }
     } catch (const BatchError& error) {
       BatchProblem problem = error.Problems().front();
-      problem.line += linesCounted_;
+      problem.line += problem.line == 0 ? 0 : linesCounted_;
       throw BatchError({problem});
     }
     countedTo_ = end;

@@ -43,9 +43,9 @@ class ByteSource {
   /// How many lines the file has before these bytes. They are counted when this is asked.
   virtual uint64_t LinesBefore() const { return 0; }
 
-  /// What `Peek` has shown of a source that stays: read into `storage` where that is quicker than to look at it there,
-  /// as it is for a file. Threads may call it side by side. Throws `BatchError` where reading fails, or the file has
-  /// become shorter.
+  /// What `Peek` has shown, as long as that holds: read into `storage` where that is quicker than to look at it there,
+  /// as it is for a file whose pages are small. Where the source stays, threads may call it side by side. Throws
+  /// `BatchError` where reading fails, or the file has become shorter.
   std::string_view Load(std::string_view shown, std::string& storage) const;
 
  protected:

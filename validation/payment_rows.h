@@ -106,8 +106,8 @@ inline bool TakeDigits(const char*& at, int64_t& number) {
   return false;
 }
 
-/// Takes a number of 1 to 15 digits, without zeros in front, if it is that one; sixteen characters may be read from
-/// there.
+/// Takes a number of 1 to 15 digits if it is that one; with zeros in front it may be left. Sixteen characters may be
+/// read from there.
 inline bool TakeNumber(const char*& at, uint64_t number) {
   if (number > 99'999'999) {
     int64_t taken = 0;

@@ -53,13 +53,9 @@ inline Sixteen Smaller(Sixteen one, Sixteen other) {
 /// Has the processor fetch what is looked at a little later: it would do so by itself, but stops at each page.
 template <size_t kBytes>
 void FetchAhead(const char* at) {
-#ifdef __GNUC__
   constexpr size_t kAhead = 8192;
   constexpr size_t kCacheLine = 64;
   for (size_t line = 0; line < kBytes; line += kCacheLine) __builtin_prefetch(at + kAhead + line);
-#else
-  static_cast<void>(at);
-#endif
 }
 
 /// What is known of a text after some steps.

@@ -36,6 +36,7 @@ inline constexpr uint64_t kNoSequence = UINT64_MAX;
 /// The four characters of a record's sequence number as they lie in memory.
 inline uint32_t LoadSequence(const char* record) {
   uint32_t sequence = 0;
+  static_assert(kSequenceField.Width() == sizeof sequence);
   std::memcpy(&sequence, record + kSequenceField.Offset(), sizeof sequence);
   return sequence;
 }

@@ -15,7 +15,8 @@ namespace fiscalon {
 class MappedFile {
  public:
   /// Maps an open file, which may be closed afterwards. Null for what can't be mapped: a pipe, a folder, an
-  /// empty file, one too large for the addresses there are. It is then still where it was and can be read.
+  /// empty file, one too large for the addresses there are, one that can't be opened once more. It is then still where
+  /// it was and can be read.
   static std::unique_ptr<MappedFile> Of(std::FILE* file);
 
   ~MappedFile();
@@ -31,7 +32,7 @@ class MappedFile {
 
   /// Whether the file has been written to since it was mapped: its bytes may be neither those before nor those after.
   /// One that was renamed or removed is what it was.
-  bool HasChanged() const;
+  bool HasChanged() const { return Now() != mapped_; }
 
  private:
   /// What tells that a file was written to: its size, and when that was, in the system's own count.

@@ -6,12 +6,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
+#include <utility>
 
 #include "core/records/record_composer.h"
 #include "tests/support/bulk_payment.h"
 #include "tests/support/module_test.h"
 #include "tests/support/ruled_record.h"
+#include "tests/support/temporary_folder.h"
 #include "validation/batch_report.h"
 #include "validation/generate_batch.h"
 
@@ -517,6 +520,34 @@ TEST_F(BatchParts, NameALineThatNeverEndsWhereItKeepsThemFromBeingCounted) {
   } catch (const BatchError& error) {
     EXPECT_STREQ(error.what(), "batch.pc4:16001: a line of more than 16 MiB");
   }
+}
+
+TEST_F(BatchParts, NameAFileThatBecomesShorterWhileTheyAreCounted) {
+  // Only two numbers, so that the place of the second part is known by counting alone.
+  PartedBatch batch;
+  for (int payment = 0; batch.records.size() < size_t{8} << 20; ++payment) batch.Add(Seq(payment % 2));
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("batch.pc4", batch.records);
+  class Shortens : public Outcome {
+   public:
+    explicit Shortens(std::string path) : path_(std::move(path)) {}
+    void OnProgress(const BatchProgress& progress) override {
+      Outcome::OnProgress(progress);
+      std::filesystem::resize_file(path_, size_t{2} << 20);
+    }
+
+   private:
+    const std::string path_;
+  } outcome(path);
+  const auto payments = ByteSource::Of(batch.payments, "batch.csv");
+  const auto records = ByteSource::Open(path);
+  try {
+    CutPart(*payments, *records, {2, 2}, outcome);
+    FAIL();
+  } catch (const BatchError& error) {
+    EXPECT_EQ(error.what(), path + ": the file became shorter while it was read");
+  }
+  EXPECT_GT(outcome.blocksCounted, 0);
 }
 
 TEST_F(BatchParts, NeedAList) {

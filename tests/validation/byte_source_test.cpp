@@ -62,7 +62,11 @@ TEST(ByteSource, NamesAFileThatHasBecomeShorter) {
 TEST(ByteSource, NamesAFileThatCannotBeReadAnyMore) {
   const TemporaryFolder folder;
   const std::string path = folder.Write("batch.pc4", std::string(1'000, '1'));
-  const auto source = WithoutRoomForFiles([&] { return ByteSource::Open(path); });
+  const int opened = ::dup(STDERR_FILENO);
+  ::close(opened);
+  const auto source = ByteSource::Open(path);
+  // Behind the one that was opened and is closed again.
+  ASSERT_EQ(::close(opened + 1), 0);
   std::string storage;
   try {
     source->Load(source->Peek(0), storage);
@@ -70,6 +74,14 @@ TEST(ByteSource, NamesAFileThatCannotBeReadAnyMore) {
   } catch (const BatchError& error) {
     EXPECT_EQ(error.what(), path + ": can't be read: Bad file descriptor");
   }
+}
+
+TEST(ByteSource, ReadsAFileThatTheSystemHasNoRoomForTwice) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("batch.pc4", "0123456789");
+  const auto source = WithoutRoomForFiles([&] { return ByteSource::Open(path); });
+  EXPECT_FALSE(source->Stays());
+  EXPECT_EQ(source->Peek(100), "0123456789");
 }
 
 TEST(ByteSource, NamesAFileThatCannotBeRead) {

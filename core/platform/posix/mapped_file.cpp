@@ -46,22 +46,27 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
   void* const bytes = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor, 0);
   if (bytes == MAP_FAILED)
     return nullptr;
+  const int again = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+  if (again < 0) {
+    ::munmap(bytes, size);
+    return nullptr;
+  }
   ::madvise(bytes, size, MADV_SEQUENTIAL);
-  return std::unique_ptr<MappedFile>(
-      new MappedFile({static_cast<const char*>(bytes), size}, ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0)));
+  return std::unique_ptr<MappedFile>(new MappedFile({static_cast<const char*>(bytes), size}, again));
 }
 
 std::optional<std::string_view> MappedFile::Read(std::string_view part, std::string& storage) const {
   // Neighbours are mostly alike, and to ask each part would take longer than to read it.
   constexpr unsigned kAlike = 16;
-  if (part.size() > kSmallPiece) {
+  const off_t from = part.data() - bytes_.data();
+  // Pages that a shorter file has no longer can't be looked at.
+  if (part.size() > kSmallPiece && static_cast<uint64_t>(from) + part.size() <= Now().size) {
     if (partsRead_++ % kAlike == 0)
       isInLargePieces_ = IsInALargePiece(part);
     if (isInLargePieces_)
       return part;
   }
   storage.resize(part.size());
-  const off_t from = part.data() - bytes_.data();
   size_t read = 0;
   while (read < part.size()) {
     const ssize_t more =
@@ -86,13 +91,8 @@ MappedFile::Stamp MappedFile::Now() const {
           .written = status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
 }
 
-bool MappedFile::HasChanged() const {
-  return Now() != mapped_;
-}
-
 MappedFile::~MappedFile() {
-  if (descriptor_ >= 0)
-    ::close(descriptor_);
+  ::close(descriptor_);
   ::munmap(const_cast<char*>(bytes_.data()), bytes_.size());
 }
 

@@ -24,8 +24,13 @@ std::unique_ptr<MappedFile> MappedFile::Of(std::FILE* file) {
   ::CloseHandle(mapping);
   if (bytes == nullptr)
     return nullptr;
+  const int again = ::_dup(::_fileno(file));
+  if (again < 0) {
+    ::UnmapViewOfFile(bytes);
+    return nullptr;
+  }
   return std::unique_ptr<MappedFile>(
-      new MappedFile({static_cast<const char*>(bytes), static_cast<size_t>(size.QuadPart)}, ::_dup(::_fileno(file))));
+      new MappedFile({static_cast<const char*>(bytes), static_cast<size_t>(size.QuadPart)}, again));
 }
 
 std::optional<std::string_view> MappedFile::Read(std::string_view part, std::string& /*storage*/) const {
@@ -34,21 +39,15 @@ std::optional<std::string_view> MappedFile::Read(std::string_view part, std::str
 
 MappedFile::Stamp MappedFile::Now() const {
   BY_HANDLE_FILE_INFORMATION information = {};
-  if (descriptor_ < 0 ||
-      !::GetFileInformationByHandle(reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor_)), &information))
+  if (!::GetFileInformationByHandle(reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor_)), &information))
     return {};
   return {.size = uint64_t{information.nFileSizeHigh} << 32 | information.nFileSizeLow,
           .written = static_cast<int64_t>(uint64_t{information.ftLastWriteTime.dwHighDateTime} << 32 |
                                           information.ftLastWriteTime.dwLowDateTime)};
 }
 
-bool MappedFile::HasChanged() const {
-  return Now() != mapped_;
-}
-
 MappedFile::~MappedFile() {
-  if (descriptor_ >= 0)
-    ::_close(descriptor_);
+  ::_close(descriptor_);
   ::UnmapViewOfFile(bytes_.data());
 }
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
@@ -10,11 +13,24 @@
 
 #include "tests/core/platform/map_path.h"
 #include "tests/support/few_files_on_posix.h"
-#include "tests/support/page_faults_on_posix.h"
 #include "tests/support/temporary_folder.h"
 
 namespace fiscalon {
 namespace {
+
+/// How many pages the system must find for this process while each page of the bytes is looked at.
+long FaultsOfLookingAt(std::string_view bytes) {
+  const auto faults = [] {
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_minflt + usage.ru_majflt;
+  };
+  const long before = faults();
+  constexpr size_t kSmallestPage = 4096;
+  for (size_t at = 0; at < bytes.size(); at += kSmallestPage)
+    static_cast<void>(*static_cast<const volatile char*>(&bytes[at]));
+  return faults() - before;
+}
 
 TEST(MappedFile, OutlivesTheFilesName) {
   const TemporaryFolder folder;
@@ -55,6 +71,17 @@ TEST(MappedFile, ReadsWhatLiesInSmallPieces) {
   EXPECT_EQ(storage, std::string(kPieces * kPiece, '1'));
 }
 
+TEST(MappedFile, ReadsWhatIsLeftOfAPartInAnyPieces) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("records.pc4", std::string(1 << 20, '1'));
+  const auto mapped = MapPath(path);
+  ASSERT_TRUE(mapped);
+  std::string storage;
+  EXPECT_EQ(mapped->Read(mapped->Bytes(), storage), std::string(1 << 20, '1'));
+  std::filesystem::resize_file(path, 1'000);
+  EXPECT_EQ(mapped->Read(mapped->Bytes(), storage), std::string(1'000, '1'));
+}
+
 TEST(MappedFile, ReadsWhatIsLeftOfAPart) {
   const TemporaryFolder folder;
   const std::string path = folder.Write("records.pc4", "PC40001T");
@@ -66,14 +93,24 @@ TEST(MappedFile, ReadsWhatIsLeftOfAPart) {
   EXPECT_EQ(mapped->Read(mapped->Bytes().substr(5), storage), "");
 }
 
-TEST(MappedFile, ReadsNothingWhereTheSystemHasNoRoomForTheFile) {
+TEST(MappedFile, ReadsNothingOfAFileThatWasClosed) {
   const TemporaryFolder folder;
-  const std::string path = folder.Write("records.pc4", "PC40001T");
-  const auto mapped = WithoutRoomForFiles([&] { return MapPath(path); });
+  const int opened = ::dup(STDERR_FILENO);
+  ::close(opened);
+  const auto mapped = MapPath(folder.Write("records.pc4", "PC40001T"));
   ASSERT_TRUE(mapped);
+  // Behind the one that was opened and is closed again.
+  ASSERT_EQ(::close(opened + 1), 0);
   std::string storage;
   EXPECT_EQ(mapped->Read(mapped->Bytes(), storage), std::nullopt);
   EXPECT_EQ(errno, EBADF);
+}
+
+TEST(MappedFile, IsNoneWhereTheSystemHasNoRoomForItOnceMore) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("records.pc4", "PC40001T");
+  EXPECT_FALSE(WithoutRoomForFiles([&] { return MapPath(path); }));
+  EXPECT_TRUE(MapPath(path));
 }
 
 TEST(MappedFile, IsNoneOfAFolderOrADevice) {
