@@ -42,8 +42,9 @@ TEST(ValidateGSTAccountNumber, WeighsEverySecondDigitTwice) {
 }
 
 TEST(ValidateGSTAccountNumber, RefusesNumbersThatAreNotAllDigits) {
-  // Without the letter, the sums would be 2 + 4 + 3 + 8 + 5 + (1 + 2) + 7 + 8 = 40 and 1 + 9 = 10.
-  for (const char* number : {"2234567E8", "1E0000009", "-00000000", "1.2345674", "+91000000"})
+  // Without the letter, the sums would be 2 + 4 + 3 + 8 + 5 + (1 + 2) + 7 + 8 = 40 and 1 + 9 = 10. An "E" is 21
+  // characters behind "0": taken for that number, it would make (2 + 1) + 7 = 10.
+  for (const char* number : {"2234567E8", "1E0000009", "-00000000", "1.2345674", "+91000000", "E00000007"})
     EXPECT_FALSE(ValidateGSTAccountNumber(number)) << number;
 }
 
