@@ -106,6 +106,11 @@ TEST_F(QuebecSourceDeductionsRecords, NumberTheTypeForItsBiller) {
                                 "0000")));
 }
 
+TEST_F(QuebecSourceDeductionsRecords, HoldZerosForTheTypeOfABillerWithoutTypesWhateverIsChosen) {
+  EXPECT_TRUE(EnterAndPressOk([](frmQue_Rev_SourceDeduct& form) { form.cmbRemittanceType.ListIndex(2); }));
+  EXPECT_EQ(Records()[2], Ruled(kRecordF2));
+}
+
 TEST_F(QuebecSourceDeductionsRecords, HoldZerosForTheTypeOfAnyOtherBiller) {
   session.CompCode("");
   EXPECT_TRUE(EnterAndPressOk());
