@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "core/forms/list_control.h"
 #include "core/module_state.h"
 #include "core/module_to_change.h"
 #include "tests/frontends/played/play_scenario.h"
@@ -349,6 +350,28 @@ TEST(ScenarioPlayer, WatcherHearsWhatHappens) {
   EXPECT_THAT(heard, ElementsAre("line 1", "Form_Load", "Form_Activate", "line 2", "line 3", "cmdAsk_Click", "Sure? No",
                                  "line 4", "line 5", "cmdBeep_Click", "beep", "line 6", "line 7", "cmdOK_Click",
                                  "result True", "2 records"));
+}
+
+// The line that shows a form ends twice: once with the form up, and when it is closed.
+TEST(ScenarioPlayer, WatcherHearsWhichFormALineLeavesUp) {
+  std::vector<std::string> heard;
+  PlayWatcher watcher;
+  watcher.lineEnds = [&](const ScenarioLine& line, const Form* form) {
+    heard.push_back(std::to_string(line.number) + " " + (form == nullptr ? "none" : form->Name()));
+  };
+  EXPECT_TRUE(Play("show 15\n type a\n close 0\n", {}, watcher).passed);
+  EXPECT_THAT(heard, ElementsAre("1 frmPlayed", "2 frmPlayed", "3 none", "1 none"));
+}
+
+TEST(ScenarioPlayer, ListWithoutRowsSaysSo) {
+  PlayWatcher watcher;
+  watcher.lineEnds = [](const ScenarioLine& /*line*/, Form* form) {
+    if (form != nullptr)
+      static_cast<ListControl&>(form->ControlNamed("lst")).Clear();
+  };
+  const PlayResult result = Play("show 15\n choose lst First\n", {}, watcher);
+  EXPECT_EQ(result.line, 2);
+  EXPECT_EQ(result.seen, "no rows");
 }
 
 }  // namespace
