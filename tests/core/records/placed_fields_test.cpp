@@ -127,6 +127,15 @@ TEST(PlaceFields, FindAnAmountThatIsPaidBehindOneThatDoesNotFit) {
   EXPECT_EQ(Texts(record, "InvoiceAmount"), (std::vector<std::string>{"-1234567890", " 000001234"}));
 }
 
+TEST(PlaceFields, FindNoLongAmountBehindWhatIsNoAmount) {
+  const InvoiceEntry entries[] = {MakeInvoiceEntry("20260615", "12.34", "A"),
+                                  MakeInvoiceEntry("20260616", "-12345678.90", "B")};
+  std::string record = ComposeInvoiceRow("0001", entries);
+  EXPECT_EQ(LongNumbersOf(record), "InvoiceAmount 62-72 +1; ");
+  record.replace(16, 10, "  00001234");
+  EXPECT_EQ(LongNumbersOf(record), "");
+}
+
 TEST(PlaceFields, MoveBehindANegativeStatementAmount) {
   const StatementEntry entries[] = {MakeStatementEntry("20260615", "-5", "A-17")};
   const std::string record = ComposeStatementRow("0001", entries);
@@ -180,12 +189,17 @@ TEST(PlaceFields, TakeNoOtherLongRecordForJoinedDetails) {
   const std::string joined = ComposeFreeFormatWithDetails("0001", slots, "000000000000001250", "FEE");
   std::string noAmount = joined;
   noAmount.replace(28, 18, "ABCDEFGHIJKLMNOPQR");
+  std::string noNumber = joined;
+  noNumber.replace(8, 2, "A1");
+  std::string noSlot = joined;
+  noSlot.replace(8, 2, "00");
   std::string otherKind = joined;
   otherKind[7] = 'G';
   const std::vector<FreeFormatSlot> three = {{"01", "A"}, {"02", "B"}, {"03", "C"}};
   std::string noAmountBehindThree = ComposeFreeFormatWithDetails("0001", three, "000000000000001250", "FEE");
   noAmountBehindThree.replace(68, 18, "ABCDEFGHIJKLMNOPQR");
-  for (const std::string& record : {joined + " ", joined.substr(0, 311), noAmount, noAmountBehindThree, otherKind})
+  for (const std::string& record :
+       {joined + " ", joined.substr(0, 311), noAmount, noAmountBehindThree, noNumber, noSlot, otherKind})
     EXPECT_TRUE(PlaceFields(record).overruns.empty()) << record;
 }
 
