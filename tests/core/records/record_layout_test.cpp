@@ -111,6 +111,11 @@ TEST(RecordLayout, JoinedDetailsStandBehindTwoSlots) {
                                                        {253, 312, ""}}));
 }
 
+TEST(RecordField, StandsNowhereUnlessItSaysWhere) {
+  EXPECT_EQ(RecordField().from, 0);
+  EXPECT_EQ(RecordField().to, 0);
+}
+
 TEST(CoversRecord, RefusesAGapAnOverlapAndAWrongWidth) {
   EXPECT_FALSE(CoversRecord(std::array{RecordField{1, 80}, RecordField{82, 160}}));
   EXPECT_FALSE(CoversRecord(std::array{RecordField{1, 80}, RecordField{80, 160}}));

@@ -15,6 +15,7 @@ std::pair<uint64_t, uint64_t> Words(const Wide& number) {
 
 TEST(TwoWords, CarryFromTheLowWordToTheHighOne) {
   constexpr uint64_t kFull = ~uint64_t{0};
+  EXPECT_EQ(Words((TwoWords(3) << 64) + (TwoWords(4) << 64)), std::pair(uint64_t{7}, uint64_t{0}));
   EXPECT_EQ(Words(TwoWords(kFull) + 1), std::pair(uint64_t{1}, uint64_t{0}));
   EXPECT_EQ(Words((TwoWords(1) << 64) - 1), std::pair(uint64_t{0}, kFull));
   // The square of 2^64 - 1 is 2^128 - 2^65 + 1.
