@@ -155,7 +155,7 @@ TEST_F(ShortCut, TakesPeriodsAcrossTheTurnOfTheYear) {
     const BulkPayment payment = QuebecPayment(GoodQuebecFields(), {period});
     EXPECT_TRUE(PassesQuickly(kQuebecRules, payment.Views(), Expecting(12345))) << period;
   }
-  for (const char* period : {"202609", "202703", "202600", "202713"}) {
+  for (const char* period : {"202609", "202703", "202600", "202613", "202713"}) {
     const BulkPayment payment = QuebecPayment(GoodQuebecFields(), {period});
     EXPECT_FALSE(PassesQuickly(kQuebecRules, payment.Views(), Expecting(12345))) << period;
   }
