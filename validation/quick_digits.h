@@ -50,6 +50,16 @@ constexpr bool AreDigits(uint64_t eight) {
   return OtherThanDigits(eight) == 0;
 }
 
+/// What is found in a text of eight characters or more, looked at eight at a time; the last eight may overlap those
+/// before them. Every character is looked at, whatever was found before.
+template <typename Look>
+inline uint64_t InAnyEight(std::string_view text, const Look& look) {
+  uint64_t found = look(LoadEight(text.data() + text.size() - sizeof(uint64_t)));
+  for (size_t at = 0; at + sizeof(uint64_t) < text.size(); at += sizeof(uint64_t))
+    found |= look(LoadEight(text.data() + at));
+  return found;
+}
+
 /// Eight digits as four numbers of two digits, in bytes 0, 2, 4 and 6.
 constexpr uint64_t DigitPairs(uint64_t eight) {
   return ((eight & 0x0F0F0F0F0F0F0F0Fu) * 2561 >> 8) & 0x00FF00FF00FF00FFu;

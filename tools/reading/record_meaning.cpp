@@ -47,13 +47,7 @@ bool AreZeros(std::string_view text) {
 
 /// What `AreDigits` tells, eight characters at a time.
 bool HoldsDigitsAlone(std::string_view text) {
-  constexpr size_t kEight = sizeof(uint64_t);
-  if (text.size() < kEight)
-    return AreDigits(text);
-  // The last eight may overlap those before them.
-  bool are = AreDigits(LoadEight(text.data() + text.size() - kEight));
-  for (size_t at = 0; at + kEight < text.size(); at += kEight) are = are && AreDigits(LoadEight(text.data() + at));
-  return are;
+  return text.size() < sizeof(uint64_t) ? AreDigits(text) : InAnyEight(text, OtherThanDigits) == 0;
 }
 
 int NumberIn(std::string_view digits) {

@@ -60,13 +60,9 @@ bool IsControlCharacter(char character) {
 }
 
 bool IsPlain(std::string_view text) {
-  constexpr size_t kEight = sizeof(uint64_t);
-  if (text.size() < kEight)
+  if (text.size() < sizeof(uint64_t))
     return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c < '\x7F'; });
-  // Every character is looked at, whatever was found before. The last eight may overlap those before them.
-  uint64_t other = OtherThanPlain(LoadEight(text.data() + text.size() - kEight));
-  for (size_t at = 0; at + kEight < text.size(); at += kEight) other |= OtherThanPlain(LoadEight(text.data() + at));
-  return other == 0;
+  return InAnyEight(text, OtherThanPlain) == 0;
 }
 
 void AppendVisible(std::string& out, std::string_view text) {

@@ -70,6 +70,9 @@ class RunningShow {
   }
   const std::string& ReadAll() { return ReadUntil("\1"); }
 
+  /// How many bytes the pipe holds that it prints into.
+  int PipeHolds() const { return ::fcntl(output_, F_GETPIPE_SZ); }
+
   /// Interrupts it once. The signal that it ends with.
   int Interrupt() const {
     int ended = 0;
@@ -127,6 +130,22 @@ TEST_F(ShowStreams, PrintWhatIsThereBeforeMoreComes) {
     EXPECT_THAT(show.ReadAll(), HasSubstr("0002"));
     EXPECT_EQ(show.Wait(), 0);
   }
+}
+
+TEST_F(ShowStreams, AskForAPipeThatHoldsALot) {
+  constexpr int kALot = 256 << 10;
+  std::array<int, 2> trial = {};
+  ASSERT_EQ(::pipe2(trial.data(), O_CLOEXEC), 0);
+  const bool isGiven = ::fcntl(trial[0], F_SETPIPE_SZ, kALot) >= kALot;
+  for (const int end : trial) ::close(end);
+  if (!isGiven)
+    GTEST_SKIP() << "the system gives no such pipe";
+  RunningShow show(Folder(), "-", "--json-lines");
+  show.Give(Line(Ruled("PC40001T")));
+  show.ReadUntil("\n");
+  EXPECT_GE(show.PipeHolds(), kALot);
+  show.EndInput();
+  EXPECT_EQ(show.Wait(), 0);
 }
 
 TEST_F(ShowStreams, EndAtAnInterruptWithAWholeRecord) {
