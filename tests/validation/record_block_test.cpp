@@ -276,6 +276,34 @@ TEST(RecordFeed, APaymentOfMoreThan16MebibytesIsAnError) {
   }
 }
 
+TEST(RecordFeed, CountsALineWithoutARecordBeforeAPaymentOfMoreThan16Mebibytes) {
+  std::string file = "\n";
+  while (file.size() < size_t{18} << 20) file += QuotedLine(Record("0001"));
+  const auto source = ByteSource::Of(file, "batch.pc4");
+  try {
+    Blocks(*source);
+    FAIL();
+  } catch (const BatchError& error) {
+    // One line more than without the empty one.
+    EXPECT_STREQ(error.what(), "batch.pc4:108696: the records of payment '0001' take more than 16 MiB");
+  }
+}
+
+TEST(RecordBlock, HoldsRecordsBehindAnyNumberOfShortLines) {
+  // Short lines fill the room for lines of a record's length, and records behind them need more.
+  for (int shortLines = 0; shortLines < 70; ++shortLines) {
+    std::string bytes = QuotedLine(Record("0001"));
+    for (int line = 0; line < shortLines; ++line) bytes += "x\n";
+    for (int line = 0; line < 40; ++line) bytes += QuotedLine(Record("0002"));
+    RecordBlock block;
+    block.Cut(bytes);
+    ASSERT_EQ(block.LineCount(), static_cast<size_t>(shortLines) + 41);
+    ASSERT_EQ(block.Problems().size(), static_cast<size_t>(shortLines));
+    ASSERT_EQ(block.PaymentCount(), 2u);
+    for (const std::string_view record : block.Records(1)) ASSERT_EQ(record, Record("0002"));
+  }
+}
+
 TEST(SequenceOf, ReadsQuotedAndBareLines) {
   EXPECT_EQ(SequenceOf("PC40001T"), "0001");
   EXPECT_EQ(SequenceOf("\"PC40001T"), "0001");
