@@ -10,12 +10,6 @@ namespace {
 class AnAccessibleWindow : public testing::Test, protected PlayedForm {
  protected:
   EveryKindForm form;
-
-  /// What was asked for is done.
-  static void Serve(FormWindow& window) {
-    MSG message = {};
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) window.Dispatch(message);
-  }
 };
 
 TEST_F(AnAccessibleWindow, IsNamedByItsCaptionAsThatIsNow) {

@@ -16,10 +16,6 @@ class AssistiveActs : public testing::Test, protected PlayedForm {
  protected:
   EveryKindForm form;
 
-  static void Serve(FormWindow& window) {
-    MSG message = {};
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) window.Dispatch(message);
-  }
   static HeldObject Object(const FormWindow& window, const Control& control) { return HeldObject(In(window, control)); }
   void ShowBox(const char* text) { toolkit.ShowMessage({.text = text}); }
 };

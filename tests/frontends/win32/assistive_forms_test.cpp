@@ -86,6 +86,7 @@ class AssistedToolkit final : public DrivenToolkit {
       // Windows has no other word for what a label is the label of than the place before it.
       if (!told.label.empty()) {
         const auto place = std::find(inOrder.begin(), inOrder.end(), user.WindowOf(told.label));
+        ASSERT_LT(place - inOrder.begin(), std::ssize(inOrder) - 1) << told.label << " has nothing behind it";
         EXPECT_EQ(place[1], user.WindowOf(told.name)) << "behind " << told.label;
       }
       const bool isEntry = thing.Is(STATE_SYSTEM_FOCUSABLE) && !thing.Is(STATE_SYSTEM_INVISIBLE);

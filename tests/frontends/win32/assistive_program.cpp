@@ -6,19 +6,13 @@
 #include <utility>
 
 #include "core/forms/scoped_value.h"
+#include "tests/frontends/win32/held_object.h"
 
 namespace fiscalon::win32 {
 namespace {
 
 constexpr UINT kDo = WM_APP;
 constexpr DWORD kPatience = 15'000;
-
-VARIANT Part(LONG number) {
-  VARIANT part = {};
-  part.vt = VT_I4;
-  part.lVal = number;
-  return part;
-}
 
 VARIANT Self() {
   return Part(CHILDID_SELF);

@@ -10,6 +10,14 @@
 
 namespace fiscalon::win32 {
 
+/// A part of an object, counted from 1, or with `CHILDID_SELF` the object itself.
+inline VARIANT Part(LONG number) {
+  VARIANT part = {};
+  part.vt = VT_I4;
+  part.lVal = number;
+  return part;
+}
+
 /// The accessible object of a window, for programs on its own thread.
 class HeldObject {
  public:
@@ -20,7 +28,10 @@ class HeldObject {
   explicit HeldObject(IDispatch& object) {
     object.QueryInterface(__uuidof(IAccessible), reinterpret_cast<void**>(&object_));
   }
-  ~HeldObject() { object_->Release(); }
+  ~HeldObject() {
+    if (object_ != nullptr)
+      object_->Release();
+  }
   HeldObject(const HeldObject&) = delete;
   HeldObject& operator=(const HeldObject&) = delete;
 
@@ -88,13 +99,6 @@ class HeldObject {
   HRESULT DoDefaultActionOfRow(LONG row) const { return object_->accDoDefaultAction(Part(row)); }
 
  private:
-  static VARIANT Part(LONG number) {
-    VARIANT part = {};
-    part.vt = VT_I4;
-    part.lVal = number;
-    return part;
-  }
-
   IAccessible* object_ = nullptr;
   const VARIANT self_ = Part(CHILDID_SELF);
 };

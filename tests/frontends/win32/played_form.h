@@ -20,6 +20,12 @@ class PlayedForm {
     form.ShowModal(toolkit);
   }
 
+  /// What was posted is done, and what was asked for.
+  static void Serve(FormWindow& window) {
+    MSG message = {};
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) window.Dispatch(message);
+  }
+
   static HWND In(const FormWindow& window, const Control& control) { return window.ViewOf(control).Window(); }
   static void Type(UserDriver& user, std::string_view text) {
     for (const char character : text) user.Type(character);
