@@ -46,8 +46,7 @@ void AnyButtonView::Refresh() {
 }
 
 ShownControl AnyButtonView::Content() const {
-  return {.text = FromWide(TextOfWindow(Window())),
-          .checked = ::SendMessageW(Window(), BM_GETCHECK, 0, 0) == BST_CHECKED};
+  return {.text = FromWide(TextOfWindow(Window())), .checked = Native(BM_GETCHECK, 0, 0) == BST_CHECKED};
 }
 
 SIZE AnyButtonView::ExtentOfCaption(const DialogFonts& fonts) const {

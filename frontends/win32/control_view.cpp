@@ -158,7 +158,7 @@ void ControlView::Refresh() {
     ::ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
 }
 
-LRESULT ControlView::Native(UINT message, WPARAM wide, LPARAM extra) {
+LRESULT ControlView::Native(UINT message, WPARAM wide, LPARAM extra) const {
   return ::CallWindowProcW(native_, window_, message, wide, extra);
 }
 

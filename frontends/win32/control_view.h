@@ -59,8 +59,8 @@ class ControlView : public AccessibleSource {
   ToldWindow Told() const override;
   Answer FocusLater() override;
 
-  /// The window's own procedure.
-  LRESULT Native(UINT message, WPARAM wide, LPARAM extra);
+  /// The window's own procedure, which a view asks past itself: what is sent to its window comes to the view.
+  LRESULT Native(UINT message, WPARAM wide, LPARAM extra) const;
   /// A message that is no key and no press.
   virtual LRESULT Message(UINT message, WPARAM wide, LPARAM extra);
   /// What the window tells its parent.

@@ -42,10 +42,10 @@ bool Changes(const ListMessages& messages, UINT message) {
 
 std::vector<std::wstring> AnyListView::NativeRows() const {
   std::vector<std::wstring> rows;
-  const auto count = static_cast<WPARAM>(::SendMessageW(Window(), messages_.count, 0, 0));
+  const auto count = static_cast<WPARAM>(RowCount());
   for (WPARAM row = 0; row < count; ++row) {
-    std::wstring text(static_cast<size_t>(::SendMessageW(Window(), messages_.length, row, 0)) + 1, L'\0');
-    ::SendMessageW(Window(), messages_.text, row, reinterpret_cast<LPARAM>(text.data()));
+    std::wstring text(static_cast<size_t>(Native(messages_.length, row, 0)) + 1, L'\0');
+    Native(messages_.text, row, reinterpret_cast<LPARAM>(text.data()));
     text.pop_back();
     rows.push_back(std::move(text));
   }
@@ -53,12 +53,16 @@ std::vector<std::wstring> AnyListView::NativeRows() const {
 }
 
 int AnyListView::NativeRow() const {
-  return static_cast<int>(::SendMessageW(Window(), messages_.selected, 0, 0));
+  return static_cast<int>(Native(messages_.selected, 0, 0));
+}
+
+int AnyListView::RowCount() const {
+  return static_cast<int>(Native(messages_.count, 0, 0));
 }
 
 ShownControl AnyListView::Content() const {
   const std::vector<std::wstring> rows = NativeRows();
-  const LRESULT selected = ::SendMessageW(Window(), messages_.selected, 0, 0);
+  const int selected = NativeRow();
   const bool isThere = selected >= 0 && static_cast<size_t>(selected) < rows.size();
   return {.text = isThere ? FromWide(rows[static_cast<size_t>(selected)]) : std::string(),
           .items = static_cast<int>(rows.size())};
@@ -180,7 +184,8 @@ void DropDownView::Made() {
 LRESULT CALLBACK DropDownView::RowsProcedure(HWND rows, UINT message, WPARAM wide, LPARAM extra) {
   auto& view = *reinterpret_cast<DropDownView*>(::GetWindowLongPtrW(rows, GWLP_USERDATA));
   const LRESULT result = ::CallWindowProcW(view.nativeRows_, rows, message, wide, extra);
-  if (Changes(kOfListBox, message) && !view.busy_ && !view.IsOpen()) {
+  // The form's own changes tell it nothing, and are no answer to the message that it deals with.
+  if (Changes(kOfListBox, message) && !view.busy_ && !view.Refreshing() && !view.IsOpen()) {
     LetSenderGo(result);
     view.ChangedByProgram();
   }
@@ -188,7 +193,7 @@ LRESULT CALLBACK DropDownView::RowsProcedure(HWND rows, UINT message, WPARAM wid
 }
 
 bool DropDownView::IsOpen() const {
-  return ::SendMessageW(Window(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+  return Native(CB_GETDROPPEDSTATE, 0, 0) != 0;
 }
 
 bool DropDownView::KeepsKey(int keyCode, int shift) const {
@@ -256,7 +261,7 @@ SIZE ListBoxView::Wanted(const DialogFonts& fonts) const {
 }
 
 std::optional<ToldRows> ListBoxView::ToldOfRows() const {
-  return ToldRows{.count = static_cast<int>(NativeRows().size()), .chosen = NativeRow()};
+  return ToldRows{.count = RowCount(), .chosen = NativeRow()};
 }
 
 std::optional<ToldWindow> ListBoxView::ToldOfRow(int row) const {

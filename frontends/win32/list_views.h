@@ -36,6 +36,7 @@ class AnyListView : public ControlView {
   bool Refreshing() const { return refreshing_; }
   /// The selected one; negative for none.
   int NativeRow() const;
+  int RowCount() const;
   std::vector<std::wstring> NativeRows() const;
   /// Another program has changed the list past the mouse and the keyboard: a row that it selects is picked, rows are
   /// the form's.

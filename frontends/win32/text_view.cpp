@@ -315,7 +315,7 @@ std::string TextView::FieldText() const {
 
 Selection TextView::NativeSelection() const {
   DWORD start = 0, end = 0;
-  ::SendMessageW(Window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+  Native(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
   return {.start = static_cast<int>(start), .length = static_cast<int>(end - start)};
 }
 

@@ -14,6 +14,36 @@ namespace {
 
 using testing::ElementsAre;
 
+constexpr DWORD kLongEnough = 15'000;
+
+/// How often a message is sent to a window while this lives; the only one at a time.
+class TimesSent {
+ public:
+  TimesSent(HWND window, UINT message) : window_(window), message_(message) {
+    the = this;
+    hook_ = ::SetWindowsHookExW(WH_CALLWNDPROC, &Hear, nullptr, ::GetCurrentThreadId());
+  }
+  ~TimesSent() { ::UnhookWindowsHookEx(hook_); }
+  TimesSent(const TimesSent&) = delete;
+  TimesSent& operator=(const TimesSent&) = delete;
+
+  int Count() const { return count_; }
+
+ private:
+  static LRESULT CALLBACK Hear(int code, WPARAM wide, LPARAM extra) {
+    const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(extra);
+    if (sent.hwnd == the->window_ && sent.message == the->message_)
+      ++the->count_;
+    return ::CallNextHookEx(nullptr, code, wide, extra);
+  }
+
+  static inline TimesSent* the = nullptr;
+  const HWND window_;
+  const UINT message_;
+  int count_ = 0;
+  HHOOK hook_ = nullptr;
+};
+
 class SentMessages : public testing::Test, protected PlayedForm {
  protected:
   EveryKindForm form;
@@ -25,6 +55,19 @@ class SentMessages : public testing::Test, protected PlayedForm {
   static void Settle() {
     MSG message = {};
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) ::DispatchMessageW(&message);
+  }
+  /// What another program is answered.
+  static LRESULT AnswerElsewhere(HWND window, UINT message) {
+    LRESULT answer = -1;
+    const HANDLE back = ::CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    std::thread sender([&] {
+      answer = ::SendMessageW(window, message, 0, 0);
+      ::SetEvent(back);
+    });
+    while (::MsgWaitForMultipleObjects(1, &back, FALSE, kLongEnough, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) Settle();
+    sender.join();
+    ::CloseHandle(back);
+    return answer;
   }
 };
 
@@ -236,6 +279,17 @@ TEST_F(SentMessages, LeaveTheRowsOfListsAsTheyAre) {
   });
 }
 
+TEST_F(SentMessages, MakeADropDownListSendItselfNone) {
+  Show(form, [&](FormWindow& window, UserDriver&) {
+    const HWND provinces = In(window, form.cmbProvince);
+    const TimesSent asked(provinces, CB_GETDROPPEDSTATE);
+    EXPECT_EQ(::SendMessageW(provinces, CB_GETCOUNT, 0, 0), 3);
+    EXPECT_EQ(asked.Count(), 0);
+    EXPECT_EQ(::SendMessageW(provinces, CB_GETDROPPEDSTATE, 0, 0), FALSE);
+    EXPECT_EQ(asked.Count(), 1) << "that of this test";
+  });
+}
+
 TEST_F(SentMessages, ClickAButtonWithThePressBeforeIt) {
   Show(form, [&](FormWindow& window, UserDriver&) {
     form.TakeNotes();
@@ -292,7 +346,6 @@ TEST_F(SentMessages, LetTheirSenderGoOnWhileABoxIsUp) {
       {form.chkFinal, BM_SETCHECK, BST_CHECKED, nullptr, "chkFinal_Click", 0},
       {form.optSecond, BM_CLICK, 0, nullptr, "optSecond_Click", 0},
   };
-  constexpr DWORD kLongEnough = 15'000;
   const HANDLE back = ::CreateEventW(nullptr, FALSE, FALSE, nullptr);
   size_t boxes = 0;
   toolkit.onMessage = [&](const BoxRequest& box) {
@@ -355,6 +408,17 @@ TEST_F(SentMessages, HoldUpTheSessionsEndWhereTheFormStays) {
   Show(form, [&](FormWindow& window, UserDriver&) {
     EXPECT_EQ(::SendMessageW(window.Window(), WM_QUERYENDSESSION, 0, 0), FALSE);
     EXPECT_TRUE(form.IsUp());
+  });
+}
+
+TEST_F(SentMessages, AreNotAnsweredByTheRowsThatTheFormChangesMeanwhile) {
+  form.whenClosing = [this](bool& cancel, CloseReason) {
+    form.cmbProvince.ListIndex(2);
+    cancel = true;
+  };
+  Show(form, [&](FormWindow& window, UserDriver& user) {
+    EXPECT_EQ(AnswerElsewhere(window.Window(), WM_QUERYENDSESSION), FALSE);
+    EXPECT_EQ(user.Text(form.cmbProvince), "Quebec");
   });
 }
 
