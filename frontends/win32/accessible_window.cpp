@@ -2,6 +2,8 @@
 
 #include <oleacc.h>
 
+#include <new>
+
 #include "frontends/win32/counted.h"
 
 namespace fiscalon::win32 {
@@ -139,7 +141,7 @@ class AccessibleWindow final : public Counted<IAccessible> {
   HRESULT STDMETHODCALLTYPE accSelect(LONG how, VARIANT child) override {
     const auto select = [&]() -> AccessibleSource::Answer {
       if (how == SELFLAG_TAKEFOCUS)
-        return source_->FocusLater();
+        return IsSelf(child) || IsRow(child) ? source_->FocusLater() : std::nullopt;
       const bool picks = how == SELFLAG_TAKESELECTION || how == (SELFLAG_TAKESELECTION | SELFLAG_TAKEFOCUS);
       return picks ? PickLater(child) : std::nullopt;
     };
@@ -190,6 +192,8 @@ class AccessibleWindow final : public Counted<IAccessible> {
   void* Find(REFIID id) override {
     return id == __uuidof(IDispatch) ? static_cast<IDispatch*>(this) : Counted::Find(id);
   }
+
+  bool IsRow(const VARIANT& child) const { return IsPart(child) && source_->ToldOfRow(PartOf(child)); }
 
   AccessibleSource::Answer PickLater(const VARIANT& child) {
     return IsPart(child) ? source_->PickLater(PartOf(child)) : std::nullopt;
@@ -242,12 +246,15 @@ std::optional<LRESULT> AccessibleObject::AnswerTo(HWND window, WPARAM wide, LPAR
     if (FAILED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
       return std::nullopt;
     IAccessible* standard = nullptr;
-    if (FAILED(::CreateStdAccessibleObject(window, OBJID_CLIENT, __uuidof(IAccessible),
-                                           reinterpret_cast<void**>(&standard)))) {
+    if (SUCCEEDED(::CreateStdAccessibleObject(window, OBJID_CLIENT, __uuidof(IAccessible),
+                                              reinterpret_cast<void**>(&standard))))
+      object_ = new (std::nothrow) AccessibleWindow(window, source_, *standard);
+    if (object_ == nullptr) {
+      if (standard != nullptr)
+        standard->Release();
       ::CoUninitialize();
       return std::nullopt;
     }
-    object_ = new AccessibleWindow(window, source_, *standard);
   }
   return ::LresultFromObject(__uuidof(IAccessible), wide, object_);
 }

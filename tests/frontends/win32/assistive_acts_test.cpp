@@ -33,6 +33,7 @@ TEST_F(AssistiveActs, ComeAfterTheProgramsCall) {
   };
   const std::vector<Row> rows = {
       {form.txtTotal, takeFocus, "optFirst_LostFocus"},
+      {form.lstInvoices, [](const auto& list) { return list.SelectRow(2, SELFLAG_TAKEFOCUS); }, "txtTotal_LostFocus"},
       {form.txtPeriod, enter(L"202606"), "txtPeriod_Change"},
       {form.txtPurpose, enter(L"Levies\r\nof May"), "txtPurpose_Change"},
       {form.cmbProvince, enter(L"Manitoba"), "cmbProvince_Chosen"},
@@ -201,6 +202,10 @@ TEST_F(AssistiveActs, ThatCannotBeAreRefusedAtOnce) {
     EXPECT_EQ(Object(window, form.txtPeriod).PutValue(L"2026061"), E_INVALIDARG);
     EXPECT_EQ(Object(window, form.cmbProvince).PutValue(L"Nowhere"), E_INVALIDARG);
     EXPECT_EQ(Object(window, form.lstInvoices).SelectRow(4), E_INVALIDARG);
+    // What is no part of it is no place for the focus.
+    EXPECT_NE(Object(window, form.txtPeriod).SelectRow(99, SELFLAG_TAKEFOCUS), S_OK);
+    EXPECT_NE(Object(window, form.lstInvoices).SelectRow(4, SELFLAG_TAKEFOCUS), S_OK);
+    EXPECT_NE(Object(window, form.txtPeriod).TakeFocus(VARIANT{}), S_OK);
     for (Control* control : std::vector<Control*>{&form.txtTotal, &form.cmbProvince, &form.lstInvoices})
       control->Enabled(false);
     form.chkFinal.Visible(false);

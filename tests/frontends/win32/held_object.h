@@ -54,7 +54,8 @@ class HeldObject {
     return result;
   }
   HRESULT DoDefaultAction() const { return object_->accDoDefaultAction(self_); }
-  HRESULT TakeFocus() const { return object_->accSelect(SELFLAG_TAKEFOCUS, self_); }
+  HRESULT TakeFocus() const { return TakeFocus(self_); }
+  HRESULT TakeFocus(const VARIANT& part) const { return object_->accSelect(SELFLAG_TAKEFOCUS, part); }
   /// A row is a part of its list, counted from 1.
   HRESULT SelectRow(LONG row, LONG how = SELFLAG_TAKESELECTION | SELFLAG_TAKEFOCUS) const {
     return object_->accSelect(how, Part(row));

@@ -31,5 +31,23 @@ TEST(Win32FrontEnd, KeepsNothingOfWhatWasAskedOfAFormThatHasGone) {
   EXPECT_EQ(form.txtPurpose.Text(), "");
 }
 
+TEST(Win32FrontEnd, LeavesTheObjectToTheSystemThatMemoryIsOutFor) {
+  EveryKindForm form;
+  PlayedWin32Toolkit frontEnd;
+  frontEnd.onForm = [&](Form&, UserDriver&) {
+    const HWND period = frontEnd.Window()->ViewOf(form.txtPeriod).Window();
+    {
+      const AllocationFault fault(1);
+      EXPECT_EQ(::SendMessageW(period, WM_GETOBJECT, 0, OBJID_CLIENT), 0);
+      EXPECT_EQ(fault.Allocations(), 1U);
+    }
+    EXPECT_EQ(win32::HeldObject(period).Name(), "Period ends on") << "there is memory again";
+  };
+  EXPECT_NO_THROW(form.ShowModal(frontEnd));
+  // It takes another apartment where none is left.
+  EXPECT_EQ(::CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
+  ::CoUninitialize();
+}
+
 }  // namespace
 }  // namespace fiscalon
