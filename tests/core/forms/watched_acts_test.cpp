@@ -16,7 +16,7 @@ class NotingWatcher : public ActWatcher {
   explicit NotingWatcher(TestForm& form) : form_(form) {}
 
   void ActBegins(const UserAct& act) override {
-    form_.Note(std::visit([this](const auto& done) { return Told(done); }, act));
+    form_.Note(std::visit([](const auto& done) { return Told(done); }, act));
   }
   void ActEnded() override { form_.Note("."); }
 
