@@ -1,7 +1,5 @@
 // What a form's window makes of Windows' messages.
 
-#include <algorithm>
-#include <array>
 #include <stdexcept>
 #include <utility>
 
@@ -20,13 +18,6 @@ constexpr UINT kAsked = WM_APP + 1;
 
 POINT PointOf(LPARAM extra) {
   return {static_cast<short>(LOWORD(extra)), static_cast<short>(HIWORD(extra))};
-}
-
-/// Messages to a control that run handlers, and answer nothing.
-bool IsActWithoutAnswer(UINT message) {
-  constexpr std::array<UINT, 9> kActs = {WM_KEYDOWN,       WM_SYSKEYDOWN,  WM_CHAR,  WM_LBUTTONDOWN, WM_LBUTTONUP,
-                                         WM_LBUTTONDBLCLK, WM_RBUTTONDOWN, BM_CLICK, BM_SETCHECK};
-  return std::find(kActs.begin(), kActs.end(), message) != kActs.end();
 }
 
 bool IsKeyDown(UINT message) {
@@ -156,8 +147,6 @@ bool FormWindow::HearKey(ControlView* view, UINT message, WPARAM wide, LPARAM ex
 }
 
 LRESULT FormWindow::Hear(ControlView& view, UINT message, WPARAM wide, LPARAM extra) {
-  if (IsActWithoutAnswer(message))
-    LetSenderGo(0);
   if (HearKey(&view, message, wide, extra))
     return 0;
   switch (message) {
@@ -291,7 +280,6 @@ LRESULT FormWindow::HearOwn(HWND window, UINT message, WPARAM wide, LPARAM extra
       break;
     case WM_CLOSE:
       // The close box comes as a command: this is a program that has the window closed.
-      LetSenderGo(0);
       if (!acts_.Acting())
         acts_.Close(CloseReason::TaskManager);
       return 0;

@@ -109,10 +109,8 @@ void AnyListView::Refresh() {
 LRESULT AnyListView::Message(UINT message, WPARAM wide, LPARAM extra) {
   const LRESULT result = Native(message, wide, extra);
   // The form's own go to the window past this.
-  if (Changes(messages_, message)) {
-    LetSenderGo(result);
+  if (Changes(messages_, message))
     ChangedByProgram();
-  }
   return result;
 }
 
@@ -184,11 +182,9 @@ void DropDownView::Made() {
 LRESULT CALLBACK DropDownView::RowsProcedure(HWND rows, UINT message, WPARAM wide, LPARAM extra) {
   auto& view = *reinterpret_cast<DropDownView*>(::GetWindowLongPtrW(rows, GWLP_USERDATA));
   const LRESULT result = ::CallWindowProcW(view.nativeRows_, rows, message, wide, extra);
-  // The form's own changes tell it nothing, and are no answer to the message that it deals with.
-  if (Changes(kOfListBox, message) && !view.busy_ && !view.Refreshing() && !view.IsOpen()) {
-    LetSenderGo(result);
+  // The form's own changes tell it nothing.
+  if (Changes(kOfListBox, message) && !view.busy_ && !view.Refreshing() && !view.IsOpen())
     view.ChangedByProgram();
-  }
   return result;
 }
 

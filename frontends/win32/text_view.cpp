@@ -248,7 +248,6 @@ LRESULT TextView::Message(UINT message, WPARAM wide, LPARAM extra) {
       const WPARAM end = TextOfWindow(Window()).size();
       Native(EM_SETSEL, end, static_cast<LPARAM>(end));
     }
-    LetSenderGo(result);
   });
   return result;
 }

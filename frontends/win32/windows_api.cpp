@@ -23,8 +23,4 @@ std::wstring TextOfWindow(HWND window) {
   return text;
 }
 
-void LetSenderGo(LRESULT answer) {
-  ::ReplyMessage(answer);
-}
-
 }  // namespace fiscalon::win32

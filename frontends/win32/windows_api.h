@@ -20,8 +20,4 @@ HINSTANCE OwnModule();
 /// The text of a window or of a control.
 std::wstring TextOfWindow(HWND window);
 
-/// Whoever has sent the message that is being dealt with, from another thread or program, gets this answer now and goes
-/// on: a box may come of the message. Nothing where nobody waits.
-void LetSenderGo(LRESULT answer);
-
 }  // namespace fiscalon::win32

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <thread>
 #include <utility>
 
 #include "frontends/played/session_recorder.h"
@@ -327,50 +326,6 @@ TEST_F(SentMessages, TakeTheFocusNowhereFromACheckThatKeepsIt) {
     ::SetFocus(In(window, form.txtTotal));
     EXPECT_EQ(::GetFocus(), In(window, form.txtPeriod));
   });
-}
-
-TEST_F(SentMessages, LetTheirSenderGoOnWhileABoxIsUp) {
-  struct Row {
-    const Control& control;
-    UINT message;
-    WPARAM wide;
-    const wchar_t* words;
-    const char* handler;
-    LRESULT answer;
-  };
-  const std::vector<Row> rows = {
-      {form.txtTotal, WM_SETTEXT, 0, L"12.50", "txtTotal_Change", TRUE},
-      {form.txtPeriod, WM_CHAR, L'2', nullptr, "txtPeriod_Change", 0},
-      {form.cmbProvince, CB_SETCURSEL, 2, nullptr, "cmbProvince_Chosen", 2},
-      {form.lstInvoices, LB_SETCURSEL, 1, nullptr, "lstInvoices_Chosen", 1},
-      {form.chkFinal, BM_SETCHECK, BST_CHECKED, nullptr, "chkFinal_Click", 0},
-      {form.optSecond, BM_CLICK, 0, nullptr, "optSecond_Click", 0},
-  };
-  const HANDLE back = ::CreateEventW(nullptr, FALSE, FALSE, nullptr);
-  size_t boxes = 0;
-  toolkit.onMessage = [&](const BoxRequest& box) {
-    EXPECT_EQ(::WaitForSingleObject(back, kLongEnough), WAIT_OBJECT_0) << box.text;
-    ++boxes;
-    return box.DefaultAnswer();
-  };
-  Show(form, [&](FormWindow& window, UserDriver&) {
-    for (const Row& row : rows) {
-      form.when[row.handler] = [this, &row] { toolkit.ShowMessage({.text = row.handler}); };
-      const size_t wanted = boxes + 1;
-      LRESULT answer = -1;
-      std::thread sender([&, control = In(window, row.control)] {
-        answer = ::SendMessageW(control, row.message, row.wide, reinterpret_cast<LPARAM>(row.words));
-        ::SetEvent(back);
-      });
-      while (boxes < wanted && ::MsgWaitForMultipleObjects(0, nullptr, FALSE, kLongEnough, QS_ALLINPUT) != WAIT_TIMEOUT)
-        Settle();
-      sender.join();
-      ::ResetEvent(back);
-      EXPECT_EQ(boxes, wanted) << row.handler;
-      EXPECT_EQ(answer, row.answer) << row.handler;
-    }
-  });
-  ::CloseHandle(back);
 }
 
 TEST_F(SentMessages, AreWrittenDownAsKeys) {
