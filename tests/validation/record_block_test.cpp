@@ -259,7 +259,6 @@ TEST(RecordFeed, FindsTheEndOfAPaymentFromAnyPlace) {
     }
     EXPECT_EQ(RecordFeed(*source).EndOfPayment(file.size()), file.size());
     file.pop_back();
-    line = 0;
   }
 }
 
