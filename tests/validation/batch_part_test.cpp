@@ -29,8 +29,12 @@ struct PartedBatch {
   void Add(const std::string& seq, const std::string& amount = "12345", int more = 1) {
     payments += seq + ",03,," + amount + "\n";
     records += QuotedLine(Ruled("PC4" + seq + "T"));
-    for (int record = 0; record < more; ++record)
-      records += QuotedLine(ComposeFreeFormat(seq, {{"01", "000000000000012345"}}));
+    AddRecords(seq, "12345", more);
+  }
+  /// So many "F" records of a payment, each of five digits of cents.
+  void AddRecords(const std::string& seq, const std::string& amount, int count) {
+    for (int record = 0; record < count; ++record)
+      records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
   }
   void Append(const PartedBatch& other) {
     payments += other.payments.substr(other.payments.find('\n') + 1);
@@ -192,7 +196,7 @@ TEST_F(BatchParts, AreCountedWhereTheWitnessesDisagree) {
   for (int payment = 0; payment < kPayments; ++payment) {
     const std::string amount = std::to_string(10'000 + payment);
     const std::string seq = Seq(payment % kRound);
-    batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+    batch.AddRecords(seq, amount, 1);
     batch.payments += seq + ",03,," + std::to_string(10'000 + (payment + kRound) % kPayments) + "\n";
   }
   const Outcome whole = Whole(batch);
@@ -271,8 +275,7 @@ TEST_F(BatchParts, AreFoundBehindPaymentsOfAScreenThatNoSampleShows) {
     const std::string seq = std::to_string(1000 + payment % 300);
     const bool isLong = payment >= 300 && payment < 600;
     const std::string amount = std::to_string(10'000 + payment);
-    for (int line = 0; line < (isLong ? 3 : 1); ++line)
-      batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+    batch.AddRecords(seq, amount, isLong ? 3 : 1);
     batch.payments += seq + (isLong ? ",15,," : ",03,,") + amount + "\n";
   }
   // The last quarter begins behind 75 % of the bytes, 150 payments behind the long ones, with the payment after next.
@@ -297,8 +300,7 @@ TEST_F(BatchParts, AreFoundByLengthsOfTheirOwnScreens) {
       for (std::string record : QuebecPayment(With(GoodQuebecFields(), "06", rest)).records)
         batch.records += QuotedLine(record.replace(3, 4, seq));
     } else {
-      for (int line = 0; line < (isLong ? 800 : 1); ++line)
-        batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+      batch.AddRecords(seq, amount, isLong ? 800 : 1);
     }
     batch.payments += seq + (isQuebec ? ",20,001052," : isLong ? ",03,," : ",15,,") + amount + "\n";
   }
@@ -325,8 +327,7 @@ TEST_F(BatchParts, AreFoundByTheLengthOfTheOnlyPaymentOfItsScreen) {
       fields[fields.size() - 3].fieldValue = std::string(13, '0') + std::to_string(11'345 + payment);
       for (std::string record : QuebecPayment(fields).records) batch.records += QuotedLine(record.replace(3, 4, seq));
     } else {
-      for (int line = 0; line < (payment == 200 ? 800 : 1); ++line)
-        batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+      batch.AddRecords(seq, amount, payment == 200 ? 800 : 1);
     }
     batch.payments += seq + (isQuebec ? ",20,001052," : payment == 200 ? ",03,," : ",15,,") + amount + "\n";
   }
@@ -342,8 +343,7 @@ TEST_F(BatchParts, AreFoundByAPaymentThatIsLongerThanASample) {
   for (int payment = 0; payment < 12; ++payment) {
     const std::string seq = Seq(payment % 4);
     const std::string amount = std::to_string(12'345 + payment);
-    for (int line = 0; line < 120; ++line)
-      batch.records += QuotedLine(ComposeFreeFormat(seq, {{"01", std::string(13, '0') + amount}}));
+    batch.AddRecords(seq, amount, 120);
     batch.payments += seq + ",03,," + amount + "\n";
   }
   const Outcome joined = Joined(batch, 2);
